@@ -1,0 +1,51 @@
+# Targets of this project: one static library a folder, one test program a folder.
+# A library links only what stands below it, so an include that breaks the layering does not build.
+
+add_library(slantwise_options INTERFACE)
+target_compile_features(slantwise_options INTERFACE cxx_std_20)
+target_include_directories(slantwise_options INTERFACE ${PROJECT_BINARY_DIR}/generated)
+target_compile_options(slantwise_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Werror
+    -Wno-restrict # GCC 12 reports it for any "literal" + std::string (GCC bug 105651)
+    -fvisibility=hidden -fvisibility-inlines-hidden)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # This compiler warns about overlapping copies inside its own std::string whenever a literal is put before a string.
+    target_compile_options(slantwise_options INTERFACE -Wno-restrict)
+endif()
+
+set(SLANTWISE_LAYER_ROOT ${PROJECT_BINARY_DIR}/layers)
+
+# slantwise_library(name SOURCES file... LINKS target... [FOLDER folder] [SYSTEM_LINKS target...])
+# Headers are reached as "folder/Header.h" through a directory that holds links to this folder alone, so that a folder
+# sees exactly the folders it links.
+function(slantwise_library name)
+    cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;LINKS;SYSTEM_LINKS" ${ARGN})
+    if(NOT ARG_FOLDER)
+        file(RELATIVE_PATH ARG_FOLDER ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    endif()
+    set(view ${SLANTWISE_LAYER_ROOT}/${name})
+    get_filename_component(parent ${view}/${ARG_FOLDER} DIRECTORY)
+    file(MAKE_DIRECTORY ${parent})
+    if(NOT EXISTS ${view}/${ARG_FOLDER})
+        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER} SYMBOLIC)
+    endif()
+    add_library(${name} STATIC ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_include_directories(${name} PUBLIC ${view})
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE slantwise_options ${ARG_SYSTEM_LINKS})
+endfunction()
+
+# slantwise_program(name SOURCES file... LINKS target...)
+function(slantwise_program name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LINKS} slantwise_options)
+endfunction()
+
+# slantwise_tests(name SOURCES file... LINKS target...): a GoogleTest program whose cases ctest lists one by one.
+function(slantwise_tests name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    slantwise_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()
