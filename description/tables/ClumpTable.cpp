@@ -1,0 +1,99 @@
+#include "description/tables/ClumpTable.h"
+
+#include "description/tables/Artwork.h"
+
+#include <array>
+
+namespace QVM_NAMESPACE {
+namespace tables {
+
+namespace {
+
+constexpr std::array<std::uint32_t, 1> kMasterPids = {0};
+constexpr std::array<std::uint32_t, 5> kTiltPids = {1, 2, 3, 4, 5};
+constexpr std::array<std::uint32_t, 3> kOutputPids = {6, 7, 8};
+constexpr std::array<std::uint32_t, 6> kFilterPids = {9, 10, 11, 12, 13, 20};
+constexpr std::array<std::uint32_t, 9> kAdvancedPids = {14, 15, 16, 17, 18, 19, 21, 22, 23};
+
+constexpr std::array<TaggedLabelRow, 2> kTiltLabels = {{
+    {"GAIN", {231, 8, 80, 14}, QVMLabelAlignment::right},
+    {"RANGE", {231, 84, 80, 14}, QVMLabelAlignment::right},
+}};
+constexpr std::array<TaggedLabelRow, 1> kFilterLabels = {{
+    {"RANGE", {152, 8, 86, 14}, QVMLabelAlignment::right},
+}};
+constexpr std::array<TaggedLabelRow, 2> kAdvancedLabels = {{
+    {"LOW", {10, 38, 80, 16}, QVMLabelAlignment::center},
+    {"HIGH", {110, 38, 80, 16}, QVMLabelAlignment::center},
+}};
+
+constexpr std::array<SketchRow, 1> kOutputSketches = {{{"InputOutputMeter", "OutputGain", "#938586"}}};
+
+constexpr QVMRect kHeading = {11, 7, 100, 15};
+
+constexpr std::array<ClumpRow, 5> kClumps = {{
+    {0,
+     "MasterOn/Off",
+     "MasterOnOff",
+     "MasterOn/Off",
+     nullptr,
+     QVMClumpTypeMaster,
+     kMasterPids,
+     {418, 0, 62, 320},
+     {},
+     {},
+     {}},
+    {1,
+     "Tilt",
+     "Tilt",
+     "TILT",
+     &artwork::headingTilt,
+     QVMClumpTypeOrdinary,
+     kTiltPids,
+     {0, 0, 321, 174},
+     kHeading,
+     kTiltLabels,
+     {}},
+    {2,
+     "Output",
+     "Output",
+     "OUT",
+     &artwork::headingOutput,
+     QVMClumpTypeOrdinary,
+     kOutputPids,
+     {321, 0, 97, 290},
+     kHeading,
+     {},
+     kOutputSketches},
+    {3,
+     "Filter",
+     "Filter",
+     "FILTER",
+     &artwork::headingFilter,
+     QVMClumpTypeOrdinary,
+     kFilterPids,
+     {0, 174, 321, 116},
+     kHeading,
+     kFilterLabels,
+     {}},
+    {4,
+     "Adv Filter",
+     "AdvFilter",
+     "ADV FILTER",
+     &artwork::headingAdvFilter,
+     QVMClumpTypeAdvanced,
+     kAdvancedPids,
+     {0, 0, 200, 320},
+     {11, 8, 120, 15},
+     kAdvancedLabels,
+     {}},
+}};
+
+} // namespace
+
+std::span<const ClumpRow> Clumps() {
+    return kClumps;
+}
+
+} // namespace tables
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,42 @@
+// The clumps of this product: identity, parameters in display order, frames, extra labels and visualisations.
+#pragma once
+
+#include "description/QVMClump.h"
+
+#include <span>
+#include <string_view>
+
+namespace QVM_NAMESPACE {
+namespace tables {
+
+struct TaggedLabelRow {
+    std::string_view text;
+    QVMRect frame;
+    QVMLabelAlignment alignment;
+};
+
+struct SketchRow {
+    std::string_view name;
+    std::string_view parameter;
+    std::string_view color;
+};
+
+struct ClumpRow {
+    std::uint32_t cid;
+    std::string_view name;
+    std::string_view codesafeName;
+    std::string_view labelString;
+    const char* const* headingArtwork; // null: the heading is the label text
+    std::int32_t clumpType;            // QVMClumpTypeCode
+    std::span<const std::uint32_t> pids;
+    QVMRect frame;
+    QVMRect labelFrame;
+    std::span<const TaggedLabelRow> taggedLabels;
+    std::span<const SketchRow> sketches;
+};
+
+// In cid order. The table lives as long as the process.
+std::span<const ClumpRow> Clumps();
+
+} // namespace tables
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,18 @@
+// Code points of the icon font that stand for values, as UTF-8.
+#pragma once
+
+#include "description/BuildNamespace.h"
+
+#include <string_view>
+
+namespace QVM_NAMESPACE {
+namespace glyphs {
+
+inline constexpr std::string_view power = "\uE101";
+inline constexpr std::string_view listenLow = "\uE219";
+inline constexpr std::string_view listenHigh = "\uE20B";
+inline constexpr std::string_view qualityOff = "\uE205";
+inline constexpr std::string_view qualityOn = "\uE206";
+
+} // namespace glyphs
+} // namespace QVM_NAMESPACE

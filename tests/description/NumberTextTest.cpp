@@ -1,0 +1,95 @@
+#include "description/NumberText.h"
+
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+std::string Printed(const char* format, double value) {
+    char buffer[512];
+    std::snprintf(buffer, sizeof buffer, format, value);
+    return buffer;
+}
+
+TEST(NumberText, FixedTextRoundsAsPrintfDoes) {
+    EXPECT_EQ(FixedText(0.25, 1), "0.2"); // ties go to the even digit
+    EXPECT_EQ(FixedText(0.35, 1), "0.3"); // just under the tie in binary
+    EXPECT_EQ(FixedText(2.5, 0), "2");
+    EXPECT_EQ(FixedText(999.9f, 0), "1000");
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> values(-30000, 30000);
+    for (int i = 0; i < 20000; ++i) {
+        const double value = static_cast<float>(values(random));
+        EXPECT_EQ(FixedText(value, 0), Printed("%1.0f", value));
+        EXPECT_EQ(FixedText(value, 1), Printed("%0.1f", value));
+        EXPECT_EQ(FixedText(value / 1000, 2), Printed("%0.2f", value / 1000));
+        EXPECT_EQ(SignificantText(value, 9), Printed("%.9g", value));
+    }
+}
+
+TEST(NumberText, ExtremesArePrintedInFull) {
+    const double highest = std::numeric_limits<double>::max();
+    EXPECT_EQ(FixedText(highest, 1), Printed("%0.1f", highest));
+    EXPECT_EQ(FixedText(std::numeric_limits<double>::infinity(), 1), "inf");
+    EXPECT_EQ(FixedText(-std::numeric_limits<double>::quiet_NaN(), 1), "nan");
+    EXPECT_EQ(SignificantText(1e-20, 9), "1e-20");
+    EXPECT_EQ(SignificantText(std::numeric_limits<double>::quiet_NaN(), 9), "nan");
+}
+
+TEST(NumberText, ShortestTextHasNoExponentAndNoSignedZero) {
+    EXPECT_EQ(ShortestText(6), "6");
+    EXPECT_EQ(ShortestText(-12), "-12");
+    EXPECT_EQ(ShortestText(0.1), "0.1");
+    EXPECT_EQ(ShortestText(1e6), "1000000");
+    EXPECT_EQ(ShortestText(-0.0), "0");
+    EXPECT_EQ(ShortestText(std::numeric_limits<double>::quiet_NaN()), "nan");
+}
+
+// A locale with a decimal comma for as long as it lives; made for the purpose, since none may be installed.
+class CommaLocale {
+public:
+    CommaLocale() {
+        const std::string command = "localedef -i de_DE -f UTF-8 '" + folder_ + "/comma' >/dev/null 2>&1";
+        if (folder_.empty() || std::system(command.c_str()) != 0) return;
+        ::setenv("LOCPATH", folder_.c_str(), 1);
+        inForce_ = std::setlocale(LC_NUMERIC, "comma") != nullptr;
+    }
+    ~CommaLocale() {
+        std::setlocale(LC_NUMERIC, before_.c_str());
+        ::unsetenv("LOCPATH");
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    CommaLocale(const CommaLocale&) = delete;
+    CommaLocale& operator=(const CommaLocale&) = delete;
+
+    bool inForce() const { return inForce_; }
+
+private:
+    static std::string temporaryFolder() {
+        std::string name = std::filesystem::temp_directory_path() / "locale-XXXXXX";
+        return ::mkdtemp(name.data()) ? name : std::string();
+    }
+
+    std::string before_ = std::setlocale(LC_NUMERIC, nullptr);
+    std::string folder_ = temporaryFolder();
+    bool inForce_ = false;
+};
+
+TEST(NumberText, DecimalSignIsAPointInALocaleWithCommas) {
+    const CommaLocale locale;
+    if (!locale.inForce()) GTEST_SKIP() << "no locale with a decimal comma can be made here";
+    EXPECT_EQ(Printed("%0.1f", 1.5), "1,5"); // the locale is in force
+    EXPECT_EQ(FixedText(1.5, 1), "1.5");
+    EXPECT_EQ(ShortestText(1.5), "1.5");
+    EXPECT_EQ(SignificantText(1.5, 9), "1.5");
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,105 @@
+#include "description/tables/ClumpTable.h"
+
+#include "description/Description.h"
+#include "description/tables/Artwork.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+
+struct ExpectedClump {
+    const char* name;
+    const char* codesafeName;
+    const char* labelString;
+    std::int32_t clumpType;
+    std::vector<std::uint32_t> pids;
+};
+
+TEST(ClumpTable, IdentityAndParametersOfEveryClump) {
+    const std::vector<ExpectedClump> expected = {
+        {"MasterOn/Off", "MasterOnOff", "MasterOn/Off", 2, {0}},
+        {"Tilt", "Tilt", "TILT", 0, {1, 2, 3, 4, 5}},
+        {"Output", "Output", "OUT", 0, {6, 7, 8}},
+        {"Filter", "Filter", "FILTER", 0, {9, 10, 11, 12, 13, 20}},
+        {"Adv Filter", "AdvFilter", "ADV FILTER", 1, {14, 15, 16, 17, 18, 19, 21, 22, 23}},
+    };
+    ASSERT_EQ(expected.size(), QVMClumpCount);
+    for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid) {
+        const QVMClump& clump = *GetClump(cid);
+        EXPECT_EQ(clump.name, expected[cid].name);
+        EXPECT_EQ(clump.codesafeName, expected[cid].codesafeName);
+        EXPECT_EQ(clump.labelString, expected[cid].labelString);
+        EXPECT_EQ(clump.clumpType, expected[cid].clumpType);
+        std::vector<std::uint32_t> pids;
+        for (const QVMParameter* parameter : clump.parameters)
+            pids.push_back(parameter->pid);
+        EXPECT_EQ(pids, expected[cid].pids);
+        EXPECT_TRUE(clump.showInteriorBorders);
+    }
+}
+
+TEST(ClumpTable, TheFilterClumpListsTheHighListenSwitchAfterTheLowOne) {
+    const auto& parameters = GetClump(3)->parameters;
+    ASSERT_EQ(parameters.size(), 6u);
+    EXPECT_EQ(parameters[4]->pid, 13u);
+    EXPECT_EQ(parameters[5]->pid, 20u);
+}
+
+TEST(ClumpTable, HeadingsAreImagesButForTheMasterClump) {
+    const std::string prefix = "base64,";
+    EXPECT_EQ(GetClump(0)->label, "MasterOn/Off");
+    EXPECT_EQ(GetClump(1)->label, prefix + artwork::headingTilt);
+    EXPECT_EQ(GetClump(2)->label, prefix + artwork::headingOutput);
+    EXPECT_EQ(GetClump(3)->label, prefix + artwork::headingFilter);
+    EXPECT_EQ(GetClump(4)->label, prefix + artwork::headingAdvFilter);
+}
+
+TEST(ClumpTable, TaggedLabels) {
+    const auto texts = [](std::uint32_t cid) {
+        std::vector<std::string> found;
+        for (const auto& [text, label] : GetClump(cid)->taggedLabels)
+            found.push_back(text);
+        return found;
+    };
+    EXPECT_THAT(texts(0), ElementsAre());
+    EXPECT_THAT(texts(1), ElementsAre("GAIN", "RANGE"));
+    EXPECT_THAT(texts(2), ElementsAre());
+    EXPECT_THAT(texts(3), ElementsAre("RANGE"));
+    EXPECT_THAT(texts(4), ElementsAre("HIGH", "LOW"));
+    EXPECT_EQ(GetClump(1)->taggedLabels.at("GAIN").alignment, QVMLabelAlignment::right);
+    EXPECT_EQ(GetClump(4)->taggedLabels.at("LOW").alignment, QVMLabelAlignment::center);
+}
+
+TEST(ClumpTable, TheOutputClumpAloneCarriesAMeter) {
+    for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid) {
+        EXPECT_EQ(GetClump(cid)->sketches.size(), cid == 2 ? 1u : 0u);
+    }
+    const QVMClumpSketch& meter = GetClump(2)->sketches.at(0);
+    EXPECT_EQ(meter.name, "InputOutputMeter");
+    EXPECT_EQ(meter.parameter, "OutputGain");
+    EXPECT_EQ(HexTextFromColor(meter.color), "#938586");
+}
+
+TEST(ClumpTable, OrdinaryClumpsTileTheirViewAndLabelsLieInside) {
+    double area = 0;
+    for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid) {
+        const QVMClump& clump = *GetClump(cid);
+        if (clump.clumpType == QVMClumpTypeOrdinary) {
+            area += clump.frame.width * clump.frame.height;
+            EXPECT_LE(clump.frame.x + clump.frame.width, 418);
+            EXPECT_LE(clump.frame.y + clump.frame.height, 290);
+        }
+        EXPECT_EQ(clump.labelFrame.isEmpty(), clump.clumpType == QVMClumpTypeMaster);
+        for (const auto& [text, label] : clump.taggedLabels) {
+            EXPECT_LE(label.frame.x + label.frame.width, clump.frame.width) << text;
+            EXPECT_LE(label.frame.y + label.frame.height, clump.frame.height) << text;
+        }
+    }
+    EXPECT_EQ(area, 418 * 290);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

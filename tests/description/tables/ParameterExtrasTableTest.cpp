@@ -1,0 +1,154 @@
+#include "description/tables/ParameterExtrasTable.h"
+
+#include "description/Description.h"
+#include "description/tables/Artwork.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+using Names = std::vector<std::string>;
+
+// The pids whose record answers yes.
+template <typename Predicate>
+std::vector<std::uint32_t> Pids(Predicate predicate) {
+    std::vector<std::uint32_t> pids;
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        if (predicate(*GetParameter(pid))) pids.push_back(pid);
+    }
+    return pids;
+}
+
+TEST(ParameterExtrasTable, LabelTexts) {
+    EXPECT_EQ(GetParameter(0)->labelString, "Power");
+    EXPECT_EQ(GetParameter(0)->label, "Power");
+    EXPECT_EQ(GetParameter(6)->labelString, "Loudness");
+    EXPECT_EQ(GetParameter(7)->label, "Output Gain");
+    for (const std::uint32_t pid : {14u, 21u})
+        EXPECT_EQ(GetParameter(pid)->labelString, "Slope");
+    for (const std::uint32_t pid : {15u, 22u})
+        EXPECT_EQ(GetParameter(pid)->labelString, "Reso");
+    EXPECT_THAT(Pids([](const auto& p) { return !p.labelString.empty(); }), ElementsAre(0, 6, 14, 15, 21, 22));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.label.empty(); }), ElementsAre(0, 7, 14, 15, 21, 22));
+}
+
+TEST(ParameterExtrasTable, LabelImages) {
+    const std::string prefix = "base64,";
+    for (const std::uint32_t pid : {14u, 21u})
+        EXPECT_EQ(GetParameter(pid)->label, prefix + artwork::labelSlope);
+    for (const std::uint32_t pid : {15u, 22u})
+        EXPECT_EQ(GetParameter(pid)->label, prefix + artwork::labelReso);
+    EXPECT_TRUE(GetParameter(14)->label.starts_with("base64,iVBOR")); // how every PNG begins
+}
+
+TEST(ParameterExtrasTable, NamedValues) {
+    EXPECT_THAT(GetParameter(6)->stringValues, ElementsAre("Auto", "Norm", "Treble", "Bass"));
+    EXPECT_THAT(GetParameter(8)->stringValues, ElementsAre("Pre", "Post", "Diff"));
+    for (const std::uint32_t pid : {0u, 13u, 20u, 23u}) {
+        EXPECT_THAT(GetParameter(pid)->stringValues, ElementsAre("Off", "On"));
+    }
+    EXPECT_THAT(Pids([](const auto& p) { return !p.stringValues.empty(); }), ElementsAre(0, 6, 8, 13, 20, 23));
+}
+
+TEST(ParameterExtrasTable, CueSymbols) {
+    EXPECT_THAT(GetParameter(0)->cueSymbols, ElementsAre("\uE101", "\uE101"));
+    EXPECT_THAT(GetParameter(13)->cueSymbols, ElementsAre("\uE219", "\uE219"));
+    EXPECT_THAT(GetParameter(20)->cueSymbols, ElementsAre("\uE20B", "\uE20B"));
+    EXPECT_THAT(GetParameter(23)->cueSymbols, ElementsAre("\uE205", "\uE206"));
+    EXPECT_EQ(GetParameter(1)->cueSymbols.size(), 3u);
+    EXPECT_THAT(GetParameter(1)->cueSymbols, testing::Contains("_").Times(1));
+    EXPECT_THAT(GetParameter(1)->cueSymbolValues, ElementsAre(-18, 0, 18));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.cueSymbols.empty(); }), ElementsAre(0, 1, 13, 20, 23));
+}
+
+TEST(ParameterExtrasTable, CuePositionsLieOnTheScale) {
+    for (const float position : GetParameter(1)->cueSymbolPositions) {
+        EXPECT_GE(position, -18);
+        EXPECT_LE(position, 18);
+    }
+    EXPECT_FALSE(GetParameter(1)->cueSymbolPositions.empty());
+}
+
+TEST(ParameterExtrasTable, ScaleMarks) {
+    EXPECT_THAT(GetParameter(1)->tickmarks, ElementsAre(0));
+    EXPECT_THAT(GetParameter(7)->tickmarks, ElementsAre(0));
+    EXPECT_THAT(GetParameter(7)->displayTickmarks, ElementsAre(-96, -84, -72, -60, -48, -36, -24, -12, 6, 12));
+    EXPECT_THAT(GetParameter(7)->minorTickmarks, ElementsAre(-24, -12, 6));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.tickmarks.empty(); }), ElementsAre(1, 7));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.displayTickmarks.empty(); }), ElementsAre(7));
+}
+
+TEST(ParameterExtrasTable, CoarseStepsOfFrequenciesAreThirdOctaves) {
+    const std::vector<float> thirds = {16,   20,   25,   31,   40,   50,   63,    80,    100,   125,  160,
+                                       200,  250,  315,  400,  500,  630,  800,   1000,  1250,  1600, 2000,
+                                       2500, 3150, 4000, 5000, 6300, 8000, 10000, 12500, 16000, 20000};
+    ASSERT_EQ(thirds.size(), 32u);
+    for (const std::uint32_t pid : {2u, 3u, 9u, 10u})
+        EXPECT_EQ(GetParameter(pid)->coarseGranularityOptions, thirds);
+    EXPECT_THAT(Pids([](const auto& p) { return !p.coarseGranularityOptions.empty(); }), ElementsAre(2, 3, 9, 10));
+}
+
+TEST(ParameterExtrasTable, SubstitutedTextsAreKeyedByTheNumberWithOneDecimal) {
+    EXPECT_THAT(GetParameter(7)->substituteStringsForValues, UnorderedElementsAre(Pair("-96.0", "-Inf")));
+    EXPECT_THAT(GetParameter(9)->substituteStringsForValues, UnorderedElementsAre(Pair("4.0", "Off")));
+    EXPECT_THAT(GetParameter(10)->substituteStringsForValues, UnorderedElementsAre(Pair("24000.0", "Off")));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.substituteStringsForValues.empty(); }), ElementsAre(7, 9, 10));
+}
+
+TEST(ParameterExtrasTable, FiltersThatAreOffDimTheirControls) {
+    EXPECT_THAT(GetParameter(9)->dims, ElementsAre(Pair(4, Names{"FilterSlopeLow", "FilterResonanceLow"})));
+    EXPECT_THAT(GetParameter(10)->dims, ElementsAre(Pair(24000, Names{"FilterSlopeHigh", "FilterResonanceHigh"})));
+    EXPECT_THAT(GetParameter(13)->dims, ElementsAre(Pair(1, Names{"FilterResonanceLow"})));
+    EXPECT_THAT(GetParameter(20)->dims, ElementsAre(Pair(1, Names{"FilterResonanceHigh"})));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.dims.empty(); }), ElementsAre(9, 10, 13, 20));
+}
+
+using RangeEntries = std::vector<QVMRangeSettings::Entry>;
+
+TEST(ParameterExtrasTable, LowEndsOfRanges) {
+    const auto expected = [](const char* name, const char* key) {
+        return RangeEntries{
+            {"low", true},       {"func", std::string("max")}, {"with-name", std::string(name)}, {"factor", 2.0f},
+            {"limit", 12000.0f}, {"high-has-label", false},    {"with-enum", std::string(key)}};
+    };
+    EXPECT_EQ(GetParameter(2)->range.entries(), expected("Tilt Range Low", "QVM0015Param_TiltRangeHigh"));
+    EXPECT_EQ(GetParameter(9)->range.entries(), expected("Filter Range Low", "QVM0015Param_FilterRangeHigh"));
+}
+
+TEST(ParameterExtrasTable, HighEndsOfRanges) {
+    const auto expected = [](const char* name, float limit, const char* key) {
+        return RangeEntries{
+            {"high", true},   {"func", std::string("min")},   {"with-name", std::string(name)}, {"factor", 0.5f},
+            {"limit", limit}, {"with-enum", std::string(key)}};
+    };
+    EXPECT_EQ(GetParameter(3)->range.entries(), expected("Tilt Range High", 20, "QVM0015Param_TiltRangeLow"));
+    EXPECT_EQ(GetParameter(10)->range.entries(), expected("Filter Range High", 8, "QVM0015Param_FilterRangeLow"));
+    EXPECT_EQ(GetParameter(3)->rangeWith, "TiltRangeLow");
+    EXPECT_EQ(GetParameter(10)->rangeWith, "FilterRangeLow");
+    EXPECT_THAT(Pids([](const auto& p) { return !p.range.empty(); }), ElementsAre(2, 3, 9, 10));
+    EXPECT_THAT(Pids([](const auto& p) { return !p.rangeWith.empty(); }), ElementsAre(3, 10));
+}
+
+TEST(ParameterExtrasTable, FieldsThatTheProductDoesNotUseAreEmpty) {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const QVMParameter& parameter = *GetParameter(pid);
+        EXPECT_THAT(parameter.staticConversions, IsEmpty());
+        EXPECT_FALSE(parameter.textEntryNumbers.has_value());
+        EXPECT_THAT(parameter.hierarchy, IsEmpty());
+        EXPECT_THAT(parameter.flatHierarchy, IsEmpty());
+        EXPECT_THAT(parameter.channelLayoutRules, IsEmpty());
+        EXPECT_THAT(parameter.disables, IsEmpty());
+        EXPECT_THAT(parameter.hides, IsEmpty());
+        EXPECT_THAT(parameter.links, IsEmpty());
+        EXPECT_EQ(parameter.tap, "");
+    }
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,68 @@
+// The built program, run as a user would run it in a shell with no display.
+#include "description/BuildNamespace.h"
+
+#include <array>
+#include <cstdio>
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <sys/wait.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::HasSubstr;
+
+struct ProgramResult {
+    int status = -1;
+    std::string output; // of both streams where they are joined
+};
+
+ProgramResult RunProgram(const std::string& before, const std::string& after) {
+    const std::string command = before + " env -u DISPLAY -u WAYLAND_DISPLAY " SLANTWISE_INSPECT " " + after;
+    ProgramResult result;
+    FILE* pipe = popen(command.c_str(), "r");
+    if (!pipe) return result;
+    std::array<char, 4096> buffer;
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
+        result.output.append(buffer.data(), count);
+    }
+    const int status = pclose(pipe);
+    if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
+    return result;
+}
+
+TEST(InspectProgram, DescribesThePlugin) {
+    const ProgramResult result = RunProgram("", "description");
+    EXPECT_EQ(result.status, 0);
+    const auto json = nlohmann::json::parse(result.output);
+    EXPECT_EQ(json["metadata"]["pluginName"], "Slantwise");
+    EXPECT_EQ(json["parameters"].size(), 24u);
+}
+
+TEST(InspectProgram, AnswersValueOperationsFromStandardInput) {
+    const ProgramResult result = RunProgram("printf 'normalize 2 12345 1\\ntext 7 -96\\n' |", "values");
+    EXPECT_EQ(result.output, "12300\n-Inf\n");
+    EXPECT_EQ(result.status, 0);
+}
+
+TEST(InspectProgram, ReportsABadLineInItsStatus) {
+    const ProgramResult result = RunProgram("printf 'what\\ncast 0 1\\n' |", "values");
+    EXPECT_EQ(result.output, "error: unknown operation 'what'\n1\n");
+    EXPECT_EQ(result.status, 1);
+}
+
+TEST(InspectProgram, HelpsAndRefuses) {
+    EXPECT_EQ(RunProgram("", "--help").status, 0);
+    const ProgramResult refused = RunProgram("", "sing 2>&1");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.output, HasSubstr("unknown command 'sing'"));
+    EXPECT_EQ(RunProgram("", "2>&1").status, 2);
+}
+
+TEST(InspectProgram, SaysSoWhenItCannotWrite) {
+    EXPECT_NE(RunProgram("", "description >/dev/full 2>&1").status, 0);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,22 @@
+#include "tools/inspect/Command.h"
+
+#include <array>
+
+namespace QVM_NAMESPACE {
+namespace inspect {
+
+namespace {
+
+constexpr std::array kCommands = {
+    Command{"description", "", "print the plug-in's description as one JSON object", RunDescriptionCommand},
+    Command{"values", "", "read value operations from standard input and answer each with a line", RunValuesCommand},
+};
+
+} // namespace
+
+std::span<const Command> Commands() {
+    return kCommands;
+}
+
+} // namespace inspect
+} // namespace QVM_NAMESPACE

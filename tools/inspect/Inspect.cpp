@@ -1,0 +1,54 @@
+#include "tools/inspect/Inspect.h"
+
+#include "tools/inspect/ValueOperations.h"
+
+#include <algorithm>
+#include <ostream>
+#include <string>
+
+namespace QVM_NAMESPACE {
+namespace inspect {
+
+namespace {
+
+void PrintHelp(std::ostream& out) {
+    out << "Usage: slantwise-inspect COMMAND\n"
+           "Looks into the plug-in without opening its editor.\n\n"
+           "Commands:\n";
+    for (const Command& command : Commands()) {
+        std::string call(command.name);
+        if (!command.arguments.empty()) call.append(" ").append(command.arguments);
+        call.resize(std::max<std::size_t>(call.size(), 12), ' ');
+        out << "  " << call << "  " << command.summary << '\n';
+    }
+    out << "  --help        print this text\n\n"
+           "Operations that `values` reads, one a line:\n";
+    for (const ValueOperation& operation : ValueOperations())
+        out << "  " << OperationUsage(operation) << '\n';
+    out << "PID is a parameter number, V a value, P a position from 0 to 1, TYPE 0 (normal), 1 (fine) or 2 (coarse).\n"
+           "A line that cannot be answered is answered with `error: ...`, and the exit status is then 1.\n";
+}
+
+} // namespace
+
+int ReportUsageError(const Streams& streams, std::string_view message) {
+    streams.err << "slantwise-inspect: " << message << "\nTry `slantwise-inspect --help`.\n";
+    return ExitUsage;
+}
+
+int RunInspect(Arguments arguments, const Streams& streams) {
+    if (arguments.empty()) return ReportUsageError(streams, "no command given");
+    const std::string_view name = arguments.front();
+    if (name == "--help") {
+        if (arguments.size() > 1) return ReportUsageError(streams, "--help takes no arguments");
+        PrintHelp(streams.out);
+        return ExitSuccess;
+    }
+    for (const Command& command : Commands()) {
+        if (command.name == name) return command.run(arguments.subspan(1), streams);
+    }
+    return ReportUsageError(streams, "unknown command '" + std::string(name) + "'");
+}
+
+} // namespace inspect
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,208 @@
+#include "tools/inspect/ValueOperations.h"
+
+#include "description/Description.h"
+#include "description/NumberText.h"
+#include "description/ValueText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+namespace inspect {
+
+namespace {
+
+using Argument = OperationArgument;
+using Input = OperationInput;
+
+constexpr std::array kPidValue = {Argument::pid, Argument::value};
+constexpr std::array kPidValueType = {Argument::pid, Argument::value, Argument::type};
+constexpr std::array kPidPositionType = {Argument::pid, Argument::position, Argument::type};
+constexpr std::array kPidValueDirection = {Argument::pid, Argument::value, Argument::direction};
+
+std::string Number(float value) {
+    return SignificantText(value, 9);
+}
+const QVMParameter& ParameterOf(const Input& input) {
+    return *GetParameter(input.pid);
+}
+
+std::string Cast(const Input& in) {
+    return Number(ParameterOf(in).castValue(in.value));
+}
+std::string Reverse(const Input& in) {
+    return Number(ParameterOf(in).reverseCastValue(in.value));
+}
+std::string Coerce(const Input& in) {
+    return Number(ParameterOf(in).coerceValue(in.value));
+}
+std::string Round(const Input& in) {
+    return Number(ParameterOf(in).roundFloatValue(in.value, in.type));
+}
+std::string Normalize(const Input& in) {
+    return Number(ParameterOf(in).normalizeFloatValue(in.value, in.type));
+}
+std::string Position(const Input& in) {
+    return Number(ParameterOf(in).percentageFromFloatValue(in.value));
+}
+std::string FromPosition(const Input& in) {
+    return Number(ParameterOf(in).normalizedFloatValueFromPercent(in.value, in.type));
+}
+std::string After(const Input& in) {
+    return Number(ParameterOf(in).floatValueAfter(in.value, in.forward));
+}
+std::string Text(const Input& in) {
+    return ParameterValueToString(in.pid, in.value);
+}
+std::string Suffix(const Input& in) {
+    return ParameterValueToSuffix(in.pid, in.value).value_or("(none)");
+}
+
+constexpr std::array kOperations = {
+    ValueOperation{"cast", kPidValue, true, Cast},
+    ValueOperation{"reverse", kPidValue, true, Reverse},
+    ValueOperation{"coerce", kPidValue, true, Coerce},
+    ValueOperation{"round", kPidValueType, true, Round},
+    ValueOperation{"normalize", kPidValueType, true, Normalize},
+    ValueOperation{"position", kPidValue, true, Position},
+    ValueOperation{"fromposition", kPidPositionType, true, FromPosition},
+    ValueOperation{"after", kPidValueDirection, true, After},
+    ValueOperation{"text", kPidValue, false, Text},
+    ValueOperation{"suffix", kPidValue, false, Suffix},
+};
+
+std::string Quoted(std::string_view word) {
+    return "'" + std::string(word) + "'";
+}
+
+// The whole word as a number, or none.
+template <typename Type>
+std::optional<Type> Parsed(std::string_view word, std::errc* error) {
+    Type value{};
+    const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), value);
+    *error = end == word.data() + word.size() ? code : std::errc::invalid_argument;
+    if (*error != std::errc()) return std::nullopt;
+    return value;
+}
+
+// Numbers too small for 32 bits are 0; those too large are refused.
+std::string ParseFloat(std::string_view word, float* value) {
+    std::string_view digits = word;
+    if (digits.starts_with('+') && !digits.starts_with("+-")) digits.remove_prefix(1);
+    std::errc error{};
+    if (const auto parsed = Parsed<float>(digits, &error)) {
+        *value = *parsed;
+        return {};
+    }
+    if (error != std::errc::result_out_of_range) return Quoted(word) + " is not a number";
+    const auto wide = Parsed<double>(digits, &error);
+    if (!wide || std::abs(*wide) > 1) return Quoted(word) + " is out of range";
+    *value = std::copysign(0.0f, *wide < 0 ? -1.0f : 1.0f);
+    return {};
+}
+
+std::string ParseWhole(std::string_view word, std::uint32_t* value) {
+    std::errc error{};
+    const auto parsed = Parsed<std::uint32_t>(word, &error);
+    if (!parsed) return Quoted(word) + " is not a whole number";
+    *value = *parsed;
+    return {};
+}
+
+std::string ParseType(std::string_view word, std::uint32_t* value) {
+    if (std::string error = ParseWhole(word, value); !error.empty()) return error;
+    return *value <= QVMGranularityCoarse ? std::string() : Quoted(word) + " is not a granularity: 0, 1 or 2";
+}
+
+std::string ParseDirection(std::string_view word, bool* forward) {
+    *forward = word == "forward";
+    return *forward || word == "backward" ? std::string() : Quoted(word) + " is not a direction: forward or backward";
+}
+
+// Stores a word as the argument it stands for and returns what is wrong with it, if anything.
+std::string ParseArgument(Argument argument, std::string_view word, Input* input) {
+    switch (argument) {
+    case Argument::pid:
+        return ParseWhole(word, &input->pid);
+    case Argument::value:
+    case Argument::position:
+        return ParseFloat(word, &input->value);
+    case Argument::type:
+        return ParseType(word, &input->type);
+    case Argument::direction:
+        return ParseDirection(word, &input->forward);
+    }
+    return {};
+}
+
+std::string_view ArgumentName(Argument argument) {
+    switch (argument) {
+    case Argument::pid:
+        return "PID";
+    case Argument::value:
+        return "V";
+    case Argument::position:
+        return "P";
+    case Argument::type:
+        return "TYPE";
+    case Argument::direction:
+        return "forward|backward";
+    }
+    return {};
+}
+
+std::vector<std::string_view> Words(std::string_view line) {
+    constexpr std::string_view blanks = " \t\r";
+    std::vector<std::string_view> words;
+    for (std::size_t start = line.find_first_not_of(blanks); start != std::string_view::npos;) {
+        const std::size_t end = std::min(line.find_first_of(blanks, start), line.size());
+        words.push_back(line.substr(start, end - start));
+        start = line.find_first_not_of(blanks, end);
+    }
+    return words;
+}
+
+const ValueOperation* OperationNamed(std::string_view name) {
+    for (const ValueOperation& operation : kOperations) {
+        if (operation.name == name) return &operation;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::span<const ValueOperation> ValueOperations() {
+    return kOperations;
+}
+
+std::string OperationUsage(const ValueOperation& operation) {
+    std::string usage(operation.name);
+    for (const Argument argument : operation.arguments)
+        usage.append(" ").append(ArgumentName(argument));
+    return usage;
+}
+
+OperationAnswer AnswerOperation(std::string_view line) {
+    const auto words = Words(line);
+    if (words.empty()) return {false, "empty line"};
+    const ValueOperation* operation = OperationNamed(words.front());
+    if (!operation) return {false, "unknown operation " + Quoted(words.front())};
+    if (words.size() != operation->arguments.size() + 1) {
+        return {false, "expected " + Quoted(OperationUsage(*operation))};
+    }
+    Input input;
+    for (std::size_t i = 0; i < operation->arguments.size(); ++i) {
+        std::string problem = ParseArgument(operation->arguments[i], words[i + 1], &input);
+        if (!problem.empty()) return {false, std::move(problem)};
+    }
+    if (operation->needsParameter && input.pid >= QVMParameterCount) {
+        return {false, "there is no parameter " + std::to_string(input.pid)};
+    }
+    return {true, operation->answer(input)};
+}
+
+} // namespace inspect
+} // namespace QVM_NAMESPACE
