@@ -6,7 +6,6 @@ target_compile_features(slantwise_options INTERFACE cxx_std_20)
 target_include_directories(slantwise_options INTERFACE ${PROJECT_BINARY_DIR}/generated)
 target_compile_options(slantwise_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Werror
-    -Wno-restrict # GCC 12 reports it for any "literal" + std::string (GCC bug 105651)
     -fvisibility=hidden -fvisibility-inlines-hidden)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # This compiler warns about overlapping copies inside its own std::string whenever a literal is put before a string.
