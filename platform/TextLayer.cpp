@@ -1,0 +1,56 @@
+#include "platform/TextLayer.h"
+
+#include "platform/TextMetrics.h"
+
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+template <class T>
+void TextLayer::store(T& member, const T& value) {
+    if (member == value) return;
+    member = value;
+    setNeedsDisplay();
+}
+
+void TextLayer::setString(AttributedString string) {
+    store(string_, string);
+}
+
+void TextLayer::setAlignment(TextAlignment alignment, TextPlacement placement) {
+    store(alignment_, alignment);
+    store(placement_, placement);
+}
+
+void TextLayer::setWrapped(bool wrapped) {
+    store(wrapped_, wrapped);
+}
+
+bool TextLayer::hasLook(const PresentedLayer& presented) const {
+    return Layer::hasLook(presented) || !string_.isEmpty();
+}
+
+bool TextLayer::isPlainRectangle(const PresentedLayer& presented) const {
+    return Layer::isPlainRectangle(presented) && string_.isEmpty();
+}
+
+Rect TextLayer::lookBounds(const PresentedLayer& presented) const {
+    // Slanted and accented letters reach beyond their advance and height, and a text that is too long beyond the
+    // bounds.
+    double overhang = 0;
+    for (const TextRun& run : string_.runs) {
+        overhang = std::max(overhang, run.font.pointSize / 4 + std::abs(run.baselineOffset));
+    }
+    const Size size = sizeOf(string_);
+    const double over = wrapped_ ? 0 : std::max(0.0, size.width - presented.bounds.width);
+    const double tooHigh = wrapped_ ? 0 : std::max(0.0, size.height - presented.bounds.height);
+    PresentedLayer grown = presented;
+    grown.bounds = presented.bounds.insetBy(-overhang - over, -overhang - tooHigh);
+    return string_.isEmpty() ? Layer::lookBounds(presented) : Layer::lookBounds(grown);
+}
+
+std::string TextLayer::lookDescription() const {
+    return string_.isEmpty() ? std::string() : '"' + string_.string() + '"';
+}
+
+} // namespace QVM_NAMESPACE

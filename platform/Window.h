@@ -1,0 +1,113 @@
+// The window (or the part of the host's window) that holds one view tree: dispatches events, keeps the first responder
+// and the pointer's capture, and passes requests to whoever really owns the pixels.
+#pragma once
+
+#include "platform/View.h"
+
+#include <memory>
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+// What the adapter does for a window. Main thread.
+class WindowHost {
+public:
+    virtual ~WindowHost() = default;
+    virtual void setCursor(Cursor cursor) = 0;
+    // The window has another content view, or none.
+    virtual void contentViewDidChange() {}
+    // The content view's size changed from inside; the host's frame follows.
+    virtual void contentSizeDidChange(Size points) = 0;
+    // Keyboard focus: taken when something is to be typed into or stepped, given back to the host otherwise.
+    virtual void takeKeyboardFocus() = 0;
+    virtual void releaseKeyboardFocus() = 0;
+    // Shows the menu inside the window at a point in window coordinates; returns at once.
+    virtual void popUpMenu(std::unique_ptr<Menu> menu, Point at) = 0;
+};
+
+class Window {
+public:
+    // Names of the notifications a window posts, with itself as the object.
+    static constexpr const char* didBecomeKeyNotification = "WindowDidBecomeKey";
+    static constexpr const char* didResignKeyNotification = "WindowDidResignKey";
+
+    // The host is borrowed, may be null (tests), and must be cleared before it goes.
+    explicit Window(WindowHost* host = nullptr);
+    ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    // Owns the tree. Views learn of the window before this returns.
+    template <class T>
+    T& setContentView(std::unique_ptr<T> view) {
+        T& content = *view;
+        replaceContentView(std::move(view));
+        return content;
+    }
+    std::unique_ptr<View> takeContentView();
+    View* contentView() const { return content_.get(); }
+    void setHost(WindowHost* host);
+    WindowHost* host() const { return host_; }
+
+    // Device pixels a point; a change reaches every layer's contents scale, then viewDidChangeBackingProperties().
+    double backingScaleFactor() const { return scale_; }
+    void setBackingScaleFactor(double scale);
+
+    bool isKeyWindow() const { return key_; }
+    void setKeyWindow(bool key); // posts the notification on a change
+    // Asks the host for keyboard focus (the host answers with setKeyWindow). With no host it is key at once.
+    void makeKey();
+    // Gives keyboard focus back to the host's own window: when nothing is left that keys could be meant for, so that
+    // the host's shortcuts work again. With no host it resigns at once.
+    void resignKey();
+
+    Responder* firstResponder() const { return firstResponder_; }
+    // False when the present one refuses to resign (nothing changes then) or the new one to become (nothing is first
+    // then). Null means that nothing is first: keys that no key equivalent takes are the host's.
+    bool makeFirstResponder(Responder* responder);
+
+    // Dispatches one event; true when something handled it. A mouse press is captured by the view under it until the
+    // release. A right press, or a press with Control held and neither Option nor Command, asks the view under it and
+    // its superviews for a context menu; when one answers the menu is all that the press does. Views may be removed and
+    // destroyed by what they receive; the window may be destroyed by it too.
+    bool sendEvent(const Event& event);
+    // The tooltip for the view under a point, or empty.
+    std::string toolTipAt(Point pointInWindow) const;
+    View* hitTest(Point pointInWindow) const;
+    View* mouseCapture() const { return capture_; }
+
+    void popUpMenu(std::unique_ptr<Menu> menu, Point at);
+    // Cursor rectangles can be switched off while a drag shows its own cursor (nested calls count).
+    void pushCursor(Cursor cursor);
+    void popCursor();
+
+private:
+    friend class View;
+    friend class Responder;
+    class Walk; // over views, any of which may go meanwhile
+    void replaceContentView(std::unique_ptr<View> view);
+    void contentFrameDidChange(Size before);
+    void forget(const View& view); // it is leaving with all that is in it: clear what points there
+    void forgetResponder(const Responder& responder);
+    bool mousePressed(const Event& event);
+    bool mouseReleased(const Event& event);
+    bool keyPressed(const Event& event);
+    bool showContextMenu(const Event& event);
+    void updateHover(const Event& event, View* under);
+    void updateCursor();
+
+    WindowHost* host_ = nullptr;
+    std::unique_ptr<View> content_;
+    Responder* firstResponder_ = nullptr;
+    View* capture_ = nullptr;
+    std::vector<View*> hovered_; // outermost first
+    std::vector<Cursor> cursorStack_;
+    Cursor shownCursor_ = Cursor::arrow;
+    double scale_ = 1;
+    bool key_ = false;
+    Walk* walks_ = nullptr; // those under way, innermost first
+    // Expires with the window, for what calls out and goes on.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
+};
+
+} // namespace QVM_NAMESPACE
