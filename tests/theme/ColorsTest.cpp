@@ -1,0 +1,48 @@
+#include "theme/Colors.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+TEST(Colors, ConvertsAColourOfTheDescription) {
+    EXPECT_EQ(colorFrom(ColorFromHexText("#A5666C")), colorFromHex(0xA5666C));
+    EXPECT_EQ(colorFrom(QVMColor{}), Color::clear());
+}
+
+TEST(Colors, CompositesOverAnOpaqueColour) {
+    const Color half = composite(Color::white(1, 0.5f), Color::white(0));
+    EXPECT_FLOAT_EQ(half.r, 0.5f);
+    EXPECT_FLOAT_EQ(half.a, 1.0f);
+    EXPECT_EQ(composite(Color::clear(), colorFromHex(0x102030)), colorFromHex(0x102030));
+}
+
+TEST(Colors, ContrastIsOneForEqualsAndTwentyOneForBlackOnWhite) {
+    EXPECT_NEAR(contrastRatio(Color::white(0), Color::white(1)), 21, 1e-6);
+    EXPECT_NEAR(contrastRatio(Color::white(1), Color::white(0)), 21, 1e-6);
+    EXPECT_NEAR(contrastRatio(Color::white(0.3f), Color::white(0.3f)), 1, 1e-6);
+    EXPECT_NEAR(contrastRatio(Color::white(1), colorFromHex(0x767676)), 4.54, 0.01);
+}
+
+TEST(Colors, ContrastedLeavesALegibleColourAlone) {
+    EXPECT_EQ(contrasted(colorFromHex(0x71343A), Color::white(1)), colorFromHex(0x71343A));
+}
+
+TEST(Colors, ContrastedDarkensAgainstLightAndLightensAgainstDark) {
+    const Color grey = colorFromHex(0x938586);
+    const Color darker = contrasted(grey, Color::white(1));
+    EXPECT_LT(darker.r, grey.r);
+    EXPECT_GE(contrastRatio(darker, Color::white(1)), minimumTextContrast);
+    EXPECT_LT(contrastRatio(darker, Color::white(1)), minimumTextContrast + 0.3) << "no farther than needed";
+
+    const Color lighter = contrasted(colorFromHex(0x5E5454), colorFromHex(0x151314));
+    EXPECT_GT(lighter.r, colorFromHex(0x5E5454).r);
+    EXPECT_GE(contrastRatio(lighter, colorFromHex(0x151314)), minimumTextContrast);
+}
+
+TEST(Colors, ContrastedKeepsAlpha) {
+    EXPECT_FLOAT_EQ(contrasted(colorFromHex(0x938586, 0.5f), Color::white(1)).a, 0.5f);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,69 @@
+// The one object all drawing takes its colours, background pattern and fonts from.
+//
+// Two fixed themes exist, light and dark; which of them is current is shared by every editor of the process. Views that
+// draw with the theme observe `updatedNotification` for their window and draw again. Main thread only.
+#pragma once
+
+#include "platform/Color.h"
+#include "platform/Font.h"
+#include "platform/Image.h"
+#include "theme/Colors.h"
+#include "theme/QVMPalette.h"
+
+#include <memory>
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+class Window;
+
+// A picture that fills a layer by repetition, one image pixel a point; null where the picture is missing.
+using Pattern = std::shared_ptr<const Image>;
+
+// The font whose file `name`.otf is among the plug-in's own resources, without registering it anywhere; the value font
+// of that size, and one log line, when there is no such file.
+Font ExternalFontNamed(const std::string& name, double size);
+
+class QVMUITheme {
+public:
+    // Posted with the window as its object after the current theme has changed.
+    static constexpr const char* updatedNotification = "QVMUIThemeUpdatedNotification";
+
+    // The two themes, made on first use; they never change and live as long as the process.
+    static const QVMUITheme& light();
+    static const QVMUITheme& dark();
+    // The current one, at first the light one.
+    static const QVMUITheme& theme();
+    // Makes the other theme current, posts the notification and returns the new current theme. The window is only a
+    // name to post under and may be null.
+    static const QVMUITheme& toggleThemeForWindow(Window* window);
+
+    // The named font, or the system font of that size where no such face is found. Sizes are in points.
+    static Font safeFontWithNameSize(const std::string& name, double size);
+    static Font iconFontOfSize(double size);
+    static Font unitFontOfSize(double size);
+    static Font italicFontOfSize(double size);
+    // For text that is plain ASCII the value font at `size`; for any other, which is glyphs, the icon font at
+    // `iconSize`, or at `size` where that is 0.
+    static Font appropriateFontForValueSizeIconSize(const std::string& value, double size, double iconSize);
+
+    // The pattern and the picture that belong to no theme.
+    static Pattern newBackgroundPattern();
+    static std::shared_ptr<const Image> staticBackgroundImage();
+
+    // A control's own colour, or the text colour in a theme that does not let controls bring theirs.
+    Color foregroundGivenSpecified(Color specified) const { return useSpecifiedForeground ? specified : textColor; }
+
+    Color textColor;
+    Color subtleTextColor;
+    Color symbolColor;
+    Color backgroundColor;
+    Pattern backgroundPattern;
+    Color interiorBorderColor;
+    bool useSpecifiedForeground = true;
+    bool invertLabels = false;
+    Font iconFont;      // 22 points
+    QVMPalette palette; // surfaces, lines and texts beyond the above
+};
+
+} // namespace QVM_NAMESPACE
