@@ -1,0 +1,60 @@
+// The way of the audio through the unit: input, processing, output gain, master switch, output, with a peak meter at
+// either end.
+//
+// Blocks are worked off in short stretches whose inputs are all read before any output is written. So a block may be of
+// any length, and inputs and outputs may be the same memory in any order. Render thread, except where a function says
+// otherwise; nothing here allocates, locks or calls the system.
+#pragma once
+
+#include "unit/BypassFade.h"
+#include "unit/GainRamp.h"
+#include "unit/Meter.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace QVM_NAMESPACE {
+
+// What the path plays with: the parameters, read once a block.
+struct RenderSettings {
+    double gain = 1; // amplitude
+    BypassFade::Switch master = BypassFade::Switch::on;
+};
+
+class RenderPath {
+public:
+    static constexpr std::uint32_t maxChannels = 2;
+
+    // Not while a render call is running. Everything stands at its target at once; both meters are at 0.
+    void prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_t chanOut, const RenderSettings& settings);
+
+    // `in` and `out` hold a pointer for each channel of the prepared configuration. A missing input is silence, a
+    // missing output is left out. An output channel without an input of its own gets the last input.
+    template <class Sample>
+    void process(const Sample* const* in, Sample* const* out, std::uint32_t frames, const RenderSettings& settings);
+
+    Meter& inputMeter() { return inputMeter_; }
+    Meter& outputMeter() { return outputMeter_; }
+
+private:
+    static constexpr std::uint32_t stretch = 64; // frames
+    template <class Sample>
+    using Frames = std::array<std::array<Sample, stretch>, maxChannels>;
+
+    template <class Sample>
+    void read(const Sample* const* in, std::uint32_t offset, std::uint32_t frames, Frames<Sample>& dry);
+    template <class Sample>
+    void render(Frames<Sample>& signal, std::uint32_t frames);
+    template <class Sample>
+    void write(const Frames<Sample>& signal, Sample* const* out, std::uint32_t offset, std::uint32_t frames);
+
+    std::uint32_t chanIn_ = 2;
+    std::uint32_t chanOut_ = 2;
+    GainRamp gain_;
+    BypassFade bypass_;
+    Meter inputMeter_;
+    Meter outputMeter_;
+};
+
+} // namespace QVM_NAMESPACE

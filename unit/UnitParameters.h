@@ -1,0 +1,45 @@
+// The unit's parameter values, in the host domain.
+//
+// Any thread writes and reads, the render thread included: each value is one word that is read and written whole, in
+// no order with any other. So a reader may see one of two related values change first; nothing here relies on both.
+#pragma once
+
+#include "platform/AudioUnit.h"
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+
+namespace QVM_NAMESPACE {
+
+class UnitParameters {
+public:
+    static constexpr std::size_t count = 24;
+    using Values = std::array<float, count>;
+
+    // Every parameter at its initial value. Main thread: it reads the description.
+    UnitParameters();
+
+    // `pid` must be below `count` here and in what follows.
+    float value(std::uint32_t pid) const { return values_[pid].load(std::memory_order_relaxed); }
+    Values values() const;
+    // Stores the value, moved to the nearest end of the range when it lies outside. A value that is no finite number is
+    // refused and changes nothing.
+    OSStatus set(std::uint32_t pid, float value);
+    // Whether `set` would store exactly this value.
+    bool holds(std::uint32_t pid, float value) const;
+
+private:
+    // What may be stored: the parameter's range, widened to its initial value where that stands outside (the range
+    // link switches and ratios start at 0, below their range).
+    struct Limits {
+        float low = 0;
+        float high = 0;
+    };
+
+    std::array<Limits, count> limits_; // constant once constructed
+    std::array<std::atomic<float>, count> values_;
+};
+
+} // namespace QVM_NAMESPACE
