@@ -1,0 +1,256 @@
+#include "controls/QVMCycleControl.h"
+
+#include "controls/QVMFocusBorder.h"
+#include "controls/TextFitting.h"
+#include "platform/TextMetrics.h"
+#include "theme/QVMUITheme.h"
+
+#include <algorithm>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kValueSize = 16, kIconSize = 20; // points
+constexpr double kTextPadding = 8;                // between a capsule's end and its text
+constexpr double kPulseSeconds = 0.09;
+// Marks inside the capsule stand stacked at its right end, those beside it one at each end.
+constexpr double kInsideSpan = 20, kInsideCenter = 11.5, kBesideSpan = 18;
+constexpr double kChevronLength = 10, kChevronDepth = 4.75, kChevronGap = 5, kChevronWidth = 1.75;
+constexpr float kChevronAlpha = 0.75f;
+constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.6;
+// Of the focus border, where the parameter's colour alone would drown: it is stroked translucently.
+constexpr double kFocusContrast = minimumTextContrast;
+
+BasicAnimation pulseOf(const char* keyPath, double from, double to) {
+    BasicAnimation pulse;
+    pulse.keyPath = keyPath;
+    pulse.fromValue = from;
+    pulse.toValue = to;
+    pulse.duration = kPulseSeconds;
+    pulse.timing = TimingFunction::easeOut;
+    pulse.autoreverses = true;
+    return pulse;
+}
+
+// An open arrow head whose tip points from the box's middle towards `direction`, in a box of `size`.
+Path chevron(Size size, Point direction) {
+    const Point middle{size.width / 2, size.height / 2};
+    const Point along = direction * (kChevronDepth / 2);
+    const Point across = Point{direction.y, direction.x} * (kChevronLength / 2);
+    Path path;
+    return path.moveTo(middle - along - across).lineTo(middle + along).lineTo(middle - along + across);
+}
+
+std::shared_ptr<ShapeLayer> makeCrementer(const char* name) {
+    auto layer = std::make_shared<ShapeLayer>(YAxis::up);
+    layer->setName(name);
+    layer->setFillColor(Color::clear());
+    layer->setLineWidth(kChevronWidth);
+    layer->setLineStyle(LineCap::round, LineJoin::round);
+    return layer;
+}
+
+Rect square(Point center, double side) {
+    return {center.x - side / 2, center.y - side / 2, side, side};
+}
+
+} // namespace
+
+BasicAnimation QVMCycleControl::standardPulse() {
+    return pulseOf("transform.scale", 1.0, 1.2);
+}
+
+BasicAnimation QVMCycleControl::standardColorPulse() {
+    return pulseOf("opacity", 0.3, 1.0);
+}
+
+QVMCycleControl::QVMCycleControl(const Rect& frame, const QVMParameter& parameter)
+    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
+      hover_(std::make_shared<Layer>(YAxis::up)), value_(std::make_shared<TextLayer>(YAxis::up)),
+      inc_(makeCrementer("inc")), dec_(makeCrementer("dec")) {
+    bg_->setName("bg");
+    hover_->setName("hover");
+    hover_->setOpacity(0);
+    value_->setName("value");
+    value_->setAlignment(TextAlignment::center, TextPlacement::middle);
+    std::size_t index = 0;
+    for (const std::shared_ptr<Layer>& sublayer :
+         {bg_, hover_, std::shared_ptr<Layer>(value_), std::shared_ptr<Layer>(inc_), std::shared_ptr<Layer>(dec_)}) {
+        layer()->insertSublayer(sublayer, index++); // below the focus border
+    }
+    redraw();
+}
+
+double QVMCycleControl::iconSize() const {
+    return kIconSize;
+}
+
+Rect QVMCycleControl::backgroundFrame() const {
+    return bounds().insetBy(crementers_ == Crementers::beside ? kBesideSpan : 0, 0);
+}
+
+double QVMCycleControl::widestValueText() const {
+    double widest = 0;
+    for (const std::string& name : parameter().stringValues) {
+        const AttributedString text(name, QVMUITheme::appropriateFontForValueSizeIconSize(name, kValueSize, iconSize()),
+                                    Color{});
+        widest = std::max(widest, TextMetrics::current().width(text));
+    }
+    return widest;
+}
+
+Rect QVMCycleControl::rectAvailableForTextDisplay() const {
+    Rect available = bgFrame_.insetBy(kTextPadding, 0);
+    if (crementers_ == Crementers::inside) available.width = bgFrame_.width - kTextPadding - kInsideSpan;
+    return available;
+}
+
+void QVMCycleControl::layOut() {
+    maxWidth_ = widestValueText();
+    crementers_ = Crementers::none;
+    if (includeCrementers()) {
+        const bool roomBeside = bounds().width - 2 * kBesideSpan >= maxWidth_ + 2 * kTextPadding;
+        crementers_ = roomBeside ? Crementers::beside : Crementers::inside;
+    }
+    bgFrame_ = backgroundFrame();
+    for (const auto& layer : {bg_, hover_}) {
+        layer->setFrame(bgFrame_);
+        layer->setCornerRadius(std::min(bgFrame_.width, bgFrame_.height) / 2);
+    }
+    layOutCrementers();
+}
+
+void QVMCycleControl::layOutCrementers() {
+    inc_->setHidden(crementers_ == Crementers::none);
+    dec_->setHidden(crementers_ == Crementers::none);
+    const bool beside = crementers_ == Crementers::beside;
+    const double apart = (kChevronGap + kChevronDepth) / 2;
+    const Point stack{bgFrame_.maxX() - kInsideCenter, bgFrame_.midY()};
+    const Point up = beside ? Point{bounds().width - kBesideSpan / 2, bgFrame_.midY()} : stack + Point{0, apart};
+    const Point down = beside ? Point{kBesideSpan / 2, bgFrame_.midY()} : stack - Point{0, apart};
+    const Point direction = beside ? Point{1, 0} : Point{0, 1};
+    const double side = kChevronLength;
+    inc_->setFrame(square(up, side));
+    dec_->setFrame(square(down, side));
+    inc_->setPath(chevron({side, side}, direction));
+    dec_->setPath(chevron({side, side}, direction * -1));
+}
+
+QVMCycleControl::Look QVMCycleControl::lookForValue(float) const {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    if (parameter().controlStyle == 1) {
+        const Color fill = contrasted(colorFrom(parameter().color), theme.palette.onAccent);
+        return {theme.palette.onAccent, fill, Color::clear()};
+    }
+    return {theme.palette.value, theme.palette.boxFill, theme.palette.boxBorder};
+}
+
+void QVMCycleControl::redraw() {
+    layOut();
+    std::string text;
+    parameter().valueString(&text, nullptr, floatValue());
+    const Look look = lookForValue(floatValue());
+    const double icon = std::floor(iconSize());
+    typesetAttributedStringValueBackgroundColor(
+        {text, QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, icon), look.text}, look);
+
+    const bool beside = crementers_ == Crementers::beside;
+    const Color mark = beside ? QVMUITheme::theme().palette.label : look.text.withAlpha(look.text.a * kChevronAlpha);
+    for (const auto& crementer : {inc_, dec_}) {
+        crementer->setStrokeColor(mark);
+        crementer->setOpacity(isDisabled() ? kDisabledOpacity : 1);
+    }
+    const Color accent = colorFrom(parameter().color);
+    const std::optional<Color> below = surface();
+    highlight()->setStrokeNSColor(below ? contrasted(accent, *below, kFocusContrast) : accent);
+    hover_->setBackgroundColor(QVMUITheme::theme().palette.hover);
+    value_->setOpacity(isDisabled() ? kDisabledOpacity : inaccurate_ ? kInaccurateOpacity : 1);
+    showHover();
+}
+
+void QVMCycleControl::typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look) {
+    const bool plainText = isAscii(text.string());
+    const Rect available = rectAvailableForTextDisplay();
+    value_->setFrame(plainText ? available : bgFrame_);
+    value_->setString(shrunkenToWidth(text, available.width));
+    bg_->setBackgroundColor(look.background);
+    bg_->setBorder(look.border.a > 0 ? 1 : 0, look.border);
+    bg_->setOpacity(look.backgroundOpacity * (isDisabled() ? kDisabledOpacity : 1));
+}
+
+void QVMCycleControl::setFloatValue(float value) {
+    QVMFloatControl::setFloatValue(value);
+    redraw();
+}
+
+void QVMCycleControl::setInaccurate(bool inaccurate) {
+    inaccurate_ = inaccurate;
+    redraw();
+}
+
+void QVMCycleControl::setDimmed(bool dimmed) {
+    QVMFloatControl::setDimmed(dimmed);
+    redraw();
+}
+
+void QVMCycleControl::setPreventInteraction(bool prevent) {
+    QVMFloatControl::setPreventInteraction(prevent);
+    redraw();
+}
+
+std::optional<Color> QVMCycleControl::surface() const {
+    return QVMUITheme::theme().palette.panel;
+}
+
+void QVMCycleControl::setHighlit(bool highlit) {
+    animateHighlightToFramePositionRoundingInset(bgFrame_, bgFrame_.origin(), 0.5, true);
+    QVMFloatControl::setHighlit(highlit && canHighlight_);
+}
+
+void QVMCycleControl::cycleValueForward(bool forward) {
+    setFloatValue(parameter().floatValueAfter(floatValue(), forward));
+    reportInterfaceInitiatedValueChange();
+    reportDiscreteInteraction();
+    pulse(forward);
+}
+
+void QVMCycleControl::handleMouseDownWithEventGranularities(const QVMEvent&, const QVMGranularities&) {
+    if (incrementOnMouseUp()) cycleValueForward(true);
+}
+
+bool QVMCycleControl::incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) {
+    if (!cycleArrows()) return QVMFloatControl::incrementWithArrowGranularity(arrow, granularity);
+    cycleValueForward(arrow == Key::right || arrow == Key::up);
+    return true;
+}
+
+void QVMCycleControl::pulse(bool forward) {
+    value_->addAnimation(standardPulse(), "pulse");
+    bg_->addAnimation(standardPulse(), "pulse");
+    if (includeCrementers()) (forward ? inc_ : dec_)->addAnimation(standardColorPulse(), "pulse");
+}
+
+void QVMCycleControl::themeUpdated() {
+    redraw();
+}
+
+void QVMCycleControl::frameDidChange() {
+    redraw();
+}
+
+void QVMCycleControl::mouseEntered(const Event&) {
+    hovered_ = true;
+    showHover();
+}
+
+void QVMCycleControl::mouseExited(const Event&) {
+    hovered_ = false;
+    showHover();
+}
+
+void QVMCycleControl::showHover() {
+    hover_->setOpacity(hovered_ && !isDisabled() && !dimmed() ? 1 : 0);
+}
+
+} // namespace QVM_NAMESPACE

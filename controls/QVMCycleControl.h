@@ -1,0 +1,96 @@
+// Shows a parameter's value as a word or an icon on a capsule and steps to the next one at each click.
+//
+// The step is made on the press; the release does nothing more. Main thread only.
+#pragma once
+
+#include "controls/QVMFloatControl.h"
+#include "platform/ShapeLayer.h"
+#include "platform/TextLayer.h"
+
+#include <optional>
+
+namespace QVM_NAMESPACE {
+
+class QVMCycleControl : public QVMFloatControl {
+public:
+    QVMCycleControl(const Rect& frame, const QVMParameter& parameter);
+
+    // What a press looks like on anything that can be pressed: a short swelling, and a short fading in.
+    static BasicAnimation standardPulse();
+    static BasicAnimation standardColorPulse();
+
+    // Whether arrow keys cycle, and whether a click does (on the press, in spite of the name).
+    virtual bool cycleArrows() const { return true; }
+    virtual bool incrementOnMouseUp() const { return true; }
+    // Whether the marks for stepping are shown.
+    virtual bool includeCrementers() const { return parameter().includeCrementers; }
+
+    // To the next or previous value as a user's discrete change.
+    void cycleValueForward(bool forward);
+
+    // Whether keyboard focus is shown.
+    bool canHighlight() const { return canHighlight_; }
+    void setCanHighlight(bool canHighlight) { canHighlight_ = canHighlight; }
+    // The value shown is only near the real one; drawn fainter.
+    bool inaccurate() const { return inaccurate_; }
+    void setInaccurate(bool inaccurate);
+
+    // The background's frame, own coordinates; the widest that the text of any value is, points.
+    Rect bgFrame() const { return bgFrame_; }
+    double maxWidth() const { return maxWidth_; }
+    Rect rectAvailableForTextDisplay() const;
+
+    const std::shared_ptr<TextLayer>& value() const { return value_; }
+    const std::shared_ptr<Layer>& bg() const { return bg_; }
+    const std::shared_ptr<ShapeLayer>& inc() const { return inc_; }
+    const std::shared_ptr<ShapeLayer>& dec() const { return dec_; }
+
+    void setFloatValue(float value) override;
+    void setHighlit(bool highlit) override;
+    void setDimmed(bool dimmed) override;
+    void setPreventInteraction(bool prevent) override;
+    bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
+    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void pulse(bool forward) override;
+    void themeUpdated() override;
+    void mouseEntered(const Event& event) override;
+    void mouseExited(const Event& event) override;
+    void frameDidChange() override;
+
+protected:
+    struct Look {
+        Color text;
+        Color background;
+        Color border; // clear: none
+        double backgroundOpacity = 1;
+    };
+    // How a value is drawn in the current theme. A subclass that overrides this or the next two redraws at the end of
+    // its constructor, since this class's constructor cannot see them.
+    virtual Look lookForValue(float value) const;
+    virtual Rect backgroundFrame() const;
+    virtual double iconSize() const; // points
+
+    // The theme's surface under the control, where the theme decides that: what stands on it keeps legible.
+    virtual std::optional<Color> surface() const;
+
+    // Lays out and draws everything anew.
+    void redraw();
+
+private:
+    enum class Crementers : unsigned char { none, inside, beside };
+    void layOut();
+    void layOutCrementers();
+    void typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look);
+    void showHover();
+    double widestValueText() const;
+
+    std::shared_ptr<Layer> bg_, hover_;
+    std::shared_ptr<TextLayer> value_;
+    std::shared_ptr<ShapeLayer> inc_, dec_;
+    Rect bgFrame_;
+    double maxWidth_ = 0;
+    Crementers crementers_ = Crementers::none;
+    bool canHighlight_ = true, inaccurate_ = false, hovered_ = false;
+};
+
+} // namespace QVM_NAMESPACE

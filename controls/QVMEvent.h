@@ -1,0 +1,27 @@
+// An input event as one control sees it.
+#pragma once
+
+#include "platform/Event.h"
+#include "platform/View.h"
+
+namespace QVM_NAMESPACE {
+
+struct QVMEvent {
+    // Keeps the event and finds its place in `view`'s own coordinates.
+    QVMEvent(const Event& event, const View& view)
+        : nsEvent(event), point(view.convertFromWindow(event.locationInWindow)) {}
+
+    // The same event as if it had happened at `to` (same coordinates): how a gesture is replayed elsewhere.
+    QVMEvent adjustedToPoint(Point to) const {
+        QVMEvent moved = *this;
+        moved.point = to;
+        moved.simulated = true;
+        return moved;
+    }
+
+    Event nsEvent; // modifiers, scroll deltas and phase are read from here
+    Point point;   // points, in the control's coordinates
+    bool simulated = false;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,39 @@
+#include "controls/QVMGlowingBooleanControl.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kDiscMargin = 7;    // points between the disc and the control's nearer edges
+constexpr double kGlyphShare = 0.83; // of the disc's diameter
+constexpr double kOffDiscOpacity = 0.07;
+const Shadow kValueShadow = {Color::white(0, 0.15f), 3, {0, 1}, 1};
+
+} // namespace
+
+QVMGlowingBooleanControl::QVMGlowingBooleanControl(const Rect& frame, const QVMParameter& parameter)
+    : QVMBooleanControl(frame, parameter) {
+    value()->setShadow(kValueShadow);
+    redraw();
+}
+
+Rect QVMGlowingBooleanControl::backgroundFrame() const {
+    const double side = std::max(std::min(bounds().width, bounds().height) - 2 * kDiscMargin, 0.0);
+    return {std::round(bounds().midX() - side / 2), std::round(bounds().midY() - side / 2), side, side};
+}
+
+double QVMGlowingBooleanControl::iconSize() const {
+    return std::floor(backgroundFrame().width * kGlyphShare * static_cast<double>(parameter().controlScale));
+}
+
+QVMCycleControl::Look QVMGlowingBooleanControl::lookForValue(float value) const {
+    Look look = QVMBooleanControl::lookForValue(value);
+    look.border = Color::clear();
+    look.backgroundOpacity = std::min(look.backgroundOpacity, value >= 0.5f ? 1 : kOffDiscOpacity);
+    return look;
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,72 @@
+#include "controls/QVMItemizedControl.h"
+
+#include "platform/Window.h"
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+// How far around the background a click still means the menu, points.
+constexpr double kMenuMarginX = 2, kMenuMarginY = 6;
+// The menu opens this much after the press, seconds: the click is over by then.
+constexpr double kPopupDelay = 0.01;
+constexpr double kMenuGap = 2; // points between background and menu
+
+} // namespace
+
+void QVMItemizedControl::handleMouseDownWithEventGranularities(const QVMEvent& event,
+                                                               const QVMGranularities& granularities) {
+    if (!includeCrementers()) return QVMCycleControl::handleMouseDownWithEventGranularities(event, granularities);
+    if (bgFrame().insetBy(-kMenuMarginX, -kMenuMarginY).contains(event.point)) {
+        popup_.schedule(kPopupDelay, [this] { popupItemizedOptions(); });
+    } else {
+        cycleValueForward(event.point.x >= bounds().midX());
+    }
+}
+
+void QVMItemizedControl::popupItemizedOptions() {
+    if (window())
+        window()->popUpMenu(itemMenu(), convertToWindow(Point{bgFrame().minX(), bgFrame().minY() - kMenuGap}));
+}
+
+std::unique_ptr<Menu> QVMItemizedControl::itemMenu() {
+    auto menu = std::make_unique<Menu>();
+    menu->title = parameter().labelString.empty() ? parameter().name : parameter().labelString;
+    float nextValue = parameter().minValue;
+    for (const QVMHierarchyItem& item : parameter().hierarchy)
+        menu->items.push_back(itemFor(item, nextValue));
+    if (!parameter().hierarchy.empty()) return menu;
+    for (const std::string& name : parameter().stringValues)
+        menu->items.push_back(itemFor(name, nextValue++));
+    return menu;
+}
+
+MenuItem QVMItemizedControl::itemFor(const QVMHierarchyItem& item, float& nextValue) {
+    if (item.children.empty()) return itemFor(item.name, nextValue++);
+    MenuItem group;
+    group.title = item.name;
+    for (const QVMHierarchyItem& child : item.children)
+        group.submenu.push_back(itemFor(child, nextValue));
+    return group;
+}
+
+MenuItem QVMItemizedControl::itemFor(const std::string& name, float value) {
+    MenuItem item;
+    item.title = name;
+    item.enabled = parameter().restrictValue(value) == value;
+    item.checked = floatValue() == value;
+    item.action = [self = std::weak_ptr<QVMItemizedControl*>(self_), value] {
+        if (const auto control = self.lock()) (*control)->chooseValue(value);
+    };
+    return item;
+}
+
+void QVMItemizedControl::chooseValue(float value) {
+    const bool forward = value >= floatValue();
+    setFloatValue(value);
+    reportInterfaceInitiatedValueChange();
+    reportDiscreteInteraction();
+    pulse(forward);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,216 @@
+#include "controls/QVMNumberControl.h"
+
+#include "controls/QVMFocusBorder.h"
+#include "controls/TextFitting.h"
+#include "platform/Window.h"
+#include "theme/QVMUITheme.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kValueSize = 16, kUnitSize = 11; // points
+constexpr double kCornerRadius = 10, kFocusRadius = 13;
+constexpr double kTextPadding = 6;
+// Heights of the two lines, and how far the number's middle stands above the box's when a unit is under it.
+constexpr double kValueHeight = 22, kUnitHeight = 14, kValueRise = 6, kUnitDrop = 11;
+constexpr double kDisabledOpacity = 0.35;
+// Of the focus border, where the parameter's colour alone would drown: it is stroked translucently.
+constexpr double kFocusContrast = minimumTextContrast;
+
+// Where each granularity's points stand in the parameter's list.
+constexpr std::array<std::size_t, 3> kPixelConstantIndex = {1, 0, 2};
+constexpr double kDefaultPixels = 120; // for a parameter without such a list
+constexpr double kTravel = 1.5;        // points of drag a point of range
+constexpr double kFineSlowdown = 6;
+constexpr float kTenKilohertz = 10000, kFineHertz = 10, kFineHertzAbove = 100;
+
+} // namespace
+
+QVMNumberControl::QVMNumberControl(const Rect& frame, const QVMParameter& parameter)
+    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
+      hover_(std::make_shared<Layer>(YAxis::up)), value_(std::make_shared<TextLayer>(YAxis::up)),
+      unit_(std::make_shared<TextLayer>(YAxis::up)) {
+    bg_->setName("bg");
+    hover_->setName("hover");
+    hover_->setOpacity(0);
+    value_->setName("value");
+    unit_->setName("unit");
+    std::size_t index = 0;
+    for (const std::shared_ptr<Layer>& sublayer :
+         {bg_, hover_, std::shared_ptr<Layer>(value_), std::shared_ptr<Layer>(unit_)}) {
+        layer()->insertSublayer(sublayer, index++); // below the focus border
+    }
+    setCursor(parameter.horizontal ? Cursor::resizeLeftRight : Cursor::resizeUpDown);
+    redraw();
+}
+
+QVMNumberControl::~QVMNumberControl() {
+    popDragCursor();
+}
+
+double QVMNumberControl::rangeForGranularity(std::int32_t granularity) const {
+    const std::vector<double>& pixels = parameter().numberOnlyPixelConstants;
+    const auto code = static_cast<std::size_t>(granularity);
+    const std::size_t index = kPixelConstantIndex[code < kPixelConstantIndex.size() ? code : 0];
+    return index < pixels.size() ? pixels[index] : kDefaultPixels;
+}
+
+double QVMNumberControl::diffMultForGranularityFloatValueArbitraryPixelConstant(std::int32_t granularity, float value,
+                                                                                double pixels) const {
+    if (granularity != QVMGranularityFine) return 1;
+    const QVMParameter& p = parameter();
+    const double step = p.granularityValueForType(QVMGranularityFine, value);
+    const double range = p.valueRange();
+    // Even in values rather than in octaves, and in steps that can be shown.
+    const double logarithmic =
+        p.logarithmic ? range / ((std::log(p.maxValue) - std::log(p.minValue)) * static_cast<double>(value)) : 1;
+    const double leastStep = value < kTenKilohertz ? kFineHertz : kFineHertzAbove;
+    const double coarsened = p.unit == QVMUnitHertz ? std::max(step, leastStep) / step : 1;
+    return logarithmic * coarsened * std::min(pixels / (range / step), 1.0) / kFineSlowdown;
+}
+
+double QVMNumberControl::axisCoordinate(const QVMEvent& event) const {
+    return parameter().horizontal ? event.point.x : event.point.y;
+}
+
+void QVMNumberControl::handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
+    startPoint_ = axisCoordinate(event);
+    startValue_ = floatValue();
+    diffWas_ = 0;
+    startPercentage_ = parameter().percentageFromFloatValue(startValue_);
+    popDragCursor();
+    if (!window()) return;
+    cursorWindow_ = window();
+    cursorWindow_->pushCursor(cursor());
+}
+
+void QVMNumberControl::handleMouseDraggedWithEventGranularities(const QVMEvent& event,
+                                                                const QVMGranularities& granularities) {
+    const double moved = axisCoordinate(event) - startPoint_;
+    const double pixels = rangeForGranularity(granularities.is);
+    const double perPoint =
+        diffMultForGranularityFloatValueArbitraryPixelConstant(granularities.is, floatValue(), pixels) /
+        (kTravel * pixels);
+    const auto way = static_cast<float>(perPoint * moved) + diffWas_;
+    // Clamped as a fraction, not as points: whoever comes back from beyond an end moves at once.
+    const float clamped = std::min(std::max(way, -startPercentage_), 1 - startPercentage_);
+
+    setFloatValue(parameter().normalizedFloatValueFromPercent(startPercentage_ + clamped,
+                                                              static_cast<std::uint32_t>(granularities.is)));
+    reportInterfaceInitiatedValueChange();
+    startPoint_ = axisCoordinate(event);
+    diffWas_ = clamped;
+}
+
+void QVMNumberControl::handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities&) {
+    popDragCursor();
+}
+
+void QVMNumberControl::popDragCursor() {
+    if (cursorWindow_) cursorWindow_->popCursor();
+    cursorWindow_ = nullptr;
+}
+
+void QVMNumberControl::viewWillMoveToWindow(Window* newWindow) {
+    if (newWindow != cursorWindow_) popDragCursor();
+}
+
+void QVMNumberControl::layOut() {
+    const Rect box = bounds();
+    bg_->setFrame(box);
+    hover_->setFrame(box);
+    for (const auto& layer : {bg_, hover_})
+        layer->setCornerRadius(std::min(kCornerRadius, box.height / 2));
+    const bool hasUnit = !unit_->string().isEmpty();
+    const double middle = box.midY() + (hasUnit ? kValueRise : 0);
+    value_->setFrame({kTextPadding, middle - kValueHeight / 2, box.width - 2 * kTextPadding, kValueHeight});
+    unit_->setFrame(
+        {kTextPadding, box.midY() - kUnitDrop - kUnitHeight / 2, box.width - 2 * kTextPadding, kUnitHeight});
+}
+
+void QVMNumberControl::redraw() {
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    std::string text;
+    std::optional<std::string> suffix;
+    parameter().valueString(&text, &suffix, floatValue());
+    unit_->setString({suffix.value_or(""), QVMUITheme::unitFontOfSize(kUnitSize), palette.unit});
+    layOut();
+    if (!displayingTransient_) {
+        const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, 0);
+        value_->setString(shrunkenToWidth({text, font, palette.value}, value_->bounds().width));
+    }
+    bg_->setBackgroundColor(palette.boxFill);
+    bg_->setBorder(1, displayingTransient_ ? colorFrom(parameter().color) : palette.boxBorder);
+    hover_->setBackgroundColor(palette.hover);
+    highlight()->setStrokeNSColor(contrasted(colorFrom(parameter().color), palette.panel, kFocusContrast));
+    for (const std::shared_ptr<Layer>& part : {bg_, std::shared_ptr<Layer>(value_), std::shared_ptr<Layer>(unit_)}) {
+        part->setOpacity(isDisabled() ? kDisabledOpacity : 1);
+    }
+    showHover();
+}
+
+void QVMNumberControl::setFloatValue(float value) {
+    QVMFloatControl::setFloatValue(value);
+    redraw();
+}
+
+void QVMNumberControl::setHighlit(bool highlit) {
+    animateHighlightToFramePositionRoundingInset(bounds(), {}, kFocusRadius, true);
+    QVMFloatControl::setHighlit(highlit);
+}
+
+void QVMNumberControl::setDimmed(bool dimmed) {
+    QVMFloatControl::setDimmed(dimmed);
+    showHover();
+}
+
+void QVMNumberControl::setPreventInteraction(bool prevent) {
+    QVMFloatControl::setPreventInteraction(prevent);
+    redraw();
+}
+
+double QVMNumberControl::transientStringPreferredFontSize() const {
+    return kValueSize;
+}
+
+void QVMNumberControl::displayTransientBufferValue(const AttributedString& text) {
+    AttributedString shown = text;
+    for (TextRun& run : shown.runs)
+        run.color = QVMUITheme::theme().palette.value;
+    value_->setString(shrunkenToWidth(std::move(shown), value_->bounds().width));
+    redraw();
+}
+
+void QVMNumberControl::discardTransientBufferValue() {
+    displayingTransient_ = false;
+    redraw();
+}
+
+void QVMNumberControl::themeUpdated() {
+    redraw();
+}
+
+void QVMNumberControl::frameDidChange() {
+    redraw();
+}
+
+void QVMNumberControl::mouseEntered(const Event&) {
+    hovered_ = true;
+    showHover();
+}
+
+void QVMNumberControl::mouseExited(const Event&) {
+    hovered_ = false;
+    showHover();
+}
+
+void QVMNumberControl::showHover() {
+    hover_->setOpacity(hovered_ && !isDisabled() && !dimmed() ? 1 : 0);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,68 @@
+// A number over its unit in a box: dragged up and down (or sideways) to change, or typed over.
+//
+// A drag is relative. How far the pointer must go for the whole range is the parameter's choice for each granularity;
+// what is accumulated and clamped is the way through the range, so that coming back from beyond an end moves at once.
+// Main thread only.
+#pragma once
+
+#include "controls/QVMFloatControl.h"
+#include "platform/TextLayer.h"
+
+namespace QVM_NAMESPACE {
+
+class QVMNumberControl : public QVMFloatControl, public QVMTransientBufferDisplay {
+public:
+    QVMNumberControl(const Rect& frame, const QVMParameter& parameter);
+    ~QVMNumberControl() override;
+
+    bool cycleArrows() const { return false; }
+    bool incrementOnMouseUp() const { return false; }
+
+    // Points of drag for the range at a granularity code, before the general factor of one and a half.
+    double rangeForGranularity(std::int32_t granularity) const;
+    // By how much a drag is faster or slower at a granularity and a value; 1 unless fine.
+    double diffMultForGranularityFloatValueArbitraryPixelConstant(std::int32_t granularity, float value,
+                                                                  double pixels) const;
+
+    void setFloatValue(float value) override;
+    void setHighlit(bool highlit) override;
+    void setDimmed(bool dimmed) override;
+    void setPreventInteraction(bool prevent) override;
+    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
+                                                  const QVMGranularities& granularities) override;
+    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void themeUpdated() override;
+    void mouseEntered(const Event& event) override;
+    void mouseExited(const Event& event) override;
+    void frameDidChange() override;
+    void viewWillMoveToWindow(Window* window) override;
+
+    void displayTransientBufferValue(const AttributedString& text) override;
+    void discardTransientBufferValue() override;
+    bool displayingTransientBufferValue() const override { return displayingTransient_; }
+    void setDisplayingTransientBufferValue(bool displaying) override { displayingTransient_ = displaying; }
+    double transientStringPreferredFontSize() const override;
+
+    const std::shared_ptr<Layer>& bg() const { return bg_; }
+    const std::shared_ptr<TextLayer>& value() const { return value_; }
+    const std::shared_ptr<TextLayer>& unit() const { return unit_; }
+
+private:
+    double axisCoordinate(const QVMEvent& event) const;
+    void layOut();
+    void redraw();
+    void showHover();
+    void popDragCursor();
+
+    std::shared_ptr<Layer> bg_, hover_;
+    std::shared_ptr<TextLayer> value_, unit_;
+    double startPoint_ = 0;     // the pointer's axis coordinate at the previous event
+    float startValue_ = 0;      // at the press
+    float startPercentage_ = 0; // at the press
+    float diffWas_ = 0;         // fraction of the range moved so far
+    bool hovered_ = false, displayingTransient_ = false;
+    Window* cursorWindow_ = nullptr; // where this control's drag cursor is pushed
+};
+
+} // namespace QVM_NAMESPACE

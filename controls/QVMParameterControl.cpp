@@ -1,0 +1,245 @@
+#include "controls/QVMParameterControl.h"
+
+#include "controls/QVMRangeControl.h"
+#include "controls/QVMVerticalSlider.h"
+#include "platform/RunLoop.h"
+#include "theme/QVMUITheme.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr const char* kMasterSwitch = "MasterOnOff";
+constexpr double kDimmedAlpha = 0.2;
+constexpr double kQuickTapSeconds = 5;
+constexpr double kTimeOrigin = 1e9; // seconds; taps are timed from long before any run loop began
+constexpr float kThousand = 1000;
+
+Rect rectFrom(const QVMRect& r) {
+    return {r.x, r.y, r.width, r.height};
+}
+
+Rect controlFrameOf(const QVMParameter* parameter) {
+    return parameter ? rectFrom(parameter->controlFrame) : Rect{};
+}
+
+// A decimal number with a point; 0 for anything else.
+float parsedNumber(const std::string& text) {
+    if (text.empty() || text.find_first_not_of("-.0123456789") != std::string::npos) return 0;
+    float number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
+    return error == std::errc() && rest == end ? number : 0;
+}
+
+// The master switch has a class of its own, whatever its type says.
+QVMFloatControlClass classFor(const QVMParameter& parameter, std::int32_t controlType) {
+    return parameter.codesafeName == kMasterSwitch ? masterControlClass() : controlClassForType(controlType);
+}
+
+std::size_t indexOfNearest(const std::vector<double>& entries, double value) {
+    const auto nearest = std::min_element(entries.begin(), entries.end(), [value](double one, double other) {
+        return std::abs(one - value) < std::abs(other - value);
+    });
+    return nearest == entries.end() ? 0 : static_cast<std::size_t>(nearest - entries.begin());
+}
+
+} // namespace
+
+QVMParameterControl::QVMParameterControl(const Rect& frame, const Rect& /*labelFrame*/, const QVMParameter* parameter,
+                                         float initialValue)
+    : QVMParameterControl(frame, parameter, initialValue,
+                          parameter ? classFor(*parameter, parameter->controlType) : nullptr,
+                          controlFrameOf(parameter)) {}
+
+QVMParameterControl::QVMParameterControl(const Rect& frame, const QVMParameter* parameter, float initialValue,
+                                         QVMFloatControlClass primaryClass, const Rect& controlFrame)
+    : Control(frame), parameter_(parameter) {
+    if (parameter && primaryClass) {
+        primaryControl_ = &addSubview(primaryClass(controlFrame.isEmpty() ? bounds() : controlFrame, *parameter));
+        primaryControl_->setAction([this](Control&) {
+            updateBands();
+            sliderUpdated();
+        });
+        primaryControl_->setDelegate(this);
+    }
+    QVMParameterControl::setFloatValue(initialValue);
+    layer()->setMasksToBounds(false); // the focus border stands outside
+    toggleTooltip(true);
+    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, window(),
+                                                                    [this](const Notification&) { themeUpdated(); });
+}
+
+QVMParameterControl::~QVMParameterControl() {
+    for (QVMRangeControl* band : bands_)
+        band->forget(*this);
+}
+
+Rect QVMParameterControl::controlFrame() const {
+    return controlFrameOf(parameter_);
+}
+
+QVMFloatControlClass QVMParameterControl::classForControlType(std::int32_t controlType) const {
+    return parameter_ ? classFor(*parameter_, controlType) : controlClassForType(controlType);
+}
+
+float QVMParameterControl::floatValue() const {
+    return primaryControl_ ? primaryControl_->floatValue() : 0;
+}
+
+void QVMParameterControl::setFloatValue(float value) {
+    if (!primaryControl_) return;
+    float shown = parameter_->normalizeFloatValue(value, QVMGranularityFine);
+    if (immutableFloatValue_) shown = *immutableFloatValue_;
+    if (primaryControl_->floatValue() == shown && primaryControl_->userControlling()) return;
+    primaryControl_->setFloatValue(shown);
+    updateBands();
+}
+
+void QVMParameterControl::updateBands() {
+    for (QVMRangeControl* band : bands_)
+        band->followMember(*this);
+}
+
+void QVMParameterControl::reportValueChange() {
+    sendAction();
+}
+
+void QVMParameterControl::setUserInitiatedValueInternally(float value) {
+    setFloatValue(value);
+    reportValueChange();
+    if (!primaryControl_) return;
+    primaryControl_->reportDiscreteInteraction();
+    QVMTransientBufferDisplayClear(primaryControl_);
+}
+
+void QVMParameterControl::setStringValue(const std::string& text) {
+    std::string digits = text;
+    float multiplier = 1;
+    if (digits.ends_with('k')) {
+        std::erase(digits, 'k');
+        multiplier = kThousand;
+    }
+    std::replace(digits.begin(), digits.end(), ',', '.');
+    float value = parsedNumber(digits) * multiplier;
+    if (parameter_ && parameter_->textEntryNumbers)
+        value = static_cast<float>(indexOfNearest(*parameter_->textEntryNumbers, value));
+    setUserInitiatedValueInternally(value);
+}
+
+bool QVMParameterControl::acceptsTransientStringBuffers() const {
+    return dynamic_cast<QVMTransientBufferDisplay*>(primaryControl_) != nullptr;
+}
+
+void QVMParameterControl::setTransientStringValue(const std::string& text) {
+    auto* const display = dynamic_cast<QVMTransientBufferDisplay*>(primaryControl_);
+    if (!display || !focused_) return;
+    display->setDisplayingTransientBufferValue(true);
+    display->displayTransientBufferValue(QVMVerticalSlider::formattedReadoutStringForValueSuffixFontSize(
+        text, "", display->transientStringPreferredFontSize()));
+}
+
+void QVMParameterControl::setFocused(bool focused) {
+    const bool isChanged = focused != focused_;
+    focused_ = focused;
+    if (!primaryControl_) return;
+    if (isChanged) primaryControl_->setHighlit(focused);
+    if (!focused) QVMTransientBufferDisplayClear(primaryControl_);
+}
+
+bool QVMParameterControl::incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) {
+    return primaryControl_ && primaryControl_->incrementWithArrowGranularity(arrow, granularity);
+}
+
+void QVMParameterControl::handleModalClick(const Event& event) {
+    if (primaryControl_) primaryControl_->handleModalClick(event);
+}
+
+void QVMParameterControl::updateScalarIndicatorWithValueOffsetAnimateClipping(float value, float offset,
+                                                                              Animate animate, bool clipping) {
+    if (primaryControl_)
+        primaryControl_->updateScalarIndicatorWithValueOffsetAnimateClipping(value, offset, animate, clipping);
+}
+
+bool QVMParameterControl::toggleBooleanControl() {
+    if (!primaryControl_) return false;
+    const bool isTwoState =
+        (parameter_->unit == QVMUnitIndexed && parameter_->valueRange() == 1.0f) || parameter_->unit == QVMUnitSwitch;
+    if (!isTwoState) return false;
+    primaryControl_->setFloatValue(floatValue() == 0.0f ? 1.0f : 0.0f);
+    reportValueChange();
+    primaryControl_->reportDiscreteInteraction();
+    return true;
+}
+
+bool QVMParameterControl::tap() {
+    if (!primaryControl_ || parameter_->tap.empty() || primaryControl_->isDisabled()) return false;
+    const double now = kTimeOrigin + RunLoop::main().now();
+    if (now - lastTap_ < kQuickTapSeconds) setUserInitiatedValueInternally(0);
+    lastTap_ = now;
+    return true;
+}
+
+void QVMParameterControl::setDimmedDelayPriorityKey(bool dimmed, double /*delay*/, unsigned priority,
+                                                    const std::string& key) {
+    if (dimmed)
+        dimHolds_[key] = priority;
+    else
+        dimHolds_.erase(key);
+    if (dimmed != isDimmed()) return; // someone else holds it still
+    if (primaryControl_) primaryControl_->setDimmed(dimmed);
+    animateAlpha(dimmed ? kDimmedAlpha : 1);
+}
+
+void QVMParameterControl::toggleTooltip(bool on) {
+    setToolTip(on && parameter_ ? parameter_->name : "");
+}
+
+void QVMParameterControl::themeUpdated() {
+    layer()->setNeedsDisplay();
+    if (primaryControl_) primaryControl_->setFloatValue(floatValue());
+}
+
+void QVMParameterControl::mouseDown(const Event& event) {
+    if (event.clickCount == 2) return setTransientStringValue("");
+    const Rect inside = controlFrame();
+    handlingOutsideClick_ = !inside.isEmpty() && !inside.contains(convertFromWindow(event.locationInWindow));
+    if (handlingOutsideClick_ && primaryControl_) primaryControl_->handleMouseDownEvent({event, *primaryControl_});
+    Control::mouseDown(event);
+}
+
+void QVMParameterControl::mouseDragged(const Event& event) {
+    if (handlingOutsideClick_ && primaryControl_) primaryControl_->handleMouseDraggedEvent({event, *primaryControl_});
+}
+
+void QVMParameterControl::mouseUp(const Event& event) {
+    if (handlingOutsideClick_ && primaryControl_) primaryControl_->handleMouseUpEvent({event, *primaryControl_});
+    handlingOutsideClick_ = false;
+}
+
+void QVMParameterControl::floatControlInteractionDidChangeToEvent(QVMFloatControl&, QVMInteraction state,
+                                                                  const Event* event) {
+    if (delegate_) delegate_->parameterControlDidChangeInteractionStateEvent(*this, state, event);
+}
+
+void QVMParameterControl::floatControlWantsToPerformStaticConversion(QVMFloatControl&, std::int32_t value) {
+    if (delegate_) delegate_->parameterControlWantsToPerformStaticConversion(*this, value);
+}
+
+void QVMParameterControl::floatControlHasRequestedDocumentation(QVMFloatControl&) {
+    if (delegate_) delegate_->parameterControlHasRequestedDocumentation(*this);
+}
+
+void QVMParameterControl::floatControlWantsToDisplayModal(QVMFloatControl&, View& modal) {
+    if (delegate_) delegate_->parameterControlWantsToDisplayModal(*this, modal);
+}
+
+void QVMParameterControl::floatControlDidTapMeaninglessly(QVMFloatControl&) {
+    if (delegate_) delegate_->parameterControlDidTapMeaninglessly(*this);
+}
+
+} // namespace QVM_NAMESPACE

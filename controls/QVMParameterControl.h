@@ -1,0 +1,122 @@
+// The piece an editor is built from: one parameter with the control that edits it.
+//
+// It chooses and places the inner control, carries values in and out, takes typed-in text, hands clicks beside the
+// inner control to it, and remembers who holds it dimmed. It is the inner control's delegate and reports everything to
+// its own. Every value that the user makes leaves as this control's action. Main thread only.
+#pragma once
+
+#include "controls/ControlClasses.h"
+#include "controls/QVMParameterControlDelegate.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+class QVMRangeControl;
+
+class QVMParameterControl : public Control, public QVMFloatControlDelegate {
+public:
+    // The parameter outlives the control; with none there is no inner control either. Labels are drawn by the editor:
+    // their frame is not used here.
+    QVMParameterControl(const Rect& frame, const Rect& labelFrame, const QVMParameter* parameter, float initialValue);
+    ~QVMParameterControl() override;
+
+    const QVMParameter* parameter() const { return parameter_; }
+    // Null when the parameter's control type has no class.
+    QVMFloatControl* primaryControl() const { return primaryControl_; }
+    // Where the inner control stands, in own coordinates; empty: it fills the bounds.
+    virtual Rect controlFrame() const;
+    // The class of the inner control, or null; the master switch has a class of its own.
+    QVMFloatControlClass classForControlType(std::int32_t controlType) const;
+
+    float floatValue() const override;
+    // Shows a value from the model or the host, normalised at the fine step; sends nothing.
+    void setFloatValue(float value) override;
+    // Pins what is shown, whatever is pushed in; applied with the next value.
+    const std::optional<float>& immutableFloatValue() const { return immutableFloatValue_; }
+    void setImmutableFloatValue(std::optional<float> value) { immutableFloatValue_ = value; }
+    // Sends the action.
+    void reportValueChange();
+    // Sets a value as if the user had made it: action, discrete interaction, and no half-typed text left.
+    void setUserInitiatedValueInternally(float value);
+    // Takes typed-in text: a decimal number with point or comma, "k" behind it for thousands. No number is 0.
+    void setStringValue(const std::string& text);
+    // Whether and how text shows while it is being typed; only a focused control shows any.
+    bool acceptsTransientStringBuffers() const;
+    void setTransientStringValue(const std::string& text);
+
+    bool focused() const { return focused_; }
+    // Shows keyboard focus; losing it discards half-typed text.
+    void setFocused(bool focused);
+    bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity);
+    void handleModalClick(const Event& event);
+    void updateScalarIndicatorWithValueOffsetAnimateClipping(float value, float offset, Animate animate, bool clipping);
+    // Flips a two-state parameter; false for any other.
+    bool toggleBooleanControl();
+    // Accepts a tap on a control with a tap setting; a second one within 5 s sets the value to 0.
+    bool tap();
+
+    // Holds the control dimmed under `key`, or lets go; it is dimmed while anyone holds it. The delay (seconds) is not
+    // used and the priority only recorded.
+    void setDimmedDelayPriorityKey(bool dimmed, double delay, unsigned priority, const std::string& key);
+    bool isDimmed() const { return !dimHolds_.empty(); }
+    const std::map<std::string, unsigned>& dimHolds() const { return dimHolds_; }
+    // Switches the tooltip (the parameter's name) on or off.
+    void toggleTooltip(bool on);
+
+    // All borrowed, null for none: the editor, the view of the clump, and the range that the parameter belongs to.
+    QVMParameterControlDelegate* delegate() const { return delegate_; }
+    void setDelegate(QVMParameterControlDelegate* delegate) { delegate_ = delegate; }
+    View* clumpView() const { return clumpView_; }
+    void setClumpView(View* clumpView) { clumpView_ = clumpView; }
+    QVMRangeControl* range() const { return range_; }
+    void setRange(QVMRangeControl* range) { range_ = range; }
+    bool handlingOutsideClick() const { return handlingOutsideClick_; }
+    double lastTap() const { return lastTap_; } // seconds on the run loop's clock, counted from a time long before it
+
+    // Clicks that do not land on the inner control, and those that it passes on.
+    void mouseDown(const Event& event) override;
+    void mouseDragged(const Event& event) override;
+    void mouseUp(const Event& event) override;
+
+    // Reports of the inner control.
+    void floatControlInteractionDidChangeToEvent(QVMFloatControl& control, QVMInteraction state,
+                                                 const Event* event) override;
+    void floatControlWantsToPerformStaticConversion(QVMFloatControl& control, std::int32_t value) override;
+    void floatControlHasRequestedDocumentation(QVMFloatControl& control) override;
+    void floatControlDidPerformMetaActionWithEvent(QVMFloatControl&, std::int32_t, const QVMEvent*) override {}
+    void floatControlWantsToChangeMultipleValuesMotion(QVMFloatControl&, const std::map<std::uint32_t, float>&,
+                                                       double) override {}
+    void floatControlWantsToDisplayModal(QVMFloatControl& control, View& modal) override;
+    void floatControlDidTapMeaninglessly(QVMFloatControl& control) override;
+
+protected:
+    // For subclasses with an inner control and a place of their own.
+    QVMParameterControl(const Rect& frame, const QVMParameter* parameter, float initialValue,
+                        QVMFloatControlClass primaryClass, const Rect& controlFrame);
+    // The action of the inner control.
+    virtual void sliderUpdated() { reportValueChange(); }
+
+private:
+    friend class QVMRangeControl; // attaches itself to its two members
+    void themeUpdated();
+    void updateBands();
+
+    const QVMParameter* parameter_;
+    QVMFloatControl* primaryControl_ = nullptr; // a subview
+    std::optional<float> immutableFloatValue_;
+    bool focused_ = false;
+    std::map<std::string, unsigned> dimHolds_; // priority by key
+    bool handlingOutsideClick_ = false;
+    double lastTap_ = 0;
+    QVMParameterControlDelegate* delegate_ = nullptr;
+    View* clumpView_ = nullptr;
+    QVMRangeControl* range_ = nullptr;
+    std::vector<QVMRangeControl*> bands_; // range controls that show this value; they detach themselves
+    ObservationToken themeObservation_;
+};
+
+} // namespace QVM_NAMESPACE

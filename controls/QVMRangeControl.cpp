@@ -1,0 +1,115 @@
+#include "controls/QVMRangeControl.h"
+
+#include "controls/QVMRangeSlider.h"
+
+#include <algorithm>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kGlideSeconds = 0.1;
+
+Rect bandFrame(const QVMParameter* parameter, double height) {
+    if (!parameter) return {};
+    return {parameter->controlFrame.x, 0, parameter->controlFrame.width, height};
+}
+
+QVMVerticalSlider* sliderOf(const QVMParameterControl* control) {
+    return control ? dynamic_cast<QVMVerticalSlider*>(control->primaryControl()) : nullptr;
+}
+
+float valueOf(const QVMParameterControl* control) {
+    return control ? control->floatValue() : 0;
+}
+
+} // namespace
+
+QVMRangeControl::QVMRangeControl(const Rect& frame, const Rect& /*labelFrame*/, const QVMParameter* parameter,
+                                 float initialValue)
+    : QVMParameterControl(frame, parameter, initialValue, &makeFloatControl<QVMRangeSlider>,
+                          bandFrame(parameter, frame.height)) {}
+
+QVMRangeControl::~QVMRangeControl() {
+    attach(low_, nullptr);
+    attach(high_, nullptr);
+}
+
+Rect QVMRangeControl::controlFrame() const {
+    return bandFrame(parameter(), bounds().height);
+}
+
+QVMRangeSlider* QVMRangeControl::rangeSlider() const {
+    return static_cast<QVMRangeSlider*>(primaryControl());
+}
+
+void QVMRangeControl::setPairing(bool pairing) {
+    pairing_ = pairing;
+    if (rangeSlider()) rangeSlider()->setPairing(pairing);
+}
+
+void QVMRangeControl::setInteractive(bool interactive) {
+    interactive_ = interactive;
+    if (rangeSlider()) rangeSlider()->setInteractive(interactive);
+}
+
+void QVMRangeControl::setLow(QVMParameterControl* control) {
+    attach(low_, control);
+    if (rangeSlider() && control && control->parameter()) rangeSlider()->setLowPid(control->parameter()->pid);
+}
+
+void QVMRangeControl::setHigh(QVMParameterControl* control) {
+    attach(high_, control);
+    if (rangeSlider() && control && control->parameter()) rangeSlider()->setHighPid(control->parameter()->pid);
+}
+
+void QVMRangeControl::attach(QVMParameterControl*& member, QVMParameterControl* control) {
+    if (member) {
+        std::erase(member->bands_, this);
+        if (member->range_ == this) member->range_ = nullptr;
+    }
+    member = control;
+    if (!member) return;
+    member->bands_.push_back(this);
+    updateRangeAnimated(Animate::no);
+}
+
+void QVMRangeControl::forget(const QVMParameterControl& member) {
+    if (low_ == &member) low_ = nullptr;
+    if (high_ == &member) high_ = nullptr;
+}
+
+void QVMRangeControl::updateRangeAnimated(Animate animate) {
+    if (!rangeSlider()) return;
+    rangeSlider()->updateForLowHighAnimation(valueOf(low_), valueOf(high_),
+                                             animate == Animate::yes ? kGlideSeconds : 0);
+}
+
+void QVMRangeControl::followMember(const QVMParameterControl& member) {
+    const QVMVerticalSlider* slider = sliderOf(&member);
+    updateRangeAnimated(slider && slider->isHandleGliding() ? Animate::yes : Animate::no);
+}
+
+View* QVMRangeControl::hitTest(Point pointInSuperview) {
+    View* hit = interactive_ ? QVMParameterControl::hitTest(pointInSuperview) : nullptr;
+    if (!hit || !superview()) return hit;
+    QVMVerticalSlider* const low = sliderOf(low_);
+    QVMVerticalSlider* const high = sliderOf(high_);
+    for (QVMVerticalSlider* slider : {low, high}) {
+        if (slider && slider->isOnHandle(slider->convertFromView(pointInSuperview, *superview()))) return slider;
+    }
+    const Point point = convertFromView(pointInSuperview, *superview()) - controlFrame().origin();
+    const double position = rangeSlider() ? rangeSlider()->relevantFromPoint(point) : 0;
+    if (low && position < low->idealHandleValue()) return low;
+    if (high && position > high->idealHandleValue()) return high;
+    return hit;
+}
+
+void QVMRangeControl::floatControlDidPerformMetaActionWithEvent(QVMFloatControl&, std::int32_t code,
+                                                                const QVMEvent* event) {
+    for (const QVMParameterControl* member : {high_, low_}) {
+        if (member && member->primaryControl()) member->primaryControl()->handleMetaActionWithEvent(code, event);
+    }
+}
+
+} // namespace QVM_NAMESPACE

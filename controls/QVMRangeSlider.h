@@ -1,0 +1,57 @@
+// The common track of a low/high pair, with the band between the two values.
+//
+// It shows both values and edits neither: its gestures go to the delegate, which performs them on both ends. Of the two
+// that stand in the same place, the one that is not interactive draws; the other only answers the pointer.
+#pragma once
+
+#include "controls/QVMVerticalSlider.h"
+
+namespace QVM_NAMESPACE {
+
+class QVMRangeSlider final : public QVMVerticalSlider {
+public:
+    QVMRangeSlider(const Rect& frame, const QVMParameter& parameter);
+
+    // The two values, shown domain, and whose they are.
+    double low() const { return low_; }
+    double high() const { return high_; }
+    std::uint32_t lowPid() const { return lowPid_; }
+    void setLowPid(std::uint32_t pid) { lowPid_ = pid; }
+    std::uint32_t highPid() const { return highPid_; }
+    void setHighPid(std::uint32_t pid) { highPid_ = pid; }
+    bool pairing() const { return pairing_; }
+    void setPairing(bool pairing) { pairing_ = pairing; }
+    bool interactive() const { return interactive_; }
+    void setInteractive(bool interactive);
+
+    // Shows two values, gliding there in `seconds` (0: at once).
+    void updateForLowHighAnimation(double low, double high, double seconds);
+    const std::shared_ptr<Layer>& band() const { return band_; }
+
+    bool doLimit() const override { return false; }
+    void setFloatValue(float value) override { QVMFloatControl::setFloatValue(value); } // it has no handle to move
+    void setHighlit(bool highlit) override;
+    void resetToInitialValue() override;
+    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void handleMouseDraggedWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void mouseMoved(const Event&) override { showHover(true); }
+    void mouseExited(const Event&) override { showHover(false); }
+
+protected:
+    void layOut() override;
+
+private:
+    void performMetaAction(std::int32_t code, const QVMEvent* event);
+    void updatePositionForLowHighAnimation(double seconds);
+    void layOutTicks();
+    void showHover(bool hovered);
+
+    double low_ = 0, high_ = 0;
+    std::uint32_t lowPid_ = 0, highPid_ = 0;
+    bool pairing_ = false, interactive_ = false;
+    std::shared_ptr<Layer> band_, hoverLight_;
+    std::shared_ptr<ShapeLayer> ticks_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,135 @@
+#include "controls/QVMSymbolButton.h"
+
+#include "controls/QVMCycleControl.h"
+#include "theme/QVMUITheme.h"
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kLightInset = 2, kLightRadius = 5; // points
+constexpr float kLightAlpha = 0.4f, kHoverAlpha = 0.1f;
+constexpr double kDisabledOpacity = 0.2;
+
+std::shared_ptr<Layer> makeLight(const char* name) {
+    auto light = std::make_shared<Layer>();
+    light->setName(name);
+    light->setBackgroundColor(Color::white(1, kLightAlpha));
+    light->setCornerRadius(kLightRadius);
+    light->setOpacity(0);
+    return light;
+}
+
+} // namespace
+
+QVMSymbolButton::QVMSymbolButton(const Rect& frame, std::string glyph, double size, Color color)
+    : Control(frame), color_(color), size_(size), hoverLight_(makeLight("hoverLight")),
+      spotlight_(makeLight("spotlight")), warningLight_(makeLight("warningLight")),
+      glyph_(std::make_shared<TextLayer>()) {
+    font_ = defaultFont();
+    glyph_->setName("glyph");
+    glyph_->setAlignment(TextAlignment::center, TextPlacement::middle);
+    layer()->addSublayer(hoverLight_);
+    layer()->addSublayer(spotlight_);
+    layer()->addSublayer(warningLight_);
+    layer()->addSublayer(glyph_);
+    layOut();
+    symbol_ = std::move(glyph);
+    glyph_->setString(AttributedString(symbol_, font_, color_));
+    hoverLight_->setBackgroundColor(color_.withAlpha(kHoverAlpha));
+}
+
+Font QVMSymbolButton::defaultFont() const {
+    return QVMUITheme::iconFontOfSize(size_);
+}
+
+void QVMSymbolButton::setFont(Font font) {
+    font_ = std::move(font);
+    showGlyph();
+}
+
+void QVMSymbolButton::resetGlyphColor(std::string glyph, Color color) {
+    symbol_ = std::move(glyph);
+    color_ = color;
+    hoverLight_->setBackgroundColor(color_.withAlpha(kHoverAlpha));
+    showGlyph();
+    layOut();
+}
+
+AttributedString QVMSymbolButton::attributedStringForGlyphColor(const std::string& glyph,
+                                                                std::optional<Color> color) const {
+    return {glyph, font_, color.value_or(color_)};
+}
+
+void QVMSymbolButton::showGlyph() {
+    glyph_->setString(attributedStringForGlyphColor(symbol_, std::nullopt));
+}
+
+void QVMSymbolButton::layOut() {
+    const Rect light = bounds().insetBy(kLightInset, kLightInset);
+    hoverLight_->setFrame(light);
+    spotlight_->setFrame(light);
+    warningLight_->setFrame(light);
+    glyph_->setFrame(bounds());
+}
+
+void QVMSymbolButton::frameDidChange() {
+    layOut();
+}
+
+void QVMSymbolButton::setButtonEnabled(bool enabled) {
+    buttonEnabled_ = enabled;
+    glyph_->setOpacity(enabled ? 1 : kDisabledOpacity);
+    showHover();
+}
+
+void QVMSymbolButton::setSelected(bool selected) {
+    selected_ = selected;
+    spotlight_->setOpacity(selected ? 1 : 0);
+}
+
+void QVMSymbolButton::setWarning(bool warning) {
+    const bool changed = warning != warning_;
+    warning_ = warning;
+    warningLight_->setOpacity(warning ? 1 : 0);
+    if (!changed) return;
+    BasicAnimation pulse = QVMCycleControl::standardPulse();
+    pulse.duration = 0.33;
+    pulse.repeatCount = 6;
+    warningLight_->addAnimation(std::move(pulse), "pulse");
+}
+
+void QVMSymbolButton::flash() {
+    BasicAnimation flash;
+    flash.keyPath = "opacity";
+    flash.fromValue = 0.0;
+    flash.toValue = 1.0;
+    flash.duration = 0.125;
+    flash.timing = TimingFunction::easeOut;
+    flash.autoreverses = true;
+    spotlight_->removeAnimation("flash");
+    spotlight_->addAnimation(std::move(flash), "flash");
+}
+
+void QVMSymbolButton::mouseDown(const Event& event) {
+    if (!buttonEnabled_) return;
+    glyph_->addAnimation(QVMCycleControl::standardPulse(), "pulse");
+    sendAction();
+    Control::mouseDown(event); // on to the next responder
+}
+
+void QVMSymbolButton::mouseEntered(const Event&) {
+    hovered_ = true;
+    showHover();
+}
+
+void QVMSymbolButton::mouseExited(const Event&) {
+    hovered_ = false;
+    showHover();
+}
+
+void QVMSymbolButton::showHover() {
+    hoverLight_->setOpacity(hovered_ && buttonEnabled_ ? 1 : 0);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,132 @@
+// The main continuous control: a track with a handle that carries the value, upright or (for a horizontal parameter)
+// lying.
+//
+// A drag is absolute; with the fine modifier it is relative and slowed. A click on the track moves the handle there, a
+// click on a mark sets the mark's value. Values pushed in from outside do not move a handle that is being dragged.
+// Members of a low/high pair have no track of their own: their handles hang above or below the pair's. Main thread
+// only.
+#pragma once
+
+#include "controls/QVMFloatControl.h"
+#include "controls/ReadoutBulb.h"
+#include "controls/SliderScale.h"
+#include "platform/DelayedCall.h"
+
+namespace QVM_NAMESPACE {
+
+enum class SendAction : bool { no, yes };
+enum class ValueOrigin : bool { model, interaction };
+
+class QVMVerticalSlider : public QVMFloatControl, public QVMTransientBufferDisplay {
+public:
+    static constexpr double trackThickness = 14; // points
+    static constexpr double glideSeconds = 0.1;  // of an animated move
+
+    QVMVerticalSlider(const Rect& frame, const QVMParameter& parameter);
+
+    // Geometry: points along the slider's axis, of the handle's centre.
+    bool horizontal() const { return horizontal_; }
+    double lowest() const { return lowest_; }
+    double highest() const { return highest_; }
+    double range() const { return highest_ - lowest_; }
+    void calculateSliderPixelExtents();
+    double relevantFromPoint(Point point) const { return horizontal_ ? point.x : point.y; }
+    Point pointFromRelevant(double position) const;
+    double fractionFromPosition(double position) const { return (position - lowest_) / range(); }
+    double positionFromFraction(double fraction) const { return range() * fraction + lowest_; }
+    // Rounded to whole points; the lowest position for a value that has none.
+    double positionValueFromFloatValue(float value) const;
+    float floatValueFromPositionValueGranularity(double position, std::int32_t granularity) const;
+    // Where the handle belongs, where its layer is, and whether it is still on the way there.
+    double idealHandleValue() const { return positionValueFromFloatValue(floatValue()); }
+    double handleValue() const { return relevantFromPoint(readoutBulb()->position()); }
+    bool isHandleGliding() const;
+    // Whether a point (own coordinates) is on the handle or its pointer.
+    bool isOnHandle(Point point) const { return bulb_.contains(point); }
+    // The groove, own coordinates: what shows inside it belongs into `background()`, below the handle.
+    Rect trackRect() const;
+
+    // Moving. Positions are clamped to the track; the handle snaps to the place of the value that results.
+    void normalizeAndMoveToPositionAnimateSendActionGranularity(double position, Animate animate, SendAction send,
+                                                                std::int32_t granularity);
+    void updatePositionFloatValueAnimateSendAction(double position, float value, Animate animate, SendAction send);
+    void moveToExactFloatValue(float value);
+    // How much slower than the pointer a drag is at a value; 1 unless fine.
+    double diffMultForGranularityFloatValue(std::int32_t granularity, float value) const;
+
+    void setFloatValue(float value) override { setFloatValueFromInteraction(value, ValueOrigin::model); }
+    // A value of the user's own waits while the handle is held or gliding; a newer value of any origin replaces it.
+    void setFloatValueFromInteraction(float value, ValueOrigin origin);
+    void resetToInitialValue() override;
+    bool dragging() const { return dragging_; }
+    bool writeLocked() const { return writeLocked_; }
+    // Whether the handle has been placed at all; the first time it does not glide.
+    bool setOnce() const { return setOnce_; }
+    const std::vector<QVMCueRect>& cueRects() const { return scale_.cueRects(); }
+
+    // Text. Makes the handle as wide as its widest value needs, but not narrower than usual.
+    void sizeReadoutToFitWidestValue();
+    AttributedString potentiallyShrunkenVersionOfString(const AttributedString& text) const;
+    static AttributedString formattedReadoutStringForValueSuffixFontSize(const std::string& value,
+                                                                         const std::optional<std::string>& suffix,
+                                                                         double fontSize);
+    void displayTransientBufferValue(const AttributedString& text) override;
+    void discardTransientBufferValue() override;
+    bool displayingTransientBufferValue() const override { return displayingTransientBufferValue_; }
+    void setDisplayingTransientBufferValue(bool displaying) override;
+    double transientStringPreferredFontSize() const override;
+
+    // Layers.
+    const std::shared_ptr<Layer>& background() const { return background_; }
+    const std::shared_ptr<Layer>& readoutBulb() const { return bulb_.bulb(); }
+    const std::shared_ptr<ShapeLayer>& readoutBg() const { return bulb_.background(); }
+    const std::shared_ptr<ShapeLayer>& readoutBorder() const { return bulb_.border(); }
+    const std::shared_ptr<TextLayer>& readout() const { return bulb_.text(); }
+
+    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
+                                                  const QVMGranularities& granularities) override;
+    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void handleMetaActionWithEvent(std::int32_t code, const QVMEvent* event) override;
+    void setPreventInteraction(bool prevent) override;
+    void themeUpdated() override;
+    void frameDidChange() override;
+    void viewDidMoveToWindow() override { layOut(); }
+    void viewDidChangeBackingProperties() override { layOut(); }
+    void mouseEntered(const Event& event) override { mouseMoved(event); }
+    void mouseMoved(const Event& event) override;
+    void mouseExited(const Event& event) override;
+
+protected:
+    // Places and colours everything; the handle is moved at once.
+    virtual void layOut();
+    void setDragging(bool dragging) { dragging_ = dragging; }
+
+private:
+    bool isMember() const { return !parameter().range.empty(); }
+    double trackCenter() const;
+    double bulbCenter() const;
+    bool handleCueClick(Point point);
+    void dragFine(double position, bool reanchor);
+    void moveBulb(double position, Animate animate);
+    void setDisplayText(float value);
+    AttributedString textForValue(float value) const;
+    void retrySettingLatentValue() { setFloatValueFromInteraction(latentValue_, ValueOrigin::interaction); }
+    void showBulbState();
+
+    bool horizontal_;
+    double lowest_ = 0, highest_ = 0;
+    double clickOffset_ = 0;                            // from the handle's centre to where it was grabbed
+    double percentageWas_ = 0, naivePercentageWas_ = 0; // fine drag: under the pointer, and reached, unclamped
+    double simDiff_ = 0;                                // from the pointer of a replayed gesture to this handle
+    bool dragging_ = false, writeLocked_ = false, setOnce_ = false;
+    float latentValue_ = 0; // waits for the handle to be free
+    bool displayingTransientBufferValue_ = false;
+    bool isHandleHovered_ = false, isHandlePressed_ = false;
+    std::shared_ptr<Layer> background_;
+    SliderScale scale_;
+    ReadoutBulb bulb_;
+    DelayedCall retry_;
+};
+
+} // namespace QVM_NAMESPACE

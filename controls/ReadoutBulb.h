@@ -1,0 +1,54 @@
+// The handle of a slider: a capsule in the parameter's colour that carries the value, with a pointer if it stands off
+// its track.
+//
+// All its layers hang below one, so that moving the handle is moving that layer and nothing is drawn again. Main
+// thread.
+#pragma once
+
+#include "platform/ShapeLayer.h"
+#include "platform/TextLayer.h"
+
+namespace QVM_NAMESPACE {
+
+enum class BulbPointer : unsigned char { none, down, up };
+enum class BulbState : unsigned char { normal, hovered, pressed };
+
+class ReadoutBulb {
+public:
+    static constexpr double height = 26;       // points, of the capsule
+    static constexpr double pointerLength = 5; // points, beyond the capsule
+
+    ReadoutBulb(Color color, BulbPointer pointer);
+
+    // The one to move: as large as the capsule, placed by its centre; y grows upwards.
+    const std::shared_ptr<Layer>& bulb() const { return bulb_; }
+    const std::shared_ptr<ShapeLayer>& background() const { return background_; }
+    const std::shared_ptr<ShapeLayer>& border() const { return border_; }
+    const std::shared_ptr<TextLayer>& text() const { return text_; }
+    BulbPointer pointer() const { return pointer_; }
+
+    double width() const { return bulb_->bounds().width; }
+    void setWidth(double points);
+    // The room for text, points.
+    double textWidth() const;
+    // Whether a point of the superlayer lies on the capsule or its pointer.
+    bool contains(Point point) const;
+
+    void setText(const AttributedString& text);
+    void setState(BulbState state);
+    // Shows the border and the caret of a field that is being typed into.
+    void setTyping(bool typing);
+    void setEnabled(bool enabled);
+
+private:
+    void placeCaret();
+
+    Color color_;
+    BulbPointer pointer_;
+    std::shared_ptr<Layer> bulb_;
+    std::shared_ptr<ShapeLayer> background_, border_;
+    std::shared_ptr<TextLayer> text_;
+    std::shared_ptr<Layer> caret_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,70 @@
+#include "controls/ReadoutText.h"
+
+#include "platform/TextMetrics.h"
+#include "theme/QVMUITheme.h"
+
+#include <map>
+#include <string_view>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kValueSize = 16, kUnitGlyphSize = 13, kUnitIconSize = 16, kUnitTextSize = 12;
+constexpr double kUnitGap = 1.5; // points
+constexpr float kUnitAlpha = 0.85f;
+
+struct UnitGlyph {
+    std::string_view unit;
+    const char* glyph; // UTF-8, of the icon font
+};
+constexpr UnitGlyph kUnitGlyphs[] = {
+    {"dB/Oct", "\uE800"}, {"kHz", "\uE801"}, {"Hz", "\uE802"}, {"dB", "\uE803"}, {"%", "\uE804"},
+};
+
+AttributedString unitText(const std::string& suffix) {
+    const Color color = Color::white(1, kUnitAlpha);
+    for (const UnitGlyph& known : kUnitGlyphs) {
+        if (known.unit != suffix) continue;
+        const std::string glyph = known.glyph;
+        const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(glyph, kUnitGlyphSize, kUnitIconSize);
+        return {glyph, font, color};
+    }
+    return {suffix, QVMUITheme::unitFontOfSize(kUnitTextSize), color};
+}
+
+// Units are few and every change of a value asks for one, so each is made once.
+const AttributedString& cachedUnitText(const std::string& suffix) {
+    static std::map<std::string, AttributedString> cache;
+    const auto found = cache.find(suffix);
+    return found != cache.end() ? found->second : cache.emplace(suffix, unitText(suffix)).first->second;
+}
+
+AttributedString valueText(const std::string& value, double fontSize) {
+    const Font font = isAscii(value) ? QVMUITheme::appropriateFontForValueSizeIconSize("1", kValueSize, 0)
+                                     : QVMUITheme::appropriateFontForValueSizeIconSize(value, fontSize, 0);
+    return {value, font, Color::white(1)};
+}
+
+// Keeps the unit off the value: space behind the last character, which becomes a run of its own.
+void addUnitGap(AttributedString& text) {
+    TextRun last = text.runs.back();
+    if (last.text.empty() || !isAscii(last.text)) return;
+    text.runs.back().text.pop_back();
+    if (text.runs.back().text.empty()) text.runs.pop_back();
+    last.text.erase(0, last.text.size() - 1);
+    last.kern = kUnitGap;
+    text.runs.push_back(std::move(last));
+}
+
+} // namespace
+
+AttributedString readoutText(const std::string& value, const std::optional<std::string>& suffix, double fontSize) {
+    AttributedString text = valueText(value, fontSize);
+    const std::string unit = suffix.value_or("");
+    if (unit.empty()) return text;
+    addUnitGap(text);
+    return text.append(cachedUnitText(unit));
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,61 @@
+// Which class edits which parameter.
+#include "controls/ControlClasses.h"
+
+#include "controls/Gestures.h"
+#include "controls/QVMGlowingBooleanControl.h"
+#include "controls/QVMItemizedControl.h"
+#include "controls/QVMNumberControl.h"
+#include "controls/QVMParameterControl.h"
+#include "controls/QVMVerticalSlider.h"
+
+#include <gtest/gtest.h>
+
+#include <typeinfo>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class ElsewhereControl : public QVMFloatControl {
+public:
+    using QVMFloatControl::QVMFloatControl;
+};
+
+const std::type_info& classOf(const QVMParameter& parameter) {
+    const QVMParameterControl control({0, 0, 80, 60}, {}, &parameter, 0);
+    const QVMFloatControl* inner = control.primaryControl();
+    return inner ? typeid(*inner) : typeid(void);
+}
+
+TEST(ControlClasses, EachControlTypeHasItsClass) {
+    const std::type_info* expected[] = {&typeid(QVMVerticalSlider), &typeid(QVMBooleanControl),
+                                        &typeid(QVMCycleControl), &typeid(QVMItemizedControl),
+                                        &typeid(QVMNumberControl)};
+    for (std::int32_t type = 0; type < 5; ++type)
+        EXPECT_EQ(classOf(parameterLike(14, [type](QVMParameter& p) { p.controlType = type; })), *expected[type])
+            << type;
+}
+
+TEST(ControlClasses, TheMasterSwitchGlowsWhateverItsType) {
+    const QVMParameter parameter = parameterLike(14, [](QVMParameter& p) {
+        p.controlType = 2;
+        p.codesafeName = "MasterOnOff";
+    });
+    EXPECT_EQ(classOf(parameter), typeid(QVMGlowingBooleanControl));
+}
+
+TEST(ControlClasses, TypesBeyondTheTableHaveNone) {
+    EXPECT_EQ(controlClassForType(-1), nullptr);
+    EXPECT_EQ(controlClassForType(9), nullptr);
+    registerControlClass(9, &makeFloatControl<ElsewhereControl>);
+    EXPECT_EQ(controlClassForType(9), nullptr);
+}
+
+TEST(ControlClasses, AClassDefinedElsewhereTakesItsPlace) {
+    const QVMFloatControlClass before = controlClassForType(8);
+    registerControlClass(8, &makeFloatControl<ElsewhereControl>);
+    EXPECT_EQ(classOf(parameterLike(14, [](QVMParameter& p) { p.controlType = 8; })), typeid(ElsewhereControl));
+    registerControlClass(8, before);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,153 @@
+#include "controls/QVMSymbolButton.h"
+
+#include "controls/Gestures.h"
+#include "platform/LayerRenderer.h"
+#include "platform/VirtualTime.h"
+#include "resources/IconGlyphs.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+const std::string kGear{icons::gear};
+
+// Hears the events that a view passes on.
+class Listener : public Responder {
+public:
+    void mouseDown(const Event&) override { ++presses; }
+    int presses = 0;
+};
+
+class QVMSymbolButtonTest : public testing::Test {
+protected:
+    QVMSymbolButtonTest() {
+        button.setNextResponder(&listener);
+        button.setAction([this](Control&) { ++actions; });
+    }
+    void pressButton() { press(button, button.bounds().center()); }
+
+    VirtualTime time;
+    Listener listener;
+    QVMSymbolButton button{{0, 0, 54, 40}, kGear, 28, Color::white(1)};
+    int actions = 0;
+};
+
+TEST_F(QVMSymbolButtonTest, IsBuiltOfLightsBehindAGlyph) {
+    EXPECT_EQ(button.glyph()->string(), AttributedString(kGear, QVMUITheme::iconFontOfSize(28), Color::white(1)));
+    EXPECT_EQ(button.glyph()->alignment(), TextAlignment::center);
+    EXPECT_EQ(button.glyph()->backgroundColor(), Color::clear());
+    for (const auto& light : {button.spotlight(), button.warningLight()}) {
+        EXPECT_EQ(light->backgroundColor(), Color::white(1, 0.4f));
+        EXPECT_EQ(light->frame(), (Rect{2, 2, 50, 36}));
+        EXPECT_EQ(light->opacity(), 0);
+        EXPECT_GT(light->cornerRadius(), 0);
+    }
+    EXPECT_EQ(button.layer()->sublayers().back(), button.glyph());
+}
+
+TEST_F(QVMSymbolButtonTest, ActsOnThePressAndPassesItOn) {
+    pressButton();
+    EXPECT_EQ(actions, 1);
+    EXPECT_EQ(listener.presses, 1);
+    const BasicAnimation* pulse = button.glyph()->animationForKey("pulse");
+    ASSERT_TRUE(pulse);
+    EXPECT_EQ(pulse->keyPath, "transform.scale");
+    EXPECT_EQ(pulse->duration, 0.09);
+    release(button, {27, 20});
+    EXPECT_EQ(actions, 1);
+}
+
+TEST_F(QVMSymbolButtonTest, AcceptsTheFirstClickInAnInactiveWindow) {
+    EXPECT_TRUE(button.acceptsFirstMouse());
+}
+
+TEST_F(QVMSymbolButtonTest, ADisabledButtonIgnoresClicksShowsItsGlyphFaintlyAndSendsNoAction) {
+    button.setButtonEnabled(false);
+    EXPECT_EQ(button.glyph()->opacity(), 0.2);
+    pressButton();
+    EXPECT_EQ(actions, 0);
+    EXPECT_EQ(listener.presses, 0);
+    EXPECT_FALSE(button.glyph()->hasAnimations());
+    button.setButtonEnabled(true);
+    EXPECT_EQ(button.glyph()->opacity(), 1);
+}
+
+TEST_F(QVMSymbolButtonTest, SelectionIsTheSpotlight) {
+    button.setSelected(true);
+    EXPECT_EQ(button.spotlight()->opacity(), 1);
+    EXPECT_EQ(button.warningLight()->opacity(), 0);
+    button.setSelected(false);
+    EXPECT_EQ(button.spotlight()->opacity(), 0);
+}
+
+TEST_F(QVMSymbolButtonTest, SettingTheSameWarningTwicePulsesOnlyOnce) {
+    button.setWarning(true);
+    const BasicAnimation* pulse = button.warningLight()->animationForKey("pulse");
+    ASSERT_TRUE(pulse);
+    EXPECT_EQ(pulse->keyPath, "transform.scale");
+    EXPECT_EQ(pulse->duration, 0.33);
+    EXPECT_EQ(pulse->timing, TimingFunction::easeOut);
+    EXPECT_TRUE(pulse->autoreverses);
+    EXPECT_EQ(pulse->repeatCount, 6);
+    EXPECT_EQ(button.warningLight()->opacity(), 1);
+
+    button.warningLight()->removeAnimation("pulse");
+    button.setWarning(true);
+    EXPECT_FALSE(button.warningLight()->hasAnimations());
+    button.setWarning(false);
+    EXPECT_TRUE(button.warningLight()->hasAnimations());
+    EXPECT_EQ(button.warningLight()->opacity(), 0);
+}
+
+TEST_F(QVMSymbolButtonTest, FlashesForAQuarterOfASecond) {
+    button.flash();
+    const BasicAnimation* flash = button.spotlight()->animationForKey("flash");
+    ASSERT_TRUE(flash);
+    EXPECT_EQ(flash->keyPath, "opacity");
+    EXPECT_EQ(flash->timing, TimingFunction::easeOut);
+    EXPECT_NEAR(button.spotlight()->presentation(0.125).opacity, 1, 1e-9);
+    button.spotlight()->finishAnimations(0.26);
+    EXPECT_FALSE(button.spotlight()->hasAnimations());
+    EXPECT_EQ(button.spotlight()->presentation(0.26).opacity, 0);
+}
+
+TEST_F(QVMSymbolButtonTest, AnotherGlyphStaysCentred) {
+    button.resetGlyphColor(std::string(icons::undo), Color::white(0));
+    EXPECT_EQ(button.symbol(), icons::undo);
+    EXPECT_EQ(button.glyph()->string().runs.at(0).color, Color::white(0));
+    EXPECT_EQ(button.glyph()->frame().center(), button.bounds().center());
+    button.setFrame({10, 10, 31, 21});
+    EXPECT_EQ(button.glyph()->frame().center(), button.bounds().center());
+    EXPECT_EQ(button.spotlight()->frame(), (Rect{2, 2, 27, 17}));
+}
+
+TEST_F(QVMSymbolButtonTest, AGlyphCanBeSetInAnotherColour) {
+    EXPECT_EQ(button.attributedStringForGlyphColor("x", Color::white(0.5f)).runs.at(0).color, Color::white(0.5f));
+    EXPECT_EQ(button.attributedStringForGlyphColor("x", std::nullopt).runs.at(0).color, Color::white(1));
+}
+
+TEST_F(QVMSymbolButtonTest, HoveringChangesOpacitiesOnlyAndNotOfADisabledButton) {
+    const auto lit = [this] {
+        int count = 0;
+        for (const auto& sublayer : button.layer()->sublayers())
+            count += sublayer->opacity() > 0;
+        return count;
+    };
+    EXPECT_EQ(lit(), 1); // the glyph
+    pointAt(button);
+    EXPECT_EQ(lit(), 2);
+    button.setButtonEnabled(false);
+    EXPECT_EQ(lit(), 1);
+    button.setButtonEnabled(true);
+    pointAway(button);
+    EXPECT_EQ(lit(), 1);
+}
+
+TEST_F(QVMSymbolButtonTest, KeepsTheOwnersNumber) {
+    button.setNid(7);
+    EXPECT_EQ(button.nid(), 7);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,388 @@
+// The slider's gestures and values, on a lone control in virtual time.
+#include "controls/QVMVerticalSlider.h"
+
+#include "controls/Gestures.h"
+#include "platform/VirtualTime.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint32_t kShift = EventModifier::shift, kCommand = EventModifier::command,
+                        kOption = EventModifier::option;
+constexpr Rect kLying = {0, 0, 274, 54}, kUpright = {0, 0, 97, 217}, kMember = {0, 0, 274, 34};
+
+class QVMVerticalSliderTest : public testing::Test {
+protected:
+    // The point on the slider's axis through its handle.
+    static Point at(const QVMVerticalSlider& slider, double position) {
+        Point point = slider.readoutBulb()->position();
+        (slider.horizontal() ? point.x : point.y) = position;
+        return point;
+    }
+    // Puts the handle where the value belongs and lets it arrive.
+    void show(QVMVerticalSlider& slider, float value) {
+        slider.setFloatValue(value);
+        time.advance(1);
+    }
+    static float valueAt(const QVMVerticalSlider& slider, double position, int granularity) {
+        return slider.floatValueFromPositionValueGranularity(position, granularity);
+    }
+    VirtualTime time;
+};
+
+TEST_F(QVMVerticalSliderTest, ExtentsFollowTheHandlesSize) {
+    const QVMVerticalSlider lying(kLying, *GetParameter(1)), upright(kUpright, *GetParameter(7));
+    EXPECT_DOUBLE_EQ(lying.readoutBulb()->bounds().width, 76);
+    EXPECT_DOUBLE_EQ(lying.lowest(), 18);
+    EXPECT_DOUBLE_EQ(lying.highest(), 256);
+    EXPECT_DOUBLE_EQ(lying.range(), 238);
+    EXPECT_DOUBLE_EQ(upright.readoutBulb()->bounds().width, 70);
+    EXPECT_DOUBLE_EQ(upright.lowest(), 26);
+    EXPECT_DOUBLE_EQ(upright.highest(), 191);
+    EXPECT_EQ(lying.pointFromRelevant(5), (Point{5, 0}));
+    EXPECT_EQ(upright.pointFromRelevant(5), (Point{0, 5}));
+}
+
+TEST_F(QVMVerticalSliderTest, AnotherFrameMovesTheExtentsAndTheHandleAtOnce) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 18);
+    slider.setFrame({0, 0, 174, 54});
+    EXPECT_DOUBLE_EQ(slider.highest(), 156);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 156);
+}
+
+TEST_F(QVMVerticalSliderTest, PositionsAreWholePointsOnTheParametersOwnScale) {
+    const QVMVerticalSlider slider(kMember, *GetParameter(2));
+    EXPECT_DOUBLE_EQ(slider.positionValueFromFloatValue(10), 18);
+    EXPECT_DOUBLE_EQ(slider.positionValueFromFloatValue(24000), 256);
+    const double middle = 18 + 238 * std::log(125.0 / 10) / std::log(2400.0);
+    EXPECT_DOUBLE_EQ(slider.positionValueFromFloatValue(125), std::round(middle));
+    EXPECT_DOUBLE_EQ(slider.fractionFromPosition(slider.positionFromFraction(0.25)), 0.25);
+}
+
+TEST_F(QVMVerticalSliderTest, ATrackClickMovesTheHandleThereAndSendsTheValue) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    GestureRecord record(slider);
+    press(slider, at(slider, 256));
+    EXPECT_FLOAT_EQ(slider.floatValue(), 18);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+    EXPECT_THAT(record.lines, ElementsAre("action 18", "began"));
+    EXPECT_TRUE(slider.writeLocked());
+    release(slider, at(slider, 256));
+    EXPECT_FALSE(slider.writeLocked());
+    EXPECT_THAT(record.lines, ElementsAre("action 18", "began", "ended"));
+}
+
+TEST_F(QVMVerticalSliderTest, ATrackClickSnapsToTheStandardStep) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    press(slider, at(slider, 200));
+    EXPECT_FLOAT_EQ(slider.floatValue(), 9.5f); // 182/238 of 36 is 27.53
+    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(9.5f));
+}
+
+TEST_F(QVMVerticalSliderTest, AClickOnTheHandleDoesNotChangeTheValue) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 4.3f);
+    GestureRecord record(slider);
+    const double handle = slider.handleValue();
+    press(slider, at(slider, handle + 30));
+    release(slider, at(slider, handle + 30));
+    EXPECT_FLOAT_EQ(slider.floatValue(), 4.3f);
+    EXPECT_THAT(record.lines, ElementsAre("began", "ended"));
+}
+
+TEST_F(QVMVerticalSliderTest, ADragKeepsThePlaceWhereTheHandleWasGrabbed) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    const double handle = slider.handleValue();
+    press(slider, at(slider, handle + 20));
+    drag(slider, at(slider, handle + 20 + 66));
+    EXPECT_TRUE(slider.dragging());
+    EXPECT_FLOAT_EQ(slider.floatValue(), valueAt(slider, handle + 66, 0));
+    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(slider.floatValue()));
+    release(slider, at(slider, handle + 86));
+    EXPECT_FALSE(slider.dragging());
+}
+
+TEST_F(QVMVerticalSliderTest, ADragOfAnUprightSliderGoesUpwards) {
+    QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    show(slider, -12);
+    press(slider, at(slider, slider.handleValue()));
+    drag(slider, at(slider, 191));
+    EXPECT_FLOAT_EQ(slider.floatValue(), 12);
+    drag(slider, at(slider, 26));
+    EXPECT_FLOAT_EQ(slider.floatValue(), -96);
+}
+
+TEST_F(QVMVerticalSliderTest, DraggingBeyondTheEndsStopsAtThem) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    press(slider, at(slider, slider.handleValue()));
+    drag(slider, at(slider, 5000));
+    EXPECT_FLOAT_EQ(slider.floatValue(), 18);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+    drag(slider, at(slider, -5000));
+    EXPECT_FLOAT_EQ(slider.floatValue(), -18);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 18);
+    drag(slider, at(slider, 137)); // the overshoot is not owed back
+    EXPECT_FLOAT_EQ(slider.floatValue(), 0);
+}
+
+TEST_F(QVMVerticalSliderTest, ShiftSnapsToCoarseStepsWhileTheHandleFollows) {
+    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    show(slider, 100);
+    press(slider, at(slider, slider.handleValue()));
+    drag(slider, at(slider, slider.handleValue() + 12), kShift); // about 144 Hz
+    EXPECT_FLOAT_EQ(slider.floatValue(), 160);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(160));
+}
+
+TEST_F(QVMVerticalSliderTest, HoldingCommandInMidDragReanchorsWithoutAJump) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    press(slider, at(slider, 137 + 10));
+    drag(slider, at(slider, 137 + 10 + 66));
+    const float before = slider.floatValue();
+    drag(slider, at(slider, 137 + 10 + 66), kCommand);
+    EXPECT_NEAR(slider.floatValue(), before, 0.05);
+}
+
+TEST_F(QVMVerticalSliderTest, ReleasingCommandReturnsToAbsoluteTracking) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    press(slider, at(slider, 137 + 10));
+    drag(slider, at(slider, 137 + 10), kCommand);
+    drag(slider, at(slider, 137 + 10 + 60), kCommand);
+    EXPECT_LT(slider.floatValue(), 2);
+    drag(slider, at(slider, 137 + 10 + 60)); // to the pointer minus the grab offset
+    EXPECT_FLOAT_EQ(slider.floatValue(), valueAt(slider, 137 + 60, 0));
+}
+
+TEST_F(QVMVerticalSliderTest, AFineDragMovesOneSixthOfTheWayWhereStepsAreWiderThanPoints) {
+    // 360 fine steps on 238 points: min(238 / 360, 1) / 6 of the pointer's way.
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    const double expected = 238.0 / 360 / 6;
+    EXPECT_NEAR(slider.diffMultForGranularityFloatValue(1, 0), expected, 1e-6);
+    EXPECT_DOUBLE_EQ(slider.diffMultForGranularityFloatValue(0, 0), 1);
+    EXPECT_DOUBLE_EQ(slider.diffMultForGranularityFloatValue(2, 0), 1);
+    show(slider, 0);
+    press(slider, at(slider, 137));
+    for (int i = 0; i <= 60; ++i)
+        drag(slider, at(slider, 137 + i), kCommand);
+    EXPECT_NEAR(slider.floatValue(), 60.0 / 238 * expected * 36, 0.06);
+    EXPECT_NEAR(slider.floatValue(), 1.0, 0.06); // one step about every 6 points
+}
+
+TEST_F(QVMVerticalSliderTest, TheFineMultiplierAboveTenKilohertzCountsStepsOfAHundred) {
+    const QVMParameter parameter = parameterLike(9, [](QVMParameter& p) {
+        p.fineGranularity = 1;
+        p.logarithmic = false;
+    });
+    const QVMVerticalSlider slider(kMember, parameter);
+    const double slowed = std::min(238 / (23996 / 1.0), 1.0) / 6;
+    EXPECT_NEAR(slider.diffMultForGranularityFloatValue(1, 12000), 100 * slowed, 1e-6);
+    EXPECT_NEAR(slider.diffMultForGranularityFloatValue(1, 5000), 10 * slowed, 1e-6);
+}
+
+TEST_F(QVMVerticalSliderTest, TheFineMultiplierOfALogarithmicParameterIsEvenInValue) {
+    const QVMVerticalSlider slider(kMember, *GetParameter(2));
+    const double span = 23990, logSpan = std::log(2400.0);
+    const double step = 0.1f; // at 500 Hz; the least there is 10 Hz
+    const double expected = span / (logSpan * 500) * (10 / step) * std::min(238 / (span / step), 1.0) / 6;
+    EXPECT_NEAR(slider.diffMultForGranularityFloatValue(1, 500), expected, expected * 1e-5);
+}
+
+TEST_F(QVMVerticalSliderTest, ADragThatStartsWithCommandMovesByThePointersWayOnly) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 3);
+    press(slider, at(slider, slider.handleValue() + 25), kCommand);
+    drag(slider, at(slider, slider.handleValue() + 25), kCommand);
+    EXPECT_NEAR(slider.floatValue(), 3, 0.08);
+}
+
+TEST_F(QVMVerticalSliderTest, AMembersDragStopsAtItsLimit) {
+    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    press(slider, at(slider, slider.handleValue()));
+    drag(slider, at(slider, 256));
+    EXPECT_FLOAT_EQ(slider.floatValue(), 12000);
+}
+
+TEST_F(QVMVerticalSliderTest, AClickOnAMarkSetsItsValue) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    GestureRecord record(slider);
+    ASSERT_EQ(slider.cueRects().size(), 7u);
+    for (const QVMCueRect& cue : slider.cueRects()) {
+        if (cue.value != 12) continue;
+        press(slider, cue.rect.center());
+        release(slider, cue.rect.center());
+    }
+    EXPECT_FLOAT_EQ(slider.floatValue(), 12);
+    EXPECT_THAT(record.lines, ElementsAre("action 12", "began", "ended"));
+    time.advance(1);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(12));
+}
+
+TEST_F(QVMVerticalSliderTest, TheThirdOfFiveIndexedCuesIsTheMiddleOfTheRange) {
+    const QVMParameter parameter = parameterLike(1, [](QVMParameter& p) {
+        p.tickmarks = p.cueSymbolPositions = p.displayTickmarks = {};
+        p.cueSymbols = {"a", "b", "c", "d", "e"};
+        p.minValue = -18;
+    });
+    QVMVerticalSlider slider(kLying, parameter);
+    show(slider, 18);
+    ASSERT_EQ(slider.cueRects().size(), 5u);
+    EXPECT_TRUE(slider.cueRects()[2].indexed);
+    press(slider, slider.cueRects()[2].rect.center());
+    EXPECT_FLOAT_EQ(slider.floatValue(), 0);
+    press(slider, slider.cueRects()[3].rect.center());
+    EXPECT_FLOAT_EQ(slider.floatValue(), 9);
+}
+
+TEST_F(QVMVerticalSliderTest, AHandleOverAMarkIsGrabbedNotTheMark) {
+    const QVMParameter parameter = parameterLike(7);
+    QVMVerticalSlider slider(kUpright, parameter);
+    show(slider, -24);
+    press(slider, at(slider, slider.handleValue()) + Point{25, 0});
+    EXPECT_TRUE(slider.writeLocked());
+    EXPECT_FLOAT_EQ(slider.floatValue(), -24);
+}
+
+TEST_F(QVMVerticalSliderTest, ValuesFromTheModelGlideAndSendNothing) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    GestureRecord record(slider);
+    slider.setFloatValue(18);
+    EXPECT_TRUE(slider.isHandleGliding());
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+    EXPECT_LT(slider.readoutBulb()->presentation().position.x, 256);
+    time.advance(QVMVerticalSlider::glideSeconds + 0.01);
+    EXPECT_FALSE(slider.isHandleGliding());
+    EXPECT_THAT(record.lines, IsEmpty());
+}
+
+TEST_F(QVMVerticalSliderTest, TheFirstValueIsThereAtOnce) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    EXPECT_FALSE(slider.setOnce());
+    slider.setFloatValue(18);
+    EXPECT_TRUE(slider.setOnce());
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+    EXPECT_FALSE(slider.isHandleGliding());
+}
+
+TEST_F(QVMVerticalSliderTest, ValuesFromTheModelDuringADragAreStoredButDoNotMoveTheHandle) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    press(slider, at(slider, slider.handleValue()));
+    drag(slider, at(slider, 200));
+    const double handle = slider.handleValue();
+    slider.setFloatValue(-18);
+    EXPECT_FLOAT_EQ(slider.floatValue(), -18);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), handle);
+}
+
+TEST_F(QVMVerticalSliderTest, AUsersValueWaitsWhileTheHandleIsHeld) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    press(slider, at(slider, slider.handleValue()));
+    const double handle = slider.handleValue();
+    slider.setFloatValueFromInteraction(18, ValueOrigin::interaction);
+    time.advance(0.35);
+    EXPECT_FLOAT_EQ(slider.floatValue(), 18);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), handle);
+    release(slider, at(slider, handle));
+    time.advance(0.1);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+}
+
+TEST_F(QVMVerticalSliderTest, AUsersValueWaitsWhileTheHandleIsGliding) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    slider.setFloatValue(18);
+    time.advance(0.05);
+    slider.setFloatValueFromInteraction(-18, ValueOrigin::interaction);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+    time.advance(0.09);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
+    time.advance(0.02);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 18);
+}
+
+TEST_F(QVMVerticalSliderTest, ANewerValueReplacesOneThatWaits) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    press(slider, at(slider, 256)); // glides, so its value waits
+    release(slider, at(slider, 256));
+    slider.setFloatValue(-6);
+    time.advance(1);
+    EXPECT_FLOAT_EQ(slider.floatValue(), -6);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(-6));
+}
+
+TEST_F(QVMVerticalSliderTest, OptionClickEndsTheHoldAndReturnsToTheInitialValue) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    press(slider, at(slider, 256));
+    drag(slider, at(slider, 250));
+    press(slider, at(slider, 250), kOption);
+    EXPECT_FALSE(slider.dragging());
+    EXPECT_FALSE(slider.writeLocked());
+    EXPECT_FLOAT_EQ(slider.floatValue(), 0);
+    time.advance(1);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), 137);
+}
+
+TEST_F(QVMVerticalSliderTest, ScrollingMovesNothing) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    GestureRecord record(slider);
+    Event wheel = eventAt(EventType::scrollWheel, slider, at(slider, 100));
+    wheel.scrollingDeltaY = 3;
+    slider.scrollWheel(wheel);
+    EXPECT_DOUBLE_EQ(slider.scrollDelta(), -30);
+    EXPECT_FLOAT_EQ(slider.floatValue(), 0);
+    EXPECT_THAT(record.lines, IsEmpty());
+}
+
+TEST_F(QVMVerticalSliderTest, MetaActionsMoveTheHandleByThePointersWay) {
+    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    show(slider, 125);
+    GestureRecord record(slider);
+    const double handle = slider.handleValue();
+    QVMEvent event(eventAt(EventType::mouseDown, slider, {200, 3}), slider);
+    slider.handleMetaActionWithEvent(QVMMetaActionDown, &event);
+    EXPECT_FLOAT_EQ(slider.floatValue(), 125);
+    event.point.x = 220;
+    slider.handleMetaActionWithEvent(QVMMetaActionDragged, &event);
+    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(valueAt(slider, handle + 20, 0)));
+    slider.handleMetaActionWithEvent(QVMMetaActionUp, &event);
+    EXPECT_FALSE(slider.dragging());
+    EXPECT_EQ(record.lines.front(), "began");
+    EXPECT_EQ(record.lines.back(), "ended");
+    slider.handleMetaActionWithEvent(QVMMetaActionReset, nullptr);
+    EXPECT_FLOAT_EQ(slider.floatValue(), 20);
+    slider.handleMetaActionWithEvent(4, &event);
+    slider.handleMetaActionWithEvent(QVMMetaActionDown, nullptr);
+    EXPECT_FLOAT_EQ(slider.floatValue(), 20);
+}
+
+TEST_F(QVMVerticalSliderTest, ValuesThatAreNoNumbersLeaveTheHandleOnTheTrack) {
+    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    for (const float odd : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
+                            -std::numeric_limits<float>::infinity(), 0.0f, -5.0f}) {
+        show(slider, odd);
+        EXPECT_GE(slider.handleValue(), slider.lowest()) << odd;
+        EXPECT_LE(slider.handleValue(), slider.highest()) << odd;
+        press(slider, at(slider, slider.handleValue()));
+        drag(slider, at(slider, slider.handleValue() + 30), kCommand);
+        EXPECT_TRUE(std::isfinite(slider.floatValue())) << odd;
+        release(slider, at(slider, slider.handleValue()));
+    }
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,76 @@
+// The handle by itself.
+#include "controls/ReadoutBulb.h"
+
+#include "controls/ReadoutText.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+constexpr Color kColor = {0.5f, 0.25f, 0.25f, 1};
+
+ReadoutBulb bulbAt(Point center, BulbPointer pointer) {
+    ReadoutBulb bulb(kColor, pointer);
+    bulb.setWidth(70);
+    bulb.bulb()->setPosition(center);
+    return bulb;
+}
+
+TEST(ReadoutBulb, ItIsHitOnItsBoxAndOnItsPointer) {
+    const ReadoutBulb plain = bulbAt({100, 50}, BulbPointer::none);
+    EXPECT_TRUE(plain.contains({66, 38}));
+    EXPECT_FALSE(plain.contains({64, 50}));
+    EXPECT_FALSE(plain.contains({100, 35}));
+    const ReadoutBulb down = bulbAt({100, 50}, BulbPointer::down), up = bulbAt({100, 50}, BulbPointer::up);
+    EXPECT_TRUE(down.contains({100, 33}));
+    EXPECT_FALSE(down.contains({100, 64}));
+    EXPECT_TRUE(up.contains({100, 64}));
+    EXPECT_FALSE(up.contains({100, 33}));
+}
+
+TEST(ReadoutBulb, LongTextIsShrunkToItsRoom) {
+    ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
+    const AttributedString fitting = readoutText("12.0", "dB", 16), tooLong = readoutText("123456789012", "", 16);
+    bulb.setText(fitting);
+    EXPECT_EQ(bulb.text()->string(), fitting);
+    bulb.setText(tooLong);
+    EXPECT_LT(bulb.text()->string().runs[0].font.pointSize, 16);
+    EXPECT_EQ(bulb.text()->string().string(), "123456789012");
+}
+
+TEST(ReadoutBulb, ItsStatesDifferInTheFillAlone) {
+    const ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
+    EXPECT_EQ(bulb.background()->fillColor(), kColor);
+    ReadoutBulb changed = bulbAt({}, BulbPointer::none);
+    changed.setState(BulbState::hovered);
+    EXPECT_GT(changed.background()->fillColor().r, kColor.r);
+    changed.setState(BulbState::pressed);
+    EXPECT_LT(changed.background()->fillColor().r, kColor.r);
+    changed.setState(BulbState::normal);
+    EXPECT_EQ(changed.background()->fillColor(), kColor);
+}
+
+TEST(ReadoutBulb, TheCaretFollowsTheTypedText) {
+    ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
+    const Layer& caret = *bulb.bulb()->sublayers().back();
+    EXPECT_TRUE(caret.isHidden());
+    bulb.setTyping(true);
+    bulb.setText(readoutText("", "", 16));
+    EXPECT_FALSE(caret.isHidden());
+    const double before = caret.frame().x;
+    EXPECT_NEAR(before, 35, 2);
+    bulb.setText(readoutText("12", "", 16));
+    EXPECT_GT(caret.frame().x, before);
+}
+
+TEST(ReadoutBulb, ADisabledHandleIsFaint) {
+    ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
+    bulb.setEnabled(false);
+    EXPECT_LT(bulb.bulb()->opacity(), 0.6);
+    bulb.setEnabled(true);
+    EXPECT_DOUBLE_EQ(bulb.bulb()->opacity(), 1);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
