@@ -1,0 +1,150 @@
+// How the editor builds itself from the configuration.
+#include "controls/QVMMeterButton.h"
+#include "controls/QVMRangeControl.h"
+#include "editor/EditorLayout.h"
+#include "editor/QVMClumpView.h"
+#include "editor/QVMClumpsView.h"
+#include "editor/QVMGenericUI.h"
+#include "editor/QVMInsetShadowBox.h"
+#include "editor/QVMKeyboardHandler.h"
+#include "editor/QVMPowerBox.h"
+#include "editor/QVMPresetBar.h"
+
+#include <algorithm>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double bandThickness = 14, bandDrop = 1;          // points
+constexpr double meterGlyphSize = 12, meterSuffixSize = 10; // points
+constexpr double meterShadowDrop = 2;                       // points
+constexpr Color meterColor = Color::white(1, 0.7f);
+
+Rect rectFrom(const QVMRect& r) {
+    return {r.x, r.y, r.width, r.height};
+}
+
+// The band of a low/high pair: as wide as both controls together, centred on them, and a little lower.
+Rect bandFrame(const Rect& low, const Rect& high) {
+    const Rect both = low.unionWith(high);
+    const double thickness = std::min(both.height, bandThickness);
+    return {both.x, both.midY() - thickness / 2 + bandDrop, both.width, thickness};
+}
+
+} // namespace
+
+void QVMGenericUI::addPowerBox() {
+    if (powerBox_) return;
+    const auto advanced = config_->hasAdvancedControls() ? AdvancedControls::yes : AdvancedControls::no;
+    powerBox_ = &addSubview(std::make_unique<QVMPowerBox>(EditorLayoutForAltFrame(QVMAltFrameNormal).powerBox, advanced,
+                                                          *config_->metadata));
+    if (QVMSymbolButton* gear = powerBox_->gear()) gear->setAction([this](Control&) { gearTapped(); });
+}
+
+void QVMGenericUI::addClumpsView() {
+    if (clumpsView_) return;
+    clumpsView_ =
+        &addSubview(std::make_unique<QVMClumpsView>(EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView, *config_));
+    clumpsView_->setDrawOutsideBorder(false);
+}
+
+void QVMGenericUI::addPresetBar() {
+    if (presetBar_) return;
+    presetBar_ = &addSubview(std::make_unique<QVMPresetBar>(EditorLayoutForAltFrame(QVMAltFrameNormal).presetBar,
+                                                            config_->metadata->pluginName));
+    presetBar_->undo().setAction([this](Control&) { keyboard_->keyboardShortcutUndo(); });
+    presetBar_->redo().setAction([this](Control&) { keyboard_->keyboardShortcutRedo(); });
+}
+
+void QVMGenericUI::addAndRegisterParameterControls() {
+    if (!parameterControls_.empty()) return;
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
+    parameterControls_.reserve(static_cast<std::size_t>(config_->numParameters));
+    config_->enumerateClumpsOfType(
+        QVMClumpTypeOrdinary, [this](QVMClump& clump) { addClumpView(clump, rectFrom(clump.frame), *clumpsView_); });
+    if (config_->hasAdvancedControls()) {
+        advClumpsView_ =
+            &addSubview(std::make_unique<QVMClumpsView>(layout.advClumpsView, *config_, ClumpsArea::advanced));
+        config_->enumerateClumpsOfType(QVMClumpTypeAdvanced, [this](QVMClump& clump) {
+            addClumpView(clump, rectFrom(clump.frame), *advClumpsView_);
+        });
+    }
+    const std::vector<QVMClump*> masters = config_->clumpsOfType(QVMClumpTypeMaster);
+    if (!masters.empty()) masterClump_ = &addClumpView(*masters.front(), layout.powerBox, *this);
+}
+
+QVMClumpView& QVMGenericUI::addClumpView(QVMClump& clump, const Rect& frame, View& container) {
+    QVMClumpView& clumpView = container.addSubview(std::make_unique<QVMClumpView>(frame, clump));
+    addParameterControlsForClump(clump, clumpView);
+    return clumpView;
+}
+
+void QVMGenericUI::addParameterControlsForClump(QVMClump& clump, QVMClumpView& clumpView) {
+    std::vector<std::unique_ptr<QVMParameterControl>> displaced;
+    ControlList controls;
+    for (const QVMParameter* parameter : clump.parameters) {
+        if (parameter->hidden || parameter->frame.isEmpty()) continue;
+        auto made = std::make_unique<QVMParameterControl>(rectFrom(parameter->frame), Rect{}, parameter,
+                                                          getMemoizedPValueDirectly(parameter->pid));
+        made->layer()->setName("control:" + parameter->codesafeName);
+        made->setClumpView(&clumpView);
+        controls.push_back(made.get());
+        if (parameter->isDisplaced)
+            displaced.push_back(std::move(made));
+        else
+            clumpView.addSubview(std::move(made));
+    }
+    registerParameterControls(controls, clumpView);
+    View& around = clump.clumpType == QVMClumpTypeAdvanced ? *advClumpsView_ : *clumpsView_;
+    for (auto& control : displaced)
+        around.addSubview(std::move(control));
+}
+
+void QVMGenericUI::registerParameterControls(const ControlList& controls, QVMClumpView& clumpView) {
+    parameterControls_.insert(parameterControls_.end(), controls.begin(), controls.end());
+    for (QVMParameterControl* control : controls) {
+        control->setAction([this, control](Control&) { handleParameterControlUpdated(*control); });
+        control->setDelegate(this);
+    }
+    for (QVMParameterControl* high : controls) {
+        const std::string& partner = high->parameter()->rangeWith;
+        QVMParameterControl* low = partner.empty() ? nullptr : parameterControlWithCodename(partner);
+        if (low) addRangeControls(*low, *high, clumpView);
+    }
+}
+
+// Two controls on one band: one above the handles to be dragged, and one below them that draws it.
+void QVMGenericUI::addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView) {
+    const Rect band = bandFrame(low.frame(), high.frame());
+    const auto make = [&](bool interactive) {
+        auto range = std::make_unique<QVMRangeControl>(band, Rect{}, high.parameter(), high.floatValue());
+        range->layer()->setName((interactive ? "range:" : "band:") + high.parameter()->clumpName);
+        range->setDelegate(this);
+        range->setLow(&low);
+        range->setHigh(&high);
+        range->setInteractive(interactive);
+        return range;
+    };
+    QVMRangeControl& upper = clumpView.addSubview(make(true));
+    QVMRangeControl& lower = clumpView.addSubview(make(false), Order::below, clumpView.subviews().front().get());
+    low.setRange(&upper);
+    high.setRange(&upper);
+    upper.updateRangeAnimated(Animate::no);
+    lower.updateRangeAnimated(Animate::no);
+}
+
+void QVMGenericUI::addHudAndNumericMeter() {
+    if (hud_) return;
+    hud_ = &addSubview(std::make_unique<QVMHUDDisplay>(Rect{}, memoizedPValues_));
+    hud_->setDelegate(this);
+    if (!config_->metadata->numericMeter) return;
+    // Its frame is empty until whoever draws the sketch finds a place for it.
+    powerBox_->addSubview(std::make_unique<QVMInsetShadowBox>(Rect{0, meterShadowDrop, 0, 0}));
+    numericMeter_ = &powerBox_->addSubview(std::make_unique<QVMMeterButton>(Rect{}, "", meterGlyphSize, meterColor));
+    numericMeter_->setAction([this](Control&) { meterTapped(); });
+    numericMeter_->setToolTip(config_->metadata->numericMeter->tooltip);
+    numericMeter_->setSuffixSize(meterSuffixSize);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,115 @@
+// The way of a value: from a control to the delegate, and from the unit to a control.
+#include "controls/QVMRangeControl.h"
+#include "controls/QVMSymbolButton.h"
+#include "editor/EditorLayout.h"
+#include "editor/PartnerRule.h"
+#include "editor/QVMClumpView.h"
+#include "editor/QVMGenericUI.h"
+#include "editor/QVMPowerBox.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double gearFlashLimit = 0.2; // seconds
+
+} // namespace
+
+void QVMGenericUI::handleParameterControlUpdated(QVMParameterControl& control) {
+    const std::uint32_t pid = control.parameter()->pid;
+    const float value = control.floatValue();
+    notifyParameterUpdatedTo(pid, value);
+    const PartnerRule* rule = PartnerRuleForPid(pid);
+    if (!rule) return;
+    const float partnerWas = getMemoizedPValueDirectly(rule->partner);
+    const float partnerValue = rule->partnerValue(value, partnerWas);
+    if (partnerValue != partnerWas) notifyParameterUpdatedTo(rule->partner, partnerValue);
+}
+
+void QVMGenericUI::notifyParameterUpdatedTo(std::uint32_t pid, float value) {
+    const QVMParameter* parameter = config_->parameterForPid(pid);
+    if (!parameter) return;
+    value = parameter->restrictValue(value);
+    if (delegate_) delegate_->interfaceUpdatedParameterKeyedValue(*this, pid, parameter->reverseCastValue(value));
+    updateMemoizedValueForParameter(value, pid);
+}
+
+void QVMGenericUI::updateMemoizedValueForParameter(float value, std::uint32_t pid) {
+    if (pid >= memoizedPValues_.size() || memoizedPValues_[pid] == value) return; // NaN is always a change
+    memoizedPValues_[pid] = value;
+    memoizedPValuesChanged_[pid] = 1;
+    potentiallySaveToUndoRedoStack();
+    if (hud_) hud_->updateWithParamsChanges(memoizedPValues_, memoizedPValuesChanged_);
+    const QVMParameter* parameter = config_->parameterForPid(pid);
+    const bool isOutOfSight = altFrame_ == QVMAltFrameNormal && parameter && parameter->clump &&
+                              parameter->clump->clumpType == QVMClumpTypeAdvanced;
+    QVMSymbolButton* gear = isOutOfSight && powerBox_ ? powerBox_->gear() : nullptr;
+    if (gear) advFlashLim_.fireWithLimitTargetSelector(gearFlashLimit, *gear, &QVMSymbolButton::flash);
+}
+
+void QVMGenericUI::sketchHasUpdatedParameterStates(std::span<const float> hostValues) {
+    const std::size_t count = std::min(hostValues.size(), receivedPValues_.size());
+    for (std::size_t pid = 0; pid < count; ++pid)
+        if (hostValues[pid] != receivedPValues_[pid])
+            updateParameterFromSketchState(static_cast<std::uint32_t>(pid), hostValues[pid]);
+    ++receivedParamUpdateCount_;
+}
+
+void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float hostValue) {
+    const QVMParameter* parameter = config_->parameterForPid(pid);
+    if (!parameter || pid >= receivedPValues_.size()) return;
+    const float was = shownValueFromHostValue(*parameter, receivedPValues_[pid]);
+    receivedPValues_[pid] = hostValue;
+    // What the editor itself sent comes back as it was, without another rounding.
+    const float memoized = memoizedPValues_[pid];
+    const bool isEcho = parameter->reverseCastValue(memoized) == hostValue;
+    const float value = isEcho ? memoized : shownValueFromHostValue(*parameter, hostValue);
+
+    QVMParameterControl* control = parameterControlWithPid(pid);
+    if (control) control->setFloatValue(value);
+    updateMemoizedValueForParameter(value, pid);
+    if (control) handleSideEffectsOfUpdatedControl(*control, value, was);
+}
+
+float QVMGenericUI::shownValueFromHostValue(const QVMParameter& parameter, float hostValue) {
+    float value = parameter.castValue(hostValue);
+    const bool isWhole = parameter.unit == QVMUnitIndexed || parameter.unit == QVMUnitSwitch;
+    // Not the parameter's own rounding, which is coarser for frequencies from 1 kHz up.
+    value = isWhole ? std::round(value) : std::round(value / parameter.fineGranularity) * parameter.fineGranularity;
+    value = value > parameter.minValue ? value : parameter.minValue; // in this order NaN ends at the minimum
+    return value < parameter.maxValue ? value : parameter.maxValue;
+}
+
+void QVMGenericUI::setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs) {
+    for (const auto& [codename, value] : pairs)
+        if (const QVMParameter* parameter = config_->parameterForCodename(codename))
+            notifyParameterUpdatedTo(parameter->pid, value);
+}
+
+void QVMGenericUI::resetInitialValues() {
+    for (const QVMParameterControl* control : parameterControls_)
+        notifyParameterUpdatedTo(control->parameter()->pid, control->parameter()->initialValue);
+}
+
+void QVMGenericUI::applyScratchValues() {
+    for (std::uint32_t pid = 0; pid < scratchPValues_.size(); ++pid) {
+        if (scratchPValues_[pid] == memoizedPValues_[pid]) continue;
+        const QVMParameterControl* control = parameterControlWithPid(pid);
+        const QVMFloatControl* primary = control ? control->primaryControl() : nullptr;
+        if (primary && primary->isDisabled()) continue;
+        notifyParameterUpdatedTo(pid, scratchPValues_[pid]);
+    }
+}
+
+void QVMGenericUI::setMemoizedPValueDirectlyValue(std::uint32_t pid, float value) {
+    if (pid < memoizedPValues_.size()) memoizedPValues_[pid] = value;
+}
+
+float QVMGenericUI::getMemoizedPValueDirectly(std::uint32_t pid) const {
+    return pid < memoizedPValues_.size() ? memoizedPValues_[pid] : 0;
+}
+
+} // namespace QVM_NAMESPACE

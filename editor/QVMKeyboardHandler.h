@@ -1,0 +1,78 @@
+// Drives the editor from the keyboard: steps and types values, walks the focus, undoes and redoes.
+//
+// The editor hands it key events; what it does not handle is the host's. Main thread only.
+#pragma once
+
+#include "editor/QVMUndoRedoStack.h"
+#include "platform/Event.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+class QVMConfig;
+class QVMGenericUI;
+class QVMParameterControl;
+
+class QVMKeyboardHandler {
+public:
+    QVMKeyboardHandler();
+
+    // Both are borrowed and outlive the handler, which belongs to the editor.
+    void setConfig(const QVMConfig* config) { config_ = config; }
+    void setUi(QVMGenericUI* ui) { ui_ = ui; }
+
+    // The plain keys of a focused control; true when handled.
+    bool handleKeyDownEvent(const Event& event);
+    // Arrow keys, and keys with Command; true when handled.
+    bool handlePerformKeyEquivalent(const Event& event);
+
+    // The number being typed. Each tells whether it did anything.
+    bool appendToNumberBuffer(char32_t character);
+    bool deleteLastCharacterInNumberBuffer();
+    // Toggles a switch; gives any other control what was typed.
+    bool sendCompletedNumberBuffer();
+    bool resetNumberBuffer();
+    bool clearNumberBuffer() { return resetNumberBuffer(); }
+    const std::string& numberBuffer() const { return numberBuffer_; }
+
+    // Focus walk along the description's tab order; -1 is backwards.
+    bool tabToNextControlWithEvent(const Event& event);
+    bool tabToNextControlWithDirection(int direction);
+    // The next control that can be used, or null. There is none while processing is off.
+    QVMParameterControl* adjacentParameterControlDirection(QVMParameterControl* focused, int direction) const;
+    bool escapeFocusedControl();
+    bool keyboardShortcutAttemptTap();
+
+    bool keyboardShortcutUndo();
+    bool keyboardShortcutRedo();
+    // Puts a snapshot's values in place without recording them as a change. Always true.
+    bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
+    QVMUndoRedoStack& undoRedoStack() { return undoRedoStack_; }
+
+    // For the editor's buttons and menus; no key is bound to them.
+    bool keyboardShortcutToggleAdvancedDrawer();
+    bool keyboardShortcutToggleTheme();
+    bool keyboardShortcutTogglePower();
+    bool keyboardShortcutRefreshInitialParameterValues();
+    bool keyboardShortcutHideControls();
+    bool keyboardShortcutFreakout();
+    bool keyboardShortcutResizeWindow();
+
+private:
+    using Shortcut = std::function<bool()>;
+    QVMParameterControl* focused() const;
+    void showNumberBuffer();
+
+    const QVMConfig* config_ = nullptr;
+    QVMGenericUI* ui_ = nullptr;
+    std::string numberBuffer_;
+    std::map<char32_t, Shortcut> cmdShortcutMap_; // deliberately empty in this product
+    QVMUndoRedoStack undoRedoStack_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,78 @@
+#include "editor/QVMPowerBox.h"
+
+#include "controls/QVMSymbolButton.h"
+#include "description/QVMMetadata.h"
+#include "editor/QVMLogoStamp.h"
+#include "resources/IconGlyphs.h"
+
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double logoGlyphSize = 22, gearGlyphSize = 30; // points
+constexpr double underlineWidth = 32, underlineHeight = 1.5, underlineBelowLogo = 28;
+constexpr float underlineAlpha = 0.75f;
+constexpr Color sketchPlaceShade = Color::white(0, 0.17f); // over the product's colour
+constexpr double sketchPlaceRadius = 4;
+
+} // namespace
+
+QVMPowerBox::QVMPowerBox(const Rect& frame, AdvancedControls advanced, const QVMMetadata& metadata)
+    : ThemedView(frame), metadata_(metadata) {
+    layer()->setName("powerBox");
+    sketchPlace_ = std::make_shared<Layer>();
+    sketchPlace_->setName("sketchPlace");
+    layer()->addSublayer(sketchPlace_);
+    underline_ = std::make_shared<Layer>();
+    underline_->setName("underline");
+    underline_->setCornerRadius(underlineHeight / 2);
+    layer()->addSublayer(underline_);
+
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
+    logo_ = &btnWithFrameGlyph(layout.logoButton, icons::logoMark, logoGlyphSize);
+    logo_->layer()->setName("logoButton");
+    logo_->setToolTip("Get Current Settings");
+    if (advanced == AdvancedControls::yes) {
+        gear_ = &btnWithFrameGlyph(layout.gearButton, icons::gear, gearGlyphSize);
+        gear_->layer()->setName("gearButton");
+        gear_->setToolTip("Advanced Controls");
+    }
+    logoStamp_ = &addSubview(std::make_unique<QVMLogoStamp>(layout.logoStamp, metadata.logo));
+    assumeLayout(layout);
+    themeUpdated();
+}
+
+void QVMPowerBox::assumeLayout(const QVMEditorLayout& layout) {
+    logo_->setFrame(layout.logoButton);
+    if (gear_) gear_->setFrame(layout.gearButton);
+    logoStamp_->setFrame(layout.logoStamp);
+    layOutUnderline(layout.logoButton);
+    // Where the curve fills the whole box there is no edge to round.
+    const bool fillsBox = layout.sketchPlace.size() == layout.powerBox.size();
+    sketchPlace_->setFrame(layout.sketchPlace);
+    sketchPlace_->setCornerRadius(fillsBox ? 0 : sketchPlaceRadius);
+}
+
+void QVMPowerBox::themeUpdated() {
+    const Color box = colorFrom(metadata_.color);
+    const Color mark = QVMUITheme::theme().palette.onAccent;
+    layer()->setBackgroundColor(box);
+    sketchPlace_->setBackgroundColor(composite(sketchPlaceShade, box));
+    underline_->setBackgroundColor(mark.withAlpha(underlineAlpha));
+    logo_->resetGlyphColor(logo_->symbol(), mark);
+    if (gear_) gear_->resetGlyphColor(gear_->symbol(), mark);
+}
+
+QVMSymbolButton& QVMPowerBox::btnWithFrameGlyph(const Rect& frame, std::string_view glyph, double size) {
+    return addSubview(
+        std::make_unique<QVMSymbolButton>(frame, std::string(glyph), size, QVMUITheme::theme().palette.onAccent));
+}
+
+void QVMPowerBox::layOutUnderline(const Rect& logoFrame) {
+    underline_->setFrame(
+        {logoFrame.midX() - underlineWidth / 2, logoFrame.y + underlineBelowLogo, underlineWidth, underlineHeight});
+}
+
+} // namespace QVM_NAMESPACE

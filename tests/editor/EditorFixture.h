@@ -1,0 +1,145 @@
+// An editor in a window of its own, on virtual time, with a delegate that records what it hears and a unit that is
+// nothing but 24 numbers.
+#pragma once
+
+#include "controls/QVMFloatControl.h"
+#include "description/Description.h"
+#include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
+#include "platform/VirtualTime.h"
+#include "platform/Window.h"
+#include "theme/QVMUITheme.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+// Writes one line for each call it hears, and keeps what was sent as the unit would.
+class RecordingDelegate : public QVMGenericUIDelegate {
+public:
+    void interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t pid, float hostValue) override {
+        unit.at(pid) = hostValue;
+        sent.push_back({pid, hostValue});
+        calls.push_back("updated " + std::to_string(pid));
+    }
+    void interfaceBeganInteractionWithParameterKeyedEvent(QVMGenericUI&, std::uint32_t pid, const Event*) override {
+        calls.push_back("began " + std::to_string(pid));
+    }
+    void interfaceEndedInteractionWithParameterKeyed(QVMGenericUI&, std::uint32_t pid) override {
+        calls.push_back("ended " + std::to_string(pid));
+    }
+    void interfaceDiscretelyInteractedWithParameterKeyed(QVMGenericUI&, std::uint32_t pid) override {
+        calls.push_back("discrete " + std::to_string(pid));
+    }
+    void interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI&, const std::string& name,
+                                                        std::uint32_t index) override {
+        calls.push_back("preset " + name + " " + std::to_string(index));
+    }
+    void interfaceWantsToSaveAlternateStateSettings(QVMGenericUI&, std::uint32_t, const std::string&) override {}
+    void interfaceWantsToSaveUIState(QVMGenericUI&, std::uint32_t state) override {
+        calls.push_back("save state " + std::to_string(state));
+    }
+    void interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t frame) override {
+        calls.push_back("frame " + std::to_string(frame));
+        ui.assumeAltFrameScaleChanged(frame, false);
+    }
+    PBGLSketchAbstract* interfaceWantsVizRef(QVMGenericUI&) override { return nullptr; }
+    void interfaceHasReadiedVizRef(QVMGenericUI&, PBGLSketchAbstract*) override {}
+    void interfaceWantsSampleRateMaxFrames(QVMGenericUI&, double&, std::uint32_t&) override {}
+    void interfaceWantsToResetMetering(QVMGenericUI&) override { calls.push_back("reset metering"); }
+    void interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI&, const std::string& key, double value) override {
+        calls.push_back("preference " + key + " " + std::to_string(static_cast<int>(value)));
+    }
+    void interfaceShouldRequestUpdatedLayout(QVMGenericUI&) override { calls.push_back("layout"); }
+    void interfaceWantsToUploadBufferAtURL(QVMGenericUI&, const std::string&) override {}
+
+    struct Sent {
+        std::uint32_t pid;
+        float hostValue;
+    };
+    std::vector<std::string> calls;
+    std::vector<Sent> sent;
+    std::array<float, QVMParameterCount> unit{}; // host domain
+};
+
+class EditorFixture : public testing::Test {
+protected:
+    void SetUp() override { open(QVMConfig::inlinedConfig()); }
+
+    void TearDown() override {
+        if (&QVMUITheme::theme() != &QVMUITheme::light()) QVMUITheme::toggleThemeForWindow(nullptr);
+        if (ui_) ui_->setDelegate(nullptr);
+    }
+
+    // Builds the editor as its owner does, then lets the first snapshot be taken.
+    void open(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            delegate_.unit[pid] = GetParameter(pid)->reverseCastValue(GetParameter(pid)->initialValue);
+        auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, std::move(config), chanIn, chanOut);
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            ui->setMemoizedPValueDirectlyValue(
+                pid, QVMGenericUI::shownValueFromHostValue(*GetParameter(pid), delegate_.unit[pid]));
+        ui->completeInterfaceSetup();
+        ui->setDelegate(&delegate_);
+        ui_ = &window_.setContentView(std::move(ui));
+        time_.advance(1);
+        frame();
+        delegate_.calls.clear();
+        delegate_.sent.clear();
+    }
+
+    // One display frame: the unit's values come back.
+    void frame() { ui_->sketchHasUpdatedParameterStates(delegate_.unit); }
+
+    // What a user's hand does to a control, without the geometry.
+    void userSets(std::uint32_t pid, float value) {
+        QVMFloatControl* inner = control(pid).primaryControl();
+        inner->setFloatValue(value);
+        inner->reportInterfaceInitiatedValueChange();
+    }
+    // As the host's automation does; the value is in the host domain.
+    void hostSets(std::uint32_t pid, float hostValue) {
+        delegate_.unit.at(pid) = hostValue;
+        frame();
+    }
+
+    QVMParameterControl& control(std::uint32_t pid) { return *ui_->parameterControlWithPid(pid); }
+    float memoized(std::uint32_t pid) const { return ui_->getMemoizedPValueDirectly(pid); }
+    QVMUndoRedoStack& stack() { return ui_->keyboard().undoRedoStack(); }
+
+    bool key(char32_t character, std::uint16_t keyCode = 0, std::uint32_t modifiers = 0) {
+        return ui_->keyboard().handleKeyDownEvent(keyEvent(character, keyCode, modifiers));
+    }
+    static Event keyEvent(char32_t character, std::uint16_t keyCode = 0, std::uint32_t modifiers = 0) {
+        Event event;
+        event.type = EventType::keyDown;
+        if (character != 0) event.charactersIgnoringModifiers = std::u32string(1, character);
+        event.keyCode = keyCode;
+        event.modifierFlags = modifiers;
+        return event;
+    }
+    static Event mouseEvent(EventType type, Point at, std::uint32_t modifiers = 0) {
+        Event event;
+        event.type = type;
+        event.locationInWindow = at;
+        event.modifierFlags = modifiers;
+        event.clickCount = 1;
+        return event;
+    }
+    Point middleOf(const View& view) const { return view.convertToWindow(view.bounds()).center(); }
+    void click(Point at) {
+        window_.sendEvent(mouseEvent(EventType::mouseDown, at));
+        window_.sendEvent(mouseEvent(EventType::mouseUp, at));
+    }
+
+    VirtualTime time_;
+    RecordingDelegate delegate_;
+    Window window_;
+    QVMGenericUI* ui_ = nullptr; // owned by the window
+};
+
+} // namespace QVM_NAMESPACE

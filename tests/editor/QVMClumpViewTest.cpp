@@ -1,0 +1,103 @@
+#include "editor/QVMClumpView.h"
+
+#include "controls/QVMParameterControl.h"
+#include "description/Description.h"
+#include "platform/LayerRenderer.h"
+#include "platform/VirtualTime.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class QVMClumpViewTest : public testing::Test {
+protected:
+    std::unique_ptr<QVMClumpView> make(std::uint32_t cid) {
+        QVMClump& clump = *GetClump(cid);
+        return std::make_unique<QVMClumpView>(Rect{clump.frame.x, clump.frame.y, clump.frame.width, clump.frame.height},
+                                              clump);
+    }
+    QVMParameterControl& addControl(QVMClumpView& view, std::uint32_t pid) {
+        const QVMRect& f = GetParameter(pid)->frame;
+        return view.addSubview(
+            std::make_unique<QVMParameterControl>(Rect{f.x, f.y, f.width, f.height}, Rect{}, GetParameter(pid), 0.0f));
+    }
+    VirtualTime time_;
+};
+
+TEST_F(QVMClumpViewTest, FiveControlsDimInARipple) {
+    const std::vector<double> expected = {0, 0.02, 0.04, 0.06, 0.08};
+    EXPECT_THAT(QVMClumpView::rippleDelays(5, 0), testing::Pointwise(testing::DoubleEq(), expected));
+    EXPECT_THAT(QVMClumpView::rippleDelays(2, 0.1),
+                testing::ElementsAre(testing::DoubleEq(0.1), testing::DoubleEq(0.12)));
+}
+
+TEST_F(QVMClumpViewTest, DimmingHoldsEveryControlUnderOneKeyAndFadesTheView) {
+    auto view = make(1);
+    for (const std::uint32_t pid : {1u, 2u, 3u})
+        addControl(*view, pid);
+    view->setDimmedDelayPriority(true, 0, 5);
+    EXPECT_TRUE(view->dimmed());
+    EXPECT_EQ(view->alpha(), 0.5);
+    ASSERT_EQ(view->parameterControls().size(), 3u);
+    for (const QVMParameterControl* control : view->parameterControls())
+        EXPECT_EQ(control->dimHolds(), (std::map<std::string, unsigned>{{"Clump", 5u}}));
+    view->setDimmedDelayPriority(false, 0, 5);
+    EXPECT_FALSE(view->dimmed());
+    EXPECT_EQ(view->alpha(), 1);
+    for (const QVMParameterControl* control : view->parameterControls())
+        EXPECT_FALSE(control->isDimmed());
+}
+
+TEST_F(QVMClumpViewTest, TheFadeGlides) {
+    auto view = make(1);
+    view->setDimmedDelayPriority(true, 0, 0);
+    time_.advance(0.1);
+    const double onTheWay = view->layer()->presentation().opacity;
+    EXPECT_GT(onTheWay, 0.5);
+    EXPECT_LT(onTheWay, 1);
+}
+
+TEST_F(QVMClumpViewTest, DrawsItsHeadingFromThePictureAndItsTaggedLabels) {
+    const std::string dump = dumpLayerTree(*make(1)->layer());
+    EXPECT_THAT(dump, HasSubstr("label:TILT"));
+    EXPECT_THAT(dump, HasSubstr("label:GAIN"));
+    EXPECT_THAT(dump, HasSubstr("label:RANGE"));
+}
+
+TEST_F(QVMClumpViewTest, DrawsTheLabelsOfItsParameters) {
+    EXPECT_THAT(dumpLayerTree(*make(2)->layer()), HasSubstr("label:Loudness"));
+    EXPECT_THAT(dumpLayerTree(*make(4)->layer()), HasSubstr("label:Slope"));
+}
+
+TEST_F(QVMClumpViewTest, PartsItsColumnsWithALine) {
+    EXPECT_THAT(dumpLayerTree(*make(4)->layer()), HasSubstr("interiorBorder"));
+    EXPECT_THAT(dumpLayerTree(*make(1)->layer()), Not(HasSubstr("interiorBorder")));
+}
+
+TEST_F(QVMClumpViewTest, AnOutlineIsDrawnOnlyForAClumpThatNamesEdges) {
+    EXPECT_THAT(dumpLayerTree(*make(1)->layer()), Not(HasSubstr("outline")));
+    QVMClump outlined = *GetClump(1);
+    outlined.edges = {"left"};
+    outlined.inset = {{"left", 10}, {"top", 5}};
+    const QVMClumpView view({0, 0, 100, 50}, outlined);
+    EXPECT_THAT(dumpLayerTree(*view.layer()), HasSubstr("outline"));
+    EXPECT_EQ(view.useableRect(), (Rect{10, 5, 90, 45}));
+    EXPECT_TRUE(view.useableRect().contains(view.newRoundedBorderRect()));
+}
+
+TEST_F(QVMClumpViewTest, ClicksBesideItsControlsPassThrough) {
+    auto view = make(1);
+    QVMParameterControl& gain = addControl(*view, 1);
+    EXPECT_EQ(view->hitTest({300, 10}), nullptr);
+    View* hit = view->hitTest(gain.frame().center());
+    ASSERT_NE(hit, nullptr);
+    EXPECT_TRUE(hit->isDescendantOf(gain));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,172 @@
+#include "EditorFixture.h"
+
+#include "controls/QVMRangeControl.h"
+#include "controls/QVMSymbolButton.h"
+#include "editor/QVMLogoStamp.h"
+#include "editor/QVMPowerBox.h"
+#include "platform/Menu.h"
+#include "platform/Workspace.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class QVMGenericUIEvents : public EditorFixture {
+protected:
+    void interaction(std::uint32_t pid, QVMInteraction state) {
+        QVMFloatControl* inner = control(pid).primaryControl();
+        inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, state, nullptr);
+    }
+    std::unique_ptr<Menu> menuAt(Point at, std::uint32_t modifiers = 0) {
+        return ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, at, modifiers));
+    }
+};
+
+class RecordingWorkspace final : public Workspace {
+public:
+    RecordingWorkspace() { install(this); }
+    ~RecordingWorkspace() override { install(nullptr); }
+    std::optional<std::string> clipboardString() override { return std::nullopt; }
+    void setClipboardString(const std::string&) override {}
+    bool openUrl(const std::string& address) override {
+        opened.push_back(address);
+        return true;
+    }
+    std::vector<std::string> opened;
+};
+
+TEST_F(QVMGenericUIEvents, GesturesAreReportedAndRemembered) {
+    EXPECT_EQ(ui_->interactionState(7), QVMInteractionDiscrete);
+    interaction(7, QVMInteractionBegan);
+    EXPECT_EQ(ui_->interactionState(7), QVMInteractionBegan);
+    EXPECT_EQ(ui_->focusedControl(), &control(7));
+    interaction(7, QVMInteractionEnded);
+    interaction(7, QVMInteractionDiscrete);
+    EXPECT_THAT(delegate_.calls, ElementsAre("began 7", "ended 7", "discrete 7"));
+}
+
+TEST_F(QVMGenericUIEvents, ADragOfARangesBandIsOneGestureOfEachEnd) {
+    userSets(2, 100);
+    userSets(3, 6400);
+    frame();
+    time_.advance(1);
+    delegate_.calls.clear();
+    const Point middle = middleOf(*control(3).range());
+    window_.sendEvent(mouseEvent(EventType::mouseDown, middle));
+    window_.sendEvent(mouseEvent(EventType::mouseDragged, {middle.x + 10, middle.y}));
+    window_.sendEvent(mouseEvent(EventType::mouseUp, {middle.x + 10, middle.y}));
+    for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
+        EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), call), 1) << call;
+    EXPECT_GT(memoized(2), 100);
+    EXPECT_GT(memoized(3), 6400);
+}
+
+TEST_F(QVMGenericUIEvents, TheMasterSwitchNeverTakesFocus) {
+    ui_->bringParameterControlIntoFocus(&control(1));
+    interaction(0, QVMInteractionBegan);
+    EXPECT_EQ(ui_->focusedControl(), &control(1));
+}
+
+TEST_F(QVMGenericUIEvents, OneControlAtATimeShowsFocus) {
+    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(7));
+    EXPECT_FALSE(control(1).focused());
+    EXPECT_TRUE(control(7).focused());
+    ui_->bringParameterControlIntoFocus(nullptr);
+    EXPECT_FALSE(control(7).focused());
+}
+
+TEST_F(QVMGenericUIEvents, AClickBesideTheControlsClearsFocus) {
+    ui_->bringParameterControlIntoFocus(&control(1));
+    click({10, 15}); // in the preset bar
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMGenericUIEvents, TheEditorIsFirstResponderInItsWindow) {
+    EXPECT_EQ(window_.firstResponder(), ui_);
+}
+
+TEST_F(QVMGenericUIEvents, LosingTheKeyWindowFadesTheLogoAndRemembersTheFocus) {
+    window_.setKeyWindow(true);
+    ui_->bringParameterControlIntoFocus(&control(7));
+    window_.setKeyWindow(false);
+    EXPECT_EQ(ui_->powerBox()->logoStamp().alpha(), 0.5);
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    window_.setKeyWindow(true);
+    EXPECT_EQ(ui_->powerBox()->logoStamp().alpha(), 1);
+    EXPECT_EQ(ui_->focusedControl(), &control(7));
+    EXPECT_TRUE(ui_->hasFocus());
+}
+
+TEST_F(QVMGenericUIEvents, TheClickThatBringsTheWindowBackChoosesTheFocus) {
+    window_.setKeyWindow(true);
+    ui_->bringParameterControlIntoFocus(&control(7));
+    window_.setKeyWindow(false);
+    click(middleOf(*control(13).primaryControl()));
+    EXPECT_TRUE(window_.isKeyWindow());
+    EXPECT_EQ(ui_->focusedControl(), &control(13));
+}
+
+TEST_F(QVMGenericUIEvents, AFocusInTheHiddenDrawerIsNotGivenBack) {
+    window_.setKeyWindow(true);
+    ui_->gearTapped();
+    ui_->bringParameterControlIntoFocus(&control(14));
+    window_.setKeyWindow(false);
+    ui_->gearTapped();
+    window_.setKeyWindow(true);
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMGenericUIEvents, PreferenceNotificationsReachTheDelegate) {
+    ui_->updateLayoutKeyNumerical(3, 7);
+    NotificationCenter::defaultCenter().post(QVMGenericUI::preferencesSavedNotification, nullptr);
+    EXPECT_THAT(delegate_.calls, ElementsAre("preference 3 7", "layout"));
+}
+
+TEST_F(QVMGenericUIEvents, APreferenceWithoutItsNumbersIsIgnored) {
+    NotificationCenter::defaultCenter().post(QVMGenericUI::preferenceNotification, nullptr);
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+}
+
+TEST_F(QVMGenericUIEvents, TheMeterIsResetThroughTheDelegate) {
+    ui_->meterTapped();
+    EXPECT_THAT(delegate_.calls, ElementsAre("reset metering"));
+}
+
+TEST_F(QVMGenericUIEvents, TheMenuOfAControlBeginsWithItsReset) {
+    hostSets(7, -6);
+    const auto menu = menuAt(middleOf(control(7)));
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->title, "Output Gain");
+    EXPECT_EQ(menu->items.front().title, "Reset Output Gain to default");
+    EXPECT_TRUE(menu->items.front().enabled);
+    menu->items.front().action();
+    EXPECT_EQ(memoized(7), 0);
+}
+
+TEST_F(QVMGenericUIEvents, ResetIsDisabledAtTheInitialValue) {
+    EXPECT_FALSE(menuAt(middleOf(control(7)))->items.front().enabled);
+}
+
+TEST_F(QVMGenericUIEvents, TheMenuElsewhereIsTheProducts) {
+    RecordingWorkspace workspace;
+    const auto menu = menuAt({10, 15});
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->title, "Slantwise");
+    EXPECT_EQ(menu->items.back().title, "Ferrowind Slantwise, 2.0.1");
+    menu->items.back().action();
+    EXPECT_THAT(workspace.opened, ElementsAre("https://ferrowind.example/slantwise"));
+}
+
+TEST_F(QVMGenericUIEvents, ThereIsNoMenuWhileOptionOrCommandIsHeld) {
+    EXPECT_FALSE(menuAt({10, 15}, EventModifier::option));
+    EXPECT_FALSE(menuAt({10, 15}, EventModifier::command));
+    EXPECT_TRUE(menuAt({10, 15}, EventModifier::shift));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

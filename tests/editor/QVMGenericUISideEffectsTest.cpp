@@ -1,0 +1,113 @@
+#include "EditorFixture.h"
+
+#include "editor/QVMClumpView.h"
+#include "editor/QVMClumpsView.h"
+#include "editor/QVMPresetBar.h"
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class QVMGenericUISideEffects : public EditorFixture {};
+
+// Sets fields of a shared record for one test and puts them back.
+class ScopedRecord {
+public:
+    explicit ScopedRecord(std::uint32_t pid) : parameter(*GetParameter(pid)), saved_(parameter) {}
+    ~ScopedRecord() { parameter = saved_; }
+    QVMParameter& parameter;
+
+private:
+    QVMParameter saved_;
+};
+
+TEST_F(QVMGenericUISideEffects, AFilterThatIsOffDimsItsSlopeAndResonance) {
+    // The low filter is off at first.
+    EXPECT_TRUE(control(14).isDimmed());
+    EXPECT_TRUE(control(15).isDimmed());
+    EXPECT_TRUE(control(21).isDimmed());
+    hostSets(9, GetParameter(9)->reverseCastValue(80));
+    EXPECT_FALSE(control(14).isDimmed());
+    EXPECT_FALSE(control(15).isDimmed());
+    EXPECT_TRUE(control(21).isDimmed());
+}
+
+TEST_F(QVMGenericUISideEffects, AControlDimmedByTwoStaysDimmedUntilBothLetGo) {
+    hostSets(13, 1); // listening to the low filter dims its resonance too
+    hostSets(9, GetParameter(9)->reverseCastValue(80));
+    EXPECT_TRUE(control(15).isDimmed());
+    hostSets(13, 0);
+    EXPECT_FALSE(control(15).isDimmed());
+}
+
+TEST_F(QVMGenericUISideEffects, PowerOffDimsEveryClumpAndPowerOnBringsThemBack) {
+    hostSets(0, 0);
+    for (const char* clump : {"Tilt", "Output", "Filter", "AdvFilter"})
+        EXPECT_TRUE(ui_->clumpViewWithCodename(clump)->dimmed()) << clump;
+    EXPECT_FALSE(ui_->masterClump()->dimmed());
+    EXPECT_TRUE(control(1).isDimmed());
+    EXPECT_TRUE(control(13).isDimmed()); // displaced from its clump view
+    hostSets(0, 1);
+    EXPECT_FALSE(ui_->clumpViewWithCodename("Tilt")->dimmed());
+    EXPECT_FALSE(control(1).isDimmed());
+    EXPECT_FALSE(control(13).isDimmed());
+}
+
+TEST_F(QVMGenericUISideEffects, AClumpScopeDimsTheControlsOwnClump) {
+    ScopedRecord record(7);
+    record.parameter.scope = 2;
+    hostSets(7, -0.5f); // its whole part is 0
+    EXPECT_TRUE(ui_->clumpViewWithCodename("Output")->dimmed());
+    EXPECT_FALSE(ui_->clumpViewWithCodename("Tilt")->dimmed());
+}
+
+TEST_F(QVMGenericUISideEffects, DisablesPreventInteractionAtTheirValue) {
+    ScopedRecord record(6);
+    record.parameter.disables = {{}, {"TiltGain", "TiltRangeLow", "NoSuchThing"}};
+    hostSets(6, 1);
+    EXPECT_TRUE(control(1).primaryControl()->isDisabled());
+    EXPECT_TRUE(control(2).primaryControl()->isDisabled());
+    hostSets(6, 2);
+    EXPECT_FALSE(control(1).primaryControl()->isDisabled());
+    EXPECT_FALSE(control(2).primaryControl()->isDisabled());
+}
+
+TEST_F(QVMGenericUISideEffects, HidesHideAtTheirValue) {
+    ScopedRecord record(6);
+    record.parameter.hides = {{}, {}, {"OutputGain"}};
+    hostSets(6, 2);
+    EXPECT_TRUE(control(7).isHidden());
+    hostSets(6, 1);
+    EXPECT_FALSE(control(7).isHidden());
+}
+
+TEST_F(QVMGenericUISideEffects, ThePresetIsFoundChangedHalfASecondAfterTheLastChange) {
+    hostSets(1, 6);
+    time_.advance(0.3);
+    hostSets(1, 7);
+    time_.advance(0.4);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+    time_.advance(0.2);
+    EXPECT_TRUE(ui_->presetBar()->dirty());
+}
+
+TEST_F(QVMGenericUISideEffects, AChannelRuleThatMatchesPinsAndDisablesItsControl) {
+    ScopedRecord record(7);
+    record.parameter.channelLayoutRules = {{QVMChannelPair{1, 1}, true, 3.0f}, {std::nullopt, true, 9.0f}};
+    open(QVMConfig::inlinedConfig(), 1, 1);
+    EXPECT_TRUE(control(7).isDimmed());
+    EXPECT_EQ(control(7).dimHolds().at("Absolute"), 1000u);
+    EXPECT_TRUE(control(7).primaryControl()->isDisabled());
+    control(7).setFloatValue(-6);
+    EXPECT_EQ(control(7).floatValue(), 3);
+}
+
+TEST_F(QVMGenericUISideEffects, AChannelRuleForOtherChannelsIsIgnored) {
+    ScopedRecord record(7);
+    record.parameter.channelLayoutRules = {{QVMChannelPair{1, 1}, true, 3.0f}};
+    open(QVMConfig::inlinedConfig(), 2, 2);
+    EXPECT_FALSE(control(7).isDimmed());
+    EXPECT_FALSE(control(7).primaryControl()->isDisabled());
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,221 @@
+#include "EditorFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::IsEmpty;
+
+class QVMKeyboardHandlerTest : public EditorFixture {
+protected:
+    void focus(std::uint32_t pid) { ui_->bringParameterControlIntoFocus(&control(pid)); }
+    std::uint32_t focusedPid() const { return ui_->focusedControl()->parameter()->pid; }
+    const std::string& buffer() { return ui_->keyboard().numberBuffer(); }
+    void type(std::string_view text) {
+        for (const char c : text)
+            key(static_cast<char32_t>(c));
+    }
+    bool tab(std::uint32_t modifiers = 0) { return key(0, Key::codeTab, modifiers); }
+    bool arrow(char32_t which, std::uint32_t modifiers = 0) {
+        return ui_->keyboard().handlePerformKeyEquivalent(keyEvent(which, 0, modifiers | EventModifier::numericPad));
+    }
+};
+
+TEST_F(QVMKeyboardHandlerTest, WithoutFocusNoKeyIsHandled) {
+    EXPECT_FALSE(key(U'5'));
+    EXPECT_FALSE(tab());
+    EXPECT_FALSE(key(0, Key::codeEscape));
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, AMinusIsAcceptedOnlyAsTheFirstCharacter) {
+    focus(1);
+    EXPECT_TRUE(key(U'-'));
+    EXPECT_FALSE(key(U'-'));
+    EXPECT_TRUE(key(U'3'));
+    EXPECT_FALSE(key(U'-'));
+    EXPECT_EQ(buffer(), "-3");
+}
+
+TEST_F(QVMKeyboardHandlerTest, NothingFollowsTheThousands) {
+    focus(2);
+    type("12k5");
+    EXPECT_EQ(buffer(), "12k");
+    type(".");
+    EXPECT_EQ(buffer(), "12k");
+}
+
+TEST_F(QVMKeyboardHandlerTest, PointAndCommaMayEachOccurOnce) {
+    focus(1);
+    type("1.2.");
+    EXPECT_EQ(buffer(), "1.2");
+    type(",3,");
+    EXPECT_EQ(buffer(), "1.2,3");
+}
+
+TEST_F(QVMKeyboardHandlerTest, DeleteTakesTheLastCharacter) {
+    focus(1);
+    type("12");
+    EXPECT_TRUE(key(0, Key::codeDelete));
+    EXPECT_EQ(buffer(), "1");
+    EXPECT_TRUE(key(0, Key::codeDelete));
+    EXPECT_FALSE(key(0, Key::codeDelete));
+}
+
+TEST_F(QVMKeyboardHandlerTest, ReturnAppliesWhatWasTyped) {
+    focus(2);
+    type("1.5k");
+    EXPECT_TRUE(key(0, Key::codeReturn));
+    EXPECT_EQ(memoized(2), 1500);
+    EXPECT_EQ(buffer(), "");
+    EXPECT_FALSE(key(0, Key::codeEnter)); // nothing typed
+}
+
+TEST_F(QVMKeyboardHandlerTest, ReturnOnASwitchTogglesItAndKeepsTheBuffer) {
+    focus(13);
+    type("12");
+    EXPECT_TRUE(key(0, Key::codeReturn));
+    EXPECT_EQ(memoized(13), 1);
+    EXPECT_EQ(buffer(), "12");
+}
+
+TEST_F(QVMKeyboardHandlerTest, AnInteractionEmptiesTheBuffer) {
+    focus(1);
+    type("12");
+    QVMFloatControl* inner = control(7).primaryControl();
+    inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, QVMInteractionBegan, nullptr);
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabWalksTheTabOrderOverWhatHasNoControl) {
+    focus(1);
+    for (const std::uint32_t expected : {2u, 3u, 6u, 7u, 9u, 10u, 13u, 20u, 14u, 15u, 21u, 22u, 23u, 1u}) {
+        EXPECT_TRUE(tab());
+        ASSERT_EQ(focusedPid(), expected);
+    }
+}
+
+TEST_F(QVMKeyboardHandlerTest, ShiftTabAndTheGraveKeyWalkBackwards) {
+    focus(1);
+    tab(EventModifier::shift);
+    EXPECT_EQ(focusedPid(), 23u);
+    key(U'`', Key::codeGrave);
+    EXPECT_EQ(focusedPid(), 22u);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabAppliesWhatWasTyped) {
+    focus(1);
+    type("4.5");
+    tab();
+    EXPECT_EQ(memoized(1), 4.5f);
+    EXPECT_EQ(focusedPid(), 2u);
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabPassesDisabledControls) {
+    focus(1);
+    control(2).primaryControl()->setPreventInteraction(true);
+    tab();
+    EXPECT_EQ(focusedPid(), 3u);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabWithAllOthersDisabledRemovesFocus) {
+    focus(1);
+    for (QVMParameterControl* other : ui_->parameterControls())
+        if (other != &control(1)) other->primaryControl()->setPreventInteraction(true);
+    tab();
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabWithProcessingOffRemovesFocus) {
+    hostSets(0, 0);
+    focus(1);
+    tab();
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabFromNowhereBeginsAtTheFirst) {
+    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(nullptr, 1), &control(1));
+}
+
+TEST_F(QVMKeyboardHandlerTest, TheWalkEndsForAControlThatIsNotInTheOrder) {
+    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(&control(0), 1), nullptr);
+}
+
+TEST_F(QVMKeyboardHandlerTest, EscapeRemovesFocusAndForgetsWhatWasTyped) {
+    focus(1);
+    type("12");
+    EXPECT_TRUE(key(0, Key::codeEscape));
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    EXPECT_EQ(buffer(), "");
+    EXPECT_EQ(memoized(1), 0);
+}
+
+TEST_F(QVMKeyboardHandlerTest, ArrowsStepTheFocusedControlByGranularity) {
+    focus(1);
+    EXPECT_TRUE(arrow(Key::up));
+    EXPECT_FLOAT_EQ(memoized(1), 0.5f);
+    EXPECT_TRUE(arrow(Key::left));
+    EXPECT_FLOAT_EQ(memoized(1), 0);
+    arrow(Key::right, EventModifier::command);
+    EXPECT_FLOAT_EQ(memoized(1), 0.1f);
+    arrow(Key::down, EventModifier::command);
+    arrow(Key::right, EventModifier::shift);
+    EXPECT_FLOAT_EQ(memoized(1), 1.5f);
+}
+
+TEST_F(QVMKeyboardHandlerTest, ShiftWinsOverCommandForArrows) {
+    focus(1);
+    arrow(Key::right, EventModifier::shift | EventModifier::command);
+    EXPECT_FLOAT_EQ(memoized(1), 1.5f);
+}
+
+TEST_F(QVMKeyboardHandlerTest, OneArrowIsOneDiscreteGesture) {
+    focus(1);
+    arrow(Key::up);
+    EXPECT_THAT(delegate_.calls, testing::ElementsAre("updated 1", "discrete 1"));
+}
+
+TEST_F(QVMKeyboardHandlerTest, ArrowsWithoutFocusDoNothing) {
+    EXPECT_FALSE(arrow(Key::up));
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+}
+
+TEST_F(QVMKeyboardHandlerTest, OtherKeypadKeysAreNoEquivalents) {
+    focus(1);
+    EXPECT_FALSE(arrow(U'5'));
+}
+
+TEST_F(QVMKeyboardHandlerTest, NoCommandShortcutIsBound) {
+    focus(1);
+    for (char32_t c = U'a'; c <= U'z'; ++c)
+        EXPECT_FALSE(ui_->keyboard().handlePerformKeyEquivalent(keyEvent(c, 0, EventModifier::command)));
+    EXPECT_FALSE(key(U'k', 0, EventModifier::command)); // and none is typed
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, LettersAreTheHosts) {
+    focus(1);
+    EXPECT_FALSE(key(U'j'));
+    EXPECT_FALSE(key(U' ', Key::codeSpace));
+}
+
+TEST_F(QVMKeyboardHandlerTest, KeysReachTheHandlerThroughTheWindow) {
+    window_.makeFirstResponder(ui_);
+    focus(1);
+    window_.sendEvent(keyEvent(U'6'));
+    EXPECT_EQ(buffer(), "6");
+    window_.sendEvent(keyEvent(Key::up, 126, EventModifier::numericPad));
+    EXPECT_FLOAT_EQ(memoized(1), 0.5f);
+}
+
+TEST_F(QVMKeyboardHandlerTest, PowerAndThemeAreOneCallAway) {
+    EXPECT_TRUE(ui_->keyboard().keyboardShortcutTogglePower());
+    EXPECT_EQ(memoized(0), 0);
+    ui_->keyboard().keyboardShortcutToggleTheme();
+    EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

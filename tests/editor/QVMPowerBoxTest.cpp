@@ -1,0 +1,47 @@
+#include "editor/QVMPowerBox.h"
+
+#include "controls/QVMSymbolButton.h"
+#include "description/Description.h"
+#include "editor/QVMInsetShadowBox.h"
+#include "editor/QVMLogoStamp.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+TEST(QVMPowerBox, HoldsLogoGearAndStamp) {
+    QVMPowerBox box({418, 0, 62, 320}, AdvancedControls::yes, *GetMetadata());
+    EXPECT_EQ(box.logo().toolTip(), "Get Current Settings");
+    ASSERT_TRUE(box.gear());
+    EXPECT_EQ(box.gear()->toolTip(), "Advanced Controls");
+    EXPECT_EQ(box.logo().frame(), (Rect{4, 8, 54, 34}));
+    EXPECT_EQ(box.gear()->frame(), (Rect{4, 76, 54, 40}));
+    EXPECT_EQ(box.logoStamp().frame(), (Rect{7, 266, 50, 50}));
+    EXPECT_TRUE(box.logoStamp().layer()->contents());
+}
+
+TEST(QVMPowerBox, HasNoGearWithoutAdvancedControls) {
+    QVMPowerBox box({418, 0, 62, 320}, AdvancedControls::no, *GetMetadata());
+    EXPECT_EQ(box.gear(), nullptr);
+}
+
+TEST(QVMPowerBox, CarriesTheProductsColour) {
+    const QVMPowerBox box({418, 0, 62, 320}, AdvancedControls::yes, *GetMetadata());
+    EXPECT_EQ(box.layer()->backgroundColor(), colorFrom(GetMetadata()->color));
+}
+
+TEST(QVMLogoStamp, StaysEmptyWithoutAPicture) {
+    const QVMLogoStamp stamp({0, 0, 50, 50}, "no picture");
+    EXPECT_FALSE(stamp.layer()->contents());
+}
+
+TEST(QVMInsetShadowBox, IsAWellWithAnEdge) {
+    const QVMInsetShadowBox box({0, 2, 30, 12});
+    EXPECT_EQ(box.frame(), (Rect{0, 2, 30, 12}));
+    EXPECT_GT(box.layer()->backgroundColor().a, 0);
+    EXPECT_GT(box.layer()->borderWidth(), 0);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
