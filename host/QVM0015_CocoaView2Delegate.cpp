@@ -1,0 +1,102 @@
+// What the editor asks of the unit.
+#include "editor/QVMGenericUI.h"
+#include "host/QVM0015_CocoaView2.h"
+#include "host/UnitLog.h"
+
+#include <array>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+// The view's size in each layout variant, in points at scale 1.
+constexpr std::array<Size, 3> altFrameSizes = {{{480, 320}, {680, 320}, {200, 200}}};
+
+} // namespace
+
+void QVM0015_CocoaView2::notifyEventTypeForPid(AudioUnitEventType type, std::uint32_t pid) {
+    if (pid >= parameterCount) return;
+    const AudioUnitEvent event{type, mParameter[pid]};
+    logIfFailed("notify", AUEventListenerNotify(nullptr, this, &event));
+}
+
+void QVM0015_CocoaView2::interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t pid, float hostValue) {
+    if (pid >= parameterCount) return;
+    logIfFailed("native ui set", AUParameterSet(mParameterListener, this, &mParameter[pid], hostValue, 0));
+}
+
+void QVM0015_CocoaView2::interfaceBeganInteractionWithParameterKeyedEvent(QVMGenericUI&, std::uint32_t pid,
+                                                                          const Event*) {
+    notifyEventTypeForPid(kAudioUnitEvent_BeginParameterChangeGesture, pid);
+}
+
+void QVM0015_CocoaView2::interfaceEndedInteractionWithParameterKeyed(QVMGenericUI&, std::uint32_t pid) {
+    notifyEventTypeForPid(kAudioUnitEvent_ParameterValueChange, pid);
+    notifyEventTypeForPid(kAudioUnitEvent_EndParameterChangeGesture, pid);
+}
+
+void QVM0015_CocoaView2::interfaceDiscretelyInteractedWithParameterKeyed(QVMGenericUI&, std::uint32_t pid) {
+    notifyEventTypeForPid(kAudioUnitEvent_BeginParameterChangeGesture, pid);
+    notifyEventTypeForPid(kAudioUnitEvent_ParameterValueChange, pid);
+    notifyEventTypeForPid(kAudioUnitEvent_EndParameterChangeGesture, pid);
+}
+
+void QVM0015_CocoaView2::interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI&, const std::string& name,
+                                                                        std::uint32_t) {
+    lastPreset_ = name;
+    const std::string* reference = &lastPreset_;
+    setProperty(kQVMProperty_PresetName, reference);
+}
+
+void QVM0015_CocoaView2::interfaceWantsToSaveAlternateStateSettings(QVMGenericUI&, std::uint32_t state,
+                                                                    const std::string& settings) {
+    abSettings_ = settings;
+    abState_ = {state, 0, &abSettings_};
+    setProperty(kQVMProperty_ABState, abState_);
+}
+
+void QVM0015_CocoaView2::interfaceWantsToSaveUIState(QVMGenericUI&, std::uint32_t state) {
+    uiState_ = state;
+    setProperty(kQVMProperty_InterfaceState, uiState_);
+}
+
+void QVM0015_CocoaView2::interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t index) {
+    const bool known = index >= 0 && index < static_cast<std::int32_t>(altFrameSizes.size());
+    const Size size = known ? altFrameSizes[static_cast<std::size_t>(index)] : Size{};
+    const double scale = static_cast<double>(ui.currentScale());
+    setFrame({frame().x, frame().y, std::floor(size.width * scale), std::floor(size.height * scale)});
+    ui.assumeAltFrameScaleChanged(index, false);
+}
+
+PBGLSketchAbstract* QVM0015_CocoaView2::interfaceWantsVizRef(QVMGenericUI&) {
+    PBGLSketchAbstract* vizRef = nullptr;
+    logIfFailed("get-vizref", getProperty(kQVMProperty_VizRef, vizRef));
+    return vizRef;
+}
+
+void QVM0015_CocoaView2::interfaceHasReadiedVizRef(QVMGenericUI&, PBGLSketchAbstract* vizRef) {
+    logIfFailed("vizCallback", setProperty(kQVMProperty_VizRef, vizRef));
+}
+
+void QVM0015_CocoaView2::interfaceWantsSampleRateMaxFrames(QVMGenericUI&, double& sampleRate,
+                                                           std::uint32_t& maxFrames) {
+    logIfFailed("sr", getProperty(kAudioUnitProperty_SampleRate, sampleRate, kAudioUnitScope_Input));
+    logIfFailed("mf", getProperty(kAudioUnitProperty_MaximumFramesPerSlice, maxFrames));
+}
+
+void QVM0015_CocoaView2::interfaceWantsToResetMetering(QVMGenericUI&) {
+    logIfFailed("tap the meter", setProperty(kQVMProperty_ResetMeters, std::uint32_t{1}));
+}
+
+void QVM0015_CocoaView2::interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI&, const std::string&, double value) {
+    setProperty(kQVMProperty_InterfacePreference, std::uint8_t{value != 0});
+}
+
+void QVM0015_CocoaView2::interfaceWantsToUploadBufferAtURL(QVMGenericUI&, const std::string& path) {
+    addBuff_ = path;
+    const std::string* reference = &addBuff_;
+    setProperty(kQVMProperty_BufferPath, reference);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,181 @@
+#include "host/HostViewFixture.h"
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class AsDelegate : public HostView {
+protected:
+    AsDelegate() {
+        bind();
+        takeCalls();
+        EXPECT_EQ(AUEventListenerCreate(hear, this, &RunLoop::main(), 0, AUEventDelivery::immediate, &host), noErr);
+        for (std::uint32_t pid = 0; pid < 24; ++pid) {
+            for (const auto type : {kAudioUnitEvent_ParameterValueChange, kAudioUnitEvent_BeginParameterChangeGesture,
+                                    kAudioUnitEvent_EndParameterChangeGesture}) {
+                const AudioUnitEvent event{type, {&unit, pid}};
+                EXPECT_EQ(AUEventListenerAddEventType(host, nullptr, &event), noErr);
+            }
+        }
+    }
+    ~AsDelegate() override { AUListenerDispose(host); }
+
+    static void hear(void* self, void*, const AudioUnitEvent* event, float) {
+        const char* names[] = {"value ", "begin ", "end "};
+        static_cast<AsDelegate*>(self)->heard.push_back(names[event->mEventType] +
+                                                        std::to_string(event->mArgument.mParameterID));
+    }
+
+    Lines heard; // what a host that listens is told, in order
+    AUEventListenerRef host = nullptr;
+};
+
+TEST_F(AsDelegate, AnUpdateIsStoredAtOnceAndTheHostIsTold) {
+    delegate().interfaceUpdatedParameterKeyedValue(ui(), 1, 4.5F);
+    EXPECT_EQ(unit.values[1], 4.5F);
+    EXPECT_EQ(unit.lastBufferOffset, 0U);
+    EXPECT_EQ(heard, Lines{"value 1"});
+    EXPECT_EQ(view->valueForParameterID(1), 4.5F);
+}
+
+TEST_F(AsDelegate, TheEditorsValuesReachTheUnitInTheHostDomain) {
+    ui().notifyParameterUpdatedTo(2, 489.9F);
+    EXPECT_NEAR(unit.values[2], 12005.0F, 1.0F);
+}
+
+TEST_F(AsDelegate, BeginningAnInteractionNotifiesBegin) {
+    delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), 3, nullptr);
+    EXPECT_EQ(heard, Lines{"begin 3"});
+}
+
+TEST_F(AsDelegate, EndingAnInteractionAlwaysSendsAValueChangeBeforeTheEnd) {
+    delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 3);
+    EXPECT_EQ(heard, (Lines{"value 3", "end 3"}));
+}
+
+TEST_F(AsDelegate, ADiscreteInteractionIsBeginValueEnd) {
+    delegate().interfaceDiscretelyInteractedWithParameterKeyed(ui(), 23);
+    EXPECT_EQ(heard, (Lines{"begin 23", "value 23", "end 23"}));
+}
+
+TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
+    delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), 7, nullptr);
+    delegate().interfaceUpdatedParameterKeyedValue(ui(), 7, -1);
+    delegate().interfaceUpdatedParameterKeyedValue(ui(), 7, -2);
+    delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 7);
+    EXPECT_EQ(heard, (Lines{"begin 7", "value 7", "value 7", "value 7", "end 7"}));
+    EXPECT_EQ(unit.values[7], -2.0F);
+}
+
+TEST_F(AsDelegate, AutomationIsNotEchoed) {
+    AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, -7, 0);
+    takeCalls();
+    std::vector<float> states(24);
+    for (std::uint32_t pid = 0; pid < 24; ++pid)
+        states[pid] = view->valueForParameterID(pid);
+    takeCalls();
+    ui().sketchHasUpdatedParameterStates(states);
+    time.advance(2);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), -7.0F);
+    EXPECT_TRUE(takeCalls().empty());
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_F(AsDelegate, AnUnknownPidIsIgnored) {
+    delegate().interfaceUpdatedParameterKeyedValue(ui(), 24, 1);
+    delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), 24, nullptr);
+    delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 0xFFFFFFFF);
+    EXPECT_TRUE(heard.empty());
+    EXPECT_TRUE(takeCalls().empty());
+}
+
+TEST_F(AsDelegate, SampleRateAndMaximumFramesComeFromTheUnit) {
+    double sampleRate = 0;
+    std::uint32_t maxFrames = 0;
+    delegate().interfaceWantsSampleRateMaxFrames(ui(), sampleRate, maxFrames);
+    EXPECT_EQ(sampleRate, 48000.0);
+    EXPECT_EQ(maxFrames, 1024U);
+    EXPECT_EQ(takeCalls(), (Lines{"get property 2", "get property 14"}));
+}
+
+TEST_F(AsDelegate, ResettingTheMetersSetsOne) {
+    ui().meterTapped();
+    EXPECT_EQ(unit.property<std::uint32_t>(64007), 1U);
+}
+
+TEST_F(AsDelegate, TheVizRefIsSetAndReadBack) {
+    EXPECT_EQ(delegate().interfaceWantsVizRef(ui()), nullptr);
+    auto* drawing = reinterpret_cast<PBGLSketchAbstract*>(&unit);
+    delegate().interfaceHasReadiedVizRef(ui(), drawing);
+    EXPECT_EQ(delegate().interfaceWantsVizRef(ui()), drawing);
+}
+
+TEST_F(AsDelegate, APreferenceIsSentAsOneByteWithoutItsName) {
+    delegate().interfaceDidUpdateInterfacePreferenceValue(ui(), "theme", 256);
+    EXPECT_EQ(unit.property<std::uint8_t>(64003), 1);
+    delegate().interfaceDidUpdateInterfacePreferenceValue(ui(), "theme", 0);
+    EXPECT_EQ(unit.property<std::uint8_t>(64003), 0);
+}
+
+TEST_F(AsDelegate, ThePresetNameIsSentAsAReference) {
+    delegate().interfaceDidUpdateCurrentPresetToValueNamedPid(ui(), "Sub Love", 7);
+    EXPECT_EQ(*unit.property<const std::string*>(64004), "Sub Love");
+}
+
+TEST_F(AsDelegate, TheAlternateStateIsSentAsARecord) {
+    delegate().interfaceWantsToSaveAlternateStateSettings(ui(), 1, "0;1;2");
+    const auto record = unit.property<QVMABRecord>(64008);
+    EXPECT_EQ(record.state, 1U);
+    EXPECT_EQ(*record.settings, "0;1;2");
+}
+
+TEST_F(AsDelegate, TheInterfaceStateIsSent) {
+    delegate().interfaceWantsToSaveUIState(ui(), 2);
+    EXPECT_EQ(unit.property<std::uint32_t>(64010), 2U);
+}
+
+TEST_F(AsDelegate, TheBufferPathIsSentAsAReference) {
+    delegate().interfaceWantsToUploadBufferAtURL(ui(), "/music/impulse.wav");
+    EXPECT_EQ(*unit.property<const std::string*>(64009), "/music/impulse.wav");
+}
+
+TEST_F(AsDelegate, TheAlternateFramesHaveTheirSizes) {
+    const Rect sizes[] = {{0, 0, 480, 320}, {0, 0, 680, 320}, {0, 0, 200, 200}};
+    for (const std::int32_t index : {1, 2, 0}) {
+        delegate().interfaceWantsToAssumeFrame(ui(), index);
+        EXPECT_EQ(view->frame(), sizes[index]);
+        EXPECT_EQ(ui().altFrame(), index);
+        EXPECT_EQ(ui().frame(), view->bounds());
+        EXPECT_EQ(unit.property<std::uint32_t>(64010), static_cast<std::uint32_t>(index));
+    }
+}
+
+TEST_F(AsDelegate, FrameIndex3SetsTheViewTo0By0) {
+    delegate().interfaceWantsToAssumeFrame(ui(), 3);
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 0, 0}));
+    delegate().interfaceWantsToAssumeFrame(ui(), -1);
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 0, 0}));
+}
+
+TEST_F(AsDelegate, AssumingAFrameKeepsTheViewsPlace) {
+    view->setFrame({30, 40, 480, 320});
+    delegate().interfaceWantsToAssumeFrame(ui(), 1);
+    EXPECT_EQ(view->frame(), (Rect{30, 40, 680, 320}));
+}
+
+TEST_F(AsDelegate, TheGearOpensAndClosesTheWideForm) {
+    ui().gearTapped();
+    EXPECT_EQ(view->frame().width, 680);
+    ui().gearTapped();
+    EXPECT_EQ(view->frame().width, 480);
+}
+
+TEST_F(AsDelegate, TheHostsRequestsReachTheEditor) {
+    view->requestPresetNamed("Warmer");
+    EXPECT_EQ(ui().currentPreset(), 4U);
+    EXPECT_EQ(*unit.property<const std::string*>(64004), "Warmer");
+    view->setParameterValuePairs({{"TiltGain", -2.5F}, {"NoSuchParameter", 9.0F}});
+    EXPECT_EQ(unit.values[1], -2.5F);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,81 @@
+// The view on the real unit: what one of them writes the other reads.
+#include "host/HostViewFixture.h"
+
+#include "unit/QVM0015_AudioUnit.h"
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class OnTheRealUnit : public HostView {
+protected:
+    OnTheRealUnit() { view = make(); }
+    std::unique_ptr<QVM0015_CocoaView2> make() {
+        return QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&real, {});
+    }
+    ~OnTheRealUnit() override { view.reset(); }
+
+    QVM0015_AudioUnit real;
+};
+
+TEST_F(OnTheRealUnit, EveryPropertyOfTheBindingIsThere) {
+    EXPECT_TRUE(logged.empty()) << logged.front();
+    EXPECT_EQ(ui().config().chanIn, 2U);
+    EXPECT_EQ(ui().abState(), 0U);
+    EXPECT_EQ(ui().currentPreset(), 0U);
+}
+
+TEST_F(OnTheRealUnit, EveryRequestSucceeds) {
+    double sampleRate = 0;
+    std::uint32_t maxFrames = 0;
+    delegate().interfaceWantsSampleRateMaxFrames(ui(), sampleRate, maxFrames);
+    EXPECT_EQ(sampleRate, 44100);
+    EXPECT_EQ(maxFrames, 512U);
+    delegate().interfaceWantsToResetMetering(ui());
+    delegate().interfaceHasReadiedVizRef(ui(), nullptr);
+    delegate().interfaceWantsVizRef(ui());
+    delegate().interfaceWantsToUploadBufferAtURL(ui(), "/music/impulse.wav");
+    EXPECT_EQ(real.bufferPath(), "/music/impulse.wav");
+    delegate().interfaceDidUpdateInterfacePreferenceValue(ui(), "theme", 1);
+    EXPECT_TRUE(real.interfacePreference());
+    view.reset();
+    EXPECT_TRUE(logged.empty());
+}
+
+TEST_F(OnTheRealUnit, AValueOfTheEditorIsStoredAndComesBackAsItself) {
+    ui().notifyParameterUpdatedTo(3, 12345.6F);
+    view = make();
+    EXPECT_NEAR(ui().getMemoizedPValueDirectly(3), 12345.6F, 0.11F);
+}
+
+TEST_F(OnTheRealUnit, AReopenedEditorFindsWhatItLeft) {
+    view->requestPresetNamed("Sub Love");
+    delegate().interfaceWantsToSaveAlternateStateSettings(ui(), 0, "1;2;3");
+    delegate().interfaceWantsToAssumeFrame(ui(), 1);
+    view = make();
+    EXPECT_EQ(ui().currentPreset(), 7U);
+    EXPECT_EQ(ui().abState(), 1U);
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 680, 320}));
+}
+
+TEST_F(OnTheRealUnit, ASavedStateCarriesTheEditorsSettingsToAnotherUnit) {
+    view->requestPresetNamed("Sub Love");
+    const auto saved = real.saveState();
+    QVM0015_AudioUnit other;
+    ASSERT_EQ(other.restoreState(saved), UnitStateResult::ok);
+    const auto second = QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&other, {});
+    EXPECT_EQ(second->ui().currentPreset(), 7U);
+    for (std::uint32_t pid = 0; pid < 24; ++pid) {
+        EXPECT_EQ(second->valueForParameterID(pid), view->valueForParameterID(pid)) << pid;
+    }
+}
+
+TEST_F(OnTheRealUnit, OpeningAndClosingManyTimesLeavesNothingBehind) {
+    for (int i = 0; i < 50; ++i)
+        view = make();
+    view.reset();
+    EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt);
+    EXPECT_TRUE(logged.empty());
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
