@@ -55,7 +55,7 @@ struct LayerRenderer::Space {
 LayerRenderer::LayerRenderer(RasterBackend& backend) : cache_(backend) {}
 
 LayerRenderer::~LayerRenderer() {
-    setRootLayer(nullptr);
+    if (root_) root_->setTreeObserver(nullptr);
 }
 
 void LayerRenderer::setRootLayer(std::shared_ptr<Layer> root) {

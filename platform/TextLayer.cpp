@@ -13,7 +13,7 @@ void TextLayer::store(T& member, const T& value) {
     setNeedsDisplay();
 }
 
-void TextLayer::setString(AttributedString string) {
+void TextLayer::setString(const AttributedString& string) {
     store(string_, string);
 }
 

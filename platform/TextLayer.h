@@ -15,7 +15,7 @@ public:
 
     const AttributedString& string() const { return string_; }
     // Setting an equal text changes nothing, so it costs nothing.
-    void setString(AttributedString string);
+    void setString(const AttributedString& string);
     TextAlignment alignment() const { return alignment_; }
     TextPlacement placement() const { return placement_; }
     void setAlignment(TextAlignment alignment, TextPlacement placement = TextPlacement::middle);

@@ -47,14 +47,14 @@ static_assert(sizeof(void*) == 8, "references in properties are 8 bytes");
 
 template <class T>
 OSStatus give(const T& value, void* data) {
-    std::memcpy(data, &value, sizeof value);
+    std::memcpy(data, &value, sizeof(T));
     return noErr;
 }
 
 template <class T>
 T taken(const void* data) {
     T value;
-    std::memcpy(&value, data, sizeof value);
+    std::memcpy(&value, data, sizeof(T));
     return value;
 }
 

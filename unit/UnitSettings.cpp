@@ -2,7 +2,7 @@
 
 namespace QVM_NAMESPACE {
 
-UnitSettings::UnitSettings(SavedSettings initial) {
+UnitSettings::UnitSettings(const SavedSettings& initial) {
     restore(initial);
 }
 

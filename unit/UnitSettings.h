@@ -26,7 +26,7 @@ struct SavedSettings {
 
 class UnitSettings {
 public:
-    explicit UnitSettings(SavedSettings initial);
+    explicit UnitSettings(const SavedSettings& initial);
 
     SavedSettings saved() const;
     void restore(const SavedSettings& settings);
