@@ -1,5 +1,6 @@
 #include "controls/QVMNumberControl.h"
 
+#include "controls/FineDrag.h"
 #include "controls/QVMFocusBorder.h"
 #include "controls/TextFitting.h"
 #include "platform/Window.h"
@@ -26,8 +27,6 @@ constexpr double kFocusContrast = minimumTextContrast;
 constexpr std::array<std::size_t, 3> kPixelConstantIndex = {1, 0, 2};
 constexpr double kDefaultPixels = 120; // for a parameter without such a list
 constexpr double kTravel = 1.5;        // points of drag a point of range
-constexpr double kFineSlowdown = 6;
-constexpr float kTenKilohertz = 10000, kFineHertz = 10, kFineHertzAbove = 100;
 
 } // namespace
 
@@ -62,16 +61,7 @@ double QVMNumberControl::rangeForGranularity(std::int32_t granularity) const {
 
 double QVMNumberControl::diffMultForGranularityFloatValueArbitraryPixelConstant(std::int32_t granularity, float value,
                                                                                 double pixels) const {
-    if (granularity != QVMGranularityFine) return 1;
-    const QVMParameter& p = parameter();
-    const double step = p.granularityValueForType(QVMGranularityFine, value);
-    const double range = p.valueRange();
-    // Even in values rather than in octaves, and in steps that can be shown.
-    const double logarithmic =
-        p.logarithmic ? range / ((std::log(p.maxValue) - std::log(p.minValue)) * static_cast<double>(value)) : 1;
-    const double leastStep = value < kTenKilohertz ? kFineHertz : kFineHertzAbove;
-    const double coarsened = p.unit == QVMUnitHertz ? std::max(step, leastStep) / step : 1;
-    return logarithmic * coarsened * std::min(pixels / (range / step), 1.0) / kFineSlowdown;
+    return granularity == QVMGranularityFine ? fineDragMultiplier(parameter(), value, pixels) : 1;
 }
 
 double QVMNumberControl::axisCoordinate(const QVMEvent& event) const {

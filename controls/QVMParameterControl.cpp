@@ -1,5 +1,6 @@
 #include "controls/QVMParameterControl.h"
 
+#include "controls/DescriptionRect.h"
 #include "controls/QVMRangeControl.h"
 #include "controls/QVMVerticalSlider.h"
 #include "platform/RunLoop.h"
@@ -18,10 +19,6 @@ constexpr double kDimmedAlpha = 0.2;
 constexpr double kQuickTapSeconds = 5;
 constexpr double kTimeOrigin = 1e9; // seconds; taps are timed from long before any run loop began
 constexpr float kThousand = 1000;
-
-Rect rectFrom(const QVMRect& r) {
-    return {r.x, r.y, r.width, r.height};
-}
 
 Rect controlFrameOf(const QVMParameter* parameter) {
     return parameter ? rectFrom(parameter->controlFrame) : Rect{};

@@ -1,5 +1,6 @@
 #include "controls/QVMVerticalSlider.h"
 
+#include "controls/FineDrag.h"
 #include "controls/QVMFocusBorder.h"
 #include "platform/Transaction.h"
 #include "theme/Colors.h"
@@ -13,9 +14,6 @@ namespace {
 
 constexpr double kHorizontalBulbOverhang = 58; // a lying track reaches below its handle's ends by this much
 constexpr double kRetrySeconds = 0.1;
-constexpr float kFineSteps = 10, kFineStepsFromTenKilohertz = 100; // Hz
-constexpr float kTenKilohertz = 10000;
-constexpr double kPointsAFineStep = 6;
 
 BulbPointer pointerFor(const QVMParameter& parameter) {
     if (parameter.range.empty()) return BulbPointer::none;
@@ -90,16 +88,7 @@ void QVMVerticalSlider::moveBulb(double position, Animate animate) {
 }
 
 double QVMVerticalSlider::diffMultForGranularityFloatValue(std::int32_t granularity, float value) const {
-    if (granularity != QVMGranularityFine) return 1;
-    const QVMParameter& p = parameter();
-    const double step = p.granularityValueForType(QVMGranularityFine, value);
-    const double span = p.valueRange();
-    double multiplier = 1;
-    if (p.logarithmic) multiplier = span / ((std::log(p.maxValue) - std::log(p.minValue)) * value);
-    if (p.unit == QVMUnitHertz)
-        multiplier *= std::max(step, double{value < kTenKilohertz ? kFineSteps : kFineStepsFromTenKilohertz}) / step;
-    multiplier *= std::min(range() / (span / step), 1.0) / kPointsAFineStep;
-    return std::isfinite(multiplier) ? multiplier : 1;
+    return granularity == QVMGranularityFine ? fineDragMultiplier(parameter(), value, range()) : 1;
 }
 
 void QVMVerticalSlider::setFloatValueFromInteraction(float value, ValueOrigin origin) {

@@ -1,7 +1,9 @@
 #include "editor/QVMClumpView.h"
 
+#include "controls/DescriptionRect.h"
 #include "controls/QVMParameterControl.h"
 #include "description/QVMParameter.h"
+#include "editor/EdgeInsets.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,21 +23,12 @@ constexpr LabelStyle taggedLabelStyle = {10, 1};
 constexpr LabelStyle parameterLabelStyle = {9, 0.9};
 constexpr float leastAccentChroma = 0.15f; // below it a colour is a grey and makes no accent
 
-Rect rectFrom(const QVMRect& r) {
-    return {r.x, r.y, r.width, r.height};
-}
-
 bool isLaidOut(const QVMParameter& parameter) {
     return !parameter.hidden && !parameter.frame.isEmpty();
 }
 
 float chroma(const QVMColor& color) {
     return std::max({color.r, color.g, color.b}) - std::min({color.r, color.g, color.b});
-}
-
-double edge(const std::map<std::string, double>& insets, const char* name) {
-    const auto found = insets.find(name);
-    return found == insets.end() ? 0 : found->second;
 }
 
 } // namespace
@@ -72,9 +65,7 @@ std::vector<double> QVMClumpView::rippleDelays(std::size_t count, double delay) 
 }
 
 Rect QVMClumpView::useableRect() const {
-    const double left = edge(clump_.inset, "left"), top = edge(clump_.inset, "top");
-    return {left, top, bounds().width - left - edge(clump_.inset, "right"),
-            bounds().height - top - edge(clump_.inset, "bottom")};
+    return insetByEdges(bounds(), clump_.inset);
 }
 
 Rect QVMClumpView::newRoundedBorderRect() const {

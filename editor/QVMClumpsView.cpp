@@ -1,5 +1,7 @@
 #include "editor/QVMClumpsView.h"
 
+#include "controls/DescriptionRect.h"
+#include "editor/EdgeInsets.h"
 #include "editor/QVMBase64Decoder.h"
 
 #include <cmath>
@@ -17,11 +19,6 @@ Rect boxForLine(const QVMLineSegment& line, double height) {
     const double left = std::min(line.from.x, line.to.x), top = height - std::max(line.from.y, line.to.y);
     const double width = std::abs(line.to.x - line.from.x), tall = std::abs(line.to.y - line.from.y);
     return {left, top, width > 0 ? width : lineWidth, tall > 0 ? tall : lineWidth};
-}
-
-double edge(const std::map<std::string, double>& insets, const char* name) {
-    const auto found = insets.find(name);
-    return found == insets.end() ? 0 : found->second;
 }
 
 // What depicts the sound stands on the side panel's colour.
@@ -69,8 +66,7 @@ void QVMClumpsView::addPanels() {
     config_.enumerateClumpsOfType(QVMClumpTypeOrdinary, [this](QVMClump& clump) {
         auto panel = std::make_shared<Layer>();
         panel->setName("panel:" + clump.codesafeName);
-        panel->setFrame(
-            Rect{clump.frame.x, clump.frame.y, clump.frame.width, clump.frame.height}.intersectionWith(area()));
+        panel->setFrame(rectFrom(clump.frame).intersectionWith(area()));
         layer()->addSublayer(panel);
         panels_.push_back({panel, panelColor(clump)});
     });
@@ -97,8 +93,7 @@ void QVMClumpsView::addBanner() {
 }
 
 Rect QVMClumpsView::area() const {
-    const double left = edge(inset_, "left"), top = edge(inset_, "top");
-    return {left, top, bounds().width - left - edge(inset_, "right"), bounds().height - top - edge(inset_, "bottom")};
+    return insetByEdges(bounds(), inset_);
 }
 
 } // namespace QVM_NAMESPACE

@@ -119,7 +119,10 @@ public:
     QVMClumpView* masterClump() const { return masterClump_; }
     QVMPowerBox* powerBox() const { return powerBox_; }
     QVMPresetBar* presetBar() const { return presetBar_; }
-    QVMInteraction interactionState(std::uint32_t pid) const { return interactionStates_.at(pid); }
+    // What the parameter's control reported last; discrete for one that has not, or does not exist.
+    QVMInteraction interactionState(std::uint32_t pid) const {
+        return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
+    }
 
     // Keyboard focus. A control of the master clump never takes it; null takes it away from all.
     void bringParameterControlIntoFocus(QVMParameterControl* control);

@@ -1,4 +1,5 @@
 // How the editor builds itself from the configuration.
+#include "controls/DescriptionRect.h"
 #include "controls/QVMMeterButton.h"
 #include "controls/QVMRangeControl.h"
 #include "editor/EditorLayout.h"
@@ -20,10 +21,6 @@ constexpr double bandThickness = 14, bandDrop = 1;          // points
 constexpr double meterGlyphSize = 12, meterSuffixSize = 10; // points
 constexpr double meterShadowDrop = 2;                       // points
 constexpr Color meterColor = Color::white(1, 0.7f);
-
-Rect rectFrom(const QVMRect& r) {
-    return {r.x, r.y, r.width, r.height};
-}
 
 // The band of a low/high pair: as wide as both controls together, centred on them, and a little lower.
 Rect bandFrame(const Rect& low, const Rect& high) {

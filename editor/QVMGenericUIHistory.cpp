@@ -108,14 +108,14 @@ void QVMGenericUI::notifyPresetChange(std::uint32_t index) {
 }
 
 void QVMGenericUI::checkPresetDirtyState() {
-    const auto preset = PresetIndexToPresetValues(currentPreset_);
-    if (!preset || !presetBar_) return;
+    if (!presetBar_) return;
     std::vector<float> values;
     for (std::uint32_t pid = 0; pid < memoizedPValues_.size(); ++pid) {
         const QVMParameter* parameter = config_->parameterForPid(pid);
         if (parameter && !parameter->presetWildcard) values.push_back(memoizedPValues_[pid]);
     }
-    presetBar_->setDirty(values != *preset);
+    // No settings equal a preset that does not exist.
+    presetBar_->setDirty(PresetIndexToPresetValues(currentPreset_) != values);
 }
 
 } // namespace QVM_NAMESPACE

@@ -40,7 +40,7 @@ public:
     const std::vector<QVMSnapshot>& stack() const { return stack_; }
     // How many snapshots are done; the present one is the last of them.
     std::int64_t insertionPoint() const { return insertionPoint_; }
-    void setInsertionPoint(std::int64_t point) { insertionPoint_ = point; }
+    void setInsertionPoint(std::int64_t point) { insertionPoint_ = point < 0 ? 0 : point; }
     // While locked, the editor schedules no snapshots.
     bool locks() const { return locks_; }
     void setLocks(bool locks) { locks_ = locks; }

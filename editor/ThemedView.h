@@ -1,4 +1,4 @@
-// A view that draws with the theme and draws again when its window's theme changes.
+// A view that draws with the theme and draws again when it changes.
 #pragma once
 
 #include "platform/NotificationCenter.h"
@@ -14,12 +14,13 @@ public:
     // Applies the current theme's colours to the layers. Called by the notification, and by an owner after building.
     virtual void themeUpdated() = 0;
 
-    // Observes the theme for the window that the view stands in.
+    // Observes the theme while the view stands in a window. The theme is one for the process, so a change that was made
+    // in another window counts as well.
     void viewDidMoveToWindow() override {
         themeObservation_.reset();
         if (!window()) return;
         themeObservation_ = NotificationCenter::defaultCenter().observe(
-            QVMUITheme::updatedNotification, window(), [this](const Notification&) { themeUpdated(); });
+            QVMUITheme::updatedNotification, nullptr, [this](const Notification&) { themeUpdated(); });
         themeUpdated();
     }
 

@@ -1,7 +1,7 @@
 // The one object all drawing takes its colours, background pattern and fonts from.
 //
 // Two fixed themes exist, light and dark; which of them is current is shared by every editor of the process. Views that
-// draw with the theme observe `updatedNotification` for their window and draw again. Main thread only.
+// draw with the theme observe `updatedNotification`, whatever window it names, and draw again. Main thread only.
 #pragma once
 
 #include "platform/Color.h"

@@ -43,6 +43,14 @@ TEST(ControlClasses, TheMasterSwitchGlowsWhateverItsType) {
     EXPECT_EQ(classOf(parameter), typeid(QVMGlowingBooleanControl));
 }
 
+TEST(ControlClasses, AParameterControlNamesTheClassForAnyType) {
+    const QVMParameter gain = parameterLike(1), master = parameterLike(0);
+    const QVMParameterControl plain({0, 0, 80, 60}, {}, &gain, 0), power({0, 0, 80, 60}, {}, &master, 0);
+    EXPECT_EQ(plain.classForControlType(4), controlClassForType(4));
+    EXPECT_EQ(plain.classForControlType(9), nullptr);
+    EXPECT_EQ(power.classForControlType(4), masterControlClass());
+}
+
 TEST(ControlClasses, TypesBeyondTheTableHaveNone) {
     EXPECT_EQ(controlClassForType(-1), nullptr);
     EXPECT_EQ(controlClassForType(9), nullptr);

@@ -80,7 +80,6 @@ TEST(Presets, ValuesOfEveryPreset) {
 TEST(Presets, AnIndexThatNoPresetHasGivesNone) {
     EXPECT_EQ(PresetIndexToPresetValues(23), std::nullopt);
     EXPECT_EQ(PresetIndexToPresetValues(-1), std::nullopt);
-    EXPECT_NE(std::optional(InitialValues()), PresetIndexToPresetValues(23)); // so settings never equal it
 }
 
 TEST(Presets, TheDefaultPresetEqualsTheInitialValues) {

@@ -47,6 +47,7 @@ TEST_F(QVMGenericUIEvents, GesturesAreReportedAndRemembered) {
     interaction(7, QVMInteractionEnded);
     interaction(7, QVMInteractionDiscrete);
     EXPECT_THAT(delegate_.calls, ElementsAre("began 7", "ended 7", "discrete 7"));
+    EXPECT_EQ(ui_->interactionState(24), QVMInteractionDiscrete); // no such parameter
 }
 
 TEST_F(QVMGenericUIEvents, ADragOfARangesBandIsOneGestureOfEachEnd) {

@@ -90,6 +90,36 @@ TEST_F(QVMGenericUISideEffects, ThePresetIsFoundChangedHalfASecondAfterTheLastCh
     EXPECT_TRUE(ui_->presetBar()->dirty());
 }
 
+TEST_F(QVMGenericUISideEffects, APresetIsCleanAFineStepAwayDirtyAndBackAgainClean) {
+    const auto isDirtyAt = [this](float gain) {
+        ui_->notifyParameterUpdatedTo(1, gain);
+        frame();
+        time_.advance(0.6);
+        return ui_->presetBar()->dirty();
+    };
+    ui_->requestPresetNamed("Dull");
+    const float chosen = memoized(1), step = GetParameter(1)->fineGranularity;
+    EXPECT_EQ(chosen, -7.5f);
+    frame();
+    time_.advance(0.6);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+    EXPECT_TRUE(isDirtyAt(GetParameter(1)->normalizeFloatValue(chosen + step, QVMGranularityFine)));
+    EXPECT_FALSE(isDirtyAt(chosen));
+}
+
+TEST_F(QVMGenericUISideEffects, NoSettingsEqualAPresetThatDoesNotExist) {
+    const auto isDirtyWithPreset = [this](std::uint32_t index) {
+        ui_->lastSavedPresetWasKeyed(index);
+        hostSets(1, 1);
+        hostSets(1, 0); // the values are those of the first preset again
+        time_.advance(0.6);
+        return ui_->presetBar()->dirty();
+    };
+    ui_->requestPresetNamed("Default");
+    EXPECT_TRUE(isDirtyWithPreset(23));
+    EXPECT_FALSE(isDirtyWithPreset(0));
+}
+
 TEST_F(QVMGenericUISideEffects, AChannelRuleThatMatchesPinsAndDisablesItsControl) {
     ScopedRecord record(7);
     record.parameter.channelLayoutRules = {{QVMChannelPair{1, 1}, true, 3.0f}, {std::nullopt, true, 9.0f}};

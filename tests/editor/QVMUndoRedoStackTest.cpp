@@ -80,6 +80,14 @@ TEST(QVMUndoRedoStack, AnUndoBeforeTheFirstSnapshotDoesNoHarm) {
     EXPECT_EQ(stack.insertionPoint(), 1);
 }
 
+TEST(QVMUndoRedoStack, AMarkThatIsPutBeforeTheFirstSnapshotStandsAtZero) {
+    QVMUndoRedoStack stack = makeStack();
+    stack.pushNew(snapshot(1));
+    stack.setInsertionPoint(-5);
+    EXPECT_EQ(stack.insertionPoint(), 0);
+    EXPECT_EQ(stack.redo(), snapshot(1));
+}
+
 // A history as two plain lists: what is done and what was undone.
 struct Model {
     std::vector<QVMSnapshot> done, undone;
