@@ -98,7 +98,7 @@ public:
     void setBorder(double width, Color color);
     const Shadow& shadow() const { return shadow_; }
     void setShadow(const Shadow& shadow);
-    const std::shared_ptr<const Image>& contents() const { return contents_; }
+    virtual const std::shared_ptr<const Image>& contents() const { return contents_; }
     ContentsGravity contentsGravity() const { return gravity_; }
     void setContents(std::shared_ptr<const Image> contents, ContentsGravity gravity = ContentsGravity::resize);
     // When set, the contents' alpha is filled with this colour (a template image).

@@ -1,113 +1,215 @@
 #include "platform/VectorMath.h"
 
-#include "platform/VectorRoutines.h"
-
 #include <algorithm>
 #include <cmath>
-#include <type_traits>
+#include <limits>
 
-namespace QVM_NAMESPACE::vectors {
+// The library includes this file again for each kind of vector unit.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "platform/VectorMath.cpp"
+#include <hwy/foreach_target.h> // before the others
 
-namespace {
+#include <hwy/highway.h>
 
-template <class T>
-const VectorRoutines<T>& routines() {
-    if constexpr (std::is_same_v<T, float>)
-        return floatVectorRoutines();
-    else
-        return doubleVectorRoutines();
+#include <hwy/contrib/math/math-inl.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace QVM_NAMESPACE::HWY_NAMESPACE {
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+using D = hn::ScalableTag<float>;
+using V = hn::Vec<D>;
+constexpr D d{};
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr float kGreatestExponent = 104; // that the library's exponential takes
+
+// out = f(a, b), a vector at a time. The last vector overlaps the one before it, so it is computed first, from what
+// is there before `out` is written. What is shorter than a vector goes through arrays of a vector's length.
+template <class F>
+HWY_INLINE void map(const float* a, const float* b, float* out, std::size_t n, F&& f) {
+    const std::size_t lanes = hn::Lanes(d);
+    if (n >= lanes) {
+        const std::size_t last = n - lanes;
+        const V end = f(hn::LoadU(d, a + last), hn::LoadU(d, b + last));
+        for (std::size_t i = 0; i < last; i += lanes)
+            hn::StoreU(f(hn::LoadU(d, a + i), hn::LoadU(d, b + i)), d, out + i);
+        hn::StoreU(end, d, out + last);
+        return;
+    }
+    HWY_ALIGN float restA[hn::MaxLanes(d)] = {};
+    HWY_ALIGN float restB[hn::MaxLanes(d)] = {};
+    std::copy(a, a + n, restA);
+    std::copy(b, b + n, restB);
+    hn::Store(f(hn::Load(d, restA), hn::Load(d, restB)), d, restA);
+    std::copy(restA, restA + n, out);
+}
+template <class F>
+HWY_INLINE void map(const float* a, float* out, std::size_t n, F&& f) {
+    map(a, a, out, n, [&f](V x, V) HWY_ATTR { return f(x); });
 }
 
-} // namespace
+HWY_INLINE V logOf(V x) {
+    const V zero = hn::Zero(d), infinite = hn::Set(d, kInfinity);
+    V y = hn::Log(d, x);
+    y = hn::IfThenElse(hn::Eq(x, zero), hn::Set(d, -kInfinity), y);
+    y = hn::IfThenElse(hn::Eq(x, infinite), infinite, y);
+    return hn::IfThenElse(hn::Ge(x, zero), y, hn::Set(d, std::numeric_limits<float>::quiet_NaN()));
+}
+HWY_INLINE V expOf(V x) {
+    const V most = hn::Set(d, kGreatestExponent);
+    V y = hn::Exp(d, hn::Min(x, most));
+    y = hn::IfThenElse(hn::Gt(x, most), hn::Set(d, kInfinity), y);
+    return hn::IfThenElse(hn::Eq(x, x), y, x);
+}
 
-template <class T>
-void copy(const T* a, T* out, std::size_t n) {
+void Add(const float* a, const float* b, float* out, std::size_t n) {
+    map(a, b, out, n, [](V x, V y) HWY_ATTR { return hn::Add(x, y); });
+}
+void Multiply(const float* a, const float* b, float* out, std::size_t n) {
+    map(a, b, out, n, [](V x, V y) HWY_ATTR { return hn::Mul(x, y); });
+}
+void Divide(const float* a, const float* b, float* out, std::size_t n) {
+    map(a, b, out, n, [](V x, V y) HWY_ATTR { return hn::Div(x, y); });
+}
+void DivideScalarBy(float numerator, const float* b, float* out, std::size_t n) {
+    const V k = hn::Set(d, numerator);
+    map(b, out, n, [k](V x) HWY_ATTR { return hn::Div(k, x); });
+}
+void ScaleAndOffset(const float* a, float scale, float offset, float* out, std::size_t n) {
+    const V k = hn::Set(d, scale), o = hn::Set(d, offset);
+    map(a, out, n, [k, o](V x) HWY_ATTR { return hn::MulAdd(x, k, o); });
+}
+void MultiplyAdd(const float* a, float scale, const float* b, float* out, std::size_t n) {
+    const V k = hn::Set(d, scale);
+    map(a, b, out, n, [k](V x, V y) HWY_ATTR { return hn::MulAdd(x, k, y); });
+}
+void Power(const float* base, float exponent, float* out, std::size_t n) {
+    if (exponent == 0) return void(std::fill_n(out, n, static_cast<float>(1)));
+    const V k = hn::Set(d, exponent);
+    map(base, out, n, [k](V x) HWY_ATTR { return expOf(hn::Mul(k, logOf(x))); });
+}
+void Log(const float* a, float* out, std::size_t n) {
+    map(a, out, n, [](V x) HWY_ATTR { return logOf(x); });
+}
+void Exp(const float* a, float* out, std::size_t n) {
+    map(a, out, n, [](V x) HWY_ATTR { return expOf(x); });
+}
+void Sqrt(const float* a, float* out, std::size_t n) {
+    map(a, out, n, [](V x) HWY_ATTR { return hn::Sqrt(x); });
+}
+void Clip(const float* a, float low, float high, float* out, std::size_t n) {
+    const V least = hn::Set(d, low), most = hn::Set(d, high);
+    map(a, out, n, [least, most](V x) HWY_ATTR { return hn::Min(hn::Max(x, least), most); });
+}
+float SumOfSquares(const float* a, std::size_t n) {
+    const std::size_t lanes = hn::Lanes(d);
+    V sum = hn::Zero(d);
+    std::size_t i = 0;
+    for (; i + lanes <= n; i += lanes) {
+        const V x = hn::LoadU(d, a + i);
+        sum = hn::MulAdd(x, x, sum);
+    }
+    float total = hn::GetLane(hn::SumOfLanes(d, sum));
+    for (; i < n; ++i)
+        total += a[i] * a[i];
+    return total;
+}
+void Convolve(const float* padded, const float* kernel, std::size_t kernelLength, float* out, std::size_t n) {
+    const std::size_t lanes = hn::Lanes(d);
+    std::size_t i = 0;
+    for (; i + lanes <= n; i += lanes) {
+        V sum = hn::Zero(d);
+        for (std::size_t j = 0; j < kernelLength; ++j)
+            sum = hn::MulAdd(hn::LoadU(d, padded + i + j), hn::Set(d, kernel[j]), sum);
+        hn::StoreU(sum, d, out + i);
+    }
+    for (; i < n; ++i) {
+        float sum = 0;
+        for (std::size_t j = 0; j < kernelLength; ++j)
+            sum += padded[i + j] * kernel[j];
+        out[i] = sum;
+    }
+}
+
+} // namespace QVM_NAMESPACE::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace QVM_NAMESPACE {
+
+HWY_EXPORT(Add);
+HWY_EXPORT(Multiply);
+HWY_EXPORT(Divide);
+HWY_EXPORT(DivideScalarBy);
+HWY_EXPORT(ScaleAndOffset);
+HWY_EXPORT(MultiplyAdd);
+HWY_EXPORT(Power);
+HWY_EXPORT(Log);
+HWY_EXPORT(Exp);
+HWY_EXPORT(Sqrt);
+HWY_EXPORT(Clip);
+HWY_EXPORT(SumOfSquares);
+HWY_EXPORT(Convolve);
+
+namespace vectors {
+
+void copy(const float* a, float* out, std::size_t n) {
     if (a != out) std::copy_n(a, n, out);
 }
 
-template <class T>
-void add(const T* a, const T* b, T* out, std::size_t n) {
-    routines<T>().add(a, b, out, n);
+void add(const float* a, const float* b, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Add)(a, b, out, n);
 }
 
-template <class T>
-void multiply(const T* a, const T* b, T* out, std::size_t n) {
-    routines<T>().multiply(a, b, out, n);
+void multiply(const float* a, const float* b, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Multiply)(a, b, out, n);
 }
 
-template <class T>
-void divide(const T* a, const T* b, T* out, std::size_t n) {
-    routines<T>().divide(a, b, out, n);
+void divide(const float* a, const float* b, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Divide)(a, b, out, n);
 }
 
-template <class T>
-void divideScalarBy(T numerator, const T* b, T* out, std::size_t n) {
-    routines<T>().divideScalarBy(numerator, b, out, n);
+void divideScalarBy(float numerator, const float* b, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(DivideScalarBy)(numerator, b, out, n);
 }
 
-template <class T>
-void scaleAndOffset(const T* a, T scale, T offset, T* out, std::size_t n) {
-    routines<T>().scaleAndOffset(a, scale, offset, out, n);
+void scaleAndOffset(const float* a, float scale, float offset, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(ScaleAndOffset)(a, scale, offset, out, n);
 }
 
-template <class T>
-void multiplyAdd(const T* a, T scale, const T* b, T* out, std::size_t n) {
-    routines<T>().multiplyAdd(a, scale, b, out, n);
+void multiplyAdd(const float* a, float scale, const float* b, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(MultiplyAdd)(a, scale, b, out, n);
 }
 
-template <class T>
-void power(const T* base, T exponent, T* out, std::size_t n) {
-    routines<T>().power(base, exponent, out, n);
+void power(const float* base, float exponent, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Power)(base, exponent, out, n);
 }
 
-template <class T>
-void log(const T* a, T* out, std::size_t n) {
-    routines<T>().log(a, out, n);
+void log(const float* a, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Log)(a, out, n);
 }
 
-template <class T>
-void exp(const T* a, T* out, std::size_t n) {
-    routines<T>().exp(a, out, n);
+void exp(const float* a, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Exp)(a, out, n);
 }
 
-template <class T>
-void sqrt(const T* a, T* out, std::size_t n) {
-    routines<T>().sqrt(a, out, n);
+void sqrt(const float* a, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Sqrt)(a, out, n);
 }
 
-template <class T>
-void clip(const T* a, T low, T high, T* out, std::size_t n) {
-    routines<T>().clip(a, low, high, out, n);
+void clip(const float* a, float low, float high, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Clip)(a, low, high, out, n);
 }
 
-template <class T>
-T rms(const T* a, std::size_t n) {
-    return n == 0 ? T(0) : std::sqrt(routines<T>().sumOfSquares(a, n) / static_cast<T>(n));
+float rms(const float* a, std::size_t n) {
+    return n == 0 ? 0.0f : std::sqrt(HWY_DYNAMIC_DISPATCH(SumOfSquares)(a, n) / static_cast<float>(n));
 }
 
-template <class T>
-void convolve(const T* padded, const T* kernel, std::size_t kernelLength, T* out, std::size_t n) {
-    routines<T>().convolve(padded, kernel, kernelLength, out, n);
+void convolve(const float* padded, const float* kernel, std::size_t kernelLength, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Convolve)(padded, kernel, kernelLength, out, n);
 }
 
-#define INSTANTIATE_FOR(T)                                                                                             \
-    template void copy(const T*, T*, std::size_t);                                                                     \
-    template void add(const T*, const T*, T*, std::size_t);                                                            \
-    template void multiply(const T*, const T*, T*, std::size_t);                                                       \
-    template void divide(const T*, const T*, T*, std::size_t);                                                         \
-    template void divideScalarBy(T, const T*, T*, std::size_t);                                                        \
-    template void scaleAndOffset(const T*, T, T, T*, std::size_t);                                                     \
-    template void multiplyAdd(const T*, T, const T*, T*, std::size_t);                                                 \
-    template void power(const T*, T, T*, std::size_t);                                                                 \
-    template void log(const T*, T*, std::size_t);                                                                      \
-    template void exp(const T*, T*, std::size_t);                                                                      \
-    template void sqrt(const T*, T*, std::size_t);                                                                     \
-    template void clip(const T*, T, T, T*, std::size_t);                                                               \
-    template T rms(const T*, std::size_t);                                                                             \
-    template void convolve(const T*, const T*, std::size_t, T*, std::size_t);
-
-INSTANTIATE_FOR(float)
-INSTANTIATE_FOR(double)
-#undef INSTANTIATE_FOR
-
-} // namespace QVM_NAMESPACE::vectors
+} // namespace vectors
+} // namespace QVM_NAMESPACE
+#endif

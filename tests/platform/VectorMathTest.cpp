@@ -1,4 +1,4 @@
-// Against the C library in double (for double: long double) precision, at lengths that end within a vector.
+// Against the C library in double precision, at lengths that end within a vector.
 #include "platform/VectorMath.h"
 
 #include <gtest/gtest.h>
@@ -13,49 +13,44 @@
 namespace QVM_NAMESPACE {
 namespace {
 
-template <class T>
 struct VectorMathTest : testing::Test {
-    using Exact = std::conditional_t<std::is_same_v<T, float>, double, long double>;
-    static constexpr T infinity = std::numeric_limits<T>::infinity();
-    static constexpr T nan = std::numeric_limits<T>::quiet_NaN();
+    static constexpr float infinity = std::numeric_limits<float>::infinity();
+    static constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     static constexpr std::size_t lengths[] = {0, 1, 2, 3, 7, 8, 15, 16, 17, 31, 54, 108, 1080};
 
     std::mt19937 random{1};
-    std::vector<T> uniform(std::size_t n, T low, T high) {
-        std::uniform_real_distribution<T> values(low, high);
-        std::vector<T> result(n);
-        for (T& value : result)
+    std::vector<float> uniform(std::size_t n, float low, float high) {
+        std::uniform_real_distribution<float> values(low, high);
+        std::vector<float> result(n);
+        for (float& value : result)
             value = values(random);
         return result;
     }
-    std::vector<T> logarithmic(std::size_t n, T low, T high) {
-        std::vector<T> result = uniform(n, std::log(low), std::log(high));
-        for (T& value : result)
+    std::vector<float> logarithmic(std::size_t n, float low, float high) {
+        std::vector<float> result = uniform(n, std::log(low), std::log(high));
+        for (float& value : result)
             value = std::exp(value);
         return result;
     }
-    // |got - exact| in units of the last place of T at the exact value.
-    static double errorInUlp(T got, Exact exact) {
-        const T near = std::abs(static_cast<T>(exact));
-        const Exact unit = static_cast<Exact>(std::nextafter(near, infinity)) - static_cast<Exact>(near);
-        return static_cast<double>(std::abs(static_cast<Exact>(got) - exact) / unit);
+    // |got - exact| in units of the last place of float at the exact value.
+    static double errorInUlp(float got, double exact) {
+        const float near = std::abs(static_cast<float>(exact));
+        const double unit = static_cast<double>(std::nextafter(near, infinity)) - static_cast<double>(near);
+        return std::abs(static_cast<double>(got) - exact) / unit;
     }
 };
-using Numbers = testing::Types<float, double>;
-TYPED_TEST_SUITE(VectorMathTest, Numbers);
 
-TYPED_TEST(VectorMathTest, ArithmeticIsRoundedLikeScalarArithmeticAtEveryLength) {
-    using T = TypeParam;
-    for (const std::size_t n : this->lengths) {
-        const auto a = this->uniform(n, -9, 9), b = this->uniform(n, 1, 9);
-        std::vector<T> sum(n + 1, T(42)), product(n + 1, T(42)), quotient(n + 1, T(42)), inverse(n + 1, T(42)),
-            root(n + 1, T(42)), clipped(n + 1, T(42)), copied(n + 1, T(42));
+TEST_F(VectorMathTest, ArithmeticIsRoundedLikeScalarArithmeticAtEveryLength) {
+    for (const std::size_t n : lengths) {
+        const auto a = uniform(n, -9, 9), b = uniform(n, 1, 9);
+        std::vector<float> sum(n + 1, 42.0f), product(n + 1, 42.0f), quotient(n + 1, 42.0f), inverse(n + 1, 42.0f),
+            root(n + 1, 42.0f), clipped(n + 1, 42.0f), copied(n + 1, 42.0f);
         vectors::add(a.data(), b.data(), sum.data(), n);
         vectors::multiply(a.data(), b.data(), product.data(), n);
         vectors::divide(a.data(), b.data(), quotient.data(), n);
-        vectors::divideScalarBy(T(3), b.data(), inverse.data(), n);
+        vectors::divideScalarBy(3.0f, b.data(), inverse.data(), n);
         vectors::sqrt(b.data(), root.data(), n);
-        vectors::clip(a.data(), T(-2), T(2), clipped.data(), n);
+        vectors::clip(a.data(), -2.0f, 2.0f, clipped.data(), n);
         vectors::copy(a.data(), copied.data(), n);
         for (std::size_t i = 0; i < n; ++i) {
             EXPECT_EQ(sum[i], a[i] + b[i]);
@@ -63,85 +58,78 @@ TYPED_TEST(VectorMathTest, ArithmeticIsRoundedLikeScalarArithmeticAtEveryLength)
             EXPECT_EQ(quotient[i], a[i] / b[i]);
             EXPECT_EQ(inverse[i], 3 / b[i]);
             EXPECT_EQ(root[i], std::sqrt(b[i]));
-            EXPECT_EQ(clipped[i], std::clamp(a[i], T(-2), T(2)));
+            EXPECT_EQ(clipped[i], std::clamp(a[i], -2.0f, 2.0f));
             EXPECT_EQ(copied[i], a[i]);
         }
         for (const auto* out : {&sum, &product, &quotient, &inverse, &root, &clipped, &copied})
-            EXPECT_EQ(out->back(), T(42)) << "wrote beyond " << n;
+            EXPECT_EQ(out->back(), 42.0f) << "wrote beyond " << n;
     }
 }
 
-TYPED_TEST(VectorMathTest, ScalesAndAddsWithinOneRounding) {
-    using T = TypeParam;
-    for (const std::size_t n : this->lengths) {
-        const auto a = this->uniform(n, 1, 9), b = this->uniform(n, 1, 9);
-        std::vector<T> offset(n), sum(n);
-        vectors::scaleAndOffset(a.data(), T(0.3), T(0.7), offset.data(), n);
-        vectors::multiplyAdd(a.data(), T(0.3), b.data(), sum.data(), n);
+TEST_F(VectorMathTest, ScalesAndAddsWithinOneRounding) {
+    for (const std::size_t n : lengths) {
+        const auto a = uniform(n, 1, 9), b = uniform(n, 1, 9);
+        std::vector<float> offset(n), sum(n);
+        vectors::scaleAndOffset(a.data(), 0.3f, 0.7f, offset.data(), n);
+        vectors::multiplyAdd(a.data(), 0.3f, b.data(), sum.data(), n);
         for (std::size_t i = 0; i < n; ++i) {
-            EXPECT_LT(this->errorInUlp(offset[i], static_cast<typename TestFixture::Exact>(a[i]) * T(0.3) + T(0.7)),
-                      1.5);
-            EXPECT_LT(this->errorInUlp(sum[i], static_cast<typename TestFixture::Exact>(a[i]) * T(0.3) + b[i]), 1.5);
+            EXPECT_LT(errorInUlp(offset[i], static_cast<double>(a[i]) * 0.3f + 0.7f), 1.5);
+            EXPECT_LT(errorInUlp(sum[i], static_cast<double>(a[i]) * 0.3f + b[i]), 1.5);
         }
     }
 }
 
-TYPED_TEST(VectorMathTest, OutputMayBeAnInput) {
-    using T = TypeParam;
-    const auto a = this->uniform(21, 1, 9), b = this->uniform(21, 1, 9);
-    std::vector<T> x = a;
+TEST_F(VectorMathTest, OutputMayBeAnInput) {
+    const auto a = uniform(21, 1, 9), b = uniform(21, 1, 9);
+    std::vector<float> x = a;
     vectors::multiply(x.data(), b.data(), x.data(), x.size());
     vectors::divide(a.data(), x.data(), x.data(), x.size());
     for (std::size_t i = 0; i < x.size(); ++i)
         EXPECT_EQ(x[i], a[i] / (a[i] * b[i]));
 }
 
-TYPED_TEST(VectorMathTest, LogIsWithinFourUnitsInTheLastPlace) {
-    using T = TypeParam;
+TEST_F(VectorMathTest, LogIsWithinFourUnitsInTheLastPlace) {
     const std::size_t n = 100'003;
-    for (const auto& [low, high] : {std::pair{T(1e-30), T(1e30)}, {T(0.9), T(1.1)}}) {
-        const auto a = this->logarithmic(n, low, high);
-        std::vector<T> out(n);
+    for (const auto& [low, high] : {std::pair{1e-30f, 1e30f}, {0.9f, 1.1f}}) {
+        const auto a = logarithmic(n, low, high);
+        std::vector<float> out(n);
         vectors::log(a.data(), out.data(), n);
         double worst = 0;
         for (std::size_t i = 0; i < n; ++i)
-            worst = std::max(worst, this->errorInUlp(out[i], std::log(static_cast<typename TestFixture::Exact>(a[i]))));
+            worst = std::max(worst, errorInUlp(out[i], std::log(static_cast<double>(a[i]))));
         EXPECT_LE(worst, 4);
     }
 }
 
-TYPED_TEST(VectorMathTest, ExpIsWithinFourUnitsInTheLastPlace) {
-    using T = TypeParam;
+TEST_F(VectorMathTest, ExpIsWithinFourUnitsInTheLastPlace) {
     const std::size_t n = 100'003;
-    const T reach = sizeof(T) == 4 ? T(87) : T(700);
-    for (const T range : {reach, T(1)}) {
-        const auto a = this->uniform(n, -range, range);
-        std::vector<T> out(n);
+    const float reach = 87.0f;
+    for (const float range : {reach, 1.0f}) {
+        const auto a = uniform(n, -range, range);
+        std::vector<float> out(n);
         vectors::exp(a.data(), out.data(), n);
         double worst = 0;
         for (std::size_t i = 0; i < n; ++i)
-            worst = std::max(worst, this->errorInUlp(out[i], std::exp(static_cast<typename TestFixture::Exact>(a[i]))));
+            worst = std::max(worst, errorInUlp(out[i], std::exp(static_cast<double>(a[i]))));
         EXPECT_LE(worst, 4);
     }
 }
 
 // The bases and exponents of the filters: a frequency ratio to twice the order. 0.01 dB is a ratio of 1.15e-3.
-TYPED_TEST(VectorMathTest, PowerIsWithinItsBoundOverFrequencyRatiosAndSlopes) {
-    using T = TypeParam;
-    using Precise = typename TestFixture::Exact;
-    const Precise bound = sizeof(T) == 4 ? Precise(2e-5) : Precise(1e-13);
+TEST_F(VectorMathTest, PowerIsWithinItsBoundOverFrequencyRatiosAndSlopes) {
+    const double bound = 2e-5;
     const std::size_t n = 20'003;
-    const auto base = this->logarithmic(n, T(4.0 / 24000), T(6000));
-    std::vector<T> out(n);
-    for (const T exponent : {T(-36), T(-11.97), T(-2), T(-1), T(-0.3), T(0.5), T(2), T(5.3), T(11.97), T(16), T(36)}) {
+    const auto base = logarithmic(n, static_cast<float>(4.0 / 24000), 6000.0f);
+    std::vector<float> out(n);
+    for (const float exponent : {-36.0f, -11.97f, -2.0f, -1.0f, -0.3f, 0.5f, 2.0f, 5.3f, 11.97f, 16.0f, 36.0f}) {
         vectors::power(base.data(), exponent, out.data(), n);
-        Precise worst = 0;
+        double worst = 0;
         for (std::size_t i = 0; i < n; ++i) {
-            const Precise exact = std::pow(static_cast<Precise>(base[i]), static_cast<Precise>(exponent));
-            if (exact < static_cast<Precise>(std::numeric_limits<T>::min()))
-                EXPECT_LE(out[i], std::numeric_limits<T>::min() * T(1.001));
-            else if (exact > static_cast<Precise>(std::numeric_limits<T>::max()))
-                EXPECT_GE(out[i], std::numeric_limits<T>::max() * T(0.999));
+            const double exact = std::pow(static_cast<double>(base[i]), static_cast<double>(exponent));
+            if (exact < static_cast<double>(std::numeric_limits<float>::min()))
+                EXPECT_LE(out[i], std::numeric_limits<float>::min() * 1.001f);
+            else if (exact > static_cast<double>(std::numeric_limits<float>::max()))
+                EXPECT_GE(out[i], std::numeric_limits<float>::max() * 0.999f);
             else
                 worst = std::max(worst, std::abs(out[i] / exact - 1));
         }
@@ -149,76 +137,70 @@ TYPED_TEST(VectorMathTest, PowerIsWithinItsBoundOverFrequencyRatiosAndSlopes) {
     }
 }
 
-TYPED_TEST(VectorMathTest, ZeroInfinityAndNoNumberGiveWhatTheLibraryGives) {
-    using T = TypeParam;
-    const std::vector<T> in{T(0), T(1), this->infinity, -this->infinity, T(-1), this->nan, T(1e4), T(-1e4)};
-    const auto same = [](T a, T b) { return a == b || (std::isnan(a) && std::isnan(b)); };
-    std::vector<T> out(in.size());
+TEST_F(VectorMathTest, ZeroInfinityAndNoNumberGiveWhatTheLibraryGives) {
+    const std::vector<float> in{0.0f, 1.0f, infinity, -infinity, -1.0f, nan, 1e4f, -1e4f};
+    const auto same = [](float a, float b) { return a == b || (std::isnan(a) && std::isnan(b)); };
+    std::vector<float> out(in.size());
     vectors::log(in.data(), out.data(), in.size());
     for (const std::size_t i : {0u, 1u, 2u, 3u, 4u, 5u})
         EXPECT_TRUE(same(out[i], std::log(in[i]))) << in[i] << " gives " << out[i];
     vectors::exp(in.data(), out.data(), in.size());
     for (const std::size_t i : {0u, 2u, 3u, 5u, 6u, 7u})
         EXPECT_TRUE(same(out[i], std::exp(in[i]))) << in[i] << " gives " << out[i];
-    for (const T exponent : {T(-2), T(0), T(0.5), T(3.5)}) {
+    for (const float exponent : {-2.0f, 0.0f, 0.5f, 3.5f}) {
         vectors::power(in.data(), exponent, out.data(), in.size());
         for (const std::size_t i : {0u, 1u, 2u, 5u})
             EXPECT_TRUE(same(out[i], std::pow(in[i], exponent))) << in[i] << " ^ " << exponent << " gives " << out[i];
     }
 }
 
-TYPED_TEST(VectorMathTest, RmsIsTheRootOfTheMeanSquare) {
-    using T = TypeParam;
-    EXPECT_EQ(vectors::rms(static_cast<const T*>(nullptr), 0), T(0));
-    for (const std::size_t n : this->lengths) {
+TEST_F(VectorMathTest, RmsIsTheRootOfTheMeanSquare) {
+    EXPECT_EQ(vectors::rms(static_cast<const float*>(nullptr), 0), 0.0f);
+    for (const std::size_t n : lengths) {
         if (n == 0) continue;
-        const auto a = this->uniform(n, -3, 3);
+        const auto a = uniform(n, -3, 3);
         long double sum = 0;
-        for (const T x : a)
+        for (const float x : a)
             sum += static_cast<long double>(x) * x;
-        EXPECT_NEAR(static_cast<double>(vectors::rms(a.data(), n)), static_cast<double>(std::sqrt(sum / n)),
-                    sizeof(T) == 4 ? 3e-6 : 1e-14);
+        EXPECT_NEAR(static_cast<double>(vectors::rms(a.data(), n)), static_cast<double>(std::sqrt(sum / n)), 3e-6);
     }
 }
 
-TYPED_TEST(VectorMathTest, ConvolutionSumsTheKernelOverEachWindow) {
-    using T = TypeParam;
+TEST_F(VectorMathTest, ConvolutionSumsTheKernelOverEachWindow) {
     for (const std::size_t length : {1u, 3u, 5u, 9u}) {
-        for (const std::size_t n : this->lengths) {
-            const auto padded = this->uniform(n + length - 1, -3, 3), kernel = this->uniform(length, 0, 1);
-            std::vector<T> out(n + 1, T(42));
+        for (const std::size_t n : lengths) {
+            const auto padded = uniform(n + length - 1, -3, 3), kernel = uniform(length, 0, 1);
+            std::vector<float> out(n + 1, 42.0f);
             vectors::convolve(padded.data(), kernel.data(), length, out.data(), n);
             for (std::size_t i = 0; i < n; ++i) {
                 long double sum = 0;
                 for (std::size_t j = 0; j < length; ++j)
                     sum += static_cast<long double>(padded[i + j]) * kernel[j];
-                EXPECT_NEAR(static_cast<double>(out[i]), static_cast<double>(sum), sizeof(T) == 4 ? 5e-6 : 1e-14);
+                EXPECT_NEAR(static_cast<double>(out[i]), static_cast<double>(sum), 5e-6);
             }
-            EXPECT_EQ(out[n], T(42));
+            EXPECT_EQ(out[n], 42.0f);
         }
     }
 }
 
 // Machines differ in their vector units; each one that this machine has must do.
-TYPED_TEST(VectorMathTest, EveryVectorUnitIsAsExact) {
-    using T = TypeParam;
-    using Precise = typename TestFixture::Exact;
+TEST_F(VectorMathTest, EveryVectorUnitIsAsExact) {
     const std::size_t n = 1003;
-    const auto a = this->logarithmic(n, T(1e-3), T(1e3));
-    const T kernel[] = {T(0.25), T(0.5), T(0.25)};
+    const auto a = logarithmic(n, 1e-3f, 1e3f);
+    const float kernel[] = {0.25f, 0.5f, 0.25f};
     int units = 0;
     for (const auto unit : hwy::SupportedAndGeneratedTargets()) {
         hwy::SetSupportedTargetsForTest(unit);
         ++units;
-        std::vector<T> logs(n), exps(n), powers(n), smooth(n - 2);
+        std::vector<float> logs(n), exps(n), powers(n), smooth(n - 2);
         vectors::log(a.data(), logs.data(), n);
         vectors::exp(logs.data(), exps.data(), n);
-        vectors::power(a.data(), T(3.3), powers.data(), n);
+        vectors::power(a.data(), 3.3f, powers.data(), n);
         vectors::convolve(a.data(), kernel, 3, smooth.data(), n - 2);
         for (std::size_t i = 0; i < n; ++i) {
-            EXPECT_LE(this->errorInUlp(logs[i], std::log(static_cast<Precise>(a[i]))), 4) << hwy::TargetName(unit);
-            EXPECT_LE(this->errorInUlp(exps[i], std::exp(static_cast<Precise>(logs[i]))), 4) << hwy::TargetName(unit);
-            EXPECT_NEAR(powers[i] / std::pow(a[i], T(3.3)), 1, sizeof(T) == 4 ? 2e-5 : 1e-13) << hwy::TargetName(unit);
+            EXPECT_LE(errorInUlp(logs[i], std::log(static_cast<double>(a[i]))), 4) << hwy::TargetName(unit);
+            EXPECT_LE(errorInUlp(exps[i], std::exp(static_cast<double>(logs[i]))), 4) << hwy::TargetName(unit);
+            EXPECT_NEAR(powers[i] / std::pow(a[i], 3.3f), 1, 2e-5) << hwy::TargetName(unit);
         }
         for (std::size_t i = 0; i + 2 < n; ++i)
             EXPECT_NEAR(smooth[i] / (a[i] / 4 + a[i + 1] / 2 + a[i + 2] / 4), 1, 1e-6) << hwy::TargetName(unit);

@@ -37,6 +37,7 @@ struct Command {
 // All commands, in the order of the help text.
 std::span<const Command> Commands();
 
+int RunCurveCommand(Arguments arguments, const Streams& streams);
 int RunDescriptionCommand(Arguments arguments, const Streams& streams);
 int RunValuesCommand(Arguments arguments, const Streams& streams);
 

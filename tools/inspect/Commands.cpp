@@ -8,6 +8,8 @@ namespace inspect {
 namespace {
 
 constexpr std::array kCommands = {
+    Command{"curve", "[--settings ADDRESS] [--points N]", "print the response curve of some settings as a table",
+            RunCurveCommand},
     Command{"description", "", "print the plug-in's description as one JSON object", RunDescriptionCommand},
     Command{"values", "", "read value operations from standard input and answer each with a line", RunValuesCommand},
 };

@@ -1,0 +1,52 @@
+// Where display ticks come from: a thread, or a test's own hand.
+#pragma once
+
+#include "description/BuildNamespace.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace QVM_NAMESPACE {
+
+// When a frame will be seen, as a display counts time.
+struct DisplayTimeStamp {
+    std::int64_t videoTime = 0;          // units since an arbitrary start
+    std::int32_t videoTimeScale = 1;     // units a second
+    std::int64_t videoRefreshPeriod = 0; // units a frame
+};
+
+class DisplayTickSource {
+public:
+    using Tick = std::function<void(const DisplayTimeStamp&)>;
+    virtual ~DisplayTickSource() = default;
+    // From now on calls `tick` once a frame, on a thread of its own. Main thread; not when it is started already.
+    virtual void start(Tick tick) = 0;
+    // Returns once no tick is running and none will come. Main thread.
+    virtual void stop() = 0;
+};
+
+// Ticks at the display's rate. The thread is there only between start and stop.
+class ThreadTickSource final : public DisplayTickSource {
+public:
+    ~ThreadTickSource() override { stop(); }
+    void start(Tick tick) override;
+    void stop() override;
+    // Frames a second, 60 at first; taken on at the next tick. What is no display's rate is ignored. Any thread.
+    void setRate(double hertz);
+
+private:
+    void run();
+
+    Tick tick_;
+    std::thread thread_;
+    std::atomic<std::int64_t> periodNanoseconds_{1'000'000'000 / 60};
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    bool isStopping_ = false; // guarded by mutex_
+};
+
+} // namespace QVM_NAMESPACE

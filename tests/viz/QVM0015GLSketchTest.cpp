@@ -1,0 +1,239 @@
+#include "viz/QVM0015GLSketch.h"
+
+#include "SketchFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using reference::Settings;
+using testing::Each;
+using testing::FloatNear;
+
+class QVM0015GLSketchTest : public testing::Test {
+protected:
+    std::vector<float> responseOf(const Settings& values) {
+        setSettings(*sketch, values);
+        calculate(*sketch);
+        return {sketch->response().begin(), sketch->response().end()};
+    }
+    const QVMFreqResp& display() const { return sketch->responseDisplay(); }
+
+    std::unique_ptr<QVM0015GLSketch> sketch = makeCurve(108);
+    Settings settings = initialSettings();
+};
+
+TEST_F(QVM0015GLSketchTest, NoTiltIsFlatWithTheReferenceAtZero) {
+    settings[1] = 0;
+    settings[6] = QVMTiltEQ_LoudnessHalfGain;
+    EXPECT_THAT(responseOf(settings), Each(FloatNear(0, 1e-5f)));
+    EXPECT_EQ(display().referenceLevel, 0);
+}
+
+TEST_F(QVM0015GLSketchTest, TheAxisStaysAtSevenAndAHalfUpToSixDecibelsOfTilt) {
+    for (const double gain : {-6.0, -2.5, 0.0, 6.0}) {
+        settings[1] = gain;
+        responseOf(settings);
+        EXPECT_EQ(display().dbRange, (QVMFloat32Range{-7.5f, 7.5f})) << gain;
+    }
+}
+
+TEST_F(QVM0015GLSketchTest, TheAxisGrowsWithTheTilt) {
+    for (const double gain : {-18.0, 18.0}) {
+        settings[1] = gain;
+        responseOf(settings);
+        EXPECT_EQ(display().dbRange, (QVMFloat32Range{-19.5f, 19.5f})) << gain;
+    }
+}
+
+TEST_F(QVM0015GLSketchTest, TheUpperTiltCornerIsTakenAsTwiceTheLowerOneAtLeast) {
+    settings[1] = 9;
+    settings[2] = 1000;
+    settings[3] = 2000;
+    const std::vector<float> atTwice = responseOf(settings);
+    settings[3] = 1500;
+    EXPECT_EQ(responseOf(settings), atTwice);
+}
+
+TEST_F(QVM0015GLSketchTest, TheLowFilterAndItsResonanceAreAbsentAtExactlyFourHertz) {
+    settings[1] = 3;
+    const std::vector<float> without = responseOf(settings);
+    settings[9] = 4;
+    settings[15] = 18;
+    settings[14] = 48;
+    EXPECT_EQ(responseOf(settings), without);
+    settings[9] = 4.1;
+    EXPECT_NE(responseOf(settings), without);
+}
+
+TEST_F(QVM0015GLSketchTest, TheHighFilterAndItsResonanceAreAbsentAtExactlyTwentyFourKilohertz) {
+    settings[1] = 3;
+    const std::vector<float> without = responseOf(settings);
+    settings[10] = 24000;
+    settings[22] = 18;
+    settings[21] = 48;
+    EXPECT_EQ(responseOf(settings), without);
+    settings[10] = 23999;
+    EXPECT_NE(responseOf(settings), without);
+}
+
+TEST_F(QVM0015GLSketchTest, AFilterIsSwitchedByItsValueButDrawnAtItsGlidingCorner) {
+    settings[9] = 1000;
+    const std::vector<float> at1000 = responseOf(settings);
+    setSettings(*sketch, settings);
+    sketch->parameterStates[9].value = 5;
+    calculate(*sketch);
+    EXPECT_TRUE(std::equal(at1000.begin(), at1000.end(), sketch->response().begin()));
+    sketch->parameterStates[9].value = 4;
+    calculate(*sketch);
+    EXPECT_NEAR(sketch->response()[0], 0, 1e-4);
+}
+
+TEST_F(QVM0015GLSketchTest, AResonanceIsDrawnNoHigherThan23760Hertz) {
+    std::vector<float> atLimit(108), above(108), below(108);
+    sketch->calcReso(atLimit.data(), 23760, 12, 2);
+    sketch->calcReso(above.data(), 23999, 12, 2);
+    sketch->calcReso(below.data(), 23000, 12, 2);
+    EXPECT_EQ(above, atLimit);
+    EXPECT_NE(below, atLimit);
+}
+
+TEST_F(QVM0015GLSketchTest, AResonancePeaksAtItsCorner) {
+    sketch = makeCurve(1080);
+    std::vector<float> bump(1080);
+    sketch->calcReso(bump.data(), 1000, 12, 2);
+    const auto peak = std::max_element(bump.begin(), bump.end());
+    EXPECT_NEAR(*peak, 12, 0.05);
+    EXPECT_NEAR(display().freqs()[static_cast<std::size_t>(peak - bump.begin())], 1000, 10);
+    EXPECT_NEAR(bump.front(), 0, 1e-3);
+}
+
+TEST_F(QVM0015GLSketchTest, LoudnessModesBeyondTheListCountAsTheFirst) {
+    settings[1] = 9;
+    settings[6] = 0;
+    responseOf(settings);
+    const float weighted = display().referenceLevel;
+    for (const double mode : {5.0, -1.0, 4.0, 1e9}) {
+        settings[6] = mode;
+        responseOf(settings);
+        EXPECT_EQ(display().referenceLevel, weighted) << mode;
+    }
+    settings[6] = 1.9; // glides
+    responseOf(settings);
+    EXPECT_FLOAT_EQ(display().referenceLevel, 0);
+}
+
+TEST_F(QVM0015GLSketchTest, ListeningToBothFiltersShowsWhatTheyRemoveTogetherAndTheTilt) {
+    settings[1] = 6;
+    settings[9] = 200;
+    settings[10] = 5000;
+    settings[13] = settings[20] = 1;
+    settings[15] = settings[22] = 9; // not part of it
+    responseOf(settings);
+    const reference::Response expected = reference::evaluate(settings, 108);
+    ASSERT_EQ(expected.audition.size(), 108u);
+    for (std::size_t i = 0; i < 108; ++i)
+        EXPECT_NEAR(sketch->listenCurve()[i], expected.audition[i], 1e-3) << i;
+    EXPECT_FALSE(display().curve(1).hidden);
+}
+
+TEST_F(QVM0015GLSketchTest, WhatAFilterThatIsOffRemovesIsNothing) {
+    settings[13] = 1;
+    responseOf(settings);
+    EXPECT_THAT(std::vector<float>(sketch->listenCurve().begin(), sketch->listenCurve().end()), Each(-INFINITY));
+}
+
+TEST_F(QVM0015GLSketchTest, TheResponseStepsBackWhileSomethingIsAuditioned) {
+    responseOf(settings);
+    EXPECT_TRUE(display().curve(1).hidden);
+    EXPECT_EQ(display().curve(0).colour, (Color{1, 1, 1, 1}));
+    for (const std::size_t listen : {13u, 20u}) {
+        settings = initialSettings();
+        settings[listen] = 1;
+        responseOf(settings);
+        EXPECT_FALSE(display().curve(1).hidden);
+        EXPECT_EQ(display().curve(0).colour, (Color{0.35f, 0.35f, 0.35f, 0.35f}));
+        EXPECT_EQ(display().curve(1).colour, (Color{1, 1, 1, 1}));
+    }
+    settings[13] = settings[20] = 0.5; // half on is off
+    responseOf(settings);
+    EXPECT_TRUE(display().curve(1).hidden);
+}
+
+TEST_F(QVM0015GLSketchTest, TheResponseGoesWhereItIsToldTo) {
+    settings[1] = 4;
+    const std::vector<float> expected = responseOf(settings);
+    std::vector<float> elsewhere(108);
+    sketch->calcRespWithFreqs(display().freqs().data(), false, false, elsewhere.data());
+    EXPECT_EQ(elsewhere, expected);
+}
+
+TEST_F(QVM0015GLSketchTest, ItsFixedTablesAreThoseOfTheGrid) {
+    double sum = 0;
+    for (std::size_t i = 0; i < 108; ++i) {
+        const double weight = reference::weight(display().freqs()[i]);
+        EXPECT_NEAR(sketch->loudnessWeights()[i], weight, 1e-6);
+        sum += weight * weight;
+    }
+    EXPECT_NEAR(sketch->loudnessWeightsRms(), std::sqrt(sum / 108), 1e-6);
+}
+
+TEST_F(QVM0015GLSketchTest, UnknownSketchesAreLeftAlone) {
+    QVM0015GLSketch other;
+    PBGLCanvas canvas = curveCanvas();
+    canvas.sid = 2;
+    other.init(canvas, 44100, 512);
+    EXPECT_EQ(other.numPoints(), 0);
+    EXPECT_EQ(other.levelMeter(), nullptr);
+    EXPECT_EQ(other.prepareForDrawing(canvas, 1), Redraw::no);
+}
+
+TEST_F(QVM0015GLSketchTest, NothingIsPreparedBeforeThereAreParameters) {
+    QVM0015GLSketch other;
+    other.init(curveCanvas(), 44100, 512);
+    EXPECT_EQ(other.prepareForDrawing(curveCanvas(), 1), Redraw::no);
+}
+
+TEST_F(QVM0015GLSketchTest, SetsUpAMeterOfTwoBarsSideBySide) {
+    ASSERT_EQ(sketch->levelMeter(), nullptr);
+    sketch->init(meterCanvas(), 44100, 512);
+    QVMLevelMeter* meter = sketch->levelMeter();
+    ASSERT_NE(meter, nullptr);
+    ASSERT_EQ(meter->numChannels(), 2);
+    EXPECT_EQ(meter->channel(0).offset.x, -3);
+    EXPECT_EQ(meter->channel(1).offset.x, 3);
+    EXPECT_EQ(meter->channel(0).colourFull, (Color{0, 0, 0, 0.25f}));
+    EXPECT_EQ(meter->channel(1).colourEmpty, (Color{0, 0, 0, 0.5f}));
+    EXPECT_EQ(meter->channel(0).colourClip, (Color{1, 0, 0, 0.25f}));
+    EXPECT_EQ(meter->channel(1).colourClip, (Color{1, 0, 0, 0.5f}));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(meter->channel(i).level, -96);
+        EXPECT_EQ(meter->channel(i).display, -96);
+    }
+    EXPECT_EQ(meter->barRect(meterCanvas(), 0).x + 6, meter->barRect(meterCanvas(), 1).x);
+}
+
+// The render thread may be writing to it.
+TEST_F(QVM0015GLSketchTest, AnotherLayerKeepsTheMeterAndItsLevels) {
+    sketch->init(meterCanvas(1), 44100, 512);
+    QVMLevelMeter* meter = sketch->levelMeter();
+    meter->channel(0).level = -12;
+    sketch->init(meterCanvas(2), 44100, 512);
+    EXPECT_EQ(sketch->levelMeter(), meter);
+    EXPECT_EQ(meter->channel(0).level, -12);
+}
+
+TEST_F(QVM0015GLSketchTest, TheMeterFollowsTheSlidersScale) {
+    sketch->init(meterCanvas(), 44100, 512);
+    QVMLevelMeter::Channel& channel = sketch->levelMeter()->channel(0);
+    for (const float level : {-96.0f, -24.0f, -6.0f, 0.0f, 12.0f}) {
+        channel.level = level;
+        for (int frame = 0; frame < 600; ++frame)
+            sketch->prepareForDrawing(meterCanvas(), 1.0f / 60);
+        EXPECT_NEAR(channel.fill, GetParameter(7)->percentageFromFloatValue(level), 1e-4) << level;
+    }
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

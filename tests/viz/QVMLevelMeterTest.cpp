@@ -1,0 +1,277 @@
+#include "viz/QVMLevelMeter.h"
+
+#include "SketchFixture.h"
+#include "description/ValueMapping.h"
+#include "platform/CpuDrawingSurface.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+constexpr QVMFloat32Range kRange = {-96, 12};
+
+class QVMLevelMeterTest : public testing::Test {
+protected:
+    float levelOf(const std::vector<float>& samples) {
+        meter.processAudio(samples.data(), static_cast<unsigned>(samples.size()), kRange, 0);
+        return meter.channel(0).level;
+    }
+    // The part of a step that is done after so many frames.
+    double doneAfter(int frames, float dt, float from, float to) {
+        QVMLevelMeter::Channel& c = meter.channel(0);
+        c.display = from;
+        c.level = to;
+        for (int i = 0; i < frames; ++i)
+            meter.slew(dt, 0);
+        return (c.display - from) / (to - from);
+    }
+    Redraw frame(float dt = 1.0f / 60) { return meter.prepareForDrawing(dt, ParameterFloatValueToPercentage, 7); }
+
+    QVMLevelMeter meter{meterCanvas(), 2};
+};
+
+TEST_F(QVMLevelMeterTest, StartsAtTheParametersMinimumAndOpaque) {
+    for (int i = 0; i < 2; ++i) {
+        const QVMLevelMeter::Channel& c = meter.channel(i);
+        EXPECT_EQ(c.level, -96);
+        EXPECT_EQ(c.display, -96);
+        EXPECT_EQ(c.fill, 0);
+        EXPECT_EQ(c.clip, 0);
+        EXPECT_EQ(c.opacity, 1);
+        EXPECT_TRUE(c.clampFill && c.slewEnabled && !c.atRest);
+        EXPECT_EQ(c.attackMs, 10);
+        EXPECT_EQ(c.releaseMs, 250);
+        EXPECT_EQ(c.colourFull, (Color{0, 0, 0, 0.5f}));
+    }
+}
+
+TEST_F(QVMLevelMeterTest, TakesTheLargestAbsoluteSample) {
+    EXPECT_NEAR(levelOf({0.1f, -0.5f, 0.25f}), 20 * std::log10(0.5), 1e-4);
+    EXPECT_FLOAT_EQ(levelOf({1, -1}), 0);
+}
+
+TEST_F(QVMLevelMeterTest, DigitalSilenceIsTheEndOfTheRange) {
+    EXPECT_EQ(levelOf({0, 0, -0.0f}), -96);
+    EXPECT_EQ(levelOf({}), -96);
+    meter.processAudio(static_cast<const float*>(nullptr), 0, {-60, 0}, 0);
+    EXPECT_EQ(meter.channel(0).level, -60);
+}
+
+TEST_F(QVMLevelMeterTest, LevelsStayWithinTheRange) {
+    EXPECT_EQ(levelOf({1000}), 12);
+    EXPECT_EQ(levelOf({1e-9f}), -96);
+    EXPECT_EQ(levelOf({std::numeric_limits<float>::infinity()}), 12);
+}
+
+TEST_F(QVMLevelMeterTest, SamplesThatAreNoNumbersCountForNothing) {
+    EXPECT_NEAR(levelOf({NAN, 0.5f, NAN}), -6.0206, 1e-3);
+    EXPECT_EQ(levelOf({NAN}), -96);
+}
+
+TEST_F(QVMLevelMeterTest, ABuffersPeakIsThatOfAllItsChannels) {
+    QVMAudioBuffer<float> buffer(2);
+    buffer.alloc(4);
+    buffer.channels[0][1] = 0.1f;
+    buffer.channels[1][3] = -0.5f;
+    meter.processAudio(&buffer, 4, kRange, 1);
+    EXPECT_NEAR(meter.channel(1).level, -6.0206, 1e-3);
+    meter.processAudio(&buffer, 3, kRange, 1); // the last frame is not asked for
+    EXPECT_NEAR(meter.channel(1).level, -20, 1e-3);
+    EXPECT_EQ(meter.channel(0).level, -96);
+}
+
+TEST_F(QVMLevelMeterTest, DoublesAreMeasuredLikeFloats) {
+    QVMAudioBuffer<double> buffer(1);
+    buffer.alloc(2);
+    buffer.channels[0][0] = -0.25;
+    meter.processAudio(&buffer, 2, kRange, 0);
+    EXPECT_NEAR(meter.channel(0).level, -12.0412, 1e-3);
+    const double samples[] = {0.5, 1e-300};
+    meter.processAudio(samples, 2, kRange, 0);
+    EXPECT_NEAR(meter.channel(0).level, -6.0206, 1e-3);
+    meter.processAudio(samples + 1, 1, kRange, 0);
+    EXPECT_EQ(meter.channel(0).level, -96);
+}
+
+TEST_F(QVMLevelMeterTest, AStepUpIsTwoThirdsDoneInTenMilliseconds) {
+    EXPECT_NEAR(doneAfter(1, 0.010f, -96, -6), 1 - std::exp(-1.0), 1e-4);
+    EXPECT_NEAR(doneAfter(10, 0.001f, -96, -6), 1 - std::exp(-1.0), 1e-4);
+    EXPECT_NEAR(doneAfter(1, 1.0f / 60, -96, -6), 1 - std::exp(-100.0 / 60), 1e-4);
+}
+
+TEST_F(QVMLevelMeterTest, AStepDownIsTwoThirdsDoneInAQuarterOfASecond) {
+    EXPECT_NEAR(doneAfter(15, 1.0f / 60, -6, -96), 1 - std::exp(-1.0), 1e-4);
+}
+
+TEST_F(QVMLevelMeterTest, BallisticsAreTheSameAtEveryDisplayRate) {
+    for (const int rate : {30, 60, 144}) {
+        const float dt = 1.0f / static_cast<float>(rate);
+        EXPECT_NEAR(doneAfter(rate / 6, dt, -96, -6), 1 - std::exp(-(rate / 6) / double(rate) * 100), 1e-4) << rate;
+        EXPECT_NEAR(doneAfter(rate / 2, dt, -6, -96), 1 - std::exp(-0.5 * 4), 1e-4) << rate;
+    }
+}
+
+TEST_F(QVMLevelMeterTest, WithoutBallisticsTheDisplayIsTheLevel) {
+    meter.channel(0).slewEnabled = false;
+    meter.channel(0).level = -24;
+    frame();
+    EXPECT_EQ(meter.channel(0).display, -24);
+    EXPECT_EQ(meter.channel(0).clip, 0);
+}
+
+TEST_F(QVMLevelMeterTest, ExactlyZeroDecibelsCountsAsClipping) {
+    meter.channel(0).level = -0.001f;
+    meter.slew(0.01f, 0);
+    EXPECT_EQ(meter.channel(0).clip, 0);
+    meter.channel(0).level = 0.0f;
+    meter.slew(0.01f, 0);
+    EXPECT_NEAR(meter.channel(0).clip, 1 - std::exp(-1.0), 1e-5);
+}
+
+TEST_F(QVMLevelMeterTest, TheClipLightDiesAwayWithinSeconds) {
+    meter.channel(0).clip = 1;
+    for (int i = 0; i < 60; ++i)
+        meter.slew(1.0f / 60, 0);
+    EXPECT_NEAR(meter.channel(0).clip, std::exp(-1.0), 1e-4);
+}
+
+TEST_F(QVMLevelMeterTest, TheFillIsClampedUnlessToldOtherwise) {
+    for (const bool clamped : {true, false}) {
+        QVMLevelMeter::Channel& c = meter.channel(clamped ? 0 : 1);
+        c.clampFill = clamped;
+        c.slewEnabled = false;
+        c.level = 12;
+        meter.prepareForDrawing(0.01f);
+        EXPECT_EQ(c.fill, clamped ? 1 : 12);
+        c.level = -5;
+        meter.prepareForDrawing(0.01f);
+        EXPECT_EQ(c.fill, clamped ? 0 : -5);
+    }
+}
+
+TEST_F(QVMLevelMeterTest, AMappingGivesTheFill) {
+    meter.channel(0).slewEnabled = false;
+    meter.channel(0).level = -24;
+    meter.prepareForDrawingWithMapping(0.01f, [](float level) { return -level / 48; });
+    EXPECT_EQ(meter.channel(0).fill, 0.5f);
+}
+
+TEST_F(QVMLevelMeterTest, TheMarkerIsTheParametersPlaceOnTheScale) {
+    meter.prepareForDrawingWithParameterValue(0.01f, 0, ParameterFloatValueToPercentage, 7);
+    EXPECT_EQ(meter.marker(), ParameterFloatValueToPercentage(7, 0));
+    meter.prepareForDrawingWithParameterValue(0.01f, 40, ParameterFloatValueToPercentage, 7);
+    EXPECT_EQ(meter.marker(), 1);
+}
+
+TEST_F(QVMLevelMeterTest, AFadeSnapsToItsTargetWithinAHundredth) {
+    QVMLevelMeter::Channel& c = meter.channel(0);
+    c.opacityTarget = 0;
+    int frames = 0;
+    while (!c.atRest && frames < 1000) {
+        frame();
+        ++frames;
+        EXPECT_TRUE(c.opacity >= 0.01f || c.opacity == 0) << c.opacity;
+    }
+    // e^(-4 t) falls below a hundredth at 1.15 s.
+    EXPECT_NEAR(frames, 1.1513 * 60, 1.01);
+    EXPECT_EQ(c.opacity, 0);
+    c.opacityTarget = 1;
+    frame();
+    EXPECT_FALSE(c.atRest);
+}
+
+TEST_F(QVMLevelMeterTest, ColoursMixByFillThenByClipThenFade) {
+    QVMLevelMeter::Channel& c = meter.channel(0);
+    c.colourEmpty = {0, 0, 0, 0.2f};
+    c.colourFull = {0, 1, 0, 0.6f};
+    c.colourClip = {1, 0, 0, 1};
+    c.fill = 0.5f;
+    EXPECT_FLOAT_EQ(meter.barColour(0).g, 0.5f);
+    EXPECT_FLOAT_EQ(meter.barColour(0).a, 0.4f);
+    c.clip = 0.5f;
+    c.opacity = 0.5f;
+    const Color colour = meter.barColour(0);
+    EXPECT_FLOAT_EQ(colour.r, 0.5f);
+    EXPECT_FLOAT_EQ(colour.g, 0.25f);
+    EXPECT_FLOAT_EQ(colour.a, 0.35f);
+}
+
+TEST_F(QVMLevelMeterTest, AVerticalBarGrowsUpFromTheTracksBottom) {
+    meter.channel(0).fill = 0.5f;
+    meter.channel(0).offset = {-3, 2};
+    EXPECT_EQ(meter.barRect(meterCanvas(), 0), (PBRect{42, 28, 6, 82.5f}));
+}
+
+TEST_F(QVMLevelMeterTest, AHorizontalBarGrowsToTheRight) {
+    PBGLCanvas canvas = meterCanvas();
+    canvas.parameter.flags = PBParameterHorizontal;
+    canvas.parameter.track = {10, 20, 100, 6};
+    meter.channel(0).fill = 0.25f;
+    meter.channel(0).offset = {1, -2};
+    EXPECT_EQ(meter.barRect(canvas, 0), (PBRect{11, 18, 25, 6}));
+}
+
+TEST_F(QVMLevelMeterTest, AsksToBeDrawnOnlyWhenItLooksDifferent) {
+    EXPECT_EQ(frame(), Redraw::yes); // the first picture
+    EXPECT_EQ(frame(), Redraw::no);
+    meter.channel(1).level = -6;
+    EXPECT_EQ(frame(), Redraw::yes);
+    int frames = 0;
+    while (frame() == Redraw::yes)
+        ++frames;
+    EXPECT_LT(frames, 60);
+    for (int i = 0; i < 600; ++i)
+        EXPECT_EQ(frame(), Redraw::no);
+    meter.setCanvas(meterCanvas(1));
+    EXPECT_EQ(frame(), Redraw::yes);
+}
+
+class QVMLevelMeterPicture : public QVMLevelMeterTest {
+protected:
+    void SetUp() override {
+        for (int i = 0; i < 2; ++i) {
+            meter.channel(i).offset.x = i == 0 ? -3.0f : 3.0f;
+            meter.channel(i).fill = i == 0 ? 0.2f : 0.4f;
+        }
+    }
+    void draw() {
+        surface.begin({97, 217}, 1);
+        meter.glDraw(meterCanvas(1), surface);
+        ASSERT_TRUE(surface.finish(picture));
+    }
+    // y upwards, in points.
+    unsigned alphaAt(int x, int y) const { return picture.pixels[static_cast<std::size_t>((216 - y) * 97 + x)] >> 24; }
+
+    CpuDrawingSurface surface;
+    Image picture;
+};
+
+TEST_F(QVMLevelMeterPicture, BarsCoverExactlyTheirPartOfTheTrack) {
+    draw();
+    for (int y = 0; y < 217; ++y) {
+        for (int x = 0; x < 97; ++x) {
+            const bool inLeft = x >= 42 && x < 48 && y >= 26 && y < 26 + 33;
+            const bool inRight = x >= 48 && x < 54 && y >= 26 && y < 26 + 66;
+            ASSERT_NEAR(alphaAt(x, y), inLeft || inRight ? 128 : 0, 1) << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(QVMLevelMeterPicture, NothingIsDrawnBehindAChannelAtRest) {
+    meter.channel(0).atRest = true;
+    draw();
+    for (const std::uint32_t pixel : picture.pixels)
+        ASSERT_EQ(pixel, 0u);
+    meter.channel(0).atRest = false;
+    meter.channel(1).atRest = true;
+    draw();
+    EXPECT_GT(alphaAt(44, 30), 0u);
+    EXPECT_EQ(alphaAt(50, 30), 0u);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,142 @@
+// The response curve that the editor draws, as a table: unsmoothed, over the display's own grid of frequencies.
+#include "description/Description.h"
+#include "tools/inspect/Command.h"
+#include "viz/QVM0015GLSketch.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace QVM_NAMESPACE {
+namespace inspect {
+
+namespace {
+
+constexpr int kDisplayPoints = 108; // of the display at two device pixels a point
+constexpr int kFewestPoints = 2, kMostPoints = 65536;
+
+// By pid, shown domain.
+using Settings = std::array<float, QVMParameterCount>;
+
+struct CurveRequest {
+    std::string_view address = "/?";
+    int points = kDisplayPoints;
+};
+
+// Reads all of a text as a number; none when it is anything else.
+template <class Number>
+std::optional<Number> NumberFrom(std::string_view text) {
+    Number number{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+const QVMParameter* ParameterForKey(std::string_view key) {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const QVMParameter* parameter = GetParameter(pid);
+        if (parameter->minimalName == key || parameter->codesafeName == key) return parameter;
+    }
+    return nullptr;
+}
+
+// Puts one "key:value" into the settings. Returns what is wrong with it, or nothing.
+std::string ApplyEntry(std::string_view entry, Settings& settings) {
+    const std::string quoted = "'" + std::string(entry) + "'";
+    const std::size_t colon = entry.find(':');
+    if (colon == std::string_view::npos) return quoted + " is not KEY:VALUE";
+    const QVMParameter* parameter = ParameterForKey(entry.substr(0, colon));
+    if (!parameter) return quoted + " names no parameter";
+    const std::optional<float> value = NumberFrom<float>(entry.substr(colon + 1));
+    if (!value || !std::isfinite(*value)) return quoted + " has no number behind the colon";
+    if (parameter->unit == QVMUnitHertz && !(*value > 0)) return quoted + " is no frequency";
+    settings[parameter->pid] = *value;
+    return {};
+}
+
+// What the address says over the initial values. Returns what is wrong with it, or nothing.
+std::string ReadAddress(std::string_view address, Settings& settings) {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        settings[pid] = GetParameter(pid)->initialValue;
+    const std::size_t separator = address.find("/?");
+    if (separator == std::string_view::npos)
+        return "'" + std::string(address) + "' has no settings: there is no /? in it";
+    std::string_view entries = address.substr(separator + 2);
+    while (!entries.empty()) {
+        const std::size_t length = std::min(entries.find('/'), entries.size());
+        if (std::string problem = ApplyEntry(entries.substr(0, length), settings); !problem.empty()) return problem;
+        entries.remove_prefix(std::min(length + 1, entries.size()));
+    }
+    return {};
+}
+
+// What is wrong with the command line, or nothing.
+std::string ReadArguments(Arguments arguments, CurveRequest& request) {
+    for (std::size_t i = 0; i < arguments.size(); i += 2) {
+        const std::string name(arguments[i]);
+        if (name != "--settings" && name != "--points") return "curve does not know '" + name + "'";
+        if (i + 1 == arguments.size()) return name + " needs a value";
+        const std::string_view value = arguments[i + 1];
+        if (name == "--settings") {
+            request.address = value;
+            continue;
+        }
+        const std::optional<int> points = NumberFrom<int>(value);
+        if (!points || *points < kFewestPoints || *points > kMostPoints) {
+            return "--points is a number from " + std::to_string(kFewestPoints) + " to " + std::to_string(kMostPoints);
+        }
+        request.points = *points;
+    }
+    return {};
+}
+
+// The fewest digits that read back as the same number.
+std::string Text(float number) {
+    std::array<char, 32> buffer;
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+    return {buffer.data(), result.ptr};
+}
+
+void PrintCurve(const Settings& settings, int points, std::ostream& out) {
+    PBGLCanvas canvas;
+    canvas.sketch = PB_Sketches[0];
+    canvas.sid = canvas.sketch.sid;
+    canvas.width = static_cast<float>(points); // a point of the curve for each device pixel
+    QVM0015GLSketch sketch;
+    sketch.init(canvas, 0, 0);
+    sketch.sizeStates(QVMParameterCount);
+    for (std::size_t pid = 0; pid < settings.size(); ++pid) {
+        sketch.parameterStates[pid].value = settings[pid];
+        sketch.parameterStates[pid].displayValue = settings[pid];
+    }
+    sketch.prepareForDrawing(canvas, 0);
+
+    const bool auditions = sketch.listensLow() || sketch.listensHigh();
+    out << "# reference_db=" << Text(sketch.responseDisplay().referenceLevel)
+        << " axis_db=" << Text(sketch.axisDecibels()) << "\nfrequency_hz,response_db,audition_db\n";
+    for (std::size_t i = 0; i < sketch.response().size(); ++i) {
+        out << Text(sketch.responseDisplay().freqs()[i]) << ',' << Text(sketch.response()[i]) << ','
+            << (auditions ? Text(sketch.listenCurve()[i]) : std::string()) << '\n';
+    }
+}
+
+} // namespace
+
+int RunCurveCommand(Arguments arguments, const Streams& streams) {
+    CurveRequest request;
+    if (const std::string problem = ReadArguments(arguments, request); !problem.empty())
+        return ReportUsageError(streams, problem);
+    Settings settings;
+    if (const std::string problem = ReadAddress(request.address, settings); !problem.empty()) {
+        streams.err << "slantwise-inspect: cannot read the settings: " << problem << '\n';
+        return ExitBadInput;
+    }
+    PrintCurve(settings, request.points, streams.out);
+    return ExitSuccess;
+}
+
+} // namespace inspect
+} // namespace QVM_NAMESPACE

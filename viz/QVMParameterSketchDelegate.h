@@ -1,0 +1,17 @@
+// What the main sketch tells the editor.
+#pragma once
+
+#include "viz/QVMParameterState.h"
+
+namespace QVM_NAMESPACE {
+
+class QVMParameterSketch;
+
+class QVMParameterSketchDelegate {
+public:
+    virtual ~QVMParameterSketchDelegate() = default;
+    // Once a display frame, on the main thread: all parameters by pid, valid for the call.
+    virtual void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) = 0;
+};
+
+} // namespace QVM_NAMESPACE
