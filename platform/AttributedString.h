@@ -31,7 +31,8 @@ struct AttributedString {
     }
     std::string string() const {
         std::string all;
-        for (const TextRun& run : runs) all += run.text;
+        for (const TextRun& run : runs)
+            all += run.text;
         return all;
     }
     bool isEmpty() const { return string().empty(); }

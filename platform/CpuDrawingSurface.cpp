@@ -1,6 +1,7 @@
 #include "platform/CpuDrawingSurface.h"
 
 #include "platform/PackedColor.h"
+#include "platform/PixelCoverage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -119,21 +120,28 @@ void CpuDrawingSurface::stroke(const StrokeSegment& s, bool isPlain) {
     }
 }
 
-// Triangles that share an edge add up to the whole pixel along it.
+// Triangles that share an edge add up to the whole pixel along it; those of one colour are not even parted there.
 void CpuDrawingSurface::fillPixels(std::span<const FilledTriangle> triangles) {
-    for (const FilledTriangle& triangle : triangles)
-        fill(triangle);
+    for (std::size_t i = 0; i < triangles.size(); ++i) {
+        const FilledTriangle& first = triangles[i];
+        PolygonCoverage coverage(first.corners);
+        if (first.isPlain && i + 1 < triangles.size() && coverage.join(triangles[i + 1].corners)) ++i;
+        fill(coverage, first);
+    }
     composite();
 }
 
-void CpuDrawingSurface::fill(const FilledTriangle& t) {
-    const auto& c = t.corners;
-    const Area box = clipped(std::min({c[0].x, c[1].x, c[2].x}), std::min({c[0].y, c[1].y, c[2].y}),
-                             std::max({c[0].x, c[1].x, c[2].x}), std::max({c[0].y, c[1].y, c[2].y}));
+// In the colours of `paint`, which is the only triangle unless it is plain.
+void CpuDrawingSurface::fill(PolygonCoverage coverage, const FilledTriangle& paint) {
+    Interval xs, ys;
+    for (std::size_t i = 0; i < coverage.count; ++i) {
+        xs.include(coverage.edges[i].from.x);
+        ys.include(coverage.edges[i].from.y);
+    }
+    const Area box = clipped(xs.low, ys.low, xs.high, ys.high);
     if (box.isEmpty()) return;
     touch(box);
-    TriangleCoverage coverage(c);
-    const Shades plain(t.colors[0]);
+    const Shades plain(paint.colors[0]);
     for (int y = box.top; y < box.bottom; ++y) {
         const auto top = static_cast<float>(y);
         const auto [left, right] = coverage.setRow(top);
@@ -142,9 +150,9 @@ void CpuDrawingSurface::fill(const FilledTriangle& t) {
         for (int x = wholeBelow(left, pixelWidth()); x < end;) {
             const auto at = static_cast<float>(x);
             const float covered = coverage.at(at);
-            if (!t.isPlain) {
-                const Shades shades(mixed(t.colors, cornerShares(c, at + 0.5f, top + 0.5f)));
-                shape[x] = addedParts(shape[x], shades.at(covered));
+            if (!paint.isPlain) {
+                const auto shares = cornerShares(paint.corners, at + 0.5f, top + 0.5f);
+                shape[x] = addedParts(shape[x], Shades(mixed(paint.colors, shares)).at(covered));
                 ++x;
                 continue;
             }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/DrawingSurface.h"
-#include "platform/PixelCoverage.h"
+#include "platform/PolygonCoverage.h"
 
 #include <cstdint>
 #include <vector>
@@ -27,7 +27,7 @@ private:
     Area clipped(float left, float top, float right, float bottom) const;
     void touch(const Area& area);
     void stroke(const StrokeSegment& segment, bool isPlain);
-    void fill(const FilledTriangle& triangle);
+    void fill(PolygonCoverage coverage, const FilledTriangle& paint);
     // Blends what was collected in `shape_` over the picture and empties it.
     void composite();
     std::uint32_t* shapeRow(int y) { return shape_.data() + static_cast<std::size_t>(y) * pixelWidth(); }

@@ -9,7 +9,16 @@
 namespace QVM_NAMESPACE {
 
 enum class EventType : std::uint8_t {
-    mouseDown, mouseDragged, mouseUp, rightMouseDown, mouseMoved, mouseExited, scrollWheel, keyDown, keyUp, flagsChanged
+    mouseDown,
+    mouseDragged,
+    mouseUp,
+    rightMouseDown,
+    mouseMoved,
+    mouseExited,
+    scrollWheel,
+    keyDown,
+    keyUp,
+    flagsChanged
 };
 
 // Modifier flags. The adapter maps Ctrl to command, Alt to option, Shift to shift and Super to control.

@@ -13,16 +13,23 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
-inline Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
-inline Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
-inline Point operator*(Point p, double k) { return {p.x * k, p.y * k}; }
+inline Point operator+(Point a, Point b) {
+    return {a.x + b.x, a.y + b.y};
+}
+inline Point operator-(Point a, Point b) {
+    return {a.x - b.x, a.y - b.y};
+}
+inline Point operator*(Point p, double k) {
+    return {p.x * k, p.y * k};
+}
 
 struct Size {
     double width = 0, height = 0;
     bool operator==(const Size&) const = default;
 };
 
-// An axis-aligned rectangle. `minX`..`maxX` and `minY`..`maxY` span it; which end of y is the top is the owner's matter.
+// An axis-aligned rectangle. `minX`..`maxX` and `minY`..`maxY` span it; which end of y is the top is the owner's
+// matter.
 struct Rect {
     double x = 0, y = 0, width = 0, height = 0;
 
@@ -77,7 +84,7 @@ struct AffineTransform {
     }
     // This transform first, then `next`.
     AffineTransform then(const AffineTransform& n) const {
-        return {n.a * a + n.c * b, n.b * a + n.d * b, n.a * c + n.c * d,
+        return {n.a * a + n.c * b, n.b * a + n.d * b,          n.a * c + n.c * d,
                 n.b * c + n.d * d, n.a * tx + n.c * ty + n.tx, n.b * tx + n.d * ty + n.ty};
     }
     Point apply(Point p) const { return {a * p.x + c * p.y + tx, b * p.x + d * p.y + ty}; }

@@ -13,7 +13,7 @@ namespace QVM_NAMESPACE {
 
 struct Notification {
     std::string name;
-    const void* object = nullptr;     // the sender, compared by address only
+    const void* object = nullptr; // the sender, compared by address only
     std::map<std::string, double> userInfo;
 };
 

@@ -1,8 +1,8 @@
 // How much of a pixel a shape covers: the definition of every picture that a DrawingSurface makes.
 //
 // Lines: the overlap of the line's width with one pixel's width, measured at right angles to the line (and along it, at
-// ends that are cut off); so a line looks the same in every direction. Triangles: the exact area. The fragment shaders
-// in GlShaders.cpp compute the same; a change here is a change there.
+// ends that are cut off); so a line looks the same in every direction. Triangles: the exact area (PolygonCoverage.h).
+// The fragment shaders in GlShaders.cpp compute the same; a change here is a change there.
 #pragma once
 
 #include "platform/StrokeGeometry.h"
@@ -41,72 +41,6 @@ struct SegmentCoverage {
 
     Vertex origin, direction;
     float halfWidth, length, roundAtFrom, roundAtTo, low, high;
-};
-
-// A triangle made ready for the pixels of one row after the other.
-//
-// The area that a polygon covers in a pixel is the sum, over the polygon's edges, of the area at the right of the edge
-// there, counted positive for an edge that leads to larger y.
-struct TriangleCoverage {
-    explicit TriangleCoverage(const std::array<Vertex, 3>& c) : corners(c) {
-        for (std::size_t i = 0; i < 3; ++i) {
-            const Vertex a = c[i], b = c[(i + 1) % 3];
-            slopes[i] = a.y == b.y ? 0 : (b.x - a.x) / (b.y - a.y);
-        }
-    }
-
-    // The part of an edge within the row: how far it leads down, 0 if it is not there, and where it begins and ends.
-    struct EdgeInRow {
-        float height = 0, x0 = 0, x1 = 0;
-    };
-    // From now on `at` is about the row of pixels between `y` and `y + 1`. Returns the x that it spans there.
-    std::array<float, 2> setRow(float y) {
-        std::array<float, 2> spanned{1e9f, -1e9f};
-        for (std::size_t i = 0; i < 3; ++i) {
-            const Vertex a = corners[i], b = corners[(i + 1) % 3];
-            const float from = std::min(std::max(a.y - y, 0.0f), 1.0f), to = std::min(std::max(b.y - y, 0.0f), 1.0f);
-            row[i] = {to - from, a.x + (from - (a.y - y)) * slopes[i], a.x + (to - (a.y - y)) * slopes[i]};
-            if (from == to) continue;
-            spanned[0] = std::min({spanned[0], row[i].x0, row[i].x1});
-            spanned[1] = std::max({spanned[1], row[i].x0, row[i].x1});
-        }
-        return spanned;
-    }
-    // Coverage, 0 to 1, of the row's pixel between `x` and `x + 1`.
-    float at(float x) const {
-        float area = 0;
-        for (const EdgeInRow& edge : row)
-            area += areaAtTheRight({edge.height, edge.x0 - x, edge.x1 - x});
-        return std::min(std::abs(area), 1.0f);
-    }
-    // The first pixel right of the one at `x` whose coverage may be another.
-    float nextChange(float x) const {
-        float next = 1e9f;
-        for (const EdgeInRow& edge : row) {
-            const float least = std::min(edge.x0, edge.x1), most = std::max(edge.x0, edge.x1);
-            if (edge.height == 0 || most <= x) continue;
-            next = std::min(next, least < x + 1 ? x + 1 : least);
-        }
-        return next;
-    }
-    // For the pixel between 0 and 1.
-    static float areaAtTheRight(const EdgeInRow& e) {
-        const float least = std::min(e.x0, e.x1), most = std::max(e.x0, e.x1);
-        if (e.height == 0 || least >= 1) return 0;
-        if (most <= 0) return e.height;
-        // The mean over the edge of x clamped to the pixel; where the edge leaves the pixel, by the integral.
-        const float low = std::max(least, 0.0f), high = std::min(most, 1.0f);
-        float mean = (low + high) / 2;
-        if ((low != least || high != most) && low != high) {
-            mean = ((high * high - low * low) / 2 + std::max(most - 1, 0.0f)) / (most - least);
-            mean = std::min(std::max(mean, low), high);
-        }
-        return e.height * (1 - mean);
-    }
-
-    std::array<Vertex, 3> corners;
-    std::array<float, 3> slopes;
-    std::array<EdgeInRow, 3> row;
 };
 
 // Shares of the three corners in the point, none below 0. Zero for a triangle without area.

@@ -1,6 +1,7 @@
 #include "platform/PixelCoverage.h"
 
 #include "platform/PackedColor.h"
+#include "platform/PolygonCoverage.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +26,7 @@ double sampledCoverage(const std::array<Vertex, 3>& c, int x, int y) {
 }
 
 float triangleCoverage(const std::array<Vertex, 3>& corners, float x, float y) {
-    TriangleCoverage coverage(corners);
+    PolygonCoverage coverage(corners);
     coverage.setRow(y);
     return coverage.at(x);
 }
@@ -52,6 +53,29 @@ TEST(PixelCoverageTest, EdgesOnPixelBordersCountForOneSideOnly) {
     EXPECT_EQ(triangleCoverage(c, 0, -1), 0);
     EXPECT_EQ(triangleCoverage(c, 1, 2), 0.5f);
     EXPECT_EQ(triangleCoverage(c, 3, 3), 0);
+}
+
+TEST(PixelCoverageTest, NeighboursAreJoinedWithoutTheEdgeBetweenThem) {
+    const std::array<Vertex, 3> lower{{{0.5f, 0}, {4, 0}, {0.5f, 3}}}, upper{{{4, 0}, {0.5f, 3}, {4, 3}}};
+    for (const auto& [first, second] : {std::pair{lower, upper}, {upper, lower}}) {
+        PolygonCoverage both(first);
+        ASSERT_TRUE(both.join(second));
+        for (int y = 0; y < 3; ++y) {
+            both.setRow(static_cast<float>(y));
+            for (int x = 0; x < 4; ++x)
+                EXPECT_FLOAT_EQ(both.at(static_cast<float>(x)), x == 0 ? 0.5f : 1.0f);
+            EXPECT_EQ(both.nextChange(1), 4);
+        }
+        EXPECT_FALSE(both.join(second)) << "two are all that it holds";
+    }
+}
+
+TEST(PixelCoverageTest, TrianglesThatLieOnOneAnotherOrApartAreNotJoined) {
+    const std::array<Vertex, 3> one{{{0, 0}, {4, 0}, {0, 3}}}, over{{{0, 0}, {4, 0}, {4, 3}}},
+        apart{{{5, 0}, {9, 0}, {5, 3}}};
+    EXPECT_FALSE(PolygonCoverage(one).join(over));
+    EXPECT_FALSE(PolygonCoverage(one).join(apart));
+    EXPECT_FALSE(PolygonCoverage(one).join(one));
 }
 
 TEST(PixelCoverageTest, CornerSharesAddUpToOne) {

@@ -1,12 +1,19 @@
 #include "viz/QVMSketchGLLayer.h"
 
 #include "SketchFixture.h"
+#include "platform/RunLoop.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
 namespace QVM_NAMESPACE {
 namespace {
+
+// Layers live on the main thread, and here that is the one that runs the tests.
+class MainThreadEnvironment final : public testing::Environment {
+    void SetUp() override { RunLoop::main().becomeMainThread(); }
+};
+const auto* const mainThread = testing::AddGlobalTestEnvironment(new MainThreadEnvironment);
 
 // Tells when it goes.
 class MortalSketch final : public PBGLSketchAbstract {

@@ -1,0 +1,38 @@
+// Gives X keyboard focus back to the window that had it before an embedded editor was clicked.
+//
+// The toolkit takes the focus at every mouse press and has no way to give it back, which leaves the host's space bar
+// dead. Requests go over a connection of their own, whose errors (a window that is gone) are answers and nothing more.
+#pragma once
+
+#include "description/BuildNamespace.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace QVM_NAMESPACE {
+
+// Main thread. Without an X server every call does nothing.
+class HostFocus {
+public:
+    HostFocus();
+    ~HostFocus();
+    HostFocus(const HostFocus&) = delete;
+    HostFocus& operator=(const HostFocus&) = delete;
+
+    // Call while the pointer enters, before it can press: keeps which part of the host's window has the focus. `own` is
+    // the editor's X window.
+    void remember(std::uint64_t own);
+    // Hands the focus that `own` has to the remembered window or, when there is none, to the host's window itself. A
+    // focus that is elsewhere is left there.
+    void giveBack(std::uint64_t own);
+
+private:
+    struct Connection;
+    Connection* connection();
+
+    std::unique_ptr<Connection> connection_; // opened at the first call
+    bool isTried_ = false;
+    std::uint32_t remembered_ = 0;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,56 @@
+// Part of the toolkit's library: the one translation unit that sees the peer's class is the module's own source, so
+// that is compiled here, with these functions behind it.
+#include <juce_gui_basics/juce_gui_basics.cpp>
+
+#include "platform/juce/NativePeer.h"
+
+namespace juce {
+
+namespace {
+
+// Zero for a peer that is no window on an X screen.
+::Window windowOf(ComponentPeer& peer) {
+    const auto* const linuxPeer = dynamic_cast<LinuxComponentPeer*>(&peer);
+    return linuxPeer != nullptr ? linuxPeer->getWindowHandle() : 0;
+}
+
+} // namespace
+
+void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond) {
+    if (windowOf(peer) == 0) return;
+    // The rate is taken from the display that the window is on, when its bounds are looked up again.
+    auto& displays = const_cast<Displays&>(Desktop::getInstance().getDisplays()).displays;
+    const Array<Displays::Display> asTheyAre = displays;
+    if (timesPerSecond > 0) {
+        for (Displays::Display& display : displays)
+            display.verticalFrequencyHz = timesPerSecond;
+    }
+    static_cast<LinuxComponentPeer&>(peer).updateWindowBounds();
+    displays = asTheyAre;
+}
+
+void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
+    const ::Window window = windowOf(peer);
+    if (window == 0) return;
+    const XWindowSystemUtilities::ScopedXLock lock;
+    ::Display* const display = XWindowSystem::getInstance()->getDisplay();
+    XWindowAttributes attributes;
+    if (!X11Symbols::getInstance()->xGetWindowAttributes(display, window, &attributes)) return;
+    constexpr long keyEvents = KeyPressMask | KeyReleaseMask;
+    const long others = attributes.your_event_mask & ~keyEvents;
+    X11Symbols::getInstance()->xSelectInput(display, window, keys == PeerKeys::taken ? others | keyEvents : others);
+}
+
+bool isSuperKeyDown(ComponentPeer& peer) {
+    const ::Window window = windowOf(peer);
+    if (window == 0) return false;
+    const XWindowSystemUtilities::ScopedXLock lock;
+    ::Window root = 0, child = 0;
+    int x = 0, y = 0, rootX = 0, rootY = 0;
+    unsigned int state = 0;
+    const bool isAnswered = X11Symbols::getInstance()->xQueryPointer(XWindowSystem::getInstance()->getDisplay(), window,
+                                                                     &root, &child, &rootX, &rootY, &x, &y, &state);
+    return isAnswered && (state & Mod4Mask) != 0;
+}
+
+} // namespace juce

@@ -1,0 +1,22 @@
+// What the toolkit's window on an X screen can be asked beyond its public face. Each call leaves any other kind of peer
+// alone. Message thread.
+#pragma once
+
+namespace juce {
+
+class ComponentPeer;
+
+// Sets how often the peer calls back to refresh and looks whether it has something to paint, until the window is moved
+// or resized, or the next call. Zero is the display's own rate. The toolkit keeps to that rate, or a hundred times a
+// second where it is unknown, as long as the window is open, which is most of what an idle editor costs.
+void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond);
+
+// Whether keys come to this window. Those that do not go on to the window it is embedded in: otherwise the host would
+// get none while the pointer is over the editor, focus or not.
+enum class PeerKeys : unsigned char { taken, leftToParent };
+void setPeerKeys(ComponentPeer& peer, PeerKeys keys);
+
+// Whether a Super key is held. Asks the X server.
+bool isSuperKeyDown(ComponentPeer& peer);
+
+} // namespace juce

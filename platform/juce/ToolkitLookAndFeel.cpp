@@ -1,0 +1,61 @@
+#include "platform/juce/ToolkitLookAndFeel.h"
+
+#include "platform/juce/FaceTypeface.h"
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr juce::uint32 menuColour = 0xF8262A30, edgeColour = 0x30FFFFFF, textColour = 0xFFE8EAED,
+                       headColour = 0x99E8EAED, markColour = 0xFF3C6FD8;
+constexpr float menuTextPoints = 13, tooltipPoints = 12;
+constexpr int tooltipMargin = 6, tooltipBelowPointer = 20;
+constexpr float tooltipWidth = 260;
+
+} // namespace
+
+ToolkitLookAndFeel::ToolkitLookAndFeel(FaceLibrary& faces) : faces_(faces) {
+    using Id = juce::PopupMenu::ColourIds;
+    setColour(Id::backgroundColourId, juce::Colour(menuColour));
+    setColour(Id::textColourId, juce::Colour(textColour));
+    setColour(Id::headerTextColourId, juce::Colour(headColour));
+    setColour(Id::highlightedBackgroundColourId, juce::Colour(markColour));
+    setColour(Id::highlightedTextColourId, juce::Colours::white);
+}
+
+juce::Typeface::Ptr ToolkitLookAndFeel::getTypefaceForFont(const juce::Font& font) {
+    return new FaceTypeface(faces_.face(FaceLibrary::systemFaceName), font.getTypefaceName());
+}
+
+juce::Font ToolkitLookAndFeel::getPopupMenuFont() {
+    return juce::Font().withPointHeight(menuTextPoints);
+}
+
+void ToolkitLookAndFeel::drawPopupMenuBackground(juce::Graphics& g, int width, int height) {
+    g.fillAll(findColour(juce::PopupMenu::backgroundColourId));
+    g.setColour(juce::Colour(edgeColour));
+    g.drawRect(0, 0, width, height);
+}
+
+juce::TextLayout ToolkitLookAndFeel::layOutTooltip(const juce::String& text) const {
+    juce::AttributedString styled;
+    styled.append(text, juce::Font().withPointHeight(tooltipPoints), juce::Colour(textColour));
+    juce::TextLayout layout;
+    layout.createLayoutWithBalancedLineLengths(styled, tooltipWidth);
+    return layout;
+}
+
+juce::Rectangle<int> ToolkitLookAndFeel::getTooltipBounds(const juce::String& text, juce::Point<int> pointer,
+                                                          juce::Rectangle<int> parent) {
+    const juce::TextLayout layout = layOutTooltip(text);
+    const int width = static_cast<int>(layout.getWidth()) + 2 * tooltipMargin + 1;
+    const int height = static_cast<int>(layout.getHeight()) + 2 * tooltipMargin;
+    return juce::Rectangle<int>(pointer.x, pointer.y + tooltipBelowPointer, width, height).constrainedWithin(parent);
+}
+
+void ToolkitLookAndFeel::drawTooltip(juce::Graphics& g, const juce::String& text, int width, int height) {
+    drawPopupMenuBackground(g, width, height);
+    layOutTooltip(text).draw(g, juce::Rectangle<int>(width, height).reduced(tooltipMargin).toFloat());
+}
+
+} // namespace QVM_NAMESPACE

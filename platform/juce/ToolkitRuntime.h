@@ -1,0 +1,39 @@
+// What stands between the platform and the toolkit while any editor or unit lives: the run loop's drive, the measuring
+// of text, clipboard and browser, fonts and the look of menus.
+//
+// Hold it as `juce::SharedResourcePointer<ToolkitRuntime>`: the first holder makes it, the last one ends it. No static
+// owns any object of the toolkit, so that a host may unload the binary at any time.
+#pragma once
+
+#include "platform/juce/FaceLibrary.h"
+#include "platform/juce/ToolkitLookAndFeel.h"
+#include "platform/juce/ToolkitRunLoopDriver.h"
+#include "platform/juce/ToolkitTextMetrics.h"
+#include "platform/juce/ToolkitWorkspace.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace QVM_NAMESPACE {
+
+class ToolkitRuntime {
+public:
+    // The toolkit must be initialised, and stay so. Opens no display and reads no font.
+    ToolkitRuntime();
+    ~ToolkitRuntime();
+    ToolkitRuntime(const ToolkitRuntime&) = delete;
+    ToolkitRuntime& operator=(const ToolkitRuntime&) = delete;
+
+    FaceLibrary& faces() { return faces_; } // main thread
+    // The look of the toolkit's own windows. Give it to a component that is the root of some; made when first asked
+    // for.
+    juce::LookAndFeel& lookAndFeel();
+
+private:
+    FaceLibrary faces_;
+    ToolkitTextMetrics metrics_{faces_};
+    ToolkitWorkspace workspace_;
+    ToolkitRunLoopDriver driver_;
+    std::unique_ptr<ToolkitLookAndFeel> lookAndFeel_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,26 @@
+// The desktop's clipboard and browser.
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <cstddef>
+
+namespace QVM_NAMESPACE {
+
+class ToolkitWorkspace final : public Workspace {
+public:
+    std::optional<std::string> clipboardString() override;
+    void setClipboardString(const std::string& text) override;
+    bool openUrl(const std::string& address) override;
+};
+
+inline constexpr std::size_t longestClipboardText = 64 * 1024; // bytes
+
+// What may be let in of a text from the clipboard: null when there is nothing in it, when it is too long or when it is
+// not UTF-8 or holds a zero.
+std::optional<std::string> acceptedClipboardText(std::string text);
+
+// Whether an address is one of the kinds that a browser opens (http and https); nothing else is handed to the desktop.
+bool isWebAddress(const std::string& address);
+
+} // namespace QVM_NAMESPACE

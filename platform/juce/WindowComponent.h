@@ -1,0 +1,99 @@
+// The one component of the toolkit that shows a window's view tree and brings it the user's input.
+#pragma once
+
+#include "platform/DelayedCall.h"
+#include "platform/LayerRenderer.h"
+#include "platform/Window.h"
+#include "platform/juce/EventMapping.h"
+#include "platform/juce/HostFocus.h"
+#include "platform/juce/ToolkitRasterBackend.h"
+#include "platform/juce/ToolkitRuntime.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <memory>
+
+namespace QVM_NAMESPACE {
+
+// Put it into an editor or a window of the toolkit, at the size it gives itself; it changes its size when its content
+// does, and the parent follows (childBoundsChanged). All on the main thread. It may be destroyed at any time, with
+// menus open and calls pending.
+//
+// Frames: the first change after a frame asks for the next one, which comes as soon as the events at hand are dealt
+// with. While something is animated one comes with each refresh of the display. Otherwise there is none.
+class WindowComponent final : public juce::Component,
+                              public juce::TooltipClient,
+                              private WindowHost,
+                              private juce::AsyncUpdater {
+public:
+    // Whose window it lives in: a host's, which wants its keyboard back, or one of the program's own.
+    enum class Embedding : unsigned char { inHost, ownWindow };
+    // A program of the toolkit has windows of its own; all else is a plug-in.
+    static Embedding usualEmbedding() {
+        return juce::JUCEApplicationBase::isStandaloneApp() ? Embedding::ownWindow : Embedding::inHost;
+    }
+
+    explicit WindowComponent(Embedding embedding = usualEmbedding());
+    ~WindowComponent() override;
+
+    // Give it a content view; this takes the view's size.
+    Window& window() { return window_; }
+    // What the last frame did.
+    const RenderStatistics& lastFrame() const { return *lastFrame_; }
+
+    // The toolkit's callbacks.
+    void paint(juce::Graphics& g) override;
+    void mouseDown(const juce::MouseEvent& event) override;
+    void mouseDrag(const juce::MouseEvent& event) override;
+    void mouseUp(const juce::MouseEvent& event) override;
+    void mouseMove(const juce::MouseEvent& event) override;
+    void mouseEnter(const juce::MouseEvent& event) override;
+    void mouseExit(const juce::MouseEvent& event) override;
+    void mouseWheelMove(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
+    bool keyPressed(const juce::KeyPress& key) override;
+    void focusGained(FocusChangeType cause) override;
+    void focusLost(FocusChangeType cause) override;
+    juce::String getTooltip() override;
+    void parentHierarchyChanged() override;
+
+private:
+    void setCursor(Cursor cursor) override;
+    void contentViewDidChange() override;
+    void contentSizeDidChange(Size points) override;
+    void takeKeyboardFocus() override;
+    void releaseKeyboardFocus() override;
+    void popUpMenu(std::unique_ptr<Menu> menu, Point at) override;
+
+    void send(const juce::MouseEvent& event, EventType type);
+    void updateKeys();
+    void handleAsyncUpdate() override;
+    void refresh();
+    void frame();
+    void adoptScale(double scale);
+    enum class Refresh : unsigned char { atDisplayRate, idle };
+    void setRefresh(Refresh rate);
+    void keepAwake();
+    bool isIdle() const;
+    void repaintDamage();
+    void composeInto(juce::Graphics& g, double scale) const;
+    bool isContentOpaque() const;
+    std::uint64_t nativeWindow() const;
+    void giveFocusBack();
+
+    juce::SharedResourcePointer<ToolkitRuntime> runtime_;
+    const Embedding embedding_;
+    ToolkitRasterBackend backend_{runtime_->faces()};
+    LayerRenderer renderer_{backend_};
+    const RenderStatistics* lastFrame_; // the renderer's
+    Window window_{this};
+    Point pointer_; // where it was last seen
+    HostFocus hostFocus_;
+    DelayedCall resignation_; // the loss of focus, unless it comes back at once
+    bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
+    Refresh refreshRate_ = Refresh::atDisplayRate;
+    double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
+    std::unique_ptr<juce::TooltipWindow> tooltips_;                 // while the pointer is inside
+    juce::VBlankAttachment refresh_;
+};
+
+} // namespace QVM_NAMESPACE

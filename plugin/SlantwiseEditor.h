@@ -1,0 +1,39 @@
+// The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
+#pragma once
+
+#include "platform/juce/WindowComponent.h"
+#include "plugin/SlantwiseProcessor.h"
+
+namespace QVM_NAMESPACE {
+
+class QVM0015_CocoaView2;
+
+// All on the main thread, which is the one that makes the editor.
+class SlantwiseEditor final : public juce::AudioProcessorEditor {
+public:
+    // The processor outlives the editor.
+    explicit SlantwiseEditor(SlantwiseProcessor& processor,
+                             WindowComponent::Embedding embedding = WindowComponent::Embedding::inHost);
+    ~SlantwiseEditor() override;
+
+    Window& window() { return component_.window(); }
+    QVM0015_CocoaView2& view() { return *view_; }
+    // What the last frame drew again.
+    const RenderStatistics& lastFrame() const { return component_.lastFrame(); }
+
+    // Hands the unit's values to the editor, which adopts what differs, and ends gestures that nothing holds any more.
+    // Done at display rate while the editor is on screen, on the tick that the toolkit has there anyway: a timer of
+    // our own would wake the process twice as often.
+    void refresh();
+
+private:
+    void resized() override;
+    void childBoundsChanged(juce::Component* child) override;
+
+    SlantwiseProcessor& processor_;
+    WindowComponent component_;
+    QVM0015_CocoaView2* view_ = nullptr; // owned by the window
+    juce::VBlankAttachment displayTick_{this, [this] { refresh(); }};
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,126 @@
+#include "plugin/SlantwiseProcessor.h"
+
+#include "description/Description.h"
+#include "platform/Log.h"
+#include "plugin/SlantwiseEditor.h"
+
+#include <algorithm>
+#include <mutex>
+
+namespace QVM_NAMESPACE {
+
+SlantwiseProcessor::SlantwiseProcessor()
+    : juce::AudioProcessor(BusesProperties()
+                               .withInput("Input", juce::AudioChannelSet::stereo())
+                               .withOutput("Output", juce::AudioChannelSet::stereo())),
+      gestureOpen_(QVMParameterCount) {
+    AUEventListenerCreate(&unitEvent, this, &RunLoop::main(), 0, AUEventDelivery::immediate, &listener_);
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        parameters_.push_back(new UnitParameter(*GetParameter(pid), unit_));
+        addParameter(parameters_.back());
+        for (const auto type : {kAudioUnitEvent_ParameterValueChange, kAudioUnitEvent_BeginParameterChangeGesture,
+                                kAudioUnitEvent_EndParameterChangeGesture}) {
+            const AudioUnitEvent event{type, {&unit_, pid, kAudioUnitScope_Global, 0}};
+            AUEventListenerAddEventType(listener_, this, &event);
+        }
+    }
+}
+
+bool SlantwiseProcessor::buildDescription() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        GetMetadata();
+        GetPresets();
+        for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid)
+            GetClump(cid);
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            GetParameter(pid);
+    });
+    return true;
+}
+
+SlantwiseProcessor::~SlantwiseProcessor() {
+    AUListenerDispose(listener_);
+}
+
+void SlantwiseProcessor::unitEvent(void* self, void*, const AudioUnitEvent* event, float) {
+    static_cast<SlantwiseProcessor*>(self)->handleUnitEvent(*event);
+}
+
+void SlantwiseProcessor::handleUnitEvent(const AudioUnitEvent& event) {
+    const std::uint32_t pid = event.mArgument.mParameterID;
+    switch (event.mEventType) {
+    case kAudioUnitEvent_BeginParameterChangeGesture:
+        return openGesture(pid);
+    case kAudioUnitEvent_ParameterValueChange:
+        openGesture(pid);
+        return parameters_[pid]->announceValue();
+    case kAudioUnitEvent_EndParameterChangeGesture:
+        return closeGesture(pid);
+    }
+}
+
+void SlantwiseProcessor::openGesture(std::uint32_t pid) {
+    if (gestureOpen_[pid]) return;
+    gestureOpen_[pid] = true;
+    parameters_[pid]->beginChangeGesture();
+}
+
+void SlantwiseProcessor::closeGesture(std::uint32_t pid) {
+    if (!gestureOpen_[pid]) return;
+    gestureOpen_[pid] = false;
+    parameters_[pid]->endChangeGesture();
+}
+
+void SlantwiseProcessor::endOpenGestures() {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        closeGesture(pid);
+}
+
+bool SlantwiseProcessor::isBusesLayoutSupported(const BusesLayout& layout) const {
+    const auto in = layout.getMainInputChannelSet(), out = layout.getMainOutputChannelSet();
+    const auto mono = juce::AudioChannelSet::mono(), stereo = juce::AudioChannelSet::stereo();
+    return (in == mono && (out == mono || out == stereo)) || (in == stereo && out == stereo);
+}
+
+void SlantwiseProcessor::prepareToPlay(double sampleRateHz, int maxFrames) {
+    unit_.prepare(sampleRateHz, static_cast<std::uint32_t>(std::max(maxFrames, 0)),
+                  static_cast<std::uint32_t>(getMainBusNumInputChannels()),
+                  static_cast<std::uint32_t>(getMainBusNumOutputChannels()));
+}
+
+template <class Sample>
+void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
+    const juce::ScopedNoDenormals noDenormals;
+    unit_.process(buffer.getArrayOfReadPointers(), buffer.getArrayOfWritePointers(),
+                  static_cast<std::uint32_t>(buffer.getNumSamples()));
+}
+
+void SlantwiseProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) {
+    process(buffer);
+}
+
+void SlantwiseProcessor::processBlock(juce::AudioBuffer<double>& buffer, juce::MidiBuffer&) {
+    process(buffer);
+}
+
+void SlantwiseProcessor::getStateInformation(juce::MemoryBlock& bytes) {
+    const auto state = unit_.saveState();
+    bytes.replaceAll(state.data(), state.size());
+}
+
+void SlantwiseProcessor::setStateInformation(const void* bytes, int size) {
+    const auto* begin = static_cast<const std::uint8_t*>(bytes);
+    const UnitStateResult result = unit_.restoreState({begin, begin + std::max(size, 0)});
+    if (result != UnitStateResult::ok) return logLine(std::string("state not restored: ") + toText(result));
+    // LV2 hosts know values by message alone; the others ask for them after a restore.
+    if (wrapperType != wrapperType_LV2) return;
+    for (UnitParameter* parameter : parameters_)
+        parameter->announceValue();
+}
+
+juce::AudioProcessorEditor* SlantwiseProcessor::createEditor() {
+    return new SlantwiseEditor(*this);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,73 @@
+// The plug-in as the toolkit's wrappers see it: an audio processor that owns one audio unit and adds nothing to it.
+//
+// Values and gestures from the editor reach the host through the unit's event listeners; values from the host go
+// straight into the unit on whatever thread the host uses. Neither comes back to where it started. Whatever the editor
+// does, the host sees gestures that begin once, hold the value changes, and end.
+#pragma once
+
+#include "platform/AudioUnitListeners.h"
+#include "platform/juce/ToolkitRuntime.h"
+#include "plugin/UnitParameter.h"
+#include "unit/QVM0015_AudioUnit.h"
+
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+class SlantwiseProcessor final : public juce::AudioProcessor {
+public:
+    SlantwiseProcessor();
+    ~SlantwiseProcessor() override;
+
+    QVM0015_AudioUnit& unit() { return unit_; }
+    UnitParameter& parameter(std::uint32_t pid) { return *parameters_[pid]; }
+
+    // Ends every gesture that is still open. The editor calls this once the pointer holds nothing: some of its gestures
+    // (a reset by click, a preset) begin or change a value and never end, but a host must see each one end. Main
+    // thread.
+    void endOpenGestures();
+
+    // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log.
+    void prepareToPlay(double sampleRateHz, int maxFrames) override;
+    void releaseResources() override {}
+    void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) override;
+    void processBlock(juce::AudioBuffer<double>& buffer, juce::MidiBuffer&) override;
+    bool supportsDoublePrecisionProcessing() const override { return true; }
+    bool isBusesLayoutSupported(const BusesLayout& layout) const override;
+    double getTailLengthSeconds() const override { return 0; }
+
+    // Any thread. Bytes that are not a state of this product change nothing; what was wrong with them is logged.
+    void getStateInformation(juce::MemoryBlock& bytes) override;
+    void setStateInformation(const void* bytes, int size) override;
+
+    bool hasEditor() const override { return true; }
+    juce::AudioProcessorEditor* createEditor() override;
+
+    const juce::String getName() const override { return "Slantwise"; }
+    bool acceptsMidi() const override { return false; }
+    bool producesMidi() const override { return false; }
+    int getNumPrograms() override { return 1; }
+    int getCurrentProgram() override { return 0; }
+    void setCurrentProgram(int) override {}
+    const juce::String getProgramName(int) override { return "Default"; }
+    void changeProgramName(int, const juce::String&) override {}
+
+private:
+    // Hosts make instances on any thread, several at once; the records that describe the product are built by one.
+    static bool buildDescription();
+    static void unitEvent(void* self, void*, const AudioUnitEvent* event, float value);
+    void handleUnitEvent(const AudioUnitEvent& event);
+    void openGesture(std::uint32_t pid);
+    void closeGesture(std::uint32_t pid);
+    template <class Sample>
+    void process(juce::AudioBuffer<Sample>& buffer);
+
+    [[maybe_unused]] const bool described_ = buildDescription();
+    juce::SharedResourcePointer<ToolkitRuntime> runtime_;
+    QVM0015_AudioUnit unit_;
+    std::vector<UnitParameter*> parameters_; // owned by the base class, by pid
+    std::vector<bool> gestureOpen_;          // by pid; main thread
+    AUEventListenerRef listener_ = nullptr;
+};
+
+} // namespace QVM_NAMESPACE

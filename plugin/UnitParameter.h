@@ -1,0 +1,41 @@
+// One parameter of the audio unit as the host sees it: named, ranged, with text, and automatable from any thread.
+#pragma once
+
+#include "platform/AudioUnit.h"
+#include "plugin/HostRange.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+namespace QVM_NAMESPACE {
+
+class UnitParameter final : public juce::RangedAudioParameter {
+public:
+    // Both are borrowed and outlive the parameter. The identifier is the description's code-safe name.
+    UnitParameter(const QVMParameter& parameter, AudioUnitInstance& unit);
+
+    // 0 to 1, read from and written to the unit itself; any thread, no locks. An echo of the present value changes
+    // nothing, so that a host never wears down the bits the editor sent; neither does a value that is no finite number.
+    float getValue() const override;
+    void setValue(float normalisedValue) override;
+    float getDefaultValue() const override;
+    // The host-domain range, linear: what a host shows that has numbers of its own and no text from us.
+    const juce::NormalisableRange<float>& getNormalisableRange() const override { return hostRange_; }
+
+    // Tells the host what the unit's value is now, without writing it again. Any thread but the render thread.
+    void announceValue() { sendValueChangedMessageToListeners(getValue()); }
+
+    int getNumSteps() const override;
+    bool isDiscrete() const override { return range_.steps > 0; }
+    bool isBoolean() const override { return range_.steps == 2; }
+    juce::String getText(float normalisedValue, int maximumLength) const override;
+    float getValueForText(const juce::String& text) const override;
+    juce::String getCurrentValueAsText() const override { return getText(getValue(), 0); }
+
+private:
+    const QVMParameter& parameter_;
+    AudioUnitInstance& unit_;
+    const HostRange range_;
+    const juce::NormalisableRange<float> hostRange_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,27 @@
+// What the toolkit's LV2 generator leaves out of a bundle's text, or gets wrong.
+//
+// Left out: the plug-in's class, licence, project and comment, the unit of each parameter, and names for values. Wrong:
+// a preset that refers to a property nobody defines, named values on a scale of 0 to 1 where the parameter's is
+// another, and integers where floats belong. Linked data adds up, so what is left out stands in a file of its own.
+#pragma once
+
+#include "description/BuildNamespace.h"
+
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+// The file's name inside the bundle.
+inline constexpr const char* lv2ExtraFile = "extra.ttl";
+
+// Turtle that completes the description of the plug-in with this URI, all from the product's own tables.
+std::string lv2ExtraText(const std::string& pluginUri);
+
+// manifest.ttl as the toolkit wrote it, without its preset and with a reference to the extra file. Text that was
+// repaired already comes back as it is; so it does below.
+std::string repairedLv2Manifest(const std::string& text);
+
+// dsp.ttl as the toolkit wrote it, without its scale points and with every limit a float.
+std::string repairedLv2Dsp(const std::string& text);
+
+} // namespace QVM_NAMESPACE

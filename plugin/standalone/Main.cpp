@@ -1,0 +1,35 @@
+// Entry point of the stand-alone program.
+#include "plugin/standalone/StandaloneApp.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int exitUsage = 2;
+
+juce::JUCEApplicationBase* createApplication() {
+    return new slantwise::StandaloneApp();
+}
+
+} // namespace
+
+int main(int argumentCount, char* arguments[]) {
+    auto parsed = slantwise::parseOptions({arguments + 1, arguments + argumentCount});
+    if (const auto* error = std::get_if<slantwise::OptionsError>(&parsed)) {
+        std::fprintf(stderr, "Slantwise: %s\n", error->message.c_str());
+        return exitUsage;
+    }
+    auto& options = std::get<slantwise::Options>(parsed);
+    if (options.showHelp) return std::fputs(slantwise::helpText().c_str(), stdout) < 0;
+    if (options.showVersion) return std::printf("%s\n", slantwise::versionText().c_str()) < 0;
+    if (!options.settings.empty()) {
+        std::fputs("Slantwise: --settings is reserved; this version does not read settings addresses\n", stderr);
+        return exitUsage;
+    }
+    // The toolkit would take display 0 when none is named, whosever it is.
+    if (std::getenv("DISPLAY") == nullptr) setenv("DISPLAY", "none", 1);
+    slantwise::StandaloneApp::setOptions(std::move(options));
+    juce::JUCEApplicationBase::createInstance = &createApplication;
+    return juce::JUCEApplicationBase::main(argumentCount, const_cast<const char**>(arguments));
+}

@@ -1,0 +1,38 @@
+// The stand-alone program's command line. No toolkit, no side effects.
+#pragma once
+
+#include "description/BuildNamespace.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+struct Options {
+    enum class Theme { light, dark };
+
+    std::string playFile;           // empty: built-in pink noise
+    std::string settings;           // a settings address, empty when not given
+    std::optional<int> presetIndex; // into the factory presets
+    Theme theme = Theme::light;
+    double scale = 0;           // device pixels a point; 0: what the desktop says
+    std::string screenshotFile; // PNG to write, empty for none
+    double afterSeconds = 1;    // when to write it
+    std::optional<double> quitAfterSeconds;
+    bool showHelp = false, showVersion = false;
+};
+
+struct OptionsError {
+    std::string message; // one line, without a newline
+};
+
+// Parses the arguments behind the program's name.
+[[nodiscard]] std::variant<Options, OptionsError> parseOptions(const std::vector<std::string>& arguments);
+// The text of --help.
+std::string helpText();
+// "Slantwise 2.0.1 (a6a669f)".
+std::string versionText();
+
+} // namespace QVM_NAMESPACE

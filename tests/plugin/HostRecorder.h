@@ -1,0 +1,45 @@
+// Writes down what a processor tells its host, in order: "begin 1", "value 1 0.5", "end 1".
+#pragma once
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace slantwise_tests {
+
+class HostRecorder final : private juce::AudioProcessorListener {
+public:
+    // The processor outlives the recorder.
+    explicit HostRecorder(juce::AudioProcessor& processor) : processor_(processor) { processor_.addListener(this); }
+    ~HostRecorder() override { processor_.removeListener(this); }
+
+    std::vector<std::string> lines;
+
+    // Without the values.
+    std::vector<std::string> kinds() const {
+        std::vector<std::string> result;
+        for (const std::string& line : lines)
+            result.push_back(line.substr(0, line.find(' ', line.find(' ') + 1)));
+        return result;
+    }
+
+private:
+    void audioProcessorParameterChanged(juce::AudioProcessor*, int index, float value) override {
+        char text[64];
+        std::snprintf(text, sizeof text, "value %d %.6g", index, static_cast<double>(value));
+        lines.emplace_back(text);
+    }
+    void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
+    void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int index) override {
+        lines.push_back("begin " + std::to_string(index));
+    }
+    void audioProcessorParameterChangeGestureEnd(juce::AudioProcessor*, int index) override {
+        lines.push_back("end " + std::to_string(index));
+    }
+
+    juce::AudioProcessor& processor_;
+};
+
+} // namespace slantwise_tests

@@ -1,0 +1,254 @@
+#include "plugin/SlantwiseProcessor.h"
+
+#include "description/Description.h"
+#include "platform/Log.h"
+#include "plugin/HostRecorder.h"
+#include "support/RealtimeTrap.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <future>
+#include <limits>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using juce::AudioChannelSet;
+
+juce::MemoryBlock stateOf(SlantwiseProcessor& processor) {
+    juce::MemoryBlock bytes;
+    processor.getStateInformation(bytes);
+    return bytes;
+}
+
+void restore(SlantwiseProcessor& processor, const juce::MemoryBlock& bytes) {
+    processor.setStateInformation(bytes.getData(), static_cast<int>(bytes.getSize()));
+}
+
+bool supports(SlantwiseProcessor& processor, const AudioChannelSet& in, const AudioChannelSet& out) {
+    juce::AudioProcessor::BusesLayout layout;
+    layout.inputBuses.add(in);
+    layout.outputBuses.add(out);
+    return processor.checkBusesLayoutSupported(layout);
+}
+
+void prepare(SlantwiseProcessor& processor, int channelsIn, int channelsOut, int maxFrames = 512) {
+    processor.setPlayConfigDetails(channelsIn, channelsOut, 48000, maxFrames);
+    processor.prepareToPlay(48000, maxFrames);
+}
+
+template <class Sample>
+void processOnce(SlantwiseProcessor& processor, juce::AudioBuffer<Sample>& buffer) {
+    juce::MidiBuffer midi;
+    processor.processBlock(buffer, midi);
+}
+
+TEST(SlantwiseProcessor, OffersTheProductsParametersInOrder) {
+    SlantwiseProcessor processor;
+    const auto& parameters = processor.getParameters();
+    ASSERT_EQ(parameters.size(), 24);
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const auto* parameter = dynamic_cast<juce::AudioProcessorParameterWithID*>(parameters[static_cast<int>(pid)]);
+        ASSERT_NE(parameter, nullptr);
+        EXPECT_EQ(parameter->paramID.toStdString(), GetParameter(pid)->codesafeName);
+        EXPECT_EQ(parameter->getValue(), parameter->getDefaultValue()) << pid;
+        EXPECT_TRUE(parameter->isAutomatable());
+    }
+}
+
+TEST(SlantwiseProcessor, HasOneNamedProgramAndNoBypassParameter) {
+    SlantwiseProcessor processor;
+    EXPECT_EQ(processor.getNumPrograms(), 1);
+    EXPECT_TRUE(processor.getProgramName(0).isNotEmpty());
+    EXPECT_EQ(processor.getBypassParameter(), nullptr);
+}
+
+TEST(SlantwiseProcessor, TakesMonoToMonoMonoToStereoAndStereo) {
+    SlantwiseProcessor processor;
+    const auto mono = AudioChannelSet::mono(), stereo = AudioChannelSet::stereo(), off = AudioChannelSet::disabled();
+    EXPECT_TRUE(supports(processor, mono, mono));
+    EXPECT_TRUE(supports(processor, mono, stereo));
+    EXPECT_TRUE(supports(processor, stereo, stereo));
+    EXPECT_FALSE(supports(processor, stereo, mono));
+    EXPECT_FALSE(supports(processor, off, stereo));
+    EXPECT_FALSE(supports(processor, stereo, off));
+    EXPECT_FALSE(supports(processor, AudioChannelSet::create5point1(), AudioChannelSet::create5point1()));
+}
+
+TEST(SlantwiseProcessor, AValueFromTheHostReachesTheUnitAndIsNotSentBack) {
+    SlantwiseProcessor processor;
+    slantwise_tests::HostRecorder host(processor);
+    processor.parameter(1).setValue(0.75f);
+    float value = 0;
+    EXPECT_EQ(AudioUnitGetParameter(&processor.unit(), 1, kAudioUnitScope_Global, 0, &value), noErr);
+    EXPECT_EQ(value, 9);
+    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
+}
+
+TEST(SlantwiseProcessor, AValueOfTheEditorsReachesTheHostInsideAGesture) {
+    RunLoop::main().becomeMainThread(); // as an open editor does
+    SlantwiseProcessor processor;
+    slantwise_tests::HostRecorder host(processor);
+    const AudioUnitParameter gain{&processor.unit(), 1, kAudioUnitScope_Global, 0};
+    AUParameterSet(nullptr, nullptr, &gain, 9, 0);
+    EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "value 1 0.75"}));
+    processor.endOpenGestures();
+    processor.endOpenGestures();
+    EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "value 1 0.75", "end 1"}));
+}
+
+TEST(SlantwiseProcessor, GesturesNeverNestAndNeverEndTwice) {
+    RunLoop::main().becomeMainThread(); // as an open editor does
+    SlantwiseProcessor processor;
+    slantwise_tests::HostRecorder host(processor);
+    const AudioUnitParameter gain{&processor.unit(), 1, kAudioUnitScope_Global, 0};
+    for (const auto type : {kAudioUnitEvent_EndParameterChangeGesture, kAudioUnitEvent_BeginParameterChangeGesture,
+                            kAudioUnitEvent_BeginParameterChangeGesture, kAudioUnitEvent_EndParameterChangeGesture,
+                            kAudioUnitEvent_EndParameterChangeGesture}) {
+        const AudioUnitEvent event{type, gain};
+        AUEventListenerNotify(nullptr, nullptr, &event);
+    }
+    EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "end 1"}));
+}
+
+TEST(SlantwiseProcessor, StateComesBackEqual) {
+    SlantwiseProcessor from, to;
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        from.parameter(pid).setValue(static_cast<float>(pid) / 23);
+    restore(to, stateOf(from));
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        EXPECT_EQ(to.parameter(pid).getValue(), from.parameter(pid).getValue()) << pid;
+    EXPECT_EQ(stateOf(to), stateOf(from));
+    EXPECT_NE(stateOf(to), stateOf(*std::make_unique<SlantwiseProcessor>()));
+}
+
+TEST(SlantwiseProcessor, StateThatIsNotOursChangesNothingAndIsLogged) {
+    SlantwiseProcessor processor;
+    processor.parameter(1).setValue(0.25f);
+    const juce::MemoryBlock before = stateOf(processor);
+    std::vector<juce::MemoryBlock> bad(1);
+    for (std::size_t length = 1; length < before.getSize(); length += 7)
+        bad.emplace_back(before.getData(), length);
+    bad.emplace_back(std::size_t{1} << 20, true);
+    bad.emplace_back("RIFF and then nothing", 21);
+    for (std::size_t at = 0; at < before.getSize(); ++at) {
+        bad.push_back(before);
+        bad.back()[at] = static_cast<char>(bad.back()[at] ^ 0x55);
+    }
+    std::vector<std::string> log;
+    const ScopedLogSink sink([&](const std::string& line) { log.push_back(line); });
+    for (const juce::MemoryBlock& bytes : bad) {
+        restore(processor, bytes);
+        ASSERT_EQ(stateOf(processor), before) << bytes.getSize();
+    }
+    processor.setStateInformation(nullptr, 0);
+    processor.setStateInformation(before.getData(), -1);
+    EXPECT_EQ(stateOf(processor), before);
+    EXPECT_EQ(log.size(), bad.size() + 2);
+    EXPECT_EQ(log.front().rfind("state not restored: ", 0), 0U) << log.front();
+}
+
+TEST(SlantwiseProcessor, OutputGainIsHeardInEitherPrecision) {
+    SlantwiseProcessor processor;
+    processor.parameter(7).setValue(processor.parameter(7).getValueForText("-6 dB"));
+    prepare(processor, 2, 2);
+    juce::AudioBuffer<float> single(2, 256);
+    juce::AudioBuffer<double> dual(2, 256);
+    for (int i = 0; i < 256; ++i) {
+        single.setSample(0, i, 0.5f), single.setSample(1, i, -0.25f);
+        dual.setSample(0, i, 0.5), dual.setSample(1, i, -0.25);
+    }
+    processOnce(processor, single);
+    processOnce(processor, dual);
+    const double gain = std::pow(10, -6.0 / 20);
+    EXPECT_NEAR(single.getSample(0, 255), 0.5 * gain, 1e-6);
+    EXPECT_NEAR(single.getSample(1, 255), -0.25 * gain, 1e-6);
+    EXPECT_NEAR(dual.getSample(0, 255), 0.5 * gain, 1e-6);
+}
+
+TEST(SlantwiseProcessor, MonoToStereoFillsBothChannels) {
+    SlantwiseProcessor processor;
+    prepare(processor, 1, 2);
+    juce::AudioBuffer<float> buffer(2, 64);
+    buffer.clear();
+    for (int i = 0; i < 64; ++i)
+        buffer.setSample(0, i, 0.5f);
+    processOnce(processor, buffer);
+    EXPECT_NEAR(buffer.getSample(0, 63), 0.5f, 1e-6);
+    EXPECT_NEAR(buffer.getSample(1, 63), 0.5f, 1e-6);
+}
+
+TEST(SlantwiseProcessor, BlocksOfAnyLengthAreProcessed) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2, 512);
+    for (const int frames : {0, 1, 511, 512, 4000}) {
+        juce::AudioBuffer<float> buffer(2, frames);
+        buffer.clear();
+        processOnce(processor, buffer);
+    }
+}
+
+// The render thread may automate as well as process.
+TEST(SlantwiseProcessor, RenderThreadNeitherAllocatesNorLocksNorCallsTheSystem) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    juce::AudioBuffer<float> buffer(2, 512);
+    juce::AudioBuffer<double> dual(2, 512);
+    juce::MidiBuffer midi;
+    buffer.clear();
+    dual.clear();
+    const realtime::Offences seen = realtime::offencesOf([&] {
+        for (int block = 0; block < 4; ++block) {
+            for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+                processor.parameter(pid).setValue(static_cast<float>(block) / 3);
+            processor.processBlock(buffer, midi);
+            processor.processBlock(dual, midi);
+        }
+    });
+    EXPECT_FALSE(seen.any()) << seen;
+}
+
+// The negative control: what the same processor does elsewhere is seen by the same trap.
+TEST(SlantwiseProcessor, SavingStateIsNotForTheRenderThread) {
+    SlantwiseProcessor processor;
+    const realtime::Offences seen = realtime::offencesOf([&] { stateOf(processor); });
+    EXPECT_TRUE(seen.any());
+}
+
+TEST(SlantwiseProcessor, InstancesAreMadeOnSeveralThreadsAtOnce) {
+    std::vector<std::future<std::size_t>> results;
+    for (int i = 0; i < 8; ++i) {
+        results.push_back(std::async(std::launch::async, [] {
+            SlantwiseProcessor processor;
+            processor.parameter(1).setValue(1);
+            return stateOf(processor).getSize();
+        }));
+    }
+    const std::size_t size = results.front().get();
+    for (std::size_t i = 1; i < results.size(); ++i)
+        EXPECT_EQ(results[i].get(), size);
+}
+
+TEST(SlantwiseProcessor, StateIsSavedWhileItIsProcessing) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    std::atomic<bool> done{false};
+    auto render = std::async(std::launch::async, [&] {
+        juce::AudioBuffer<float> buffer(2, 128);
+        juce::MidiBuffer midi;
+        while (!done) {
+            processor.parameter(1).setValue(0.1f);
+            processor.processBlock(buffer, midi);
+            processor.parameter(1).setValue(0.9f);
+        }
+    });
+    for (int i = 0; i < 200; ++i)
+        restore(processor, stateOf(processor));
+    done = true;
+    render.get();
+    EXPECT_FALSE(stateOf(processor).isEmpty());
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,35 @@
+#include "plugin/host/EditorMap.h"
+
+#include "controls/QVMVerticalSlider.h"
+#include "editor/QVMGenericUI.h"
+#include "host/QVM0015_CocoaView2.h"
+#include "host/QVM0015_CocoaViewFactory2.h"
+
+namespace QVM_NAMESPACE {
+
+EditorMap::EditorMap() {
+    RunLoop::main().becomeMainThread();
+    view_ = &window_.setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&unit_, {}));
+}
+
+EditorMap::~EditorMap() {
+    window_.takeContentView();
+}
+
+QVMVerticalSlider& EditorMap::slider(std::uint32_t pid) {
+    return dynamic_cast<QVMVerticalSlider&>(*view_->ui().parameterControlWithPid(pid)->primaryControl());
+}
+
+Point EditorMap::handleOf(std::uint32_t pid, float shownValue) {
+    QVMVerticalSlider& it = slider(pid);
+    Point inSlider = it.readoutBulb()->position();
+    (it.horizontal() ? inSlider.x : inSlider.y) = it.positionValueFromFloatValue(shownValue);
+    return it.convertToWindow(inSlider);
+}
+
+Rect EditorMap::frameOf(std::uint32_t pid) {
+    const QVMParameterControl& control = *view_->ui().parameterControlWithPid(pid);
+    return control.convertToWindow(control.bounds());
+}
+
+} // namespace QVM_NAMESPACE

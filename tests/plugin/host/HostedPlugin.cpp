@@ -1,0 +1,106 @@
+#include "plugin/host/HostedPlugin.h"
+
+namespace juce {
+// The toolkit's own step of its message loop, which it declares in no public header.
+bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
+} // namespace juce
+
+namespace slantwise_tests {
+
+namespace {
+
+constexpr int blockFrames = 256;
+constexpr double sampleRateHz = 48000, patienceSeconds = 5;
+
+juce::PluginDescription describe(juce::AudioPluginFormat& format, Format kind) {
+    juce::OwnedArray<juce::PluginDescription> found;
+    if (kind == Format::vst3) {
+        format.findAllTypesForFile(found, SLANTWISE_VST3);
+    } else {
+        format.searchPathsForPlugins(juce::FileSearchPath(SLANTWISE_LV2_FOLDER), false, false);
+        format.findAllTypesForFile(found, SLANTWISE_LV2_URI);
+    }
+    return found.isEmpty() ? juce::PluginDescription() : *found.getFirst();
+}
+
+} // namespace
+
+class HostedPlugin::EditorWindow final : public juce::DocumentWindow {
+public:
+    explicit EditorWindow(juce::AudioProcessorEditor& editor)
+        : juce::DocumentWindow("Slantwise test host", juce::Colours::black, closeButton) {
+        setUsingNativeTitleBar(true);
+        setContentNonOwned(&editor, true);
+        setTopLeftPosition(120, 120);
+        setVisible(true);
+    }
+    void closeButtonPressed() override {}
+};
+
+HostedPlugin::HostedPlugin(Format format) : buffer_(2, blockFrames) {
+    if (format == Format::vst3)
+        format_ = std::make_unique<juce::VST3PluginFormat>();
+    else
+        format_ = std::make_unique<juce::LV2PluginFormat>();
+    instance_ = format_->createInstanceFromDescription(describe(*format_, format), sampleRateHz, blockFrames, error_);
+    if (!instance_) return;
+    instance_->prepareToPlay(sampleRateHz, blockFrames);
+    recorder_ = std::make_unique<HostRecorder>(*instance_);
+    run(0.2);
+}
+
+HostedPlugin::~HostedPlugin() {
+    closeEditor();
+    recorder_.reset();
+    if (instance_) instance_->releaseResources();
+}
+
+juce::AudioProcessorParameter& HostedPlugin::parameter(const char* name) const {
+    for (auto* parameter : instance_->getParameters()) {
+        if (parameter->getName(100) == name) return *parameter;
+    }
+    throw std::out_of_range(name);
+}
+
+void HostedPlugin::openEditor() {
+    editor_.reset(instance_->createEditorIfNeeded());
+    window_ = std::make_unique<EditorWindow>(*editor_);
+    runUntil([this] { return window_->isShowing() && editor_->getWidth() > 0; });
+    run(0.3);
+}
+
+void HostedPlugin::closeEditor() {
+    window_.reset();
+    editor_.reset();
+}
+
+juce::Point<int> HostedPlugin::onScreen(double x, double y) const {
+    return editor_->localPointToGlobal(juce::Point<double>(x, y).toFloat()).roundToInt();
+}
+
+void HostedPlugin::step() {
+    if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
+    const double now = juce::Time::getMillisecondCounterHiRes();
+    if (now < nextBlock_) return;
+    nextBlock_ = now + 1000 * blockFrames / sampleRateHz;
+    buffer_.clear();
+    midi_.clear();
+    instance_->processBlock(buffer_, midi_);
+}
+
+void HostedPlugin::run(double seconds) {
+    const double end = juce::Time::getMillisecondCounterHiRes() + 1000 * seconds;
+    while (juce::Time::getMillisecondCounterHiRes() < end)
+        step();
+}
+
+bool HostedPlugin::runUntil(const std::function<bool()>& condition) {
+    const double end = juce::Time::getMillisecondCounterHiRes() + 1000 * patienceSeconds;
+    while (!condition()) {
+        if (juce::Time::getMillisecondCounterHiRes() > end) return false;
+        step();
+    }
+    return true;
+}
+
+} // namespace slantwise_tests

@@ -1,0 +1,114 @@
+// A plug-in format in a small host with a real window, pointer and keyboard: the fixture of the tests in this folder.
+// Needs a display with a window manager.
+#pragma once
+
+#include "plugin/host/EditorMap.h"
+#include "plugin/host/HostedPlugin.h"
+#include "plugin/host/XScreen.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+
+using slantwise_tests::Format;
+using slantwise_tests::HostedPlugin;
+using slantwise_tests::Picture;
+using slantwise_tests::XScreen;
+
+class InHost : public testing::TestWithParam<Format> {
+protected:
+    static constexpr std::uint32_t tiltGain = 1;
+    static constexpr std::uint32_t gainColour = 0xA54D55;
+
+    void SetUp() override {
+        ASSERT_TRUE(screen_.isOpen()) << "needs a display";
+        ASSERT_NE(plugin_.instance(), nullptr) << plugin_.error();
+    }
+
+    // Opens the editor and waits until it has painted its handles.
+    void open() {
+        screen_.movePointer(5, 5);
+        plugin_.openEditor();
+        EXPECT_TRUE(comesTrue([this] { return pictureOf(map_.frameOf(tiltGain)).countOf(gainColour, 4) > 200; }));
+        plugin_.recorder().lines.clear();
+    }
+
+    // Lets the host run until the condition holds; false when it has not come true after seconds enough for any
+    // machine.
+    template <class F>
+    bool comesTrue(F&& condition) {
+        for (int i = 0; i < 100; ++i) {
+            if (condition()) return true;
+            plugin_.run(0.1);
+        }
+        return false;
+    }
+
+    // What the host shows for the tilt gain, in decibels.
+    double gainDb() { return 36 * static_cast<double>(gain().getValue()) - 18; }
+    juce::AudioProcessorParameter& gain() { return plugin_.parameter("Tilt Gain"); }
+
+    // The pointer goes there in small steps, as a hand moves it.
+    void glideTo(Point editorPoint) {
+        for (int i = 1; i <= steps; ++i) {
+            const double part = static_cast<double>(i) / steps;
+            jumpTo({at_.x + (editorPoint.x - at_.x) * part, at_.y + (editorPoint.y - at_.y) * part}, 0.015);
+        }
+        at_ = editorPoint;
+        plugin_.run(0.1);
+    }
+    void pointAt(Point editorPoint) {
+        jumpTo(editorPoint, 0.1);
+        at_ = editorPoint;
+    }
+    void press() {
+        screen_.button(1, true);
+        plugin_.run(0.1);
+    }
+    void release() {
+        screen_.button(1, false);
+        plugin_.run(0.2);
+    }
+    void hold(const char* key) {
+        screen_.key(key, true);
+        plugin_.run(0.1);
+    }
+    void letGo(const char* key) {
+        screen_.key(key, false);
+        plugin_.run(0.1);
+    }
+    void type(const char* key) {
+        screen_.typeKey(key);
+        plugin_.run(0.1);
+    }
+    void click() {
+        press();
+        release();
+    }
+    // On the handle of the tilt gain, which stands at `db`.
+    Point gainHandle(double db) { return map_.handleOf(tiltGain, static_cast<float>(db)); }
+
+    Picture pictureOf(const Rect& editorRect) {
+        const auto corner = plugin_.onScreen(editorRect.x, editorRect.y);
+        return screen_.capture(corner.x, corner.y, static_cast<int>(editorRect.width),
+                               static_cast<int>(editorRect.height));
+    }
+    Picture wholePicture() { return pictureOf({0, 0, 480, 320}); }
+
+    XScreen screen_;
+    EditorMap map_;
+    HostedPlugin plugin_{GetParam()};
+
+private:
+    static constexpr int steps = 12;
+
+    void jumpTo(Point editorPoint, double seconds) {
+        const auto there = plugin_.onScreen(editorPoint.x, editorPoint.y);
+        screen_.movePointer(there.x, there.y);
+        plugin_.run(seconds);
+    }
+
+    Point at_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,216 @@
+// The built VST3 and LV2 with real pointer and key events. What is expected comes from the host's side alone: what it
+// is told, what its parameters read, and what is on the screen.
+#include "plugin/host/InHost.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <string>
+
+#include <unistd.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+// Kilobytes of this process that no other shares.
+long privateMemoryKb() {
+    std::ifstream status("/proc/self/smaps_rollup");
+    long sum = 0;
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("Private_", 0) == 0) sum += std::strtol(line.c_str() + line.find(':') + 1, nullptr, 10);
+    }
+    return sum;
+}
+
+TEST_P(InHost, OpensAtItsSizeAndPaints) {
+    open();
+    EXPECT_EQ(plugin_.editor()->getWidth(), 480);
+    EXPECT_EQ(plugin_.editor()->getHeight(), 320);
+    const Picture whole = wholePicture();
+    EXPECT_GT(whole.distinctColours(), 50U);
+    EXPECT_GT(pictureOf(map_.frameOf(tiltGain)).countOf(gainColour, 4), 200U);
+    EXPECT_TRUE(plugin_.recorder().lines.empty()) << plugin_.recorder().lines.front();
+}
+
+TEST_P(InHost, ADragIsAGestureOfTheHost) {
+    open();
+    pointAt(gainHandle(0));
+    press();
+    glideTo(gainHandle(9));
+    release();
+    EXPECT_NEAR(gainDb(), 9, 0.6);
+    const auto kinds = plugin_.recorder().kinds();
+    ASSERT_FALSE(kinds.empty());
+    std::string number; // of the parameter, as the host counts
+    for (const std::string& kind : kinds)
+        number = kind.substr(kind.find(' '));
+    EXPECT_GE(std::count(kinds.begin(), kinds.end(), "value" + number), 3);
+    // LV2 has no message for gestures on this kind of parameter.
+    if (GetParam() == Format::vst3) {
+        EXPECT_EQ(kinds.front(), "begin" + number);
+        EXPECT_EQ(kinds.back(), "end" + number);
+        EXPECT_EQ(std::count(kinds.begin(), kinds.end(), "begin" + number), 1);
+        EXPECT_EQ(std::count(kinds.begin(), kinds.end(), "end" + number), 1);
+    }
+}
+
+TEST_P(InHost, AutomationMovesTheHandleAndSendsNothingBack) {
+    open();
+    const Rect frame = map_.frameOf(tiltGain);
+    const Picture before = pictureOf(frame);
+    gain().setValue(0.75f);
+    const Point there = gainHandle(9);
+    const Rect handle{there.x - 18, there.y - 10, 36, 20};
+    // The handle goes to where nine decibels are.
+    EXPECT_TRUE(comesTrue([&] { return pictureOf(handle).countOf(gainColour, 4) > 300; }));
+    plugin_.run(0.6);
+    const Picture after = pictureOf(frame);
+    EXPECT_GT(before.differingPixels(after), 300U);
+    EXPECT_TRUE(plugin_.recorder().lines.empty()) << plugin_.recorder().lines.front();
+    EXPECT_NEAR(gainDb(), 9, 0.01);
+    EXPECT_GT(pictureOf(handle).countOf(gainColour, 4), 300U);
+
+    // The same automation again leaves the picture as it is.
+    gain().setValue(0.75f);
+    plugin_.run(0.6);
+    EXPECT_EQ(after.differingPixels(pictureOf(frame)), 0U);
+}
+
+TEST_P(InHost, AltClickResets) {
+    gain().setValue(0.75f);
+    open();
+    plugin_.run(0.4);
+    pointAt(gainHandle(9));
+    hold("Alt_L");
+    click();
+    letGo("Alt_L");
+    EXPECT_NEAR(gainDb(), 0, 0.001);
+    const auto kinds = plugin_.recorder().kinds();
+    const auto begins = std::count_if(kinds.begin(), kinds.end(), [](const auto& k) { return k[0] == 'b'; });
+    const auto ends = std::count_if(kinds.begin(), kinds.end(), [](const auto& k) { return k[0] == 'e'; });
+    EXPECT_EQ(begins, ends);
+}
+
+// The same way of the hand, three times.
+TEST_P(InHost, ControlDragsFineAndShiftDragsCoarse) {
+    open();
+    const auto dragWith = [&](const char* modifier) {
+        gain().setValue(0.5f);
+        plugin_.run(0.4);
+        const Point from = gainHandle(0);
+        pointAt(from);
+        if (*modifier) hold(modifier);
+        press();
+        glideTo({from.x + 40, from.y});
+        release();
+        if (*modifier) letGo(modifier);
+        return gainDb();
+    };
+    const double plain = dragWith(""), fine = dragWith("Control_L"), coarse = dragWith("Shift_L");
+    EXPECT_GT(plain, 3);
+    EXPECT_NEAR(plain / 0.5, std::round(plain / 0.5), 1e-3) << plain;
+    EXPECT_GT(fine, 0);
+    EXPECT_LT(fine, plain / 2);
+    EXPECT_NEAR(fine / 0.1, std::round(fine / 0.1), 1e-3) << fine;
+    EXPECT_NEAR(coarse / 1.5, std::round(coarse / 1.5), 1e-3) << coarse;
+    EXPECT_NEAR(coarse, plain, 0.8);
+}
+
+TEST_P(InHost, AModifierPressedInMidDragMakesNoJump) {
+    for (const char* modifier : {"Control_L", "Shift_L"}) {
+        open();
+        gain().setValue(0.5f);
+        plugin_.run(0.4);
+        const Point from = gainHandle(0);
+        pointAt(from);
+        press();
+        glideTo({from.x + 50, from.y});
+        const double before = gainDb();
+        hold(modifier);
+        glideTo({from.x + 51, from.y});
+        EXPECT_NEAR(gainDb(), before, *modifier == 'C' ? 0.11 : 0.76 + 0.15) << modifier;
+        release();
+        letGo(modifier);
+        plugin_.closeEditor();
+    }
+}
+
+TEST_P(InHost, DoubleClickThenTypedDigitsAndReturnSetTheValue) {
+    open();
+    pointAt(gainHandle(0));
+    screen_.button(1, true), screen_.button(1, false);
+    screen_.button(1, true), screen_.button(1, false);
+    plugin_.run(0.3);
+    for (const char* key : {"4", "period", "5"})
+        type(key);
+    EXPECT_NEAR(gainDb(), 0, 0.001) << "nothing is sent before Return";
+    type("Return");
+    EXPECT_NEAR(gainDb(), 4.5, 0.001);
+}
+
+TEST_P(InHost, AnArrowKeySteps) {
+    open();
+    pointAt(gainHandle(0));
+    click();
+    type("Up");
+    EXPECT_NEAR(gainDb(), 0.5, 0.001);
+    type("Left");
+    type("Left");
+    EXPECT_NEAR(gainDb(), -0.5, 0.001);
+}
+
+TEST_P(InHost, TheWheelIsInertOverASlider) {
+    open();
+    pointAt(gainHandle(0));
+    screen_.button(4, true), screen_.button(4, false);
+    plugin_.run(0.3);
+    EXPECT_NEAR(gainDb(), 0, 1e-6);
+    EXPECT_TRUE(plugin_.recorder().lines.empty()) << plugin_.recorder().lines.front();
+}
+
+TEST_P(InHost, ReopensFiftyTimesWithoutGrowing) {
+    constexpr int warmUps = 10, reopenings = 50;
+    constexpr long boundKb = 1500; // an editor holds several thousand; caches that fill late are less than this
+    long first = 0;
+    for (int i = 0; i < warmUps + reopenings; ++i) {
+        if (i == warmUps) first = privateMemoryKb();
+        plugin_.openEditor();
+        plugin_.closeEditor();
+        plugin_.run(0.02);
+    }
+    const long grown = privateMemoryKb() - first;
+    RecordProperty("grownKb", static_cast<int>(grown));
+    EXPECT_LT(grown, boundKb);
+    open();
+    EXPECT_GT(pictureOf(map_.frameOf(tiltGain)).countOf(gainColour, 4), 200U);
+}
+
+TEST_P(InHost, TwoInstancesKeepApart) {
+    HostedPlugin other(GetParam());
+    ASSERT_NE(other.instance(), nullptr);
+    open();
+    pointAt(gainHandle(0));
+    press();
+    glideTo(gainHandle(12));
+    release();
+    other.run(0.2);
+    EXPECT_NEAR(gainDb(), 12, 0.6);
+    EXPECT_NEAR(other.parameter("Tilt Gain").getValue(), 0.5, 1e-6);
+}
+
+TEST_P(InHost, StateComesBackInAnotherInstance) {
+    gain().setValue(0.9f);
+    plugin_.run(0.2);
+    juce::MemoryBlock bytes;
+    plugin_.instance()->getStateInformation(bytes);
+    HostedPlugin other(GetParam());
+    other.instance()->setStateInformation(bytes.getData(), static_cast<int>(bytes.getSize()));
+    other.run(0.2);
+    EXPECT_NEAR(other.parameter("Tilt Gain").getValue(), 0.9, 1e-5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Vst3, InHost, testing::Values(Format::vst3), [](const auto&) { return "Bundle"; });
+INSTANTIATE_TEST_SUITE_P(Lv2, InHost, testing::Values(Format::lv2), [](const auto&) { return "Bundle"; });
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,127 @@
+#include "plugin/host/XScreen.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+
+#include <cstdlib>
+
+namespace slantwise_tests {
+
+namespace {
+
+// Windows of other programs may go between two questions about them.
+int ignoreError(Display*, XErrorEvent*) {
+    return 0;
+}
+
+} // namespace
+
+std::size_t Picture::differingPixels(const Picture& other) const {
+    if (other.pixels.size() != pixels.size()) return pixels.size();
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        count += pixels[i] != other.pixels[i];
+    return count;
+}
+
+std::size_t Picture::countOf(std::uint32_t colour, int tolerance) const {
+    std::size_t count = 0;
+    for (const std::uint32_t pixel : pixels) {
+        bool near = true;
+        for (const int shift : {0, 8, 16}) {
+            const int channel = static_cast<int>(pixel >> shift & 0xFF),
+                      wanted = static_cast<int>(colour >> shift & 0xFF);
+            near = near && std::abs(channel - wanted) <= tolerance;
+        }
+        count += near;
+    }
+    return count;
+}
+
+XScreen::XScreen() : display_(XOpenDisplay(nullptr)) {
+    XSetErrorHandler(&ignoreError);
+}
+
+XScreen::~XScreen() {
+    if (display_) XCloseDisplay(display_);
+}
+
+void XScreen::movePointer(int x, int y) {
+    XTestFakeMotionEvent(display_, -1, x, y, CurrentTime);
+    XSync(display_, False);
+}
+
+void XScreen::button(int number, bool down) {
+    XTestFakeButtonEvent(display_, static_cast<unsigned>(number), down ? True : False, CurrentTime);
+    XSync(display_, False);
+}
+
+void XScreen::key(const std::string& name, bool down) {
+    const KeyCode code = XKeysymToKeycode(display_, XStringToKeysym(name.c_str()));
+    XTestFakeKeyEvent(display_, code, down ? True : False, CurrentTime);
+    XSync(display_, False);
+}
+
+void XScreen::typeKey(const std::string& name) {
+    key(name, true);
+    key(name, false);
+}
+
+Picture XScreen::capture(int x, int y, int width, int height) {
+    Picture picture{width, height, {}};
+    XImage* const image = XGetImage(display_, DefaultRootWindow(display_), x, y, static_cast<unsigned>(width),
+                                    static_cast<unsigned>(height), AllPlanes, ZPixmap);
+    if (!image) return {};
+    for (int row = 0; row < height; ++row) {
+        for (int column = 0; column < width; ++column)
+            picture.pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, column, row)) & 0xFFFFFF);
+    }
+    XDestroyImage(image);
+    return picture;
+}
+
+std::optional<XScreen::Found> XScreen::findWindow(int width, int height) {
+    return findBelow(DefaultRootWindow(display_), 0, width, height);
+}
+
+std::optional<XScreen::Found> XScreen::findBelow(unsigned long window, unsigned long topLevel, int width, int height) {
+    Atom type = 0;
+    int format = 0;
+    unsigned long items = 0, left = 0;
+    unsigned char* data = nullptr;
+    const Atom state = XInternAtom(display_, "WM_STATE", False);
+    XGetWindowProperty(display_, window, state, 0, 2, False, AnyPropertyType, &type, &format, &items, &left, &data);
+    if (data) XFree(data);
+    if (type != 0) topLevel = window; // the window manager manages it
+
+    Window root = 0, parent = 0, *children = nullptr;
+    unsigned count = 0;
+    std::optional<Found> found;
+    if (XQueryTree(display_, window, &root, &parent, &children, &count)) {
+        for (unsigned i = 0; i < count && !found; ++i)
+            found = findBelow(children[i], topLevel, width, height);
+        if (children) XFree(children);
+    }
+    XWindowAttributes attributes{};
+    if (found || !topLevel || !XGetWindowAttributes(display_, window, &attributes)) return found;
+    if (attributes.map_state != IsViewable || attributes.width != width || attributes.height != height) return {};
+    Window child = 0;
+    Found here{0, 0, topLevel};
+    XTranslateCoordinates(display_, window, root, 0, 0, &here.x, &here.y, &child);
+    return here;
+}
+
+void XScreen::closeWindow(unsigned long topLevel) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = topLevel;
+    event.xclient.message_type = XInternAtom(display_, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display_, "WM_DELETE_WINDOW", False));
+    event.xclient.data.l[1] = CurrentTime;
+    XSendEvent(display_, topLevel, False, NoEventMask, &event);
+    XSync(display_, False);
+}
+
+} // namespace slantwise_tests

@@ -1,0 +1,60 @@
+// The X server of the test: what is on the screen, and a real pointer and keyboard. Coordinates are root pixels.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+struct _XDisplay;
+
+namespace slantwise_tests {
+
+// A part of the screen as it is now.
+struct Picture {
+    int width = 0, height = 0;
+    std::vector<std::uint32_t> pixels; // 0xRRGGBB
+
+    std::size_t distinctColours() const { return std::set(pixels.begin(), pixels.end()).size(); }
+    // How many pixels differ from those of an equally large picture.
+    std::size_t differingPixels(const Picture& other) const;
+    // How many pixels are within `tolerance` of a colour in each channel.
+    std::size_t countOf(std::uint32_t colour, int tolerance) const;
+};
+
+class XScreen {
+public:
+    // Connects to the display that DISPLAY names; `isOpen` tells whether there is one.
+    XScreen();
+    ~XScreen();
+    XScreen(const XScreen&) = delete;
+    XScreen& operator=(const XScreen&) = delete;
+    bool isOpen() const { return display_ != nullptr; }
+
+    // The window manager works on the same queue as we do, so what these do is seen a little later.
+    void movePointer(int x, int y);
+    void button(int number, bool down);
+    // Keys by their X names: "Control_L", "Alt_L", "4", "Return".
+    void key(const std::string& name, bool down);
+    void typeKey(const std::string& name);
+
+    Picture capture(int x, int y, int width, int height);
+
+    // A visible window of exactly this size, the deepest one, and the window in its line that the window manager put a
+    // frame around. Absent while there is none.
+    struct Found {
+        int x = 0, y = 0;
+        unsigned long topLevel = 0;
+    };
+    std::optional<Found> findWindow(int width, int height);
+    // Asks a window to close, as its close button does.
+    void closeWindow(unsigned long topLevel);
+
+private:
+    std::optional<Found> findBelow(unsigned long window, unsigned long topLevel, int width, int height);
+
+    _XDisplay* display_ = nullptr;
+};
+
+} // namespace slantwise_tests

@@ -1,0 +1,93 @@
+#include "plugin/standalone/Options.h"
+
+#include "description/Description.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+Options parsed(const Arguments& arguments) {
+    const auto result = parseOptions(arguments);
+    if (const auto* error = std::get_if<OptionsError>(&result)) ADD_FAILURE() << error->message;
+    const auto* options = std::get_if<Options>(&result);
+    return options ? *options : Options();
+}
+
+std::string errorOf(const Arguments& arguments) {
+    const auto result = parseOptions(arguments);
+    const auto* error = std::get_if<OptionsError>(&result);
+    return error ? error->message : "";
+}
+
+TEST(Options, NothingGivenIsPinkNoiseInTheLightTheme) {
+    const Options options = parsed({});
+    EXPECT_EQ(options.playFile, "");
+    EXPECT_EQ(options.theme, Options::Theme::light);
+    EXPECT_EQ(options.scale, 0);
+    EXPECT_FALSE(options.presetIndex || options.quitAfterSeconds);
+}
+
+TEST(Options, AllAreRead) {
+    const Options options = parsed({"--play", "a b.wav", "--preset", "Air", "--theme", "dark", "--scale", "1.25",
+                                    "--screenshot", "x.png", "--after", "0.5", "--quit-after", "3"});
+    EXPECT_EQ(options.playFile, "a b.wav");
+    ASSERT_TRUE(options.presetIndex);
+    EXPECT_EQ(GetPresets()->stringValues.at(static_cast<std::size_t>(*options.presetIndex)), "Air");
+    EXPECT_EQ(options.theme, Options::Theme::dark);
+    EXPECT_EQ(options.scale, 1.25);
+    EXPECT_EQ(options.screenshotFile, "x.png");
+    EXPECT_EQ(options.afterSeconds, 0.5);
+    EXPECT_EQ(options.quitAfterSeconds, 3);
+}
+
+TEST(Options, ABareArgumentIsTheFileToPlay) {
+    EXPECT_EQ(parsed({"song.flac"}).playFile, "song.flac");
+}
+
+TEST(Options, ASecondBareArgumentIsAnError) {
+    EXPECT_NE(errorOf({"a.wav", "b.wav"}).find("b.wav"), std::string::npos);
+}
+
+TEST(Options, HelpAndVersionNeedNothingElse) {
+    EXPECT_TRUE(parsed({"--help"}).showHelp);
+    EXPECT_TRUE(parsed({"--version"}).showVersion);
+}
+
+TEST(Options, MistakesAreNamed) {
+    EXPECT_EQ(errorOf({"--preset", "Nope"}), "there is no preset named \"Nope\"");
+    EXPECT_NE(errorOf({"--theme", "pink"}).find("pink"), std::string::npos);
+    EXPECT_NE(errorOf({"--frobnicate"}).find("--frobnicate"), std::string::npos);
+    EXPECT_NE(errorOf({""}).find("unknown argument"), std::string::npos);
+    for (const char* option :
+         {"--play", "--settings", "--preset", "--theme", "--scale", "--screenshot", "--after", "--quit-after"})
+        EXPECT_EQ(errorOf({option}), std::string(option) + " needs a value");
+}
+
+TEST(Options, NumbersAreWholeTextsWithinTheirLimits) {
+    for (const char* text : {"", "x", "2x", "0.4", "4.1", "nan", "inf", "-1", "1e9"})
+        EXPECT_NE(errorOf({"--scale", text}), "") << text;
+    for (const char* text : {"-1", "nan", "1e7"})
+        EXPECT_NE(errorOf({"--quit-after", text}), "") << text;
+    EXPECT_EQ(parsed({"--scale", "0.5"}).scale, 0.5);
+    EXPECT_EQ(parsed({"--scale", "4"}).scale, 4);
+}
+
+TEST(Options, SettingsAreKeptAsTheyStand) {
+    EXPECT_EQ(parsed({"--settings", "a=1"}).settings, "a=1");
+}
+
+TEST(Options, HelpNamesEveryOption) {
+    for (const char* option : {"--play", "--settings", "--preset", "--theme", "--scale", "--screenshot", "--after",
+                               "--quit-after", "--help", "--version"})
+        EXPECT_NE(helpText().find(option), std::string::npos) << option;
+}
+
+TEST(Options, VersionNamesProductVersionAndBuild) {
+    EXPECT_EQ(versionText(), "Slantwise 2.0.1 (a6a669f)");
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
