@@ -5,7 +5,6 @@
 
 #include <fontconfig/fontconfig.h>
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -32,25 +31,41 @@ std::unique_ptr<const FontFace> embeddedFace(const Embedded& entry) {
     return face;
 }
 
-// The machine's face of exactly this PostScript name, or null. The first call reads the font cache (some milliseconds).
-std::unique_ptr<const FontFace> installedFace(const std::string& postScriptName) {
-    FcPattern* wanted = FcPatternCreate();
-    FcPatternAddString(wanted, FC_POSTSCRIPT_NAME, reinterpret_cast<const FcChar8*>(postScriptName.c_str()));
-    FcObjectSet* fields = FcObjectSetBuild(FC_FILE, FC_INDEX, static_cast<char*>(nullptr));
-    FcFontSet* found = FcFontList(nullptr, wanted, fields);
-    std::unique_ptr<const FontFace> face;
-    for (int i = 0; found && i < found->nfont && !face; ++i) {
-        FcChar8* file = nullptr;
-        int index = 0;
-        if (FcPatternGetString(found->fonts[i], FC_FILE, 0, &file) != FcResultMatch) continue;
-        FcPatternGetInteger(found->fonts[i], FC_INDEX, 0, &index);
-        face = FontFace::fromFile(reinterpret_cast<const char*>(file), index);
+// The machine's fonts as they are configured, read from its cache in some milliseconds. Not kept: it takes more memory
+// than the faces.
+class InstalledFonts {
+public:
+    InstalledFonts() : config_(FcInitLoadConfigAndFonts()) {}
+    ~InstalledFonts() {
+        if (config_) FcConfigDestroy(config_);
     }
-    if (found) FcFontSetDestroy(found);
-    FcObjectSetDestroy(fields);
-    FcPatternDestroy(wanted);
-    return face;
-}
+    InstalledFonts(const InstalledFonts&) = delete;
+    InstalledFonts& operator=(const InstalledFonts&) = delete;
+
+    // The face of exactly this PostScript name, or null.
+    std::unique_ptr<const FontFace> face(const std::string& postScriptName) const {
+        if (!config_) return nullptr;
+        FcPattern* wanted = FcPatternCreate();
+        FcPatternAddString(wanted, FC_POSTSCRIPT_NAME, reinterpret_cast<const FcChar8*>(postScriptName.c_str()));
+        FcObjectSet* fields = FcObjectSetBuild(FC_FILE, FC_INDEX, static_cast<char*>(nullptr));
+        FcFontSet* found = FcFontList(config_, wanted, fields);
+        std::unique_ptr<const FontFace> face;
+        for (int i = 0; found && i < found->nfont && !face; ++i) {
+            FcChar8* file = nullptr;
+            int index = 0;
+            if (FcPatternGetString(found->fonts[i], FC_FILE, 0, &file) != FcResultMatch) continue;
+            FcPatternGetInteger(found->fonts[i], FC_INDEX, 0, &index);
+            face = FontFace::fromFile(reinterpret_cast<const char*>(file), index);
+        }
+        if (found) FcFontSetDestroy(found);
+        FcObjectSetDestroy(fields);
+        FcPatternDestroy(wanted);
+        return face;
+    }
+
+private:
+    FcConfig* const config_; // null when there is none to be had
+};
 
 } // namespace
 
@@ -65,16 +80,19 @@ bool FaceLibrary::hasFace(const std::string& postScriptName) {
 }
 
 const FontFace* FaceLibrary::find(const std::string& postScriptName) {
+    if (known_.empty()) findOurFaces();
     const auto known = known_.find(postScriptName);
     if (known != known_.end()) return known->second.get();
+    return known_.emplace(postScriptName, InstalledFonts().face(postScriptName)).first->second.get();
+}
 
-    const auto entry = std::find_if(embeddedFaces.begin(), embeddedFaces.end(),
-                                    [&](const Embedded& e) { return e.face == postScriptName; });
-    const bool isEmbedded = entry != embeddedFaces.end();
-    std::unique_ptr<const FontFace> face;
-    if (!isEmbedded || entry->mayBeInstalled) face = installedFace(postScriptName);
-    if (!face && isEmbedded) face = embeddedFace(*entry);
-    return known_.emplace(postScriptName, std::move(face)).first->second.get();
+void FaceLibrary::findOurFaces() {
+    const InstalledFonts installed;
+    for (const Embedded& entry : embeddedFaces) {
+        const std::string name(entry.face);
+        auto face = entry.mayBeInstalled ? installed.face(name) : nullptr;
+        known_.emplace(name, face ? std::move(face) : embeddedFace(entry));
+    }
 }
 
 } // namespace QVM_NAMESPACE

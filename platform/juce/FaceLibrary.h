@@ -23,6 +23,7 @@ public:
 
 private:
     const FontFace* find(const std::string& postScriptName); // null: unknown
+    void findOurFaces();
 
     std::map<std::string, std::unique_ptr<const FontFace>> known_; // by the name asked for, null ones included
     const std::unique_ptr<const FontFace> nothing_ = FontFace::empty();

@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -51,7 +49,11 @@ TEST(FaceLibrary, MissingIconFontGivesTheMediumFaceAndALogLine) {
     std::vector<std::string> lines;
     const ScopedLogSink sink([&](const std::string& line) { lines.push_back(line); });
     const auto medium = BundleResources::current().find("Roboto-Medium", "ttf");
-    const ScopedBundleResources others(BundleResources({{"Roboto-Medium", "ttf", medium}}));
+    const auto italic = BundleResources::current().find("Roboto-Italic", "ttf");
+    const auto condensed = BundleResources::current().find("RobotoCondensed-Bold", "ttf");
+    const ScopedBundleResources others(BundleResources({{"Roboto-Medium", "ttf", medium},
+                                                        {"Roboto-Italic", "ttf", italic},
+                                                        {"RobotoCondensed-Bold", "ttf", condensed}}));
     FaceLibrary faces;
     EXPECT_FALSE(faces.hasFace("QVM-Icons-Regular"));
     EXPECT_EQ(&faces.face("QVM-Icons-Regular"), &faces.face("HelveticaNeue-Medium"));
