@@ -111,7 +111,7 @@ void SliderScale::addMark(const Mark& mark, const SliderScaleGeometry& geometry,
     label->setAlignment(geometry.horizontal ? TextAlignment::center : TextAlignment::left);
     label->setFrame(textBox);
     label->setContentsScale(geometry.devicePixels);
-    label->setString(std::move(text));
+    label->setString(text);
     layer_->addSublayer(std::move(label));
 }
 

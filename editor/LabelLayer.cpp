@@ -63,7 +63,7 @@ void LabelLayer::setColor(Color color) {
     }
     AttributedString text(capitals(content_.text), QVMUITheme::unitFontOfSize(content_.style.pointSize), color);
     text.runs.front().kern = content_.style.kern;
-    static_cast<TextLayer&>(*layer_).setString(std::move(text));
+    static_cast<TextLayer&>(*layer_).setString(text);
 }
 
 Rect SituatedRectInsideRectForImage(const Rect& rect, const Image& image, double imageScale,

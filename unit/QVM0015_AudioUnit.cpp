@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <cstddef>
 #include <iterator>
+#include <span>
 
 namespace QVM_NAMESPACE {
 
@@ -47,14 +48,15 @@ static_assert(sizeof(void*) == 8, "references in properties are 8 bytes");
 
 template <class T>
 OSStatus give(const T& value, void* data) {
-    std::memcpy(data, &value, sizeof(T));
+    std::ranges::copy(std::as_bytes(std::span(&value, 1)), static_cast<std::byte*>(data));
     return noErr;
 }
 
 template <class T>
 T taken(const void* data) {
     T value;
-    std::memcpy(&value, data, sizeof(T));
+    const auto bytes = std::as_writable_bytes(std::span(&value, 1));
+    std::copy_n(static_cast<const std::byte*>(data), bytes.size(), bytes.begin());
     return value;
 }
 

@@ -40,9 +40,9 @@ std::size_t thinOut(std::vector<float>& xs, std::vector<float>& ys, std::size_t 
 std::vector<float> triangle(int half) {
     const int length = 2 * half + 1;
     const auto sum = static_cast<float>((half + 1) * (half + 1));
-    std::vector<float> kernel;
+    std::vector<float> kernel(static_cast<std::size_t>(length));
     for (int j = 0; j < length; ++j)
-        kernel.push_back(static_cast<float>(j < half ? j + 1 : length - j) / sum);
+        kernel[static_cast<std::size_t>(j)] = static_cast<float>(j < half ? j + 1 : length - j) / sum;
     return kernel;
 }
 
