@@ -120,7 +120,6 @@ juce::MouseCursor toToolkit(Cursor cursor) {
     case Cursor::resizeLeftRight:
         return Toolkit::LeftRightResizeCursor;
     case Cursor::openHand:
-        return Toolkit::DraggingHandCursor;
     case Cursor::closedHand:
         return Toolkit::DraggingHandCursor;
     case Cursor::none:

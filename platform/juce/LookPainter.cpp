@@ -74,7 +74,7 @@ void paintLine(juce::Graphics& g, const SetLine& line, juce::Point<double> start
     if (!line.glyphs.empty()) fill(line.glyphs.back().color);
 }
 
-juce::Image filledWith(juce::Image shape, Color color) {
+juce::Image filledWith(const juce::Image& shape, Color color) {
     juce::Image out = makeCanvas(shape.getWidth(), shape.getHeight());
     juce::Graphics g(out);
     g.setColour(toToolkit(color));

@@ -1,6 +1,6 @@
 // Part of the toolkit's library: the one translation unit that sees the peer's class is the module's own source, so
 // that is compiled here, with these functions behind it.
-#include <juce_gui_basics/juce_gui_basics.cpp>
+#include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
 
 #include "platform/juce/NativePeer.h"
 

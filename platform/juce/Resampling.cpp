@@ -35,6 +35,7 @@ Share interpolationAt(double centre, int size) {
 
 std::vector<Share> shares(int oldSize, int newSize) {
     std::vector<Share> all;
+    all.reserve(static_cast<std::size_t>(newSize));
     const double step = static_cast<double>(oldSize) / newSize;
     for (int i = 0; i < newSize; ++i) {
         all.push_back(step > 1 ? averageOf(i * step, std::min<double>((i + 1) * step, oldSize))

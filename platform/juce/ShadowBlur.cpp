@@ -3,6 +3,7 @@
 #include "platform/juce/Conversions.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -37,7 +38,7 @@ AlphaPlane alphaOf(const juce::Image& image, juce::Point<int> offset) {
 
 // Replaces each of `count` values, `stride` apart, by the average of what lies within `reach` of it; nothing lies
 // beyond the ends.
-void average(float* values, int count, int stride, int reach, std::vector<float>& copy) {
+void average(float* values, int count, std::ptrdiff_t stride, int reach, std::vector<float>& copy) {
     copy.resize(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         copy[static_cast<std::size_t>(i)] = values[i * stride];
@@ -66,7 +67,7 @@ juce::Image shadowOf(const juce::Image& look, double radiusPixels, juce::Point<i
     }
     juce::Image out = makeCanvas(plane.width, plane.height);
     const juce::Image::BitmapData pixels(out, juce::Image::BitmapData::writeOnly);
-    const auto level = [](float v) { return static_cast<std::uint8_t>(v + 0.5f); };
+    const auto level = [](float v) { return static_cast<std::uint8_t>(std::lround(v)); };
     for (int y = 0; y < plane.height; ++y) {
         for (int x = 0; x < plane.width; ++x) {
             const float alpha = std::min(plane.row(y)[x], 255.0f) * color.a;

@@ -24,7 +24,7 @@ std::vector<SetGlyph> setRuns(const AttributedString& text, FaceLibrary& faces) 
             set.color = run.color;
             set.character = character;
             x += set.advance;
-            glyphs.push_back(std::move(set));
+            glyphs.push_back(set);
         }
     }
     return glyphs;
