@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 // The library includes this file again for each kind of vector unit.
 #undef HWY_TARGET_INCLUDE
@@ -102,6 +103,44 @@ void Clip(const float* a, float low, float high, float* out, std::size_t n) {
     const V least = hn::Set(d, low), most = hn::Set(d, high);
     map(a, out, n, [least, most](V x) HWY_ATTR { return hn::Min(hn::Max(x, least), most); });
 }
+void Magnitude(const float* re, const float* im, float* out, std::size_t n) {
+    map(re, im, out, n, [](V x, V y) HWY_ATTR { return hn::Sqrt(hn::MulAdd(x, x, hn::Mul(y, y))); });
+}
+// Of the smaller one over the greater one, turned round where y is the greater.
+void Angle(const float* y, const float* x, float* out, std::size_t n) {
+    const V right = hn::Set(d, std::numbers::pi_v<float> / 2);
+    map(y, x, out, n, [right](V up, V across) HWY_ATTR {
+        const V greater = hn::Max(up, across), zero = hn::Zero(d);
+        const V turned = hn::Atan(d, hn::Div(hn::Min(up, across), greater));
+        const V whole = hn::IfThenElse(hn::Gt(up, across), hn::Sub(right, turned), turned);
+        return hn::IfThenElse(hn::Eq(greater, zero), zero, whole);
+    });
+}
+void Interleave(const float* even, const float* odd, float* out, std::size_t n) {
+    const std::size_t lanes = hn::Lanes(d);
+    std::size_t i = 0;
+    for (; i + lanes <= n; i += lanes)
+        hn::StoreInterleaved2(hn::LoadU(d, even + i), hn::LoadU(d, odd + i), d, out + 2 * i);
+    for (; i < n; ++i) {
+        out[2 * i] = even[i];
+        out[2 * i + 1] = odd[i];
+    }
+}
+void Deinterleave(const float* in, float scale, float* even, float* odd, std::size_t n) {
+    const std::size_t lanes = hn::Lanes(d);
+    const V k = hn::Set(d, scale);
+    std::size_t i = 0;
+    for (; i + lanes <= n; i += lanes) {
+        V first, second;
+        hn::LoadInterleaved2(d, in + 2 * i, first, second);
+        hn::StoreU(hn::Mul(first, k), d, even + i);
+        hn::StoreU(hn::Mul(second, k), d, odd + i);
+    }
+    for (; i < n; ++i) {
+        even[i] = in[2 * i] * scale;
+        odd[i] = in[2 * i + 1] * scale;
+    }
+}
 float SumOfSquares(const float* a, std::size_t n) {
     const std::size_t lanes = hn::Lanes(d);
     V sum = hn::Zero(d);
@@ -149,6 +188,10 @@ HWY_EXPORT(Log);
 HWY_EXPORT(Exp);
 HWY_EXPORT(Sqrt);
 HWY_EXPORT(Clip);
+HWY_EXPORT(Magnitude);
+HWY_EXPORT(Angle);
+HWY_EXPORT(Interleave);
+HWY_EXPORT(Deinterleave);
 HWY_EXPORT(SumOfSquares);
 HWY_EXPORT(Convolve);
 
@@ -200,6 +243,22 @@ void sqrt(const float* a, float* out, std::size_t n) {
 
 void clip(const float* a, float low, float high, float* out, std::size_t n) {
     HWY_DYNAMIC_DISPATCH(Clip)(a, low, high, out, n);
+}
+
+void magnitude(const float* re, const float* im, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Magnitude)(re, im, out, n);
+}
+
+void angle(const float* y, const float* x, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Angle)(y, x, out, n);
+}
+
+void interleave(const float* even, const float* odd, float* out, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Interleave)(even, odd, out, n);
+}
+
+void deinterleave(const float* in, float scale, float* even, float* odd, std::size_t n) {
+    HWY_DYNAMIC_DISPATCH(Deinterleave)(in, scale, even, odd, n);
 }
 
 float rms(const float* a, std::size_t n) {

@@ -37,6 +37,15 @@ void sqrt(const float* a, float* out, std::size_t n);
 void clip(const float* a, float low, float high, float* out, std::size_t n);
 // Square root of the mean of the squares; 0 when n is 0.
 float rms(const float* a, std::size_t n);
+// out = sqrt(re ^ 2 + im ^ 2), for squares within a float's range.
+void magnitude(const float* re, const float* im, float* out, std::size_t n);
+// out = the angle, 0 to pi / 2, of the point (x, y) with neither negative; 0 for (0, 0). Within 4 units in the last
+// place of pi / 2.
+void angle(const float* y, const float* x, float* out, std::size_t n);
+// out[2 i] = even[i], out[2 i + 1] = odd[i]; `out` has 2 n elements, apart from the inputs.
+void interleave(const float* even, const float* odd, float* out, std::size_t n);
+// even[i] = in[2 i] * scale, odd[i] = in[2 i + 1] * scale; `in` has 2 n elements, apart from the outputs.
+void deinterleave(const float* in, float scale, float* even, float* odd, std::size_t n);
 // out[i] = the sum over j of padded[i + j] * kernel[j]. `padded` has n + kernelLength - 1 elements, apart from `out`.
 void convolve(const float* padded, const float* kernel, std::size_t kernelLength, float* out, std::size_t n);
 

@@ -2,6 +2,7 @@
 
 #include "platform/VectorMath.h"
 #include "viz/QVMLineAttributes.h"
+#include "viz/StraightPoints.h"
 
 #include <algorithm>
 #include <array>
@@ -19,23 +20,6 @@ constexpr float kReferenceWidth = 1; // points
 constexpr float kGridWidth = 0.5f;   // points
 constexpr float kDim = 0.5f;         // of the sketch's colour, for the grid
 constexpr QVMDashPattern kReferenceDashes = {4, 2};
-
-// Leaves out the points that lie on the straight line between their neighbours; returns how many are left. The first
-// two and the last always are.
-std::size_t thinOut(std::vector<float>& xs, std::vector<float>& ys, std::size_t count) {
-    if (count < 3) return count;
-    const float straight = kStraight / static_cast<float>(count);
-    std::size_t kept = 2;
-    for (std::size_t i = 2; i < count; ++i) {
-        const float dx1 = xs[kept - 1] - xs[kept - 2], dy1 = ys[kept - 1] - ys[kept - 2];
-        const float dx2 = xs[i] - xs[kept - 1], dy2 = ys[i] - ys[kept - 1];
-        if (i + 1 < count && std::abs(dx1 * dy2 - dy1 * dx2) <= straight) continue;
-        xs[kept] = xs[i];
-        ys[kept] = ys[i];
-        ++kept;
-    }
-    return kept;
-}
 
 std::vector<float> triangle(int half) {
     const int length = 2 * half + 1;
@@ -90,7 +74,7 @@ void QVMFreqResp::prepareForDrawing(const float* db, float, int index) {
     smooth(c.ys);
     vectors::clip(c.ys.data(), -kFarthest, kFarthest, c.clippedYs.data(), count);
     vectors::copy(xs_.data(), c.clippedXs.data(), count);
-    c.pointCount = thinOut(c.clippedXs, c.clippedYs, count);
+    c.pointCount = dropStraightPoints(c.clippedXs, c.clippedYs, count, kStraight);
 }
 
 void QVMFreqResp::smooth(std::vector<float>& ys) {

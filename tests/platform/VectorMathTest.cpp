@@ -66,6 +66,47 @@ TEST_F(VectorMathTest, ArithmeticIsRoundedLikeScalarArithmeticAtEveryLength) {
     }
 }
 
+TEST_F(VectorMathTest, MagnitudesAndAnglesAreThoseOfTheCLibrary) {
+    for (const std::size_t n : lengths) {
+        const auto a = uniform(n, 0, 9), b = logarithmic(n, 1e-6f, 1e6f);
+        std::vector<float> size(n + 1, 42.0f), turn(n + 1, 42.0f);
+        vectors::magnitude(a.data(), b.data(), size.data(), n);
+        vectors::angle(a.data(), b.data(), turn.data(), n);
+        for (std::size_t i = 0; i < n; ++i) {
+            EXPECT_LT(errorInUlp(size[i], std::hypot(double{a[i]}, double{b[i]})), 2);
+            EXPECT_NEAR(turn[i], std::atan2(double{a[i]}, double{b[i]}), 4.8e-7);
+        }
+        EXPECT_EQ(size.back(), 42.0f);
+        EXPECT_EQ(turn.back(), 42.0f);
+    }
+}
+
+TEST_F(VectorMathTest, TheAnglesOfTheAxesAndOfNothing) {
+    const float y[] = {0, 0, 1, 1, 1e-30f, 3e38f}, x[] = {0, 1, 0, 1, 3e38f, 1e-30f};
+    const double expected[] = {0, 0, std::acos(0), std::atan(1), 0, std::acos(0)};
+    float turn[6];
+    vectors::angle(y, x, turn, 6);
+    for (std::size_t i = 0; i < 6; ++i)
+        EXPECT_NEAR(turn[i], expected[i], 4.8e-7) << i;
+}
+
+TEST_F(VectorMathTest, WhatIsInterleavedComesApartAgain) {
+    for (const std::size_t n : lengths) {
+        const auto even = uniform(n, -9, 9), odd = uniform(n, -9, 9);
+        std::vector<float> both(2 * n + 1, 42.0f), first(n + 1, 42.0f), second(n + 1, 42.0f);
+        vectors::interleave(even.data(), odd.data(), both.data(), n);
+        vectors::deinterleave(both.data(), 2, first.data(), second.data(), n);
+        for (std::size_t i = 0; i < n; ++i) {
+            EXPECT_EQ(both[2 * i], even[i]);
+            EXPECT_EQ(both[2 * i + 1], odd[i]);
+            EXPECT_EQ(first[i], 2 * even[i]);
+            EXPECT_EQ(second[i], 2 * odd[i]);
+        }
+        for (const auto* out : {&both, &first, &second})
+            EXPECT_EQ(out->back(), 42.0f) << "wrote beyond " << n;
+    }
+}
+
 TEST_F(VectorMathTest, ScalesAndAddsWithinOneRounding) {
     for (const std::size_t n : lengths) {
         const auto a = uniform(n, 1, 9), b = uniform(n, 1, 9);

@@ -1,0 +1,180 @@
+#include "viz/QVMGoniometer.h"
+
+#include "StereoSignals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class QVMGoniometerTest : public testing::Test {
+protected:
+    void start(Signal signal, double rate = 48000) {
+        source = std::make_unique<SignalSource>(signal, rate);
+        goniometer.init(displayCanvas(), static_cast<float>(rate), kBlock);
+    }
+    void run(int frames) {
+        play(
+            *source, goniometer.sampleRate(), frames,
+            [this](QVMAudioBuffer<float>& block, unsigned n) { goniometer.processAudio(&block, n, false); },
+            [this](float dt) { last = goniometer.prepareForDrawing(dt); });
+    }
+    // One block of the same frame, then as long a frame.
+    void show(float left, float right, bool midSide = false) {
+        goniometer.init(displayCanvas(), 48000, 1600);
+        QVMAudioBuffer<float> block(2);
+        block.alloc(1600);
+        std::fill_n(block.channels[0], 1600, left);
+        std::fill_n(block.channels[1], 1600, right);
+        goniometer.processAudio(&block, 1600, midSide);
+        ASSERT_EQ(goniometer.prepareForDrawing(1601.0f / 48000), Redraw::yes);
+    }
+
+    QVMGoniometer goniometer;
+    std::unique_ptr<SignalSource> source;
+    Redraw last = Redraw::no;
+};
+
+TEST_F(QVMGoniometerTest, KeepsAThirtiethOfASecondInWholeBlocks) {
+    const struct {
+        float rate;
+        unsigned block, capacity;
+    } cases[] = {{48000, 512, 2048}, {48000, 1600, 1600}, {44100, 64, 1472}, {192000, 512, 6656}, {48000, 4096, 4096}};
+    for (const auto& c : cases) {
+        goniometer.init(displayCanvas(), c.rate, c.block);
+        EXPECT_EQ(goniometer.capacity(), c.capacity) << c.rate << ", " << c.block;
+    }
+    EXPECT_EQ(goniometer.gain(), 0.5f);
+    EXPECT_EQ(goniometer.pointCount(), 0u);
+}
+
+TEST_F(QVMGoniometerTest, AMonoSignalIsAVerticalLine) {
+    start(Signal::mono);
+    run(60);
+    ASSERT_EQ(goniometer.pointCount(), 800u);
+    float highest = 0;
+    for (std::size_t i = 0; i < 800; ++i) {
+        EXPECT_EQ(goniometer.x()[i], 0);
+        highest = std::max(highest, std::abs(goniometer.y()[i]));
+    }
+    EXPECT_GT(highest, 0.4f);
+    EXPECT_LE(highest, 1.0f);
+}
+
+TEST_F(QVMGoniometerTest, OppositePhasesAreAHorizontalLine) {
+    start(Signal::opposite);
+    run(60);
+    float farthest = 0;
+    for (std::size_t i = 0; i < goniometer.pointCount(); ++i) {
+        EXPECT_EQ(goniometer.y()[i], 0);
+        farthest = std::max(farthest, std::abs(goniometer.x()[i]));
+    }
+    EXPECT_GT(farthest, 0.4f);
+}
+
+TEST_F(QVMGoniometerTest, OneSideAloneLeansToItsSide) {
+    for (const Signal signal : {Signal::left, Signal::right}) {
+        start(signal);
+        run(30);
+        const float side = signal == Signal::left ? -1.0f : 1.0f;
+        float farthest = 0;
+        for (std::size_t i = 0; i < goniometer.pointCount(); ++i) {
+            EXPECT_NEAR(goniometer.x()[i], side * goniometer.y()[i], 1e-6);
+            farthest = std::max(farthest, std::abs(goniometer.x()[i]));
+        }
+        EXPECT_GT(farthest, 0.2f);
+    }
+}
+
+TEST_F(QVMGoniometerTest, IndependentSidesFillACircle) {
+    start(Signal::wide);
+    run(60);
+    double xx = 0, yy = 0, xy = 0;
+    for (std::size_t i = 0; i < goniometer.pointCount(); ++i) {
+        const double x = goniometer.x()[i], y = goniometer.y()[i];
+        xx += x * x, yy += y * y, xy += x * y;
+    }
+    EXPECT_NEAR(xx / yy, 1, 0.25);
+    EXPECT_NEAR(xy / xx, 0, 0.15);
+}
+
+TEST_F(QVMGoniometerTest, SilenceKeepsTheGainRisingSlowlyTowardItsLimitAndDrawsNoFan) {
+    start(Signal::silence);
+    const double limit = 0.68 / 0.0056234132;
+    float before = goniometer.gain();
+    for (int second = 1; second <= 12; ++second) {
+        run(60);
+        EXPECT_GT(goniometer.gain(), before);
+        EXPECT_LT(goniometer.gain(), limit);
+        EXPECT_NEAR(goniometer.gain(), limit + (0.5 - limit) * std::exp(-second), 0.02 * limit) << second;
+        before = goniometer.gain();
+    }
+    EXPECT_NEAR(before, limit, 0.01);
+    EXPECT_TRUE(goniometer.fan().empty());
+    start(Signal::wide);
+    run(4);
+    EXPECT_FALSE(goniometer.fan().empty());
+}
+
+TEST_F(QVMGoniometerTest, TheGainFallsAHundredTimesAsFastAsItRises) {
+    show(0.5f, 0); // target 1.36, above the first gain: rises
+    const double dt = 1601.0 / 48000;
+    EXPECT_NEAR(goniometer.gain(), 1.36 + (0.5 - 1.36) * std::exp(-dt), 1e-4);
+    show(4, 0); // target 0.17: falls
+    EXPECT_NEAR(goniometer.gain(), 0.17 + (0.5 - 0.17) * std::exp(-100 * dt), 1e-4);
+    EXPECT_NEAR(goniometer.gains()[799], 0.17 + (0.5 - 0.17) * std::exp(-100 * dt / 2), 1e-4);
+}
+
+TEST_F(QVMGoniometerTest, EachPointIsTurnedByItsOwnGain) {
+    show(0.25f, -0.125f);
+    for (std::size_t i = 0; i < goniometer.pointCount(); ++i) {
+        EXPECT_FLOAT_EQ(goniometer.y()[i], 0.125f * goniometer.gains()[i]);
+        EXPECT_FLOAT_EQ(goniometer.x()[i], -0.375f * goniometer.gains()[i]);
+        EXPECT_FLOAT_EQ(goniometer.magnitudes()[i], std::hypot(0.25f, 0.125f));
+    }
+}
+
+TEST_F(QVMGoniometerTest, PointsStayWithinTheDisplay) {
+    show(100, 90);
+    EXPECT_EQ(goniometer.y()[0], 1);
+    EXPECT_EQ(goniometer.x()[0], -1);
+}
+
+TEST_F(QVMGoniometerTest, MidAndSideBecomeLeftAndRight) {
+    show(0.5f, 0.25f, true); // left 0.75, right 0.25
+    EXPECT_FLOAT_EQ(goniometer.y()[0], 1.0f * goniometer.gains()[0]);
+    EXPECT_FLOAT_EQ(goniometer.x()[0], -0.5f * goniometer.gains()[0]);
+}
+
+TEST_F(QVMGoniometerTest, AFrameLongerThanTheRingReadsAtMostItsCapacity) {
+    goniometer.init(displayCanvas(), 48000, 512);
+    EXPECT_EQ(goniometer.prepareForDrawing(10), Redraw::yes);
+    EXPECT_EQ(goniometer.pointCount(), goniometer.capacity());
+    EXPECT_EQ(goniometer.tap().readPosition(), goniometer.capacity());
+}
+
+TEST_F(QVMGoniometerTest, WithoutNewAudioTheLastPointsStay) {
+    start(Signal::mono);
+    run(10);
+    const std::vector<float> before(goniometer.y().begin(), goniometer.y().end());
+    for (int i = 0; i < 10; ++i)
+        last = goniometer.prepareForDrawing(kFrame);
+    EXPECT_EQ(last, Redraw::no);
+    EXPECT_EQ(goniometer.pointCount(), before.size());
+    for (const float dt : {0.0f, -1.0f, NAN, 1e-6f})
+        EXPECT_EQ(goniometer.prepareForDrawing(dt), Redraw::no);
+}
+
+TEST_F(QVMGoniometerTest, ASampleThatIsNoNumberIsGoneWithItsFrame) {
+    show(NAN, 0.5f);
+    EXPECT_TRUE(goniometer.fan().empty());
+    EXPECT_TRUE(std::isfinite(goniometer.gain()));
+    show(INFINITY, 0.5f);
+    EXPECT_TRUE(std::isfinite(goniometer.gain()));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
