@@ -3,8 +3,11 @@
 #include "controls/QVMBooleanControl.h"
 #include "controls/QVMCycleControl.h"
 #include "controls/QVMGlowingBooleanControl.h"
+#include "controls/QVMGridControl.h"
 #include "controls/QVMItemizedControl.h"
+#include "controls/QVMNoteSlider.h"
 #include "controls/QVMNumberControl.h"
+#include "controls/QVMToggleControl.h"
 #include "controls/QVMVerticalSlider.h"
 
 #include <array>
@@ -16,8 +19,10 @@ namespace {
 // By control type; main thread only. A null is a class that is defined elsewhere or not at all.
 std::array<QVMFloatControlClass, 9>& classes() {
     static std::array<QVMFloatControlClass, 9> table = {
-        &makeFloatControl<QVMVerticalSlider>,  &makeFloatControl<QVMBooleanControl>, &makeFloatControl<QVMCycleControl>,
-        &makeFloatControl<QVMItemizedControl>, &makeFloatControl<QVMNumberControl>,
+        &makeFloatControl<QVMVerticalSlider>, &makeFloatControl<QVMBooleanControl>,
+        &makeFloatControl<QVMCycleControl>,   &makeFloatControl<QVMItemizedControl>,
+        &makeFloatControl<QVMNumberControl>,  &makeFloatControl<QVMToggleControl>,
+        &makeFloatControl<QVMNoteSlider>,     &makeFloatControl<QVMGridControl>,
     };
     return table;
 }

@@ -11,11 +11,12 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kValueSize = 16, kIconSize = 20; // points
-constexpr double kTextPadding = 8;                // between a capsule's end and its text
+constexpr double kValueSize = 16, kUnitSize = 12, kIconSize = 20; // points
+constexpr double kTextPadding = 8;                                // between a capsule's end and its text
 constexpr double kPulseSeconds = 0.09;
-// Marks inside the capsule stand stacked at its right end, those beside it one at each end.
-constexpr double kInsideSpan = 20, kInsideCenter = 11.5, kBesideSpan = 18;
+// Marks inside the capsule stand stacked at its right end, those beside it one at each end of the control, clear of the
+// focus border.
+constexpr double kInsideSpan = 20, kInsideCenter = 11.5, kBesideSpan = 18, kBesideCenter = 6;
 constexpr double kChevronLength = 10, kChevronDepth = 4.75, kChevronGap = 5, kChevronWidth = 1.75;
 constexpr float kChevronAlpha = 0.75f;
 constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.6;
@@ -97,7 +98,20 @@ double QVMCycleControl::widestValueText() const {
                                     Color{});
         widest = std::max(widest, TextMetrics::current().width(text));
     }
+    if (!parameter().stringValues.empty()) return widest;
+    for (const float value : {parameter().minValue, parameter().maxValue})
+        widest = std::max(widest, TextMetrics::current().width(textForValue(value, Color{})));
     return widest;
+}
+
+AttributedString QVMCycleControl::textForValue(float value, Color color) const {
+    std::string text;
+    std::optional<std::string> suffix;
+    parameter().valueString(&text, &suffix, value);
+    const double icon = std::floor(iconSize());
+    AttributedString shown(text, QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, icon), color);
+    if (suffix && !suffix->empty()) shown.append({" " + *suffix, QVMUITheme::unitFontOfSize(kUnitSize), color});
+    return shown;
 }
 
 Rect QVMCycleControl::rectAvailableForTextDisplay() const {
@@ -127,8 +141,8 @@ void QVMCycleControl::layOutCrementers() {
     const bool beside = crementers_ == Crementers::beside;
     const double apart = (kChevronGap + kChevronDepth) / 2;
     const Point stack{bgFrame_.maxX() - kInsideCenter, bgFrame_.midY()};
-    const Point up = beside ? Point{bounds().width - kBesideSpan / 2, bgFrame_.midY()} : stack + Point{0, apart};
-    const Point down = beside ? Point{kBesideSpan / 2, bgFrame_.midY()} : stack - Point{0, apart};
+    const Point up = beside ? Point{bounds().width - kBesideCenter, bgFrame_.midY()} : stack + Point{0, apart};
+    const Point down = beside ? Point{kBesideCenter, bgFrame_.midY()} : stack - Point{0, apart};
     const Point direction = beside ? Point{1, 0} : Point{0, 1};
     const double side = kChevronLength;
     inc_->setFrame(square(up, side));
@@ -148,12 +162,8 @@ QVMCycleControl::Look QVMCycleControl::lookForValue(float) const {
 
 void QVMCycleControl::redraw() {
     layOut();
-    std::string text;
-    parameter().valueString(&text, nullptr, floatValue());
     const Look look = lookForValue(floatValue());
-    const double icon = std::floor(iconSize());
-    typesetAttributedStringValueBackgroundColor(
-        {text, QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, icon), look.text}, look);
+    typesetAttributedStringValueBackgroundColor(textForValue(floatValue(), look.text), look);
 
     const bool beside = crementers_ == Crementers::beside;
     const Color mark = beside ? QVMUITheme::theme().palette.label : look.text.withAlpha(look.text.a * kChevronAlpha);

@@ -83,6 +83,7 @@ private:
     void typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look);
     void showHover();
     double widestValueText() const;
+    AttributedString textForValue(float value, Color color) const; // number with its unit, name or glyph
 
     std::shared_ptr<Layer> bg_, hover_;
     std::shared_ptr<TextLayer> value_;

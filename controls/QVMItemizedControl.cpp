@@ -1,6 +1,9 @@
 #include "controls/QVMItemizedControl.h"
 
+#include "description/ValueMapping.h"
 #include "platform/Window.h"
+
+#include <algorithm>
 
 namespace QVM_NAMESPACE {
 
@@ -36,13 +39,21 @@ std::unique_ptr<Menu> QVMItemizedControl::itemMenu() {
     for (const QVMHierarchyItem& item : parameter().hierarchy)
         menu->items.push_back(itemFor(item, nextValue));
     if (!parameter().hierarchy.empty()) return menu;
-    for (const std::string& name : parameter().stringValues)
+    const std::vector<std::string>& flat = parameter().flatHierarchy;
+    for (const std::string& name : flat.empty() ? parameter().stringValues : flat)
         menu->items.push_back(itemFor(name, nextValue++));
     return menu;
 }
 
 MenuItem QVMItemizedControl::itemFor(const QVMHierarchyItem& item, float& nextValue) {
-    if (item.children.empty()) return itemFor(item.name, nextValue++);
+    if (item.children.empty()) {
+        // The tree may be sorted for the reader; the flat list then says which value a name is.
+        const std::vector<std::string>& flat = parameter().flatHierarchy;
+        const auto place = std::ranges::find(flat, item.name);
+        const float counted = nextValue++;
+        return itemFor(item.name,
+                       place == flat.end() ? counted : parameter().minValue + static_cast<float>(place - flat.begin()));
+    }
     MenuItem group;
     group.title = item.name;
     for (const QVMHierarchyItem& child : item.children)
@@ -53,12 +64,20 @@ MenuItem QVMItemizedControl::itemFor(const QVMHierarchyItem& item, float& nextVa
 MenuItem QVMItemizedControl::itemFor(const std::string& name, float value) {
     MenuItem item;
     item.title = name;
-    item.enabled = parameter().restrictValue(value) == value;
+    item.enabled = isAllowed(value);
     item.checked = floatValue() == value;
     item.action = [self = std::weak_ptr<QVMItemizedControl*>(self_), value] {
         if (const auto control = self.lock()) (*control)->chooseValue(value);
     };
     return item;
+}
+
+bool QVMItemizedControl::isAllowed(float value) const {
+    const QVMParameter& p = parameter();
+    const auto entry = p.channelRestrictions.find(std::to_string(IntegerPart(value)));
+    const bool isHere = entry == p.channelRestrictions.end() ||
+                        std::ranges::find(entry->second, QVMChannelPair{p.chanIn, p.chanOut}) != entry->second.end();
+    return isHere && p.restrictValue(value) == value;
 }
 
 void QVMItemizedControl::chooseValue(float value) {

@@ -15,8 +15,8 @@ public:
 
     // Opens the menu below the background; nothing while the control is in no window.
     void popupItemizedOptions();
-    // Every value by name, nested as the parameter nests them, the present one checked. The menu may outlive the
-    // control: its items then do nothing.
+    // Every value by name, nested as the parameter nests them, the present one checked and those that the channel
+    // configuration does not allow disabled. The menu may outlive the control: its items then do nothing.
     std::unique_ptr<Menu> itemMenu();
     // What choosing an item does: a user's discrete change to that value.
     void chooseValue(float value);
@@ -26,6 +26,7 @@ public:
 private:
     MenuItem itemFor(const std::string& name, float value);
     MenuItem itemFor(const QVMHierarchyItem& item, float& nextValue);
+    bool isAllowed(float value) const; // in the channel configuration, as cycling has it
 
     DelayedCall popup_;
     std::shared_ptr<QVMItemizedControl*> self_ = std::make_shared<QVMItemizedControl*>(this); // for menu items

@@ -101,6 +101,11 @@ void QVMNumberControl::handleMouseUpWithEventGranularities(const QVMEvent&, cons
     popDragCursor();
 }
 
+void QVMNumberControl::mouseUp(const Event& event) {
+    QVMFloatControl::mouseUp(event);
+    popDragCursor(); // also where a key held at the release keeps it from the hook above
+}
+
 void QVMNumberControl::popDragCursor() {
     if (cursorWindow_) cursorWindow_->popCursor();
     cursorWindow_ = nullptr;

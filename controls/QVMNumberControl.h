@@ -32,6 +32,7 @@ public:
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
     void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void mouseUp(const Event& event) override;
     void themeUpdated() override;
     void mouseEntered(const Event& event) override;
     void mouseExited(const Event& event) override;

@@ -49,9 +49,9 @@ public:
     float normalizeFloatValue(float value, std::uint32_t type) const;
 
     // Slider position 0 to 1 of a value, and the normalised value at a position. Values beyond the range have positions
-    // beyond 0 to 1.
-    float percentageFromFloatValue(float shownValue) const;
-    float normalizedFloatValueFromPercent(float percent, std::uint32_t type) const;
+    // beyond 0 to 1. The curve is that of `pid`; hooks for a description whose parameters bring their own.
+    virtual float percentageFromFloatValue(float shownValue) const;
+    virtual float normalizedFloatValueFromPercent(float percent, std::uint32_t type) const;
 
     // The next or previous value for cycling controls, wrapping at the ends and stepping over values that the channel
     // configuration does not allow. Does not end if no value at all is allowed. NaN counts as `minValue`.
@@ -63,9 +63,9 @@ public:
     // `name` as NUL-terminated text; lives until `name` changes.
     const char* C_codename() const { return name.c_str(); }
 
-    // Number or name text, and unit text or none at all, without the cue symbols.
-    std::string stringForValue(float value) const;
-    std::optional<std::string> suffixForValue(float value) const;
+    // Number or name text, and unit text or none at all, without the cue symbols. By `pid`, and hooks, like the above.
+    virtual std::string stringForValue(float value) const;
+    virtual std::optional<std::string> suffixForValue(float value) const;
     // What a control shows: both texts at once, either pointer may be null. A parameter with one cue symbol for each
     // of its named values shows the symbol.
     void valueString(std::string* string, std::optional<std::string>* suffix, float value) const;

@@ -40,6 +40,13 @@ inline constexpr std::string_view check = "\uE114";
 inline constexpr std::string_view speaker = "\uE115";
 inline constexpr std::string_view meterReset = "\uE116";
 
+// Lengths of notes.
+inline constexpr std::string_view noteWhole = "\uE301";
+inline constexpr std::string_view noteHalf = "\uE302";
+inline constexpr std::string_view noteQuarter = "\uE303";
+inline constexpr std::string_view noteEighth = "\uE304";
+inline constexpr std::string_view noteSixteenth = "\uE305";
+
 // Units. They stand on the baseline of the value text, their capitals 0.5 of the size high.
 inline constexpr std::string_view dbPerOctave = "\uE800";
 inline constexpr std::string_view kHz = "\uE801";
@@ -48,11 +55,12 @@ inline constexpr std::string_view dB = "\uE803";
 inline constexpr std::string_view percent = "\uE804";
 
 // Every glyph above: what the font must have.
-inline constexpr std::array all = {
-    power,        qualityOff,    qualityOn,    listenHigh, listenLow,   gear,     logoMark,   undo,
-    redo,         chevronLeft,   chevronRight, chevronUp,  chevronDown, selector, triangleUp, triangleDown,
-    triangleLeft, triangleRight, copyRight,    copyLeft,   letterA,     letterB,  close,      check,
-    speaker,      meterReset,    dbPerOctave,  kHz,        Hz,          dB,       percent};
+inline constexpr std::array all = {power,         qualityOff,  qualityOn,  listenHigh,   listenLow,    gear,
+                                   logoMark,      undo,        redo,       chevronLeft,  chevronRight, chevronUp,
+                                   chevronDown,   selector,    triangleUp, triangleDown, triangleLeft, triangleRight,
+                                   copyRight,     copyLeft,    letterA,    letterB,      close,        check,
+                                   speaker,       meterReset,  noteWhole,  noteHalf,     noteQuarter,  noteEighth,
+                                   noteSixteenth, dbPerOctave, kHz,        Hz,           dB,           percent};
 
 } // namespace icons
 } // namespace QVM_NAMESPACE

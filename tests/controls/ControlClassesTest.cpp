@@ -3,9 +3,12 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMGlowingBooleanControl.h"
+#include "controls/QVMGridControl.h"
 #include "controls/QVMItemizedControl.h"
+#include "controls/QVMNoteSlider.h"
 #include "controls/QVMNumberControl.h"
 #include "controls/QVMParameterControl.h"
+#include "controls/QVMToggleControl.h"
 #include "controls/QVMVerticalSlider.h"
 
 #include <gtest/gtest.h>
@@ -27,10 +30,10 @@ const std::type_info& classOf(const QVMParameter& parameter) {
 }
 
 TEST(ControlClasses, EachControlTypeHasItsClass) {
-    const std::type_info* expected[] = {&typeid(QVMVerticalSlider), &typeid(QVMBooleanControl),
-                                        &typeid(QVMCycleControl), &typeid(QVMItemizedControl),
-                                        &typeid(QVMNumberControl)};
-    for (std::int32_t type = 0; type < 5; ++type)
+    const std::type_info* expected[] = {
+        &typeid(QVMVerticalSlider), &typeid(QVMBooleanControl), &typeid(QVMCycleControl), &typeid(QVMItemizedControl),
+        &typeid(QVMNumberControl),  &typeid(QVMToggleControl),  &typeid(QVMNoteSlider),   &typeid(QVMGridControl)};
+    for (std::int32_t type = 0; type < 8; ++type)
         EXPECT_EQ(classOf(parameterLike(14, [type](QVMParameter& p) { p.controlType = type; })), *expected[type])
             << type;
 }

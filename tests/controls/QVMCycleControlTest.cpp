@@ -92,6 +92,16 @@ TEST_F(QVMCycleControlTest, ShowsTheNameOfItsValue) {
     EXPECT_TRUE(record.lines.empty()) << "a value from the model is not reported";
 }
 
+TEST_F(QVMCycleControlTest, ANumberIsShownWithItsUnit) {
+    const QVMParameter ratio = parameterLike(17);
+    QVMCycleControl percent({0, 0, 73, 26}, ratio);
+    percent.setFloatValue(50);
+    EXPECT_EQ(percent.value()->string().string(), "50 %");
+    EXPECT_GT(percent.maxWidth(), TextMetrics::current().width(percent.value()->string())) << "100 % is wider";
+    percent.cycleValueForward(true);
+    EXPECT_EQ(percent.floatValue(), 51);
+}
+
 TEST_F(QVMCycleControlTest, ShrinksATextByWholePointsUntilItFits) {
     control.setFrame({0, 0, 60, 26});
     control.setFloatValue(2);

@@ -124,6 +124,43 @@ TEST_F(QVMItemizedControlTest, ANestedHierarchyIsANestedMenu) {
     EXPECT_EQ(control2.floatValue(), 3);
 }
 
+TEST_F(QVMItemizedControlTest, AFlatHierarchySaysWhichValueANameIs) {
+    const QVMParameter sorted = parameterLike(kLoudness, [](QVMParameter& p) {
+        p.flatHierarchy = {"Auto", "Norm", "Treble", "Bass"};
+        p.hierarchy = {{"Bass", {}}, {"Others", {{"Auto", {}}, {"Treble", {}}}}};
+    });
+    QVMItemizedControl control2({0, 0, 140, 26}, sorted);
+    const auto menu = control2.itemMenu();
+    menu->items[0].action();
+    EXPECT_EQ(control2.floatValue(), 3);
+    menu->items[1].submenu[1].action();
+    EXPECT_EQ(control2.floatValue(), 2);
+}
+
+TEST_F(QVMItemizedControlTest, WithoutATreeTheFlatListIsTheMenu) {
+    const QVMParameter flat = parameterLike(kLoudness, [](QVMParameter& p) { p.flatHierarchy = {"A", "B", "C", "D"}; });
+    QVMItemizedControl control2({0, 0, 140, 26}, flat);
+    const auto menu = control2.itemMenu();
+    ASSERT_EQ(menu->items.size(), 4u);
+    EXPECT_EQ(menu->items[1].title, "B");
+    menu->items[1].action();
+    EXPECT_EQ(control2.floatValue(), 1);
+}
+
+TEST_F(QVMItemizedControlTest, ValuesThatTheChannelConfigurationForbidsAreDisabled) {
+    const QVMParameter restricted = parameterLike(kLoudness, [](QVMParameter& p) {
+        p.chanIn = p.chanOut = 1;
+        p.channelRestrictions = {{"1", {{2, 2}}}, {"2", {{1, 1}}}};
+    });
+    QVMItemizedControl control2({0, 0, 140, 26}, restricted);
+    const auto menu = control2.itemMenu();
+    EXPECT_TRUE(menu->items[0].enabled);
+    EXPECT_FALSE(menu->items[1].enabled);
+    EXPECT_TRUE(menu->items[2].enabled);
+    control2.cycleValueForward(true);
+    EXPECT_EQ(control2.floatValue(), 2) << "cycling steps over it as well";
+}
+
 TEST_F(QVMItemizedControlTest, AMenuThatOutlivesItsControlDoesNothing) {
     auto lost = std::make_unique<QVMItemizedControl>(Rect{0, 0, 140, 26}, parameter);
     const auto menu = lost->itemMenu();

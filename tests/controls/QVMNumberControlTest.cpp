@@ -223,6 +223,29 @@ TEST_F(QVMNumberControlTest, ADragShowsItsOwnCursorUntilTheRelease) {
     EXPECT_EQ(host.shown, Cursor::arrow) << "leaving the window in mid-drag ends it as well";
 }
 
+TEST_F(QVMNumberControlTest, AKeyHeldAtTheReleaseDoesNotKeepTheDragCursor) {
+    CursorHost host;
+    Window window(&host);
+    auto& inWindow = window.setContentView(std::make_unique<View>(Rect{0, 0, 200, 100}))
+                         .addSubview(std::make_unique<QVMNumberControl>(Rect{10, 10, 80, 44}, parameter));
+    for (const std::uint32_t key : {EventModifier::option, EventModifier::control}) {
+        press(inWindow, {40, 20});
+        EXPECT_EQ(host.shown, Cursor::resizeUpDown);
+        release(inWindow, {40, 20}, key);
+        EXPECT_EQ(host.shown, Cursor::arrow);
+    }
+}
+
+TEST_F(QVMNumberControlTest, EveryNumberOfTheProductHasPointsForEachGranularity) {
+    for (const std::uint32_t pid : {14u, 15u, 21u, 22u}) {
+        const QVMParameter& product = *GetParameter(pid);
+        ASSERT_EQ(product.numberOnlyPixelConstants.size(), 3u) << pid;
+        const QVMNumberControl box({0, 0, 80, 44}, product);
+        EXPECT_GT(box.rangeForGranularity(QVMGranularityFine), box.rangeForGranularity(QVMGranularityNormal)) << pid;
+        EXPECT_LT(box.rangeForGranularity(QVMGranularityCoarse), box.rangeForGranularity(QVMGranularityNormal)) << pid;
+    }
+}
+
 TEST_F(QVMNumberControlTest, TextsAreLegibleInBothThemes) {
     const auto check = [this] {
         for (const auto& text : {control.value(), control.unit()}) {

@@ -1,0 +1,61 @@
+// A field of squares, one a value from 0 up, of which one is taken; the value's text stands below. Chosen by pressing
+// or sweeping; the arrow keys for up and down go by rows. Main thread only.
+#pragma once
+
+#include "controls/QVMFloatControl.h"
+#include "platform/ShapeLayer.h"
+#include "platform/TextLayer.h"
+
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+class QVMGridControl : public QVMFloatControl {
+public:
+    QVMGridControl(const Rect& frame, const QVMParameter& parameter);
+
+    // The squares in value order, own coordinates: rows from the top down, each from the left. And how many make a row.
+    const std::vector<Rect>& squares() const { return squares_; }
+    int square() const { return square_; }
+    // Where squares and text stand, own coordinates.
+    Rect calculatedSquares() const;
+    Rect strValueRect() const;
+
+    // The value under the pointer; the present one, as a whole number, where it is on no square.
+    int indexValueForEvent(const QVMEvent& event) const;
+    static TextAlignment centeredStyle() { return TextAlignment::center; }
+
+    const std::shared_ptr<Layer>& bg() const { return bg_; }
+    // Under the square that is taken; hidden for a value that has none.
+    const std::shared_ptr<Layer>& current() const { return current_; }
+    const std::shared_ptr<TextLayer>& strValue() const { return strValue_; }
+
+    void setFloatValue(float value) override;
+    void setHighlit(bool highlit) override;
+    void setDimmed(bool dimmed) override;
+    void setPreventInteraction(bool prevent) override;
+    float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const override;
+    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
+                                                  const QVMGranularities& granularities) override;
+    void themeUpdated() override { redraw(); }
+    void frameDidChange() override { redraw(); }
+    void mouseMoved(const Event& event) override;
+    void mouseExited(const Event& event) override;
+
+private:
+    void addSquares();
+    void redraw();
+    void showValue(Animate animate);
+    void showHover();
+    void takeValueFromEvent(const QVMEvent& event);
+    int indexAt(Point point) const; // -1: none
+
+    std::vector<Rect> squares_;
+    int square_ = 1, hoveredIndex_ = -1;
+    std::shared_ptr<Layer> bg_, hover_, current_;
+    std::shared_ptr<ShapeLayer> field_; // all squares
+    std::shared_ptr<TextLayer> strValue_;
+};
+
+} // namespace QVM_NAMESPACE

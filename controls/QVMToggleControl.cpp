@@ -1,0 +1,177 @@
+#include "controls/QVMToggleControl.h"
+
+#include "controls/QVMFocusBorder.h"
+#include "description/ValueMapping.h"
+#include "platform/Transaction.h"
+#include "theme/QVMUITheme.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kHoldSeconds = 0.2;  // after which a press on a switch chooses by position
+constexpr double kGlideSeconds = 0.1; // of the selection
+constexpr double kSelectionInset = 2; // points between selection and background
+constexpr double kDisabledOpacity = 0.35;
+constexpr int kMostSegments = 64;
+
+} // namespace
+
+QVMToggleControl::QVMToggleControl(const Rect& frame, const QVMParameter& parameter)
+    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
+      selection_(std::make_shared<Layer>(YAxis::up)) {
+    bg_->setName("bg");
+    selection_->setName("selection");
+    layer()->insertSublayer(bg_, 0);
+    layer()->insertSublayer(selection_, 1);
+    addSegments();
+    QVMToggleControl::setFloatValue(floatValue());
+    redraw();
+}
+
+void QVMToggleControl::addSegments() {
+    const int last = std::min(IntegerPart(parameter().maxValue), kMostSegments - 1);
+    for (int value = 0; value <= last; ++value) {
+        std::string text;
+        parameter().valueString(&text, nullptr, static_cast<float>(value));
+        values_.push_back(&addSubview(std::make_unique<QVMToggleSegment>(Rect{}, std::move(text))));
+    }
+    layer()->addSublayer(highlight()); // around the segments too
+}
+
+void QVMToggleControl::redraw() {
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const Rect box = bounds();
+    const double radius = std::min(box.width, box.height) / 2;
+    bg_->setFrame(box);
+    bg_->setCornerRadius(radius);
+    bg_->setBackgroundColor(palette.boxFill);
+    bg_->setBorder(1, palette.boxBorder);
+    const Color accent = colorFrom(parameter().color);
+    selection_->setBackgroundColor(contrasted(accent, palette.onAccent));
+    highlight()->setStrokeNSColor(contrasted(accent, palette.panel));
+
+    // Whole points, so that no line falls between two pixels; the ends are the control's.
+    rValuesOriginal_.clear();
+    const double count = static_cast<double>(values_.size());
+    for (std::size_t i = 0; i < values_.size(); ++i) {
+        const auto at = [&](std::size_t index) { return std::round(box.width * static_cast<double>(index) / count); };
+        rValuesOriginal_.push_back({at(i), 0, at(i + 1) - at(i), box.height});
+        values_[i]->setFrame(rValuesOriginal_[i]);
+        values_[i]->redraw();
+    }
+    const double opacity = isDisabled() ? kDisabledOpacity : 1;
+    for (const std::shared_ptr<Layer>& part : {bg_, selection_})
+        part->setOpacity(opacity);
+    for (QVMToggleSegment* segment : values_)
+        segment->setAlpha(opacity);
+    showSelection(Animate::no);
+    showHover();
+}
+
+void QVMToggleControl::showSelection(Animate animate) {
+    selection_->setHidden(selected_ < 0);
+    if (selected_ < 0) return;
+    const Rect inside = rValuesOriginal_[static_cast<std::size_t>(selected_)].insetBy(kSelectionInset, kSelectionInset);
+    const Transaction transaction =
+        animate == Animate::yes ? Transaction::animated(kGlideSeconds) : Transaction::disablingActions();
+    selection_->setFrame(inside);
+    selection_->setCornerRadius(std::max(std::min(inside.width, inside.height) / 2, 0.0));
+}
+
+void QVMToggleControl::setFloatValue(float value) {
+    QVMFloatControl::setFloatValue(value);
+    const float index = std::round(value);
+    const int now = index >= 0 && index < static_cast<float>(values_.size()) ? static_cast<int>(index) : -1;
+    const int was = std::exchange(selected_, now);
+    for (int i = 0; i < static_cast<int>(values_.size()); ++i) {
+        QVMToggleSegment& segment = *values_[static_cast<std::size_t>(i)];
+        segment.setSelected(i == selected_);
+        // No line beside the selection, which has edges of its own.
+        segment.setSeparated(i > 0 && i != selected_ && i - 1 != selected_);
+    }
+    if (now != was && !rValuesOriginal_.empty()) showSelection(was >= 0 ? Animate::yes : Animate::no);
+}
+
+void QVMToggleControl::setHighlit(bool highlit) {
+    animateHighlightToFramePositionRoundingInset(bounds(), {}, 0.5, true);
+    QVMFloatControl::setHighlit(highlit);
+}
+
+void QVMToggleControl::setDimmed(bool dimmed) {
+    QVMFloatControl::setDimmed(dimmed);
+    showHover();
+}
+
+void QVMToggleControl::setPreventInteraction(bool prevent) {
+    QVMFloatControl::setPreventInteraction(prevent);
+    if (prevent) hold_.cancel();
+    redraw();
+}
+
+void QVMToggleControl::handleMouseDownWithEventGranularities(const QVMEvent& event,
+                                                             const QVMGranularities& granularities) {
+    didDrag_ = caughtUp_ = false;
+    if (parameter().maxValue <= 1)
+        hold_.schedule(kHoldSeconds, [this, event] { toggleDraggedToPointFromEvent(event); });
+    else
+        handleMouseDraggedWithEventGranularities(event, granularities);
+}
+
+void QVMToggleControl::handleMouseDraggedWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
+    toggleDraggedToPointFromEvent(event);
+}
+
+void QVMToggleControl::toggleDraggedToPointFromEvent(const QVMEvent& event) {
+    if (caughtUp_) return;
+    didDrag_ = true;
+    setSweeping(true);
+    const int index = indexAt(event.point);
+    if (index < 0) return;
+    setFloatValue(static_cast<float>(index));
+    reportInterfaceInitiatedValueChange();
+}
+
+void QVMToggleControl::handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities&) {
+    caughtUp_ = true;
+    hold_.cancel();
+    if (!didDrag_ && parameter().maxValue == 1) {
+        setFloatValue(floatValue() == 0 ? 1.0f : 0.0f);
+        reportInterfaceInitiatedValueChange();
+    }
+    didDrag_ = false;
+}
+
+void QVMToggleControl::mouseUp(const Event& event) {
+    QVMFloatControl::mouseUp(event);
+    hold_.cancel(); // whatever keys are held: nothing is chosen once the button is up
+    setSweeping(false);
+}
+
+int QVMToggleControl::indexAt(Point point) const {
+    const auto found = std::ranges::find_if(
+        rValuesOriginal_, [&](const Rect& frame) { return frame.minX() <= point.x && point.x <= frame.maxX(); });
+    return found == rValuesOriginal_.end() ? -1 : static_cast<int>(found - rValuesOriginal_.begin());
+}
+
+void QVMToggleControl::mouseMoved(const Event& event) {
+    hoveredIndex_ = indexAt(convertFromWindow(event.locationInWindow));
+    showHover();
+}
+
+void QVMToggleControl::mouseExited(const Event&) {
+    hoveredIndex_ = -1;
+    showHover();
+}
+
+void QVMToggleControl::showHover() {
+    const bool shows = !isDisabled() && !dimmed();
+    for (int i = 0; i < static_cast<int>(values_.size()); ++i)
+        values_[static_cast<std::size_t>(i)]->setHovered(shows && i == hoveredIndex_);
+}
+
+} // namespace QVM_NAMESPACE

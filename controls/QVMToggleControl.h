@@ -1,0 +1,64 @@
+// A row of choices of which one is taken: clicked, or swept over with the pointer down. A row of two states is also a
+// switch: a quick click flips it wherever it lands, and only a press that is held chooses by position.
+//
+// Its parameter's values count from 0, a segment each. Main thread only.
+#pragma once
+
+#include "controls/QVMFloatControl.h"
+#include "controls/QVMToggleSegment.h"
+#include "platform/DelayedCall.h"
+
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+class QVMToggleControl : public QVMFloatControl {
+public:
+    QVMToggleControl(const Rect& frame, const QVMParameter& parameter);
+
+    // The segments in value order; they are subviews.
+    const std::vector<QVMToggleSegment*>& values() const { return values_; }
+    // Where they stand, own coordinates: what a pointer is compared with.
+    const std::vector<Rect>& rValuesOriginal() const { return rValuesOriginal_; }
+    // The index of the segment that is shown as taken, or -1 for a value that has none.
+    int selected() const { return selected_; }
+    // Whether the gesture has become a sweep, and whether it is over, so that what waits for it comes too late.
+    bool didDrag() const { return didDrag_; }
+    bool caughtUp() const { return caughtUp_; }
+    // The layer under the taken segment.
+    const std::shared_ptr<Layer>& selection() const { return selection_; }
+    const std::shared_ptr<Layer>& bg() const { return bg_; }
+
+    // Takes the segment under the event as the user's choice, unless the gesture is over.
+    void toggleDraggedToPointFromEvent(const QVMEvent& event);
+
+    void setFloatValue(float value) override;
+    void setHighlit(bool highlit) override;
+    void setDimmed(bool dimmed) override;
+    void setPreventInteraction(bool prevent) override;
+    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
+                                                  const QVMGranularities& granularities) override;
+    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    void themeUpdated() override { redraw(); }
+    void frameDidChange() override { redraw(); }
+    void mouseUp(const Event& event) override;
+    void mouseMoved(const Event& event) override;
+    void mouseExited(const Event& event) override;
+
+private:
+    int indexAt(Point point) const; // -1: none
+    void addSegments();
+    void redraw();
+    void showSelection(Animate animate);
+    void showHover();
+
+    std::vector<QVMToggleSegment*> values_;
+    std::vector<Rect> rValuesOriginal_;
+    int selected_ = -1, hoveredIndex_ = -1;
+    bool didDrag_ = false, caughtUp_ = false;
+    std::shared_ptr<Layer> bg_, selection_;
+    DelayedCall hold_; // a press on a switch that may become a sweep
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,119 @@
+#include "tools/gallery/GalleryApp.h"
+
+#include "platform/juce/Screenshot.h"
+#include "platform/juce/WindowComponent.h"
+#include "plugin/standalone/EditorHolder.h"
+#include "theme/QVMUITheme.h"
+#include "tools/gallery/GalleryView.h"
+#include "tools/gallery/TestSignal.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double signalSampleRateHz = 48000;
+
+GalleryOptions& options() {
+    static GalleryOptions parsed;
+    return parsed;
+}
+
+bool hasDisplay() {
+    return juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr;
+}
+
+// A line at a time, so that whoever reads them sees them at once.
+void printLine(const std::string& line) {
+    std::printf("%s\n", line.c_str());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+class GalleryApp::GalleryWindow final : public juce::DocumentWindow {
+public:
+    GalleryWindow(WindowComponent& content, double scale)
+        : juce::DocumentWindow("Slantwise gallery", juce::Colours::black, closeButton | minimiseButton) {
+        setUsingNativeTitleBar(true);
+        if (scale > 0) {
+            // The desktop scales the window on its own; this is what is missing to the scale asked for.
+            const double desktop = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->scale;
+            content.setTransform(juce::AffineTransform::scale(static_cast<float>(scale / desktop)));
+        }
+        setContentOwned(new EditorHolder(content), true);
+        setResizable(false, false);
+        centreWithSize(getWidth(), getHeight());
+        setVisible(true);
+    }
+    void closeButtonPressed() override { JUCEApplicationBase::quit(); }
+};
+
+GalleryApp::GalleryApp() = default;
+
+GalleryApp::~GalleryApp() = default;
+
+void GalleryApp::setOptions(GalleryOptions parsed) {
+    options() = std::move(parsed);
+}
+
+void GalleryApp::fail(const std::string& message) {
+    std::fprintf(stderr, "slantwise-gallery: %s\n", message.c_str());
+    setApplicationReturnValue(1);
+    quit();
+}
+
+std::unique_ptr<StereoFeed> GalleryApp::makeFeed() {
+    const std::string& file = options().audioFile;
+    if (file.empty())
+        return std::make_unique<StereoFeed>(*testSignal(options().signal, signalSampleRateHz),
+                                            "signal " + options().signal);
+    auto read = readAudioFile(file);
+    if (const auto* error = std::get_if<AudioFileError>(&read)) {
+        fail(error->message);
+        return nullptr;
+    }
+    return std::make_unique<StereoFeed>(std::get<AudioClip>(std::move(read)),
+                                        std::filesystem::path(file).filename().string());
+}
+
+void GalleryApp::initialise(const juce::String&) {
+    const bool display = hasDisplay();
+    if (!display && options().screenshotFile.empty() && !options().quitAfterSeconds)
+        return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
+    component_ = std::make_unique<WindowComponent>(WindowComponent::Embedding::ownWindow);
+    feed_ = makeFeed();
+    if (!feed_) return;
+    if (options().theme == GalleryOptions::Theme::dark) QVMUITheme::toggleThemeForWindow(&component_->window());
+    component_->window().setContentView(std::make_unique<GalleryView>(
+        *feed_, options().page, options().printEvents ? GalleryView::Listener(&printLine) : nullptr));
+    if (display) {
+        window_ = std::make_unique<GalleryWindow>(*component_, options().scale);
+        component_->window().makeKey(); // Tab works before the first click
+    }
+    if (!options().screenshotFile.empty())
+        screenshotCall_.schedule(options().afterSeconds, [this] { writeScreenshot(); });
+    if (options().quitAfterSeconds)
+        quitCall_.schedule(*options().quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
+}
+
+void GalleryApp::shutdown() {
+    screenshotCall_.cancel();
+    quitCall_.cancel();
+    window_.reset();
+    if (component_) component_->window().takeContentView();
+    component_.reset();
+    feed_.reset();
+}
+
+void GalleryApp::writeScreenshot() {
+    Window& window = component_->window();
+    const double scale = options().scale > 0 ? options().scale : window.backingScaleFactor();
+    if (!writePng(renderWindowToImage(window, scale), options().screenshotFile))
+        return fail("cannot write \"" + options().screenshotFile + "\"");
+    if (!options().quitAfterSeconds) quit();
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,90 @@
+#include "tools/gallery/SignalView.h"
+
+#include "description/NumberText.h"
+#include "theme/QVMUITheme.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kSmoothingSeconds = 0.1, kFloorDb = -60;
+constexpr double kBarHeight = 12, kLabelWidth = 44, kReadingWidth = 60, kGap = 8; // points
+constexpr unsigned kBarColor = 0xA5666C;
+
+double decibels(double square) {
+    return std::max(10 * std::log10(std::max(square, 1e-12)), kFloorDb);
+}
+
+} // namespace
+
+SignalView::SignalView(const Rect& frame, StereoFeed& feed) : View(frame), sampleRateHz_(feed.sampleRateHz()) {
+    const double pitch = bounds().height / static_cast<double>(bars_.size());
+    const char* const names[] = {"Left", "Right", "Alike"};
+    for (std::size_t i = 0; i < bars_.size(); ++i)
+        bars_[i] = addBar(names[i], pitch * static_cast<double>(i) + (pitch - kBarHeight) / 2);
+    redraw();
+    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
+                                                                    [this](const Notification&) { redraw(); });
+    feed_ = feed.listen([this](auto left, auto right) { hear(left, right); });
+}
+
+SignalView::Bar SignalView::addBar(const char* name, double y) {
+    Bar bar{std::make_shared<Layer>(), std::make_shared<Layer>(), std::make_shared<TextLayer>(),
+            std::make_shared<TextLayer>()};
+    for (const std::shared_ptr<Layer>& part :
+         {bar.track, bar.fill, std::shared_ptr<Layer>(bar.label), std::shared_ptr<Layer>(bar.reading)})
+        layer()->addSublayer(part);
+    bar.label->setName(name);
+    bar.label->setAlignment(TextAlignment::left);
+    bar.reading->setAlignment(TextAlignment::right);
+    const double width = bounds().width - kLabelWidth - kReadingWidth - 2 * kGap;
+    bar.label->setFrame({0, y - kGap, kLabelWidth, kBarHeight + 2 * kGap});
+    bar.track->setFrame({kLabelWidth + kGap, y, width, kBarHeight});
+    bar.track->setCornerRadius(kBarHeight / 2);
+    bar.fill->setCornerRadius(kBarHeight / 2);
+    bar.reading->setFrame({bounds().width - kReadingWidth, y - kGap, kReadingWidth, kBarHeight + 2 * kGap});
+    return bar;
+}
+
+void SignalView::hear(std::span<const float> left, std::span<const float> right) {
+    const double keep = std::exp(-1 / (kSmoothingSeconds * sampleRateHz_));
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        const double l = static_cast<double>(left[i]), r = static_cast<double>(right[i]);
+        left_ = keep * left_ + (1 - keep) * l * l;
+        right_ = keep * right_ + (1 - keep) * r * r;
+        product_ = keep * product_ + (1 - keep) * l * r;
+    }
+    redraw();
+}
+
+double SignalView::levelDb(std::size_t side) const {
+    return decibels(side == 0 ? left_ : right_);
+}
+
+double SignalView::correlation() const {
+    const double scale = std::sqrt(left_ * right_);
+    return scale > 0 ? std::clamp(product_ / scale, -1.0, 1.0) : 0;
+}
+
+void SignalView::setBar(const Bar& bar, double from, double to, const std::string& reading) {
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const Rect track = bar.track->frame();
+    bar.track->setBackgroundColor(palette.trackFill);
+    bar.track->setBorder(1, palette.trackBorder);
+    bar.fill->setBackgroundColor(colorFromHex(kBarColor));
+    bar.fill->setFrame(
+        {track.x + track.width * std::min(from, to), track.y, track.width * std::abs(to - from), track.height});
+    bar.label->setString({bar.label->name(), QVMUITheme::unitFontOfSize(12), palette.label});
+    bar.reading->setString({reading, QVMUITheme::appropriateFontForValueSizeIconSize(reading, 14, 0), palette.value});
+}
+
+void SignalView::redraw() {
+    for (std::size_t side = 0; side < 2; ++side)
+        setBar(bars_[side], 0, 1 - levelDb(side) / kFloorDb, FixedText(levelDb(side), 1) + " dB");
+    setBar(bars_[2], 0.5, (correlation() + 1) / 2, FixedText(correlation(), 2));
+}
+
+} // namespace QVM_NAMESPACE
