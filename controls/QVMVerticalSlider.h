@@ -45,6 +45,14 @@ public:
     bool isOnHandle(Point point) const { return bulb_.contains(point); }
     // The groove, own coordinates: what shows inside it belongs into `background()`, below the handle.
     Rect trackRect() const;
+    // Adds a view that covers the slider and is seen in the track only, below the scale and the handle. It takes no
+    // clicks.
+    template <class T>
+    T& addInTrack(std::unique_ptr<T> view) {
+        T& added = *view;
+        placeInTrack(std::move(view));
+        return added;
+    }
 
     // Moving. Positions are clamped to the track; the handle snaps to the place of the value that results.
     void normalizeAndMoveToPositionAnimateSendActionGranularity(double position, Animate animate, SendAction send,
@@ -103,6 +111,8 @@ protected:
     void setDragging(bool dragging) { dragging_ = dragging; }
 
 private:
+    void placeInTrack(std::unique_ptr<View> view);
+    void layOutTrackContent();
     bool isMember() const { return !parameter().range.empty(); }
     double trackCenter() const;
     double bulbCenter() const;
@@ -124,6 +134,7 @@ private:
     bool displayingTransientBufferValue_ = false;
     bool isHandleHovered_ = false, isHandlePressed_ = false;
     std::shared_ptr<Layer> background_;
+    View* trackContent_ = nullptr; // as large as the track; null while nothing was added there
     SliderScale scale_;
     ReadoutBulb bulb_;
     DelayedCall retry_;

@@ -22,6 +22,16 @@ constexpr double kLowMemberMargin = 2;  // above the handle of a pair's low end;
 constexpr double kReadoutSize = 16, kFocusRounding = 0.5;
 constexpr int kWidthSamples = 48;
 
+// What shows inside the track.
+class TrackContent final : public View {
+public:
+    TrackContent(const Rect& track, YAxis axis) : View(track, axis) {
+        layer()->setName("trackContent");
+        layer()->setMasksToBounds(true);
+    }
+    View* hitTest(Point) override { return nullptr; }
+};
+
 // The text with each digit replaced by one that is as wide as any, so that alike texts are measured once.
 std::string digitPattern(std::string text) {
     for (char& c : text) {
@@ -104,6 +114,8 @@ void QVMVerticalSlider::layOut() {
     background_->setBorder(1, palette.trackBorder);
     background_->setHidden(isMember());
 
+    layOutTrackContent();
+
     scale_.layer()->setFrame(bounds());
     if (!isMember()) {
         const SliderScaleGeometry geometry = {.horizontal = horizontal_,
@@ -119,6 +131,25 @@ void QVMVerticalSlider::layOut() {
     const Rect capsule = {0, 0, bulb_.width(), ReadoutBulb::height};
     animateHighlightToFramePositionRoundingInset(capsule.insetBy(0, -1), {}, kFocusRounding, true);
     bulb_.setEnabled(!isDisabled());
+}
+
+void QVMVerticalSlider::placeInTrack(std::unique_ptr<View> view) {
+    if (!trackContent_) {
+        trackContent_ = &addSubview(std::make_unique<TrackContent>(trackRect(), yAxis()));
+        const auto& layers = layer()->sublayers();
+        const auto groove = std::find(layers.begin(), layers.end(), background_);
+        layer()->insertSublayer(trackContent_->layer(), static_cast<std::size_t>(groove - layers.begin()) + 1);
+    }
+    trackContent_->addSubview(std::move(view));
+    layOutTrackContent();
+}
+
+void QVMVerticalSlider::layOutTrackContent() {
+    if (!trackContent_) return;
+    const Rect track = trackRect();
+    trackContent_->setFrame(track);
+    for (const auto& view : trackContent_->subviews())
+        view->setFrame(bounds().offsetBy(-track.x, -track.y));
 }
 
 void QVMVerticalSlider::frameDidChange() {

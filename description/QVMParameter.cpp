@@ -18,6 +18,11 @@ constexpr float kTenKilohertz = 10000.0f;
 constexpr float kStepFromKilohertz = 10.0f;
 constexpr float kStepFromTenKilohertz = 100.0f;
 
+float clamped(float value, float low, float high) {
+    value = value > low ? value : low; // in this order NaN ends at the low end
+    return value < high ? value : high;
+}
+
 } // namespace
 
 float QVMParameter::restrictValue(float value) const {
@@ -34,6 +39,24 @@ float QVMParameter::reverseCastValue(float shownValue) const {
 
 float QVMParameter::coerceValue(float hostValue) const {
     return roundFloatValue(castValue(hostValue), QVMGranularityFine);
+}
+
+float QVMParameter::shownValueFromHostValue(float hostValue) const {
+    return clampedValue(finelyRoundedValue(castValue(hostValue)));
+}
+
+float QVMParameter::heldValueFromHostValue(float hostValue) const {
+    const float value = finelyRoundedValue(castValue(hostValue));
+    return clamped(value, std::min(minValue, initialValue), std::max(maxValue, initialValue));
+}
+
+float QVMParameter::finelyRoundedValue(float shownValue) const {
+    const bool isWhole = unit == QVMUnitIndexed || unit == QVMUnitSwitch;
+    return isWhole ? std::round(shownValue) : std::round(shownValue / fineGranularity) * fineGranularity;
+}
+
+float QVMParameter::clampedValue(float value) const {
+    return clamped(value, minValue, maxValue);
 }
 
 float QVMParameter::granularityValueForType(std::uint32_t type, float value) const {
@@ -80,9 +103,7 @@ float QVMParameter::normalizeFloatValue(float value, std::uint32_t type) const {
     if (type == QVMGranularityCoarse && !coarseGranularityOptions.empty()) {
         value = closestCoarseGranularityOptionToValue(value);
     }
-    value = roundFloatValue(value, type);
-    value = value > minValue ? value : minValue; // in this order NaN ends at the minimum
-    return value < maxValue ? value : maxValue;
+    return clampedValue(roundFloatValue(value, type));
 }
 
 float QVMParameter::percentageFromFloatValue(float shownValue) const {

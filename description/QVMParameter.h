@@ -5,8 +5,8 @@
 // differ for the frequency parameters alone. No control rounds or clamps by itself; all go through these operations, so
 // that a value reads the same wherever it was entered.
 //
-// Records are built once (Description.h), live as long as the process and are used on the main thread. Only `chanIn`
-// and `chanOut` are written later, by the editor.
+// Records are built once (Description.h), live as long as the process and are used on the main thread; the mappings
+// between the domains are for any thread, and never wait. Only `chanIn` and `chanOut` are written later, by the editor.
 #pragma once
 
 #include "description/ParameterTypes.h"
@@ -36,6 +36,12 @@ public:
     float reverseCastValue(float shownValue) const;
     // Host domain to shown domain, rounded to the fine step.
     float coerceValue(float hostValue) const;
+    // How a value of the audio unit is read, in one place for all that read it: cast, rounded to the fine step and
+    // clamped. Unlike the other roundings its step does not grow from 1 kHz up. NaN ends at the least value.
+    float shownValueFromHostValue(float hostValue) const;
+    // The same as the unit holds it: its range is widened to an initial value outside the parameter's own (the range
+    // links start at 0, below their range). Bit-equal to the other for all that lies in the parameter's range.
+    float heldValueFromHostValue(float hostValue) const;
 
     // The step size for a granularity code at a value; logarithmic frequencies step coarser from 1 kHz up.
     float granularityValueForType(std::uint32_t type, float value) const;
@@ -140,6 +146,10 @@ public:
     QVMRect frame;                               // points, in the clump's coordinates
     QVMRect labelFrame;                          // points, in the parameter control's coordinates
     QVMRect controlFrame;                        // points, in the parameter control's coordinates
+
+private:
+    float finelyRoundedValue(float shownValue) const;
+    float clampedValue(float value) const; // NaN ends at the minimum
 };
 
 } // namespace QVM_NAMESPACE

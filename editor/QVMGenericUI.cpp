@@ -1,5 +1,6 @@
 #include "editor/QVMGenericUI.h"
 
+#include "editor/NumericMeterReading.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMKeyboardHandler.h"
@@ -12,8 +13,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr float nothingReceived = std::numeric_limits<float>::max();
-constexpr double backingScaleDelay = 0.35; // seconds
+constexpr double backingScaleDelay = 0.35, sketchDelay = 0.5; // seconds
 
 } // namespace
 
@@ -67,6 +67,7 @@ void QVMGenericUI::completeInterfaceSetup() {
     applyChannelLayoutRules();
     observePreferences();
     addHudAndNumericMeter();
+    sketchCall_.schedule(sketchDelay, [this] { addSketch(); });
     backingScaleCall_.schedule(backingScaleDelay, [this] { viewDidChangeBackingProperties(); });
 }
 

@@ -12,8 +12,10 @@
 #include "platform/DelayedCall.h"
 #include "platform/NotificationCenter.h"
 #include "platform/View.h"
+#include "viz/QVMParameterSketchDelegate.h"
 
 #include <array>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -25,14 +27,20 @@
 namespace QVM_NAMESPACE {
 
 class QVMClumpsView;
+class NumericMeterReading;
+class PBGLSketchAbstract;
 class QVMClumpView;
 class QVMKeyboardHandler;
 class QVMMeterButton;
 class QVMPowerBox;
 class QVMPresetBar;
 class QVMRangeControl;
+struct PBSketch;
 
-class QVMGenericUI final : public View, private QVMParameterControlDelegate, private QVMHUDDisplayDelegate {
+class QVMGenericUI final : public View,
+                           private QVMParameterControlDelegate,
+                           private QVMHUDDisplayDelegate,
+                           private QVMParameterSketchDelegate {
 public:
     // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
     static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
@@ -54,13 +62,9 @@ public:
     void handleParameterControlUpdated(QVMParameterControl& control);
     // Stores a value without telling the delegate. An equal one changes nothing.
     void updateMemoizedValueForParameter(float value, std::uint32_t pid);
-    // The unit's values in the host domain, one for each pid, as often as a display frame. Those that differ from the
-    // last ones received reach their controls, and nothing is sent back.
-    void sketchHasUpdatedParameterStates(std::span<const float> hostValues);
-    // One of them.
-    void updateParameterFromSketchState(std::uint32_t pid, float hostValue);
-    // Host domain to shown domain, rounded to the fine step and clamped: how every value from the unit is read.
-    static float shownValueFromHostValue(const QVMParameter& parameter, float hostValue);
+    // A value as the unit posted it (QVMParameter::heldValueFromHostValue). It reaches its control, and nothing is
+    // sent back. What the unit makes of the memoized value counts as the memoized value.
+    void updateParameterFromSketchState(std::uint32_t pid, float value);
 
     // Several values by codename; unknown names are skipped.
     void setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs);
@@ -119,6 +123,8 @@ public:
     QVMClumpView* masterClump() const { return masterClump_; }
     QVMPowerBox* powerBox() const { return powerBox_; }
     QVMPresetBar* presetBar() const { return presetBar_; }
+    // The response curve, which hands its frames to the meter too. Null until half a second after the setup.
+    QVMParameterSketch* sketch() const { return sketch_; }
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
     QVMInteraction interactionState(std::uint32_t pid) const {
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
@@ -161,6 +167,20 @@ private:
     void addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView);
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
+    static constexpr float nothingReceived = std::numeric_limits<float>::max();
+    // How the sketches' drawing object is set up.
+    struct SketchSettings {
+        double sampleRate = 44100; // hertz
+        std::uint32_t maxFrames = 512;
+        float scale = 1; // device pixels a point
+    };
+    void addSketch();
+    void addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings);
+    void addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings);
+    void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
+    void rereadMemoizedValue(const QVMParameter& parameter, float held);
+    void showThemeInSketches();
+    void sketchScaleDidChange();
 
     // Value flow.
     void handleSideEffectsOfUpdatedControl(QVMParameterControl& control, float value, float was);
@@ -184,6 +204,9 @@ private:
     void parameterControlDidTapMeaninglessly(QVMParameterControl&) override {}
     void parameterControlWantsToPerformStaticConversion(QVMParameterControl&, std::int32_t) override {}
     void parameterControlWantsToDisplayModal(QVMParameterControl&, View&) override {}
+    // QVMParameterSketchDelegate: the drawing object is handed over first; then the states that differ from the last
+    // ones received are adopted.
+    void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
 
@@ -196,7 +219,7 @@ private:
     // One entry for each parameter, by pid.
     std::vector<float> memoizedPValues_;
     std::vector<std::uint8_t> memoizedPValuesChanged_;
-    std::vector<float> receivedPValues_; // host domain; the largest finite float: nothing received yet
+    std::vector<float> receivedPValues_; // by `nothingReceived` at first
     std::vector<float> scratchPValues_;
     std::vector<QVMInteraction> interactionStates_;
     std::uint32_t receivedParamUpdateCount_ = 0;
@@ -214,6 +237,8 @@ private:
     QVMPresetBar* presetBar_ = nullptr;
     QVMHUDDisplay* hud_ = nullptr;
     QVMMeterButton* numericMeter_ = nullptr;
+    std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
+    QVMParameterSketch* sketch_ = nullptr;
     QVMSpeedLim advFlashLim_;
 
     QVMParameterControl* focusedControl_ = nullptr;
@@ -221,7 +246,7 @@ private:
     QVMParameterControl* lastRightClickedControl_ = nullptr;
     bool hasFocus_ = false;
 
-    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_;
+    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, sketchCall_;
     std::vector<ObservationToken> observations_, windowObservations_;
 };
 

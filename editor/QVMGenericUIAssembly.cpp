@@ -3,6 +3,7 @@
 #include "controls/QVMMeterButton.h"
 #include "controls/QVMRangeControl.h"
 #include "editor/EditorLayout.h"
+#include "editor/NumericMeterReading.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMGenericUI.h"
@@ -142,6 +143,7 @@ void QVMGenericUI::addHudAndNumericMeter() {
     numericMeter_->setAction([this](Control&) { meterTapped(); });
     numericMeter_->setToolTip(config_->metadata->numericMeter->tooltip);
     numericMeter_->setSuffixSize(meterSuffixSize);
+    numericMeterReading_ = std::make_unique<NumericMeterReading>(*numericMeter_);
 }
 
 } // namespace QVM_NAMESPACE

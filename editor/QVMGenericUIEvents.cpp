@@ -10,6 +10,7 @@
 #include "platform/Menu.h"
 #include "platform/Window.h"
 #include "platform/Workspace.h"
+#include "viz/QVMParameterSketch.h"
 
 #include <algorithm>
 
@@ -31,6 +32,7 @@ void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) 
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
         each->setFocused(each == control);
+    if (sketch_) sketch_->setFocusedPid(control ? static_cast<std::int32_t>(control->parameter()->pid) : -1);
 }
 
 void QVMGenericUI::setHasFocus(bool hasFocus) {

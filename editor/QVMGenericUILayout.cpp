@@ -8,6 +8,7 @@
 #include "platform/Transaction.h"
 #include "platform/Window.h"
 #include "theme/QVMUITheme.h"
+#include "viz/QVMParameterSketch.h"
 
 namespace QVM_NAMESPACE {
 
@@ -48,6 +49,7 @@ void QVMGenericUI::assumeFrames() {
     place(parameterControlWithPid(0), layout.powerControl);
     place(advClumpsView_, layout.advClumpsView);
     if (powerBox_) powerBox_->assumeLayout(layout);
+    if (sketch_) sketch_->setFrame(layout.sketchPlace);
 }
 
 void QVMGenericUI::restoreUIState(std::uint32_t state) {
@@ -88,6 +90,7 @@ void QVMGenericUI::setBackingScaleOnLayerRecursively(Layer& layer) {
 void QVMGenericUI::viewDidChangeBackingProperties() {
     const auto immediately = Transaction::disablingActions();
     setBackingScaleOnViewRecursively(*this);
+    sketchScaleDidChange();
 }
 
 void QVMGenericUI::toggleUITheme() {

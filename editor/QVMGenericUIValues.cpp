@@ -1,14 +1,10 @@
-// The way of a value: from a control to the delegate, and from the unit to a control.
-#include "controls/QVMRangeControl.h"
+// The way of a value from a control to the delegate, and the memoized values.
 #include "controls/QVMSymbolButton.h"
 #include "editor/EditorLayout.h"
 #include "editor/PartnerRule.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMPowerBox.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace QVM_NAMESPACE {
 
@@ -48,39 +44,6 @@ void QVMGenericUI::updateMemoizedValueForParameter(float value, std::uint32_t pi
                               parameter->clump->clumpType == QVMClumpTypeAdvanced;
     QVMSymbolButton* gear = isOutOfSight && powerBox_ ? powerBox_->gear() : nullptr;
     if (gear) advFlashLim_.fireWithLimitTargetSelector(gearFlashLimit, *gear, &QVMSymbolButton::flash);
-}
-
-void QVMGenericUI::sketchHasUpdatedParameterStates(std::span<const float> hostValues) {
-    const std::size_t count = std::min(hostValues.size(), receivedPValues_.size());
-    for (std::size_t pid = 0; pid < count; ++pid)
-        if (hostValues[pid] != receivedPValues_[pid])
-            updateParameterFromSketchState(static_cast<std::uint32_t>(pid), hostValues[pid]);
-    ++receivedParamUpdateCount_;
-}
-
-void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float hostValue) {
-    const QVMParameter* parameter = config_->parameterForPid(pid);
-    if (!parameter || pid >= receivedPValues_.size()) return;
-    const float was = shownValueFromHostValue(*parameter, receivedPValues_[pid]);
-    receivedPValues_[pid] = hostValue;
-    // What the editor itself sent comes back as it was, without another rounding.
-    const float memoized = memoizedPValues_[pid];
-    const bool isEcho = parameter->reverseCastValue(memoized) == hostValue;
-    const float value = isEcho ? memoized : shownValueFromHostValue(*parameter, hostValue);
-
-    QVMParameterControl* control = parameterControlWithPid(pid);
-    if (control) control->setFloatValue(value);
-    updateMemoizedValueForParameter(value, pid);
-    if (control) handleSideEffectsOfUpdatedControl(*control, value, was);
-}
-
-float QVMGenericUI::shownValueFromHostValue(const QVMParameter& parameter, float hostValue) {
-    float value = parameter.castValue(hostValue);
-    const bool isWhole = parameter.unit == QVMUnitIndexed || parameter.unit == QVMUnitSwitch;
-    // Not the parameter's own rounding, which is coarser for frequencies from 1 kHz up.
-    value = isWhole ? std::round(value) : std::round(value / parameter.fineGranularity) * parameter.fineGranularity;
-    value = value > parameter.minValue ? value : parameter.minValue; // in this order NaN ends at the minimum
-    return value < parameter.maxValue ? value : parameter.maxValue;
 }
 
 void QVMGenericUI::setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs) {

@@ -19,6 +19,13 @@ void QVMUndoRedoStack::pushNew(QVMSnapshot snapshot) {
     ++insertionPoint_;
 }
 
+void QVMUndoRedoStack::replaceValue(std::uint32_t pid, float was, float is) {
+    for (QVMSnapshot& snapshot : stack_) {
+        const auto found = snapshot.values.find(pid);
+        if (found != snapshot.values.end() && found->second == was) found->second = is;
+    }
+}
+
 std::optional<QVMSnapshot> QVMUndoRedoStack::undo() {
     insertionPoint_ = insertionPoint_ < 2 ? 0 : insertionPoint_ - 1;
     if (insertionPoint_ > 0 && stack_.size() > 1) return *currentValues();

@@ -29,6 +29,8 @@ public:
 
     // Puts a snapshot behind the current one and forgets what was undone; one that counts as the same is dropped.
     void pushNew(QVMSnapshot snapshot);
+    // In all snapshots: where the parameter is `was`, it is `is` from now on.
+    void replaceValue(std::uint32_t pid, float was, float is);
     // The snapshot to go back or forward to, and moves there; none at either end.
     std::optional<QVMSnapshot> undo();
     std::optional<QVMSnapshot> redo();

@@ -67,7 +67,7 @@ void QVM0015_CocoaView2::readParameters() {
         float value = 0;
         logIfFailed("get", AudioUnitGetParameter(mAU, pid, kAudioUnitScope_Global, 0, &value));
         const QVMParameter* parameter = ui_->config().parameterForPid(pid);
-        ui_->setMemoizedPValueDirectlyValue(pid, QVMGenericUI::shownValueFromHostValue(*parameter, value));
+        ui_->setMemoizedPValueDirectlyValue(pid, parameter->shownValueFromHostValue(value));
     }
 }
 

@@ -125,6 +125,12 @@ void Window::setBackingScaleFactor(double scale) {
     });
 }
 
+void Window::setVisible(bool visible) {
+    if (visible == visible_) return;
+    visible_ = visible;
+    NotificationCenter::defaultCenter().post(didChangeVisibilityNotification, this);
+}
+
 void Window::setKeyWindow(bool key) {
     if (key == key_) return;
     key_ = key;

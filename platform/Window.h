@@ -30,6 +30,7 @@ public:
     // Names of the notifications a window posts, with itself as the object.
     static constexpr const char* didBecomeKeyNotification = "WindowDidBecomeKey";
     static constexpr const char* didResignKeyNotification = "WindowDidResignKey";
+    static constexpr const char* didChangeVisibilityNotification = "WindowDidChangeVisibility";
 
     // The host is borrowed, may be null (tests), and must be cleared before it goes.
     explicit Window(WindowHost* host = nullptr);
@@ -52,6 +53,11 @@ public:
     // Device pixels a point; a change reaches every layer's contents scale, then viewDidChangeBackingProperties().
     double backingScaleFactor() const { return scale_; }
     void setBackingScaleFactor(double scale);
+
+    // Whether anybody can see it: what moves by itself rests while nobody can. The host says so; until then, and with
+    // no host, it is visible. Posts the notification on a change.
+    bool isVisible() const { return visible_; }
+    void setVisible(bool visible);
 
     bool isKeyWindow() const { return key_; }
     void setKeyWindow(bool key); // posts the notification on a change
@@ -105,6 +111,7 @@ private:
     Cursor shownCursor_ = Cursor::arrow;
     double scale_ = 1;
     bool key_ = false;
+    bool visible_ = true;
     Walk* walks_ = nullptr; // those under way, innermost first
     // Expires with the window, for what calls out and goes on.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

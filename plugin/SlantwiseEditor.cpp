@@ -1,13 +1,15 @@
 #include "plugin/SlantwiseEditor.h"
 
-#include "description/Description.h"
-#include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 
-#include <array>
-
 namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double gestureCheckSeconds = 1.0 / 60;
+
+} // namespace
 
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
     : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding) {
@@ -15,13 +17,14 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
     RunLoop::main().becomeMainThread();
     view_ =
         &component_.window().setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&owner.unit(), {}));
+    owner.setGestureHandler([this] { endGesturesSoon(); });
     addAndMakeVisible(component_);
     setSize(component_.getWidth(), component_.getHeight());
     setResizable(false, false);
 }
 
 SlantwiseEditor::~SlantwiseEditor() {
-    displayTick_ = {};
+    processor_.setGestureHandler(nullptr);
     processor_.endOpenGestures();
     component_.window().takeContentView();
 }
@@ -34,12 +37,11 @@ void SlantwiseEditor::childBoundsChanged(juce::Component* child) {
     if (child == &component_) setSize(component_.getWidth(), component_.getHeight());
 }
 
-void SlantwiseEditor::refresh() {
-    std::array<float, QVMParameterCount> values{};
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        values[pid] = view_->valueForParameterID(pid);
-    view_->ui().sketchHasUpdatedParameterStates(values);
-    if (!component_.window().mouseCapture()) processor_.endOpenGestures();
+void SlantwiseEditor::endGesturesSoon() {
+    gestureEnd_.schedule(gestureCheckSeconds, [this] {
+        if (component_.window().mouseCapture()) return endGesturesSoon();
+        processor_.endOpenGestures();
+    });
 }
 
 } // namespace QVM_NAMESPACE

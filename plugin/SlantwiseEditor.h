@@ -21,19 +21,16 @@ public:
     // What the last frame drew again.
     const RenderStatistics& lastFrame() const { return component_.lastFrame(); }
 
-    // Hands the unit's values to the editor, which adopts what differs, and ends gestures that nothing holds any more.
-    // Done at display rate while the editor is on screen, on the tick that the toolkit has there anyway: a timer of
-    // our own would wake the process twice as often.
-    void refresh();
-
 private:
+    // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
+    void endGesturesSoon();
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
-    juce::VBlankAttachment displayTick_{this, [this] { refresh(); }};
+    DelayedCall gestureEnd_;
 };
 
 } // namespace QVM_NAMESPACE

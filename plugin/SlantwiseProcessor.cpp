@@ -64,6 +64,7 @@ void SlantwiseProcessor::openGesture(std::uint32_t pid) {
     if (gestureOpen_[pid]) return;
     gestureOpen_[pid] = true;
     parameters_[pid]->beginChangeGesture();
+    if (gestureHandler_) gestureHandler_();
 }
 
 void SlantwiseProcessor::closeGesture(std::uint32_t pid) {

@@ -10,6 +10,8 @@
 #include "plugin/UnitParameter.h"
 #include "unit/QVM0015_AudioUnit.h"
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -26,6 +28,8 @@ public:
     // (a reset by click, a preset) begin or change a value and never end, but a host must see each one end. Main
     // thread.
     void endOpenGestures();
+    // Called whenever a gesture opened; null: by nobody. Main thread.
+    void setGestureHandler(std::function<void()> handler) { gestureHandler_ = std::move(handler); }
 
     // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log.
     void prepareToPlay(double sampleRateHz, int maxFrames) override;
@@ -67,6 +71,7 @@ private:
     QVM0015_AudioUnit unit_;
     std::vector<UnitParameter*> parameters_; // owned by the base class, by pid
     std::vector<bool> gestureOpen_;          // by pid; main thread
+    std::function<void()> gestureHandler_;
     AUEventListenerRef listener_ = nullptr;
 };
 

@@ -23,8 +23,7 @@ const QVMPalette& QVMPalette::light() {
         .unit = colorFromHex(0x635A5B),
         .note = colorFromHex(0x645C5C),
         .symbol = colorFromHex(0x333333),
-        .meterBar = colorFromHex(0xABA7A6),
-        .meterPeak = colorFromHex(0x8F8C8B),
+        .meterInk = Color::white(0),
         .hover = Color::white(0, 0.05f),
     };
     return palette;
@@ -49,8 +48,7 @@ const QVMPalette& QVMPalette::dark() {
         .unit = colorFromHex(0xAFA6A7),
         .note = colorFromHex(0xB0A8A9),
         .symbol = colorFromHex(0xC9C3C3),
-        .meterBar = colorFromHex(0x6F6C6B),
-        .meterPeak = colorFromHex(0x8F8C8B),
+        .meterInk = Color::white(1),
         .hover = Color::white(1, 0.08f),
     };
     return palette;

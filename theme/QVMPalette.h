@@ -32,9 +32,8 @@ struct QVMPalette {
 
     // Tool glyphs on the side panel; faded by opacity when there is nothing to do.
     Color symbol;
-    // Bars of the meter, the second one over the groove.
-    Color meterBar;
-    Color meterPeak;
+    // What the meter's translucent bars shade their groove with.
+    Color meterInk;
 
     // Text and marks on an accent colour, the same in both themes.
     Color onAccent = Color::white(1);

@@ -83,15 +83,23 @@ OSStatus QVM0015_AudioUnit::prepare(double sampleRateHz, std::uint32_t maxFrames
     chanIn_ = chanIn;
     chanOut_ = chanOut;
     path_.prepare(sampleRateHz, chanIn, chanOut, renderSettings());
+    viz_.postLevels(path_.blockPeaks());
     return noErr;
 }
 
 void QVM0015_AudioUnit::process(const float* const* in, float* const* out, std::uint32_t frames) {
-    path_.process(in, out, frames, renderSettings());
+    render(in, out, frames);
 }
 
 void QVM0015_AudioUnit::process(const double* const* in, double* const* out, std::uint32_t frames) {
+    render(in, out, frames);
+}
+
+template <class Sample>
+void QVM0015_AudioUnit::render(const Sample* const* in, Sample* const* out, std::uint32_t frames) {
+    if (frames == 0) return;
     path_.process(in, out, frames, renderSettings());
+    viz_.postLevels(path_.blockPeaks());
 }
 
 RenderSettings QVM0015_AudioUnit::renderSettings() const {
@@ -117,6 +125,7 @@ UnitStateResult QVM0015_AudioUnit::restoreState(std::span<const std::uint8_t> by
     }
     for (std::uint32_t pid = 0; pid < UnitParameters::count; ++pid)
         parameters_.set(pid, state.parameters[pid]);
+    viz_.allParametersChanged();
     settings_.restore(state.settings);
     return UnitStateResult::ok;
 }
@@ -135,7 +144,9 @@ OSStatus QVM0015_AudioUnit::setParameter(AudioUnitParameterID id, AudioUnitScope
     if (id >= UnitParameters::count) return kAudioUnitErr_InvalidParameter;
     if (scope != kAudioUnitScope_Global) return kAudioUnitErr_InvalidScope;
     if (element != 0) return kAudioUnitErr_InvalidElement;
-    return parameters_.set(id, value);
+    const OSStatus status = parameters_.set(id, value);
+    if (status == noErr) viz_.parameterChanged(id);
+    return status;
 }
 
 OSStatus QVM0015_AudioUnit::propertyInfo(AudioUnitPropertyID id, AudioUnitScope scope, AudioUnitElement element,
@@ -166,7 +177,7 @@ OSStatus QVM0015_AudioUnit::getProperty(AudioUnitPropertyID id, AudioUnitScope, 
     case kQVMProperty_InterfaceState:
         return give(settings_.uiState(), data);
     case kQVMProperty_VizRef:
-        return give(vizRef_.load(), data);
+        return give(viz_.vizRef(), data);
     default:
         return kAudioUnitErr_InvalidProperty;
     }
@@ -187,7 +198,7 @@ OSStatus QVM0015_AudioUnit::setProperty(AudioUnitPropertyID id, AudioUnitScope, 
         settings_.setUIState(taken<std::uint32_t>(data));
         break;
     case kQVMProperty_VizRef:
-        vizRef_ = taken<void*>(data);
+        viz_.exchange(taken<PBGLSketchAbstract*>(data));
         break;
     case kQVMProperty_ResetMeters:
         if (taken<std::uint32_t>(data) != 1) return kAudioUnitErr_InvalidPropertyValue;
@@ -195,7 +206,7 @@ OSStatus QVM0015_AudioUnit::setProperty(AudioUnitPropertyID id, AudioUnitScope, 
         break;
     case kQVMProperty_CloseViz:
         if (taken<std::uint32_t>(data) != 1) return kAudioUnitErr_InvalidPropertyValue;
-        vizRef_ = nullptr;
+        viz_.exchange(nullptr);
         break;
     default:
         return kAudioUnitErr_InvalidProperty;

@@ -1,8 +1,8 @@
 // The effect itself: 24 parameters, the private properties, state, and the audio path.
 //
 // One object a plug-in instance. The shell that owns it calls `prepare` and `process`; the editor reaches it through
-// the plug-in interface of platform/AudioUnit.h only. Parameters are words that any thread writes; the render thread
-// reads them once a block.
+// the plug-in interface of platform/AudioUnit.h, and sees what happens here in the drawing object that it hands over.
+// Parameters are words that any thread writes; the render thread reads them once a block.
 #pragma once
 
 #include "platform/AudioUnit.h"
@@ -10,6 +10,7 @@
 #include "unit/UnitParameters.h"
 #include "unit/UnitSettings.h"
 #include "unit/UnitState.h"
+#include "unit/VizLink.h"
 
 #include <atomic>
 #include <cstdint>
@@ -58,21 +59,21 @@ public:
                          const void* data) override;
 
 private:
+    template <class Sample>
+    void render(const Sample* const* in, Sample* const* out, std::uint32_t frames);
     RenderSettings renderSettings() const;
     void resetMeters();
 
     UnitParameters parameters_;
     UnitSettings settings_;
     RenderPath path_;
+    VizLink viz_{parameters_};
 
     // The format: written by `prepare`, read by the editor at any time.
     std::atomic<double> sampleRateHz_ = 44100;
     std::atomic<std::uint32_t> maxFrames_ = 512;
     std::atomic<std::uint32_t> chanIn_ = 2;
     std::atomic<std::uint32_t> chanOut_ = 2;
-
-    // The drawing object shared with the editor, which owns it. Null: none.
-    std::atomic<void*> vizRef_ = nullptr;
 };
 
 } // namespace QVM_NAMESPACE

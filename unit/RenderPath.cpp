@@ -27,6 +27,7 @@ void RenderPath::prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_
     bypass_.prepare(sampleRateHz, settings.master);
     inputMeter_.reset();
     outputMeter_.reset();
+    blockPeaks_.fill(0);
 }
 
 template <class Sample>
@@ -34,6 +35,7 @@ void RenderPath::process(const Sample* const* in, Sample* const* out, std::uint3
                          const RenderSettings& settings) {
     gain_.setTarget(settings.gain);
     bypass_.setTarget(settings.master);
+    blockPeaks_.fill(0);
     for (std::uint32_t offset = 0; offset < frames; offset += stretch) {
         const std::uint32_t count = std::min(stretch, frames - offset);
         Frames<Sample> signal;
@@ -84,7 +86,9 @@ void RenderPath::render(Frames<Sample>& signal, std::uint32_t frames) {
 template <class Sample>
 void RenderPath::write(const Frames<Sample>& signal, Sample* const* out, std::uint32_t offset, std::uint32_t frames) {
     for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
-        outputMeter_.add(channel, peakOf(signal[channel].data(), frames));
+        const float peak = peakOf(signal[channel].data(), frames);
+        blockPeaks_[channel] = std::max(blockPeaks_[channel], peak);
+        outputMeter_.add(channel, peak);
         if (out && out[channel]) std::copy_n(signal[channel].begin(), frames, out[channel] + offset);
     }
 }

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace QVM_NAMESPACE {
 
@@ -36,6 +37,8 @@ public:
 
     Meter& inputMeter() { return inputMeter_; }
     Meter& outputMeter() { return outputMeter_; }
+    // The largest absolute samples of the last block, one for each output.
+    std::span<const float> blockPeaks() const { return {blockPeaks_.data(), chanOut_}; }
 
 private:
     static constexpr std::uint32_t stretch = 64; // frames
@@ -55,6 +58,7 @@ private:
     BypassFade bypass_;
     Meter inputMeter_;
     Meter outputMeter_;
+    std::array<float, maxChannels> blockPeaks_{}; // amplitudes
 };
 
 } // namespace QVM_NAMESPACE

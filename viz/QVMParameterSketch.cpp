@@ -1,6 +1,7 @@
 #include "viz/QVMParameterSketch.h"
 
 #include "description/QVMConfig.h"
+#include "platform/Window.h"
 
 #include <algorithm>
 #include <array>
@@ -79,11 +80,20 @@ void QVMParameterSketch::setVizVisible(bool visible) {
 
 void QVMParameterSketch::viewDidMoveToWindow() {
     stopDisplayLink();
+    windowVisibility_.reset();
     if (!window()) return;
     hasGL_ = true;
     layer()->addSublayer(glSketch_);
     setVizVisible(true);
     viewDidChangeBackingProperties();
+    windowVisibility_ = NotificationCenter::defaultCenter().observe(
+        Window::didChangeVisibilityNotification, window(),
+        [this](const auto&) { window()->isVisible() ? startDisplayLink() : stopDisplayLink(); });
+    if (window()->isVisible()) startDisplayLink();
+}
+
+void QVMParameterSketch::startDisplayLink() {
+    if (displayLink_) return;
     displayLink_ = DisplayLink::create();
     displayLink_->setOutputCallback(MyDisplayLinkCallback, this);
     displayLink_->start();

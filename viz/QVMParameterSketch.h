@@ -1,10 +1,11 @@
 // The view of the main sketch, and the frame loop of all sketches of an editor.
 //
-// While it is in a window a display link hands it every display frame: it lets the parameters glide, has the sketches
-// prepared that will look different, and tells its delegate. Main thread only.
+// While it is in a window that can be seen, a display link hands it every display frame: it lets the parameters glide,
+// has the sketches prepared that will look different, and tells its delegate. Main thread only.
 #pragma once
 
 #include "platform/DisplayLink.h"
+#include "platform/NotificationCenter.h"
 #include "platform/View.h"
 #include "viz/NumericMeterDisplay.h"
 #include "viz/QVMAuxiliarySketch.h"
@@ -45,6 +46,9 @@ public:
     QVMParameterState* getVizRefParameterStates() const { return glSketch_->getVizRefParameterStates(); }
     void performParameterConversionWithValues(unsigned pid, float* values);
     std::int64_t numParams() const { return numParams_; }
+    // The parameter that has the editor's focus, -1 for none.
+    void setFocusedPid(std::int32_t pid) { focusedPid_ = static_cast<std::uint32_t>(pid); }
+    std::int32_t focusedPid() const { return static_cast<std::int32_t>(focusedPid_); }
     bool hasGL() const { return hasGL_; }
     // Whether frames are being delivered.
     bool isRunning() const { return displayLink_ != nullptr; }
@@ -67,6 +71,7 @@ public:
     void frameDidChange() override;
 
 private:
+    void startDisplayLink();
     void stopDisplayLink();
     void prepareSketches(float duration, bool parameterSketches);
     void updateNumericMeter(double time);
@@ -77,10 +82,12 @@ private:
     NumericMeterDisplay* numericMeter_ = nullptr;
     bool vizVisible_ = true, hasGL_ = false;
     std::int64_t numParams_ = 0;
+    std::uint32_t focusedPid_ = static_cast<std::uint32_t>(-1);
     double timestamp_ = 0;                                            // seconds, of the last frame; 0: none yet
     double numericMeterTimestamp_ = 0;                                // seconds, of the last reading
     float lastNumericMeterValue_ = std::numeric_limits<float>::max(); // no reading yet
-    std::shared_ptr<DisplayLink> displayLink_;                        // null while the view is in no window
+    std::shared_ptr<DisplayLink> displayLink_; // null while the view is in no window or in a hidden one
+    ObservationToken windowVisibility_;
 };
 
 } // namespace QVM_NAMESPACE

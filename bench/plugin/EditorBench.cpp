@@ -1,12 +1,17 @@
 // What an open, a refresh and a frame cost, with no display: pixels go to a picture in memory.
+#include "host/QVM0015_CocoaView2.h"
 #include "platform/LayerRenderer.h"
+#include "platform/ManualTickSource.h"
+#include "platform/VirtualTime.h"
 #include "platform/juce/ToolkitRasterBackend.h"
 #include "platform/juce/ToolkitRasterTarget.h"
 #include "plugin/SlantwiseEditor.h"
 
-#include "host/QVM0015_CocoaView2.h"
-
 #include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -21,32 +26,35 @@ void BM_OpenAndCloseEditor(benchmark::State& state) {
     }
 }
 
-// What the display-rate timer does while nothing changes.
-void BM_IdleRefresh(benchmark::State& state) {
-    SlantwiseProcessor processor;
-    SlantwiseEditor editor(processor);
-    for (auto _ : state)
-        editor.refresh();
-}
-
-// An editor drawn by a renderer of its own, at the scale of the benchmark's argument.
+// An editor in virtual time, with display ticks by hand, drawn by a renderer of its own at scale 1 or 2 with its
+// pictures from one back end.
 class Frames {
 public:
-    explicit Frames(int scale)
-        : picture_(juce::Image::ARGB, 480 * scale, 320 * scale, true, juce::SoftwareImageType()),
-          time_(RunLoop::main().now()) {
-        editor_.window().setBackingScaleFactor(scale);
-        renderer_.setRootLayer(editor_.window().contentView()->layer());
+    enum Backend : std::int64_t { cpu, gl };
+
+    explicit Frames(int scale, Backend backend = cpu)
+        : picture_(juce::Image::ARGB, 480 * scale, 320 * scale, true, juce::SoftwareImageType()) {
+        setenv("SLANTWISE_RENDERER", backend == gl ? "gl" : "cpu", 1);
+        editor_ = std::make_unique<SlantwiseEditor>(processor_);
+        editor_->window().setBackingScaleFactor(scale);
+        renderer_.setRootLayer(editor_->window().contentView()->layer());
         renderer_.setScale(scale);
-        editor_.refresh();
-        for (int i = 0; i < 200; ++i)
-            draw(); // until every animation of the opening is over
+        processor_.prepareToPlay(48000, frames);
+        for (int i = 0; i < 200; ++i) { // until every animation of the opening is over
+            tick();
+            draw();
+        }
     }
 
-    // One frame, a sixtieth of a second after the last. What was damaged, in device pixels.
+    // What a display frame does before anything is drawn.
+    void tick() {
+        time_.advance(1.0 / 60);
+        ticks_.tick(time_.now());
+        time_.settle();
+    }
+    // What was damaged, in device pixels.
     double draw() {
-        time_ += 1.0 / 60;
-        const RenderStatistics& statistics = renderer_.update(time_);
+        const RenderStatistics& statistics = renderer_.update(time_.now());
         if (statistics.damage.empty()) return 0;
         juce::Graphics graphics(picture_);
         ToolkitRasterTarget target(graphics);
@@ -58,45 +66,78 @@ public:
         return pixels;
     }
 
-    void automate(float position) {
-        processor_.parameter(tiltGain).setValue(position);
-        editor_.refresh();
+    void automate(float position) { processor_.parameter(tiltGain).setValue(position); }
+    void play(float amplitude) {
+        for (int channel = 0; channel < 2; ++channel)
+            std::fill_n(audio_.getWritePointer(channel), frames, amplitude);
+        processor_.processBlock(audio_, midi_);
     }
 
 private:
+    static constexpr int frames = 512;
+
     juce::SharedResourcePointer<ToolkitRuntime> runtime_;
+    ManualTickSource ticks_;
+    VirtualTime time_;
     SlantwiseProcessor processor_;
-    SlantwiseEditor editor_{processor_};
+    std::unique_ptr<SlantwiseEditor> editor_;
     ToolkitRasterBackend backend_{runtime_->faces()};
     LayerRenderer renderer_{backend_};
     juce::Image picture_;
-    double time_;
+    juce::AudioBuffer<float> audio_{2, frames};
+    juce::MidiBuffer midi_;
 };
 
-void BM_IdleFrame(benchmark::State& state) {
-    Frames frames(static_cast<int>(state.range(0)));
+// One frame each, after `change`, with how much of the picture it damaged.
+template <class Change>
+void measureFrames(benchmark::State& state, Frames& frames, Change change) {
     double pixels = 0;
-    for (auto _ : state)
-        pixels += frames.draw();
-    state.counters["damage_px"] = benchmark::Counter(pixels, benchmark::Counter::kAvgIterations);
-}
-
-// The tilt gain under automation: the handle and its text change in each frame.
-void BM_BusyFrame(benchmark::State& state) {
-    Frames frames(static_cast<int>(state.range(0)));
-    double pixels = 0;
-    int frame = 0;
-    for (auto _ : state) {
-        frames.automate(static_cast<float>(frame++ % 100) / 100);
+    for (int frame = 0; auto _ : state) {
+        change(frame++);
+        frames.tick();
         pixels += frames.draw();
     }
     state.counters["damage_px"] = benchmark::Counter(pixels, benchmark::Counter::kAvgIterations);
 }
 
+Frames framesOf(const benchmark::State& state) {
+    return Frames(static_cast<int>(state.range(0)), static_cast<Frames::Backend>(state.range(1)));
+}
+
+// A display tick while nothing changes, and nothing is drawn.
+void BM_IdleTick(benchmark::State& state) {
+    Frames frames(1);
+    for (auto _ : state)
+        frames.tick();
+}
+
+// The same, with the renderer looking whether anything changed.
+void BM_IdleFrame(benchmark::State& state) {
+    Frames frames = framesOf(state);
+    measureFrames(state, frames, [](int) {});
+}
+
+// The tilt gain under automation: the handle, its text and the curve change in each frame.
+void BM_AutomatedFrame(benchmark::State& state) {
+    Frames frames = framesOf(state);
+    measureFrames(state, frames, [&](int frame) { frames.automate(static_cast<float>(frame % 100) / 100); });
+}
+
+// Audio whose level never settles: the meter changes in each frame.
+void BM_MeterFrame(benchmark::State& state) {
+    Frames frames = framesOf(state);
+    measureFrames(state, frames, [&](int frame) { frames.play(frame % 2 ? 0.5f : 0.03f); });
+}
+
+void scalesAndBackends(benchmark::internal::Benchmark* bench) {
+    bench->ArgNames({"scale", "gl"})->ArgsProduct({{1, 2}, {Frames::cpu, Frames::gl}})->Unit(benchmark::kMicrosecond);
+}
+
 BENCHMARK(BM_OpenAndCloseEditor)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_IdleRefresh)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_IdleFrame)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_BusyFrame)->Arg(1)->Arg(2)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_IdleTick)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_IdleFrame)->Apply(scalesAndBackends);
+BENCHMARK(BM_AutomatedFrame)->Apply(scalesAndBackends);
+BENCHMARK(BM_MeterFrame)->Apply(scalesAndBackends);
 
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -1,5 +1,6 @@
 #include "platform/juce/WindowComponent.h"
 
+#include "platform/DisplayLink.h"
 #include "platform/juce/Conversions.h"
 #include "platform/juce/NativePeer.h"
 #include "platform/juce/ToolkitMenu.h"
@@ -14,8 +15,9 @@ namespace {
 constexpr double focusReturnSeconds = 0.05; // a click in an embedded window takes the focus and gives it again
 constexpr double shortestFrame = 0.012;     // seconds between frames that a change asks for
 constexpr int tooltipDelayMs = 700;
-constexpr double wakefulSeconds = 1; // after the last frame or pointer event
-constexpr int idleRefreshHz = 12;    // what is uncovered is painted at this rate while nothing else goes on
+constexpr double wakefulSeconds = 1;       // after the last frame or pointer event
+constexpr double lookAroundSeconds = 0.25; // between looks whether the window is still to be seen, and where
+constexpr int idleRefreshHz = 12;          // what is uncovered is painted at this rate while nothing else goes on
 
 // The toolkit shows tooltips only in a window that has the keyboard, and ours leaves that with the host.
 class Tooltips final : public juce::TooltipWindow {
@@ -71,10 +73,22 @@ void WindowComponent::handleAsyncUpdate() {
 }
 
 void WindowComponent::refresh() {
+    if (RunLoop::main().now() - lastLookAround_ >= lookAroundSeconds) lookAround();
     if ((isFrameWanted_ || renderer_.isAnimating()) && isShowing()) frame();
     // A window that was moved, or put on another screen, is at the display's rate again without a word.
     const double now = RunLoop::main().now(), sinceLast = now - std::exchange(lastRefresh_, now);
     if (isIdle() && sinceLast < 0.5 / idleRefreshHz) setRefresh(Refresh::idle);
+}
+
+// A window around this one may be hidden, or moved to another display, without a word.
+void WindowComponent::lookAround() {
+    lastLookAround_ = RunLoop::main().now();
+    if (!getPeer()) return window_.setVisible(!wasOnScreen_);
+    // On its way to the screen it is about to be seen, and opening must not wait for the server's answers.
+    if (!std::exchange(wasOnScreen_, true)) return;
+    window_.setVisible(isShowing() && mapState_.isViewable(nativeWindow()));
+    const auto* const display = juce::Desktop::getInstance().getDisplays().getDisplayForRect(getScreenBounds());
+    if (display && display->verticalFrequencyHz) DisplayLink::setRefreshRate(*display->verticalFrequencyHz);
 }
 
 void WindowComponent::keepAwake() {
@@ -262,6 +276,7 @@ void WindowComponent::updateKeys() {
 
 void WindowComponent::parentHierarchyChanged() {
     updateKeys();
+    lookAround();
 }
 
 void WindowComponent::giveFocusBack() {

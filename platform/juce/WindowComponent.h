@@ -8,6 +8,7 @@
 #include "platform/juce/HostFocus.h"
 #include "platform/juce/ToolkitRasterBackend.h"
 #include "platform/juce/ToolkitRuntime.h"
+#include "platform/juce/WindowMapState.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -20,7 +21,8 @@ namespace QVM_NAMESPACE {
 // menus open and calls pending.
 //
 // Frames: the first change after a frame asks for the next one, which comes as soon as the events at hand are dealt
-// with. While something is animated one comes with each refresh of the display. Otherwise there is none.
+// with. While something is animated one comes with each refresh of the display. Otherwise there is none. The window
+// counts as visible until it has come to a screen and is hidden, minimised or taken away there.
 class WindowComponent final : public juce::Component,
                               public juce::TooltipClient,
                               private WindowHost,
@@ -55,6 +57,7 @@ public:
     void focusLost(FocusChangeType cause) override;
     juce::String getTooltip() override;
     void parentHierarchyChanged() override;
+    void visibilityChanged() override { lookAround(); }
 
 private:
     void setCursor(Cursor cursor) override;
@@ -73,6 +76,7 @@ private:
     enum class Refresh : unsigned char { atDisplayRate, idle };
     void setRefresh(Refresh rate);
     void keepAwake();
+    void lookAround();
     bool isIdle() const;
     void repaintDamage();
     void composeInto(juce::Graphics& g, double scale) const;
@@ -88,10 +92,13 @@ private:
     Window window_{this};
     Point pointer_; // where it was last seen
     HostFocus hostFocus_;
+    WindowMapState mapState_;
     DelayedCall resignation_; // the loss of focus, unless it comes back at once
     bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
+    bool wasOnScreen_ = false;
     Refresh refreshRate_ = Refresh::atDisplayRate;
     double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
+    double lastLookAround_ = 0;                                     // likewise
     std::unique_ptr<juce::TooltipWindow> tooltips_;                 // while the pointer is inside
     juce::VBlankAttachment refresh_;
 };

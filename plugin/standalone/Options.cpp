@@ -91,7 +91,7 @@ std::string helpText() {
            "  --theme light|dark    start in a theme\n"
            "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's)\n"
            "  --screenshot FILE     write a PNG of the editor; works without a display\n"
-           "  --after SECONDS       when to write it (1)\n"
+           "  --after SECONDS       when to write it (2)\n"
            "  --quit-after SECONDS  close by itself\n"
            "  --help, --version     print this or the version\n";
 }

@@ -19,7 +19,7 @@ struct Options {
     Theme theme = Theme::light;
     double scale = 0;           // device pixels a point; 0: what the desktop says
     std::string screenshotFile; // PNG to write, empty for none
-    double afterSeconds = 1;    // when to write it
+    double afterSeconds = 2;    // when to write it
     std::optional<double> quitAfterSeconds;
     bool showHelp = false, showVersion = false;
 };

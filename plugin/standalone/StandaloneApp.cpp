@@ -75,10 +75,7 @@ void StandaloneApp::initialise(const juce::String&) {
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
     if (options().theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
     applyPreset();
-    if (display)
-        openWindow();
-    else
-        refreshOffScreen();
+    if (display) openWindow();
     if (!options().screenshotFile.empty()) {
         screenshotCall_.schedule(options().afterSeconds, [this] { writeScreenshot(); });
     }
@@ -88,7 +85,6 @@ void StandaloneApp::initialise(const juce::String&) {
 }
 
 void StandaloneApp::shutdown() {
-    refreshCall_.cancel();
     screenshotCall_.cancel();
     quitCall_.cancel();
     window_.reset();
@@ -105,11 +101,6 @@ void StandaloneApp::applyPreset() {
 
 void StandaloneApp::openWindow() {
     window_ = std::make_unique<EditorWindow>(*editor_, options().scale);
-}
-
-void StandaloneApp::refreshOffScreen() {
-    editor_->refresh();
-    refreshCall_.schedule(1.0 / 60, [this] { refreshOffScreen(); });
 }
 
 void StandaloneApp::writeScreenshot() {

@@ -36,15 +36,13 @@ private:
     void fail(const std::string& message, int exitStatus);
     void applyPreset();
     void openWindow();
-    // Does what the editor's own timer does only while it is on screen.
-    void refreshOffScreen();
     void writeScreenshot();
 
     std::unique_ptr<SlantwiseProcessor> processor_;
     std::unique_ptr<LoopPlayer> player_;
     std::unique_ptr<SlantwiseEditor> editor_;
     std::unique_ptr<EditorWindow> window_;
-    DelayedCall refreshCall_, screenshotCall_, quitCall_;
+    DelayedCall screenshotCall_, quitCall_;
 };
 
 } // namespace QVM_NAMESPACE

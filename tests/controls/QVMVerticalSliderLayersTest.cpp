@@ -55,6 +55,26 @@ protected:
     LayerRenderer renderer{backend};
 };
 
+TEST_F(QVMVerticalSliderLayersTest, WhatIsInTheTrackCoversTheSliderAndShowsInTheTrackBelowTheHandle) {
+    QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    View& inTrack = slider.addInTrack(std::make_unique<View>());
+    const Layer& window = *inTrack.layer()->superlayer();
+    const auto covers = [&] { return inTrack.convertToWindow(inTrack.bounds()) == slider.frame(); };
+    EXPECT_TRUE(covers());
+    EXPECT_EQ(window.frame(), slider.trackRect());
+    EXPECT_TRUE(window.masksToBounds());
+    const auto& layers = slider.layer()->sublayers();
+    const auto indexOf = [&](const Layer& layer) {
+        return std::find_if(layers.begin(), layers.end(), [&](const auto& l) { return l.get() == &layer; });
+    };
+    EXPECT_EQ(indexOf(window), indexOf(*slider.background()) + 1);
+    EXPECT_LT(indexOf(window), indexOf(*slider.readoutBulb()));
+    slider.setFrame({10, 20, 97, 300});
+    EXPECT_TRUE(covers());
+    EXPECT_EQ(window.frame(), slider.trackRect());
+    EXPECT_EQ(slider.hitTest({58, 150}), &slider);
+}
+
 TEST_F(QVMVerticalSliderLayersTest, TheLyingTrackSpansTheExtentsAndItsHandleIsCentredOnIt) {
     const QVMVerticalSlider slider(kLying, *GetParameter(1));
     EXPECT_EQ(slider.trackRect(), (Rect{11, 26, 252, 14})); // 21 points below the top, y up

@@ -81,6 +81,39 @@ TEST(QVMParameter, CoercionRoundsTheCastValueToTheFineStep) {
     EXPECT_EQ(GetParameter(0)->coerceValue(0.3f), 1);
 }
 
+TEST(QVMParameter, TheUnitsValuesAreCastRoundedToTheFineStepAndClamped) {
+    EXPECT_FLOAT_EQ(GetParameter(2)->shownValueFromHostValue(12005), 489.9f);
+    const float above = GetParameter(3)->reverseCastValue(1234.56f);
+    EXPECT_FLOAT_EQ(GetParameter(3)->shownValueFromHostValue(above), 1234.6f); // no coarser from 1 kHz up
+    EXPECT_EQ(GetParameter(0)->shownValueFromHostValue(0.3f), 1);
+    EXPECT_EQ(GetParameter(1)->shownValueFromHostValue(-500), -18);
+    EXPECT_EQ(GetParameter(7)->shownValueFromHostValue(1e30f), 12);
+    EXPECT_EQ(GetParameter(4)->shownValueFromHostValue(1), 10); // a link switch stands below its range
+    EXPECT_EQ(GetParameter(1)->shownValueFromHostValue(std::nanf("")), -18);
+}
+
+TEST(QVMParameter, TheUnitHoldsInitialValuesThatStandOutsideTheirRange) {
+    for (const std::uint32_t pid : {4u, 5u, 11u, 12u}) {
+        const QVMParameter& parameter = *GetParameter(pid);
+        EXPECT_EQ(parameter.heldValueFromHostValue(0), 0) << pid;
+        EXPECT_EQ(parameter.shownValueFromHostValue(0), parameter.minValue) << pid;
+        EXPECT_EQ(parameter.heldValueFromHostValue(-1e9f), pid == 4 || pid == 11 ? 1 : 0) << pid;
+    }
+    EXPECT_EQ(GetParameter(5)->heldValueFromHostValue(1e9f), 24000);
+}
+
+TEST(QVMParameter, BothReadingsOfTheUnitAgreeToTheBitInsideTheRange) {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const QVMParameter& parameter = *GetParameter(pid);
+        for (int i = 0; i <= 5000; ++i) {
+            const float host =
+                parameter.minValue + (parameter.maxValue - parameter.minValue) * static_cast<float>(i) / 5000;
+            if (parameter.castValue(host) < parameter.minValue) continue;
+            ASSERT_EQ(parameter.heldValueFromHostValue(host), parameter.shownValueFromHostValue(host)) << pid;
+        }
+    }
+}
+
 TEST(QVMParameter, HalvesOfModesAndSwitchesRoundAwayFromZero) {
     for (const std::int32_t unit : {QVMUnitIndexed, QVMUnitSwitch}) {
         QVMParameter parameter;

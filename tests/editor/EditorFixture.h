@@ -1,14 +1,16 @@
-// An editor in a window of its own, on virtual time, with a delegate that records what it hears and a unit that is
-// nothing but 24 numbers.
+// An editor in a window of its own, on virtual time and with display frames by hand, with a delegate that records what
+// it hears and a unit that is nothing but 24 numbers and posts them.
 #pragma once
 
 #include "controls/QVMFloatControl.h"
 #include "description/Description.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
+#include "platform/ManualTickSource.h"
 #include "platform/VirtualTime.h"
 #include "platform/Window.h"
 #include "theme/QVMUITheme.h"
+#include "viz/QVMParameterSketch.h"
 
 #include <gtest/gtest.h>
 
@@ -47,8 +49,13 @@ public:
         calls.push_back("frame " + std::to_string(frame));
         ui.assumeAltFrameScaleChanged(frame, false);
     }
-    PBGLSketchAbstract* interfaceWantsVizRef(QVMGenericUI&) override { return nullptr; }
-    void interfaceHasReadiedVizRef(QVMGenericUI&, PBGLSketchAbstract*) override {}
+    PBGLSketchAbstract* interfaceWantsVizRef(QVMGenericUI&) override { return vizRef; }
+    void interfaceHasReadiedVizRef(QVMGenericUI&, PBGLSketchAbstract* readied) override {
+        calls.push_back("viz");
+        vizRef = readied;
+        post();
+        vizRef->restartGlide();
+    }
     void interfaceWantsSampleRateMaxFrames(QVMGenericUI&, double&, std::uint32_t&) override {}
     void interfaceWantsToResetMetering(QVMGenericUI&) override { calls.push_back("reset metering"); }
     void interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI&, const std::string& key, double value) override {
@@ -57,6 +64,19 @@ public:
     void interfaceShouldRequestUpdatedLayout(QVMGenericUI&) override { calls.push_back("layout"); }
     void interfaceWantsToUploadBufferAtURL(QVMGenericUI&, const std::string&) override {}
 
+    // As the unit does with every change.
+    void post() {
+        if (!vizRef) return;
+        bool glides = false;
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+            const float value = GetParameter(pid)->heldValueFromHostValue(unit[pid]);
+            if (vizRef->parameterStates[pid].value == value) continue;
+            vizRef->parameterStates[pid].value = vizRef->interpTargets[pid] = value;
+            glides = true;
+        }
+        if (glides) vizRef->restartGlide();
+    }
+
     struct Sent {
         std::uint32_t pid;
         float hostValue;
@@ -64,6 +84,7 @@ public:
     std::vector<std::string> calls;
     std::vector<Sent> sent;
     std::array<float, QVMParameterCount> unit{}; // host domain
+    PBGLSketchAbstract* vizRef = nullptr;        // as the unit would know it
 };
 
 class EditorFixture : public testing::Test {
@@ -75,25 +96,30 @@ protected:
         if (ui_) ui_->setDelegate(nullptr);
     }
 
-    // Builds the editor as its owner does, then lets the first snapshot be taken.
+    // Builds the editor as its owner does, then lets the first snapshot be taken and the first pictures be made.
     void open(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
+        delegate_.vizRef = nullptr;
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
             delegate_.unit[pid] = GetParameter(pid)->reverseCastValue(GetParameter(pid)->initialValue);
         auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, std::move(config), chanIn, chanOut);
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            ui->setMemoizedPValueDirectlyValue(
-                pid, QVMGenericUI::shownValueFromHostValue(*GetParameter(pid), delegate_.unit[pid]));
+            ui->setMemoizedPValueDirectlyValue(pid, GetParameter(pid)->shownValueFromHostValue(delegate_.unit[pid]));
         ui->completeInterfaceSetup();
         ui->setDelegate(&delegate_);
         ui_ = &window_.setContentView(std::move(ui));
         time_.advance(1);
-        frame();
+        for (int i = 0; i < glideFrames; ++i)
+            frame();
         delegate_.calls.clear();
         delegate_.sent.clear();
     }
 
     // One display frame: the unit's values come back.
-    void frame() { ui_->sketchHasUpdatedParameterStates(delegate_.unit); }
+    void frame() {
+        delegate_.post();
+        ticks_.tick(time_.now());
+        time_.settle();
+    }
 
     // What a user's hand does to a control, without the geometry.
     void userSets(std::uint32_t pid, float value) {
@@ -136,6 +162,9 @@ protected:
         window_.sendEvent(mouseEvent(EventType::mouseUp, at));
     }
 
+    static constexpr int glideFrames = 10; // more than a hand-over and a glide take
+
+    ManualTickSource ticks_;
     VirtualTime time_;
     RecordingDelegate delegate_;
     Window window_;

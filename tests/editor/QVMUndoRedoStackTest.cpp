@@ -88,6 +88,16 @@ TEST(QVMUndoRedoStack, AMarkThatIsPutBeforeTheFirstSnapshotStandsAtZero) {
     EXPECT_EQ(stack.redo(), snapshot(1));
 }
 
+TEST(QVMUndoRedoStack, AReplacedValueIsReplacedInEachSnapshotThatHasIt) {
+    QVMUndoRedoStack stack = makeStack();
+    for (const float value : {10.0f, 3.0f, 10.0f})
+        stack.pushNew(snapshot(value));
+    stack.replaceValue(0, 10, 0);
+    stack.replaceValue(1, 3, 0);
+    EXPECT_EQ(stack.stack(), (std::vector<QVMSnapshot>{snapshot(0), snapshot(3), snapshot(0)}));
+    EXPECT_EQ(stack.insertionPoint(), 3);
+}
+
 // A history as two plain lists: what is done and what was undone.
 struct Model {
     std::vector<QVMSnapshot> done, undone;

@@ -1,4 +1,5 @@
-// A view bound to a recording unit that has every property, in virtual time, with the log caught.
+// A view bound to a recording unit that has every property, in virtual time and with display frames by hand, with the
+// log caught.
 #pragma once
 
 #include "editor/QVMGenericUI.h"
@@ -6,7 +7,9 @@
 #include "host/QVM0015_CocoaViewFactory2.h"
 #include "platform/AudioUnitListeners.h"
 #include "platform/Log.h"
+#include "platform/ManualTickSource.h"
 #include "platform/VirtualTime.h"
+#include "platform/Window.h"
 #include "support/FakeAudioUnit.h"
 
 #include <gtest/gtest.h>
@@ -74,6 +77,13 @@ protected:
         return ours && line == expected ? text : std::string();
     }
 
+    // One display frame, for views that are in a window.
+    void frame() {
+        ticks.tick(time.now());
+        time.settle();
+    }
+
+    ManualTickSource ticks;
     VirtualTime time;
     Lines logged;
     ScopedLogSink sink{[this](const std::string& line) { logged.push_back(line); }};

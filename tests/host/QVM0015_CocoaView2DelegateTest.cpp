@@ -1,5 +1,7 @@
 #include "host/HostViewFixture.h"
 
+#include "viz/PBGLSketchAbstract.h"
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -67,16 +69,21 @@ TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
 }
 
 TEST_F(AsDelegate, AutomationIsNotEchoed) {
+    QVMGenericUI& editor = ui();
+    Window window;
+    window.setContentView(std::move(view));
+    time.advance(1);
+    frame();
+    auto* vizRef = unit.property<PBGLSketchAbstract*>(64011);
+    ASSERT_NE(vizRef, nullptr);
+    frame();
     AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, -7, 0);
+    vizRef->parameterStates[1].value = -7; // as a unit that draws does
     takeCalls();
-    std::vector<float> states(24);
-    for (std::uint32_t pid = 0; pid < 24; ++pid)
-        states[pid] = view->valueForParameterID(pid);
-    takeCalls();
-    ui().sketchHasUpdatedParameterStates(states);
+    frame();
     time.advance(2);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), -7.0F);
-    EXPECT_TRUE(takeCalls().empty());
+    EXPECT_EQ(editor.getMemoizedPValueDirectly(1), -7.0F);
+    EXPECT_EQ(takeCalls(), Lines{"get property 64011"});
     EXPECT_TRUE(heard.empty());
 }
 

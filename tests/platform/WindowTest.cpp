@@ -292,6 +292,17 @@ TEST_F(WindowTest, KeyChangesArePostedOnce) {
     EXPECT_THAT(posted, ElementsAre(Window::didBecomeKeyNotification, Window::didResignKeyNotification));
 }
 
+TEST_F(WindowTest, IsVisibleAtFirstAndPostsEachChangeOnce) {
+    EXPECT_TRUE(window->isVisible());
+    std::vector<bool> seen;
+    const auto token =
+        NotificationCenter::defaultCenter().observe(Window::didChangeVisibilityNotification, window.get(),
+                                                    [&](const Notification&) { seen.push_back(window->isVisible()); });
+    for (const bool visible : {true, false, false, true})
+        window->setVisible(visible);
+    EXPECT_THAT(seen, ElementsAre(false, true));
+}
+
 TEST_F(WindowTest, FocusIsAskedOfTheHost) {
     window->makeKey();
     EXPECT_EQ(host.taken, 1);

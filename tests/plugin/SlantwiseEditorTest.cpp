@@ -4,6 +4,8 @@
 #include "description/Description.h"
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
+#include "platform/ManualTickSource.h"
+#include "platform/VirtualTime.h"
 #include "platform/Window.h"
 #include "plugin/HostRecorder.h"
 
@@ -22,8 +24,20 @@ protected:
 
     void open() {
         editor_ = std::make_unique<SlantwiseEditor>(processor_);
-        editor_->refresh();
+        settle();
         host_.lines.clear();
+    }
+    // Until the pictures have come and the editor has taken on the unit's values.
+    void settle() {
+        time_.advance(1);
+        for (int i = 0; i < 3; ++i)
+            frame();
+    }
+    // One display frame.
+    void frame() {
+        time_.advance(1.0 / 60);
+        ticks_.tick(time_.now());
+        time_.settle();
     }
 
     QVMVerticalSlider& slider(std::uint32_t pid) {
@@ -47,6 +61,8 @@ protected:
         send(EventType::mouseUp, {from.x + dx, from.y + dy});
     }
 
+    ManualTickSource ticks_;
+    VirtualTime time_;
     SlantwiseProcessor processor_;
     slantwise_tests::HostRecorder host_{processor_};
     std::unique_ptr<SlantwiseEditor> editor_;
@@ -62,14 +78,14 @@ TEST_F(SlantwiseEditorTest, OpeningTellsTheHostNothing) {
     editor_.reset();
     host_.lines.clear();
     editor_ = std::make_unique<SlantwiseEditor>(processor_);
-    editor_->refresh();
+    settle();
     editor_.reset();
     EXPECT_EQ(host_.lines, Lines());
 }
 
 TEST_F(SlantwiseEditorTest, ADragIsOneGestureThatBeginsHoldsItsValuesAndEnds) {
     drag(handle(1), 60, 0);
-    editor_->refresh();
+    frame();
     const Lines kinds = host_.kinds();
     ASSERT_GE(kinds.size(), 4U);
     EXPECT_EQ(kinds.front(), "begin 1");
@@ -94,12 +110,12 @@ TEST_F(SlantwiseEditorTest, AClickOnTheTrackHoldsItsValueInsideAGesture) {
 // The editor itself never ends this gesture.
 TEST_F(SlantwiseEditorTest, AResetByClickEndsOnceThePointerIsFree) {
     processor_.parameter(1).setValue(0.8f);
-    editor_->refresh();
+    frame();
     send(EventType::mouseDown, handle(1), EventModifier::option);
-    editor_->refresh();
+    frame();
     EXPECT_EQ(host_.kinds(), (Lines{"begin 1", "value 1"}));
     send(EventType::mouseUp, handle(1), EventModifier::option);
-    editor_->refresh();
+    frame();
     EXPECT_EQ(host_.kinds(), (Lines{"begin 1", "value 1", "end 1"}));
     EXPECT_EQ(editor_->view().valueForParameterID(1), 0);
 }
@@ -116,7 +132,7 @@ TEST_F(SlantwiseEditorTest, ClosingInMidGestureEndsIt) {
 TEST_F(SlantwiseEditorTest, AutomationMovesTheHandleAndSendsNothingBack) {
     const Point before = handle(1);
     processor_.parameter(1).setValue(1);
-    editor_->refresh();
+    frame();
     EXPECT_EQ(slider(1).floatValue(), 18);
     EXPECT_GT(handle(1).x, before.x + 20);
     EXPECT_EQ(host_.lines, Lines());
@@ -126,7 +142,7 @@ TEST_F(SlantwiseEditorTest, AutomationMovesTheHandleAndSendsNothingBack) {
 TEST_F(SlantwiseEditorTest, AutomationThatStandsStillMovesNothing) {
     const Point before = handle(1);
     processor_.parameter(1).setValue(processor_.parameter(1).getValue());
-    editor_->refresh();
+    frame();
     EXPECT_EQ(handle(1).x, before.x);
     EXPECT_EQ(host_.lines, Lines());
 }
@@ -136,7 +152,7 @@ TEST_F(SlantwiseEditorTest, AutomationOfEachParameterKeepsItsBits) {
         for (const float position : {0.123456f, 0.75f, 1.0f}) {
             processor_.parameter(pid).setValue(position);
             const float sent = editor_->view().valueForParameterID(pid);
-            editor_->refresh();
+            frame();
             EXPECT_EQ(editor_->view().valueForParameterID(pid), sent) << pid;
         }
     }
@@ -149,14 +165,14 @@ TEST_F(SlantwiseEditorTest, RestoredStateShowsInAnOpenEditor) {
     juce::MemoryBlock bytes;
     other.getStateInformation(bytes);
     processor_.setStateInformation(bytes.getData(), static_cast<int>(bytes.getSize()));
-    editor_->refresh();
+    frame();
     EXPECT_EQ(slider(1).floatValue(), -18);
     EXPECT_EQ(host_.lines, Lines());
 }
 
 TEST_F(SlantwiseEditorTest, APresetReachesTheHostAsFinishedGestures) {
     editor_->view().requestPresetNamed("Air");
-    editor_->refresh();
+    frame();
     const Lines kinds = host_.kinds();
     ASSERT_FALSE(kinds.empty());
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
@@ -169,9 +185,9 @@ TEST_F(SlantwiseEditorTest, APresetReachesTheHostAsFinishedGestures) {
 TEST_F(SlantwiseEditorTest, TwoEditorsOfTwoUnitsKeepApart) {
     SlantwiseProcessor other;
     SlantwiseEditor second(other);
-    second.refresh();
+    frame();
     drag(handle(1), 60, 0);
-    second.refresh();
+    frame();
     EXPECT_NE(processor_.parameter(1).getValue(), other.parameter(1).getValue());
     EXPECT_EQ(other.parameter(1).getValue(), other.parameter(1).getDefaultValue());
 }

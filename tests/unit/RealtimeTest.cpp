@@ -3,6 +3,7 @@
 
 #include "support/RealtimeTrap.h"
 #include "unit/Signals.h"
+#include "viz/QVM0015GLSketch.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,28 @@ TEST(Realtime, NoPathAllocatesLocksOrCallsTheSystem) {
         everyPath<float>(unit, format);
         everyPath<double>(unit, format);
     }
+}
+
+// As above, with an editor open: parameters and levels go into its drawing object.
+TEST(Realtime, PostingToAnEditorNeitherAllocatesNorLocks) {
+    QVM0015GLSketch drawing;
+    drawing.init({PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1}, 44100, 512);
+    drawing.sizeStates(UnitParameters::count);
+    QVM0015_AudioUnit unit;
+    PBGLSketchAbstract* vizRef = &drawing;
+    ASSERT_EQ(AudioUnitSetProperty(&unit, 64011, kAudioUnitScope_Global, 0, &vizRef, sizeof(void*)), noErr);
+    everyPath<float>(unit, {2, 2});
+    everyPath<double>(unit, {2, 2});
+    const realtime::Offences seen = realtime::offencesOf([&] {
+        for (std::uint32_t pid = 0; pid < UnitParameters::count; ++pid)
+            AudioUnitSetParameter(&unit, pid, kAudioUnitScope_Global, 0, 5, 0);
+    });
+    EXPECT_FALSE(seen.any()) << seen;
+    EXPECT_EQ(drawing.parameterStates[1].value, 5);
+    std::vector<float> in = signals::tone<float>(5000, 1000, 0.5);
+    float* channels[] = {in.data(), in.data()};
+    unit.process(channels, channels, 5000);
+    EXPECT_GT(drawing.levelMeter()->channel(0).level, -20);
 }
 
 TEST(Realtime, MonoToStereoAndMissingChannelsNeitherAllocateNorLock) {

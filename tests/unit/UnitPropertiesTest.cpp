@@ -1,6 +1,8 @@
 // The unit's private and standard properties, through the interface that the editor uses.
 #include "unit/QVM0015_AudioUnit.h"
 
+#include "viz/QVM0015GLSketch.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -199,8 +201,8 @@ TEST_F(UnitProperties, ResettingTheMetersWithAnythingButOneIsRefused) {
 
 TEST_F(UnitProperties, ClosingTheVisualisationDropsTheReference) {
     EXPECT_EQ(get<void*>(64011), nullptr);
-    int drawing = 0;
-    ASSERT_EQ(set<void*>(64011, &drawing), noErr);
+    QVM0015GLSketch drawing;
+    ASSERT_EQ(set<PBGLSketchAbstract*>(64011, &drawing), noErr);
     EXPECT_EQ(get<void*>(64011), &drawing);
     EXPECT_EQ(set(64012, std::uint32_t{7}), kAudioUnitErr_InvalidPropertyValue);
     EXPECT_EQ(get<void*>(64011), &drawing);

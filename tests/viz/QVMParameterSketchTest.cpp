@@ -101,6 +101,34 @@ TEST_F(QVMParameterSketchTest, RunsWhileItIsInAWindow) {
     EXPECT_FALSE(ticks.isStarted());
 }
 
+TEST_F(QVMParameterSketchTest, StopsWhileItsWindowIsHidden) {
+    window.setVisible(false);
+    EXPECT_FALSE(view.isRunning());
+    EXPECT_FALSE(ticks.isStarted());
+    window.setVisible(true);
+    EXPECT_TRUE(view.isRunning());
+    EXPECT_TRUE(ticks.isStarted());
+}
+
+TEST_F(QVMParameterSketchTest, DoesNotStartInAHiddenWindow) {
+    std::unique_ptr<View> taken = window.takeContentView();
+    window.setVisible(false);
+    window.setContentView(std::move(taken));
+    EXPECT_FALSE(ticks.isStarted());
+    window.setVisible(true);
+    EXPECT_TRUE(ticks.isStarted());
+    taken = window.takeContentView();
+    window.setVisible(false);
+    window.setVisible(true);
+    EXPECT_FALSE(ticks.isStarted()) << "the window is no longer its own";
+}
+
+TEST_F(QVMParameterSketchTest, KnowsTheFocusedParameter) {
+    EXPECT_EQ(view.focusedPid(), -1);
+    view.setFocusedPid(7);
+    EXPECT_EQ(view.focusedPid(), 7);
+}
+
 TEST_F(QVMParameterSketchTest, StopsWhenItIsDestroyed) {
     window.takeContentView().reset();
     EXPECT_FALSE(ticks.isStarted());

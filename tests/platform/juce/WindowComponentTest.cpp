@@ -76,6 +76,39 @@ TEST_F(WindowComponentTest, ConstructorDoesNoPaintWork) {
     EXPECT_THAT(other.lastFrame().rasterised, IsEmpty());
 }
 
+TEST_F(WindowComponentTest, ItsWindowIsVisibleUntilItIsHiddenOnAScreen) {
+    WindowComponent unseen;
+    EXPECT_TRUE(unseen.window().isVisible()) << "no screen yet: who asks for a picture sees it";
+    settle();
+    const Window& window = component->window();
+    EXPECT_TRUE(window.isVisible());
+    component->setVisible(false);
+    EXPECT_FALSE(window.isVisible());
+    component->setVisible(true);
+    EXPECT_TRUE(window.isVisible());
+    desktop->removeChildComponent(component.get());
+    EXPECT_FALSE(window.isVisible());
+    desktop->addAndMakeVisible(*component);
+    EXPECT_TRUE(window.isVisible());
+}
+
+// Of these nobody tells: a look now and then finds out.
+TEST_F(WindowComponentTest, ItsWindowIsHiddenByAMinimisedOrHiddenWindowAround) {
+    settle();
+    const Window& window = component->window();
+    for (const auto& hide : {std::function<void(bool)>([&](bool hidden) { peer().minimised = hidden; }),
+                             std::function<void(bool)>([&](bool hidden) { desktop->setVisible(!hidden); })}) {
+        hide(true);
+        time.advance(0.3);
+        peer().vBlank();
+        EXPECT_FALSE(window.isVisible());
+        hide(false);
+        time.advance(0.3);
+        peer().vBlank();
+        EXPECT_TRUE(window.isVisible());
+    }
+}
+
 TEST_F(WindowComponentTest, ChangeRepaintsExactlyWhatItDamaged) {
     settle();
     square->setBackgroundColor(blue);

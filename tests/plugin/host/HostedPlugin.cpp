@@ -9,7 +9,7 @@ namespace slantwise_tests {
 
 namespace {
 
-constexpr int blockFrames = 256;
+constexpr int blockFrames = 256, squareWaveFrames = 64;
 constexpr double sampleRateHz = 48000, patienceSeconds = 5;
 
 juce::PluginDescription describe(juce::AudioPluginFormat& format, Format kind) {
@@ -83,7 +83,10 @@ void HostedPlugin::step() {
     const double now = juce::Time::getMillisecondCounterHiRes();
     if (now < nextBlock_) return;
     nextBlock_ = now + 1000 * blockFrames / sampleRateHz;
-    buffer_.clear();
+    for (int channel = 0; channel < buffer_.getNumChannels(); ++channel) {
+        for (int i = 0; i < blockFrames; ++i)
+            buffer_.setSample(channel, i, i % squareWaveFrames < squareWaveFrames / 2 ? amplitude_ : -amplitude_);
+    }
     midi_.clear();
     instance_->processBlock(buffer_, midi_);
 }

@@ -35,6 +35,8 @@ public:
 
     // Runs the host: messages, and a block of audio every few milliseconds.
     void run(double seconds);
+    // The audio from now on: a square wave of this amplitude. Silence at first.
+    void setAmplitude(float amplitude) { amplitude_ = amplitude; }
     // Runs until it is true; false when it is not within some seconds.
     bool runUntil(const std::function<bool()>& condition);
 
@@ -50,6 +52,7 @@ private:
     std::unique_ptr<EditorWindow> window_;
     juce::AudioBuffer<float> buffer_;
     juce::MidiBuffer midi_;
+    float amplitude_ = 0;
     double nextBlock_ = 0; // milliseconds
 };
 

@@ -12,6 +12,9 @@
 namespace QVM_NAMESPACE {
 namespace {
 
+// Where the pictures stand in the editor, in points.
+constexpr Rect curveBox{422, 196, 54, 62}, meterTrack{363, 56, 12, 165};
+
 // Kilobytes of this process that no other shares.
 long privateMemoryKb() {
     std::ifstream status("/proc/self/smaps_rollup");
@@ -74,6 +77,38 @@ TEST_P(InHost, AutomationMovesTheHandleAndSendsNothingBack) {
     gain().setValue(0.75f);
     plugin_.run(0.6);
     EXPECT_EQ(after.differingPixels(pictureOf(frame)), 0U);
+}
+
+TEST_P(InHost, AutomationMovesTheCurve) {
+    open();
+    EXPECT_TRUE(comesTrue([&] { return pictureOf(curveBox).countOf(0xFFFFFF, 8) > 40; })) << "the curve has come";
+    plugin_.run(1);
+    const Picture before = pictureOf(curveBox);
+    gain().setValue(0.75f);
+    EXPECT_TRUE(comesTrue([&] { return before.differingPixels(pictureOf(curveBox)) > 100; }));
+    plugin_.run(0.6);
+    const Picture after = pictureOf(curveBox);
+    plugin_.run(0.3);
+    EXPECT_EQ(after.differingPixels(pictureOf(curveBox)), 0U) << "it has arrived";
+}
+
+TEST_P(InHost, AudioMovesTheMeterAndNothingElse) {
+    open();
+    plugin_.setAmplitude(0.9f);
+    plugin_.run(2.5);
+    const Picture loud = wholePicture();
+    plugin_.setAmplitude(0.01f);
+    plugin_.run(0.1);
+    const Picture quiet = wholePicture();
+    std::size_t inMeter = 0, elsewhere = 0;
+    for (std::size_t i = 0; i < loud.pixels.size(); ++i) {
+        if (loud.pixels[i] == quiet.pixels[i]) continue;
+        const auto width = static_cast<std::size_t>(loud.width);
+        const Point at{static_cast<double>(i % width) + 0.5, static_cast<double>(i / width) + 0.5};
+        ++(meterTrack.contains(at) ? inMeter : elsewhere);
+    }
+    EXPECT_GT(inMeter, 50U);
+    EXPECT_EQ(elsewhere, 0U);
 }
 
 TEST_P(InHost, AltClickResets) {

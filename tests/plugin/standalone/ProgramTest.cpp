@@ -1,4 +1,5 @@
 // The stand-alone program as a user starts it where there is no display.
+#include "platform/Geometry.h"
 #include "platform/Image.h"
 #include "plugin/standalone/AudioFiles.h"
 
@@ -9,6 +10,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <set>
 
 #include <sys/wait.h>
@@ -42,9 +44,9 @@ std::shared_ptr<const Image> picture(const std::string& file) {
 class StandaloneProgram : public testing::Test {
 protected:
     // The picture that the program takes of itself, or null.
-    std::shared_ptr<const Image> screenshot(const std::string& arguments) {
+    std::shared_ptr<const Image> screenshot(const std::string& arguments, const std::string& after = "0.3") {
         const std::string file = directory_.file("shot.png");
-        const Outcome outcome = run(arguments + " --after 0.3 --screenshot " + file);
+        const Outcome outcome = run(arguments + " --after " + after + " --screenshot " + file);
         EXPECT_EQ(outcome.status, 0) << outcome.output;
         return picture(file);
     }
@@ -53,6 +55,18 @@ protected:
         for (int i = 0; i < 9600; ++i)
             samples.push_back(0.25f * std::sin(0.06f * static_cast<float>(i)));
         return directory_.audio("tone.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1, 48000, samples);
+    }
+    std::string silence() const {
+        return directory_.audio("silence.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1, 48000, std::vector<float>(4800));
+    }
+    // Noise that gets louder by 15 dB a second, for four seconds.
+    std::string crescendo() const {
+        std::mt19937 random(3);
+        std::uniform_real_distribution<float> noise(-1, 1);
+        std::vector<float> samples;
+        for (int i = 0; i < 4 * 48000; ++i)
+            samples.push_back(noise(random) * std::pow(10.0f, (-60 + 15 * static_cast<float>(i) / 48000) / 20));
+        return directory_.audio("crescendo.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1, 48000, samples);
     }
     static std::size_t colours(const Image& image) {
         return std::set<std::uint32_t>(image.pixels.begin(), image.pixels.end()).size();
@@ -121,12 +135,52 @@ TEST_F(StandaloneProgram, TakesItsPictureOffScreenAtEitherScale) {
 }
 
 TEST_F(StandaloneProgram, ThemesAndPresetsShow) {
-    const auto light = screenshot("--theme light --preset Default"), dark = screenshot("--theme dark --preset Default"),
-               air = screenshot("--theme light --preset Air"), again = screenshot("--theme light --preset Default");
+    const std::string still = "--play " + silence() + " --theme ";
+    const auto light = screenshot(still + "light --preset Default", "2"),
+               dark = screenshot(still + "dark --preset Default", "2"),
+               air = screenshot(still + "light --preset Air", "2"),
+               again = screenshot(still + "light --preset Default", "2");
     ASSERT_TRUE(light && dark && air && again);
     EXPECT_GT(differing(*light, *dark), light->pixels.size() / 2);
     EXPECT_GT(differing(*light, *air), 500U);
     EXPECT_EQ(differing(*light, *again), 0U);
+}
+
+TEST_F(StandaloneProgram, TheCurveIsInThePicture) {
+    const auto flat = screenshot("--preset Default", "2"), air = screenshot("--preset Air", "2"),
+               none = screenshot("--preset Air", "0.1");
+    ASSERT_TRUE(flat && air && none);
+    const auto differs = [](const Image& a, const Image& b) {
+        std::size_t count = 0;
+        for (int y = 196; y < 258; ++y) {
+            for (int x = 422; x < 476; ++x) {
+                const auto i = static_cast<std::size_t>(y * a.width + x);
+                count += a.pixels[i] != b.pixels[i];
+            }
+        }
+        return count;
+    };
+    EXPECT_GT(differs(*flat, *none), 100U);
+    EXPECT_GT(differs(*flat, *air), 100U);
+}
+
+TEST_F(StandaloneProgram, WithAudioTheMeterMovesAndNothingElse) {
+    const std::string play = "--play " + crescendo();
+    const Rect track{363, 56, 12, 165};
+    std::size_t inMeter = 0;
+    // On a busy machine two runs may by chance be caught at the same moment of the music.
+    for (int attempt = 0; attempt < 3 && inMeter == 0; ++attempt) {
+        const auto one = screenshot(play, "2"), other = screenshot(play, "2.1");
+        ASSERT_TRUE(one && other);
+        for (std::size_t i = 0; i < one->pixels.size(); ++i) {
+            if (one->pixels[i] == other->pixels[i]) continue;
+            const auto width = static_cast<std::size_t>(one->width);
+            const Point at{static_cast<double>(i % width) + 0.5, static_cast<double>(i / width) + 0.5};
+            ASSERT_TRUE(track.contains(at)) << at.x << ", " << at.y;
+            ++inMeter;
+        }
+    }
+    EXPECT_GT(inMeter, 0U);
 }
 
 TEST_F(StandaloneProgram, APictureThatCannotBeWrittenIsAnError) {

@@ -1,0 +1,25 @@
+// Shows the numeric meter's reading on the button in the side column. Main thread only.
+#pragma once
+
+#include "controls/QVMMeterButton.h"
+#include "viz/NumericMeterDisplay.h"
+
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+class NumericMeterReading final : public NumericMeterDisplay {
+public:
+    // The button is borrowed.
+    explicit NumericMeterReading(QVMMeterButton& button) : button_(button) {}
+
+    void setSuffix(std::optional<std::string> suffix) override { button_.setSuffix(std::move(suffix)); }
+    void resetGlyphColor(const std::string& text, std::optional<Color> color) override {
+        button_.resetGlyphColor(text, color.value_or(button_.color()));
+    }
+
+private:
+    QVMMeterButton& button_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,124 @@
+// The live pictures: where they stand, and what comes back from the unit through the object they share with it.
+#include "controls/QVMVerticalSlider.h"
+#include "editor/EditorLayout.h"
+#include "editor/NumericMeterReading.h"
+#include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
+#include "editor/QVMPowerBox.h"
+#include "platform/Transaction.h"
+#include "platform/Window.h"
+#include "theme/QVMUITheme.h"
+#include "viz/QVM0015GLSketch.h"
+#include "viz/QVMAuxiliarySketch.h"
+#include "viz/QVMParameterSketch.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double appearanceSeconds = 1;
+constexpr std::size_t mainSketch = 0; // in PB_Sketches; the others are auxiliary
+
+} // namespace
+
+void QVMGenericUI::addSketch() {
+    if (sketch_ || !powerBox_) return;
+    SketchSettings settings;
+    if (window()) settings.scale = static_cast<float>(window()->backingScaleFactor());
+    if (delegate_) delegate_->interfaceWantsSampleRateMaxFrames(*this, settings.sampleRate, settings.maxFrames);
+    addSketchWithFrameAppendView(EditorLayoutForAltFrame(altFrame_).sketchPlace, *powerBox_, settings);
+    for (std::size_t i = mainSketch + 1; i < PB_Sketches.size(); ++i)
+        addAuxiliarySketch(PB_Sketches[i], settings);
+    showThemeInSketches();
+    observations_.push_back(NotificationCenter::defaultCenter().observe(
+        QVMUITheme::updatedNotification, nullptr, [this](const Notification&) { showThemeInSketches(); }));
+}
+
+void QVMGenericUI::showThemeInSketches() {
+    // The object is this editor's own, of the one kind that there is.
+    static_cast<QVM0015GLSketch*>(sketch_->getVizRef())->setMeterInk(QVMUITheme::theme().palette.meterInk);
+}
+
+void QVMGenericUI::addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings) {
+    auto made = std::make_unique<QVMParameterSketch>(frame, *config_, static_cast<float>(settings.sampleRate),
+                                                     settings.maxFrames, settings.scale, chanIn_, chanOut_);
+    sketch_ = made.get();
+    sketch_->setDelegate(this);
+    sketch_->setNumericMeter(numericMeterReading_.get());
+    if (focusedControl_) sketch_->setFocusedPid(static_cast<std::int32_t>(focusedControl_->parameter()->pid));
+    showMemoizedValues(*sketch_->getVizRef());
+    sketch_->setAlpha(0); // it becomes visible in its window
+    const Transaction appearing = Transaction::animated(appearanceSeconds);
+    appendView.addSubview(std::move(made));
+}
+
+// A further sketch stands in the track of its parameter's slider, below the handle.
+void QVMGenericUI::addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings) {
+    QVMParameterControl* control = parameterControlWithPid(static_cast<std::uint32_t>(description.pid));
+    auto* slider = control ? dynamic_cast<QVMVerticalSlider*>(control->primaryControl()) : nullptr;
+    if (!slider) return;
+    sketch_->addAuxiliarySketch(slider->addInTrack(std::make_unique<QVMAuxiliarySketch>(
+        slider->bounds(), static_cast<float>(settings.sampleRate), settings.maxFrames, description,
+        sketch_->getVizRef()->paramCount, sketch_->getVizRef(), settings.scale, chanIn_, chanOut_)));
+}
+
+// So that the first glide starts from what the controls show.
+void QVMGenericUI::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
+    const std::size_t count = std::min<std::size_t>(vizRef.paramCount, memoizedPValues_.size());
+    for (std::size_t pid = 0; pid < count; ++pid) {
+        vizRef.parameterStates[pid].value = vizRef.parameterStates[pid].displayValue = memoizedPValues_[pid];
+        vizRef.interpTargets[pid] = vizRef.interpValues[pid] = memoizedPValues_[pid];
+    }
+}
+
+void QVMGenericUI::sketchScaleDidChange() {
+    if (!sketch_) return;
+    sketch_->viewDidChangeBackingProperties();
+    for (QVMAuxiliarySketch* auxiliary : sketch_->auxiliarySketches())
+        auxiliary->viewDidChangeBackingProperties();
+}
+
+void QVMGenericUI::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) {
+    if (!delegate_) return;
+    PBGLSketchAbstract* vizRef = sketch.getVizRef();
+    if (delegate_->interfaceWantsVizRef(*this) != vizRef) return delegate_->interfaceHasReadiedVizRef(*this, vizRef);
+    const std::size_t count = std::min<std::size_t>(vizRef->paramCount, receivedPValues_.size());
+    for (std::size_t pid = 0; pid < count; ++pid) {
+        const float value = states[pid].value;
+        if (value != receivedPValues_[pid]) updateParameterFromSketchState(static_cast<std::uint32_t>(pid), value);
+    }
+    ++receivedParamUpdateCount_;
+}
+
+void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float value) {
+    const QVMParameter* parameter = config_->parameterForPid(pid);
+    if (!parameter || pid >= receivedPValues_.size()) return;
+    const float was = std::exchange(receivedPValues_[pid], value);
+    if (was == nothingReceived) rereadMemoizedValue(*parameter, value);
+    // The unit stores less than the editor sends: fewer bits of a frequency, and no value beside the fine step. What it
+    // makes of a value that was sent is that value.
+    const float memoized = memoizedPValues_[pid];
+    const bool isEcho = parameter->heldValueFromHostValue(parameter->reverseCastValue(memoized)) == value;
+    if (isEcho) value = memoized;
+
+    QVMParameterControl* control = parameterControlWithPid(pid);
+    if (control) control->setFloatValue(value);
+    updateMemoizedValueForParameter(value, pid);
+    if (control) handleSideEffectsOfUpdatedControl(*control, value, was);
+}
+
+// What was memoized at the opening is the unit's value inside the parameter's range, and the range links start below
+// theirs. The value as the unit holds it then takes that one's place, wherever it was kept: nobody changed anything.
+void QVMGenericUI::rereadMemoizedValue(const QVMParameter& parameter, float held) {
+    const float read = memoizedPValues_[parameter.pid];
+    if (read == held || parameter.shownValueFromHostValue(parameter.reverseCastValue(held)) != read) return;
+    memoizedPValues_[parameter.pid] = held;
+    for (std::vector<float>& slot : abValues_)
+        if (parameter.pid < slot.size() && slot[parameter.pid] == read) slot[parameter.pid] = held;
+    keyboard_->undoRedoStack().replaceValue(parameter.pid, read, held);
+}
+
+} // namespace QVM_NAMESPACE

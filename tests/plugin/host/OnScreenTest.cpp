@@ -1,0 +1,64 @@
+// An editor of this program's own, in a real window: what it learns about being seen.
+#include "platform/Window.h"
+#include "plugin/SlantwiseEditor.h"
+
+#include <gtest/gtest.h>
+
+namespace juce {
+bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
+}
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class OnARealScreen : public testing::Test {
+protected:
+    OnARealScreen() {
+        frame_.setUsingNativeTitleBar(true);
+        frame_.setContentNonOwned(&editor_, true);
+        frame_.setTopLeftPosition(100, 100);
+        frame_.setVisible(true);
+    }
+    // Waits until the editor's window is visible or not; false when it has not come true on any machine.
+    bool becomesVisible(bool visible) {
+        const double end = juce::Time::getMillisecondCounterHiRes() + 10000;
+        while (editor_.window().isVisible() != visible) {
+            if (juce::Time::getMillisecondCounterHiRes() > end) return false;
+            if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
+        }
+        return true;
+    }
+    void pump(double seconds) {
+        const double end = juce::Time::getMillisecondCounterHiRes() + 1000 * seconds;
+        while (juce::Time::getMillisecondCounterHiRes() < end) {
+            if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
+        }
+    }
+
+    SlantwiseProcessor processor_;
+    SlantwiseEditor editor_{processor_};
+    juce::DocumentWindow frame_{"on screen", juce::Colours::black, juce::DocumentWindow::closeButton};
+};
+
+TEST_F(OnARealScreen, TheWindowIsHiddenWhileItIsMinimised) {
+    pump(0.5);
+    ASSERT_TRUE(becomesVisible(true));
+    pump(1);
+    EXPECT_TRUE(editor_.window().isVisible()) << "nothing hides it by itself";
+    frame_.setMinimised(true);
+    EXPECT_TRUE(becomesVisible(false));
+    frame_.setMinimised(false);
+    EXPECT_TRUE(becomesVisible(true));
+}
+
+TEST_F(OnARealScreen, TheWindowIsHiddenWithTheOneAroundIt) {
+    pump(0.5);
+    ASSERT_TRUE(becomesVisible(true));
+    frame_.setVisible(false);
+    EXPECT_TRUE(becomesVisible(false));
+    frame_.setVisible(true);
+    EXPECT_TRUE(becomesVisible(true));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
