@@ -18,7 +18,7 @@ constexpr double kPulseSeconds = 0.09;
 constexpr double kInsideSpan = 20, kInsideCenter = 11.5, kBesideSpan = 18;
 constexpr double kChevronLength = 10, kChevronDepth = 4.75, kChevronGap = 5, kChevronWidth = 1.75;
 constexpr float kChevronAlpha = 0.75f;
-constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.6;
+constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.7;
 // Of the focus border, where the parameter's colour alone would drown: it is stroked translucently.
 constexpr double kFocusContrast = minimumTextContrast;
 
@@ -80,6 +80,16 @@ QVMCycleControl::QVMCycleControl(const Rect& frame, const QVMParameter& paramete
         layer()->insertSublayer(sublayer, index++); // below the focus border
     }
     redraw();
+}
+
+std::string QVMCycleControl::textForValue(float value) const {
+    std::string text;
+    parameter().valueString(&text, nullptr, value);
+    return text;
+}
+
+Font QVMCycleControl::appropriateFontForValueSizeIconSize(const std::string& value, double size, double icon) const {
+    return QVMUITheme::appropriateFontForValueSizeIconSize(value, size, icon);
 }
 
 double QVMCycleControl::iconSize() const {
@@ -148,12 +158,11 @@ QVMCycleControl::Look QVMCycleControl::lookForValue(float) const {
 
 void QVMCycleControl::redraw() {
     layOut();
-    std::string text;
-    parameter().valueString(&text, nullptr, floatValue());
+    const std::string text = textForValue(floatValue());
     const Look look = lookForValue(floatValue());
     const double icon = std::floor(iconSize());
     typesetAttributedStringValueBackgroundColor(
-        {text, QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, icon), look.text}, look);
+        {text, appropriateFontForValueSizeIconSize(text, kValueSize, icon), look.text}, look);
 
     const bool beside = crementers_ == Crementers::beside;
     const Color mark = beside ? QVMUITheme::theme().palette.label : look.text.withAlpha(look.text.a * kChevronAlpha);

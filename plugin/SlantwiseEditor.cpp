@@ -9,6 +9,12 @@
 
 namespace QVM_NAMESPACE {
 
+namespace {
+
+constexpr double programWatchSeconds = 0.25;
+
+} // namespace
+
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
     : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding) {
     // A host may open the editor on another thread than the one that served messages so far.
@@ -24,6 +30,21 @@ SlantwiseEditor::~SlantwiseEditor() {
     displayTick_ = {};
     processor_.endOpenGestures();
     component_.window().takeContentView();
+}
+
+void SlantwiseEditor::parentHierarchyChanged() {
+    juce::AudioProcessorEditor::parentHierarchyChanged();
+    if (getPeer())
+        watchProgram();
+    else
+        programWatch_.cancel();
+}
+
+void SlantwiseEditor::watchProgram() {
+    const std::int32_t index = processor_.unit().presetIndex();
+    const auto chosen = static_cast<std::uint32_t>(index);
+    if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
+    programWatch_.schedule(programWatchSeconds, [this] { watchProgram(); });
 }
 
 void SlantwiseEditor::resized() {

@@ -1,6 +1,7 @@
 // The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
 #pragma once
 
+#include "platform/DelayedCall.h"
 #include "platform/juce/WindowComponent.h"
 #include "plugin/SlantwiseProcessor.h"
 
@@ -27,12 +28,17 @@ public:
     void refresh();
 
 private:
+    // Names the program that the host has chosen meanwhile, if any, and looks again soon. Only while the editor is in a
+    // window: before that, another thread may be serving the timers.
+    void watchProgram();
+    void parentHierarchyChanged() override;
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
+    DelayedCall programWatch_;
     juce::VBlankAttachment displayTick_{this, [this] { refresh(); }};
 };
 
