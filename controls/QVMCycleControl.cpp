@@ -19,7 +19,7 @@ constexpr double kPulseSeconds = 0.09;
 constexpr double kInsideSpan = 20, kInsideCenter = 11.5, kBesideSpan = 18, kBesideCenter = 6;
 constexpr double kChevronLength = 10, kChevronDepth = 4.75, kChevronGap = 5, kChevronWidth = 1.75;
 constexpr float kChevronAlpha = 0.75f;
-constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.6;
+constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.7;
 // Of the focus border, where the parameter's colour alone would drown: it is stroked translucently.
 constexpr double kFocusContrast = minimumTextContrast;
 
@@ -83,6 +83,16 @@ QVMCycleControl::QVMCycleControl(const Rect& frame, const QVMParameter& paramete
     redraw();
 }
 
+std::string QVMCycleControl::textForValue(float value) const {
+    std::string text;
+    parameter().valueString(&text, nullptr, value);
+    return text;
+}
+
+Font QVMCycleControl::appropriateFontForValueSizeIconSize(const std::string& value, double size, double icon) const {
+    return QVMUITheme::appropriateFontForValueSizeIconSize(value, size, icon);
+}
+
 double QVMCycleControl::iconSize() const {
     return kIconSize;
 }
@@ -100,16 +110,16 @@ double QVMCycleControl::widestValueText() const {
     }
     if (!parameter().stringValues.empty()) return widest;
     for (const float value : {parameter().minValue, parameter().maxValue})
-        widest = std::max(widest, TextMetrics::current().width(textForValue(value, Color{})));
+        widest = std::max(widest, TextMetrics::current().width(attributedTextForValue(value, Color{})));
     return widest;
 }
 
-AttributedString QVMCycleControl::textForValue(float value, Color color) const {
-    std::string text;
+AttributedString QVMCycleControl::attributedTextForValue(float value, Color color) const {
+    const std::string text = textForValue(value);
     std::optional<std::string> suffix;
-    parameter().valueString(&text, &suffix, value);
+    parameter().valueString(nullptr, &suffix, value);
     const double icon = std::floor(iconSize());
-    AttributedString shown(text, QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, icon), color);
+    AttributedString shown(text, appropriateFontForValueSizeIconSize(text, kValueSize, icon), color);
     if (suffix && !suffix->empty()) shown.append({" " + *suffix, QVMUITheme::unitFontOfSize(kUnitSize), color});
     return shown;
 }
@@ -163,7 +173,7 @@ QVMCycleControl::Look QVMCycleControl::lookForValue(float) const {
 void QVMCycleControl::redraw() {
     layOut();
     const Look look = lookForValue(floatValue());
-    typesetAttributedStringValueBackgroundColor(textForValue(floatValue(), look.text), look);
+    typesetAttributedStringValueBackgroundColor(attributedTextForValue(floatValue(), look.text), look);
 
     const bool beside = crementers_ == Crementers::beside;
     const Color mark = beside ? QVMUITheme::theme().palette.label : look.text.withAlpha(look.text.a * kChevronAlpha);

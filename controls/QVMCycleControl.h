@@ -64,11 +64,14 @@ protected:
         Color border; // clear: none
         double backgroundOpacity = 1;
     };
-    // How a value is drawn in the current theme. A subclass that overrides this or the next two redraws at the end of
+    // How a value is drawn in the current theme. A subclass that overrides this or the next four redraws at the end of
     // its constructor, since this class's constructor cannot see them.
     virtual Look lookForValue(float value) const;
     virtual Rect backgroundFrame() const;
     virtual double iconSize() const; // points
+    // What a value is shown as, and the font for that text.
+    virtual std::string textForValue(float value) const;
+    virtual Font appropriateFontForValueSizeIconSize(const std::string& value, double size, double icon) const;
 
     // The theme's surface under the control, where the theme decides that: what stands on it keeps legible.
     virtual std::optional<Color> surface() const;
@@ -83,7 +86,7 @@ private:
     void typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look);
     void showHover();
     double widestValueText() const;
-    AttributedString textForValue(float value, Color color) const; // number with its unit, name or glyph
+    AttributedString attributedTextForValue(float value, Color color) const; // number with its unit, name or glyph
 
     std::shared_ptr<Layer> bg_, hover_;
     std::shared_ptr<TextLayer> value_;

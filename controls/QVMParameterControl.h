@@ -45,19 +45,19 @@ public:
     // Takes typed-in text: a decimal number with point or comma, "k" behind it for thousands. No number is 0.
     void setStringValue(const std::string& text);
     // Whether and how text shows while it is being typed; only a focused control shows any.
-    bool acceptsTransientStringBuffers() const;
-    void setTransientStringValue(const std::string& text);
+    virtual bool acceptsTransientStringBuffers() const;
+    virtual void setTransientStringValue(const std::string& text);
 
     bool focused() const { return focused_; }
     // Shows keyboard focus; losing it discards half-typed text.
-    void setFocused(bool focused);
-    bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity);
+    virtual void setFocused(bool focused);
+    virtual bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity);
     void handleModalClick(const Event& event);
     void updateScalarIndicatorWithValueOffsetAnimateClipping(float value, float offset, Animate animate, bool clipping);
     // Flips a two-state parameter; false for any other.
-    bool toggleBooleanControl();
+    virtual bool toggleBooleanControl();
     // Accepts a tap on a control with a tap setting; a second one within 5 s sets the value to 0.
-    bool tap();
+    virtual bool tap();
 
     // Holds the control dimmed under `key`, or lets go; it is dimmed while anyone holds it. The delay (seconds) is not
     // used and the priority only recorded.

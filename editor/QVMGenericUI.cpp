@@ -60,7 +60,8 @@ void QVMGenericUI::completeInterfaceSetup() {
     addAndRegisterParameterControls();
     abState_ = 0;
     for (std::vector<float>& slot : abValues_)
-        copyValuesToPreset(slot, static_cast<float>(currentPreset_));
+        copyValuesToPreset(slot, 0);
+    addPresetDrawer();
 
     syncUndoRedoButtonsToStackState();
     potentiallySaveToUndoRedoStack();

@@ -7,6 +7,8 @@
 #include "controls/QVMParameterControl.h"
 #include "controls/QVMSpeedLim.h"
 #include "description/QVMConfig.h"
+#include "editor/QVMABControl.h"
+#include "editor/QVMDrawerView.h"
 #include "editor/QVMGenericUIDelegate.h"
 #include "editor/QVMHUDDisplay.h"
 #include "platform/DelayedCall.h"
@@ -26,6 +28,7 @@
 
 namespace QVM_NAMESPACE {
 
+class DrawerBackdrop;
 class QVMClumpsView;
 class NumericMeterReading;
 class PBGLSketchAbstract;
@@ -34,13 +37,16 @@ class QVMKeyboardHandler;
 class QVMMeterButton;
 class QVMPowerBox;
 class QVMPresetBar;
+class QVMPresetsDrawer;
 class QVMRangeControl;
 struct PBSketch;
 
 class QVMGenericUI final : public View,
                            private QVMParameterControlDelegate,
                            private QVMHUDDisplayDelegate,
-                           private QVMParameterSketchDelegate {
+                           private QVMParameterSketchDelegate,
+                           private QVMABControlDelegate,
+                           private QVMDrawerViewDelegate {
 public:
     // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
     static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
@@ -78,12 +84,21 @@ public:
     float getMemoizedPValueDirectly(std::uint32_t pid) const;
     std::uint32_t receivedParamUpdateCount() const { return receivedParamUpdateCount_; }
 
-    // Presets, by index or by name. Choosing one sets every parameter that is no preset wildcard.
+    // Presets, by index or by name. Choosing one sets every parameter that is no preset wildcard; a name that no preset
+    // has leaves the current one.
     void requestPresetNamed(const std::string& name);
+    // The preset control has another value, or the same one again: applies that preset and reports it.
     void presetUpdated();
+    // One value for each parameter that is no preset wildcard, in pid order. What is no number leaves its parameter.
+    void applyPresetValues(std::span<const float> values);
+    // Names the current preset and applies nothing.
     void lastSavedPresetWasNamed(const std::string& name);
     void lastSavedPresetWasKeyed(std::uint32_t index);
-    std::uint32_t currentPreset() const { return currentPreset_; }
+    // The preset control's value; 0 in a product without presets.
+    std::uint32_t currentPreset() const;
+    // Opens or closes the presets drawer; false when there is no preset bar.
+    bool togglePresetsDrawer();
+    QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
 
     // Undo snapshots follow half a second after the last change, unless the stack is locked.
     void potentiallySaveToUndoRedoStack();
@@ -105,6 +120,19 @@ public:
     float currentScale() const { return currentScale_; }
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
+
+    // Drawers, of which one at most is open. Opening one closes the others first; while the presets drawer is the one
+    // to close, the other waits for its end, unless it is forced.
+    QVMDrawerView& addDrawer(std::unique_ptr<QVMDrawerView> drawer); // below the preset bar, with the editor told of it
+    void toggleDrawerForce(QVMDrawerView& drawer, bool force);
+    // Closes every open drawer but one, and opens that one, which may be null; true when it closed any.
+    bool hideVisibleDrawersPresenting(QVMDrawerView* drawer);
+    bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted);
+    bool hideAllDrawers() { return hideVisibleDrawersPresenting(nullptr); }
+    void hideDrawerIfVisible(QVMDrawerView* drawer);
+    // Nothing of it is seen behind a drawer that covers it.
+    void hideClumpsView();
+    QVMDrawerView* waitingDrawer() const { return waitingDrawer_; }
 
     void toggleUITheme();
     // Posts the preference notification with both numbers.
@@ -160,6 +188,7 @@ private:
     void addPowerBox();
     void addClumpsView();
     void addPresetBar();
+    void addPresetDrawer();
     void addAndRegisterParameterControls();
     QVMClumpView& addClumpView(QVMClump& clump, const Rect& frame, View& container);
     void addParameterControlsForClump(QVMClump& clump, QVMClumpView& clumpView);
@@ -186,7 +215,9 @@ private:
     void handleSideEffectsOfUpdatedControl(QVMParameterControl& control, float value, float was);
     void dimByScope(const QVMParameterControl& control, float value);
     void dimDisableAndHide(const QVMParameter& cause, float value);
+    void schedulePresetDirtyCheck();
     void checkPresetDirtyState();
+    bool equalsPreset(std::span<const float> presetValues) const;
     void notifyPresetChange(std::uint32_t index);
     void saveParametersToUndoRedoStack();
     void copyValuesToPreset(std::vector<float>& slot, float preset) const;
@@ -201,7 +232,7 @@ private:
     void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
                                                         const Event* event) override;
     void parameterControlHasRequestedDocumentation(QVMParameterControl&) override {}
-    void parameterControlDidTapMeaninglessly(QVMParameterControl&) override {}
+    void parameterControlDidTapMeaninglessly(QVMParameterControl& control) override;
     void parameterControlWantsToPerformStaticConversion(QVMParameterControl&, std::int32_t) override {}
     void parameterControlWantsToDisplayModal(QVMParameterControl&, View&) override {}
     // QVMParameterSketchDelegate: the drawing object is handed over first; then the states that differ from the last
@@ -209,6 +240,17 @@ private:
     void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
+    // QVMDrawerViewDelegate
+    bool canDrawerViewToggleVisibilityToVisibility(QVMDrawerView& drawer, bool visible) override;
+    void drawerDidTapMiniature(QVMDrawerView& drawer, std::int32_t code) override;
+
+    void presentPresetsDrawer(QVMDrawerView& drawer);
+    void dismissPresetsDrawer(QVMDrawerView& drawer);
+    void animationDidStopFinished(QVMDrawerView& drawer, bool finished);
+    void showClumpsView();
+    std::vector<QVMDrawerView*> drawers() const;
+    // QVMABControlDelegate
+    void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
 
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
@@ -226,7 +268,6 @@ private:
 
     std::uint32_t abState_ = 0;
     std::array<std::vector<float>, 2> abValues_; // each parameter by pid, then the preset's index
-    std::uint32_t currentPreset_ = 0;
 
     std::unique_ptr<QVMKeyboardHandler> keyboard_;
     ControlList parameterControls_; // in order of registration; owned by their superviews
@@ -235,6 +276,9 @@ private:
     QVMClumpView* masterClump_ = nullptr;
     QVMPowerBox* powerBox_ = nullptr;
     QVMPresetBar* presetBar_ = nullptr;
+    QVMPresetsDrawer* presetDrawer_ = nullptr; // none without presets
+    QVMDrawerView* waitingDrawer_ = nullptr;   // opens when the presets drawer has closed
+    DrawerBackdrop* drawerBackdrop_ = nullptr;
     QVMHUDDisplay* hud_ = nullptr;
     QVMMeterButton* numericMeter_ = nullptr;
     std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
@@ -246,7 +290,7 @@ private:
     QVMParameterControl* lastRightClickedControl_ = nullptr;
     bool hasFocus_ = false;
 
-    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, sketchCall_;
+    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
     std::vector<ObservationToken> observations_, windowObservations_;
 };
 

@@ -11,6 +11,7 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
+#include "editor/QVMPresetsDrawer.h"
 
 #include <algorithm>
 
@@ -49,10 +50,24 @@ void QVMGenericUI::addClumpsView() {
 
 void QVMGenericUI::addPresetBar() {
     if (presetBar_) return;
-    presetBar_ = &addSubview(std::make_unique<QVMPresetBar>(EditorLayoutForAltFrame(QVMAltFrameNormal).presetBar,
-                                                            config_->metadata->pluginName));
+    presetBar_ = &addSubview(
+        std::make_unique<QVMPresetBar>(EditorLayoutForAltFrame(QVMAltFrameNormal).presetBar, config_->presets));
+    if (QVMParameterControl* presets = presetBar_->presetControl()) {
+        presets->setAction([this](Control&) { presetUpdated(); });
+        presets->setDelegate(this);
+    }
+    presetBar_->ab().setABDelegate(this);
     presetBar_->undo().setAction([this](Control&) { keyboard_->keyboardShortcutUndo(); });
     presetBar_->redo().setAction([this](Control&) { keyboard_->keyboardShortcutRedo(); });
+}
+
+void QVMGenericUI::addPresetDrawer() {
+    if (presetDrawer_ || !presetBar_ || !config_->presets) return;
+    const Rect frame = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
+    presetDrawer_ = &static_cast<QVMPresetsDrawer&>(addDrawer(std::make_unique<QVMPresetsDrawer>(frame, *config_)));
+    presetDrawer_->setPresetControl(presetBar_->presetControl());
+    presetDrawer_->setMiniatureDelegate(this);
+    presetDrawer_->setAnimatesVisibility(false);
 }
 
 void QVMGenericUI::addAndRegisterParameterControls() {

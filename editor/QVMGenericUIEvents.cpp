@@ -7,6 +7,8 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMLogoStamp.h"
 #include "editor/QVMPowerBox.h"
+#include "editor/QVMPresetBar.h"
+#include "editor/QVMPresetsDrawer.h"
 #include "platform/Menu.h"
 #include "platform/Window.h"
 #include "platform/Workspace.h"
@@ -21,7 +23,7 @@ namespace {
 constexpr double unfocusedLogoAlpha = 0.5;
 
 bool isInClumpOfType(const QVMParameterControl& control, std::int32_t type) {
-    const QVMClump* clump = control.parameter()->clump;
+    const QVMClump* clump = control.parameter() ? control.parameter()->clump : nullptr;
     return clump && clump->clumpType == type;
 }
 
@@ -32,7 +34,13 @@ void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) 
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
         each->setFocused(each == control);
-    if (sketch_) sketch_->setFocusedPid(control ? static_cast<std::int32_t>(control->parameter()->pid) : -1);
+    if (sketch_) {
+        const QVMParameter* focused = control ? control->parameter().get() : nullptr;
+        sketch_->setFocusedPid(focused ? static_cast<std::int32_t>(focused->pid) : -1);
+    }
+    if (!presetBar_) return;
+    presetBar_->ab().setFocused(&presetBar_->ab() == control);
+    if (presetBar_->presetControl()) presetBar_->presetControl()->setFocused(presetBar_->presetControl() == control);
 }
 
 void QVMGenericUI::setHasFocus(bool hasFocus) {
@@ -69,10 +77,13 @@ void QVMGenericUI::viewDidMoveToWindow() {
 }
 
 bool QVMGenericUI::keyDown(const Event& event) {
+    // The list that covers the controls takes the keys as well.
+    if (presetDrawer_ && presetDrawer_->visible() && presetDrawer_->keyDown(event)) return true;
     return keyboard_->handleKeyDownEvent(event) || View::keyDown(event);
 }
 
 bool QVMGenericUI::performKeyEquivalent(const Event& event) {
+    if (presetDrawer_ && presetDrawer_->performKeyEquivalent(event)) return true;
     return keyboard_->handlePerformKeyEquivalent(event) || View::performKeyEquivalent(event);
 }
 

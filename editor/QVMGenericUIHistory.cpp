@@ -1,12 +1,15 @@
-// Undo snapshots, the A/B slots, and presets: everything that keeps or recalls all values at once.
+// Undo snapshots and the A/B slots.
 #include "controls/QVMSymbolButton.h"
-#include "description/Presets.h"
+#include "description/ValueMapping.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cmath>
+#include <string>
 
 namespace QVM_NAMESPACE {
 
@@ -14,13 +17,24 @@ namespace {
 
 constexpr double snapshotDelay = 0.5; // seconds
 constexpr std::uint32_t nothingSavedState = 2;
-constexpr const char* unknownPresetName = "N/A";
 
 // A leading number, the decimal sign a point whatever the locale; 0 where there is none.
 float numberFrom(std::string_view text) {
     float number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
+    return std::isfinite(number) ? number : 0;
+}
+
+// Decimal numbers that read back as the same values.
+std::string settingsText(const std::vector<float>& values) {
+    std::string text;
+    for (const float value : values) {
+        std::array<char, 64> digits{};
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+        if (!text.empty()) text += ';';
+        text.append(digits.data(), end.ptr);
+    }
+    return text;
 }
 
 } // namespace
@@ -53,7 +67,27 @@ void QVMGenericUI::syncUndoRedoButtonsToStackState() {
 }
 
 void QVMGenericUI::undoRedoABState(std::uint32_t state) {
+    if (state == abState_ || state >= abValues_.size()) return;
     abState_ = state;
+    if (presetBar_) presetBar_->ab().updatePositionAnimated(abState_, Animate::no);
+}
+
+// Every button switches sides, also the letter of the side that is active.
+void QVMGenericUI::abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) {
+    const std::uint32_t left = abState_, entered = 1 - abState_;
+    copyValuesToPreset(abValues_[left], static_cast<float>(currentPreset()));
+    if (button == QVMABButtonArrow) abValues_[entered] = abValues_[left];
+    abState_ = entered;
+    control.updatePositionAnimated(abState_, button == QVMABButtonArrow ? Animate::yes : Animate::no);
+
+    const std::vector<float> slotLeft = abValues_[left], slotEntered = abValues_[entered];
+    for (std::uint32_t pid = 0; pid < memoizedPValues_.size(); ++pid)
+        if (slotEntered[pid] != memoizedPValues_[pid]) notifyParameterUpdatedTo(pid, slotEntered[pid]);
+    const auto preset = static_cast<std::uint32_t>(std::max(IntegerPart(slotEntered.back()), 0));
+    lastSavedPresetWasKeyed(preset);
+    notifyPresetChange(preset);
+    bringParameterControlIntoFocus(&control);
+    if (delegate_) delegate_->interfaceWantsToSaveAlternateStateSettings(*this, left, settingsText(slotLeft));
 }
 
 void QVMGenericUI::restoreABStateSettings(std::uint32_t state, std::string_view settings) {
@@ -65,57 +99,13 @@ void QVMGenericUI::restoreABStateSettings(std::uint32_t state, std::string_view 
         settings.remove_prefix(std::min(end + 1, settings.size()));
     }
     abState_ = 1 - state;
+    if (presetBar_) presetBar_->ab().updatePositionAnimated(abState_, Animate::no);
     potentiallySaveToUndoRedoStack();
 }
 
 void QVMGenericUI::copyValuesToPreset(std::vector<float>& slot, float preset) const {
     slot = memoizedPValues_;
     slot.push_back(preset);
-}
-
-void QVMGenericUI::requestPresetNamed(const std::string& name) {
-    lastSavedPresetWasNamed(name);
-    presetUpdated();
-}
-
-void QVMGenericUI::presetUpdated() {
-    const auto values = PresetIndexToPresetValues(currentPreset_);
-    if (!values) return;
-    auto next = values->begin();
-    for (std::uint32_t pid = 0; pid < memoizedPValues_.size() && next != values->end(); ++pid) {
-        const QVMParameter* parameter = config_->parameterForPid(pid);
-        if (!parameter || parameter->presetWildcard) continue;
-        const float value = *next++;
-        if (value == value) notifyParameterUpdatedTo(pid, value); // an entry that is no number changes nothing
-    }
-    notifyPresetChange(currentPreset_);
-}
-
-void QVMGenericUI::lastSavedPresetWasNamed(const std::string& name) {
-    const std::vector<std::string>& names = config_->presets->stringValues;
-    const auto found = std::find(names.begin(), names.end(), name);
-    if (found != names.end()) lastSavedPresetWasKeyed(static_cast<std::uint32_t>(found - names.begin()));
-}
-
-void QVMGenericUI::lastSavedPresetWasKeyed(std::uint32_t index) {
-    currentPreset_ = index;
-}
-
-void QVMGenericUI::notifyPresetChange(std::uint32_t index) {
-    const std::vector<std::string>& names = config_->presets->stringValues;
-    const std::string name = index < names.size() ? names[index] : unknownPresetName;
-    if (delegate_) delegate_->interfaceDidUpdateCurrentPresetToValueNamedPid(*this, name, index);
-}
-
-void QVMGenericUI::checkPresetDirtyState() {
-    if (!presetBar_) return;
-    std::vector<float> values;
-    for (std::uint32_t pid = 0; pid < memoizedPValues_.size(); ++pid) {
-        const QVMParameter* parameter = config_->parameterForPid(pid);
-        if (parameter && !parameter->presetWildcard) values.push_back(memoizedPValues_[pid]);
-    }
-    // No settings equal a preset that does not exist.
-    presetBar_->setDirty(PresetIndexToPresetValues(currentPreset_) != values);
 }
 
 } // namespace QVM_NAMESPACE

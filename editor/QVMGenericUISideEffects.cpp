@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::int32_t scopeGlobal = 1, scopeClump = 2;
 constexpr unsigned globalPriority = 0, dimPriority = 10, clumpPriority = 5;
-constexpr double dirtyCheckDelay = 0.5; // seconds
 constexpr const char* clumpDimKey = "Clump";
 
 void preventInteraction(QVMParameterControl* control, bool prevent) {
@@ -36,7 +35,7 @@ void QVMGenericUI::handleSideEffectsOfUpdatedControl(QVMParameterControl& contro
     const QVMParameter& cause = *control.parameter();
     dimByScope(control, value);
     dimDisableAndHide(cause, value);
-    dirtyCall_.schedule(dirtyCheckDelay, [this] { checkPresetDirtyState(); });
+    schedulePresetDirtyCheck();
     if (control.range()) control.range()->updateRangeAnimated(Animate::yes);
 
     if (receivedParamUpdateCount_ == 0 || value != 0 || value == was) return;

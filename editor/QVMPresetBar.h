@@ -1,36 +1,38 @@
-// The bar along the top: undo and redo, and what is loaded. Main thread only.
+// The bar along the top: undo and redo, the preset that is loaded, and the switch between A and B. Main thread only.
 #pragma once
 
 #include "editor/ThemedView.h"
 
 #include <memory>
-#include <string>
 
 namespace QVM_NAMESPACE {
 
+class QVMABControl;
+class QVMParameter;
+class QVMParameterControl;
 class QVMSymbolButton;
-class TextLayer;
 
 class QVMPresetBar final : public ThemedView {
 public:
-    // `title` is what the middle of the bar says.
-    QVMPresetBar(const Rect& frame, std::string title);
+    // `presets` has the presets' names and outlives the bar; null where a product has none.
+    QVMPresetBar(const Rect& frame, const QVMParameter* presets);
 
+    // Names the preset; its inner control is a QVMPresetControl. Null without presets.
+    QVMParameterControl* presetControl() const { return presetControl_; }
+    QVMABControl& ab() { return *ab_; }
     QVMSymbolButton& undo() { return *undo_; }
     QVMSymbolButton& redo() { return *redo_; }
 
-    // Whether the values differ from those of the chosen preset.
+    // Whether the values differ from those of the chosen preset, whose name is drawn as inaccurate then.
     bool dirty() const { return dirty_; }
-    void setDirty(bool dirty) { dirty_ = dirty; }
+    void setDirty(bool dirty);
 
     void themeUpdated() override;
 
 private:
-    std::shared_ptr<Layer> addLine(const char* name, const Rect& frame);
-
-    std::string title_;
-    std::shared_ptr<Layer> edge_, divider_;
-    std::shared_ptr<TextLayer> titleLayer_;
+    std::shared_ptr<Layer> edge_;
+    QVMParameterControl* presetControl_ = nullptr;
+    QVMABControl* ab_ = nullptr;
     QVMSymbolButton* undo_ = nullptr;
     QVMSymbolButton* redo_ = nullptr;
     bool dirty_ = false;

@@ -5,6 +5,7 @@
 
 #include "description/BuildNamespace.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -40,9 +41,11 @@ public:
     // The snapshot of the present state, null before the first. Valid until the stack changes.
     const QVMSnapshot* currentValues() const;
     const std::vector<QVMSnapshot>& stack() const { return stack_; }
-    // How many snapshots are done; the present one is the last of them.
+    // How many snapshots are done; the present one is the last of them. It stays within the stack.
     std::int64_t insertionPoint() const { return insertionPoint_; }
-    void setInsertionPoint(std::int64_t point) { insertionPoint_ = point < 0 ? 0 : point; }
+    void setInsertionPoint(std::int64_t point) {
+        insertionPoint_ = std::clamp<std::int64_t>(point, 0, static_cast<std::int64_t>(stack_.size()));
+    }
     // While locked, the editor schedules no snapshots.
     bool locks() const { return locks_; }
     void setLocks(bool locks) { locks_ = locks; }

@@ -8,6 +8,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double gestureCheckSeconds = 1.0 / 60;
+constexpr double programWatchSeconds = 0.25;
 
 } // namespace
 
@@ -27,6 +28,21 @@ SlantwiseEditor::~SlantwiseEditor() {
     processor_.setGestureHandler(nullptr);
     processor_.endOpenGestures();
     component_.window().takeContentView();
+}
+
+void SlantwiseEditor::parentHierarchyChanged() {
+    juce::AudioProcessorEditor::parentHierarchyChanged();
+    if (getPeer())
+        watchProgram();
+    else
+        programWatch_.cancel();
+}
+
+void SlantwiseEditor::watchProgram() {
+    const std::int32_t index = processor_.unit().presetIndex();
+    const auto chosen = static_cast<std::uint32_t>(index);
+    if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
+    programWatch_.schedule(programWatchSeconds, [this] { watchProgram(); });
 }
 
 void SlantwiseEditor::resized() {

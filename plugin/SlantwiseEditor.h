@@ -1,6 +1,7 @@
 // The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
 #pragma once
 
+#include "platform/DelayedCall.h"
 #include "platform/juce/WindowComponent.h"
 #include "plugin/SlantwiseProcessor.h"
 
@@ -24,13 +25,17 @@ public:
 private:
     // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
     void endGesturesSoon();
+    // Names the program that the host has chosen meanwhile, if any, and looks again soon. Only while the editor is in a
+    // window: before that, another thread may be serving the timers.
+    void watchProgram();
+    void parentHierarchyChanged() override;
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
-    DelayedCall gestureEnd_;
+    DelayedCall gestureEnd_, programWatch_;
 };
 
 } // namespace QVM_NAMESPACE

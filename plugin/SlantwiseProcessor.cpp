@@ -1,6 +1,7 @@
 #include "plugin/SlantwiseProcessor.h"
 
 #include "description/Description.h"
+#include "description/Presets.h"
 #include "platform/Log.h"
 #include "plugin/SlantwiseEditor.h"
 
@@ -15,6 +16,8 @@ SlantwiseProcessor::SlantwiseProcessor()
                                .withOutput("Output", juce::AudioChannelSet::stereo())),
       gestureOpen_(QVMParameterCount) {
     AUEventListenerCreate(&unitEvent, this, &RunLoop::main(), 0, AUEventDelivery::immediate, &listener_);
+    // The host's list of programs follows what is chosen in the editor.
+    unit_.setPresetNameHandler([this] { updateHostDisplay(ChangeDetails().withProgramChanged(true)); });
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         parameters_.push_back(new UnitParameter(*GetParameter(pid), unit_));
         addParameter(parameters_.back());
@@ -24,6 +27,29 @@ SlantwiseProcessor::SlantwiseProcessor()
             AUEventListenerAddEventType(listener_, this, &event);
         }
     }
+}
+
+int SlantwiseProcessor::getNumPrograms() {
+    return wrapperType == wrapperType_LV2 ? 1 : static_cast<int>(QVMPresetCount);
+}
+
+int SlantwiseProcessor::getCurrentProgram() {
+    return wrapperType == wrapperType_LV2 ? 0 : std::max(unit_.presetIndex(), 0);
+}
+
+void SlantwiseProcessor::setCurrentProgram(int index) {
+    // A preset of an LV2 bundle may well be the present one once more; it is asked for by hand.
+    const bool isAskedFor =
+        wrapperType == wrapperType_LV2 || (index != unit_.presetIndex() && index != overruledProgram_);
+    if (!isAskedFor || !unit_.choosePreset(index)) return;
+    for (UnitParameter* parameter : parameters_)
+        parameter->announceValue();
+}
+
+const juce::String SlantwiseProcessor::getProgramName(int index) {
+    const auto& names = GetPresets()->stringValues;
+    const auto at = static_cast<std::size_t>(std::clamp(index, 0, static_cast<int>(names.size()) - 1));
+    return juce::String(names[at]);
 }
 
 bool SlantwiseProcessor::buildDescription() {
@@ -95,6 +121,7 @@ void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
     const juce::ScopedNoDenormals noDenormals;
     unit_.process(buffer.getArrayOfReadPointers(), buffer.getArrayOfWritePointers(),
                   static_cast<std::uint32_t>(buffer.getNumSamples()));
+    overruledProgram_ = -1;
 }
 
 void SlantwiseProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) {
@@ -112,8 +139,10 @@ void SlantwiseProcessor::getStateInformation(juce::MemoryBlock& bytes) {
 
 void SlantwiseProcessor::setStateInformation(const void* bytes, int size) {
     const auto* begin = static_cast<const std::uint8_t*>(bytes);
+    const int before = getCurrentProgram();
     const UnitStateResult result = unit_.restoreState({begin, begin + std::max(size, 0)});
     if (result != UnitStateResult::ok) return logLine(std::string("state not restored: ") + toText(result));
+    if (before != getCurrentProgram()) overruledProgram_ = before;
     // LV2 hosts know values by message alone; the others ask for them after a restore.
     if (wrapperType != wrapperType_LV2) return;
     for (UnitParameter* parameter : parameters_)

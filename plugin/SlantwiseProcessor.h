@@ -10,6 +10,7 @@
 #include "plugin/UnitParameter.h"
 #include "unit/QVM0015_AudioUnit.h"
 
+#include <atomic>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -50,10 +51,14 @@ public:
     const juce::String getName() const override { return "Slantwise"; }
     bool acceptsMidi() const override { return false; }
     bool producesMidi() const override { return false; }
-    int getNumPrograms() override { return 1; }
-    int getCurrentProgram() override { return 0; }
-    void setCurrentProgram(int) override {}
-    const juce::String getProgramName(int) override { return "Default"; }
+    // The factory presets, as programs of the host. In LV2 they are presets of the bundle, and a program is only what
+    // such a preset names. Any thread; the host is told of the values as of its own changes. A program that is current
+    // already, or was current until a state was restored, changes nothing: hosts send a program with a state, and the
+    // state's values count.
+    int getNumPrograms() override;
+    int getCurrentProgram() override;
+    void setCurrentProgram(int index) override;
+    const juce::String getProgramName(int index) override;
     void changeProgramName(int, const juce::String&) override {}
 
 private:
@@ -73,6 +78,9 @@ private:
     std::vector<bool> gestureOpen_;          // by pid; main thread
     std::function<void()> gestureHandler_;
     AUEventListenerRef listener_ = nullptr;
+    // The program that a restored state has overruled, until audio has run since; -1 for none. Written by the thread
+    // that restores and by the render thread, in no order with anything else.
+    std::atomic<int> overruledProgram_ = -1;
 };
 
 } // namespace QVM_NAMESPACE

@@ -108,6 +108,22 @@ RenderSettings QVM0015_AudioUnit::renderSettings() const {
             on ? BypassFade::Switch::on : BypassFade::Switch::off};
 }
 
+bool QVM0015_AudioUnit::choosePreset(std::int32_t index) {
+    const UnitPresets::Values* values = presets_.values(index);
+    if (!values) return false;
+    for (std::uint32_t pid = 0; pid < UnitParameters::count; ++pid)
+        if (const auto& value = (*values)[pid]) setParameter(pid, kAudioUnitScope_Global, 0, *value, 0);
+    settings_.choosePreset(index);
+    return true;
+}
+
+OSStatus QVM0015_AudioUnit::setPresetName(const std::string* name) {
+    const std::int32_t was = presetIndex();
+    const OSStatus status = settings_.setPresetName(name);
+    if (status == noErr && presetIndex() != was && presetNameHandler_) presetNameHandler_();
+    return status;
+}
+
 void QVM0015_AudioUnit::resetMeters() {
     inputMeter().reset();
     outputMeter().reset();
@@ -189,7 +205,7 @@ OSStatus QVM0015_AudioUnit::setProperty(AudioUnitPropertyID id, AudioUnitScope, 
         settings_.setInterfacePreference(taken<std::uint8_t>(data) != 0);
         break;
     case kQVMProperty_PresetName:
-        return settings_.setPresetName(taken<const std::string*>(data));
+        return setPresetName(taken<const std::string*>(data));
     case kQVMProperty_ABState:
         return settings_.setABRecord(taken<QVMABRecord>(data));
     case kQVMProperty_BufferPath:

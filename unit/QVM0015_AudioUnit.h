@@ -8,13 +8,16 @@
 #include "platform/AudioUnit.h"
 #include "unit/RenderPath.h"
 #include "unit/UnitParameters.h"
+#include "unit/UnitPresets.h"
 #include "unit/UnitSettings.h"
 #include "unit/UnitState.h"
 #include "unit/VizLink.h"
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -43,6 +46,15 @@ public:
     // thread, also while `process` runs.
     [[nodiscard]] UnitStateResult restoreState(std::span<const std::uint8_t> bytes);
 
+    // Sets every parameter that a factory preset has a value for, and names the preset; false for a number that no
+    // preset has. Listeners are not told. Any thread, the render thread included: no lock, no memory.
+    bool choosePreset(std::int32_t index);
+    // The number of the present preset, -1 when it is none of the factory's. Any thread.
+    std::int32_t presetIndex() const { return settings_.presetIndex(); }
+    // Called when another preset's name was set through the property, on the thread that set it; null for none. Main
+    // thread, while no editor is open.
+    void setPresetNameHandler(std::function<void()> handler) { presetNameHandler_ = std::move(handler); }
+
     // Whatever the editor sent last.
     bool interfacePreference() const { return settings_.interfacePreference(); }
     std::string bufferPath() const { return settings_.bufferPath(); }
@@ -63,9 +75,12 @@ private:
     void render(const Sample* const* in, Sample* const* out, std::uint32_t frames);
     RenderSettings renderSettings() const;
     void resetMeters();
+    OSStatus setPresetName(const std::string* name);
 
     UnitParameters parameters_;
     UnitSettings settings_;
+    const UnitPresets presets_;
+    std::function<void()> presetNameHandler_;
     RenderPath path_;
     VizLink viz_{parameters_};
 

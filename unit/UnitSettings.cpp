@@ -1,5 +1,9 @@
 #include "unit/UnitSettings.h"
 
+#include "description/Description.h"
+
+#include <algorithm>
+
 namespace QVM_NAMESPACE {
 
 UnitSettings::UnitSettings(const SavedSettings& initial) {
@@ -8,20 +12,40 @@ UnitSettings::UnitSettings(const SavedSettings& initial) {
 
 SavedSettings UnitSettings::saved() const {
     const std::lock_guard lock(mutex_);
-    return {*presetName_, abState_, *abSettings_, uiState_};
+    return {*presentName(), abState_, *abSettings_, uiState_};
 }
 
 void UnitSettings::restore(const SavedSettings& settings) {
     const std::lock_guard lock(mutex_);
-    presetName_ = std::make_shared<std::string>(settings.presetName);
+    namePreset(settings.presetName);
     abState_ = settings.abState;
     abSettings_ = std::make_shared<std::string>(settings.abSettings);
     uiState_ = settings.uiState;
 }
 
+void UnitSettings::namePreset(const std::string& name) {
+    const std::vector<std::string>& names = GetPresets()->stringValues;
+    const auto found = std::find(names.begin(), names.end(), name);
+    presetName_ = std::make_shared<std::string>(name);
+    chosenByNumber_.store(false, std::memory_order_relaxed);
+    presetIndex_.store(found == names.end() ? -1 : static_cast<std::int32_t>(found - names.begin()),
+                       std::memory_order_relaxed);
+}
+
+UnitSettings::Text UnitSettings::presentName() const {
+    if (!chosenByNumber_.load(std::memory_order_acquire)) return presetName_;
+    const auto index = static_cast<std::size_t>(std::max(presetIndex(), 0));
+    return std::make_shared<std::string>(GetPresets()->stringValues[index]);
+}
+
+void UnitSettings::choosePreset(std::int32_t index) {
+    presetIndex_.store(index, std::memory_order_relaxed);
+    chosenByNumber_.store(true, std::memory_order_release);
+}
+
 const std::string* UnitSettings::presetName() {
     const std::lock_guard lock(mutex_);
-    handedOutPresetName_ = presetName_;
+    handedOutPresetName_ = presentName();
     return handedOutPresetName_.get();
 }
 
@@ -49,7 +73,7 @@ bool UnitSettings::interfacePreference() const {
 OSStatus UnitSettings::setPresetName(const std::string* name) {
     if (!fits(name)) return kAudioUnitErr_InvalidPropertyValue;
     const std::lock_guard lock(mutex_);
-    presetName_ = std::make_shared<std::string>(*name);
+    namePreset(*name);
     return noErr;
 }
 

@@ -1,12 +1,15 @@
 // What the editor keeps in the unit besides the parameters: the preset's name, the A/B record, the interface state
 // word, the latest interface preference and the path of an uploaded buffer.
 //
-// Guarded by a mutex, since hosts save and restore state on any thread; the render thread never comes here. Texts are
-// handed out by reference: each stays as it was until that text is next handed out, whatever is stored meanwhile.
+// Guarded by a mutex, since hosts save and restore state on any thread; the render thread comes here only to name a
+// preset by its number, which takes no lock. Texts are handed out by reference: each stays as it was until that text is
+// next handed out, whatever is stored meanwhile.
 #pragma once
 
 #include "unit/PrivateProperties.h"
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -39,6 +42,11 @@ public:
     std::string bufferPath() const;
     bool interfacePreference() const;
 
+    // The number of the preset with the present name, -1 when no preset has it. Any thread, no lock.
+    std::int32_t presetIndex() const { return presetIndex_.load(std::memory_order_relaxed); }
+    // Names the preset by its number, which must exist. Any thread, the render thread included: no lock, no memory.
+    void choosePreset(std::int32_t index);
+
     // Each copies the text. A missing text, or one of over `maxTextBytes`, is refused and changes nothing; only the A/B
     // record may come without its text, which then is empty.
     OSStatus setPresetName(const std::string* name);
@@ -50,7 +58,14 @@ public:
 private:
     using Text = std::shared_ptr<const std::string>;
 
+    void namePreset(const std::string& name);
+    Text presentName() const;
     static bool fits(const std::string* text) { return text && text->size() <= SavedSettings::maxTextBytes; }
+
+    // The number, and whether it was chosen after the name was stored and so tells the name. In that order: who sees
+    // the choice sees the number as well.
+    std::atomic<std::int32_t> presetIndex_ = -1;
+    std::atomic<bool> chosenByNumber_ = false;
 
     mutable std::mutex mutex_;
     // All guarded by mutex_.

@@ -2,9 +2,9 @@
 
 #include "description/Description.h"
 #include "plugin/HostRange.h"
+#include "plugin/lv2/TurtleText.h"
 
 #include <array>
-#include <charconv>
 #include <map>
 #include <regex>
 
@@ -26,14 +26,6 @@ constexpr const char* comment =
 // Frequencies are positions on a skewed scale for the host; these get a name, in hertz.
 constexpr std::array namedFrequenciesHz = {10.0f,  20.0f,   50.0f,   100.0f,  200.0f,   500.0f,
                                            1000.f, 2000.0f, 5000.0f, 10000.f, 20000.0f, 24000.0f};
-
-// Shortest text that reads back as the same float, always with a decimal point.
-std::string floatText(float value) {
-    std::array<char, 64> buffer{};
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
-    std::string text(buffer.data(), result.ptr);
-    return text.find('.') == std::string::npos ? text + ".0" : text;
-}
 
 std::string unitText(const QVMParameter& parameter) {
     switch (parameter.unit) {
@@ -75,7 +67,7 @@ std::string scalePointsText(const std::map<float, std::string>& names) {
     std::string text;
     for (const auto& [value, name] : names) {
         text += text.empty() ? "\tlv2:scalePoint " : " , ";
-        text += "[\n\t\trdfs:label \"" + name + "\" ;\n\t\trdf:value " + floatText(value) + "\n\t]";
+        text += "[\n\t\trdfs:label \"" + name + "\" ;\n\t\trdf:value " + turtleFloat(value) + "\n\t]";
     }
     return text;
 }

@@ -11,11 +11,20 @@
 
 namespace QVM_NAMESPACE {
 
-// The file's name inside the bundle.
+// The files' names inside the bundle.
 inline constexpr const char* lv2ExtraFile = "extra.ttl";
+inline constexpr const char* lv2PresetsFile = "presets.ttl";
 
 // Turtle that completes the description of the plug-in with this URI, all from the product's own tables.
 std::string lv2ExtraText(const std::string& pluginUri);
+
+// The factory presets as presets of the plug-in with this URI, in banks by section. Each has the number by which the
+// plug-in recalls it, and for hosts that set parameters themselves the host-domain values; the quality mode is left
+// alone.
+std::string lv2PresetsText(const std::string& pluginUri);
+
+// What the manifest says of each preset: that it is there, and in which file.
+std::string lv2PresetsManifestText(const std::string& pluginUri);
 
 // manifest.ttl as the toolkit wrote it, without its preset and with a reference to the extra file. Text that was
 // repaired already comes back as it is; so it does below.

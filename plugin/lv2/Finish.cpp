@@ -4,18 +4,23 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 
 namespace {
 
 namespace fs = std::filesystem;
 
-bool rewrite(const fs::path& file, std::string (*repaired)(const std::string&)) {
+bool write(const fs::path& file, const std::string& text) {
+    return static_cast<bool>(std::ofstream(file, std::ios::binary) << text << std::flush);
+}
+
+bool rewrite(const fs::path& file, const std::function<std::string(const std::string&)>& repaired) {
     std::ifstream in(file, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(in), {}};
     if (!in || text.empty()) return false;
     in.close();
-    return static_cast<bool>(std::ofstream(file, std::ios::binary) << repaired(text) << std::flush);
+    return write(file, repaired(text));
 }
 
 } // namespace
@@ -23,9 +28,15 @@ bool rewrite(const fs::path& file, std::string (*repaired)(const std::string&)) 
 int main(int argumentCount, char* arguments[]) {
     if (argumentCount != 3) return std::fputs("usage: Finish BUNDLE_DIRECTORY PLUGIN_URI\n", stderr), 2;
     const fs::path bundle = arguments[1];
-    std::ofstream extra(bundle / slantwise::lv2ExtraFile, std::ios::binary);
-    if (!(extra << slantwise::lv2ExtraText(arguments[2]) << std::flush) ||
-        !rewrite(bundle / "manifest.ttl", slantwise::repairedLv2Manifest) ||
+    const std::string uri = arguments[2];
+    if (!write(bundle / slantwise::lv2ExtraFile, slantwise::lv2ExtraText(uri)) ||
+        !write(bundle / slantwise::lv2PresetsFile, slantwise::lv2PresetsText(uri)) ||
+        !rewrite(bundle / "manifest.ttl",
+                 [&uri](const std::string& text) {
+                     const bool isFinished = text.find(slantwise::lv2PresetsFile) != std::string::npos;
+                     return isFinished ? text
+                                       : slantwise::repairedLv2Manifest(text) + slantwise::lv2PresetsManifestText(uri);
+                 }) ||
         !rewrite(bundle / "dsp.ttl", slantwise::repairedLv2Dsp)) {
         return std::fprintf(stderr, "Finish: cannot rewrite the text of %s\n", bundle.c_str()), 1;
     }

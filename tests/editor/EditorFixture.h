@@ -41,7 +41,11 @@ public:
                                                         std::uint32_t index) override {
         calls.push_back("preset " + name + " " + std::to_string(index));
     }
-    void interfaceWantsToSaveAlternateStateSettings(QVMGenericUI&, std::uint32_t, const std::string&) override {}
+    void interfaceWantsToSaveAlternateStateSettings(QVMGenericUI&, std::uint32_t state,
+                                                    const std::string& settings) override {
+        calls.push_back("save slot " + std::to_string(state));
+        savedSlot = settings;
+    }
     void interfaceWantsToSaveUIState(QVMGenericUI&, std::uint32_t state) override {
         calls.push_back("save state " + std::to_string(state));
     }
@@ -83,6 +87,7 @@ public:
     };
     std::vector<std::string> calls;
     std::vector<Sent> sent;
+    std::string savedSlot;                       // of the A/B comparison
     std::array<float, QVMParameterCount> unit{}; // host domain
     PBGLSketchAbstract* vizRef = nullptr;        // as the unit would know it
 };

@@ -5,10 +5,12 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <random>
+
 namespace QVM_NAMESPACE {
 namespace {
 
-using testing::Contains;
 using testing::IsEmpty;
 
 class QVMGenericUIHistory : public EditorFixture {
@@ -132,27 +134,91 @@ TEST_F(QVMGenericUIHistory, HostAutomationMakesOneSnapshotAfterItRests) {
     EXPECT_EQ(stack().stack().size(), 2u);
 }
 
-TEST_F(QVMGenericUIHistory, APresetSetsEveryParameterButTheWildcard) {
-    userSets(23, 1);
+TEST_F(QVMGenericUIHistory, TenQuickChangesAndAUndoBringBackWhatWasBeforeAll) {
+    change(1, 2);
+    for (int i = 1; i <= 10; ++i) {
+        userSets(7, static_cast<float>(-i));
+        frame();
+        time_.advance(0.04);
+    }
+    time_.advance(1);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(memoized(7), 0);
+    EXPECT_EQ(memoized(1), 2);
+}
+
+TEST_F(QVMGenericUIHistory, ADragOfTheMouseIsOneStepAndOneGesture) {
+    const QVMParameterControl& gain = control(1);
+    const Point start = middleOf(gain);
     delegate_.calls.clear();
-    ui_->requestPresetNamed("Cellphone");
-    EXPECT_EQ(delegate_.calls.size(), 24u); // 23 values and the name
-    EXPECT_EQ(delegate_.calls.back(), "preset Cellphone 22");
-    EXPECT_EQ(memoized(23), 1);
-    EXPECT_EQ(memoized(9), PresetIndexToPresetValues(22)->at(9));
+    window_.sendEvent(mouseEvent(EventType::mouseDown, start));
+    for (int i = 1; i <= 40; ++i) {
+        window_.sendEvent(mouseEvent(EventType::mouseDragged, {start.x + i, start.y}));
+        frame();
+        time_.advance(0.05); // longer in all than it takes to make a snapshot
+    }
+    EXPECT_EQ(stack().stack().size(), 1u);
+    window_.sendEvent(mouseEvent(EventType::mouseUp, {start.x + 40, start.y}));
+    time_.advance(1);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), "began 1"), 1);
+    EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), "ended 1"), 1);
+    EXPECT_GT(memoized(1), 0);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(memoized(1), 0);
 }
 
-TEST_F(QVMGenericUIHistory, ANameThatNoPresetHasKeepsTheCurrentOne) {
-    ui_->lastSavedPresetWasNamed("Air");
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-    ui_->lastSavedPresetWasNamed("Nothing of the kind");
-    EXPECT_EQ(ui_->currentPreset(), 8u);
+TEST_F(QVMGenericUIHistory, AnUndoCancelsASnapshotThatIsPending) {
+    change(1, 6);
+    userSets(1, 9);
+    ui_->keyboard().keyboardShortcutUndo();
+    frame();
+    time_.advance(2);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_EQ(memoized(1), 0);
 }
 
-TEST_F(QVMGenericUIHistory, AnIndexThatNoPresetHasChangesNothing) {
-    ui_->lastSavedPresetWasKeyed(23);
-    ui_->presetUpdated();
-    EXPECT_THAT(delegate_.calls, IsEmpty());
+// Random changes, pauses, undos and redos, against a history that is two plain lists.
+TEST_F(QVMGenericUIHistory, AgreesWithASimpleModelOverRandomOperations) {
+    const auto state = [this] {
+        std::vector<float> all;
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            all.push_back(memoized(pid));
+        return all;
+    };
+    std::mt19937 random(7);
+    std::vector<std::vector<float>> done = {state()}, undone;
+    for (int step = 0; step < 300; ++step) {
+        switch (random() % 4) {
+        case 0:
+        case 1: {
+            const std::uint32_t pid = random() % 2 ? 1 : 7;
+            change(pid, static_cast<float>(random() % 5) * -1.5f);
+            if (state() == done.back()) break;
+            done.push_back(state());
+            undone.clear();
+            break;
+        }
+        case 2:
+            ui_->keyboard().keyboardShortcutUndo();
+            frame();
+            if (done.size() > 1) {
+                undone.push_back(done.back());
+                done.pop_back();
+            }
+            break;
+        default:
+            ui_->keyboard().keyboardShortcutRedo();
+            frame();
+            if (!undone.empty()) {
+                done.push_back(undone.back());
+                undone.pop_back();
+            }
+        }
+        ASSERT_EQ(state(), done.back()) << "step " << step;
+        ASSERT_EQ(ui_->presetBar()->undo().buttonEnabled(), done.size() > 1) << "step " << step;
+        ASSERT_EQ(ui_->presetBar()->redo().buttonEnabled(), !undone.empty()) << "step " << step;
+    }
 }
 
 } // namespace

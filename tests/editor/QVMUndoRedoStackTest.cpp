@@ -98,6 +98,15 @@ TEST(QVMUndoRedoStack, AReplacedValueIsReplacedInEachSnapshotThatHasIt) {
     EXPECT_EQ(stack.insertionPoint(), 3);
 }
 
+TEST(QVMUndoRedoStack, AMarkThatIsPutBeyondTheLastSnapshotStandsThere) {
+    QVMUndoRedoStack stack = makeStack();
+    stack.pushNew(snapshot(1));
+    stack.pushNew(snapshot(2));
+    stack.setInsertionPoint(99);
+    EXPECT_EQ(stack.insertionPoint(), 2);
+    EXPECT_EQ(stack.undo(), snapshot(1));
+}
+
 // A history as two plain lists: what is done and what was undone.
 struct Model {
     std::vector<QVMSnapshot> done, undone;

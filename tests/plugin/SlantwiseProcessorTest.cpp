@@ -1,9 +1,11 @@
 #include "plugin/SlantwiseProcessor.h"
 
 #include "description/Description.h"
+#include "description/Presets.h"
 #include "platform/Log.h"
 #include "plugin/HostRecorder.h"
 #include "support/RealtimeTrap.h"
+#include "unit/PrivateProperties.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +46,12 @@ void processOnce(SlantwiseProcessor& processor, juce::AudioBuffer<Sample>& buffe
     processor.processBlock(buffer, midi);
 }
 
+float valueOf(SlantwiseProcessor& processor, std::uint32_t pid) {
+    float value = 0;
+    EXPECT_EQ(AudioUnitGetParameter(&processor.unit(), pid, kAudioUnitScope_Global, 0, &value), noErr);
+    return value;
+}
+
 TEST(SlantwiseProcessor, OffersTheProductsParametersInOrder) {
     SlantwiseProcessor processor;
     const auto& parameters = processor.getParameters();
@@ -57,11 +65,93 @@ TEST(SlantwiseProcessor, OffersTheProductsParametersInOrder) {
     }
 }
 
-TEST(SlantwiseProcessor, HasOneNamedProgramAndNoBypassParameter) {
+TEST(SlantwiseProcessor, OffersTheFactoryPresetsAsProgramsAndNoBypassParameter) {
     SlantwiseProcessor processor;
-    EXPECT_EQ(processor.getNumPrograms(), 1);
-    EXPECT_TRUE(processor.getProgramName(0).isNotEmpty());
+    ASSERT_EQ(processor.getNumPrograms(), static_cast<int>(QVMPresetCount));
+    for (int index = 0; index < processor.getNumPrograms(); ++index)
+        EXPECT_EQ(processor.getProgramName(index).toStdString(),
+                  GetPresets()->stringValues[static_cast<std::size_t>(index)]);
+    EXPECT_EQ(processor.getCurrentProgram(), 0);
+    EXPECT_TRUE(processor.getProgramName(-1).isNotEmpty());
+    EXPECT_TRUE(processor.getProgramName(99).isNotEmpty());
     EXPECT_EQ(processor.getBypassParameter(), nullptr);
+}
+
+TEST(SlantwiseProcessor, AProgramSetsEverythingButTheQualityMode) {
+    SlantwiseProcessor processor;
+    processor.parameter(23).setValue(1);
+    for (int index = processor.getNumPrograms() - 1; index >= 0; --index) {
+        processor.setCurrentProgram(index);
+        EXPECT_EQ(processor.getCurrentProgram(), index);
+        const auto values = PresetIndexToPresetValues(index);
+        for (std::uint32_t pid = 0; pid < 23; ++pid)
+            EXPECT_EQ(valueOf(processor, pid), GetParameter(pid)->reverseCastValue(values->at(pid)))
+                << index << " " << pid;
+        EXPECT_EQ(valueOf(processor, 23), 1);
+    }
+    processor.setCurrentProgram(8);
+    processor.setCurrentProgram(-1);
+    processor.setCurrentProgram(23);
+    EXPECT_EQ(processor.getCurrentProgram(), 8);
+}
+
+TEST(SlantwiseProcessor, AProgramIsSavedByName) {
+    SlantwiseProcessor from, to;
+    from.setCurrentProgram(22);
+    restore(to, stateOf(from));
+    EXPECT_EQ(to.getCurrentProgram(), 22);
+    EXPECT_EQ(stateOf(to), stateOf(from));
+}
+
+TEST(SlantwiseProcessor, ARestoredStateWinsOverTheProgramsThatAHostSendsWithIt) {
+    SlantwiseProcessor from, to;
+    from.setCurrentProgram(8);
+    from.parameter(1).setValue(0.9f);
+    prepare(to, 2, 2);
+    restore(to, stateOf(from));
+    to.setCurrentProgram(8); // the one that was saved
+    to.setCurrentProgram(0); // the one of the new instance
+    EXPECT_EQ(stateOf(to), stateOf(from));
+    juce::AudioBuffer<float> buffer(2, 64);
+    buffer.clear();
+    processOnce(to, buffer);
+    to.setCurrentProgram(0); // now somebody wants it
+    EXPECT_EQ(to.getCurrentProgram(), 0);
+    EXPECT_EQ(valueOf(to, 1), 0);
+}
+
+TEST(SlantwiseProcessor, ChoosingAPresetInTheEditorTellsTheHostOfTheProgram) {
+    RunLoop::main().becomeMainThread(); // as an open editor does
+    struct Programs final : juce::AudioProcessorListener {
+        void audioProcessorParameterChanged(juce::AudioProcessor*, int, float) override {}
+        void audioProcessorChanged(juce::AudioProcessor* processor, const ChangeDetails& details) override {
+            if (details.programChanged) told.push_back(processor->getCurrentProgram());
+        }
+        std::vector<int> told;
+    } programs;
+    SlantwiseProcessor processor;
+    processor.addListener(&programs);
+    for (const char* name : {"Air", "Air", "Cellphone"}) {
+        const std::string text = name;
+        const std::string* reference = &text;
+        AudioUnitSetProperty(&processor.unit(), kQVMProperty_PresetName, kAudioUnitScope_Global, 0, &reference,
+                             sizeof reference);
+    }
+    processor.removeListener(&programs);
+    EXPECT_EQ(programs.told, (std::vector<int>{8, 22}));
+}
+
+TEST(SlantwiseProcessor, AProgramIsChosenOnTheRenderThreadWithoutAllocatingOrLocking) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    int program = 0;
+    const realtime::Offences seen = realtime::offencesOf([&] {
+        processor.unit().choosePreset(22);
+        program = processor.getCurrentProgram();
+    });
+    EXPECT_FALSE(seen.any()) << seen;
+    EXPECT_EQ(program, 22);
+    EXPECT_EQ(valueOf(processor, 1), 7);
 }
 
 TEST(SlantwiseProcessor, TakesMonoToMonoMonoToStereoAndStereo) {

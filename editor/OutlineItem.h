@@ -1,0 +1,22 @@
+// One entry of an outline: a title that has children, or a leaf that can be chosen.
+#pragma once
+
+#include "description/BuildNamespace.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+struct OutlineItem {
+    std::string title;
+    std::string note;                // shown under the title; empty: none
+    std::optional<std::uint32_t> id; // of a leaf: what choosing it means to the owner
+    std::vector<OutlineItem> children;
+
+    bool isExpandable() const { return !children.empty(); }
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,73 @@
+// The switch between two complete settings, A and B, with a button between the letters that copies the active one to
+// the other side.
+//
+// It changes nothing by itself: every tap is reported, and whoever hears it moves the switch. It can have keyboard
+// focus like a parameter's control, though it has no parameter; whatever is typed there flips it. Main thread only.
+#pragma once
+
+#include "controls/QVMParameterControl.h"
+
+#include <memory>
+
+namespace QVM_NAMESPACE {
+
+class QVMABControl;
+class QVMFocusBorder;
+class QVMSymbolButton;
+
+// The parts of the switch, by the number under which a tap is reported.
+enum QVMABButton : std::uint32_t { QVMABButtonA = 0, QVMABButtonB = 1, QVMABButtonArrow = 2 };
+
+class QVMABControlDelegate {
+public:
+    virtual ~QVMABControlDelegate() = default;
+    // `button` is a QVMABButton. Main thread.
+    virtual void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) = 0;
+};
+
+class QVMABControl final : public QVMParameterControl {
+public:
+    explicit QVMABControl(const Rect& frame);
+
+    // Borrowed; null hears nothing.
+    void setABDelegate(QVMABControlDelegate* delegate) { abDelegate_ = delegate; }
+
+    QVMSymbolButton& a() { return *a_; }
+    QVMSymbolButton& b() { return *b_; }
+    QVMSymbolButton& arrow() { return *arrow_; }
+    const std::shared_ptr<Layer>& box() const { return box_; }
+    const std::shared_ptr<Layer>& indicator() const { return indicator_; }
+
+    // Moves the indicator to slot 0 or 1.
+    void updatePositionAnimated(std::uint32_t position, Animate animate);
+    std::uint32_t position() const { return position_; }
+    // What a tap on one of the buttons (or on anything else) does.
+    void handleTap(const View& tapped);
+
+    // Keyboard: everything that reaches a focused control flips the switch.
+    bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
+    bool toggleBooleanControl() override;
+    bool tap() override;
+    void setTransientStringValue(const std::string& text) override;
+    bool acceptsTransientStringBuffers() const override { return false; }
+    void setFocused(bool focused) override;
+
+    void mouseDown(const Event& event) override;
+    void viewDidMoveToWindow() override;
+
+private:
+    QVMSymbolButton& addButton(const char* name, const Rect& frame, std::string symbol);
+    void report(std::uint32_t button);
+    void style();
+
+    QVMABControlDelegate* abDelegate_ = nullptr;
+    std::uint32_t position_ = 0;
+    std::shared_ptr<Layer> box_, indicator_;
+    std::shared_ptr<QVMFocusBorder> highlight_;
+    QVMSymbolButton* a_ = nullptr;
+    QVMSymbolButton* b_ = nullptr;
+    QVMSymbolButton* arrow_ = nullptr;
+    ObservationToken themeObservation_;
+};
+
+} // namespace QVM_NAMESPACE

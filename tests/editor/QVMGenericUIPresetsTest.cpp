@@ -1,0 +1,199 @@
+#include "EditorFixture.h"
+
+#include "description/Presets.h"
+#include "editor/QVMPresetBar.h"
+#include "editor/QVMPresetControl.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+
+class QVMGenericUIPresets : public EditorFixture {
+protected:
+    // Every display frame for a second, as in a host.
+    void settle() {
+        for (int i = 0; i < 60; ++i) {
+            frame();
+            time_.advance(1.0 / 60);
+        }
+    }
+    bool dirty() { return ui_->presetBar()->dirty(); }
+    QVMPresetControl& name() {
+        return dynamic_cast<QVMPresetControl&>(*ui_->presetBar()->presetControl()->primaryControl());
+    }
+    std::string shownName() { return name().value()->string().string(); }
+    // A new editor on the unit as it is, as when a host closes the old one and opens it again.
+    void reopen(const std::string& presetName) {
+        ui_->setDelegate(nullptr);
+        auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, QVMConfig::inlinedConfig(), 2, 2);
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            ui->setMemoizedPValueDirectlyValue(pid, GetParameter(pid)->heldValueFromHostValue(delegate_.unit[pid]));
+        ui->completeInterfaceSetup();
+        ui->setDelegate(&delegate_);
+        ui_ = &window_.setContentView(std::move(ui));
+        ui_->lastSavedPresetWasNamed(presetName);
+        settle();
+    }
+};
+
+TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQualitySwitch) {
+    userSets(23, 1);
+    delegate_.calls.clear();
+    ui_->requestPresetNamed("Cellphone");
+    EXPECT_EQ(delegate_.sent.size(), 24u); // the switch, and 23 values of the preset
+    EXPECT_EQ(delegate_.calls.back(), "preset Cellphone 22");
+    EXPECT_EQ(memoized(23), 1);
+    const auto values = PresetIndexToPresetValues(22);
+    for (std::uint32_t pid = 0; pid < 23; ++pid)
+        EXPECT_EQ(memoized(pid), values->at(pid)) << pid;
+}
+
+TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
+    settle();
+    EXPECT_EQ(shownName(), "Default");
+    EXPECT_FALSE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, EveryPresetIsCleanWhenChosenAndWhenTheEditorIsOpenedAgain) {
+    for (std::uint32_t index = 0; index < QVMPresetCount; ++index) {
+        const std::string preset = GetPresets()->stringValues[index];
+        ui_->requestPresetNamed(preset);
+        settle();
+        EXPECT_FALSE(dirty()) << preset;
+        reopen(preset);
+        EXPECT_EQ(ui_->currentPreset(), index);
+        EXPECT_FALSE(dirty()) << preset << ", opened again";
+    }
+}
+
+TEST_F(QVMGenericUIPresets, AFineStepMakesEveryPresetDirtyAndTakingItBackMakesItClean) {
+    for (std::uint32_t index = 0; index < QVMPresetCount; ++index) {
+        const std::string preset = GetPresets()->stringValues[index];
+        ui_->requestPresetNamed(preset);
+        settle();
+        const float gain = memoized(1);
+        userSets(1, gain > 0 ? gain - 0.1f : gain + 0.1f);
+        settle();
+        EXPECT_TRUE(dirty()) << preset;
+        EXPECT_TRUE(name().inaccurate());
+        control(1).setUserInitiatedValueInternally(gain);
+        settle();
+        EXPECT_FALSE(dirty()) << preset;
+    }
+}
+
+TEST_F(QVMGenericUIPresets, TheMarkFollowsHalfASecondAfterTheLastChange) {
+    userSets(1, 3);
+    frame();
+    time_.advance(0.4);
+    userSets(1, 4);
+    frame();
+    time_.advance(0.4);
+    EXPECT_FALSE(dirty());
+    time_.advance(0.11);
+    EXPECT_TRUE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, HostAutomationMarksThePresetToo) {
+    hostSets(7, -3);
+    settle();
+    EXPECT_TRUE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, TheQualitySwitchNeverMakesAPresetDirty) {
+    userSets(23, 1);
+    settle();
+    EXPECT_FALSE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, AValueThatIsNoNumberLeavesItsParameterAsItIs) {
+    userSets(1, 5);
+    std::vector<float> values = *PresetIndexToPresetValues(9);
+    values[1] = std::numeric_limits<float>::quiet_NaN();
+    ui_->applyPresetValues(values);
+    EXPECT_EQ(memoized(1), 5);
+    EXPECT_EQ(memoized(2), 10);
+}
+
+TEST_F(QVMGenericUIPresets, ChoosingTheSamePresetAgainAppliesItsValuesAndClearsTheMark) {
+    ui_->requestPresetNamed("Air");
+    settle();
+    userSets(1, -2);
+    settle();
+    ASSERT_TRUE(dirty());
+    ui_->requestPresetNamed("Air");
+    EXPECT_EQ(memoized(1), PresetIndexToPresetValues(8)->at(1));
+    EXPECT_TRUE(dirty()); // not at once
+    settle();
+    EXPECT_FALSE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, AnIndexThatNoPresetHasIsNamedSoAndIsDirtyWhateverTheValues) {
+    ui_->lastSavedPresetWasKeyed(23);
+    EXPECT_EQ(shownName(), "N/A");
+    settle();
+    EXPECT_TRUE(dirty());
+    delegate_.calls.clear();
+    delegate_.sent.clear();
+    ui_->presetUpdated();
+    EXPECT_THAT(delegate_.sent, IsEmpty());
+    EXPECT_THAT(delegate_.calls, Contains("preset N/A 23"));
+}
+
+TEST_F(QVMGenericUIPresets, ANameThatNoPresetHasKeepsTheCurrentOne) {
+    ui_->lastSavedPresetWasNamed("Air");
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_EQ(shownName(), "Air");
+    ui_->lastSavedPresetWasNamed("Nothing of the kind");
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+}
+
+TEST_F(QVMGenericUIPresets, AnArrowInTheBarAppliesTheNextPresetAndTakesTheFocus) {
+    const Point rightArrow = ui_->presetBar()->convertToWindow(Point{320, 15});
+    click(rightArrow);
+    EXPECT_EQ(ui_->currentPreset(), 1u);
+    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(ui_->focusedControl(), ui_->presetBar()->presetControl());
+    EXPECT_TRUE(ui_->presetBar()->presetControl()->focused());
+    EXPECT_THAT(delegate_.calls, Contains("preset Brighter 1"));
+}
+
+TEST_F(QVMGenericUIPresets, AnOctaveRuleDoesNotBendAPreset) {
+    userSets(2, 8000); // pushes the high end
+    ui_->requestPresetNamed("Bass Cab (Ported)");
+    EXPECT_EQ(memoized(2), 75);
+    EXPECT_EQ(memoized(3), 500);
+}
+
+TEST_F(QVMGenericUIPresets, ChoosingAPresetIsOneUndoStep) {
+    settle();
+    const std::size_t before = stack().stack().size();
+    ui_->requestPresetNamed("Cellphone");
+    settle();
+    EXPECT_EQ(stack().stack().size(), before + 1);
+    ui_->keyboard().keyboardShortcutUndo();
+    settle();
+    EXPECT_EQ(memoized(1), 0);
+    EXPECT_TRUE(dirty()); // the name stays, the values are others
+    ui_->keyboard().keyboardShortcutRedo();
+    settle();
+    EXPECT_FALSE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, AChosenPresetIsNoGestureOfThePowerSwitch) {
+    ui_->requestPresetNamed("Air");
+    click(ui_->presetBar()->convertToWindow(Point{320, 15}));
+    EXPECT_EQ(ui_->interactionState(0), QVMInteractionDiscrete);
+    for (const std::string& call : delegate_.calls)
+        EXPECT_TRUE(call.starts_with("updated") || call.starts_with("preset")) << call;
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
