@@ -35,7 +35,7 @@ void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) 
     for (QVMParameterControl* each : parameterControls_)
         each->setFocused(each == control);
     if (sketch_) {
-        const QVMParameter* focused = control ? control->parameter().get() : nullptr;
+        const QVMParameter* focused = control ? control->parameter() : nullptr;
         sketch_->setFocusedPid(focused ? static_cast<std::int32_t>(focused->pid) : -1);
     }
     if (!presetBar_) return;

@@ -15,8 +15,6 @@ namespace {
 
 constexpr double dirtyCheckDelay = 0.5; // seconds
 
-// A preset's value counts as reached when it is there as it stands in the preset, or as the unit gives it back: clamped
-// to the parameter's range and rounded. What is no number in a preset is left to the user.
 } // namespace
 
 std::uint32_t QVMGenericUI::currentPreset() const {
