@@ -7,6 +7,7 @@
 #include "controls/QVMParameterControl.h"
 #include "controls/QVMSpeedLim.h"
 #include "description/QVMConfig.h"
+#include "editor/QVMDrawerView.h"
 #include "editor/QVMGenericUIDelegate.h"
 #include "editor/QVMHUDDisplay.h"
 #include "platform/DelayedCall.h"
@@ -14,6 +15,8 @@
 #include "platform/View.h"
 
 #include <array>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -24,15 +27,21 @@
 
 namespace QVM_NAMESPACE {
 
+class DrawerBackdrop;
+class FrameButton;
 class QVMClumpsView;
 class QVMClumpView;
 class QVMKeyboardHandler;
 class QVMMeterButton;
 class QVMPowerBox;
 class QVMPresetBar;
+class QVMPresetsDrawer;
 class QVMRangeControl;
 
-class QVMGenericUI final : public View, private QVMParameterControlDelegate, private QVMHUDDisplayDelegate {
+class QVMGenericUI final : public View,
+                           private QVMParameterControlDelegate,
+                           private QVMHUDDisplayDelegate,
+                           private QVMDrawerViewDelegate {
 public:
     // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
     static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
@@ -94,6 +103,7 @@ public:
     void requestFrame(std::int32_t altFrame);
     void assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged);
     void restoreUIState(std::uint32_t state);
+    // An open presets drawer is closed first, and the layout changes half a second later.
     void toggleFrame();
     void toggleDoubleWide() { gearTapped(); }
     void gearTapped();
@@ -102,10 +112,28 @@ public:
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
 
+    // Drawers, of which one at most is open. Opening one closes the others first; while the presets drawer is the one
+    // to close, the other waits for its end, unless it is forced.
+    QVMDrawerView& addDrawer(std::unique_ptr<QVMDrawerView> drawer); // below the preset bar, with the editor told of it
+    void toggleDrawerForce(QVMDrawerView& drawer, bool force);
+    // Closes every open drawer but one, and opens that one, which may be null; true when it closed any.
+    bool hideVisibleDrawersPresenting(QVMDrawerView* drawer);
+    bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted);
+    bool hideAllDrawers() { return hideVisibleDrawersPresenting(nullptr); }
+    void hideDrawerIfVisible(QVMDrawerView* drawer);
+    // Nothing of it is seen behind a drawer that covers it.
+    void hideClumpsView();
+    QVMDrawerView* waitingDrawer() const { return waitingDrawer_; }
+
     void toggleUITheme();
     // Posts the preference notification with both numbers.
     void updateLayoutKeyNumerical(std::int32_t key, double number);
     void meterTapped();
+    // Opens the address of the current settings in the browser and copies it to the clipboard.
+    void presetSaveTapped();
+    void logoTapped() { presetSaveTapped(); }
+    // Opens the manual; the extension is put behind its address, and may be empty.
+    void openManualWithExtension(const std::string& extension);
 
     // Look-ups; null when there is none.
     QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const;
@@ -118,7 +146,9 @@ public:
     QVMClumpsView* advClumpsView() const { return advClumpsView_; }
     QVMClumpView* masterClump() const { return masterClump_; }
     QVMPowerBox* powerBox() const { return powerBox_; }
+    FrameButton* frameButton() const { return frameButton_; }
     QVMPresetBar* presetBar() const { return presetBar_; }
+    QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
     QVMInteraction interactionState(std::uint32_t pid) const {
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
@@ -127,6 +157,10 @@ public:
     // Keyboard focus. A control of the master clump never takes it; null takes it away from all.
     void bringParameterControlIntoFocus(QVMParameterControl* control);
     QVMParameterControl* focusedControl() const { return focusedControl_; }
+    // The control that the last context menu was about; null when it was about none.
+    QVMParameterControl* lastRightClickedControl() const {
+        return lastRightClickedPid_ ? parameterControlWithPid(*lastRightClickedPid_) : nullptr;
+    }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.
     void setHasFocus(bool hasFocus);
     bool hasFocus() const { return hasFocus_; }
@@ -134,6 +168,8 @@ public:
 
     // Deliberately empty in this product.
     void propagateLinkForPidNotify(std::uint32_t, bool) {}
+    void parameterControlWantsToChangeMultipleValuesMotion(QVMParameterControl&, const std::map<std::uint32_t, float>&,
+                                                           double) {}
     void freakout() {}
     void hideAllControls() {}
 
@@ -151,6 +187,7 @@ private:
     using ControlList = std::vector<QVMParameterControl*>;
 
     // Assembly.
+    void setConfig(std::shared_ptr<QVMConfig> config);
     void addPowerBox();
     void addClumpsView();
     void addPresetBar();
@@ -159,6 +196,9 @@ private:
     void addParameterControlsForClump(QVMClump& clump, QVMClumpView& clumpView);
     void registerParameterControls(const ControlList& controls, QVMClumpView& clumpView);
     void addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView);
+    void addPresetDrawer();
+    void addFrameButton();
+    void layOutFrameButton();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
 
@@ -180,12 +220,31 @@ private:
     // QVMParameterControlDelegate
     void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
                                                         const Event* event) override;
-    void parameterControlHasRequestedDocumentation(QVMParameterControl&) override {}
+    void parameterControlHasRequestedDocumentation(QVMParameterControl& control) override;
     void parameterControlDidTapMeaninglessly(QVMParameterControl&) override {}
     void parameterControlWantsToPerformStaticConversion(QVMParameterControl&, std::int32_t) override {}
     void parameterControlWantsToDisplayModal(QVMParameterControl&, View&) override {}
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
+    // QVMDrawerViewDelegate
+    bool canDrawerViewToggleVisibilityToVisibility(QVMDrawerView& drawer, bool visible) override;
+    void drawerDidTapMiniature(QVMDrawerView& drawer, std::int32_t code) override;
+
+    void presentPresetsDrawer(QVMDrawerView& drawer);
+    void dismissPresetsDrawer(QVMDrawerView& drawer);
+    void animationDidStopFinished(QVMDrawerView& drawer, bool finished);
+    void showClumpsView();
+    std::vector<QVMDrawerView*> drawers() const;
+
+    // Context menu.
+    void addControlItems(Menu& menu, const QVMParameterControl& control);
+    void addSettingsItems(Menu& menu);
+    void copySettings();
+    void pasteSettings();
+    void resetAllSettings();
+    // Does nothing once the editor, or its control of the parameter, is gone.
+    std::function<void()> onControl(std::uint32_t pid, void (*action)(QVMParameterControl&)) const;
+    std::function<void()> onEditor(void (QVMGenericUI::*action)());
 
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
@@ -212,16 +271,22 @@ private:
     QVMClumpView* masterClump_ = nullptr;
     QVMPowerBox* powerBox_ = nullptr;
     QVMPresetBar* presetBar_ = nullptr;
+    QVMPresetsDrawer* presetDrawer_ = nullptr;
+    QVMDrawerView* waitingDrawer_ = nullptr; // opens when the presets drawer has closed
+    DrawerBackdrop* drawerBackdrop_ = nullptr;
+    FrameButton* frameButton_ = nullptr;
     QVMHUDDisplay* hud_ = nullptr;
     QVMMeterButton* numericMeter_ = nullptr;
     QVMSpeedLim advFlashLim_;
 
     QVMParameterControl* focusedControl_ = nullptr;
     QVMParameterControl* rememberedFocus_ = nullptr;
-    QVMParameterControl* lastRightClickedControl_ = nullptr;
+    std::optional<std::uint32_t> lastRightClickedPid_;
     bool hasFocus_ = false;
 
-    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_;
+    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_;
+    // Expires with the editor, for what a menu calls after it has gone.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::vector<ObservationToken> observations_, windowObservations_;
 };
 

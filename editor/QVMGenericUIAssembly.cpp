@@ -3,6 +3,7 @@
 #include "controls/QVMMeterButton.h"
 #include "controls/QVMRangeControl.h"
 #include "editor/EditorLayout.h"
+#include "editor/FrameButton.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMGenericUI.h"
@@ -10,6 +11,7 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
+#include "editor/QVMPresetsDrawer.h"
 
 #include <algorithm>
 
@@ -36,7 +38,17 @@ void QVMGenericUI::addPowerBox() {
     const auto advanced = config_->hasAdvancedControls() ? AdvancedControls::yes : AdvancedControls::no;
     powerBox_ = &addSubview(std::make_unique<QVMPowerBox>(EditorLayoutForAltFrame(QVMAltFrameNormal).powerBox, advanced,
                                                           *config_->metadata));
+    powerBox_->logo().setAction([this](Control&) { logoTapped(); });
     if (QVMSymbolButton* gear = powerBox_->gear()) gear->setAction([this](Control&) { gearTapped(); });
+}
+
+void QVMGenericUI::addFrameButton() {
+    if (frameButton_ || !powerBox_) return;
+    frameButton_ = &addSubview(std::make_unique<FrameButton>());
+    frameButton_->setAction([this](Control&) { toggleFrame(); });
+    powerBox_->setFrameToggle([this] { toggleFrame(); });
+    powerBox_->setHoverHandler([this](bool isInside) { frameButton_->setPointerNear(isInside); });
+    layOutFrameButton();
 }
 
 void QVMGenericUI::addClumpsView() {
@@ -129,6 +141,12 @@ void QVMGenericUI::addRangeControls(QVMParameterControl& low, QVMParameterContro
     high.setRange(&upper);
     upper.updateRangeAnimated(Animate::no);
     lower.updateRangeAnimated(Animate::no);
+}
+
+void QVMGenericUI::addPresetDrawer() {
+    if (presetDrawer_ || !config_->presets) return;
+    const Rect frame = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
+    presetDrawer_ = &static_cast<QVMPresetsDrawer&>(addDrawer(std::make_unique<QVMPresetsDrawer>(frame, *config_)));
 }
 
 void QVMGenericUI::addHudAndNumericMeter() {
