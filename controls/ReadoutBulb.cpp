@@ -1,7 +1,9 @@
 #include "controls/ReadoutBulb.h"
 
+#include "controls/ReadoutText.h"
 #include "controls/TextFitting.h"
 #include "platform/TextMetrics.h"
+#include "theme/Colors.h"
 
 #include <cmath>
 #include <numbers>
@@ -14,7 +16,7 @@ constexpr double kTextMargin = 4;       // points, left and right
 constexpr double kPointerHalfWidth = 5; // points
 constexpr double kFieldInset = 2;
 constexpr Size kCaret = {1, 15};
-constexpr float kHoverLight = 0.12f, kPressShade = 0.08f;
+constexpr float kHoverShade = 0.07f, kPressShade = 0.14f; // darker, so that the text stays legible
 constexpr double kDisabledOpacity = 0.45;
 
 // A capsule of the given size with, at the middle of a long side, a pointer; y grows upwards.
@@ -36,7 +38,7 @@ Path capsule(Size size, BulbPointer pointer) {
 Color fillFor(Color color, BulbState state) {
     switch (state) {
     case BulbState::hovered:
-        return color.mixedWith(Color::white(1), kHoverLight);
+        return color.mixedWith(Color::white(0), kHoverShade);
     case BulbState::pressed:
         return color.mixedWith(Color::white(0), kPressShade);
     case BulbState::normal:
@@ -48,7 +50,7 @@ Color fillFor(Color color, BulbState state) {
 } // namespace
 
 ReadoutBulb::ReadoutBulb(Color color, BulbPointer pointer)
-    : color_(color), pointer_(pointer), bulb_(std::make_shared<Layer>(YAxis::up)),
+    : color_(groundForText(color, readoutUnitColor)), pointer_(pointer), bulb_(std::make_shared<Layer>(YAxis::up)),
       background_(std::make_shared<ShapeLayer>(YAxis::up)), border_(std::make_shared<ShapeLayer>(YAxis::up)),
       text_(std::make_shared<TextLayer>(YAxis::up)), caret_(std::make_shared<Layer>(YAxis::up)) {
     bulb_->setName("readoutBulb");

@@ -12,7 +12,6 @@ namespace {
 
 constexpr double kValueSize = 16, kUnitGlyphSize = 13, kUnitIconSize = 16, kUnitTextSize = 12;
 constexpr double kUnitGap = 1.5; // points
-constexpr float kUnitAlpha = 0.85f;
 
 struct UnitGlyph {
     std::string_view unit;
@@ -23,7 +22,7 @@ constexpr UnitGlyph kUnitGlyphs[] = {
 };
 
 AttributedString unitText(const std::string& suffix) {
-    const Color color = Color::white(1, kUnitAlpha);
+    const Color color = readoutUnitColor;
     for (const UnitGlyph& known : kUnitGlyphs) {
         if (known.unit != suffix) continue;
         const std::string glyph = known.glyph;

@@ -2,11 +2,15 @@
 #pragma once
 
 #include "platform/AttributedString.h"
+#include "platform/Color.h"
 
 #include <optional>
 #include <string>
 
 namespace QVM_NAMESPACE {
+
+// Of the unit beside a value: translucent, so that what it stands on must be darker than for the value.
+inline constexpr Color readoutUnitColor = Color::white(1, 0.85f);
 
 // The value text and its unit, white. Known units become one glyph of the icon font. Plain text is always set at 16
 // points; `fontSize` (points) is for values that are glyphs themselves. Main thread.

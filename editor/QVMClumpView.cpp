@@ -14,6 +14,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double rippleStep = 0.02; // seconds between one control and the next
+constexpr const char* rippleKey = "dimRipple";
 constexpr double dimmedAlpha = 0.5;
 constexpr double lineWidth = 1; // points
 constexpr double outlineInset = 4, outlineRadius = 6;
@@ -29,6 +30,18 @@ bool isLaidOut(const QVMParameter& parameter) {
 
 float chroma(const QVMColor& color) {
     return std::max({color.r, color.g, color.b}) - std::min({color.r, color.g, color.b});
+}
+
+// A control takes its state at once; only what is seen of it follows later than the one before. A delay of 0 leaves the
+// control's own fade alone.
+void delayFade(Layer& layer, double presentedBefore, double delay) {
+    if (presentedBefore == layer.opacity() || delay <= 0) return layer.removeAnimation(rippleKey);
+    BasicAnimation fade;
+    fade.keyPath = "opacity";
+    fade.fromValue = presentedBefore;
+    fade.toValue = layer.opacity();
+    fade.beginDelay = delay;
+    layer.addAnimation(std::move(fade), rippleKey);
 }
 
 } // namespace
@@ -52,8 +65,11 @@ void QVMClumpView::setDimmedDelayPriority(bool dimmed, double delay, std::uint32
     dimmed_ = dimmed;
     const std::vector<QVMParameterControl*> controls = parameterControls();
     const std::vector<double> delays = rippleDelays(controls.size(), delay);
-    for (std::size_t i = 0; i < controls.size(); ++i)
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        const double before = controls[i]->layer()->presentation().opacity;
         controls[i]->setDimmedDelayPriorityKey(dimmed, delays[i], priority, "Clump");
+        delayFade(*controls[i]->layer(), before, delays[i]);
+    }
     animateAlpha(dimmed ? dimmedAlpha : 1);
 }
 

@@ -53,6 +53,20 @@ void QVMGenericUI::completeInterfaceSetup() {
         parameter.chanIn = chanIn_;
         parameter.chanOut = chanOut_;
     });
+    setConfig(config_);
+    addPresetDrawer();
+    addFrameButton();
+    syncUndoRedoButtonsToStackState();
+    potentiallySaveToUndoRedoStack();
+    applyChannelLayoutRules();
+    observePreferences();
+    addHudAndNumericMeter();
+    sketchCall_.schedule(sketchDelay, [this] { addSketch(); });
+    backingScaleCall_.schedule(backingScaleDelay, [this] { viewDidChangeBackingProperties(); });
+}
+
+void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
+    config_ = std::move(config);
     keyboard_->setUi(this);
     addPowerBox();
     addClumpsView();
@@ -61,15 +75,6 @@ void QVMGenericUI::completeInterfaceSetup() {
     abState_ = 0;
     for (std::vector<float>& slot : abValues_)
         copyValuesToPreset(slot, 0);
-    addPresetDrawer();
-
-    syncUndoRedoButtonsToStackState();
-    potentiallySaveToUndoRedoStack();
-    applyChannelLayoutRules();
-    observePreferences();
-    addHudAndNumericMeter();
-    sketchCall_.schedule(sketchDelay, [this] { addSketch(); });
-    backingScaleCall_.schedule(backingScaleDelay, [this] { viewDidChangeBackingProperties(); });
 }
 
 void QVMGenericUI::applyChannelLayoutRules() {

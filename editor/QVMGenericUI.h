@@ -17,6 +17,7 @@
 #include "viz/QVMParameterSketchDelegate.h"
 
 #include <array>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -29,6 +30,7 @@
 namespace QVM_NAMESPACE {
 
 class DrawerBackdrop;
+class FrameButton;
 class QVMClumpsView;
 class NumericMeterReading;
 class PBGLSketchAbstract;
@@ -113,6 +115,7 @@ public:
     void requestFrame(std::int32_t altFrame);
     void assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged);
     void restoreUIState(std::uint32_t state);
+    // An open presets drawer is closed first, and the layout changes half a second later.
     void toggleFrame();
     void toggleDoubleWide() { gearTapped(); }
     void gearTapped();
@@ -138,6 +141,11 @@ public:
     // Posts the preference notification with both numbers.
     void updateLayoutKeyNumerical(std::int32_t key, double number);
     void meterTapped();
+    // Opens the address of the current settings in the browser and copies it to the clipboard.
+    void presetSaveTapped();
+    void logoTapped() { presetSaveTapped(); }
+    // Opens the manual; the extension is put behind its address, and may be empty.
+    void openManualWithExtension(const std::string& extension);
 
     // Look-ups; null when there is none.
     QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const;
@@ -150,9 +158,11 @@ public:
     QVMClumpsView* advClumpsView() const { return advClumpsView_; }
     QVMClumpView* masterClump() const { return masterClump_; }
     QVMPowerBox* powerBox() const { return powerBox_; }
+    FrameButton* frameButton() const { return frameButton_; }
     QVMPresetBar* presetBar() const { return presetBar_; }
     // The response curve, which hands its frames to the meter too. Null until half a second after the setup.
     QVMParameterSketch* sketch() const { return sketch_; }
+    QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
     QVMInteraction interactionState(std::uint32_t pid) const {
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
@@ -161,6 +171,10 @@ public:
     // Keyboard focus. A control of the master clump never takes it; null takes it away from all.
     void bringParameterControlIntoFocus(QVMParameterControl* control);
     QVMParameterControl* focusedControl() const { return focusedControl_; }
+    // The control that the last context menu was about; null when it was about none.
+    QVMParameterControl* lastRightClickedControl() const {
+        return lastRightClickedPid_ ? parameterControlWithPid(*lastRightClickedPid_) : nullptr;
+    }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.
     void setHasFocus(bool hasFocus);
     bool hasFocus() const { return hasFocus_; }
@@ -168,6 +182,8 @@ public:
 
     // Deliberately empty in this product.
     void propagateLinkForPidNotify(std::uint32_t, bool) {}
+    void parameterControlWantsToChangeMultipleValuesMotion(QVMParameterControl&, const std::map<std::uint32_t, float>&,
+                                                           double) {}
     void freakout() {}
     void hideAllControls() {}
 
@@ -185,15 +201,18 @@ private:
     using ControlList = std::vector<QVMParameterControl*>;
 
     // Assembly.
+    void setConfig(std::shared_ptr<QVMConfig> config);
     void addPowerBox();
     void addClumpsView();
     void addPresetBar();
-    void addPresetDrawer();
     void addAndRegisterParameterControls();
     QVMClumpView& addClumpView(QVMClump& clump, const Rect& frame, View& container);
     void addParameterControlsForClump(QVMClump& clump, QVMClumpView& clumpView);
     void registerParameterControls(const ControlList& controls, QVMClumpView& clumpView);
     void addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView);
+    void addPresetDrawer();
+    void addFrameButton();
+    void layOutFrameButton();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
     static constexpr float nothingReceived = std::numeric_limits<float>::max();
@@ -231,7 +250,7 @@ private:
     // QVMParameterControlDelegate
     void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
                                                         const Event* event) override;
-    void parameterControlHasRequestedDocumentation(QVMParameterControl&) override {}
+    void parameterControlHasRequestedDocumentation(QVMParameterControl& control) override;
     void parameterControlDidTapMeaninglessly(QVMParameterControl& control) override;
     void parameterControlWantsToPerformStaticConversion(QVMParameterControl&, std::int32_t) override {}
     void parameterControlWantsToDisplayModal(QVMParameterControl&, View&) override {}
@@ -251,6 +270,16 @@ private:
     std::vector<QVMDrawerView*> drawers() const;
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
+
+    // Context menu.
+    void addControlItems(Menu& menu, const QVMParameterControl& control);
+    void addSettingsItems(Menu& menu);
+    void copySettings();
+    void pasteSettings();
+    void resetAllSettings();
+    // Does nothing once the editor, or its control of the parameter, is gone.
+    std::function<void()> onControl(std::uint32_t pid, void (*action)(QVMParameterControl&)) const;
+    std::function<void()> onEditor(void (QVMGenericUI::*action)());
 
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
@@ -279,6 +308,7 @@ private:
     QVMPresetsDrawer* presetDrawer_ = nullptr; // none without presets
     QVMDrawerView* waitingDrawer_ = nullptr;   // opens when the presets drawer has closed
     DrawerBackdrop* drawerBackdrop_ = nullptr;
+    FrameButton* frameButton_ = nullptr;
     QVMHUDDisplay* hud_ = nullptr;
     QVMMeterButton* numericMeter_ = nullptr;
     std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
@@ -287,10 +317,12 @@ private:
 
     QVMParameterControl* focusedControl_ = nullptr;
     QVMParameterControl* rememberedFocus_ = nullptr;
-    QVMParameterControl* lastRightClickedControl_ = nullptr;
+    std::optional<std::uint32_t> lastRightClickedPid_;
     bool hasFocus_ = false;
 
     DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
+    // Expires with the editor, for what a menu calls after it has gone.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::vector<ObservationToken> observations_, windowObservations_;
 };
 

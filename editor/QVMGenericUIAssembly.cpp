@@ -3,6 +3,7 @@
 #include "controls/QVMMeterButton.h"
 #include "controls/QVMRangeControl.h"
 #include "editor/EditorLayout.h"
+#include "editor/FrameButton.h"
 #include "editor/NumericMeterReading.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMClumpsView.h"
@@ -38,7 +39,17 @@ void QVMGenericUI::addPowerBox() {
     const auto advanced = config_->hasAdvancedControls() ? AdvancedControls::yes : AdvancedControls::no;
     powerBox_ = &addSubview(std::make_unique<QVMPowerBox>(EditorLayoutForAltFrame(QVMAltFrameNormal).powerBox, advanced,
                                                           *config_->metadata));
+    powerBox_->logo().setAction([this](Control&) { logoTapped(); });
     if (QVMSymbolButton* gear = powerBox_->gear()) gear->setAction([this](Control&) { gearTapped(); });
+}
+
+void QVMGenericUI::addFrameButton() {
+    if (frameButton_ || !powerBox_) return;
+    frameButton_ = &addSubview(std::make_unique<FrameButton>());
+    frameButton_->setAction([this](Control&) { toggleFrame(); });
+    powerBox_->setFrameToggle([this] { toggleFrame(); });
+    powerBox_->setHoverHandler([this](bool isInside) { frameButton_->setPointerNear(isInside); });
+    layOutFrameButton();
 }
 
 void QVMGenericUI::addClumpsView() {

@@ -40,10 +40,6 @@ BasicAnimation fade(const Layer& layer, double to, double seconds) {
 
 QVMDrawerView& QVMGenericUI::addDrawer(std::unique_ptr<QVMDrawerView> drawer) {
     drawer->setDelegate(this);
-    if (!drawerBackdrop_ && clumpsView_) {
-        const Rect behind = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
-        drawerBackdrop_ = &addSubview(std::make_unique<DrawerBackdrop>(behind), Order::below, clumpsView_);
-    }
     return addSubview(std::move(drawer), presetBar_ ? Order::below : Order::above, presetBar_);
 }
 
@@ -122,6 +118,10 @@ void QVMGenericUI::presentPresetsDrawer(QVMDrawerView& drawer) {
     BasicAnimation fadeIn = fade(*drawer.layer(), 1, fadeInSeconds);
     drawer.layer()->removeAllAnimations();
     QVMAnimateViewToFromDuration(*clumpsView_, miniatureTransform(), std::nullopt, openSeconds);
+    if (!drawerBackdrop_) {
+        const Rect behind = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
+        drawerBackdrop_ = &addSubview(std::make_unique<DrawerBackdrop>(behind), Order::below, clumpsView_);
+    }
     drawerBackdrop_->setHidden(false);
     drawer.setVisibility(true);
     drawer.layer()->addAnimation(std::move(fadeIn), "fadeIn");

@@ -1,17 +1,14 @@
-// Keyboard focus, clicks, gestures of the controls, notifications, and the context menu.
+// Keyboard focus, clicks, gestures of the controls, and notifications.
 #include "controls/QVMRangeControl.h"
 #include "description/NumberText.h"
 #include "editor/EditorLayout.h"
-#include "editor/MakerSite.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMLogoStamp.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/Menu.h"
 #include "platform/Window.h"
-#include "platform/Workspace.h"
 #include "viz/QVMParameterSketch.h"
 
 #include <algorithm>
@@ -147,29 +144,6 @@ void QVMGenericUI::interfacePreferencesUpdated(const Notification& notification)
 void QVMGenericUI::updateLayoutKeyNumerical(std::int32_t key, double number) {
     NotificationCenter::defaultCenter().post(
         {preferenceNotification, this, {{"major", static_cast<double>(key)}, {"minor", number}}});
-}
-
-std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
-    if (event.has(EventModifier::option) || event.has(EventModifier::command)) return nullptr;
-    lastRightClickedControl_ = controlAtWindowPoint(event.locationInWindow);
-    auto menu = std::make_unique<Menu>();
-    const QVMMetadata& metadata = *config_->metadata;
-    menu->title = metadata.pluginName;
-    if (QVMParameterControl* control = lastRightClickedControl_; control && control->primaryControl()) {
-        const QVMParameter& parameter = *control->parameter();
-        menu->title = parameter.name;
-        MenuItem reset;
-        reset.title = "Reset " + parameter.name + " to default";
-        reset.enabled = control->floatValue() != parameter.initialValue;
-        reset.action = [control] { control->primaryControl()->contextMenuResetInitialValue(); };
-        menu->items.push_back(std::move(reset));
-        menu->items.push_back(MenuItem::separator());
-    }
-    MenuItem version;
-    version.title = std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version;
-    version.action = [address = productPage(metadata)] { Workspace::current().openUrl(address); };
-    menu->items.push_back(std::move(version));
-    return menu;
 }
 
 } // namespace QVM_NAMESPACE

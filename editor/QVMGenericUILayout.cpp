@@ -1,10 +1,12 @@
 // The layout variants, the backing scale, and what the side column's buttons do.
 #include "controls/QVMSymbolButton.h"
 #include "editor/EditorLayout.h"
+#include "editor/FrameButton.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
+#include "editor/QVMPresetsDrawer.h"
 #include "platform/Transaction.h"
 #include "platform/Window.h"
 #include "theme/QVMUITheme.h"
@@ -15,6 +17,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr std::int32_t altFrameCount = 3, frameStep = 2;
+constexpr double compactButtonInset = 6; // points
+constexpr double drawerEndSeconds = 0.5; // until a drawer that was told to close is out of the way
 
 // What has no room in a layout is not part of it; its content would show all the same.
 void place(View* view, const Rect& frame) {
@@ -31,11 +35,12 @@ void QVMGenericUI::requestFrame(std::int32_t altFrame) {
 
 void QVMGenericUI::assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged) {
     altFrame_ = altFrame;
+    if (altFrame_ == QVMAltFrameCompact) hideAllDrawers(); // they would lie over the whole of it
     assumeFrames();
     if (scaleChanged) viewDidChangeBackingProperties();
     if (powerBox_) {
-        powerBox_->themeUpdated();
         if (QVMSymbolButton* gear = powerBox_->gear()) gear->setSelected(altFrame_ == QVMAltFrameDoubleWide);
+        powerBox_->themeUpdated();
     }
     if (delegate_) delegate_->interfaceWantsToSaveUIState(*this, static_cast<std::uint32_t>(altFrame_));
 }
@@ -50,6 +55,21 @@ void QVMGenericUI::assumeFrames() {
     place(advClumpsView_, layout.advClumpsView);
     if (powerBox_) powerBox_->assumeLayout(layout);
     if (sketch_) sketch_->setFrame(layout.sketchPlace);
+    layOutFrameButton();
+}
+
+// In the corner of the curve.
+void QVMGenericUI::layOutFrameButton() {
+    if (!frameButton_) return;
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
+    const Rect curve = layout.sketchPlace.offsetBy(layout.powerBox.x, layout.powerBox.y);
+    const bool isCompact = altFrame_ == QVMAltFrameCompact;
+    const double inset = isCompact ? compactButtonInset : 0;
+    place(frameButton_, curve.isEmpty() ? Rect{}
+                                        : Rect{curve.maxX() - FrameButton::size.width - inset, curve.y + inset,
+                                               FrameButton::size.width, FrameButton::size.height});
+    frameButton_->setDestination(isCompact ? FrameButton::Destination::wholeEditor
+                                           : FrameButton::Destination::compactForm);
 }
 
 void QVMGenericUI::restoreUIState(std::uint32_t state) {
@@ -59,7 +79,12 @@ void QVMGenericUI::restoreUIState(std::uint32_t state) {
 
 void QVMGenericUI::toggleFrame() {
     toggleFrameCall_.cancel();
-    assumeNextFrame();
+    if (!presetDrawer_ || !presetDrawer_->visible()) {
+        assumeNextFrame();
+        return;
+    }
+    hideDrawerIfVisible(presetDrawer_);
+    toggleFrameCall_.schedule(drawerEndSeconds, [this] { assumeNextFrame(); });
 }
 
 void QVMGenericUI::assumeNextFrame() {

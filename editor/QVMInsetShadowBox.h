@@ -3,11 +3,20 @@
 
 #include "platform/View.h"
 
+#include <memory>
+
 namespace QVM_NAMESPACE {
+
+class ShapeLayer;
 
 class QVMInsetShadowBox final : public View {
 public:
     explicit QVMInsetShadowBox(const Rect& frame);
+
+    void frameDidChange() override;
+
+private:
+    std::shared_ptr<ShapeLayer> rim_;
 };
 
 } // namespace QVM_NAMESPACE

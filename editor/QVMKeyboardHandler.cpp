@@ -1,7 +1,9 @@
 #include "editor/QVMKeyboardHandler.h"
 
 #include "controls/QVMParameterControl.h"
+#include "editor/MakerSite.h"
 #include "editor/QVMGenericUI.h"
+#include "platform/Workspace.h"
 
 #include <algorithm>
 #include <array>
@@ -140,6 +142,26 @@ bool QVMKeyboardHandler::keyboardShortcutResizeWindow() {
 
 QVMParameterControl* QVMKeyboardHandler::focused() const {
     return ui_ ? ui_->focusedControl() : nullptr;
+}
+
+// temporary until the settings address arrives
+std::string QVMKeyboardHandler::currentParametersURLEncoded() const {
+    return baseURLForPluginVersion() + "/?";
+}
+std::string QVMKeyboardHandler::baseURLForPluginVersion() const {
+    return productPage(*config_->metadata) + "/" + config_->metadata->version;
+}
+bool QVMKeyboardHandler::keyboardShortcutHandleCopy() {
+    Workspace::current().setClipboardString(currentParametersURLEncoded());
+    return true;
+}
+bool QVMKeyboardHandler::canPasteSettings() const {
+    const auto text = Workspace::current().clipboardString();
+    return text && text->starts_with(productPage(*config_->metadata));
+}
+bool QVMKeyboardHandler::keyboardShortcutHandlePaste() {
+    if (ui_) ui_->resetInitialValues();
+    return true;
 }
 
 } // namespace QVM_NAMESPACE

@@ -54,6 +54,13 @@ public:
     bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
     QVMUndoRedoStack& undoRedoStack() { return undoRedoStack_; }
 
+    // The settings as an address, its base, and the clipboard's way of both.
+    std::string currentParametersURLEncoded() const;
+    std::string baseURLForPluginVersion() const;
+    bool keyboardShortcutHandleCopy();
+    bool keyboardShortcutHandlePaste();
+    bool canPasteSettings() const;
+
     // For the editor's buttons and menus; no key is bound to them.
     bool keyboardShortcutToggleAdvancedDrawer();
     bool keyboardShortcutToggleTheme();

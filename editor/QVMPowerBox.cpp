@@ -3,6 +3,7 @@
 #include "controls/QVMSymbolButton.h"
 #include "description/QVMMetadata.h"
 #include "editor/QVMLogoStamp.h"
+#include "platform/Window.h"
 #include "resources/IconGlyphs.h"
 
 #include <string>
@@ -62,7 +63,32 @@ void QVMPowerBox::themeUpdated() {
     sketchPlace_->setBackgroundColor(composite(sketchPlaceShade, box));
     underline_->setBackgroundColor(mark.withAlpha(underlineAlpha));
     logo_->resetGlyphColor(logo_->symbol(), mark);
-    if (gear_) gear_->resetGlyphColor(gear_->symbol(), mark);
+    if (!gear_) return;
+    // A spotlight behind a gear of its own kind of colour would drown it.
+    const Color lit = composite(gear_->spotlight()->backgroundColor(), box);
+    gear_->resetGlyphColor(gear_->symbol(), gear_->selected() ? contrasted(box, lit) : mark);
+}
+
+void QVMPowerBox::mouseDown(const Event& event) {
+    constexpr int doubleClick = 2;
+    const bool asksForToggle = event.clickCount == doubleClick && !isOnButton(event.locationInWindow);
+    ThemedView::mouseDown(event); // on to the editor
+    if (asksForToggle && frameToggle_) frameToggle_();
+}
+
+void QVMPowerBox::mouseEntered(const Event&) {
+    if (hoverHandler_) hoverHandler_(true);
+}
+
+void QVMPowerBox::mouseExited(const Event&) {
+    if (hoverHandler_) hoverHandler_(false);
+}
+
+bool QVMPowerBox::isOnButton(Point pointInWindow) const {
+    const View* hit = window() ? window()->hitTest(pointInWindow) : nullptr;
+    while (hit && hit != this && !dynamic_cast<const Control*>(hit))
+        hit = hit->superview();
+    return hit != this;
 }
 
 QVMSymbolButton& QVMPowerBox::btnWithFrameGlyph(const Rect& frame, std::string_view glyph, double size) {

@@ -7,8 +7,10 @@
 #include "editor/EditorLayout.h"
 #include "editor/ThemedView.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -28,12 +30,21 @@ public:
     QVMLogoStamp& logoStamp() { return *logoStamp_; }
     const QVMMetadata& metadata() const { return metadata_; }
 
+    // A double click where no button is, as on the curve, asks for the other form of the editor.
+    void setFrameToggle(std::function<void()> toggle) { frameToggle_ = std::move(toggle); }
+    // Told when the pointer comes into the box (true) and when it leaves.
+    void setHoverHandler(std::function<void(bool)> handler) { hoverHandler_ = std::move(handler); }
+
     // Puts the parts where a layout wants them. The view's own frame is the caller's matter.
     void assumeLayout(const QVMEditorLayout& layout);
 
     void themeUpdated() override;
+    void mouseDown(const Event& event) override;
+    void mouseEntered(const Event& event) override;
+    void mouseExited(const Event& event) override;
 
 private:
+    bool isOnButton(Point pointInWindow) const;
     QVMSymbolButton& btnWithFrameGlyph(const Rect& frame, std::string_view glyph, double size);
     void layOutUnderline(const Rect& logoFrame);
 
@@ -42,6 +53,8 @@ private:
     QVMSymbolButton* gear_ = nullptr;
     QVMLogoStamp* logoStamp_ = nullptr;
     std::shared_ptr<Layer> underline_, sketchPlace_;
+    std::function<void()> frameToggle_;
+    std::function<void(bool)> hoverHandler_;
 };
 
 } // namespace QVM_NAMESPACE

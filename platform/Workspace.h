@@ -11,7 +11,8 @@ namespace QVM_NAMESPACE {
 class Workspace {
 public:
     virtual ~Workspace() = default;
-    // The clipboard's text, valid UTF-8 of at most 64 KiB; absent when it holds none. May block: explicit paste only.
+    // The clipboard's text, valid UTF-8 of at most 64 KiB; absent when it holds none. May block: only when the user
+    // asks to paste or opens the menu.
     virtual std::optional<std::string> clipboardString() = 0;
     virtual void setClipboardString(const std::string& text) = 0;
     // Opens an address with the desktop's opener; false (and one log line) when there is none.

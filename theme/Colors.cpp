@@ -36,4 +36,13 @@ Color contrasted(Color color, Color against, double ratio) {
     return result;
 }
 
+Color groundForText(Color ground, Color text, double ratio) {
+    const Color opaqueText = text.withAlpha(1);
+    const auto isLegible = [&](Color below) { return contrastRatio(composite(text, below), below) >= ratio; };
+    Color result = ground;
+    for (double step = ratio; !isLegible(result) && step <= 21; step += kContrastStep * ratio)
+        result = contrasted(ground, opaqueText, step);
+    return result;
+}
+
 } // namespace QVM_NAMESPACE

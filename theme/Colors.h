@@ -32,4 +32,8 @@ double contrastRatio(Color one, Color other);
 // the opaque `against` by `ratio`; unchanged if it does already. Alpha is kept.
 Color contrasted(Color color, Color against, double ratio = minimumTextContrast);
 
+// `ground`, moved no more than it takes for a translucent text of the colour `text` to stand out from it by `ratio`;
+// unchanged if it does already.
+Color groundForText(Color ground, Color text, double ratio = minimumTextContrast);
+
 } // namespace QVM_NAMESPACE

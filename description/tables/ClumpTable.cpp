@@ -20,7 +20,7 @@ constexpr std::array<TaggedLabelRow, 2> kTiltLabels = {{
     {"RANGE", {231, 84, 80, 14}, QVMLabelAlignment::right},
 }};
 constexpr std::array<TaggedLabelRow, 1> kFilterLabels = {{
-    {"RANGE", {152, 8, 86, 14}, QVMLabelAlignment::right},
+    {"RANGE", {66, 8, 60, 14}, QVMLabelAlignment::left},
 }};
 constexpr std::array<TaggedLabelRow, 2> kAdvancedLabels = {{
     {"LOW", {10, 38, 80, 16}, QVMLabelAlignment::center},

@@ -10,13 +10,13 @@ namespace {
 // Points of drag for the whole range: fine, normal, coarse. A drag of one and a half times the number sweeps it.
 constexpr std::array<double, 3> kNumberPoints = {240, 120, 90};
 
-constexpr QVMRect kBandSlider = {23, 0, 274, 34};
+constexpr QVMRect kBandSlider = {30, 0, 260, 34};
 constexpr QVMRect kNumberControl = {0, 16, 80, 44};
 constexpr QVMRect kNumberLabel = {0, 0, 80, 13};
 
 constexpr std::array<ParameterLayout, 15> kLayouts = {{
     {.pid = 0, .frame = {4, 116, 54, 62}, .controlFrame = {0, 0, 54, 62}},
-    {.pid = 1, .frame = {0, 26, 321, 56}, .controlFrame = {23, 2, 274, 54}},
+    {.pid = 1, .frame = {0, 26, 321, 56}, .controlFrame = {30, 2, 260, 54}},
     {.pid = 2, .frame = {0, 98, 321, 34}, .controlFrame = kBandSlider},
     {.pid = 3, .frame = {0, 132, 321, 34}, .controlFrame = kBandSlider},
     {.pid = 6, .frame = {12, 232, 73, 44}, .controlFrame = {0, 16, 73, 26}, .labelFrame = {0, 0, 73, 13}},

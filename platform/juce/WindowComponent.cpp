@@ -1,12 +1,15 @@
 #include "platform/juce/WindowComponent.h"
 
 #include "platform/DisplayLink.h"
+#include "platform/ToolTipPlacement.h"
 #include "platform/juce/Conversions.h"
 #include "platform/juce/NativePeer.h"
 #include "platform/juce/ToolkitMenu.h"
 #include "platform/juce/ToolkitRasterTarget.h"
 
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -22,11 +25,20 @@ constexpr int idleRefreshHz = 12;          // what is uncovered is painted at th
 // The toolkit shows tooltips only in a window that has the keyboard, and ours leaves that with the host.
 class Tooltips final : public juce::TooltipWindow {
 public:
-    using TooltipWindow::TooltipWindow;
+    using Placement = std::function<juce::Point<int>(int width, int height)>;
+
+    Tooltips(juce::Component* parent, int delayMs, Placement placement)
+        : TooltipWindow(parent, delayMs), placement_(std::move(placement)) {}
+    // The toolkit has put it beside the pointer.
+    void moved() override { setTopLeftPosition(placement_(getWidth(), getHeight())); }
+    void resized() override { moved(); }
     juce::String getTipFor(juce::Component& component) override {
         auto* const client = dynamic_cast<juce::TooltipClient*>(&component);
         return client && !component.isCurrentlyBlockedByAnotherModalComponent() ? client->getTooltip() : juce::String();
     }
+
+private:
+    Placement placement_;
 };
 
 // Free of the noise of single precision: 1.1f is 1.1.
@@ -174,7 +186,8 @@ void WindowComponent::send(const juce::MouseEvent& event, EventType type) {
     juce::ComponentPeer* const peer = isClick ? getPeer() : nullptr;
     const SuperKey super = peer && juce::isSuperKeyDown(*peer) ? SuperKey::down : SuperKey::up;
     const Event mapped = mouseEventFrom(event, type, super);
-    pointer_ = mapped.locationInWindow;
+    // The toolkit sends moves of a pointer that rests, too.
+    if (std::exchange(pointer_, mapped.locationInWindow) != mapped.locationInWindow) areToolTipsQuiet_ = false;
     keepAwake();
     window_.sendEvent(mapped);
 }
@@ -205,7 +218,10 @@ void WindowComponent::mouseMove(const juce::MouseEvent& event) {
 void WindowComponent::mouseEnter(const juce::MouseEvent& event) {
     if (embedding_ == Embedding::inHost) hostFocus_.remember(nativeWindow());
     if (!tooltips_) {
-        tooltips_ = std::make_unique<Tooltips>(this, tooltipDelayMs);
+        tooltips_ = std::make_unique<Tooltips>(this, tooltipDelayMs, [this](int width, int height) {
+            const Rect frame = toolTipFrame(window_, pointer_, {double(width), double(height)});
+            return juce::Point<int>(static_cast<int>(frame.x), static_cast<int>(frame.y));
+        });
         tooltips_->setLookAndFeel(&runtime_->lookAndFeel());
     }
     send(event, EventType::mouseMoved); // the toolkit tells of a move only when there is one
@@ -221,7 +237,7 @@ void WindowComponent::mouseWheelMove(const juce::MouseEvent& event, const juce::
 }
 
 juce::String WindowComponent::getTooltip() {
-    if (window_.mouseCapture()) return {};
+    if (window_.mouseCapture() || areToolTipsQuiet_) return {};
     return juce::String::fromUTF8(window_.toolTipAt(pointer_).c_str());
 }
 
@@ -250,6 +266,7 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
 // Keys and focus
 
 bool WindowComponent::keyPressed(const juce::KeyPress& key) {
+    areToolTipsQuiet_ = true; // who types looks at what is typed, until the pointer is used again
     return window_.sendEvent(keyEventFrom(key, SuperKey::up));
 }
 

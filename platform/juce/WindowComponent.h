@@ -96,6 +96,7 @@ private:
     DelayedCall resignation_; // the loss of focus, unless it comes back at once
     bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
     bool wasOnScreen_ = false;
+    bool areToolTipsQuiet_ = false; // since a key was pressed
     Refresh refreshRate_ = Refresh::atDisplayRate;
     double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
     double lastLookAround_ = 0;                                     // likewise

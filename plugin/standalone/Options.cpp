@@ -36,6 +36,15 @@ std::string setTheme(Options& options, const std::string& value) {
     return {};
 }
 
+std::string setLayout(Options& options, const std::string& value) {
+    static const std::map<std::string, Options::Layout> layouts = {
+        {"normal", Options::Layout::normal}, {"wide", Options::Layout::wide}, {"compact", Options::Layout::compact}};
+    const auto found = layouts.find(value);
+    if (found == layouts.end()) return "--layout takes normal, wide or compact, not \"" + value + "\"";
+    options.layout = found->second;
+    return {};
+}
+
 Setter numberSetter(std::string name, double least, double most, std::function<void(Options&, double)> set) {
     return [name = std::move(name), least, most, set = std::move(set)](Options& options, const std::string& value) {
         const auto number = parseNumber(value, least, most);
@@ -51,6 +60,7 @@ const std::map<std::string, Setter>& valueOptions() {
         {"--settings", [](Options& o, const std::string& v) { return o.settings = v, std::string(); }},
         {"--preset", setPreset},
         {"--theme", setTheme},
+        {"--layout", setLayout},
         {"--scale", numberSetter("--scale", 0.5, 4, [](Options& o, double v) { o.scale = v; })},
         {"--screenshot", [](Options& o, const std::string& v) { return o.screenshotFile = v, std::string(); }},
         {"--after", numberSetter("--after", 0, 3600, [](Options& o, double v) { o.afterSeconds = v; })},
@@ -89,6 +99,7 @@ std::string helpText() {
            "  --settings ADDRESS    reserved\n"
            "  --preset NAME         start with a factory preset\n"
            "  --theme light|dark    start in a theme\n"
+           "  --layout NAME         start normal, wide (with the advanced drawer) or compact\n"
            "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's)\n"
            "  --screenshot FILE     write a PNG of the editor; works without a display\n"
            "  --after SECONDS       when to write it (2)\n"

@@ -12,11 +12,13 @@ namespace QVM_NAMESPACE {
 
 struct Options {
     enum class Theme { light, dark };
+    enum class Layout { normal, wide, compact };
 
     std::string playFile;           // empty: built-in pink noise
     std::string settings;           // a settings address, empty when not given
     std::optional<int> presetIndex; // into the factory presets
     Theme theme = Theme::light;
+    Layout layout = Layout::normal;
     double scale = 0;           // device pixels a point; 0: what the desktop says
     std::string screenshotFile; // PNG to write, empty for none
     double afterSeconds = 2;    // when to write it

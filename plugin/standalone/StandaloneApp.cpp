@@ -1,6 +1,7 @@
 #include "plugin/standalone/StandaloneApp.h"
 
 #include "description/Description.h"
+#include "editor/EditorLayout.h"
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/juce/Screenshot.h"
@@ -74,6 +75,7 @@ void StandaloneApp::initialise(const juce::String&) {
     player_ = std::make_unique<LoopPlayer>(*processor_, std::move(clip));
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
     if (options().theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
+    applyLayout();
     applyPreset();
     if (display) openWindow();
     if (!options().screenshotFile.empty()) {
@@ -97,6 +99,17 @@ void StandaloneApp::applyPreset() {
     if (!options().presetIndex) return;
     const auto& name = GetPresets()->stringValues[static_cast<std::size_t>(*options().presetIndex)];
     editor_->view().requestPresetNamed(name);
+}
+
+void StandaloneApp::applyLayout() {
+    switch (options().layout) {
+    case Options::Layout::normal:
+        return;
+    case Options::Layout::wide:
+        return editor_->view().ui().requestFrame(QVMAltFrameDoubleWide);
+    case Options::Layout::compact:
+        return editor_->view().ui().requestFrame(QVMAltFrameCompact);
+    }
 }
 
 void StandaloneApp::openWindow() {

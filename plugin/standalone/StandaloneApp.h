@@ -34,6 +34,7 @@ private:
 
     // Ends the program with a message on the error stream.
     void fail(const std::string& message, int exitStatus);
+    void applyLayout();
     void applyPreset();
     void openWindow();
     void writeScreenshot();

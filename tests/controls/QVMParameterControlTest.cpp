@@ -56,8 +56,8 @@ Event clickAt(const View& view, Point point, int clicks) {
 
 TEST(QVMParameterControl, TheInnerControlStandsInTheParametersFrameAndShowsTheFirstValue) {
     Bench b(parameterLike(1), 4.5f);
-    EXPECT_EQ(b.control.primaryControl()->frame(), (Rect{23, 2, 274, 54}));
-    EXPECT_EQ(b.control.controlFrame(), (Rect{23, 2, 274, 54}));
+    EXPECT_EQ(b.control.primaryControl()->frame(), (Rect{30, 2, 260, 54}));
+    EXPECT_EQ(b.control.controlFrame(), (Rect{30, 2, 260, 54}));
     EXPECT_FLOAT_EQ(b.control.floatValue(), 4.5f);
     EXPECT_EQ(b.readout(), "4.5\uE803");
     EXPECT_EQ(b.control.toolTip(), "Tilt Gain");
@@ -264,12 +264,12 @@ TEST(QVMParameterControl, EveryChangeInsideLeavesAsItsOwnAction) {
 
 TEST(QVMParameterControl, AGestureBesideTheInnerControlReachesIt) {
     Bench b(parameterLike(1));
-    press(b.control, {300, 30}); // right of the slider, which ends at 297
+    press(b.control, {300, 30}); // right of the slider, which ends at 290
     EXPECT_TRUE(b.control.handlingOutsideClick());
     EXPECT_FLOAT_EQ(b.control.floatValue(), 18);
-    drag(b.control, {23 + 137, 30});
+    drag(b.control, {30 + 130, 30});
     EXPECT_FLOAT_EQ(b.control.floatValue(), 0);
-    release(b.control, {23 + 137, 30});
+    release(b.control, {30 + 130, 30});
     EXPECT_FALSE(b.control.handlingOutsideClick());
     EXPECT_THAT(b.reports, ElementsAre("began", "ended"));
 }
@@ -279,7 +279,7 @@ TEST(QVMParameterControl, AClickThatTheInnerControlPassesOnIsNotHandledTwice) {
     press(b.slider(), {256, 33});
     EXPECT_FALSE(b.control.handlingOutsideClick());
     EXPECT_THAT(b.reports, ElementsAre("began"));
-    drag(b.control, {23 + 137, 30}); // not under way here
+    drag(b.control, {30 + 130, 30}); // not under way here
     EXPECT_FLOAT_EQ(b.control.floatValue(), 18);
 }
 

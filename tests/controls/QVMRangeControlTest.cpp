@@ -16,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 
 constexpr Rect kBand = {0, 28, 321, 14}; // in the middle of the two, a point lower
-constexpr double kLeft = 23;             // of the sliders in their controls
+constexpr double kLeft = 30;             // of the sliders in their controls
 
 class Pair : public testing::Test, public QVMParameterControlDelegate {
 protected:
@@ -75,8 +75,8 @@ protected:
 };
 
 TEST_F(Pair, TheInnerControlIsARangeSliderInABandAsHighAsTheControl) {
-    EXPECT_EQ(top->controlFrame(), (Rect{kLeft, 0, 274, 14}));
-    EXPECT_EQ(top->rangeSlider()->frame(), (Rect{kLeft, 0, 274, 14}));
+    EXPECT_EQ(top->controlFrame(), (Rect{kLeft, 0, 260, 14}));
+    EXPECT_EQ(top->rangeSlider()->frame(), (Rect{kLeft, 0, 260, 14}));
     EXPECT_EQ(top->rangeSlider()->lowPid(), 2u);
     EXPECT_EQ(top->rangeSlider()->highPid(), 3u);
     EXPECT_FALSE(top->rangeSlider()->doLimit());
@@ -100,7 +100,7 @@ TEST_F(Pair, TheBandEndsUnderTheHandlesAndItsTrackMatchesTheirs) {
     EXPECT_DOUBLE_EQ(band.minX(), sliderOf(low).handleValue());
     EXPECT_DOUBLE_EQ(band.maxX(), sliderOf(high).handleValue());
     EXPECT_DOUBLE_EQ(band.height, 14);
-    EXPECT_EQ(bottom->rangeSlider()->trackRect(), (Rect{11, 0, 252, 14}));
+    EXPECT_EQ(bottom->rangeSlider()->trackRect(), (Rect{11, 0, 238, 14}));
 }
 
 TEST_F(Pair, TheBandFollowsAMemberAtOnceAndGlidesWithAGlidingOne) {

@@ -2,6 +2,7 @@
 #include "controls/ReadoutBulb.h"
 
 #include "controls/ReadoutText.h"
+#include "theme/Colors.h"
 
 #include <gtest/gtest.h>
 
@@ -43,12 +44,20 @@ TEST(ReadoutBulb, ItsStatesDifferInTheFillAlone) {
     const ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
     EXPECT_EQ(bulb.background()->fillColor(), kColor);
     ReadoutBulb changed = bulbAt({}, BulbPointer::none);
-    changed.setState(BulbState::hovered);
-    EXPECT_GT(changed.background()->fillColor().r, kColor.r);
+    changed.setState(BulbState::hovered); // darker, so that the text stays legible
+    const float hovered = changed.background()->fillColor().r;
+    EXPECT_LT(hovered, kColor.r);
     changed.setState(BulbState::pressed);
-    EXPECT_LT(changed.background()->fillColor().r, kColor.r);
+    EXPECT_LT(changed.background()->fillColor().r, hovered);
     changed.setState(BulbState::normal);
     EXPECT_EQ(changed.background()->fillColor(), kColor);
+}
+
+TEST(ReadoutBulb, IsDarkEnoughForItsUnitToBeRead) {
+    const ReadoutBulb bulb(colorFromHex(0x938586), BulbPointer::none);
+    const Color fill = bulb.background()->fillColor();
+    EXPECT_NE(fill, colorFromHex(0x938586));
+    EXPECT_GE(contrastRatio(composite(readoutUnitColor, fill), fill), minimumTextContrast);
 }
 
 TEST(ReadoutBulb, TheCaretFollowsTheTypedText) {

@@ -53,6 +53,28 @@ TEST_F(QVMClumpViewTest, DimmingHoldsEveryControlUnderOneKeyAndFadesTheView) {
         EXPECT_FALSE(control->isDimmed());
 }
 
+TEST_F(QVMClumpViewTest, EachControlIsSeenToDimLaterThanTheOneBefore) {
+    auto view = make(1);
+    for (const std::uint32_t pid : {1u, 2u, 3u})
+        addControl(*view, pid);
+    const auto seen = [&](std::size_t i) { return view->parameterControls().at(i)->layer()->presentation().opacity; };
+    view->setDimmedDelayPriority(true, 0, 0);
+    EXPECT_EQ(view->parameterControls().back()->alpha(), 0.2); // it is dimmed at once, and seen to be so later
+    time_.advance(0.03);
+    EXPECT_LT(seen(0), seen(1));
+    EXPECT_LT(seen(1), 1);
+    EXPECT_EQ(seen(2), 1); // not yet
+    time_.advance(0.3);
+    for (const std::size_t i : {0u, 1u, 2u})
+        EXPECT_EQ(seen(i), 0.2);
+    view->setDimmedDelayPriority(false, 0, 0);
+    time_.advance(0.03);
+    EXPECT_GT(seen(0), seen(1));
+    EXPECT_EQ(seen(2), 0.2);
+    time_.advance(0.3);
+    EXPECT_EQ(seen(2), 1);
+}
+
 TEST_F(QVMClumpViewTest, TheFadeGlides) {
     auto view = make(1);
     view->setDimmedDelayPriority(true, 0, 0);

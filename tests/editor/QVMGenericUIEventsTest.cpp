@@ -4,8 +4,6 @@
 #include "controls/QVMSymbolButton.h"
 #include "editor/QVMLogoStamp.h"
 #include "editor/QVMPowerBox.h"
-#include "platform/Menu.h"
-#include "platform/Workspace.h"
 
 #include <gmock/gmock.h>
 
@@ -21,22 +19,6 @@ protected:
         QVMFloatControl* inner = control(pid).primaryControl();
         inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, state, nullptr);
     }
-    std::unique_ptr<Menu> menuAt(Point at, std::uint32_t modifiers = 0) {
-        return ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, at, modifiers));
-    }
-};
-
-class RecordingWorkspace final : public Workspace {
-public:
-    RecordingWorkspace() { install(this); }
-    ~RecordingWorkspace() override { install(nullptr); }
-    std::optional<std::string> clipboardString() override { return std::nullopt; }
-    void setClipboardString(const std::string&) override {}
-    bool openUrl(const std::string& address) override {
-        opened.push_back(address);
-        return true;
-    }
-    std::vector<std::string> opened;
 };
 
 TEST_F(QVMGenericUIEvents, GesturesAreReportedAndRemembered) {
@@ -136,37 +118,6 @@ TEST_F(QVMGenericUIEvents, APreferenceWithoutItsNumbersIsIgnored) {
 TEST_F(QVMGenericUIEvents, TheMeterIsResetThroughTheDelegate) {
     ui_->meterTapped();
     EXPECT_THAT(delegate_.calls, ElementsAre("reset metering"));
-}
-
-TEST_F(QVMGenericUIEvents, TheMenuOfAControlBeginsWithItsReset) {
-    hostSets(7, -6);
-    const auto menu = menuAt(middleOf(control(7)));
-    ASSERT_TRUE(menu);
-    EXPECT_EQ(menu->title, "Output Gain");
-    EXPECT_EQ(menu->items.front().title, "Reset Output Gain to default");
-    EXPECT_TRUE(menu->items.front().enabled);
-    menu->items.front().action();
-    EXPECT_EQ(memoized(7), 0);
-}
-
-TEST_F(QVMGenericUIEvents, ResetIsDisabledAtTheInitialValue) {
-    EXPECT_FALSE(menuAt(middleOf(control(7)))->items.front().enabled);
-}
-
-TEST_F(QVMGenericUIEvents, TheMenuElsewhereIsTheProducts) {
-    RecordingWorkspace workspace;
-    const auto menu = menuAt({10, 15});
-    ASSERT_TRUE(menu);
-    EXPECT_EQ(menu->title, "Slantwise");
-    EXPECT_EQ(menu->items.back().title, "Ferrowind Slantwise, 2.0.1");
-    menu->items.back().action();
-    EXPECT_THAT(workspace.opened, ElementsAre("https://ferrowind.example/slantwise"));
-}
-
-TEST_F(QVMGenericUIEvents, ThereIsNoMenuWhileOptionOrCommandIsHeld) {
-    EXPECT_FALSE(menuAt({10, 15}, EventModifier::option));
-    EXPECT_FALSE(menuAt({10, 15}, EventModifier::command));
-    EXPECT_TRUE(menuAt({10, 15}, EventModifier::shift));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "description/Description.h"
 #include "editor/QVMInsetShadowBox.h"
 #include "editor/QVMLogoStamp.h"
+#include "platform/ShapeLayer.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,19 @@ TEST(QVMInsetShadowBox, IsAWellWithAnEdge) {
     EXPECT_EQ(box.frame(), (Rect{0, 2, 30, 12}));
     EXPECT_GT(box.layer()->backgroundColor().a, 0);
     EXPECT_GT(box.layer()->borderWidth(), 0);
+}
+
+TEST(QVMInsetShadowBox, ARimOutsideOfWhatIsSeenThrowsItsShadowIn) {
+    QVMInsetShadowBox box({0, 2, 30, 12});
+    EXPECT_TRUE(box.layer()->masksToBounds());
+    const auto& rim = dynamic_cast<const ShapeLayer&>(*box.layer()->sublayers().front());
+    EXPECT_GT(rim.shadow().opacity, 0);
+    const Rect line = rim.path().bounds();
+    EXPECT_TRUE(line.insetBy(rim.lineWidth() / 2, rim.lineWidth() / 2).contains(box.bounds()));
+    box.setFrame({0, 2, 60, 20});
+    EXPECT_GT(rim.path().bounds().width, line.width);
+    box.setFrame({});
+    EXPECT_TRUE(rim.path().isEmpty());
 }
 
 } // namespace

@@ -40,6 +40,14 @@ TEST(Colors, ContrastedDarkensAgainstLightAndLightensAgainstDark) {
     EXPECT_GE(contrastRatio(lighter, colorFromHex(0x151314)), minimumTextContrast);
 }
 
+TEST(Colors, AGroundIsMovedOnlyAsFarAsItsTranslucentTextNeeds) {
+    const Color text = Color::white(1, 0.85f), light = colorFromHex(0x938586), dark = colorFromHex(0x71343A);
+    EXPECT_EQ(groundForText(dark, text), dark);
+    const Color moved = groundForText(light, text);
+    EXPECT_GE(contrastRatio(composite(text, moved), moved), minimumTextContrast);
+    EXPECT_LT(contrastRatio(composite(text, moved), moved), minimumTextContrast + 0.3);
+}
+
 TEST(Colors, ContrastedKeepsAlpha) {
     EXPECT_FLOAT_EQ(contrasted(colorFromHex(0x938586, 0.5f), Color::white(1)).a, 0.5f);
 }

@@ -186,6 +186,17 @@ TEST_F(WindowComponentInputTest, CursorOfTheViewIsShown) {
     EXPECT_TRUE(component->getMouseCursor() == juce::MouseCursor::UpDownResizeCursor);
 }
 
+TEST_F(WindowComponentInputTest, ThereIsNoToolTipFromAKeyUntilThePointerMoves) {
+    view->setToolTip("Tilt");
+    move({50, 40});
+    component->keyPressed(juce::KeyPress('5'));
+    EXPECT_EQ(component->getTooltip(), "");
+    move({50, 40}); // it rests
+    EXPECT_EQ(component->getTooltip(), "");
+    move({52, 40});
+    EXPECT_EQ(component->getTooltip(), "Tilt");
+}
+
 TEST_F(WindowComponentInputTest, ToolTipIsTheViewsAndThereIsNoneInMidDrag) {
     view->setToolTip("Tilt");
     EXPECT_EQ(component->getTooltip(), "Tilt");

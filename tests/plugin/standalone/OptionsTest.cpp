@@ -31,12 +31,13 @@ TEST(Options, NothingGivenIsPinkNoiseInTheLightTheme) {
 }
 
 TEST(Options, AllAreRead) {
-    const Options options = parsed({"--play", "a b.wav", "--preset", "Air", "--theme", "dark", "--scale", "1.25",
-                                    "--screenshot", "x.png", "--after", "0.5", "--quit-after", "3"});
+    const Options options = parsed({"--play", "a b.wav", "--preset", "Air", "--theme", "dark", "--layout", "wide",
+                                    "--scale", "1.25", "--screenshot", "x.png", "--after", "0.5", "--quit-after", "3"});
     EXPECT_EQ(options.playFile, "a b.wav");
     ASSERT_TRUE(options.presetIndex);
     EXPECT_EQ(GetPresets()->stringValues.at(static_cast<std::size_t>(*options.presetIndex)), "Air");
     EXPECT_EQ(options.theme, Options::Theme::dark);
+    EXPECT_EQ(options.layout, Options::Layout::wide);
     EXPECT_EQ(options.scale, 1.25);
     EXPECT_EQ(options.screenshotFile, "x.png");
     EXPECT_EQ(options.afterSeconds, 0.5);
@@ -57,6 +58,7 @@ TEST(Options, HelpAndVersionNeedNothingElse) {
 }
 
 TEST(Options, MistakesAreNamed) {
+    EXPECT_EQ(errorOf({"--layout", "tall"}), "--layout takes normal, wide or compact, not \"tall\"");
     EXPECT_EQ(errorOf({"--preset", "Nope"}), "there is no preset named \"Nope\"");
     EXPECT_NE(errorOf({"--theme", "pink"}).find("pink"), std::string::npos);
     EXPECT_NE(errorOf({"--frobnicate"}).find("--frobnicate"), std::string::npos);

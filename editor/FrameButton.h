@@ -1,0 +1,42 @@
+// The small button in the corner of the response curve that leads to the compact form and back.
+//
+// It shows while the pointer is near, so that nothing covers the curve otherwise. It acts on the press, as the other
+// buttons do. Main thread only.
+#pragma once
+
+#include "platform/Control.h"
+
+#include <memory>
+
+namespace QVM_NAMESPACE {
+
+class ShapeLayer;
+
+class FrameButton final : public Control {
+public:
+    static constexpr Size size = {18, 18}; // points
+
+    FrameButton();
+
+    // What it leads to; the sign and the tooltip follow.
+    enum class Destination : unsigned char { compactForm, wholeEditor };
+    void setDestination(Destination destination);
+    Destination destination() const { return destination_; }
+
+    // Whether the pointer is somewhere that makes the button show.
+    void setPointerNear(bool near);
+
+    bool acceptsFirstMouse() const override { return true; }
+    void mouseDown(const Event& event) override;
+    void mouseEntered(const Event& event) override;
+    void mouseExited(const Event& event) override;
+
+private:
+    void showAsNeeded();
+
+    Destination destination_ = Destination::compactForm;
+    std::shared_ptr<ShapeLayer> sign_;
+    bool isPointerNear_ = false, isHovered_ = false;
+};
+
+} // namespace QVM_NAMESPACE
