@@ -162,7 +162,6 @@ public:
     QVMPresetBar* presetBar() const { return presetBar_; }
     // The response curve, which hands its frames to the meter too. Null until half a second after the setup.
     QVMParameterSketch* sketch() const { return sketch_; }
-    QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
     QVMInteraction interactionState(std::uint32_t pid) const {
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
