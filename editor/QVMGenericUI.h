@@ -102,6 +102,10 @@ public:
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
 
+    // Drawers: each tells whether there was one to move.
+    bool hideAllDrawers() { return false; }
+    bool togglePresetDrawer() { return false; }
+
     void toggleUITheme();
     // Posts the preference notification with both numbers.
     void updateLayoutKeyNumerical(std::int32_t key, double number);
@@ -139,6 +143,8 @@ public:
 
     bool acceptsFirstResponder() const override { return true; }
     bool acceptsFirstMouse() const override { return true; }
+    // With nothing in focus every key is the host's.
+    bool wantsKeys() const override { return focusedControl_ != nullptr; }
     bool keyDown(const Event& event) override;
     bool performKeyEquivalent(const Event& event) override;
     void mouseDown(const Event& event) override;

@@ -28,6 +28,7 @@ bool isInClumpOfType(const QVMParameterControl& control, std::int32_t type) {
 
 void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) {
     if (control && isInClumpOfType(*control, QVMClumpTypeMaster)) return;
+    if (control != focusedControl_) keyboard_->clearNumberBuffer();
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
         each->setFocused(each == control);
@@ -67,7 +68,7 @@ void QVMGenericUI::viewDidMoveToWindow() {
 }
 
 bool QVMGenericUI::keyDown(const Event& event) {
-    return keyboard_->handleKeyDownEvent(event) || View::keyDown(event);
+    return keyboard_->handleKeyDownEvent(event) || keyboard_->handleUnfocusedKeyEvent(event) || View::keyDown(event);
 }
 
 bool QVMGenericUI::performKeyEquivalent(const Event& event) {
@@ -152,6 +153,15 @@ std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
         menu->items.push_back(std::move(reset));
         menu->items.push_back(MenuItem::separator());
     }
+    MenuItem copy;
+    copy.title = "Copy all settings as URL to Clipboard";
+    copy.action = [this] { keyboard_->keyboardShortcutHandleCopy(); };
+    menu->items.push_back(std::move(copy));
+    MenuItem paste;
+    paste.title = "Paste all settings from Clipboard";
+    paste.enabled = keyboard_->canPasteSettings();
+    paste.action = [this] { keyboard_->keyboardShortcutHandlePaste(); };
+    menu->items.push_back(std::move(paste));
     MenuItem version;
     version.title = std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version;
     version.action = [address = productPage(metadata)] { Workspace::current().openUrl(address); };

@@ -79,6 +79,18 @@ bool QVMKeyboardHandler::handlePerformKeyEquivalent(const Event& event) {
     return shortcut != cmdShortcutMap_.end() && shortcut->second();
 }
 
+bool QVMKeyboardHandler::handleUnfocusedKeyEvent(const Event& event) {
+    if (focused() || event.has(EventModifier::command)) return false;
+    switch (event.keyCode) {
+    case Key::codeTab:
+        return tabToNextControlWithEvent(event) && focused();
+    case Key::codeEscape:
+        return escapeFocusedControl();
+    default:
+        return false;
+    }
+}
+
 bool QVMKeyboardHandler::keyboardShortcutAttemptTap() {
     QVMParameterControl* control = focused();
     return control && control->tap();
@@ -106,6 +118,10 @@ bool QVMKeyboardHandler::applyUndoRedoStackValues(const std::optional<QVMSnapsho
 bool QVMKeyboardHandler::keyboardShortcutToggleAdvancedDrawer() {
     ui_->toggleDoubleWide();
     return true;
+}
+
+bool QVMKeyboardHandler::keyboardShortcutTogglePresetDrawer() {
+    return ui_->togglePresetDrawer();
 }
 
 bool QVMKeyboardHandler::keyboardShortcutToggleTheme() {

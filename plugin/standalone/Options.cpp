@@ -1,6 +1,7 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
+#include "settings/SettingsAddress.h"
 
 #include <algorithm>
 #include <charconv>
@@ -30,6 +31,14 @@ std::string setPreset(Options& options, const std::string& value) {
     return {};
 }
 
+std::string setSettings(Options& options, const std::string& value) {
+    const auto read = readSettingsAddress(value, *QVMConfig::inlinedConfig());
+    if (const auto* refusal = std::get_if<SettingsRefusal>(&read))
+        return "cannot read the settings: " + refusal->text();
+    options.settings = value;
+    return {};
+}
+
 std::string setTheme(Options& options, const std::string& value) {
     if (value != "light" && value != "dark") return "--theme takes light or dark, not \"" + value + "\"";
     options.theme = value == "dark" ? Options::Theme::dark : Options::Theme::light;
@@ -48,7 +57,7 @@ Setter numberSetter(std::string name, double least, double most, std::function<v
 const std::map<std::string, Setter>& valueOptions() {
     static const std::map<std::string, Setter> table = {
         {"--play", [](Options& o, const std::string& v) { return o.playFile = v, std::string(); }},
-        {"--settings", [](Options& o, const std::string& v) { return o.settings = v, std::string(); }},
+        {"--settings", setSettings},
         {"--preset", setPreset},
         {"--theme", setTheme},
         {"--scale", numberSetter("--scale", 0.5, 4, [](Options& o, double v) { o.scale = v; })},
@@ -86,7 +95,7 @@ std::string helpText() {
            "Opens the editor on an audio unit that processes the file, or built-in pink noise.\n"
            "\n"
            "  --play FILE           loop a WAV, AIFF or FLAC file through the unit\n"
-           "  --settings ADDRESS    reserved\n"
+           "  --settings ADDRESS    start with the settings of an address, as copied from an editor\n"
            "  --preset NAME         start with a factory preset\n"
            "  --theme light|dark    start in a theme\n"
            "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's)\n"

@@ -14,7 +14,7 @@ struct Options {
     enum class Theme { light, dark };
 
     std::string playFile;           // empty: built-in pink noise
-    std::string settings;           // a settings address, empty when not given
+    std::string settings;           // a settings address that can be read, empty when not given
     std::optional<int> presetIndex; // into the factory presets
     Theme theme = Theme::light;
     double scale = 0;           // device pixels a point; 0: what the desktop says

@@ -2,6 +2,7 @@
 
 #include "description/Description.h"
 #include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/juce/Screenshot.h"
 #include "plugin/standalone/EditorHolder.h"
@@ -31,6 +32,7 @@ public:
     EditorWindow(juce::AudioProcessorEditor& editor, double scale)
         : juce::DocumentWindow("Slantwise", juce::Colours::black, closeButton | minimiseButton) {
         setUsingNativeTitleBar(true);
+        setWantsKeyboardFocus(false); // what is in it has the keyboard from the start
         if (scale > 0) editor.setScaleFactor(static_cast<float>(scale));
         setContentOwned(new EditorHolder(editor), true);
         setResizable(false, false);
@@ -75,6 +77,7 @@ void StandaloneApp::initialise(const juce::String&) {
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
     if (options().theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
     applyPreset();
+    applySettings();
     if (display)
         openWindow();
     else
@@ -101,6 +104,10 @@ void StandaloneApp::applyPreset() {
     if (!options().presetIndex) return;
     const auto& name = GetPresets()->stringValues[static_cast<std::size_t>(*options().presetIndex)];
     editor_->view().requestPresetNamed(name);
+}
+
+void StandaloneApp::applySettings() {
+    if (!options().settings.empty()) editor_->view().ui().keyboard().applyURLEncodedPreset(options().settings);
 }
 
 void StandaloneApp::openWindow() {

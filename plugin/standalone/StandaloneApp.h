@@ -35,6 +35,8 @@ private:
     // Ends the program with a message on the error stream.
     void fail(const std::string& message, int exitStatus);
     void applyPreset();
+    // Over the preset's: what the address does not name is at its initial value.
+    void applySettings();
     void openWindow();
     // Does what the editor's own timer does only while it is on screen.
     void refreshOffScreen();
