@@ -188,6 +188,8 @@ public:
 
     bool acceptsFirstResponder() const override { return true; }
     bool acceptsFirstMouse() const override { return true; }
+    // With nothing in focus every key is the host's.
+    bool wantsKeys() const override; // with a focused control or an open list
     bool keyDown(const Event& event) override;
     bool performKeyEquivalent(const Event& event) override;
     void mouseDown(const Event& event) override;

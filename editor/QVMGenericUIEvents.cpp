@@ -28,6 +28,7 @@ bool isInClumpOfType(const QVMParameterControl& control, std::int32_t type) {
 
 void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) {
     if (control && isInClumpOfType(*control, QVMClumpTypeMaster)) return;
+    if (control != focusedControl_) keyboard_->clearNumberBuffer();
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
         each->setFocused(each == control);
@@ -73,10 +74,14 @@ void QVMGenericUI::viewDidMoveToWindow() {
     ensureFirstResponder();
 }
 
+bool QVMGenericUI::wantsKeys() const {
+    return focusedControl_ || (presetDrawer_ && presetDrawer_->visible());
+}
+
 bool QVMGenericUI::keyDown(const Event& event) {
     // The list that covers the controls takes the keys as well.
     if (presetDrawer_ && presetDrawer_->visible() && presetDrawer_->keyDown(event)) return true;
-    return keyboard_->handleKeyDownEvent(event) || View::keyDown(event);
+    return keyboard_->handleKeyDownEvent(event) || keyboard_->handleUnfocusedKeyEvent(event) || View::keyDown(event);
 }
 
 bool QVMGenericUI::performKeyEquivalent(const Event& event) {

@@ -81,6 +81,18 @@ bool QVMKeyboardHandler::handlePerformKeyEquivalent(const Event& event) {
     return shortcut != cmdShortcutMap_.end() && shortcut->second();
 }
 
+bool QVMKeyboardHandler::handleUnfocusedKeyEvent(const Event& event) {
+    if (focused() || event.has(EventModifier::command)) return false;
+    switch (event.keyCode) {
+    case Key::codeTab:
+        return tabToNextControlWithEvent(event) && focused();
+    case Key::codeEscape:
+        return escapeFocusedControl();
+    default:
+        return false;
+    }
+}
+
 bool QVMKeyboardHandler::keyboardShortcutAttemptTap() {
     QVMParameterControl* control = focused();
     return control && control->tap();
@@ -108,6 +120,10 @@ bool QVMKeyboardHandler::applyUndoRedoStackValues(const std::optional<QVMSnapsho
 bool QVMKeyboardHandler::keyboardShortcutToggleAdvancedDrawer() {
     ui_->toggleDoubleWide();
     return true;
+}
+
+bool QVMKeyboardHandler::keyboardShortcutTogglePresetDrawer() {
+    return ui_->togglePresetsDrawer();
 }
 
 bool QVMKeyboardHandler::keyboardShortcutToggleTheme() {
@@ -142,26 +158,6 @@ bool QVMKeyboardHandler::keyboardShortcutResizeWindow() {
 
 QVMParameterControl* QVMKeyboardHandler::focused() const {
     return ui_ ? ui_->focusedControl() : nullptr;
-}
-
-// temporary until the settings address arrives
-std::string QVMKeyboardHandler::currentParametersURLEncoded() const {
-    return baseURLForPluginVersion() + "/?";
-}
-std::string QVMKeyboardHandler::baseURLForPluginVersion() const {
-    return productPage(*config_->metadata) + "/" + config_->metadata->version;
-}
-bool QVMKeyboardHandler::keyboardShortcutHandleCopy() {
-    Workspace::current().setClipboardString(currentParametersURLEncoded());
-    return true;
-}
-bool QVMKeyboardHandler::canPasteSettings() const {
-    const auto text = Workspace::current().clipboardString();
-    return text && text->starts_with(productPage(*config_->metadata));
-}
-bool QVMKeyboardHandler::keyboardShortcutHandlePaste() {
-    if (ui_) ui_->resetInitialValues();
-    return true;
 }
 
 } // namespace QVM_NAMESPACE

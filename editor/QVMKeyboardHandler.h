@@ -1,4 +1,5 @@
-// Drives the editor from the keyboard: steps and types values, walks the focus, undoes and redoes.
+// Drives the editor from the keyboard: steps and types values, walks the focus, undoes and redoes, and hands settings
+// to the clipboard and back.
 //
 // The editor hands it key events; what it does not handle is the host's. Main thread only.
 #pragma once
@@ -30,6 +31,8 @@ public:
     bool handleKeyDownEvent(const Event& event);
     // Arrow keys, and keys with Command; true when handled.
     bool handlePerformKeyEquivalent(const Event& event);
+    // The keys that mean something while no control has the focus: Tab begins the walk, Escape closes the drawers.
+    bool handleUnfocusedKeyEvent(const Event& event);
 
     // The number being typed. Each tells whether it did anything.
     bool appendToNumberBuffer(char32_t character);
@@ -45,8 +48,21 @@ public:
     bool tabToNextControlWithDirection(int direction);
     // The next control that can be used, or null. There is none while processing is off.
     QVMParameterControl* adjacentParameterControlDirection(QVMParameterControl* focused, int direction) const;
+    // Forgets what was typed and takes the focus away; where there is none, closes the drawers.
     bool escapeFocusedControl();
     bool keyboardShortcutAttemptTap();
+
+    // All settings as one address. What is read from the clipboard changes nothing unless all of it can be read, and
+    // one line in the log says why; what it does not name returns to its initial value, and the whole is one undo step.
+    std::string currentParametersURLEncoded() const;
+    std::string baseURLForPluginVersion() const;
+    bool applyURLEncodedPreset(const std::string& text);
+    // Always true.
+    bool keyboardShortcutHandleCopy();
+    // Any product's address; false when nothing was applied.
+    bool keyboardShortcutHandlePaste();
+    // Whether the clipboard holds settings of this very product: for the menu. Reads the clipboard, which may block.
+    bool canPasteSettings() const;
 
     bool keyboardShortcutUndo();
     bool keyboardShortcutRedo();
@@ -54,21 +70,18 @@ public:
     bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
     QVMUndoRedoStack& undoRedoStack() { return undoRedoStack_; }
 
-    // The settings as an address, its base, and the clipboard's way of both.
-    std::string currentParametersURLEncoded() const;
-    std::string baseURLForPluginVersion() const;
-    bool keyboardShortcutHandleCopy();
-    bool keyboardShortcutHandlePaste();
-    bool canPasteSettings() const;
-
-    // For the editor's buttons and menus; no key is bound to them.
+    // For the editor's buttons and menus; no key is bound to them. Each tells whether there was anything to do.
     bool keyboardShortcutToggleAdvancedDrawer();
+    bool keyboardShortcutTogglePresetDrawer();
     bool keyboardShortcutToggleTheme();
     bool keyboardShortcutTogglePower();
     bool keyboardShortcutRefreshInitialParameterValues();
     bool keyboardShortcutHideControls();
     bool keyboardShortcutFreakout();
     bool keyboardShortcutResizeWindow();
+    // This product works on no files.
+    bool keyboardShortcutLoadFile() { return false; }
+    bool keyboardShortcutLoadListedFile() { return false; }
 
 private:
     using Shortcut = std::function<bool()>;

@@ -91,7 +91,7 @@ QVMParameterControl* QVMKeyboardHandler::adjacentParameterControlDirection(QVMPa
 
 bool QVMKeyboardHandler::escapeFocusedControl() {
     resetNumberBuffer();
-    if (!focused()) return false;
+    if (!focused()) return ui_->hideAllDrawers();
     ui_->bringParameterControlIntoFocus(nullptr);
     return true;
 }

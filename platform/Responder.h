@@ -34,6 +34,9 @@ public:
 
     // Whether a click makes it the first responder.
     virtual bool acceptsFirstResponder() const { return false; }
+    // As the first responder: whether a key that comes now could mean anything to it. While none could, the host's
+    // window keeps the keyboard, or is given it back.
+    virtual bool wantsKeys() const { return true; }
     // Told before the change; false refuses it.
     virtual bool becomeFirstResponder() { return true; }
     virtual bool resignFirstResponder() { return true; }

@@ -72,6 +72,9 @@ public:
     // then). Null means that nothing is first: keys that no key equivalent takes are the host's.
     bool makeFirstResponder(Responder* responder);
 
+    // Whether a key could mean anything here: what the first responder says, and yes while nothing is first.
+    bool wantsKeys() const { return !firstResponder_ || firstResponder_->wantsKeys(); }
+
     // Dispatches one event; true when something handled it. A mouse press is captured by the view under it until the
     // release. A right press, or a press with Control held and neither Option nor Command, asks the view under it and
     // its superviews for a context menu; when one answers the menu is all that the press does. Views may be removed and

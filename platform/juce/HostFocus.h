@@ -1,13 +1,18 @@
 // Gives X keyboard focus back to the window that had it before an embedded editor was clicked.
 //
-// The toolkit takes the focus at every mouse press and has no way to give it back, which leaves the host's space bar
-// dead. Requests go over a connection of their own, whose errors (a window that is gone) are answers and nothing more.
+// The toolkit has no way to give it back, which leaves the host's space bar dead; and while the editor has it, a key
+// that means nothing there is sent on to the window that it was taken from. Requests go over a connection of their own,
+// whose errors (a window that is gone) are answers and nothing more.
 #pragma once
 
 #include "description/BuildNamespace.h"
 
 #include <cstdint>
 #include <memory>
+
+namespace juce {
+struct NativeKey;
+}
 
 namespace QVM_NAMESPACE {
 
@@ -25,6 +30,8 @@ public:
     // Hands the focus that `own` has to the remembered window or, when there is none, to the host's window itself. A
     // focus that is elsewhere is left there.
     void giveBack(std::uint64_t own);
+    // Sends a key event to the window that giveBack() would give the focus to. False when there is none, or it is gone.
+    bool sendKey(std::uint64_t own, const juce::NativeKey& key);
 
 private:
     struct Connection;

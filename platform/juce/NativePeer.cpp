@@ -14,7 +14,29 @@ namespace {
     return linuxPeer != nullptr ? linuxPeer->getWindowHandle() : 0;
 }
 
+// The toolkit drops the native event on its way to the components, so it is kept while it is being dealt with.
+XEvent lastEvent{};
+X11Symbols::XNextEvent takeNextEvent = nullptr;
+
+int keepNextEvent(::Display* display, XEvent* event) {
+    const int result = takeNextEvent(display, event);
+    lastEvent = *event;
+    return result;
+}
+
+void keepEvents() {
+    X11Symbols::XNextEvent& nextEvent = X11Symbols::getInstance()->xNextEvent;
+    if (nextEvent != &keepNextEvent) takeNextEvent = std::exchange(nextEvent, &keepNextEvent);
+}
+
 } // namespace
+
+std::optional<NativeKey> dispatchedKey() {
+    const bool isDown = lastEvent.type == KeyPressEventType;
+    if (!isDown && lastEvent.type != KeyRelease) return std::nullopt;
+    const XKeyEvent& key = lastEvent.xkey;
+    return NativeKey{static_cast<unsigned char>(key.keycode), isDown, key.send_event != 0, key.state, key.time};
+}
 
 void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond) {
     if (windowOf(peer) == 0) return;
@@ -33,6 +55,7 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
     const ::Window window = windowOf(peer);
     if (window == 0) return;
     const XWindowSystemUtilities::ScopedXLock lock;
+    keepEvents();
     ::Display* const display = XWindowSystem::getInstance()->getDisplay();
     XWindowAttributes attributes;
     if (!X11Symbols::getInstance()->xGetWindowAttributes(display, window, &attributes)) return;

@@ -2,6 +2,8 @@
 // alone. Message thread.
 #pragma once
 
+#include <optional>
+
 namespace juce {
 
 class ComponentPeer;
@@ -15,6 +17,18 @@ void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond);
 // get none while the pointer is over the editor, focus or not.
 enum class PeerKeys : unsigned char { taken, leftToParent };
 void setPeerKeys(ComponentPeer& peer, PeerKeys keys);
+
+// A key as the X server told of it.
+struct NativeKey {
+    unsigned char code; // the server's number of the key
+    bool isDown;
+    bool isSynthetic;   // made by another program, not by a hand
+    unsigned int state; // modifiers and buttons held
+    unsigned long time; // the server's, in milliseconds
+};
+// The key event that is being dispatched, as far as any is: from the toolkit's callbacks about keys. Only after keys
+// were set for a peer once.
+std::optional<NativeKey> dispatchedKey();
 
 // Whether a Super key is held. Asks the X server.
 bool isSuperKeyDown(ComponentPeer& peer);

@@ -208,7 +208,7 @@ void WindowComponent::mouseDrag(const juce::MouseEvent& event) {
 void WindowComponent::mouseUp(const juce::MouseEvent& event) {
     const SafePointer<WindowComponent> self(this);
     if (std::exchange(isPressed_, false)) send(event, EventType::mouseUp);
-    if (self && !wantsKeys_) giveFocusBack();
+    if (self) settleKeys();
 }
 
 void WindowComponent::mouseMove(const juce::MouseEvent& event) {
@@ -267,15 +267,59 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
 
 bool WindowComponent::keyPressed(const juce::KeyPress& key) {
     areToolTipsQuiet_ = true; // who types looks at what is typed, until the pointer is used again
-    return window_.sendEvent(keyEventFrom(key, SuperKey::up));
+    const SafePointer<WindowComponent> self(this);
+    const bool isHandled = window_.sendEvent(keyEventFrom(key, SuperKey::up));
+    if (!self) return isHandled;
+    if (isHandled)
+        settleKeys();
+    else
+        passKeyOn();
+    return isHandled;
+}
+
+// What the host's window would have got had the focus been there.
+void WindowComponent::passKeyOn() {
+    if (embedding_ != Embedding::inHost) return;
+    const auto key = juce::dispatchedKey();
+    // A host may send us keys of its own accord; to send those back would go on for ever.
+    if (!key || !key->isDown || key->isSynthetic) return;
+    if (hostFocus_.sendKey(nativeWindow(), *key)) passedOn_.insert(key->code);
+}
+
+bool WindowComponent::keyStateChanged(bool isKeyDown) {
+    const auto key = juce::dispatchedKey();
+    if (!isKeyDown && key && !key->isDown && passedOn_.erase(key->code) > 0) hostFocus_.sendKey(nativeWindow(), *key);
+    return false;
 }
 
 void WindowComponent::takeKeyboardFocus() {
     wantsKeys_ = true;
     updateKeys();
+    // In mid-press it is not known yet whether anything will want keys when it is over, and a host that lost the focus
+    // for a moment shows it.
+    if (embedding_ == Embedding::inHost && isPressed_) return;
+    grabKeys();
+}
+
+void WindowComponent::grabKeys() {
     if (!getPeer()) return;
     grabKeyboardFocus();
+    // The toolkit may believe that it never lost the focus.
+    if (juce::ComponentPeer* peer = getPeer(); peer && !peer->isFocused()) peer->grabFocus();
     if (hasKeyboardFocus(true)) window_.setKeyWindow(true); // it may have had the focus already
+}
+
+void WindowComponent::settleKeys() {
+    if (isPressed_) return;
+    const bool areWanted = (wantsKeys_ || window_.isKeyWindow()) && window_.wantsKeys();
+    if (areWanted != wantsKeys_) {
+        wantsKeys_ = areWanted;
+        updateKeys();
+    }
+    if (areWanted)
+        grabKeys();
+    else
+        giveFocusBack();
 }
 
 void WindowComponent::releaseKeyboardFocus() {

@@ -13,6 +13,7 @@
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <memory>
+#include <set>
 
 namespace QVM_NAMESPACE {
 
@@ -53,6 +54,7 @@ public:
     void mouseExit(const juce::MouseEvent& event) override;
     void mouseWheelMove(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
     bool keyPressed(const juce::KeyPress& key) override;
+    bool keyStateChanged(bool isKeyDown) override;
     void focusGained(FocusChangeType cause) override;
     void focusLost(FocusChangeType cause) override;
     juce::String getTooltip() override;
@@ -69,6 +71,10 @@ private:
 
     void send(const juce::MouseEvent& event, EventType type);
     void updateKeys();
+    // After an event that may have changed who wants keys: takes the keyboard, or gives it back.
+    void settleKeys();
+    void grabKeys();
+    void passKeyOn();
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
@@ -93,7 +99,8 @@ private:
     Point pointer_; // where it was last seen
     HostFocus hostFocus_;
     WindowMapState mapState_;
-    DelayedCall resignation_; // the loss of focus, unless it comes back at once
+    DelayedCall resignation_;          // the loss of focus, unless it comes back at once
+    std::set<unsigned char> passedOn_; // codes of held keys whose presses went to the host
     bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
     bool wasOnScreen_ = false;
     bool areToolTipsQuiet_ = false; // since a key was pressed

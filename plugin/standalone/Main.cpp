@@ -23,10 +23,6 @@ int main(int argumentCount, char* arguments[]) {
     auto& options = std::get<slantwise::Options>(parsed);
     if (options.showHelp) return std::fputs(slantwise::helpText().c_str(), stdout) < 0;
     if (options.showVersion) return std::printf("%s\n", slantwise::versionText().c_str()) < 0;
-    if (!options.settings.empty()) {
-        std::fputs("Slantwise: --settings is reserved; this version does not read settings addresses\n", stderr);
-        return exitUsage;
-    }
     // The toolkit would take display 0 when none is named, whosever it is.
     if (std::getenv("DISPLAY") == nullptr) setenv("DISPLAY", "none", 1);
     slantwise::StandaloneApp::setOptions(std::move(options));

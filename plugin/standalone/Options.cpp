@@ -1,6 +1,7 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
+#include "settings/SettingsAddress.h"
 
 #include <algorithm>
 #include <charconv>
@@ -27,6 +28,14 @@ std::string setPreset(Options& options, const std::string& value) {
     const auto found = std::find(names.begin(), names.end(), value);
     if (found == names.end()) return "there is no preset named \"" + value + "\"";
     options.presetIndex = static_cast<int>(found - names.begin());
+    return {};
+}
+
+std::string setSettings(Options& options, const std::string& value) {
+    const auto read = readSettingsAddress(value, *QVMConfig::inlinedConfig());
+    if (const auto* refusal = std::get_if<SettingsRefusal>(&read))
+        return "cannot read the settings: " + refusal->text();
+    options.settings = value;
     return {};
 }
 
@@ -57,7 +66,7 @@ Setter numberSetter(std::string name, double least, double most, std::function<v
 const std::map<std::string, Setter>& valueOptions() {
     static const std::map<std::string, Setter> table = {
         {"--play", [](Options& o, const std::string& v) { return o.playFile = v, std::string(); }},
-        {"--settings", [](Options& o, const std::string& v) { return o.settings = v, std::string(); }},
+        {"--settings", setSettings},
         {"--preset", setPreset},
         {"--theme", setTheme},
         {"--layout", setLayout},
@@ -96,7 +105,7 @@ std::string helpText() {
            "Opens the editor on an audio unit that processes the file, or built-in pink noise.\n"
            "\n"
            "  --play FILE           loop a WAV, AIFF or FLAC file through the unit\n"
-           "  --settings ADDRESS    reserved\n"
+           "  --settings ADDRESS    start with the settings of an address, as copied from an editor\n"
            "  --preset NAME         start with a factory preset\n"
            "  --theme light|dark    start in a theme\n"
            "  --layout NAME         start normal, wide (with the advanced drawer) or compact\n"

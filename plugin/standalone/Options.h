@@ -15,7 +15,7 @@ struct Options {
     enum class Layout { normal, wide, compact };
 
     std::string playFile;           // empty: built-in pink noise
-    std::string settings;           // a settings address, empty when not given
+    std::string settings;           // a settings address that can be read, empty when not given
     std::optional<int> presetIndex; // into the factory presets
     Theme theme = Theme::light;
     Layout layout = Layout::normal;

@@ -3,6 +3,7 @@
 #include "description/Description.h"
 #include "editor/EditorLayout.h"
 #include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/juce/Screenshot.h"
 #include "plugin/standalone/EditorHolder.h"
@@ -32,6 +33,7 @@ public:
     EditorWindow(juce::AudioProcessorEditor& editor, double scale)
         : juce::DocumentWindow("Slantwise", juce::Colours::black, closeButton | minimiseButton) {
         setUsingNativeTitleBar(true);
+        setWantsKeyboardFocus(false); // what is in it has the keyboard from the start
         if (scale > 0) editor.setScaleFactor(static_cast<float>(scale));
         setContentOwned(new EditorHolder(editor), true);
         setResizable(false, false);
@@ -77,6 +79,7 @@ void StandaloneApp::initialise(const juce::String&) {
     if (options().theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
     applyLayout();
     applyPreset();
+    applySettings();
     if (display) openWindow();
     if (!options().screenshotFile.empty()) {
         screenshotCall_.schedule(options().afterSeconds, [this] { writeScreenshot(); });
@@ -101,7 +104,6 @@ void StandaloneApp::applyPreset() {
     editor_->view().requestPresetNamed(name);
 }
 
-void StandaloneApp::applyLayout() {
     switch (options().layout) {
     case Options::Layout::normal:
         return;
@@ -110,6 +112,10 @@ void StandaloneApp::applyLayout() {
     case Options::Layout::compact:
         return editor_->view().ui().requestFrame(QVMAltFrameCompact);
     }
+}
+
+void StandaloneApp::applySettings() {
+    if (!options().settings.empty()) editor_->view().ui().keyboard().applyURLEncodedPreset(options().settings);
 }
 
 void StandaloneApp::openWindow() {

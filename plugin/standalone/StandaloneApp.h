@@ -36,6 +36,8 @@ private:
     void fail(const std::string& message, int exitStatus);
     void applyLayout();
     void applyPreset();
+    // Over the preset's: what the address does not name is at its initial value.
+    void applySettings();
     void openWindow();
     void writeScreenshot();
 

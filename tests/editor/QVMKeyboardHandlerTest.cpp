@@ -210,6 +210,97 @@ TEST_F(QVMKeyboardHandlerTest, KeysReachTheHandlerThroughTheWindow) {
     EXPECT_FLOAT_EQ(memoized(1), 0.5f);
 }
 
+TEST_F(QVMKeyboardHandlerTest, ATypedNumberShowsInTheFocusedControlWhileItIsTyped) {
+    for (const std::uint32_t pid : {1u, 14u}) {
+        focus(pid);
+        auto* display = dynamic_cast<QVMTransientBufferDisplay*>(control(pid).primaryControl());
+        EXPECT_FALSE(display->displayingTransientBufferValue());
+        type("12");
+        EXPECT_TRUE(display->displayingTransientBufferValue());
+        key(0, Key::codeReturn);
+        EXPECT_FALSE(display->displayingTransientBufferValue());
+        EXPECT_EQ(memoized(pid), 12);
+    }
+}
+
+TEST_F(QVMKeyboardHandlerTest, EveryFocusMoveEmptiesTheBuffer) {
+    focus(1);
+    type("12");
+    focus(1);
+    EXPECT_EQ(buffer(), "12"); // it did not move
+    focus(7);
+    EXPECT_EQ(buffer(), "");
+    type("3");
+    ui_->bringParameterControlIntoFocus(nullptr);
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, TheWholeOrderIsWalkedAndBack) {
+    std::vector<std::uint32_t> forwards, backwards;
+    focus(1);
+    do {
+        forwards.push_back(focusedPid());
+        tab();
+    } while (focusedPid() != 1 && forwards.size() < 50);
+    do {
+        tab(EventModifier::shift);
+        backwards.insert(backwards.begin(), focusedPid());
+    } while (focusedPid() != 1 && backwards.size() < 50);
+    EXPECT_EQ(forwards, backwards);
+    EXPECT_EQ(forwards.size(), ui_->parameterControls().size() - 1); // all but the master switch
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabInAnEditorWithoutFocusBeginsTheWalk) {
+    EXPECT_TRUE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
+    EXPECT_EQ(focusedPid(), 1u);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabInAnEditorThatIsOffIsTheHosts) {
+    hostSets(0, 0);
+    EXPECT_FALSE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
+}
+
+TEST_F(QVMKeyboardHandlerTest, WithoutFocusAllOtherKeysAreTheHosts) {
+    for (const std::uint16_t code :
+         {Key::codeReturn, Key::codeEnter, Key::codeSpace, Key::codeGrave, Key::codeDelete, Key::codeEscape})
+        EXPECT_FALSE(window_.sendEvent(keyEvent(U'5', code))) << code;
+    EXPECT_FALSE(window_.sendEvent(keyEvent(Key::up, 126, EventModifier::numericPad)));
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, KeysAreWantedWhileAControlHasTheFocus) {
+    EXPECT_FALSE(window_.wantsKeys());
+    focus(1);
+    EXPECT_TRUE(window_.wantsKeys());
+    key(0, Key::codeEscape);
+    EXPECT_FALSE(window_.wantsKeys());
+}
+
+TEST_F(QVMKeyboardHandlerTest, InitialValuesAreOneCallAway) {
+    userSets(1, 6);
+    userSets(7, -12);
+    EXPECT_TRUE(ui_->keyboard().keyboardShortcutRefreshInitialParameterValues());
+    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(7), 0);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TheLayoutsAreOneCallAway) {
+    EXPECT_TRUE(ui_->keyboard().keyboardShortcutToggleAdvancedDrawer());
+    EXPECT_EQ(ui_->altFrame(), 1);
+    EXPECT_TRUE(ui_->keyboard().keyboardShortcutToggleAdvancedDrawer());
+    EXPECT_EQ(ui_->altFrame(), 0);
+    EXPECT_TRUE(ui_->keyboard().keyboardShortcutResizeWindow());
+    EXPECT_EQ(ui_->altFrame(), 2);
+}
+
+TEST_F(QVMKeyboardHandlerTest, WhatTheProductDoesNotHaveChangesNothing) {
+    ui_->keyboard().keyboardShortcutHideControls();
+    ui_->keyboard().keyboardShortcutFreakout();
+    EXPECT_FALSE(ui_->keyboard().keyboardShortcutLoadFile());
+    EXPECT_FALSE(ui_->keyboard().keyboardShortcutLoadListedFile());
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+}
+
 TEST_F(QVMKeyboardHandlerTest, PowerAndThemeAreOneCallAway) {
     EXPECT_TRUE(ui_->keyboard().keyboardShortcutTogglePower());
     EXPECT_EQ(memoized(0), 0);

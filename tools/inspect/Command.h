@@ -39,6 +39,7 @@ std::span<const Command> Commands();
 
 int RunCurveCommand(Arguments arguments, const Streams& streams);
 int RunDescriptionCommand(Arguments arguments, const Streams& streams);
+int RunSettingsCommand(Arguments arguments, const Streams& streams);
 int RunValuesCommand(Arguments arguments, const Streams& streams);
 
 // Writes a message about a wrong command line and returns the status to exit with.

@@ -1,5 +1,6 @@
 // The response curve that the editor draws, as a table: unsmoothed, over the display's own grid of frequencies.
 #include "description/Description.h"
+#include "settings/SettingsAddress.h"
 #include "tools/inspect/Command.h"
 #include "viz/QVM0015GLSketch.h"
 
@@ -35,40 +36,18 @@ std::optional<Number> NumberFrom(std::string_view text) {
     return number;
 }
 
-const QVMParameter* ParameterForKey(std::string_view key) {
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-        const QVMParameter* parameter = GetParameter(pid);
-        if (parameter->minimalName == key || parameter->codesafeName == key) return parameter;
-    }
-    return nullptr;
-}
-
-// Puts one "key:value" into the settings. Returns what is wrong with it, or nothing.
-std::string ApplyEntry(std::string_view entry, Settings& settings) {
-    const std::string quoted = "'" + std::string(entry) + "'";
-    const std::size_t colon = entry.find(':');
-    if (colon == std::string_view::npos) return quoted + " is not KEY:VALUE";
-    const QVMParameter* parameter = ParameterForKey(entry.substr(0, colon));
-    if (!parameter) return quoted + " names no parameter";
-    const std::optional<float> value = NumberFrom<float>(entry.substr(colon + 1));
-    if (!value || !std::isfinite(*value)) return quoted + " has no number behind the colon";
-    if (parameter->unit == QVMUnitHertz && !(*value > 0)) return quoted + " is no frequency";
-    settings[parameter->pid] = *value;
-    return {};
-}
-
-// What the address says over the initial values. Returns what is wrong with it, or nothing.
+// What the address says over the initial values; an address may be cut down to what stands from "/?" on. Returns what
+// is wrong with it, or nothing.
 std::string ReadAddress(std::string_view address, Settings& settings) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         settings[pid] = GetParameter(pid)->initialValue;
-    const std::size_t separator = address.find("/?");
-    if (separator == std::string_view::npos)
-        return "'" + std::string(address) + "' has no settings: there is no /? in it";
-    std::string_view entries = address.substr(separator + 2);
-    while (!entries.empty()) {
-        const std::size_t length = std::min(entries.find('/'), entries.size());
-        if (std::string problem = ApplyEntry(entries.substr(0, length), settings); !problem.empty()) return problem;
-        entries.remove_prefix(std::min(length + 1, entries.size()));
+    const std::string base = address.starts_with("/?") ? settingsBaseAddress("https://localhost", *GetMetadata()) : "";
+    const auto config = QVMConfig::inlinedConfig();
+    const auto result = readSettingsAddress(base + std::string(address), *config);
+    if (const auto* refusal = std::get_if<SettingsRefusal>(&result)) return refusal->text();
+    for (const SettingsEntry& entry : std::get<SettingsAddress>(result).entries) {
+        const QVMParameter& parameter = *config->parameterForCodename(entry.key);
+        if (entry.value) settings[parameter.pid] = settingsValueFor(parameter, *entry.value);
     }
     return {};
 }

@@ -1,5 +1,7 @@
 #include "platform/juce/HostFocus.h"
 
+#include "platform/juce/NativePeer.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -21,6 +23,7 @@ TEST(HostFocus, DeadDisplayIsNoDisplay) {
     HostFocus focus;
     focus.remember(42);
     focus.giveBack(42);
+    EXPECT_FALSE(focus.sendKey(42, {65, true, false, 0, 0}));
 }
 
 } // namespace

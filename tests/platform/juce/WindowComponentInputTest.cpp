@@ -20,6 +20,8 @@ class Listener : public RecordingView {
 public:
     using RecordingView::RecordingView;
     std::vector<Event> events;
+    bool keysAreWanted = true;
+    bool wantsKeys() const override { return keysAreWanted; }
     void mouseDown(const Event& e) override { keep(e), RecordingView::mouseDown(e); }
     void mouseDragged(const Event& e) override { keep(e), RecordingView::mouseDragged(e); }
     void mouseUp(const Event& e) override { keep(e), RecordingView::mouseUp(e); }
@@ -146,6 +148,27 @@ TEST_F(WindowComponentInputTest, ViewThatWantsKeysGetsThem) {
     component->window().makeFirstResponder(view);
     EXPECT_TRUE(peer().handleKeyPress('7', '7'));
     EXPECT_EQ(view->events.back().charactersIgnoringModifiers, U"7");
+}
+
+TEST_F(WindowComponentInputTest, FocusIsTakenAtTheEndOfAPressAndOnlyIfKeysAreWantedThen) {
+    view->also = [this](const std::string& word) {
+        if (word == "down") component->window().makeKey();
+    };
+    component->window().makeFirstResponder(view);
+    view->handlesKeys = true;
+    press({10, 20});
+    EXPECT_FALSE(component->hasKeyboardFocus(true)) << "not yet known what for";
+    release({10, 20});
+    EXPECT_TRUE(component->hasKeyboardFocus(true));
+
+    component->giveAwayKeyboardFocus();
+    component->window().setKeyWindow(false);
+    peer().focused = false;
+    view->keysAreWanted = false;
+    press({10, 20});
+    release({10, 20});
+    EXPECT_FALSE(component->hasKeyboardFocus(true));
+    EXPECT_FALSE(component->window().isKeyWindow());
 }
 
 TEST_F(WindowComponentInputTest, KeysThatNobodyHandlesAreTheHosts) {

@@ -27,14 +27,21 @@ juce::PluginDescription describe(juce::AudioPluginFormat& format, Format kind) {
 
 class HostedPlugin::EditorWindow final : public juce::DocumentWindow {
 public:
-    explicit EditorWindow(juce::AudioProcessorEditor& editor)
-        : juce::DocumentWindow("Slantwise test host", juce::Colours::black, closeButton) {
+    EditorWindow(juce::AudioProcessorEditor& editor, std::vector<std::string>& keys)
+        : juce::DocumentWindow("Slantwise test host", juce::Colours::black, closeButton), keys_(keys) {
         setUsingNativeTitleBar(true);
         setContentNonOwned(&editor, true);
         setTopLeftPosition(120, 120);
         setVisible(true);
     }
     void closeButtonPressed() override {}
+    bool keyPressed(const juce::KeyPress& key) override {
+        keys_.push_back(key.getTextDescription().toStdString());
+        return true;
+    }
+
+private:
+    std::vector<std::string>& keys_;
 };
 
 HostedPlugin::HostedPlugin(Format format) : buffer_(2, blockFrames) {
@@ -64,7 +71,7 @@ juce::AudioProcessorParameter& HostedPlugin::parameter(const char* name) const {
 
 void HostedPlugin::openEditor() {
     editor_.reset(instance_->createEditorIfNeeded());
-    window_ = std::make_unique<EditorWindow>(*editor_);
+    window_ = std::make_unique<EditorWindow>(*editor_, hostKeys_);
     runUntil([this] { return window_->isShowing() && editor_->getWidth() > 0; });
     run(0.3);
 }

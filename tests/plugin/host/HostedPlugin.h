@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace slantwise_tests {
 
@@ -30,6 +31,9 @@ public:
 
     void openEditor();
     void closeEditor();
+    // Keys that the host's window got, by their names in the toolkit ("spacebar").
+    const std::vector<std::string>& hostKeys() const { return hostKeys_; }
+    void forgetHostKeys() { hostKeys_.clear(); }
     // Where a point of the editor is on the screen.
     juce::Point<int> onScreen(double x, double y) const;
 
@@ -50,6 +54,7 @@ private:
     std::unique_ptr<HostRecorder> recorder_;
     std::unique_ptr<juce::AudioProcessorEditor> editor_;
     std::unique_ptr<EditorWindow> window_;
+    std::vector<std::string> hostKeys_;
     juce::AudioBuffer<float> buffer_;
     juce::MidiBuffer midi_;
     float amplitude_ = 0;

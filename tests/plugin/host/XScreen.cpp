@@ -68,6 +68,20 @@ void XScreen::typeKey(const std::string& name) {
     key(name, false);
 }
 
+unsigned long XScreen::focus() {
+    Window window = 0;
+    int revertTo = 0;
+    XGetInputFocus(display_, &window, &revertTo);
+    return window;
+}
+
+void XScreen::blinkFocus() {
+    const Window focused = focus();
+    XSetInputFocus(display_, DefaultRootWindow(display_), RevertToParent, CurrentTime);
+    XSetInputFocus(display_, focused, RevertToParent, CurrentTime);
+    XSync(display_, False);
+}
+
 Picture XScreen::capture(int x, int y, int width, int height) {
     Picture picture{width, height, {}};
     XImage* const image = XGetImage(display_, DefaultRootWindow(display_), x, y, static_cast<unsigned>(width),

@@ -38,6 +38,10 @@ public:
     // Keys by their X names: "Control_L", "Alt_L", "4", "Return".
     void key(const std::string& name, bool down);
     void typeKey(const std::string& name);
+    // The window that keys go to.
+    unsigned long focus();
+    // Takes the keyboard focus away from the window that has it and gives it back at once.
+    void blinkFocus();
 
     Picture capture(int x, int y, int width, int height);
 

@@ -77,8 +77,12 @@ TEST(Options, NumbersAreWholeTextsWithinTheirLimits) {
     EXPECT_EQ(parsed({"--scale", "4"}).scale, 4);
 }
 
-TEST(Options, SettingsAreKeptAsTheyStand) {
-    EXPECT_EQ(parsed({"--settings", "a=1"}).settings, "a=1");
+TEST(Options, SettingsAreAnAddressThatCanBeRead) {
+    const std::string address = "https://maker.example/slantwise/2.0.1/?tg:6";
+    EXPECT_EQ(parsed({"--settings", address}).settings, address);
+    EXPECT_EQ(errorOf({"--settings", "tg=6"}), "cannot read the settings: it is not a web address");
+    EXPECT_EQ(errorOf({"--settings", address + "/out:loud"}), "cannot read the settings: \"out\" has no number");
+    EXPECT_EQ(errorOf({"--settings", ""}), "cannot read the settings: it is not a web address");
 }
 
 TEST(Options, HelpNamesEveryOption) {

@@ -97,10 +97,10 @@ TEST_F(StandaloneProgram, MistakesEndItWithTwoAndAMessage) {
     }
 }
 
-TEST_F(StandaloneProgram, SettingsAreReserved) {
+TEST_F(StandaloneProgram, SettingsThatCannotBeReadAreAMistakeWithAReason) {
     const Outcome outcome = run("--settings anything --quit-after 0");
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.output, "Slantwise: --settings is reserved; this version does not read settings addresses\n");
+    EXPECT_EQ(outcome.output, "Slantwise: cannot read the settings: it is not a web address\n");
 }
 
 TEST_F(StandaloneProgram, WithNoDisplayItSaysSo) {
@@ -181,6 +181,15 @@ TEST_F(StandaloneProgram, WithAudioTheMeterMovesAndNothingElse) {
         }
     }
     EXPECT_GT(inMeter, 0U);
+}
+
+TEST_F(StandaloneProgram, SettingsShow) {
+    const std::string address = " --settings 'https://ferrowind.example/slantwise/2.0.1/?";
+    const auto plain = screenshot(""), initial = screenshot("--preset Air" + address + "'"),
+               moved = screenshot(address + "tg:9/trl:200'"), again = screenshot(address + "trl:200/TiltGain:9'");
+    ASSERT_TRUE(plain && initial && moved && again);
+    EXPECT_GT(differing(*plain, *moved), 500U);
+    EXPECT_EQ(differing(*moved, *again), 0U);
 }
 
 TEST_F(StandaloneProgram, APictureThatCannotBeWrittenIsAnError) {

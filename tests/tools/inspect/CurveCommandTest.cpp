@@ -143,9 +143,15 @@ TEST(CurveCommand, TheAuditionFieldIsFilledOnlyWhileOneListens) {
     EXPECT_EQ(table.audition.size(), 108u);
 }
 
-TEST(CurveCommand, ALoudnessModeBeyondTheListIsTheFirst) {
-    EXPECT_EQ(RunTool({"curve", "--settings", "/?tg:6/tal:5"}).out, RunTool({"curve", "--settings", "/?tg:6"}).out);
-    EXPECT_NE(RunTool({"curve", "--settings", "/?tg:6/tal:2"}).out, RunTool({"curve", "--settings", "/?tg:6"}).out);
+TEST(CurveCommand, ValuesBeyondTheirRangeAreItsEnds) {
+    const auto curveOf = [](const char* settings) { return RunTool({"curve", "--settings", settings}).out; };
+    EXPECT_EQ(curveOf("/?tg:99/tal:70/trl:0"), curveOf("/?tg:18/tal:3/trl:10"));
+    EXPECT_NE(curveOf("/?tg:6/tal:2"), curveOf("/?tg:6"));
+}
+
+TEST(CurveCommand, KeysThatNameNothingAreLeftOut) {
+    EXPECT_EQ(RunTool({"curve", "--settings", "/?tg:6/loudness:one/nonsense"}).out,
+              RunTool({"curve", "--settings", "/?tg:6"}).out);
 }
 
 TEST(CurveCommand, HasAsManyPointsAsAskedFor) {
@@ -163,20 +169,12 @@ TEST(CurveCommand, AnAddressWithoutEntriesIsTheInitialSettings) {
 
 TEST(CurveCommand, AWrongAddressIsAMessageAndStatusOne) {
     for (const auto& [address, message] : {
-             std::pair{"tg:6", "there is no /? in it"},
-             std::pair{"", "there is no /? in it"},
-             std::pair{"/?tg", "'tg' is not KEY:VALUE"},
-             std::pair{"/?tg:6/nonsense", "'nonsense' is not KEY:VALUE"},
-             std::pair{"/?tg:6//trl:50", "'' is not KEY:VALUE"},
-             std::pair{"/?loudness:1", "'loudness:1' names no parameter"},
-             std::pair{"/?:1", "':1' names no parameter"},
-             std::pair{"/?tg:", "'tg:' has no number"},
-             std::pair{"/?tg:six", "'tg:six' has no number"},
-             std::pair{"/?tg:6dB", "'tg:6dB' has no number"},
-             std::pair{"/?tg:1e99", "'tg:1e99' has no number"},
-             std::pair{"/?tg:nan", "'tg:nan' has no number"},
-             std::pair{"/?tg:-inf", "'tg:-inf' has no number"},
-             std::pair{"/?trl:0", "'trl:0' is no frequency"},
+             std::pair{"tg:6", "it is not a web address"},
+             std::pair{"", "it is not a web address"},
+             std::pair{"https://maker.example/a/1/", "there is no \"?\" in it"},
+             std::pair{"/?tg:", "\"tg\" has no number"},
+             std::pair{"/?tg:six", "\"tg\" has no number"},
+             std::pair{"/?tg:nan", "\"tg\" has no number"},
          }) {
         const RunResult result = RunTool({"curve", "--settings", address});
         EXPECT_EQ(result.status, 1) << address;

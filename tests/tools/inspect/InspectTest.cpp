@@ -15,8 +15,8 @@ TEST(Inspect, HelpNamesEveryCommandAndOperation) {
     const RunResult result = RunTool({"--help"});
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.err, IsEmpty());
-    for (const char* text : {"curve [--settings ADDRESS] [--points N]", "description", "values", "normalize PID V TYPE",
-                             "after PID V forward|backward"}) {
+    for (const char* text : {"curve [--settings ADDRESS] [--points N]", "description", "settings ADDRESS", "values",
+                             "normalize PID V TYPE", "after PID V forward|backward"}) {
         EXPECT_THAT(result.out, HasSubstr(text));
     }
 }

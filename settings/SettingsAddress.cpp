@@ -1,0 +1,141 @@
+#include "settings/SettingsAddress.h"
+
+#include "description/NumberText.h"
+#include "settings/AddressParts.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr std::string_view blanks = " \t\r\n";
+constexpr std::string_view leaveAsItIs = "x";
+constexpr int significantDigits = 7;
+constexpr std::size_t slugSegment = 0, versionSegment = 1;
+
+// The two forms of a query.
+struct QueryForm {
+    char betweenEntries, behindKey;
+};
+constexpr QueryForm currentForm{'/', ':'}, olderForm{'&', '='};
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+// All of the text as a decimal number with a point, or none; beyond single precision is none too.
+std::optional<float> finiteNumber(std::string_view text) {
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || rest != end) return std::nullopt;
+    if (!(std::abs(number) <= std::numeric_limits<float>::max())) return std::nullopt; // NaN and infinities as well
+    return static_cast<float>(number);
+}
+
+void put(std::vector<SettingsEntry>& entries, SettingsEntry entry) {
+    const auto same = std::find_if(entries.begin(), entries.end(), [&](const auto& e) { return e.key == entry.key; });
+    if (same == entries.end())
+        entries.push_back(std::move(entry));
+    else
+        *same = std::move(entry);
+}
+
+// Adds what one piece of the query says. Returns the key whose number cannot be read, or nothing.
+std::optional<std::string> readEntry(std::string_view piece, char behindKey, const QVMConfig& config,
+                                     std::vector<SettingsEntry>& entries) {
+    const std::size_t separator = piece.find(behindKey);
+    if (separator == std::string_view::npos) return std::nullopt; // a key alone says nothing
+    SettingsEntry entry{std::string(piece.substr(0, separator)), std::nullopt};
+    if (entry.key.empty() || !config.parameterForCodename(entry.key)) return std::nullopt;
+    const std::string_view value = piece.substr(separator + 1);
+    if (value != leaveAsItIs) {
+        entry.value = finiteNumber(value);
+        if (!entry.value) return entry.key;
+    }
+    put(entries, std::move(entry));
+    return std::nullopt;
+}
+
+} // namespace
+
+const SettingsEntry* SettingsAddress::entryFor(std::string_view key) const {
+    const auto found = std::find_if(entries.begin(), entries.end(), [key](const auto& e) { return e.key == key; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+std::string SettingsRefusal::text() const {
+    switch (problem) {
+    case SettingsProblem::tooLong:
+        return "it is longer than " + std::to_string(longestSettingsAddress) + " bytes";
+    case SettingsProblem::notAnAddress:
+        return "it is not a web address";
+    case SettingsProblem::noProductInPath:
+        return "it names no product and version";
+    case SettingsProblem::noSettings:
+        return "it has no settings: there is no \"?\" in it";
+    case SettingsProblem::notANumber:
+        return "\"" + key + "\" has no number";
+    }
+    return {};
+}
+
+std::variant<SettingsAddress, SettingsRefusal> readSettingsAddress(std::string_view text, const QVMConfig& config) {
+    const auto refused = [](SettingsProblem problem, std::string key = {}) {
+        return SettingsRefusal{problem, std::move(key)};
+    };
+    text = trimmed(text);
+    if (text.size() > longestSettingsAddress) return refused(SettingsProblem::tooLong);
+    const std::optional<AddressParts> parts = addressParts(text);
+    if (!parts) return refused(SettingsProblem::notAnAddress);
+    if (parts->pathSegments.size() <= versionSegment) return refused(SettingsProblem::noProductInPath);
+    if (!parts->query) return refused(SettingsProblem::noSettings);
+
+    SettingsAddress address{parts->pathSegments[slugSegment], parts->pathSegments[versionSegment], {}};
+    const bool isCurrent = parts->query->find(currentForm.behindKey) != std::string::npos;
+    const QueryForm form = isCurrent ? currentForm : olderForm;
+    for (std::string_view rest = *parts->query; !rest.empty();) {
+        const std::size_t length = std::min(rest.find(form.betweenEntries), rest.size());
+        const auto wrong = readEntry(rest.substr(0, length), form.behindKey, config, address.entries);
+        if (wrong) return refused(SettingsProblem::notANumber, *wrong);
+        rest.remove_prefix(std::min(length + 1, rest.size()));
+    }
+    return address;
+}
+
+float settingsValueFor(const QVMParameter& parameter, float value) {
+    // Host and shown domain are the same for these, and the host's rule makes them whole.
+    const bool isWhole = parameter.unit == QVMUnitIndexed || parameter.unit == QVMUnitSwitch;
+    const float wanted = isWhole ? parameter.castValue(value) : parameter.restrictValue(value);
+    // Some links begin below the range that they share with what they link.
+    return std::clamp(wanted, std::min(parameter.minValue, parameter.initialValue),
+                      std::max(parameter.maxValue, parameter.initialValue));
+}
+
+std::string settingsBaseAddress(std::string_view site, const QVMMetadata& metadata) {
+    return std::string(site) + "/" + metadata.pluginURLSlug + "/" + metadata.version;
+}
+
+const std::string& settingsKeyFor(const QVMParameter& parameter) {
+    return parameter.minimalName.empty() ? parameter.codesafeName : parameter.minimalName;
+}
+
+std::string writeSettingsAddress(std::string_view base, const std::vector<SettingsEntry>& entries) {
+    std::string address = std::string(base) + "/?";
+    const char* separator = "";
+    for (const SettingsEntry& entry : entries) {
+        const std::string value =
+            entry.value ? SignificantText(double{*entry.value}, significantDigits) : std::string(leaveAsItIs);
+        address += separator + entry.key + currentForm.behindKey + value;
+        separator = "/";
+    }
+    return address;
+}
+
+} // namespace QVM_NAMESPACE

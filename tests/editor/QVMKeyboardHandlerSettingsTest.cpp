@@ -1,0 +1,250 @@
+// Settings to the clipboard and back.
+#include "EditorFixture.h"
+
+#include "platform/Log.h"
+#include "platform/Menu.h"
+#include "platform/Workspace.h"
+
+#include <gmock/gmock.h>
+#include <random>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string page = "https://ferrowind.example/slantwise";
+const std::string base = page + "/2.0.1";
+
+class Clipboard final : public Workspace {
+public:
+    Clipboard() { install(this); }
+    ~Clipboard() override { install(nullptr); }
+    std::optional<std::string> clipboardString() override { return text; }
+    void setClipboardString(const std::string& copied) override { text = copied; }
+    bool openUrl(const std::string&) override { return false; }
+    std::optional<std::string> text; // none: it holds a picture, or nothing
+};
+
+class QVMKeyboardHandlerSettings : public EditorFixture {
+protected:
+    QVMKeyboardHandler& keyboard() { return ui_->keyboard(); }
+    std::string address() { return keyboard().currentParametersURLEncoded(); }
+    bool apply(const std::string& query) { return keyboard().applyURLEncodedPreset(base + "/?" + query); }
+    bool paste(const std::string& text) {
+        clipboard_.text = text;
+        return keyboard().keyboardShortcutHandlePaste();
+    }
+    // As a user's hand, and the unit's answer.
+    void set(std::uint32_t pid, float value) {
+        userSets(pid, value);
+        frame();
+    }
+    std::vector<float> values() const {
+        std::vector<float> all;
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            all.push_back(memoized(pid));
+        return all;
+    }
+    // Puts some controls off their initial values, and lets that be a step of its own.
+    void makeAMess() {
+        set(1, 4.5f);
+        set(7, -12);
+        set(13, 1);
+        set(14, 24);
+        time_.advance(1);
+        delegate_.calls.clear();
+    }
+
+    Clipboard clipboard_;
+    std::vector<std::string> log_;
+    ScopedLogSink sink_{[this](const std::string& line) { log_.push_back(line); }};
+};
+
+TEST_F(QVMKeyboardHandlerSettings, TheBaseIsThePageOfThisVersion) {
+    EXPECT_EQ(keyboard().baseURLForPluginVersion(), base);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, OnlyWhatIsNotInitialIsWrittenInTheOrderOfTheControls) {
+    makeAMess();
+    EXPECT_EQ(address(), base + "/?tg:4.5/out:-12/fll:1/fsl:24");
+}
+
+TEST_F(QVMKeyboardHandlerSettings, AllInitialAndProcessingOffIsTheBaseWithNothingBehindIt) {
+    hostSets(0, 0);
+    EXPECT_EQ(address(), base + "/?");
+    EXPECT_TRUE(keyboard().applyURLEncodedPreset(address()));
+    EXPECT_EQ(memoized(0), 1); // the switch is reset, as it is never written
+}
+
+TEST_F(QVMKeyboardHandlerSettings, AnXKeepsAParameterWhileTheRestReturns) {
+    makeAMess();
+    EXPECT_TRUE(apply("tg:x/out:3"));
+    EXPECT_EQ(memoized(1), 4.5f);
+    EXPECT_EQ(memoized(7), 3);
+    EXPECT_EQ(memoized(13), 0);
+    EXPECT_EQ(memoized(14), 12);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, TheOlderQueryIsReadExactlyLikeTheCurrentOne) {
+    makeAMess();
+    EXPECT_TRUE(apply("tg:x/out:3.5/trl:120/nonsense:4"));
+    const std::vector<float> current = values();
+    makeAMess();
+    EXPECT_TRUE(apply("tg=x&out=3.5&trl=120&nonsense=4"));
+    EXPECT_EQ(values(), current);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, AValueKeyedByTheFullNameIsResetFirstAndThenSet) {
+    delegate_.sent.clear();
+    EXPECT_TRUE(apply("TiltGain:6"));
+    std::vector<float> sent;
+    for (const auto& each : delegate_.sent)
+        if (each.pid == 1) sent.push_back(each.hostValue);
+    EXPECT_THAT(sent, ElementsAre(0, 6));
+}
+
+TEST_F(QVMKeyboardHandlerSettings, AParameterWithoutAMinimalNameIsWrittenAndReadByItsFullOne) {
+    const std::string minimalName = std::exchange(GetParameter(1)->minimalName, "");
+    set(1, 6);
+    EXPECT_EQ(address(), base + "/?TiltGain:6");
+    delegate_.sent.clear();
+    EXPECT_TRUE(keyboard().applyURLEncodedPreset(address()));
+    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(std::count_if(delegate_.sent.begin(), delegate_.sent.end(), [](const auto& s) { return s.pid == 1; }), 2);
+    GetParameter(1)->minimalName = minimalName;
+}
+
+TEST_F(QVMKeyboardHandlerSettings, TheProductInThePathMayBeAnother) {
+    EXPECT_TRUE(keyboard().applyURLEncodedPreset("https://other.example/echo/1.0/?tg:6"));
+    EXPECT_EQ(memoized(1), 6);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, ValuesOutOfRangeAreItsEndsAndUnknownKeysChangeNothing) {
+    const std::vector<float> before = values();
+    EXPECT_TRUE(apply("tg:999/trl:-5/loudness:2/out:-3e38/tal:9/p:4"));
+    EXPECT_EQ(memoized(1), 18);
+    EXPECT_EQ(memoized(2), 10);
+    EXPECT_EQ(memoized(7), -96);
+    EXPECT_EQ(memoized(6), 3);
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        if (pid == 1 || pid == 2 || pid == 6 || pid == 7) continue;
+        EXPECT_EQ(memoized(pid), before[pid]) << pid;
+    }
+}
+
+TEST_F(QVMKeyboardHandlerSettings, ThePowerSwitchMayBeNamed) {
+    EXPECT_TRUE(apply("power:0/tg:3"));
+    EXPECT_EQ(memoized(0), 0);
+    EXPECT_EQ(memoized(1), 3);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, APasteIsOneUndoStep) {
+    makeAMess();
+    const std::vector<float> before = values();
+    EXPECT_TRUE(paste(base + "/?tg:1/trl:100/trh:9000/fsh:36"));
+    frame();
+    time_.advance(1);
+    const std::vector<float> pasted = values();
+    keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(values(), before);
+    keyboard().keyboardShortcutRedo();
+    EXPECT_EQ(values(), pasted);
+    EXPECT_FALSE(stack().canRedo());
+}
+
+TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
+    makeAMess();
+    const std::vector<float> before = values();
+    for (const std::string& text :
+         {std::string("hello"), std::string(), base + "/?tg:six", base + "/?tg:nan", base + "/?out:3/tg:inf",
+          base + "/", page, std::string("https://a.example/?tg:1"), base + "/?tg:1 6",
+          base + "/?tg:1/" + std::string(1 << 20, 'a'), std::string(1 << 20, 'x'), std::string("\xFF\xFE\0\x01", 4)}) {
+        log_.clear();
+        EXPECT_FALSE(paste(text)) << text.substr(0, 80);
+        ASSERT_EQ(log_.size(), 1u);
+        EXPECT_TRUE(log_.front().starts_with("settings address refused: ")) << log_.front();
+    }
+    frame();
+    time_.advance(1);
+    EXPECT_EQ(values(), before);
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+    // The last step is still the one before.
+    keyboard().keyboardShortcutUndo();
+    for (const std::uint32_t pid : {1u, 7u, 13u, 14u})
+        EXPECT_EQ(memoized(pid), GetParameter(pid)->initialValue);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
+    makeAMess();
+    clipboard_.text.reset();
+    EXPECT_FALSE(keyboard().keyboardShortcutHandlePaste());
+    EXPECT_FALSE(keyboard().canPasteSettings());
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+}
+
+TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteThisProductsSettingsOnly) {
+    const auto isOffered = [this](std::optional<std::string> text) {
+        clipboard_.text = std::move(text);
+        return keyboard().canPasteSettings();
+    };
+    EXPECT_TRUE(isOffered(base + "/?"));
+    EXPECT_TRUE(isOffered(page + "/1.0/?tg=6"));
+    EXPECT_FALSE(isOffered("https://ferrowind.example/echo/2.0.1/?tg:6"));
+    EXPECT_FALSE(isOffered("https://other.example/slantwise/2.0.1/?tg:6"));
+    EXPECT_FALSE(isOffered(base + "/?tg:six"));
+    EXPECT_FALSE(isOffered(page));
+    EXPECT_FALSE(isOffered("slantwise"));
+    EXPECT_FALSE(isOffered(std::nullopt));
+}
+
+TEST_F(QVMKeyboardHandlerSettings, TheMenuCopiesAndPastes) {
+    makeAMess();
+    const auto choose = [this](const std::string& title) {
+        const auto menu = ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, {10, 15}));
+        const auto item =
+            std::find_if(menu->items.begin(), menu->items.end(), [&](const auto& i) { return i.title == title; });
+        ASSERT_TRUE(item != menu->items.end() && item->enabled) << title;
+        item->action();
+    };
+    choose("Copy all settings as URL to Clipboard");
+    EXPECT_EQ(clipboard_.text, base + "/?tg:4.5/out:-12/fll:1/fsl:24");
+    const std::vector<float> copied = values();
+    ui_->resetInitialValues();
+    choose("Paste all settings from Clipboard");
+    EXPECT_EQ(values(), copied);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, ThousandsOfStatesComeBackAsTheyWere) {
+    std::mt19937 random(11);
+    const auto shown = [this] {
+        std::vector<float> all;
+        for (const QVMParameterControl* each : ui_->parameterControls())
+            all.push_back(each->floatValue());
+        return all;
+    };
+    for (int round = 0; round < 3000; ++round) {
+        for (const QVMParameterControl* each : ui_->parameterControls()) {
+            const QVMParameter& parameter = *each->parameter();
+            if (parameter.pid == 0 || random() % 3 == 0) continue;
+            std::uniform_real_distribution<float> range(parameter.minValue, parameter.maxValue);
+            delegate_.unit[parameter.pid] = parameter.reverseCastValue(
+                parameter.normalizeFloatValue(range(random), static_cast<std::uint32_t>(random() % 3)));
+        }
+        frame();
+        const std::vector<float> before = shown();
+        keyboard().keyboardShortcutHandleCopy();
+        const std::string copied = *clipboard_.text;
+        ui_->resetInitialValues();
+        frame();
+        ASSERT_TRUE(keyboard().keyboardShortcutHandlePaste()) << copied;
+        frame();
+        ASSERT_EQ(shown(), before) << copied;
+        ASSERT_EQ(address(), copied);
+    }
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
