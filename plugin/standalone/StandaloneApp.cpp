@@ -104,6 +104,7 @@ void StandaloneApp::applyPreset() {
     editor_->view().requestPresetNamed(name);
 }
 
+void StandaloneApp::applyLayout() {
     switch (options().layout) {
     case Options::Layout::normal:
         return;
