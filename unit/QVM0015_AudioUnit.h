@@ -10,6 +10,7 @@
 #include "unit/UnitParameters.h"
 #include "unit/UnitSettings.h"
 #include "unit/UnitState.h"
+#include "unit/dsp/EqReader.h"
 
 #include <atomic>
 #include <cstdint>
@@ -59,10 +60,12 @@ public:
 
 private:
     RenderSettings renderSettings() const;
+    MeterMode meterMode() const;
     void resetMeters();
 
     UnitParameters parameters_;
     UnitSettings settings_;
+    dsp::EqReader reader_;
     RenderPath path_;
 
     // The format: written by `prepare`, read by the editor at any time.
