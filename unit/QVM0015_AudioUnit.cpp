@@ -12,7 +12,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-enum : AudioUnitParameterID { kMasterOnOff = 0, kOutputGain = 7 };
+enum : AudioUnitParameterID { kMasterOnOff = 0, kOutputGain = 7, kMeterMode = 8 };
 
 struct PropertyRow {
     AudioUnitPropertyID id;
@@ -105,7 +105,13 @@ void QVM0015_AudioUnit::render(const Sample* const* in, Sample* const* out, std:
 RenderSettings QVM0015_AudioUnit::renderSettings() const {
     const bool on = parameters_.value(kMasterOnOff) != 0;
     return {amplitudeFromDecibels(parameters_.value(kOutputGain)),
-            on ? BypassFade::Switch::on : BypassFade::Switch::off};
+            on ? BypassFade::Switch::on : BypassFade::Switch::off, reader_.read(parameters_), meterMode()};
+}
+
+MeterMode QVM0015_AudioUnit::meterMode() const {
+    constexpr MeterMode modes[] = {MeterMode::pre, MeterMode::post, MeterMode::difference};
+    const float value = std::clamp(parameters_.value(kMeterMode), 0.0F, 2.0F);
+    return modes[static_cast<std::size_t>(value)];
 }
 
 bool QVM0015_AudioUnit::choosePreset(std::int32_t index) {

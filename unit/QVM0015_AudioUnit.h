@@ -12,6 +12,7 @@
 #include "unit/UnitSettings.h"
 #include "unit/UnitState.h"
 #include "unit/VizLink.h"
+#include "unit/dsp/EqReader.h"
 
 #include <atomic>
 #include <cstdint>
@@ -74,6 +75,7 @@ private:
     template <class Sample>
     void render(const Sample* const* in, Sample* const* out, std::uint32_t frames);
     RenderSettings renderSettings() const;
+    MeterMode meterMode() const;
     void resetMeters();
     OSStatus setPresetName(const std::string* name);
 
@@ -81,6 +83,7 @@ private:
     UnitSettings settings_;
     const UnitPresets presets_;
     std::function<void()> presetNameHandler_;
+    dsp::EqReader reader_;
     RenderPath path_;
     VizLink viz_{parameters_};
 

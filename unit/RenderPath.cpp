@@ -17,6 +17,10 @@ float peakOf(const Sample* samples, std::uint32_t frames) {
     return static_cast<float>(peak);
 }
 
+double finite(double sample) {
+    return std::isfinite(sample) ? sample : 0;
+}
+
 } // namespace
 
 void RenderPath::prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_t chanOut,
@@ -25,9 +29,10 @@ void RenderPath::prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_
     chanOut_ = std::min(chanOut, maxChannels);
     gain_.prepare(sampleRateHz, settings.gain);
     bypass_.prepare(sampleRateHz, settings.master);
+    equaliser_.prepare(sampleRateHz, settings.equaliser);
+    blockPeaks_.fill(0);
     inputMeter_.reset();
     outputMeter_.reset();
-    blockPeaks_.fill(0);
 }
 
 template <class Sample>
@@ -38,9 +43,11 @@ void RenderPath::process(const Sample* const* in, Sample* const* out, std::uint3
     blockPeaks_.fill(0);
     for (std::uint32_t offset = 0; offset < frames; offset += stretch) {
         const std::uint32_t count = std::min(stretch, frames - offset);
-        Frames<Sample> signal;
-        read(in, offset, count, signal);
-        render(signal, count);
+        Frames<Sample> dry;
+        read(in, offset, count, dry);
+        Frames<Sample> signal = dry;
+        render(signal, count, settings);
+        addPeaks(dry, signal, count, settings.meter);
         write(signal, out, offset, count);
     }
 }
@@ -65,11 +72,13 @@ void RenderPath::read(const Sample* const* in, std::uint32_t offset, std::uint32
 }
 
 template <class Sample>
-void RenderPath::render(Frames<Sample>& signal, std::uint32_t frames) {
+void RenderPath::render(Frames<Sample>& signal, std::uint32_t frames, const RenderSettings& settings) {
     if (bypass_.isOff()) {
         gain_.snap();
+        isEqualising_ = false;
         return;
     }
+    const bool isEqualised = equalise(signal, frames, settings);
     std::array<double, stretch> gains, shares;
     std::generate_n(gains.begin(), frames, [this] { return gain_.next(); });
     const bool fading = bypass_.isFading();
@@ -77,18 +86,47 @@ void RenderPath::render(Frames<Sample>& signal, std::uint32_t frames) {
     for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
         for (std::uint32_t i = 0; i < frames; ++i) {
             const double dry = static_cast<double>(signal[channel][i]);
-            const double wet = dry * gains[i];
+            const double wet = (isEqualised ? pairs_[2 * i + channel] : finite(dry)) * gains[i];
             signal[channel][i] = static_cast<Sample>(fading ? dry + (wet - dry) * shares[i] : wet);
         }
+    }
+}
+
+// False when the equaliser has nothing to do; otherwise its output is in pairs_.
+template <class Sample>
+bool RenderPath::equalise(const Frames<Sample>& signal, std::uint32_t frames, const RenderSettings& settings) {
+    if (!isEqualising_) equaliser_.reset(settings.equaliser); // nobody heard it
+    isEqualising_ = true;
+    for (std::uint32_t i = 0; i < frames; ++i) {
+        for (std::uint32_t channel = 0; channel < maxChannels; ++channel) {
+            const std::uint32_t from = std::min(channel, chanOut_ - 1);
+            pairs_[2 * i + channel] = finite(static_cast<double>(signal[from][i]));
+        }
+    }
+    equaliser_.process(pairs_.data(), frames, settings.equaliser);
+    return !equaliser_.isFlat();
+}
+
+template <class Sample>
+void RenderPath::addPeaks(const Frames<Sample>& dry, const Frames<Sample>& wet, std::uint32_t frames, MeterMode mode) {
+    for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
+        const float after = peakOf(wet[channel].data(), frames);
+        outputMeter_.add(channel, after);
+        float shown = after;
+        if (mode == MeterMode::pre) shown = peakOf(dry[channel].data(), frames);
+        if (mode == MeterMode::difference) {
+            std::array<Sample, stretch> difference;
+            for (std::uint32_t i = 0; i < frames; ++i)
+                difference[i] = wet[channel][i] - dry[channel][i];
+            shown = peakOf(difference.data(), frames);
+        }
+        blockPeaks_[channel] = std::max(blockPeaks_[channel], shown);
     }
 }
 
 template <class Sample>
 void RenderPath::write(const Frames<Sample>& signal, Sample* const* out, std::uint32_t offset, std::uint32_t frames) {
     for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
-        const float peak = peakOf(signal[channel].data(), frames);
-        blockPeaks_[channel] = std::max(blockPeaks_[channel], peak);
-        outputMeter_.add(channel, peak);
         if (out && out[channel]) std::copy_n(signal[channel].begin(), frames, out[channel] + offset);
     }
 }

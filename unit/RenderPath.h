@@ -1,4 +1,4 @@
-// The way of the audio through the unit: input, processing, output gain, master switch, output, with a peak meter at
+// The way of the audio through the unit: input, equaliser, output gain, master switch, output, with a peak meter at
 // either end.
 //
 // Blocks are worked off in short stretches whose inputs are all read before any output is written. So a block may be of
@@ -9,6 +9,7 @@
 #include "unit/BypassFade.h"
 #include "unit/GainRamp.h"
 #include "unit/Meter.h"
+#include "unit/dsp/Equaliser.h"
 
 #include <array>
 #include <cstddef>
@@ -17,27 +18,34 @@
 
 namespace QVM_NAMESPACE {
 
+// What the level meter shows: the input, the output, or what the unit adds to the one to make the other.
+enum class MeterMode : unsigned char { pre, post, difference };
+
 // What the path plays with: the parameters, read once a block.
 struct RenderSettings {
     double gain = 1; // amplitude
     BypassFade::Switch master = BypassFade::Switch::on;
+    dsp::EqSettings equaliser{};
+    MeterMode meter = MeterMode::post;
 };
 
 class RenderPath {
 public:
     static constexpr std::uint32_t maxChannels = 2;
 
-    // Not while a render call is running. Everything stands at its target at once; both meters are at 0.
+    // Not while a render call is running, and not on the render thread. Everything stands at its target at once; both
+    // meters are at 0.
     void prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_t chanOut, const RenderSettings& settings);
 
     // `in` and `out` hold a pointer for each channel of the prepared configuration. A missing input is silence, a
-    // missing output is left out. An output channel without an input of its own gets the last input.
+    // missing output is left out. An output channel without an input of its own gets the last input. While the master
+    // switch is on, a sample that is no finite number counts as silence.
     template <class Sample>
     void process(const Sample* const* in, Sample* const* out, std::uint32_t frames, const RenderSettings& settings);
 
     Meter& inputMeter() { return inputMeter_; }
     Meter& outputMeter() { return outputMeter_; }
-    // The largest absolute samples of the last block, one for each output.
+    // The largest absolute samples of the last block of what the level meter is to show, one for each output.
     std::span<const float> blockPeaks() const { return {blockPeaks_.data(), chanOut_}; }
 
 private:
@@ -48,7 +56,11 @@ private:
     template <class Sample>
     void read(const Sample* const* in, std::uint32_t offset, std::uint32_t frames, Frames<Sample>& dry);
     template <class Sample>
-    void render(Frames<Sample>& signal, std::uint32_t frames);
+    void render(Frames<Sample>& signal, std::uint32_t frames, const RenderSettings& settings);
+    template <class Sample>
+    bool equalise(const Frames<Sample>& signal, std::uint32_t frames, const RenderSettings& settings);
+    template <class Sample>
+    void addPeaks(const Frames<Sample>& dry, const Frames<Sample>& wet, std::uint32_t frames, MeterMode mode);
     template <class Sample>
     void write(const Frames<Sample>& signal, Sample* const* out, std::uint32_t offset, std::uint32_t frames);
 
@@ -56,9 +68,12 @@ private:
     std::uint32_t chanOut_ = 2;
     GainRamp gain_;
     BypassFade bypass_;
+    dsp::Equaliser equaliser_;
+    bool isEqualising_ = false;                         // it heard the signal up to now
+    std::array<double, maxChannels * stretch> pairs_{}; // the equaliser's work
+    std::array<float, maxChannels> blockPeaks_{};       // amplitudes
     Meter inputMeter_;
     Meter outputMeter_;
-    std::array<float, maxChannels> blockPeaks_{}; // amplitudes
 };
 
 } // namespace QVM_NAMESPACE

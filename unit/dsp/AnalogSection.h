@@ -1,0 +1,46 @@
+// Second-order sections in the analog domain, and where they come from.
+//
+// Pure functions; any thread, no allocation.
+#pragma once
+
+#include "unit/dsp/PrototypeTables.h"
+
+#include <array>
+#include <span>
+
+namespace QVM_NAMESPACE::dsp {
+
+// Two poles or zeros: 1 + k s/w + (s/w)^2.
+struct AnalogPair {
+    double corner = 1;  // w / 2 pi, hertz
+    double damping = 2; // k
+};
+
+enum class Direction : unsigned char { lowPass, highPass };
+enum class Zeros : unsigned char { two, one }; // the other one is at infinity, for a high-pass at 0
+
+// Level 1 at 0 Hz (low-pass) or towards infinity (high-pass).
+struct AnalogSection {
+    AnalogPair num, den;
+    Direction direction = Direction::lowPass;
+    Zeros zeros = Zeros::two;
+
+    // Squared magnitude as the quotient of two polynomials of hertz squared: c[0] + c[1] x + c[2] x^2.
+    struct Powers {
+        std::array<double, 3> num{}, den{};
+    };
+    Powers powers() const;
+};
+
+// What of a filter is wanted.
+enum class FilterPart : unsigned char { passed, removed };
+
+// The tilt: 0 dB far below `low` (hertz), twice `gain` (dB, -18 to 18) far above `high`, which counts as no less than
+// an octave above `low`.
+void makeTilt(double gain, double low, double high, std::span<AnalogSection, tiltSections> out);
+// A filter 1 / sqrt(1 + (f / corner)^(2 order)), or one minus it, or either upside down. `removed` of a low-pass is a
+// high-pass.
+void makeFilter(FilterPart part, Direction direction, double order, double corner,
+                std::span<AnalogSection, filterSections> out);
+
+} // namespace QVM_NAMESPACE::dsp

@@ -1,0 +1,89 @@
+#include "unit/dsp/Corrector.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace QVM_NAMESPACE::dsp {
+
+namespace {
+
+constexpr double kNormalTop = 16500, kHighTop = 20500; // hertz, up to which the response is held
+constexpr double kModelTop = 24000;                    // where the model ends
+constexpr double kLongAbove = 60000;
+constexpr double kBeyond = 0.03;     // weight above the top
+constexpr double kSmoothness = 2e-7; // of the sum of k^4 c_k^2
+constexpr double kMostNepers = 4;
+
+} // namespace
+
+void Corrector::prepare(double sampleRateHz, Quality quality) {
+    // At high rates the band is a small part of the spectrum and takes more terms.
+    const bool isLong = quality == Quality::high || sampleRateHz > kLongAbove;
+    terms_ = isLong ? 16 : 9;
+    tapCount_ = isLong ? 32 : 20;
+    const double end = std::min(sampleRateHz / 2, kModelTop);
+    const double top = quality == Quality::high ? kHighTop : kNormalTop;
+    std::array<std::array<double, points>, maxTerms> basis{};
+    std::array<double, points> weights{};
+    for (std::size_t i = 0; i < points; ++i) {
+        hertz_[i] = end * (static_cast<double>(i) + 0.5) / points;
+        squares_[i] = hertz_[i] * hertz_[i];
+        const double w = 2 * std::numbers::pi * hertz_[i] / sampleRateHz;
+        positions_[i] = std::pow(std::sin(w / 2), 2);
+        weights[i] = hertz_[i] <= top ? 1 : kBeyond;
+        for (std::size_t k = 0; k < terms_; ++k)
+            basis[k][i] = -2 * std::pow(std::sin(static_cast<double>(k + 1) * w / 2), 2);
+    }
+    // (A W A' + smoothness) C = A W by Gauss and Jordan.
+    std::array<std::array<double, maxTerms>, maxTerms> matrix{};
+    for (std::size_t k = 0; k < terms_; ++k) {
+        for (std::size_t l = 0; l < terms_; ++l) {
+            for (std::size_t i = 0; i < points; ++i)
+                matrix[k][l] += basis[k][i] * weights[i] * basis[l][i];
+        }
+        matrix[k][k] += kSmoothness * std::pow(static_cast<double>(k + 1), 4);
+        for (std::size_t i = 0; i < points; ++i)
+            solution_[k][i] = basis[k][i] * weights[i];
+    }
+    for (std::size_t k = 0; k < terms_; ++k) {
+        for (std::size_t l = 0; l < terms_; ++l) {
+            if (l == k) continue;
+            const double factor = matrix[l][k] / matrix[k][k];
+            for (std::size_t m = k; m < terms_; ++m)
+                matrix[l][m] -= factor * matrix[k][m];
+            for (std::size_t i = 0; i < points; ++i)
+                solution_[l][i] -= factor * solution_[k][i];
+        }
+    }
+    for (std::size_t k = 0; k < terms_; ++k) {
+        for (double& value : solution_[k])
+            value /= matrix[k][k];
+    }
+}
+
+void Corrector::taps(const Rest& rest, Taps& out) const {
+    std::array<double, maxTerms> c{};
+    double sum = 0;
+    for (std::size_t k = 0; k < terms_; ++k) {
+        double value = 0;
+        for (std::size_t i = 0; i < points; ++i)
+            value += solution_[k][i] * std::clamp(rest[i], -kMostNepers, kMostNepers);
+        sum += value;
+        c[k] = value * static_cast<double>(k + 1);
+    }
+    out.fill(0);
+    out[0] = std::exp(-sum);
+    double total = out[0];
+    for (std::size_t n = 1; n < tapCount_; ++n) {
+        double value = 0;
+        for (std::size_t k = 1; k <= std::min(n, terms_); ++k)
+            value += c[k - 1] * out[n - k];
+        out[n] = value / static_cast<double>(n);
+        total += out[n];
+    }
+    for (std::size_t n = 0; n < tapCount_; ++n) // what the taps that are left out would add at 0 Hz
+        out[n] /= total;
+}
+
+} // namespace QVM_NAMESPACE::dsp
