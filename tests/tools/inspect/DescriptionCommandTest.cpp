@@ -126,7 +126,7 @@ TEST(DescriptionCommand, ClumpsListTheirParametersByPid) {
     EXPECT_EQ(filter["labelString"], "FILTER");
     EXPECT_EQ(filter["clumpType"], 0);
     EXPECT_EQ(filter["parameters"], (Json{9, 10, 11, 12, 13, 20}));
-    EXPECT_EQ(filter["taggedLabels"]["RANGE"]["alignment"], "right");
+    EXPECT_EQ(filter["taggedLabels"]["RANGE"]["alignment"], "left");
 }
 
 TEST(DescriptionCommand, MetadataHasEveryField) {
