@@ -20,7 +20,8 @@ namespace QVM_NAMESPACE {
 // menus open and calls pending.
 //
 // Frames: the first change after a frame asks for the next one, which comes as soon as the events at hand are dealt
-// with. While something is animated one comes with each refresh of the display. Otherwise there is none.
+// with. While something is animated one comes with each refresh of the display. Otherwise there is none. Where a frame
+// takes longer than a refresh they come less often: the user's input goes first.
 class WindowComponent final : public juce::Component,
                               public juce::TooltipClient,
                               private WindowHost,
@@ -69,6 +70,8 @@ private:
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
+    bool mayDraw() const;
+    void didDraw(double since);
     void adoptScale(double scale);
     enum class Refresh : unsigned char { atDisplayRate, idle };
     void setRefresh(Refresh rate);
@@ -92,6 +95,8 @@ private:
     bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
     Refresh refreshRate_ = Refresh::atDisplayRate;
     double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
+    double lastDrawingEnd_ = 0;                                     // likewise
+    double drawingSeconds_ = 0;                                     // of the last frame and its painting
     std::unique_ptr<juce::TooltipWindow> tooltips_;                 // while the pointer is inside
     juce::VBlankAttachment refresh_;
 };
