@@ -11,6 +11,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 using Step = Placement::Step;
+constexpr double dashSteps = 4; // a pixel
 
 double toWholePixel(double x) {
     return std::floor(x + 0.5);
@@ -132,7 +133,9 @@ void LayerRenderer::place(double time) {
 // Places a layer with all that is in it and returns the pixels that can be touched.
 Rect LayerRenderer::visit(const Layer& layer, const Space& outer, double time) {
     if (layer.isHidden()) return {};
-    const PresentedLayer presented = layer.presentation(time);
+    PresentedLayer presented = layer.presentation(time);
+    // Dashes march by steps too small to be seen, so that not every frame needs a raster of its own.
+    presented.lineDashPhase = toWholePixel(presented.lineDashPhase * dashSteps * scale()) / (dashSteps * scale());
     const double opacity = std::min(presented.opacity, 1.0);
     if (!(opacity > 0)) return {};
 

@@ -2,6 +2,8 @@
 // that is compiled here, with these functions behind it.
 #include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
 
+#include <juce_events/native/juce_linux_EventLoopInternal.h>
+
 #include "platform/juce/NativePeer.h"
 
 namespace juce {
@@ -62,6 +64,17 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
     constexpr long keyEvents = KeyPressMask | KeyReleaseMask;
     const long others = attributes.your_event_mask & ~keyEvents;
     X11Symbols::getInstance()->xSelectInput(display, window, keys == PeerKeys::taken ? others | keyEvents : others);
+}
+
+void takeUnseenEvents(ComponentPeer& peer) {
+    if (windowOf(peer) == 0) return;
+    ::Display* const display = XWindowSystem::getInstance()->getDisplay();
+    {
+        const XWindowSystemUtilities::ScopedXLock lock;
+        if (X11Symbols::getInstance()->xPending(display) == 0) return;
+    }
+    const int connection = X11Symbols::getInstance()->xConnectionNumber(display);
+    MessageManager::callAsync([connection] { LinuxEventLoopInternal::invokeEventLoopCallbackForFd(connection); });
 }
 
 bool isSuperKeyDown(ComponentPeer& peer) {

@@ -17,6 +17,7 @@ namespace {
 
 constexpr double focusReturnSeconds = 0.05; // a click in an embedded window takes the focus and gives it again
 constexpr double shortestFrame = 0.012;     // seconds between frames that a change asks for
+constexpr double restShare = 0.5;           // of the time that drawing took, during which nothing is drawn
 constexpr int tooltipDelayMs = 700;
 constexpr double wakefulSeconds = 1;       // after the last frame or pointer event
 constexpr double lookAroundSeconds = 0.25; // between looks whether the window is still to be seen, and where
@@ -77,7 +78,7 @@ void WindowComponent::contentViewDidChange() {
 void WindowComponent::handleAsyncUpdate() {
     keepAwake();
     // A pointer that moves faster than the display is shown at the display's rate.
-    if (!isFrameWanted_ || RunLoop::main().now() - lastFrameTime_ < shortestFrame) return;
+    if (!isFrameWanted_ || RunLoop::main().now() - lastFrameTime_ < shortestFrame || !mayDraw()) return;
     if (juce::ComponentPeer* peer = isShowing() ? getPeer() : nullptr) {
         frame();
         peer->performAnyPendingRepaintsNow();
@@ -85,8 +86,9 @@ void WindowComponent::handleAsyncUpdate() {
 }
 
 void WindowComponent::refresh() {
+    if (juce::ComponentPeer* peer = getPeer()) juce::takeUnseenEvents(*peer);
     if (RunLoop::main().now() - lastLookAround_ >= lookAroundSeconds) lookAround();
-    if ((isFrameWanted_ || renderer_.isAnimating()) && isShowing()) frame();
+    if ((isFrameWanted_ || renderer_.isAnimating()) && isShowing() && mayDraw()) frame();
     // A window that was moved, or put on another screen, is at the display's rate again without a word.
     const double now = RunLoop::main().now(), sinceLast = now - std::exchange(lastRefresh_, now);
     if (isIdle() && sinceLast < 0.5 / idleRefreshHz) setRefresh(Refresh::idle);
@@ -126,6 +128,19 @@ void WindowComponent::frame() {
     isFrameWanted_ = false;
     lastFrame_ = &renderer_.update(lastFrameTime_);
     repaintDamage();
+    drawingSeconds_ = 0;
+    didDraw(lastFrameTime_);
+}
+
+// The toolkit looks for input when its own messages have run out, and its timer posts the next one as soon as it is
+// due: with frames that take longer than a refresh, and no rest after them, a click would wait for seconds.
+bool WindowComponent::mayDraw() const {
+    return RunLoop::main().now() - lastDrawingEnd_ >= drawingSeconds_ * restShare;
+}
+
+void WindowComponent::didDraw(double since) {
+    lastDrawingEnd_ = RunLoop::main().now();
+    drawingSeconds_ += lastDrawingEnd_ - since;
 }
 
 void WindowComponent::adoptScale(double scale) {
@@ -142,6 +157,7 @@ void WindowComponent::repaintDamage() {
 }
 
 void WindowComponent::paint(juce::Graphics& g) {
+    const double start = RunLoop::main().now();
     const double scale = cleanScale(g.getInternalContext().getPhysicalPixelScaleFactor());
     // A host may change the scale without a word; and the first paint may come before the first frame.
     if (scale != renderer_.scale() || isFrameWanted_) {
@@ -152,6 +168,7 @@ void WindowComponent::paint(juce::Graphics& g) {
     }
     if (!isContentOpaque()) g.fillAll(juce::Colours::black);
     composeInto(g, scale);
+    didDraw(start);
 }
 
 void WindowComponent::composeInto(juce::Graphics& g, double scale) const {

@@ -22,8 +22,9 @@ namespace QVM_NAMESPACE {
 // menus open and calls pending.
 //
 // Frames: the first change after a frame asks for the next one, which comes as soon as the events at hand are dealt
-// with. While something is animated one comes with each refresh of the display. Otherwise there is none. The window
-// counts as visible until it has come to a screen and is hidden, minimised or taken away there.
+// with. While something is animated one comes with each refresh of the display. Otherwise there is none. Where a frame
+// takes longer than a refresh they come less often: the user's input goes first. The window counts as visible until it
+// has come to a screen and is hidden, minimised or taken away there.
 class WindowComponent final : public juce::Component,
                               public juce::TooltipClient,
                               private WindowHost,
@@ -78,6 +79,8 @@ private:
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
+    bool mayDraw() const;
+    void didDraw(double since);
     void adoptScale(double scale);
     enum class Refresh : unsigned char { atDisplayRate, idle };
     void setRefresh(Refresh rate);
@@ -107,6 +110,8 @@ private:
     Refresh refreshRate_ = Refresh::atDisplayRate;
     double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
     double lastLookAround_ = 0;                                     // likewise
+    double lastDrawingEnd_ = 0;                                     // likewise
+    double drawingSeconds_ = 0;                                     // of the last frame and its painting
     std::unique_ptr<juce::TooltipWindow> tooltips_;                 // while the pointer is inside
     juce::VBlankAttachment refresh_;
 };

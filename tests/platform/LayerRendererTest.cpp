@@ -280,6 +280,35 @@ TEST_F(LayerRendererTest, ADashPhaseIsPartOfTheLook) {
     EXPECT_FALSE(renderer.isAnimating());
 }
 
+TEST_F(LayerRendererTest, DashesMarchByQuartersOfAPixelAndFramesInBetweenDrawNothing) {
+    const auto ants = std::make_shared<ShapeLayer>();
+    ants->setName("ants");
+    ants->setFrame({100, 50, 20, 20});
+    ants->setPath(Path::rect({0, 0, 20, 20}));
+    root->addSublayer(ants);
+    BasicAnimation march;
+    march.keyPath = "lineDashPhase";
+    march.toValue = 10.0;
+    march.duration = 2;
+    march.timing = TimingFunction::linear;
+    march.repeatCount = BasicAnimation::forever;
+    ants->addAnimation(march, "PhaseShift");
+    for (const double scale : {1.0, 2.0}) {
+        renderer.setScale(scale);
+        update();
+        int rasters = 0, drawings = 0;
+        for (int i = 0; i < 120; ++i) { // 5 points a second at 60 Hz, for 10 points
+            time.advance(1.0 / 60);
+            const RenderStatistics& s = update();
+            rasters += static_cast<int>(s.rasterised.size());
+            drawings += s.damage.empty() ? 0 : 1;
+        }
+        EXPECT_NEAR(rasters, 40 * scale, 1);
+        EXPECT_EQ(drawings, rasters);
+        EXPECT_TRUE(renderer.isAnimating());
+    }
+}
+
 TEST_F(LayerRendererTest, AFadeInFromNothingIsAnimated) {
     button->setOpacity(0);
     update();

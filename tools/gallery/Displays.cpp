@@ -1,5 +1,6 @@
 #include "tools/gallery/Displays.h"
 
+#include "tools/gallery/LiveDisplayView.h"
 #include "tools/gallery/SignalView.h"
 
 #include <array>
@@ -8,12 +9,29 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-template <class Display>
-std::unique_ptr<View> make(const Rect& frame, StereoFeed& feed) {
-    return std::make_unique<Display>(frame, feed);
+std::unique_ptr<View> signal(const Rect& frame, StereoFeed& feed) {
+    return std::make_unique<SignalView>(frame, feed);
 }
 
-constexpr std::array<GalleryDisplay, 1> kDisplays = {{{"Signal", {280, 96}, &make<SignalView>}}};
+template <auto makeDisplay>
+std::unique_ptr<View> live(const Rect& frame, StereoFeed& feed) {
+    return std::make_unique<LiveDisplayView>(frame, feed, makeDisplay());
+}
+
+constexpr double kUpper = 282, kLower = 208;                                           // points
+constexpr Size kSquare = {282, kUpper}, kFan = {540, kUpper}, kColumn = {210, kUpper}; // likewise
+constexpr Size kHalf = {526, kLower};
+
+constexpr std::array<GalleryDisplay, 5> kDisplays = {
+    {{"Goniometer", "Goniometer", "Mid upwards, side across, at whatever level", kSquare,
+      &live<&makeGoniometerDisplay>},
+     {"Stereoscope", "Stereoscope", "20 Hz in the middle, 20 kHz outside; where it is heard is where it is seen", kFan,
+      &live<&makeStereoscopeDisplay>},
+     {"Signal", "Signal", "Level, and how alike the sides are", kColumn, &signal},
+     {"GainReduction", "Gain reduction", "What 4:1 above -20 dB takes away; a line every 6 dB", kHalf,
+      &live<&makeGRHistoryDisplay>},
+     {"Histogram", "Histogram", "Thirds of an octave from 25 Hz to 20 kHz; a line every 12 dB from -60 dB", kHalf,
+      &live<&makeHistogramDisplay>}}};
 
 } // namespace
 

@@ -5,6 +5,7 @@
 #include "plugin/standalone/EditorHolder.h"
 #include "theme/QVMUITheme.h"
 #include "tools/gallery/GalleryView.h"
+#include "tools/gallery/OffscreenTime.h"
 #include "tools/gallery/TestSignal.h"
 
 #include <cstdio>
@@ -80,27 +81,32 @@ std::unique_ptr<StereoFeed> GalleryApp::makeFeed() {
 }
 
 void GalleryApp::initialise(const juce::String&) {
+    if (!options().screenshotFile.empty()) return writeScreenshot();
     const bool display = hasDisplay();
-    if (!display && options().screenshotFile.empty() && !options().quitAfterSeconds)
+    if (!display && !options().quitAfterSeconds)
         return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
-    component_ = std::make_unique<WindowComponent>(WindowComponent::Embedding::ownWindow);
-    feed_ = makeFeed();
-    if (!feed_) return;
-    if (options().theme == GalleryOptions::Theme::dark) QVMUITheme::toggleThemeForWindow(&component_->window());
-    component_->window().setContentView(std::make_unique<GalleryView>(
-        *feed_, options().page, options().printEvents ? GalleryView::Listener(&printLine) : nullptr));
+    if (!openView()) return;
     if (display) {
         window_ = std::make_unique<GalleryWindow>(*component_, options().scale);
         component_->window().makeKey(); // Tab works before the first click
     }
-    if (!options().screenshotFile.empty())
-        screenshotCall_.schedule(options().afterSeconds, [this] { writeScreenshot(); });
     if (options().quitAfterSeconds)
         quitCall_.schedule(*options().quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
 }
 
+bool GalleryApp::openView() {
+    component_ = std::make_unique<WindowComponent>(WindowComponent::Embedding::ownWindow);
+    feed_ = makeFeed();
+    if (!feed_) return false;
+    Window& window = component_->window();
+    if (options().scale > 0) window.setBackingScaleFactor(options().scale);
+    if (options().theme == GalleryOptions::Theme::dark) QVMUITheme::toggleThemeForWindow(&window);
+    window.setContentView(std::make_unique<GalleryView>(
+        *feed_, options().page, options().printEvents ? GalleryView::Listener(&printLine) : nullptr));
+    return true;
+}
+
 void GalleryApp::shutdown() {
-    screenshotCall_.cancel();
     quitCall_.cancel();
     window_.reset();
     if (component_) component_->window().takeContentView();
@@ -109,11 +115,14 @@ void GalleryApp::shutdown() {
 }
 
 void GalleryApp::writeScreenshot() {
+    OffscreenTime time;
+    if (!openView()) return;
+    time.advance(options().afterSeconds);
     Window& window = component_->window();
-    const double scale = options().scale > 0 ? options().scale : window.backingScaleFactor();
-    if (!writePng(renderWindowToImage(window, scale), options().screenshotFile))
-        return fail("cannot write \"" + options().screenshotFile + "\"");
-    if (!options().quitAfterSeconds) quit();
+    const bool isWritten = writePng(renderWindowToImage(window, window.backingScaleFactor()), options().screenshotFile);
+    window.takeContentView(); // what runs on that time ends with it
+    if (!isWritten) return fail("cannot write \"" + options().screenshotFile + "\"");
+    quit();
 }
 
 } // namespace QVM_NAMESPACE

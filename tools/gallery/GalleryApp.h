@@ -40,12 +40,15 @@ private:
     void fail(const std::string& message);
     // Null, with the program ended, when the file cannot be read.
     std::unique_ptr<StereoFeed> makeFeed();
+    // False, with the program ended, when there is nothing to show.
+    bool openView();
+    // Shows the page to nobody for as long as it was asked for, writes it and ends the program.
     void writeScreenshot();
 
     std::unique_ptr<StereoFeed> feed_;
     std::unique_ptr<WindowComponent> component_;
     std::unique_ptr<GalleryWindow> window_;
-    DelayedCall screenshotCall_, quitCall_;
+    DelayedCall quitCall_;
 };
 
 } // namespace QVM_NAMESPACE

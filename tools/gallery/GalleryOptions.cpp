@@ -96,11 +96,11 @@ std::string galleryHelpText() {
            "  --page NAME           start on a page\n"
            "  --pages               print the names of the pages\n"
            "  --theme light|dark    start in a theme\n"
-           "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's)\n"
+           "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's; 1 for a picture)\n"
            "  --signal NAME         sine, noise, mono, wide or antiphase (noise)\n"
            "  --events              print where each control stands and what happens to it\n"
-           "  --screenshot FILE     write a PNG of the page; works without a display\n"
-           "  --after SECONDS       when to write it (0.5)\n"
+           "  --screenshot FILE     write a PNG of the page and end; works without a display\n"
+           "  --after SECONDS       of the signal until it is taken, which takes less (0.5)\n"
            "  --quit-after SECONDS  close by itself\n"
            "  --help                print this\n";
 }

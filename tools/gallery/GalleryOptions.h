@@ -18,7 +18,7 @@ struct GalleryOptions {
     Theme theme = Theme::light;
     double scale = 0;             // device pixels a point; 0: what the desktop says
     std::string screenshotFile;   // PNG to write, empty for none
-    double afterSeconds = 0.5;    // when to write it
+    double afterSeconds = 0.5;    // of the signal until then
     std::string signal = "noise"; // a built-in signal's name
     std::string audioFile;        // plays instead of the signal; empty for none
     std::optional<double> quitAfterSeconds;

@@ -15,40 +15,73 @@ constexpr double kAccentMargin = 5, kAccentRadius = 6;
 constexpr unsigned kAccentColor = 0xA5666C;
 constexpr double kTitleSize = 12, kCaptionSize = 11, kTitleKern = 0.4;
 
+std::string identifierOf(const GalleryPage& page, const ExhibitRow& row, std::string_view state) {
+    return std::string(page.name) + "/" + std::string(row.key) + "/" + std::string(state);
+}
+
 } // namespace
 
 PageView::PageView(const Rect& frame, const GalleryPage& page, StereoFeed& feed, const Exhibit::Report& report)
     : View(frame), contentHeight_(kTop) {
-    for (const ExhibitRow& row : page.rows)
-        addRow(page, row, feed, report);
+    if (page.flow == PageFlow::tiles) {
+        addTiles(page, feed, report);
+    } else {
+        for (const ExhibitRow& row : page.rows)
+            addRow(page, row, feed, report);
+    }
     redraw();
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { redraw(); });
 }
 
-void PageView::addRow(const GalleryPage& page, const ExhibitRow& row, StereoFeed& feed, const Exhibit::Report& report) {
+void PageView::addRow(const GalleryPage& page, const ExhibitRow& row, StereoFeed& feed, const Report& report) {
     addText(std::string(row.title), {kMargin, contentHeight_, bounds().width - 2 * kMargin, kTitleHeight}, true);
-    const double pitch = std::max(row.size.width, kLeastWidth) + kGapX;
     const double margin = row.surface == ExhibitSurface::accent ? kAccentMargin : 0;
-    const double lineHeight = row.size.height + 2 * margin + kCaptionGap + kCaptionHeight;
-    double x = kMargin, y = contentHeight_ + kTitleHeight + kTitleGap + margin;
+    const Size place = {row.size.width + 2 * margin, row.size.height + 2 * margin};
+    const double pitch = std::max(place.width, kLeastWidth) + kGapX;
+    const double lineHeight = place.height + kCaptionGap + kCaptionHeight;
+    double x = kMargin, y = contentHeight_ + kTitleHeight + kTitleGap;
     for (const auto& [state, name] : exhibitStates()) {
         auto exhibit = Exhibit::make(row, state, {0, 0, row.size.width, row.size.height}, feed);
         if (!exhibit) continue;
-        if (x + row.size.width > bounds().width - kMargin) {
+        if (x + place.width > bounds().width - kMargin) {
             x = kMargin;
             y += lineHeight + kRowGap;
         }
-        exhibit->setFrame({x, y, row.size.width, row.size.height});
-        exhibit->setIdentifier(std::string(page.name) + "/" + std::string(row.key) + "/" + std::string(name));
-        exhibit->setReport(report);
-        const std::string caption = row.kind == ExhibitKind::display ? "live" : std::string(name);
-        addText(caption, {x, y + row.size.height + margin + kCaptionGap, pitch - kGapX, kCaptionHeight}, false);
-        if (row.surface == ExhibitSurface::accent) addAccent(exhibit->frame().insetBy(-margin, -margin));
-        exhibits_.push_back(&addSubview(std::move(exhibit)));
+        addText(std::string(name), {x, y + place.height + kCaptionGap, pitch - kGapX, kCaptionHeight}, false);
+        if (row.surface == ExhibitSurface::accent) addAccent({x, y, place.width, place.height});
+        addExhibit(std::move(exhibit), identifierOf(page, row, name), {x + margin, y + margin}, report);
         x += pitch;
     }
-    contentHeight_ = y - margin + lineHeight + kRowGap;
+    contentHeight_ = y + lineHeight + kRowGap;
+}
+
+// The tiles of a line are as high as one another.
+void PageView::addTiles(const GalleryPage& page, StereoFeed& feed, const Report& report) {
+    double x = kMargin, top = contentHeight_;
+    for (const ExhibitRow& row : page.rows) {
+        if (x + row.size.width > bounds().width - kMargin) {
+            x = kMargin;
+            top = contentHeight_;
+        }
+        const double y = top + kTitleHeight + kTitleGap;
+        contentHeight_ = y + row.size.height + kCaptionGap + kCaptionHeight + kRowGap;
+        addText(std::string(row.title), {x, top, row.size.width, kTitleHeight}, true);
+        addText(std::string(row.caption), {x, y + row.size.height + kCaptionGap, row.size.width, kCaptionHeight},
+                false);
+        const auto& [state, name] = exhibitStates().front();
+        if (auto exhibit = Exhibit::make(row, state, {0, 0, row.size.width, row.size.height}, feed))
+            addExhibit(std::move(exhibit), identifierOf(page, row, name), {x, y}, report);
+        x += row.size.width + kGapX;
+    }
+}
+
+void PageView::addExhibit(std::unique_ptr<Exhibit> exhibit, const std::string& identifier, Point at,
+                          const Report& report) {
+    exhibit->setFrame({at.x, at.y, exhibit->bounds().width, exhibit->bounds().height});
+    exhibit->setIdentifier(identifier);
+    exhibit->setReport(report);
+    exhibits_.push_back(&addSubview(std::move(exhibit)));
 }
 
 void PageView::addAccent(const Rect& frame) {

@@ -24,7 +24,10 @@ private:
         std::string text;
         bool isTitle = false;
     };
-    void addRow(const GalleryPage& page, const ExhibitRow& row, StereoFeed& feed, const Exhibit::Report& report);
+    using Report = Exhibit::Report;
+    void addRow(const GalleryPage& page, const ExhibitRow& row, StereoFeed& feed, const Report& report);
+    void addTiles(const GalleryPage& page, StereoFeed& feed, const Report& report);
+    void addExhibit(std::unique_ptr<Exhibit> exhibit, const std::string& identifier, Point at, const Report& report);
     void addAccent(const Rect& frame); // under an exhibit that is made for it
     void addText(const std::string& text, const Rect& frame, bool isTitle);
     void redraw();

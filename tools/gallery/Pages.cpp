@@ -70,10 +70,11 @@ std::vector<GalleryPage> makePages() {
          {{"QVMSymbolButton", Kind::symbolButton, "Gear", kButton, "\uE102", kAccent},
           {"QVMSymbolButton, smaller", Kind::symbolButton, "Undo", kSmallButton, "\uE104", kAccent},
           {"QVMMeterButton", Kind::meterButton, "Reading", kReading, "dB", kAccent}}},
-        {"Displays", {}},
+        {"Displays", {}, PageFlow::tiles},
     };
     for (const GalleryDisplay& display : galleryDisplays())
-        pages.back().rows.push_back({display.title, Kind::display, display.title, display.size});
+        pages.back().rows.push_back(
+            {display.title, Kind::display, display.key, display.size, {}, ExhibitSurface::panel, display.caption});
     return pages;
 }
 

@@ -17,7 +17,7 @@ enum class ExhibitKind : unsigned char {
     range,        // the two ends of a range and their band; `key` names the low end, `otherKey` the high one
     symbolButton, // `otherKey` is its glyph
     meterButton,  // `otherKey` is its unit
-    display       // a live display by its name
+    display       // a live display by its key
 };
 
 // How a thing is shown. Each row shows the states that its kind has.
@@ -45,6 +45,9 @@ std::span<const ExhibitStateName> exhibitStates();
 // What a row's things stand on: some are made for one of them.
 enum class ExhibitSurface : unsigned char { panel, accent };
 
+// How the rows of a page stand: one under the other, or side by side for as long as there is room.
+enum class PageFlow : unsigned char { rows, tiles };
+
 struct ExhibitRow {
     std::string_view title;
     ExhibitKind kind;
@@ -52,11 +55,13 @@ struct ExhibitRow {
     Size size; // points, of each exhibit
     std::string_view otherKey = {};
     ExhibitSurface surface = ExhibitSurface::panel;
+    std::string_view caption = {}; // instead of the names of states
 };
 
 struct GalleryPage {
     std::string_view name; // one word, on its tab and for --page
     std::vector<ExhibitRow> rows;
+    PageFlow flow = PageFlow::rows;
 };
 
 // All pages, in the order of their tabs. Main thread.

@@ -11,7 +11,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double kSmoothingSeconds = 0.1, kFloorDb = -60;
-constexpr double kBarHeight = 12, kLabelWidth = 44, kReadingWidth = 60, kGap = 8; // points
+constexpr double kBarHeight = 12, kTextHeight = 20, kGap = 4; // points
 constexpr unsigned kBarColor = 0xA5666C;
 
 double decibels(double square) {
@@ -24,7 +24,7 @@ SignalView::SignalView(const Rect& frame, StereoFeed& feed) : View(frame), sampl
     const double pitch = bounds().height / static_cast<double>(bars_.size());
     const char* const names[] = {"Left", "Right", "Alike"};
     for (std::size_t i = 0; i < bars_.size(); ++i)
-        bars_[i] = addBar(names[i], pitch * static_cast<double>(i) + (pitch - kBarHeight) / 2);
+        bars_[i] = addBar(names[i], pitch * static_cast<double>(i) + (pitch - kTextHeight - kGap - kBarHeight) / 2);
     redraw();
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { redraw(); });
@@ -40,12 +40,11 @@ SignalView::Bar SignalView::addBar(const char* name, double y) {
     bar.label->setName(name);
     bar.label->setAlignment(TextAlignment::left);
     bar.reading->setAlignment(TextAlignment::right);
-    const double width = bounds().width - kLabelWidth - kReadingWidth - 2 * kGap;
-    bar.label->setFrame({0, y - kGap, kLabelWidth, kBarHeight + 2 * kGap});
-    bar.track->setFrame({kLabelWidth + kGap, y, width, kBarHeight});
+    bar.label->setFrame({0, y, bounds().width / 2, kTextHeight});
+    bar.reading->setFrame({bounds().width / 2, y, bounds().width / 2, kTextHeight});
+    bar.track->setFrame({0, y + kTextHeight + kGap, bounds().width, kBarHeight});
     bar.track->setCornerRadius(kBarHeight / 2);
     bar.fill->setCornerRadius(kBarHeight / 2);
-    bar.reading->setFrame({bounds().width - kReadingWidth, y - kGap, kReadingWidth, kBarHeight + 2 * kGap});
     return bar;
 }
 

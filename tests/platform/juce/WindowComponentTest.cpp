@@ -1,6 +1,7 @@
 // What a window paints, and when.
 #include "platform/juce/WindowComponent.h"
 
+#include "platform/GLLayer.h"
 #include "platform/Transaction.h"
 #include "platform/VirtualTime.h"
 #include "platform/juce/Conversions.h"
@@ -169,6 +170,44 @@ TEST_F(WindowComponentTest, AnimationGetsAFrameWithEachRefreshUntilItsEnd) {
     EXPECT_GE(frames, 5);
     EXPECT_LE(frames, 9);
     EXPECT_EQ(square->presentation().position.x, 75);
+}
+
+// Each picture of it takes a tenth of a second.
+class SlowLayer final : public GLLayer {
+public:
+    explicit SlowLayer(VirtualTime& time) : time_(time) {}
+
+protected:
+    void draw(DrawingSurface&) const override { time_.advance(0.1); }
+
+private:
+    VirtualTime& time_;
+};
+
+TEST_F(WindowComponentTest, AfterALongFrameItRestsSoThatInputIsSeen) {
+    const auto slow = std::make_shared<SlowLayer>(time);
+    slow->setFrame({50, 10, 10, 10});
+    component->window().contentView()->layer()->addSublayer(slow);
+    settle();
+    const auto drawsAfter = [&](double seconds) {
+        time.advance(seconds);
+        peer().repaints.clear();
+        slow->setNeedsDisplay();
+        runPostedMessages();
+        peer().vBlank();
+        return !peer().repaints.empty();
+    };
+    EXPECT_TRUE(drawsAfter(0));
+    EXPECT_FALSE(drawsAfter(0.03)) << "it drew for a tenth of a second";
+    EXPECT_FALSE(drawsAfter(0.01));
+    EXPECT_TRUE(drawsAfter(0.02));
+    slow->setHidden(true);
+    time.advance(0.06);
+    peer().vBlank();
+    for (int i = 0; i < 3; ++i) {
+        square->setBackgroundColor(i % 2 == 0 ? blue : red);
+        EXPECT_TRUE(drawsAfter(1.0 / 60)) << "quick frames come with each refresh";
+    }
 }
 
 TEST_F(WindowComponentTest, HiddenWindowDrawsNothingUntilItIsShown) {
