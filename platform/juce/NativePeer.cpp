@@ -4,6 +4,8 @@
 
 #include "platform/juce/NativePeer.h"
 
+#include <juce_events/native/juce_linux_EventLoopInternal.h>
+
 namespace juce {
 
 namespace {
@@ -62,6 +64,24 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
     constexpr long keyEvents = KeyPressMask | KeyReleaseMask;
     const long others = attributes.your_event_mask & ~keyEvents;
     X11Symbols::getInstance()->xSelectInput(display, window, keys == PeerKeys::taken ? others | keyEvents : others);
+}
+
+void dispatchEventsRead() {
+    const auto openDisplay = []() -> ::Display* {
+        const XWindowSystem* const system = XWindowSystem::getInstanceWithoutCreating();
+        return system != nullptr ? system->getDisplay() : nullptr;
+    };
+    ::Display* const display = openDisplay();
+    if (display == nullptr) return;
+    const XWindowSystemUtilities::ScopedXLock lock;
+    // What an answer brought along waits below Xlib's own queue, where only reading finds it.
+    if (X11Symbols::getInstance()->xEventsQueued(display, QueuedAfterReading) == 0) return;
+    // As a message of its own: what the events lead to may take away whoever calls.
+    MessageManager::callAsync([openDisplay] {
+        if (::Display* const stillOpen = openDisplay())
+            LinuxEventLoopInternal::invokeEventLoopCallbackForFd(
+                X11Symbols::getInstance()->xConnectionNumber(stillOpen));
+    });
 }
 
 bool isSuperKeyDown(ComponentPeer& peer) {

@@ -85,6 +85,7 @@ void WindowComponent::handleAsyncUpdate() {
 }
 
 void WindowComponent::refresh() {
+    juce::dispatchEventsRead();
     if (RunLoop::main().now() - lastLookAround_ >= lookAroundSeconds) lookAround();
     if ((isFrameWanted_ || renderer_.isAnimating()) && isShowing()) frame();
     // A window that was moved, or put on another screen, is at the display's rate again without a word.
