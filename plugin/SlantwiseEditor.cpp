@@ -9,7 +9,6 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double gestureCheckSeconds = 1.0 / 60;
-constexpr double programWatchSeconds = 0.25;
 
 } // namespace
 
@@ -31,19 +30,10 @@ SlantwiseEditor::~SlantwiseEditor() {
     component_.window().takeContentView();
 }
 
-void SlantwiseEditor::parentHierarchyChanged() {
-    juce::AudioProcessorEditor::parentHierarchyChanged();
-    if (getPeer())
-        watchProgram();
-    else
-        programWatch_.cancel();
-}
-
-void SlantwiseEditor::watchProgram() {
+void SlantwiseEditor::adoptProgram() {
     const std::int32_t index = processor_.unit().presetIndex();
     const auto chosen = static_cast<std::uint32_t>(index);
     if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
-    programWatch_.schedule(programWatchSeconds, [this] { watchProgram(); });
 }
 
 void SlantwiseEditor::resized() {

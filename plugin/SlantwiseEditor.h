@@ -25,17 +25,17 @@ public:
 private:
     // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
     void endGesturesSoon();
-    // Names the program that the host has chosen meanwhile, if any, and looks again soon. Only while the editor is in a
-    // window: before that, another thread may be serving the timers.
-    void watchProgram();
-    void parentHierarchyChanged() override;
+    // Names the program that the host has chosen meanwhile, if any. With every refresh of the window, which comes
+    // anyway, and so never before there is one: until then another thread may be serving the timers.
+    void adoptProgram();
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
-    DelayedCall gestureEnd_, programWatch_;
+    DelayedCall gestureEnd_;
+    juce::VBlankAttachment refresh_{this, [this] { adoptProgram(); }};
 };
 
 } // namespace QVM_NAMESPACE

@@ -2,9 +2,9 @@
 // that is compiled here, with these functions behind it.
 #include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
 
-#include <juce_events/native/juce_linux_EventLoopInternal.h>
-
 #include "platform/juce/NativePeer.h"
+
+#include <juce_events/native/juce_linux_EventLoopInternal.h>
 
 namespace juce {
 
@@ -66,15 +66,22 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
     X11Symbols::getInstance()->xSelectInput(display, window, keys == PeerKeys::taken ? others | keyEvents : others);
 }
 
-void takeUnseenEvents(ComponentPeer& peer) {
-    if (windowOf(peer) == 0) return;
-    ::Display* const display = XWindowSystem::getInstance()->getDisplay();
-    {
-        const XWindowSystemUtilities::ScopedXLock lock;
-        if (X11Symbols::getInstance()->xPending(display) == 0) return;
-    }
-    const int connection = X11Symbols::getInstance()->xConnectionNumber(display);
-    MessageManager::callAsync([connection] { LinuxEventLoopInternal::invokeEventLoopCallbackForFd(connection); });
+void dispatchEventsRead() {
+    const auto openDisplay = []() -> ::Display* {
+        const XWindowSystem* const system = XWindowSystem::getInstanceWithoutCreating();
+        return system != nullptr ? system->getDisplay() : nullptr;
+    };
+    ::Display* const display = openDisplay();
+    if (display == nullptr) return;
+    const XWindowSystemUtilities::ScopedXLock lock;
+    // What an answer brought along waits below Xlib's own queue, where only reading finds it.
+    if (X11Symbols::getInstance()->xEventsQueued(display, QueuedAfterReading) == 0) return;
+    // As a message of its own: what the events lead to may take away whoever calls.
+    MessageManager::callAsync([openDisplay] {
+        if (::Display* const stillOpen = openDisplay())
+            LinuxEventLoopInternal::invokeEventLoopCallbackForFd(
+                X11Symbols::getInstance()->xConnectionNumber(stillOpen));
+    });
 }
 
 bool isSuperKeyDown(ComponentPeer& peer) {

@@ -30,10 +30,11 @@ struct NativeKey {
 // were set for a peer once.
 std::optional<NativeKey> dispatchedKey();
 
-// Has the events dealt with, soon and by a message, that came in without the toolkit's notice. It waits for data on the
-// connection to the X server; but to learn that a picture has arrived, it reads all that is there and keeps the rest,
-// such as a click, until the next data come at a better time. While something is animated that can take seconds.
-void takeUnseenEvents(ComponentPeer& peer);
+// Sees to it that the events which the toolkit has read and not dispatched are dispatched next. It reads some whenever
+// it waits for an answer of the X server, and then sleeps until the server sends more: a click that was read that way
+// is acted on with the next one. Call now and then, best with every refresh; costs next to nothing while there are
+// none. Does nothing without an X server.
+void dispatchEventsRead();
 
 // Whether a Super key is held. Asks the X server.
 bool isSuperKeyDown(ComponentPeer& peer);

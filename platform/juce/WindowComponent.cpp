@@ -86,7 +86,7 @@ void WindowComponent::handleAsyncUpdate() {
 }
 
 void WindowComponent::refresh() {
-    if (juce::ComponentPeer* peer = getPeer()) juce::takeUnseenEvents(*peer);
+    juce::dispatchEventsRead();
     if (RunLoop::main().now() - lastLookAround_ >= lookAroundSeconds) lookAround();
     if ((isFrameWanted_ || renderer_.isAnimating()) && isShowing() && mayDraw()) frame();
     // A window that was moved, or put on another screen, is at the display's rate again without a word.

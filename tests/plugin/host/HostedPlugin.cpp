@@ -1,5 +1,7 @@
 #include "plugin/host/HostedPlugin.h"
 
+#include "platform/juce/NativePeer.h"
+
 namespace juce {
 // The toolkit's own step of its message loop, which it declares in no public header.
 bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
@@ -28,10 +30,13 @@ juce::PluginDescription describe(juce::AudioPluginFormat& format, Format kind) {
 class HostedPlugin::EditorWindow final : public juce::DocumentWindow {
 public:
     EditorWindow(juce::AudioProcessorEditor& editor, std::vector<std::string>& keys)
-        : juce::DocumentWindow("Slantwise test host", juce::Colours::black, closeButton), keys_(keys) {
+        : juce::DocumentWindow("Slantwise test host", juce::Colours::black, closeButton, false), keys_(keys) {
+        // It comes to the screen once it has its size: the answers of a window manager that still places the first size
+        // while the second one is asked for would take the toolkit back to the first.
         setUsingNativeTitleBar(true);
         setContentNonOwned(&editor, true);
         setTopLeftPosition(120, 120);
+        addToDesktop();
         setVisible(true);
     }
     void closeButtonPressed() override {}
@@ -86,6 +91,8 @@ juce::Point<int> HostedPlugin::onScreen(double x, double y) const {
 }
 
 void HostedPlugin::step() {
+    // The toolkit's loop forgets events that it has read while it waited for an answer; the loops of most hosts don't.
+    juce::dispatchEventsRead();
     if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
     const double now = juce::Time::getMillisecondCounterHiRes();
     if (now < nextBlock_) return;

@@ -25,11 +25,13 @@ protected:
         ASSERT_NE(plugin_.instance(), nullptr) << plugin_.error();
     }
 
-    // Opens the editor and waits until it has painted its handles.
+    // Opens the editor and waits until it has painted its handles and the host's window has the keyboard: a host that
+    // is only being activated takes the focus away from an editor that was clicked already.
     void open() {
         screen_.movePointer(5, 5);
         plugin_.openEditor();
         EXPECT_TRUE(comesTrue([this] { return pictureOf(map_.frameOf(tiltGain)).countOf(gainColour, 4) > 200; }));
+        EXPECT_TRUE(comesTrue([this] { return plugin_.editor()->getPeer()->isFocused(); }));
         plugin_.recorder().lines.clear();
     }
 

@@ -138,6 +138,21 @@ TEST_F(Jalv, ShowsTheEditorAndPointerAndKeysWorkInIt) {
     EXPECT_EQ(closeEditor(), 0) << logText();
 }
 
+// While the editor has the keyboard; Control and Q end jalv.
+TEST_F(Jalv, AShortcutReachesTheHostAfterAClickOnASlider) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    const auto focusBefore = screen_.focus();
+    dragGain(0, 3);
+    EXPECT_TRUE(waitFor([&] { return screen_.focus() != focusBefore; })) << "the editor has the keyboard";
+    screen_.typeKey("q");
+    rest(0.3);
+    EXPECT_TRUE(jalv_->isRunning()) << "the negative control: Q alone ends nothing";
+    screen_.key("Control_L", true);
+    screen_.typeKey("q");
+    screen_.key("Control_L", false);
+    EXPECT_EQ(jalv_->exitStatus(5), 0) << logText();
+}
+
 TEST_F(Jalv, ClosesAndOpensAgain) {
     for (int i = 0; i < 2; ++i) {
         ASSERT_NO_FATAL_FAILURE(openEditor());

@@ -1,6 +1,8 @@
-// An editor of this program's own, in a real window: what it learns about being seen.
+// An editor of this program's own, in a real window: what it learns about being seen, and of the pointer.
 #include "platform/Window.h"
+#include "platform/juce/NativePeer.h"
 #include "plugin/SlantwiseEditor.h"
+#include "plugin/host/XScreen.h"
 
 #include <gtest/gtest.h>
 
@@ -49,6 +51,27 @@ TEST_F(OnARealScreen, TheWindowIsHiddenWhileItIsMinimised) {
     EXPECT_TRUE(becomesVisible(false));
     frame_.setMinimised(false);
     EXPECT_TRUE(becomesVisible(true));
+}
+
+// The toolkit reads events while it waits for an answer of the server, and sleeps on them.
+TEST_F(OnARealScreen, AnEventThatIsReadWithAnAnswerIsNotLeftWaitingForTheNext) {
+    struct Moves final : juce::MouseListener {
+        int count = 0;
+        void mouseMove(const juce::MouseEvent&) override { ++count; }
+    } moves;
+    slantwise_tests::XScreen screen;
+    const auto corner = editor_.localPointToGlobal(juce::Point<int>(10, 200));
+    screen.movePointer(corner.x, corner.y);
+    pump(0.5);
+    ASSERT_TRUE(becomesVisible(true));
+    editor_.addMouseListener(&moves, true);
+    pump(2); // all is quiet
+    const int before = moves.count;
+    screen.movePointer(corner.x + 5, corner.y);
+    juce::isSuperKeyDown(*editor_.getPeer()); // asks the server, whose answer comes behind the event
+    pump(0.5);
+    EXPECT_GT(moves.count, before);
+    editor_.removeMouseListener(&moves);
 }
 
 TEST_F(OnARealScreen, TheWindowIsHiddenWithTheOneAroundIt) {
