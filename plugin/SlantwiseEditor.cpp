@@ -4,17 +4,20 @@
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 namespace {
 
 constexpr double gestureCheckSeconds = 1.0 / 60;
-constexpr double programWatchSeconds = 0.25;
+constexpr double hostWatchSeconds = 0.25;
 
 } // namespace
 
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
-    : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding) {
+    : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding),
+      restores_(owner.unit().restoreCount()) {
     // A host may open the editor on another thread than the one that served messages so far.
     RunLoop::main().becomeMainThread();
     view_ =
@@ -34,16 +37,18 @@ SlantwiseEditor::~SlantwiseEditor() {
 void SlantwiseEditor::parentHierarchyChanged() {
     juce::AudioProcessorEditor::parentHierarchyChanged();
     if (getPeer())
-        watchProgram();
+        watchHost();
     else
-        programWatch_.cancel();
+        hostWatch_.cancel();
 }
 
-void SlantwiseEditor::watchProgram() {
+void SlantwiseEditor::watchHost() {
     const std::int32_t index = processor_.unit().presetIndex();
     const auto chosen = static_cast<std::uint32_t>(index);
     if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
-    programWatch_.schedule(programWatchSeconds, [this] { watchProgram(); });
+    const std::uint32_t restores = processor_.unit().restoreCount();
+    if (std::exchange(restores_, restores) != restores) view_->adoptAlternateState();
+    hostWatch_.schedule(hostWatchSeconds, [this] { watchHost(); });
 }
 
 void SlantwiseEditor::resized() {

@@ -25,9 +25,10 @@ public:
 private:
     // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
     void endGesturesSoon();
-    // Names the program that the host has chosen meanwhile, if any, and looks again soon. Only while the editor is in a
-    // window: before that, another thread may be serving the timers.
-    void watchProgram();
+    // Takes over a program that the host has chosen meanwhile and the A/B slots of a state that it has restored, if
+    // any, and looks again soon. Only while the editor is in a window: before that, another thread may be serving the
+    // timers.
+    void watchHost();
     void parentHierarchyChanged() override;
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
@@ -35,7 +36,8 @@ private:
     SlantwiseProcessor& processor_;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
-    DelayedCall gestureEnd_, programWatch_;
+    DelayedCall gestureEnd_, hostWatch_;
+    std::uint32_t restores_; // of the unit, as far as the editor has followed them
 };
 
 } // namespace QVM_NAMESPACE

@@ -32,6 +32,7 @@ protected:
     // A new editor on the unit as it is, as when a host closes the old one and opens it again.
     void reopen(const std::string& presetName) {
         ui_->setDelegate(nullptr);
+        delegate_.vizRef = nullptr;
         auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, QVMConfig::inlinedConfig(), 2, 2);
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
             ui->setMemoizedPValueDirectlyValue(pid, GetParameter(pid)->heldValueFromHostValue(delegate_.unit[pid]));
