@@ -119,6 +119,8 @@ public:
     void toggleFrame();
     void toggleDoubleWide() { gearTapped(); }
     void gearTapped();
+    // Opens the advanced drawer when the control with the focus is in there: whoever tabs to it sees where he is.
+    void revealFocusedControl();
     std::int32_t altFrame() const { return altFrame_; }
     float currentScale() const { return currentScale_; }
     void setBackingScaleOnViewRecursively(View& view);

@@ -96,7 +96,7 @@ void QVMGenericUI::hideClumpsView() {
 
 void QVMGenericUI::showClumpsView() {
     hideClumpsViewCall_.cancel();
-    if (clumpsView_) clumpsView_->setHidden(clumpsView_->frame().isEmpty());
+    if (clumpsView_) clumpsView_->setHidden(clumpsView_->frame().intersectionWith(bounds()).isEmpty());
 }
 
 void QVMGenericUI::drawerDidTapMiniature(QVMDrawerView&, std::int32_t code) {

@@ -20,11 +20,12 @@ constexpr std::int32_t altFrameCount = 3, frameStep = 2;
 constexpr double compactButtonInset = 6; // points
 constexpr double drawerEndSeconds = 0.5; // until a drawer that was told to close is out of the way
 
-// What has no room in a layout is not part of it; its content would show all the same.
-void place(View* view, const Rect& frame) {
+// What has no room in a layout, or stands outside the view it is in, is not part of it; its content would show all the
+// same, or an edge of it where a fraction of a pixel is rounded up.
+void place(View* view, const Rect& frame, const Rect& room) {
     if (!view) return;
     view->setFrame(frame);
-    view->setHidden(frame.isEmpty());
+    view->setHidden(frame.intersectionWith(room).isEmpty());
 }
 
 } // namespace
@@ -48,11 +49,11 @@ void QVMGenericUI::assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleC
 void QVMGenericUI::assumeFrames() {
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
     setFrame(layout.editor);
-    place(clumpsView_, layout.clumpsView);
-    place(presetBar_, layout.presetBar);
-    place(powerBox_, layout.powerBox);
-    place(parameterControlWithPid(0), layout.powerControl);
-    place(advClumpsView_, layout.advClumpsView);
+    place(clumpsView_, layout.clumpsView, layout.editor);
+    place(presetBar_, layout.presetBar, layout.editor);
+    place(powerBox_, layout.powerBox, layout.editor);
+    place(parameterControlWithPid(0), layout.powerControl, {0, 0, layout.powerBox.width, layout.powerBox.height});
+    place(advClumpsView_, layout.advClumpsView, layout.advClumpsView); // beside the editor, ready to be shown
     if (powerBox_) powerBox_->assumeLayout(layout);
     if (sketch_) sketch_->setFrame(layout.sketchPlace);
     layOutFrameButton();
@@ -65,9 +66,9 @@ void QVMGenericUI::layOutFrameButton() {
     const Rect curve = layout.sketchPlace.offsetBy(layout.powerBox.x, layout.powerBox.y);
     const bool isCompact = altFrame_ == QVMAltFrameCompact;
     const double inset = isCompact ? compactButtonInset : 0;
-    place(frameButton_, curve.isEmpty() ? Rect{}
-                                        : Rect{curve.maxX() - FrameButton::size.width - inset, curve.y + inset,
-                                               FrameButton::size.width, FrameButton::size.height});
+    const Rect corner = {curve.maxX() - FrameButton::size.width - inset, curve.y + inset, FrameButton::size.width,
+                         FrameButton::size.height};
+    place(frameButton_, curve.isEmpty() ? Rect{} : corner, layout.editor);
     frameButton_->setDestination(isCompact ? FrameButton::Destination::wholeEditor
                                            : FrameButton::Destination::compactForm);
 }
@@ -94,6 +95,13 @@ void QVMGenericUI::assumeNextFrame() {
 
 void QVMGenericUI::gearTapped() {
     requestFrame(altFrame_ == QVMAltFrameDoubleWide ? QVMAltFrameNormal : QVMAltFrameDoubleWide);
+}
+
+void QVMGenericUI::revealFocusedControl() {
+    const View* outer = focusedControl_;
+    while (outer && outer != advClumpsView_)
+        outer = outer->superview();
+    if (outer && altFrame_ == QVMAltFrameNormal) requestFrame(QVMAltFrameDoubleWide);
 }
 
 void QVMGenericUI::meterTapped() {

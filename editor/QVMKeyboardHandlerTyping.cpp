@@ -62,6 +62,7 @@ bool QVMKeyboardHandler::tabToNextControlWithDirection(int direction) {
     QVMParameterControl* control = focused();
     if (control && control->acceptsTransientStringBuffers()) sendCompletedNumberBuffer();
     ui_->bringParameterControlIntoFocus(adjacentParameterControlDirection(control, direction));
+    ui_->revealFocusedControl();
     resetNumberBuffer();
     return true;
 }

@@ -78,15 +78,20 @@ void QVM0015_CocoaView2::synchronise() {
     lastPreset_ = name ? *name : std::string();
     ui_->lastSavedPresetWasNamed(lastPreset_);
 
+    adoptAlternateState();
+
+    uiState_ = 0;
+    getProperty(kQVMProperty_InterfaceState, uiState_);
+    ui_->restoreUIState(uiState_);
+}
+
+void QVM0015_CocoaView2::adoptAlternateState() {
+    if (!ui_) return;
     QVMABRecord record;
     getProperty(kQVMProperty_ABState, record);
     abSettings_ = record.settings ? *record.settings : std::string();
     abState_ = {record.state, 0, &abSettings_};
     ui_->restoreABStateSettings(abState_.state, abSettings_);
-
-    uiState_ = 0;
-    getProperty(kQVMProperty_InterfaceState, uiState_);
-    ui_->restoreUIState(uiState_);
 }
 
 void QVM0015_CocoaView2::release() {

@@ -17,9 +17,14 @@ double toWholePixel(double x) {
     return std::floor(x + 0.5);
 }
 
-// The edge of something `length` pixels long that starts at `start`: whole, and never the start itself.
+// Of something `length` pixels long that starts at `start`: whole, and never nothing. Boxes end where their neighbour
+// starts; lines have no neighbour to meet, but other lines to look like: their thickness is the same wherever they are.
 double wholeLength(double start, double length) {
-    return length > 0 ? std::max(1.0, toWholePixel(start + length) - toWholePixel(start)) : 0;
+    constexpr double thickestLine = 3; // pixels
+    if (!(length > 0)) return 0;
+    const double whole =
+        length < thickestLine ? toWholePixel(length) : toWholePixel(start + length) - toWholePixel(start);
+    return std::max(1.0, whole);
 }
 
 bool isVisibleAt(const Layer& layer, double time) {

@@ -4,6 +4,8 @@
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -13,7 +15,8 @@ constexpr double gestureCheckSeconds = 1.0 / 60;
 } // namespace
 
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
-    : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding) {
+    : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding),
+      restores_(owner.unit().restoreCount()) {
     // A host may open the editor on another thread than the one that served messages so far.
     RunLoop::main().becomeMainThread();
     view_ =
@@ -30,10 +33,12 @@ SlantwiseEditor::~SlantwiseEditor() {
     component_.window().takeContentView();
 }
 
-void SlantwiseEditor::adoptProgram() {
+void SlantwiseEditor::followHost() {
     const std::int32_t index = processor_.unit().presetIndex();
     const auto chosen = static_cast<std::uint32_t>(index);
     if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
+    const std::uint32_t restores = processor_.unit().restoreCount();
+    if (std::exchange(restores_, restores) != restores) view_->adoptAlternateState();
 }
 
 void SlantwiseEditor::resized() {

@@ -25,9 +25,10 @@ public:
 private:
     // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
     void endGesturesSoon();
-    // Names the program that the host has chosen meanwhile, if any. With every refresh of the window, which comes
-    // anyway, and so never before there is one: until then another thread may be serving the timers.
-    void adoptProgram();
+    // Takes over a program that the host has chosen meanwhile and the A/B slots of a state that it has restored, if
+    // any. With every refresh of the window, which comes anyway, and so never before there is one: until then another
+    // thread may be serving the timers.
+    void followHost();
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
 
@@ -35,7 +36,8 @@ private:
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
     DelayedCall gestureEnd_;
-    juce::VBlankAttachment refresh_{this, [this] { adoptProgram(); }};
+    std::uint32_t restores_; // of the unit, as far as the editor has followed them
+    juce::VBlankAttachment refresh_{this, [this] { followHost(); }};
 };
 
 } // namespace QVM_NAMESPACE

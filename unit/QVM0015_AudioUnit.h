@@ -50,6 +50,8 @@ public:
     // Sets every parameter that a factory preset has a value for, and names the preset; false for a number that no
     // preset has. Listeners are not told. Any thread, the render thread included: no lock, no memory.
     bool choosePreset(std::int32_t index);
+    // How often a state was restored. Whoever shows what is no parameter looks at this. Any thread, no lock.
+    std::uint32_t restoreCount() const { return settings_.restoreCount(); }
     // The number of the present preset, -1 when it is none of the factory's. Any thread.
     std::int32_t presetIndex() const { return settings_.presetIndex(); }
     // Called when another preset's name was set through the property, on the thread that set it; null for none. Main

@@ -21,6 +21,7 @@ void UnitSettings::restore(const SavedSettings& settings) {
     abState_ = settings.abState;
     abSettings_ = std::make_shared<std::string>(settings.abSettings);
     uiState_ = settings.uiState;
+    restoreCount_.fetch_add(1, std::memory_order_release);
 }
 
 void UnitSettings::namePreset(const std::string& name) {

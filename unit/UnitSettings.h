@@ -33,6 +33,8 @@ public:
 
     SavedSettings saved() const;
     void restore(const SavedSettings& settings);
+    // How often that was. Any thread, no lock.
+    std::uint32_t restoreCount() const { return restoreCount_.load(std::memory_order_acquire); }
 
     // Never null; see above for how long the text lives.
     const std::string* presetName();
@@ -66,6 +68,8 @@ private:
     // the choice sees the number as well.
     std::atomic<std::int32_t> presetIndex_ = -1;
     std::atomic<bool> chosenByNumber_ = false;
+
+    std::atomic<std::uint32_t> restoreCount_ = 0;
 
     mutable std::mutex mutex_;
     // All guarded by mutex_.

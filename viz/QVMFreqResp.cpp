@@ -30,6 +30,13 @@ std::vector<float> triangle(int half) {
     return kernel;
 }
 
+// What is dimmed here is dimmed as light is, colour and alpha alike: it is fainter, not darker. The surface takes
+// colours whose alpha is not in them.
+Color straight(const Color& dimmed) {
+    if (!(dimmed.a > 0)) return dimmed;
+    return {dimmed.r / dimmed.a, dimmed.g / dimmed.a, dimmed.b / dimmed.a, dimmed.a};
+}
+
 } // namespace
 
 void QVMFreqResp::init(PBGLCanvas canvas, float resolution, QVMFloat32Range freqRange, QVMFloat32Range range,
@@ -97,7 +104,7 @@ std::vector<float> QVMFreqResp::gridLevels() const {
 void QVMFreqResp::drawLevel(float level, float widthPoints, Color colour, bool dashed, DrawingSurface& surface) const {
     const std::array<float, 2> xs = {-1, 1}, ys = {heightOf(level), heightOf(level)};
     QVMLineAttributes line(canvas_);
-    line.colour = colour;
+    line.colour = straight(colour);
     line.widthPoints = widthPoints;
     line.xs = xs;
     line.ys = ys;
@@ -114,7 +121,7 @@ void QVMFreqResp::glDraw(DrawingSurface& surface) const {
     for (const Curve& c : curves_) {
         if (c.hidden) continue;
         QVMLineAttributes line(canvas_);
-        line.colour = c.colour;
+        line.colour = straight(c.colour);
         line.widthPoints = kCurveWidth;
         line.xs = std::span(c.clippedXs).first(c.pointCount);
         line.ys = std::span(c.clippedYs).first(c.pointCount);

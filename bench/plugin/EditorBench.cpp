@@ -1,4 +1,8 @@
 // What an open, a refresh and a frame cost, with no display: pixels go to a picture in memory.
+#include "controls/QVMSymbolButton.h"
+#include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
+#include "editor/QVMPresetBar.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/LayerRenderer.h"
 #include "platform/ManualTickSource.h"
@@ -12,6 +16,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <string>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -66,6 +71,7 @@ public:
         return pixels;
     }
 
+    QVMGenericUI& ui() { return editor_->view().ui(); }
     void automate(float position) { processor_.parameter(tiltGain).setValue(position); }
     void play(float amplitude) {
         for (int channel = 0; channel < 2; ++channel)
@@ -129,6 +135,54 @@ void BM_MeterFrame(benchmark::State& state) {
     measureFrames(state, frames, [&](int frame) { frames.play(frame % 2 ? 0.5f : 0.03f); });
 }
 
+// One of the user's commands with the display tick that follows, in which the values come back from the unit; what it
+// changes on screen is a frame like any other. Half of the iterations go there, half go back.
+template <class Command>
+void measureCommand(benchmark::State& state, Frames& frames, Command command) {
+    for (int i = 0; auto _ : state) {
+        command(i++ % 2 != 0);
+        frames.tick();
+    }
+}
+
+void choose(Frames& frames, const char* preset) {
+    frames.ui().requestPresetNamed(preset);
+    for (int i = 0; i < 60; ++i) // until undo has it
+        frames.tick();
+}
+
+void BM_ChoosePreset(benchmark::State& state) {
+    Frames frames(1);
+    measureCommand(state, frames, [&](bool back) { frames.ui().requestPresetNamed(back ? "Air" : "Cellphone"); });
+}
+
+void BM_UndoAndRedo(benchmark::State& state) {
+    Frames frames(1);
+    choose(frames, "Cellphone");
+    QVMKeyboardHandler& keyboard = frames.ui().keyboard();
+    measureCommand(state, frames, [&](bool back) {
+        const bool isDone = back ? keyboard.keyboardShortcutRedo() : keyboard.keyboardShortcutUndo();
+        if (!isDone) state.SkipWithError("nothing to undo");
+    });
+}
+
+void BM_FlipAB(benchmark::State& state) {
+    Frames frames(1);
+    choose(frames, "Cellphone");
+    QVMABControl& ab = frames.ui().presetBar()->ab();
+    measureCommand(state, frames, [&](bool) { ab.handleTap(ab.b()); });
+}
+
+void BM_Paste(benchmark::State& state) {
+    Frames frames(1);
+    choose(frames, "Cellphone");
+    QVMKeyboardHandler& keyboard = frames.ui().keyboard();
+    const std::string full = keyboard.currentParametersURLEncoded(), empty = full.substr(0, full.find('?') + 1);
+    measureCommand(state, frames, [&](bool back) {
+        if (!keyboard.applyURLEncodedPreset(back ? full : empty)) state.SkipWithError("refused");
+    });
+}
+
 void scalesAndBackends(benchmark::internal::Benchmark* bench) {
     bench->ArgNames({"scale", "gl"})->ArgsProduct({{1, 2}, {Frames::cpu, Frames::gl}})->Unit(benchmark::kMicrosecond);
 }
@@ -138,6 +192,10 @@ BENCHMARK(BM_IdleTick)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_IdleFrame)->Apply(scalesAndBackends);
 BENCHMARK(BM_AutomatedFrame)->Apply(scalesAndBackends);
 BENCHMARK(BM_MeterFrame)->Apply(scalesAndBackends);
+BENCHMARK(BM_ChoosePreset)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_UndoAndRedo)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_FlipAB)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Paste)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace QVM_NAMESPACE

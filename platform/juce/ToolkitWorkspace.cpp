@@ -85,11 +85,15 @@ std::optional<std::string> acceptedClipboardText(std::string text) {
 
 std::optional<std::string> ToolkitWorkspace::clipboardString() {
     if (!hasDisplay()) return std::nullopt;
-    return acceptedClipboardText(juce::SystemClipboard::getTextFromClipboard().toStdString());
+    if (clipboard_.isOurs()) return acceptedClipboardText(juce::SystemClipboard::getTextFromClipboard().toStdString());
+    return acceptedClipboardText(clipboard_.textOfOthers(longestClipboardText).value_or(std::string()));
 }
 
 void ToolkitWorkspace::setClipboardString(const std::string& text) {
-    if (hasDisplay()) juce::SystemClipboard::copyTextToClipboard(juce::String::fromUTF8(text.c_str()));
+    if (!hasDisplay()) return;
+    juce::SystemClipboard::copyTextToClipboard(juce::String::fromUTF8(text.c_str()));
+    juce::SystemClipboard::getTextFromClipboard(); // asks the server, which thereby hears of the copy
+    clipboard_.clipboardWasTaken();
 }
 
 bool isWebAddress(const std::string& address) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Workspace.h"
+#include "platform/juce/ClipboardText.h"
 
 #include <cstddef>
 
@@ -12,6 +13,9 @@ public:
     std::optional<std::string> clipboardString() override;
     void setClipboardString(const std::string& text) override;
     bool openUrl(const std::string& address) override;
+
+private:
+    ClipboardText clipboard_;
 };
 
 inline constexpr std::size_t longestClipboardText = 64 * 1024; // bytes

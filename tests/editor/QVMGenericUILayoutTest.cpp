@@ -44,6 +44,18 @@ TEST_F(QVMGenericUILayout, TheCompactFormIsThePowerBoxAlone) {
     EXPECT_TRUE(ui_->advClumpsView()->isHidden()); // or its content would lie over the box
 }
 
+TEST_F(QVMGenericUILayout, WhatStandsOutsideTheCompactFormIsNotShownAtItsEdge) {
+    ui_->toggleFrame();
+    EXPECT_TRUE(ui_->clumpsView()->isHidden());
+    EXPECT_TRUE(ui_->presetBar()->isHidden());
+    EXPECT_TRUE(control(0).isHidden());
+    EXPECT_FALSE(ui_->powerBox()->isHidden());
+    ui_->toggleFrame();
+    EXPECT_FALSE(ui_->clumpsView()->isHidden());
+    EXPECT_FALSE(ui_->presetBar()->isHidden());
+    EXPECT_FALSE(control(0).isHidden());
+}
+
 TEST_F(QVMGenericUILayout, TogglingTheFrameLeadsFromEveryLayoutToItsNext) {
     ui_->toggleFrame();
     EXPECT_EQ(ui_->altFrame(), 2);

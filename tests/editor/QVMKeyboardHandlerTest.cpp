@@ -96,6 +96,15 @@ TEST_F(QVMKeyboardHandlerTest, TabWalksTheTabOrderOverWhatHasNoControl) {
     }
 }
 
+TEST_F(QVMKeyboardHandlerTest, TabbingIntoTheClosedAdvancedDrawerOpensIt) {
+    focus(13);
+    tab();
+    EXPECT_EQ(ui_->altFrame(), 0);
+    tab();
+    EXPECT_EQ(focusedPid(), 14u);
+    EXPECT_EQ(ui_->altFrame(), 1);
+}
+
 TEST_F(QVMKeyboardHandlerTest, ShiftTabAndTheGraveKeyWalkBackwards) {
     focus(1);
     tab(EventModifier::shift);

@@ -69,6 +69,20 @@ TEST_F(OnTheRealUnit, ASavedStateCarriesTheEditorsSettingsToAnotherUnit) {
     }
 }
 
+TEST_F(OnTheRealUnit, TheSlotsOfARestoredStateCanBeTakenOverByTheOpenEditor) {
+    QVM0015_AudioUnit other;
+    const std::string settings = "1;2;3";
+    const QVMABRecord record{0, 0, &settings};
+    ASSERT_EQ(AudioUnitSetProperty(&other, kQVMProperty_ABState, kAudioUnitScope_Global, 0, &record, sizeof record),
+              noErr);
+    const std::uint32_t before = real.restoreCount();
+    ASSERT_EQ(real.restoreState(other.saveState()), UnitStateResult::ok);
+    EXPECT_EQ(real.restoreCount(), before + 1);
+    EXPECT_EQ(ui().abState(), 0U);
+    view->adoptAlternateState();
+    EXPECT_EQ(ui().abState(), 1U);
+}
+
 TEST_F(OnTheRealUnit, OpeningAndClosingManyTimesLeavesNothingBehind) {
     for (int i = 0; i < 50; ++i)
         view = make();

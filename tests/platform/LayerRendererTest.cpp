@@ -401,6 +401,24 @@ TEST_F(LayerRendererTest, NeighboursMeetAtEveryScale) {
     }
 }
 
+TEST_F(LayerRendererTest, EqualLinesAreEquallyThickWhereverTheyAre) {
+    for (const double scale : {1.25, 1.5, 1.75}) {
+        const auto sheet = std::make_shared<Layer>();
+        sheet->setFrame({0, 0, 200, 100});
+        for (int i = 0; i < 10; ++i)
+            added(*sheet, "line", {i * 13.0, i * 7.0, 1, 20});
+        renderer.setRootLayer(sheet);
+        renderer.setScale(scale);
+        update();
+        struct ThicknessTarget : QuietTarget {
+            std::vector<double> thicknesses;
+            void fill(const Rect& r, Color) override { thicknesses.push_back(r.width); }
+        } target;
+        renderer.compose(target, {0, 0, 400, 400});
+        EXPECT_EQ(target.thicknesses, std::vector(10, std::floor(scale + 0.5))) << scale;
+    }
+}
+
 TEST_F(LayerRendererTest, NonsenseGeometryIsNotDrawn) {
     update();
     button->setPosition({NAN, 5});

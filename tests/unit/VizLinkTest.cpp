@@ -189,6 +189,7 @@ TEST_F(UnitViz, ARestoredStateIsPosted) {
 }
 
 TEST_F(UnitViz, TheMeterShowsTheOutput) {
+    AudioUnitSetParameter(&unit, 8, 0, 0, 1, 0); // what leaves, not what comes in
     AudioUnitSetParameter(&unit, 7, 0, 0, -6, 0);
     play(0.5f, 4096); // past the gain's ramp
     play(0.5f, 512);

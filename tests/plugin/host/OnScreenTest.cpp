@@ -1,8 +1,11 @@
 // An editor of this program's own, in a real window: what it learns about being seen, and of the pointer.
+#include "editor/QVMGenericUI.h"
+#include "host/QVM0015_CocoaView2.h"
 #include "platform/Window.h"
 #include "platform/juce/NativePeer.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/XScreen.h"
+#include "unit/PrivateProperties.h"
 
 #include <gtest/gtest.h>
 
@@ -81,6 +84,22 @@ TEST_F(OnARealScreen, TheWindowIsHiddenWithTheOneAroundIt) {
     EXPECT_TRUE(becomesVisible(false));
     frame_.setVisible(true);
     EXPECT_TRUE(becomesVisible(true));
+}
+
+TEST_F(OnARealScreen, TheSlotsOfARestoredStateReachTheOpenEditor) {
+    SlantwiseProcessor saved;
+    const std::string settings = "1;2;3";
+    const QVMABRecord record{0, 0, &settings};
+    ASSERT_EQ(
+        AudioUnitSetProperty(&saved.unit(), kQVMProperty_ABState, kAudioUnitScope_Global, 0, &record, sizeof record),
+        noErr);
+    juce::MemoryBlock state;
+    saved.getStateInformation(state);
+    pump(0.5);
+    EXPECT_EQ(editor_.view().ui().abState(), 0U);
+    processor_.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
+    pump(1);
+    EXPECT_EQ(editor_.view().ui().abState(), 1U);
 }
 
 } // namespace
