@@ -224,5 +224,21 @@ TYPED_TEST(RenderPathOf, ANaNSampleDoesNotStickInTheMeterOrTheSignal) {
     EXPECT_LT(path.outputMeter().takePeak(0), 2.0F);
 }
 
+TEST(MeterMode, ShowsTheInputTheOutputOrWhatTheUnitAdds) {
+    const struct { float mode, peak; } rows[] = {{0, 0.5F}, {1, 1.0F}, {2, 0.5F}};
+    for (const auto& row : rows) {
+        RenderSettings settings;
+        settings.gain = 2;
+        settings.meter = static_cast<MeterMode>(static_cast<int>(row.mode));
+        RenderPath path;
+        path.prepare(48000, 1, 1, settings);
+        std::vector<float> signal(100);
+        signal[70] = -0.5F;
+        float* const all[] = {signal.data()};
+        path.process(all, all, 100, settings);
+        EXPECT_FLOAT_EQ(path.blockPeaks()[0], row.peak) << row.mode;
+    }
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

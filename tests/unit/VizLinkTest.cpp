@@ -191,7 +191,8 @@ TEST_F(UnitViz, ARestoredStateIsPosted) {
 TEST_F(UnitViz, TheMeterShowsTheOutput) {
     AudioUnitSetParameter(&unit, 8, 0, 0, 1, 0); // what leaves, not what comes in
     AudioUnitSetParameter(&unit, 7, 0, 0, -6, 0);
-    play(0.5f, 4096); // past the gain's ramp
+    AudioUnitSetParameter(&unit, 8, 0, 0, 1, 0); // after the gain, not before it
+    play(0.5f, 4096);                            // past the gain's ramp
     play(0.5f, 512);
     EXPECT_NEAR(drawing->levelMeter()->channel(0).level, -12.0f, 0.1);
     play(0.5f, 0);

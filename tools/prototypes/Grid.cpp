@@ -139,16 +139,17 @@ void TiltGrid::smooth() {
 
 std::vector<Cascade> filterGrid(FilterKind kind) {
     const auto target = [kind](double order) {
-        return kind == FilterKind::passed ? filterTarget(order) : removedTarget(order);
+        if (kind == FilterKind::passed) return filterTarget(order);
+        return kind == FilterKind::removed ? removedTarget(order) : removedRootTarget(order);
     };
     const auto orderAt = [](double index) { return std::pow(kHighestOrder, index / (kFilterNodes - 1)); };
-    const bool isPassed = kind == FilterKind::passed;
+    const bool fallsEasily = kind != FilterKind::removed; // no faster than the sections do
     // From the highest order down, which is Butterworth's with all zeros far away.
     Cascade cascade(kFilterSections);
     for (int i = 0; i < kFilterSections; ++i) {
         const double angle = std::numbers::pi * (2 * i + 1) / (4 * kFilterSections);
         cascade[i].den = {0, std::log(2 * std::sin(angle))};
-        cascade[i].num = {(isPassed ? 1.2 : 0.5) + 0.1 * i, isPassed ? 0.7 : -1.0};
+        cascade[i].num = {(fallsEasily ? 1.2 : 0.5) + 0.1 * i, fallsEasily ? 0.7 : -1.0};
     }
     cascade[0].num.isSingle = true;
     fit(cascade, target(kHighestOrder), 1e-6, 2000);

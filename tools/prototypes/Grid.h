@@ -27,7 +27,7 @@ private:
     std::vector<std::vector<Cascade>> nodes_;
 };
 
-enum class FilterKind { passed, removed };
+enum class FilterKind { passed, removed, removedRoot };
 
 // Filters of orders 1 to 8, ascending and even on a logarithmic scale.
 std::vector<Cascade> filterGrid(FilterKind kind);

@@ -64,4 +64,11 @@ Target removedTarget(double order) {
     return filterLike(order, removedLevel, [](double) { return 0.1; });
 }
 
+Target removedRootTarget(double order) {
+    Target t = removedTarget(order);
+    for (double& level : t.level)
+        level /= 2;
+    return t;
+}
+
 } // namespace prototypes

@@ -17,5 +17,6 @@ double removedLevel(double x, double order);
 Target tiltTarget(double span, double gain);
 Target filterTarget(double order);
 Target removedTarget(double order);
+Target removedRootTarget(double order);
 
 } // namespace prototypes

@@ -50,6 +50,7 @@ int main() {
     writeTilts(TiltGrid());
     writeFilters("filterTable", filterGrid(FilterKind::passed));
     writeFilters("removedTable", filterGrid(FilterKind::removed));
+    writeFilters("removedRootTable", filterGrid(FilterKind::removedRoot));
     std::printf("// clang-format on\n\n} // namespace QVM_NAMESPACE::dsp\n");
     return 0;
 }

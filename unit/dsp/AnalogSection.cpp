@@ -100,7 +100,8 @@ void makeFilter(FilterPart part, Direction direction, double order, double corne
                 std::span<AnalogSection, filterSections> out) {
     const Position byOrder(std::log(order) / std::log(highestOrder) * (filterNodes - 1), filterNodes);
     std::array<double, filterValues> values{};
-    byOrder.add(part == FilterPart::passed ? filterTable : removedTable, filterValues, filterValues, 1, values.data());
+    constexpr std::array<const float*, 3> tables = {filterTable, removedTable, removedRootTable}; // by part
+    byOrder.add(tables[static_cast<std::size_t>(part)], filterValues, filterValues, 1, values.data());
     const bool isLowPass = (direction == Direction::lowPass) == (part == FilterPart::passed);
     const double sign = isLowPass ? 1 : -1;
     for (std::size_t i = 0; i < filterSections; ++i) {

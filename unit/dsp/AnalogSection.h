@@ -32,8 +32,8 @@ struct AnalogSection {
     Powers powers() const;
 };
 
-// What of a filter is wanted.
-enum class FilterPart : unsigned char { passed, removed };
+// What of a filter is wanted. `removedRoot` has the square root of the magnitude of `removed`.
+enum class FilterPart : unsigned char { passed, removed, removedRoot };
 
 // The tilt: 0 dB far below `low` (hertz), twice `gain` (dB, -18 to 18) far above `high`, which counts as no less than
 // an octave above `low`.

@@ -1,5 +1,8 @@
 #include "unit/dsp/Corrector.h"
 
+#include "platform/VectorMath.h"
+#include "unit/dsp/DigitalSection.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -13,7 +16,7 @@ constexpr double kModelTop = 24000;                    // where the model ends
 constexpr double kLongAbove = 60000;
 constexpr double kBeyond = 0.03;     // weight above the top
 constexpr double kSmoothness = 2e-7; // of the sum of k^4 c_k^2
-constexpr double kMostNepers = 4;
+constexpr float kMostNepers = 4;
 
 } // namespace
 
@@ -27,11 +30,12 @@ void Corrector::prepare(double sampleRateHz, Quality quality) {
     std::array<std::array<double, points>, maxTerms> basis{};
     std::array<double, points> weights{};
     for (std::size_t i = 0; i < points; ++i) {
-        hertz_[i] = end * (static_cast<double>(i) + 0.5) / points;
-        squares_[i] = hertz_[i] * hertz_[i];
-        const double w = 2 * std::numbers::pi * hertz_[i] / sampleRateHz;
+        const double hertz = end * (static_cast<double>(i) + 0.5) / points;
+        squares_[i] = hertz * hertz;
+        const double w = 2 * std::numbers::pi * hertz / sampleRateHz;
         positions_[i] = std::pow(std::sin(w / 2), 2);
-        weights[i] = hertz_[i] <= top ? 1 : kBeyond;
+        modelPositions_[i] = Peak::modelPosition(hertz);
+        weights[i] = hertz <= top ? 1 : kBeyond;
         for (std::size_t k = 0; k < terms_; ++k)
             basis[k][i] = -2 * std::pow(std::sin(static_cast<double>(k + 1) * w / 2), 2);
     }
@@ -63,12 +67,19 @@ void Corrector::prepare(double sampleRateHz, Quality quality) {
 }
 
 void Corrector::taps(const Rest& rest, Taps& out) const {
+    std::array<float, points> nepers;
+    std::transform(rest.begin(), rest.end(), nepers.begin(), [](double power) { return static_cast<float>(power); });
+    vectors::log(nepers.data(), nepers.data(), points);
+    vectors::scaleAndOffset(nepers.data(), 0.5F, 0, nepers.data(), points);
+    vectors::clip(nepers.data(), -kMostNepers, kMostNepers, nepers.data(), points);
+    std::array<double, points> levels;
+    std::copy(nepers.begin(), nepers.end(), levels.begin());
     std::array<double, maxTerms> c{};
     double sum = 0;
     for (std::size_t k = 0; k < terms_; ++k) {
         double value = 0;
         for (std::size_t i = 0; i < points; ++i)
-            value += solution_[k][i] * std::clamp(rest[i], -kMostNepers, kMostNepers);
+            value += solution_[k][i] * levels[i];
         sum += value;
         c[k] = value * static_cast<double>(k + 1);
     }

@@ -18,15 +18,15 @@ class Corrector {
 public:
     static constexpr std::size_t points = 32; // at which the rest is known
     static constexpr std::size_t maxTaps = 32;
-    using Rest = std::array<double, points>; // nepers
+    using Rest = std::array<double, points>; // what should be over what is, as squared magnitudes
     using Taps = std::array<double, maxTaps>;
 
     // Solves for a sample rate. Not for the render thread.
     void prepare(double sampleRateHz, Quality quality);
-    // Where the rest is looked at: hertz, their squares, and sin^2(w / 2).
-    const std::array<double, points>& hertz() const { return hertz_; }
+    // Where the rest is looked at: the squares of hertz, sin^2(w / 2), and the same for the models of peaks.
     const std::array<double, points>& squares() const { return squares_; }
     const std::array<double, points>& positions() const { return positions_; }
+    const std::array<double, points>& modelPositions() const { return modelPositions_; }
     std::size_t tapCount() const { return tapCount_; }
     // The filter for a rest; the first tapCount() are used. Render thread.
     void taps(const Rest& rest, Taps& out) const;
@@ -36,7 +36,7 @@ private:
 
     std::size_t terms_ = 8;
     std::size_t tapCount_ = 16;
-    std::array<double, points> hertz_{}, squares_{}, positions_{};
+    std::array<double, points> squares_{}, positions_{}, modelPositions_{};
     std::array<std::array<double, points>, maxTerms> solution_{};
 };
 

@@ -22,13 +22,13 @@ Polynomial conjugate(double decay, double angle) {
         decay += kDampingBeyond * beyond;
         angle = kNearNyquist + beyond * room / (beyond + room);
     }
-    const double r = std::exp(-decay), gap = -std::expm1(-decay), s = std::sin(angle / 2), c = std::cos(angle / 2);
-    return {gap * gap + 4 * r * s * s, gap * gap + 4 * r * c * c, -std::expm1(-2 * decay)};
+    const double gap = -std::expm1(-decay), r = 1 - gap, s = std::sin(angle / 2), ss = s * s;
+    return {gap * gap + 4 * r * ss, gap * gap + 4 * r * (1 - ss), gap * (1 + r)};
 }
 
 Polynomial realRoots(double decay1, double decay2) {
-    const double z1 = std::exp(-decay1), z2 = std::exp(-decay2);
-    return {std::expm1(-decay1) * std::expm1(-decay2), (1 + z1) * (1 + z2), -std::expm1(-decay1 - decay2)};
+    const double gap1 = -std::expm1(-decay1), gap2 = -std::expm1(-decay2);
+    return {gap1 * gap2, (2 - gap1) * (2 - gap2), gap1 + gap2 - gap1 * gap2};
 }
 
 // `corner` in radians a sample.
@@ -52,12 +52,12 @@ DigitalSection digitalFrom(const AnalogSection& analog, double sampleRateHz) {
         const double level = isLowPass ? 1 : zeros * zeros / (poles * poles); // at 0 Hz
         section.num = section.num.scaled(level * section.den.atZero / section.num.atZero);
     } else if (isLowPass) {
-        const double z = std::exp(-zeros), gap = -std::expm1(-zeros);
-        section.num = Polynomial{gap, 1 + z, 1}.scaled(section.den.atZero / gap);
+        const double gap = -std::expm1(-zeros);
+        section.num = Polynomial{gap, 2 - gap, 1}.scaled(section.den.atZero / gap);
     } else {
         // One zero at 0 Hz: there both rise in proportion to the frequency.
-        const double z = std::exp(-zeros), gap = -std::expm1(-zeros);
-        section.num = Polynomial{0, 2 * (1 + z), gap}.scaled(zeros * section.den.atZero / (poles * poles * gap));
+        const double gap = -std::expm1(-zeros);
+        section.num = Polynomial{0, 2 * (2 - gap), gap}.scaled(zeros * section.den.atZero / (poles * poles * gap));
     }
     return section;
 }
@@ -74,9 +74,9 @@ Peak::Peak(double hertz, double gain, double order) : hertz_(std::min(hertz, kHi
     angle_ = std::atan2(std::sqrt(std::max(4 * s * s * c * c - width * width, 0.0)), std::cos(angle));
 }
 
-double Peak::power(double hertz) const {
+double Peak::modelPosition(double hertz) {
     const double s = std::sin(pi * std::min(hertz / kModelRate, 0.5));
-    return num_.power(s * s) / den_.power(s * s);
+    return s * s;
 }
 
 DigitalSection Peak::digital(double sampleRateHz) const {
@@ -90,8 +90,8 @@ DigitalSection Peak::digital(double sampleRateHz) const {
     const auto positionOf = [sampleRateHz](double f) { return std::pow(std::sin(pi * f / sampleRateHz), 2); };
     const double p1 = positionOf(top), p2 = positionOf(below);
     const double n0 = section.den.atZero * section.den.atZero;
-    const double y1 = (section.den.power(p1) * power(top) - n0) / p1;
-    const double y2 = (section.den.power(p2) * power(below) - n0) / p2;
+    const double y1 = (section.den.power(p1) * power(modelPosition(top)) - n0) / p1;
+    const double y2 = (section.den.power(p2) * power(modelPosition(below)) - n0) / p2;
     const double n2 = (y1 - y2) / (p1 - p2), n1 = y1 - n2 * p1;
     // The factor with both zeros inside the unit circle, after M. Vicanek, "Matched second order digital filters",
     // 2016.

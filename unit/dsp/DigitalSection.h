@@ -44,8 +44,10 @@ DigitalSection digitalFrom(const AnalogSection& analog, double sampleRateHz);
 class Peak {
 public:
     Peak(double hertz, double gain, double order);
-    // Squared magnitude of the model. It ends at 24 kHz and stays there.
-    double power(double hertz) const;
+    // Where the model has a frequency, which ends at 24 kHz and stays there: sin^2(w / 2).
+    static double modelPosition(double hertz);
+    // Squared magnitude of the model.
+    double power(double modelPosition) const { return num_.power(modelPosition) / den_.power(modelPosition); }
     // Carries the poles over, and finds the zeros that give the magnitude of the model at 0 Hz, at the peak and below.
     DigitalSection digital(double sampleRateHz) const;
 

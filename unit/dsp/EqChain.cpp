@@ -20,32 +20,25 @@ struct StageList {
 
 void EqChain::reshape(const ChainShape& shape, const Corrector& corrector) {
     shape_ = shape;
-    std::array<StageList, maxPaths> lists;
-    pathCount_ = 0;
+    const bool hearsLow = shape.listenLow == Switch::on && shape.low == Switch::on;
+    const bool hearsHigh = shape.listenHigh == Switch::on && shape.high == Switch::on;
+    isSilent_ = shape.listens() && !hearsLow && !hearsHigh;
+    StageList list;
+    list.add(StageKind::tilt);
     if (!shape.listens()) {
-        StageList& list = lists[pathCount_++];
-        list.add(StageKind::tilt);
         list.add(StageKind::low, shape.low);
         list.add(StageKind::high, shape.high);
         list.add(StageKind::lowPeak, shape.low);
         list.add(StageKind::highPeak, shape.high);
+    } else if (hearsLow && hearsHigh) {
+        list.add(StageKind::bothRemoved);
+    } else if (!isSilent_) {
+        list.add(hearsLow ? StageKind::lowRemoved : StageKind::highRemoved);
     }
-    const auto listen = [&](Switch listens, Switch isOn, StageKind kind) {
-        if (listens == Switch::off || isOn == Switch::off) return;
-        StageList& list = lists[pathCount_++];
-        list.add(StageKind::tilt);
-        list.add(kind);
-    };
-    listen(shape.listenLow, shape.low, StageKind::lowRemoved);
-    listen(shape.listenHigh, shape.high, StageKind::highRemoved);
-
-    const EqPath before = paths_[0];
+    path_.reshape(list.all(), corrector.tapCount());
     isUsed_ = {};
-    for (std::size_t i = 0; i < pathCount_; ++i) {
-        paths_[i].reshape(lists[i].all(), corrector.tapCount(), before);
-        for (const StageKind kind : lists[i].all())
-            isUsed_[static_cast<std::size_t>(kind)] = true;
-    }
+    for (const StageKind kind : list.all())
+        isUsed_[static_cast<std::size_t>(kind)] = true;
     isNew_ = true;
 }
 
@@ -56,48 +49,24 @@ void EqChain::begin(const EqSettings& settings, double sampleRateHz, const Corre
             hasChanged = true;
         }
     }
-    for (std::size_t i = 0; i < pathCount_; ++i) {
-        if (hasChanged) {
-            paths_[i].begin(stages_, corrector, isNew_ ? 0 : frames);
-        } else {
-            paths_[i].hold();
-        }
+    if (hasChanged) {
+        path_.begin(stages_, corrector, isNew_ ? 0 : frames);
+    } else {
+        path_.hold();
     }
     isNew_ = false;
 }
 
-void EqChain::hold() {
-    for (EqPath& path : paths_)
-        path.hold();
-}
-
-void EqChain::process(double* samples, double* scratch, std::size_t frames) {
-    if (pathCount_ == 0) return void(std::fill_n(samples, 2 * frames, 0.0));
-    if (pathCount_ > 1) std::copy_n(samples, 2 * frames, scratch);
-    paths_[0].process(samples, frames);
-    if (pathCount_ == 1) return;
-    paths_[1].process(scratch, frames);
-    for (std::size_t i = 0; i < 2 * frames; ++i)
-        samples[i] += scratch[i];
+void EqChain::process(double* samples, std::size_t frames) {
+    if (isSilent_) return void(std::fill_n(samples, 2 * frames, 0.0));
+    path_.process(samples, frames);
 }
 
 void EqChain::reset() {
-    for (EqPath& path : paths_)
-        path.reset();
+    path_.reset();
     for (Stage& stage : stages_)
         stage.forget();
     isNew_ = true;
-}
-
-bool EqChain::settle() {
-    bool isFinite = true;
-    for (std::size_t i = 0; i < pathCount_; ++i)
-        isFinite &= paths_[i].settle();
-    return isFinite;
-}
-
-bool EqChain::isFlat() const {
-    return pathCount_ == 1 && paths_[0].isFlat();
 }
 
 } // namespace QVM_NAMESPACE::dsp

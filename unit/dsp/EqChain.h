@@ -1,6 +1,6 @@
-// The paths that a signal takes through the equaliser as it is switched now.
+// What a signal goes through as the equaliser is switched now: the tilt and all filters that are on or, while one
+// listens, what those filters remove that are on and listened to.
 //
-// Normally one with all filters that are on; while one listens, one for each filter that is listened to, added up.
 // Render thread; nothing allocates.
 #pragma once
 
@@ -23,26 +23,24 @@ struct ChainShape {
 
 class EqChain {
 public:
-    // Takes a shape. What of it there was before goes on playing.
+    // Takes a shape, at rest.
     void reshape(const ChainShape& shape, const Corrector& corrector);
     // Designs the stages that there are for the settings, and starts a step towards them (EqPath::begin). With nothing
     // changed the step is one in which nothing moves.
     void begin(const EqSettings& settings, double sampleRateHz, const Corrector& corrector, std::size_t frames);
-    void hold();
-    // Filters `samples` in place. `scratch` holds as many.
-    void process(double* samples, double* scratch, std::size_t frames);
+    void hold() { path_.hold(); }
+    // Filters in place.
+    void process(double* samples, std::size_t frames);
     void reset();
-    bool settle();
-    bool isFlat() const;
+    bool settle() { return path_.settle(); }
+    bool isFlat() const { return !isSilent_ && path_.isFlat(); }
     const ChainShape& shape() const { return shape_; }
 
 private:
-    static constexpr std::size_t maxPaths = 2;
-
     ChainShape shape_{EqSettings()};
     StageSet stages_;
-    std::array<EqPath, maxPaths> paths_;
-    std::size_t pathCount_ = 0; // none: listening to nothing, silence
+    EqPath path_;
+    bool isSilent_ = false; // listening to nothing
     std::array<bool, stageKinds> isUsed_{};
     bool isNew_ = true;
 };

@@ -27,23 +27,15 @@ bool isUnity(const Corrector::Taps& taps) {
 
 } // namespace
 
-void EqPath::reshape(std::span<const StageKind> kinds, std::size_t tapCount, const EqPath& before) {
-    const EqPath old = before;
-    states_ = {};
+void EqPath::reshape(std::span<const StageKind> kinds, std::size_t tapCount) {
     slotCount_ = 0;
     sectionCount_ = 0;
     for (const StageKind kind : kinds) {
-        Slot& slot = slots_[slotCount_++];
-        slot = {kind, sectionCount_, sectionsOf(kind), false, false};
-        sectionCount_ += slot.count;
-        for (std::size_t i = 0; i < old.slotCount_; ++i) {
-            if (old.slots_[i].kind != kind) continue;
-            std::copy_n(old.states_.begin() + static_cast<std::ptrdiff_t>(old.slots_[i].first), slot.count,
-                        states_.begin() + static_cast<std::ptrdiff_t>(slot.first));
-        }
+        slots_[slotCount_++] = {kind, sectionCount_, sectionsOf(kind), false, false};
+        sectionCount_ += sectionsOf(kind);
     }
     tapCount_ = tapCount;
-    past_ = old.past_;
+    reset();
 }
 
 void EqPath::begin(const StageSet& stages, const Corrector& corrector, std::size_t frames) {
@@ -51,7 +43,8 @@ void EqPath::begin(const StageSet& stages, const Corrector& corrector, std::size
     isMoving_ = frames > 0;
     length_ = std::max<std::size_t>(frames, 1);
     done_ = 0;
-    Corrector::Rest rest{};
+    Corrector::Rest rest;
+    rest.fill(1);
     const double share = 1 / static_cast<double>(length_);
     for (std::size_t s = 0; s < slotCount_; ++s) {
         Slot& slot = slots_[s];
@@ -65,7 +58,7 @@ void EqPath::begin(const StageSet& stages, const Corrector& corrector, std::size
             if (!isMoving_) now_[at] = ends_[at];
         }
         for (std::size_t i = 0; i < rest.size(); ++i)
-            rest[i] += stage.rest()[i];
+            rest[i] *= stage.rest()[i];
     }
     corrector.taps(rest, tapEnds_);
     if (!isMoving_) taps_ = tapEnds_;

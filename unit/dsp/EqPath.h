@@ -19,8 +19,8 @@ using StageSet = std::array<Stage, stageKinds>; // by kind
 
 class EqPath {
 public:
-    // Which stages it has. Those that `before` has too go on from where they are there; the others start at rest.
-    void reshape(std::span<const StageKind> kinds, std::size_t tapCount, const EqPath& before);
+    // Which stages it has. All start at rest.
+    void reshape(std::span<const StageKind> kinds, std::size_t tapCount);
     // A new step, to the stages as they are designed now. `frames` is its length; 0: be there at once.
     void begin(const StageSet& stages, const Corrector& corrector, std::size_t frames);
     // A new step in which nothing moves.
@@ -35,7 +35,7 @@ public:
     bool isFlat() const;
 
 private:
-    static constexpr std::size_t maxStages = 5, maxSections = 16;
+    static constexpr std::size_t maxStages = 5, maxSections = tiltSections + stageMaxSections;
     struct Slot {
         StageKind kind = StageKind::tilt;
         std::size_t first = 0, count = 0; // sections

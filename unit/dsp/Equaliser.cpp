@@ -7,7 +7,7 @@ namespace QVM_NAMESPACE::dsp {
 
 namespace {
 
-constexpr double kStepSeconds = 1.4e-3;
+constexpr double kStepSeconds = 2.7e-3;
 constexpr std::size_t kLeastStep = 16;
 constexpr double kGlideSeconds = 0.006; // time constant of each of the two poles
 constexpr double kFadeSeconds = 0.02;
@@ -144,7 +144,7 @@ bool Equaliser::follow(const EqSettings& settings) {
 
 void Equaliser::processPart(double* samples, std::size_t frames) {
     if (fadeLeft_ > 0) std::copy_n(samples, 2 * frames, old_.begin());
-    chain_.process(samples, scratch_.data(), frames);
+    chain_.process(samples, frames);
     if (gain_ != 1 || gainStep_ != 0) {
         for (std::size_t i = 0; i < frames; ++i) {
             gain_ += gainStep_;
@@ -156,7 +156,7 @@ void Equaliser::processPart(double* samples, std::size_t frames) {
 }
 
 void Equaliser::fade(double* samples, std::size_t frames) {
-    fading_.process(old_.data(), scratch_.data(), frames);
+    fading_.process(old_.data(), frames);
     for (std::size_t i = 0; i < frames; ++i) {
         if (fadeLeft_ > 0) --fadeLeft_;
         const double s = std::min(static_cast<double>(fadeLeft_) / static_cast<double>(fadeFrames_), 1.0);

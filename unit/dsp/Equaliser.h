@@ -1,6 +1,6 @@
 // The equaliser: tilt, filters, what is listened to, and the gain that makes up for the loudness.
 //
-// What it does is what the response curve shows (viz/). Parameters glide, and every 1.3 ms the sections are designed
+// What it does is what the response curve shows (viz/). Parameters glide, and every 2.7 ms the sections are designed
 // anew for where they are; in between the coefficients move in straight lines. What can only be switched (a filter on
 // or off, listening, loudness mode, quality) is faded, and so is a leap too far to glide, like that of a preset: the
 // chain as it was plays on with its coefficients held while the new one swings in and comes. There is no latency in
@@ -65,7 +65,7 @@ private:
     double fadingGain_ = 1;
     EqChain chain_, fading_;
     std::size_t warmFrames_ = 720, fadeFrames_ = 960, fadeLeft_ = 0;
-    std::array<double, 2 * maxStepFrames> old_{}, scratch_{};
+    std::array<double, 2 * maxStepFrames> old_{};
 };
 
 } // namespace QVM_NAMESPACE::dsp

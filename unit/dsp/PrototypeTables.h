@@ -27,5 +27,6 @@ constexpr std::size_t filterNodes = 33;
 constexpr double highestOrder = 8;
 extern const float filterTable[filterNodes * filterValues];
 extern const float removedTable[filterNodes * filterValues];
+extern const float removedRootTable[filterNodes * filterValues]; // the square root of that magnitude
 
 } // namespace QVM_NAMESPACE::dsp

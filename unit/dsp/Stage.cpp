@@ -29,23 +29,25 @@ void restOf(const std::array<AnalogSection, N>& analog, const std::array<Digital
         multiplyBy(digital[s].num.powers(), corrector.positions(), under);
     }
     for (std::size_t i = 0; i < rest.size(); ++i)
-        rest[i] = 0.5 * std::log(over[i] / under[i]);
+        rest[i] = over[i] / under[i];
 }
 
-std::array<double, 3> inputsOf(StageKind kind, const EqSettings& s) {
+std::array<double, 4> inputsOf(StageKind kind, const EqSettings& s) {
     switch (kind) {
     case StageKind::tilt:
-        return {s.tiltGain, s.tiltLow, s.tiltHigh};
+        return {s.tiltGain, s.tiltLow, s.tiltHigh, 0};
     case StageKind::low:
     case StageKind::lowRemoved:
-        return {s.low.corner, s.low.order, 0};
+        return {s.low.corner, s.low.order, 0, 0};
     case StageKind::high:
     case StageKind::highRemoved:
-        return {s.high.corner, s.high.order, 0};
+        return {s.high.corner, s.high.order, 0, 0};
     case StageKind::lowPeak:
-        return {s.low.corner, s.low.order, s.low.resonance};
+        return {s.low.corner, s.low.order, s.low.resonance, 0};
     case StageKind::highPeak:
-        return {s.high.corner, s.high.order, s.high.resonance};
+        return {s.high.corner, s.high.order, s.high.resonance, 0};
+    case StageKind::bothRemoved:
+        return {s.low.corner, s.low.order, s.high.corner, s.high.order};
     }
     return {};
 }
@@ -59,6 +61,8 @@ std::size_t sectionsOf(StageKind kind) {
     case StageKind::lowPeak:
     case StageKind::highPeak:
         return 1;
+    case StageKind::bothRemoved:
+        return 2 * BothRemoved::sections; // each twice
     default:
         return filterSections;
     }
@@ -79,6 +83,9 @@ bool Stage::design(StageKind kind, const EqSettings& settings, double sampleRate
     case StageKind::highPeak:
         designPeak(settings.high, sampleRateHz, corrector);
         break;
+    case StageKind::bothRemoved:
+        designBoth(settings, sampleRateHz, corrector);
+        break;
     default:
         designFilter(kind, settings, sampleRateHz, corrector);
     }
@@ -95,7 +102,7 @@ void Stage::designTilt(const EqSettings& settings, double sampleRateHz, const Co
         sections_[i] = coefficientsOf(digital[i]);
     }
     restOf(analog, digital, corrector, rest_);
-    if (isFlat_) rest_.fill(0);
+    if (isFlat_) rest_.fill(1);
 }
 
 void Stage::designFilter(StageKind kind, const EqSettings& settings, double sampleRateHz, const Corrector& corrector) {
@@ -114,18 +121,35 @@ void Stage::designFilter(StageKind kind, const EqSettings& settings, double samp
     restOf(analog, digital, corrector, rest_);
 }
 
+void Stage::designBoth(const EqSettings& settings, double sampleRateHz, const Corrector& corrector) {
+    isFlat_ = false;
+    std::array<AnalogSection, filterSections> low, high;
+    makeFilter(FilterPart::removedRoot, Direction::highPass, settings.low.order, settings.low.corner, low);
+    makeFilter(FilterPart::removedRoot, Direction::lowPass, settings.high.order, settings.high.corner, high);
+    std::array<AnalogSection, BothRemoved::sections> analog;
+    std::array<DigitalSection, BothRemoved::sections> digital;
+    both_.design(low, high, analog);
+    for (std::size_t i = 0; i < BothRemoved::sections; ++i) {
+        digital[i] = digitalFrom(analog[i], sampleRateHz);
+        sections_[i] = sections_[BothRemoved::sections + i] = coefficientsOf(digital[i]);
+    }
+    restOf(analog, digital, corrector, rest_);
+    for (double& value : rest_)
+        value *= value;
+}
+
 void Stage::designPeak(const FilterSettings& filter, double sampleRateHz, const Corrector& corrector) {
     isFlat_ = !(filter.resonance > 0);
     if (isFlat_) {
         sections_[0] = {};
-        rest_.fill(0);
+        rest_.fill(1);
         return;
     }
     const Peak peak(filter.corner, filter.resonance, filter.order);
     const DigitalSection digital = peak.digital(sampleRateHz);
     sections_[0] = coefficientsOf(digital);
     for (std::size_t i = 0; i < Corrector::points; ++i)
-        rest_[i] = 0.5 * std::log(peak.power(corrector.hertz()[i]) / digital.power(corrector.positions()[i]));
+        rest_[i] = peak.power(corrector.modelPositions()[i]) / digital.power(corrector.positions()[i]);
 }
 
 } // namespace QVM_NAMESPACE::dsp

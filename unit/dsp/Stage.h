@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/FilterMath.h"
+#include "unit/dsp/BothRemoved.h"
 #include "unit/dsp/Corrector.h"
 #include "unit/dsp/EqSettings.h"
 
@@ -12,9 +13,9 @@
 
 namespace QVM_NAMESPACE::dsp {
 
-enum class StageKind : unsigned char { tilt, low, high, lowPeak, highPeak, lowRemoved, highRemoved };
-constexpr std::size_t stageKinds = 7;
-constexpr std::size_t stageMaxSections = 4;
+enum class StageKind : unsigned char { tilt, low, high, lowPeak, highPeak, lowRemoved, highRemoved, bothRemoved };
+constexpr std::size_t stageKinds = 8;
+constexpr std::size_t stageMaxSections = 2 * BothRemoved::sections;
 
 // How many sections a stage has.
 std::size_t sectionsOf(StageKind kind);
@@ -24,7 +25,10 @@ public:
     // What the stage is now. False when the settings that matter to it are those of the last call.
     bool design(StageKind kind, const EqSettings& settings, double sampleRateHz, const Corrector& corrector);
     // The next design() computes everything anew.
-    void forget() { isKnown_ = false; }
+    void forget() {
+        isKnown_ = false;
+        both_.forget();
+    }
 
     const vectors::SvfCoefficients& section(std::size_t index) const { return sections_[index]; }
     // What the digital sections lack, at the corrector's frequencies.
@@ -33,17 +37,19 @@ public:
     bool isFlat() const { return isFlat_; }
 
 private:
-    using Inputs = std::array<double, 3>;
+    using Inputs = std::array<double, 4>;
 
     void designTilt(const EqSettings& settings, double sampleRateHz, const Corrector& corrector);
     void designFilter(StageKind kind, const EqSettings& settings, double sampleRateHz, const Corrector& corrector);
+    void designBoth(const EqSettings& settings, double sampleRateHz, const Corrector& corrector);
     void designPeak(const FilterSettings& filter, double sampleRateHz, const Corrector& corrector);
 
     Inputs inputs_{};
     bool isKnown_ = false;
     bool isFlat_ = true;
     std::array<vectors::SvfCoefficients, stageMaxSections> sections_{};
-    Corrector::Rest rest_{};
+    Corrector::Rest rest_{}; // 1 where nothing lacks
+    BothRemoved both_;
 };
 
 } // namespace QVM_NAMESPACE::dsp

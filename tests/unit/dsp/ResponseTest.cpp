@@ -194,8 +194,35 @@ TEST_P(ListenAt, OneFilterSoundsLikeTheSecondCurve) {
     EXPECT_LE(worst.error, fractionally) << worst.hertz << " Hz, " << worst.what;
 }
 
+// At any distance of the two corners, also where the filters overlap or cross.
+TEST_P(ListenAt, BothFiltersSoundLikeTheSecondCurve) {
+    std::mt19937 random(11);
+    Worst worst;
+    for (int i = 0; i < 60; ++i) {
+        ShownValues values = randomValues(random);
+        const auto hertz = [&](double low, double high) {
+            return static_cast<float>(low * std::pow(high / low, static_cast<double>(random() % 1000) / 1000));
+        };
+        values[9] = hertz(4.2, 12000);
+        values[10] = i % 2 ? hertz(12, 23900) : std::clamp(values[9] * hertz(0.5, 16), 12.0F, 23900.0F);
+        values[13] = values[20] = 1;
+        values[23] = GetParam().isHigh ? 1 : 0;
+        const Curve curve = curveOf(values);
+        const Response response(values, GetParam().rateHz, ringingOf(values));
+        Worst own;
+        for (std::size_t k = 0; k < curve.hertz.size(); ++k) {
+            if (curve.hertz[k] < lowestHertz || curve.hertz[k] > (GetParam().isHigh ? 20000 : 16000)) continue;
+            if (curve.listen[k] < faintest) continue;
+            own.take(response.level(curve.hertz[k]) - curve.listen[k], curve.hertz[k], values);
+        }
+        EXPECT_LE(own.error, fractionally) << i << ": " << own.hertz << " Hz, " << own.what;
+        if (own.error > worst.error) worst = own;
+    }
+    worst.print("listening to both", GetParam());
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryRate, ListenAt,
-                         testing::Values(Case{44100, false}, Case{48000, false}, Case{96000, false},
+                         testing::Values(Case{44100, false}, Case{48000, false}, Case{96000, false}, Case{44100, true},
                                          Case{192000, true}));
 
 } // namespace

@@ -33,7 +33,6 @@ void render(QVM0015_AudioUnit& unit, std::vector<Sample>& signal, std::size_t bl
     }
 }
 
-// Without moving the memory.
 void refill(std::vector<float>& left, std::vector<float>& right, const std::vector<float>& with) {
     std::ranges::copy(with, left.begin());
     std::ranges::copy(with, right.begin());
@@ -147,10 +146,17 @@ TYPED_TEST(Strange, SamplesDoNotPoisonTheState) {
         setAll(other, busyValues());
         other.prepare(rateHz, 512, 1, 1);
         render(other, clean);
-        if (std::abs(odd) < Limits::infinity()) continue; // a loud sound rings on as loud sounds do
+        if (odd == Limits::max()) {
+            in.assign(480000, TypeParam(0));
+            render(unit, in);
+            in = clean = signals::tone<TypeParam>(96000, 500, 0.5);
+            render(unit, in);
+            render(other, clean);
+        } else {
+            EXPECT_TRUE(std::isfinite(in[1000]));
+        }
         for (std::size_t i = 90000; i < in.size(); ++i)
-            ASSERT_NEAR(static_cast<double>(in[i]), static_cast<double>(clean[i]), 1e-4) << i;
-        EXPECT_TRUE(std::isfinite(in[1000]));
+            ASSERT_NEAR(static_cast<double>(in[i]), static_cast<double>(clean[i]), 1e-4) << odd << ", " << i;
     }
 }
 
@@ -220,7 +226,6 @@ TEST(Equaliser, ResponsesAtTheLowestRateFollowTheCurve) {
     }
 }
 
-// Every parameter jumps anywhere, every block.
 TEST(Equaliser, AStormOfParametersStaysBounded) {
     QVM0015_AudioUnit unit;
     unit.prepare(rateHz, 512, 2, 2);
@@ -239,8 +244,7 @@ TEST(Equaliser, AStormOfParametersStaysBounded) {
         for (std::uint32_t k = 0; k < frames; ++k)
             largest = std::max(largest, std::abs(left[k]));
     }
-    // 36 dB of tilt, two resonances of 18 dB and what the loudness match adds to a closed band.
-    EXPECT_LT(largest, 20000);
+    EXPECT_LT(largest, 20000); // tilt, two resonances and the loudness match
     setAll(unit, initialValues());
     refill(left, right, signals::tone<float>(4000, 440, 0.5));
     unit.process(both, both, 4000);
@@ -288,22 +292,6 @@ TEST(Equaliser, NoPathAllocatesLocksOrCallsTheSystem) {
             ASSERT_FALSE(seen.any()) << seen;
             refill(left, right, signals::tone<float>(2000, 440, 0.5));
         }
-    }
-}
-
-TEST(MeterMode, ShowsTheInputTheOutputOrWhatTheUnitAdds) {
-    const struct { float mode, peak; } rows[] = {{0, 0.5F}, {1, 1.0F}, {2, 0.5F}};
-    for (const auto& row : rows) {
-        RenderSettings settings;
-        settings.gain = 2;
-        settings.meter = static_cast<MeterMode>(static_cast<int>(row.mode));
-        RenderPath path;
-        path.prepare(rateHz, 1, 1, settings);
-        std::vector<float> signal(100);
-        signal[70] = -0.5F;
-        float* const all[] = {signal.data()};
-        path.process(all, all, 100, settings);
-        EXPECT_FLOAT_EQ(path.blockPeaks()[0], row.peak) << row.mode;
     }
 }
 
