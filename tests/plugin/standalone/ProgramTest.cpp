@@ -185,9 +185,9 @@ TEST_F(StandaloneProgram, WithAudioTheMeterMovesAndNothingElse) {
 
 TEST_F(StandaloneProgram, SettingsShow) {
     const std::string address = " --settings 'https://ferrowind.example/slantwise/2.0.1/?";
-    const auto plain = screenshot(""), initial = screenshot("--preset Air" + address + "'"),
-               moved = screenshot(address + "tg:9/trl:200'"), again = screenshot(address + "trl:200/TiltGain:9'");
-    ASSERT_TRUE(plain && initial && moved && again);
+    const auto plain = screenshot("", "2"), moved = screenshot(address + "tg:9/trl:200'", "2"),
+               again = screenshot(address + "trl:200/TiltGain:9'", "2");
+    ASSERT_TRUE(plain && moved && again);
     EXPECT_GT(differing(*plain, *moved), 500U);
     EXPECT_EQ(differing(*moved, *again), 0U);
 }
