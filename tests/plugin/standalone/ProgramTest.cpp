@@ -184,8 +184,8 @@ TEST_F(StandaloneProgram, WithAudioTheMeterMovesAndNothingElse) {
 }
 
 TEST_F(StandaloneProgram, SettingsShow) {
-    const std::string address = " --settings 'https://ferrowind.example/slantwise/2.0.1/?";
-    const auto plain = screenshot("", "2"), moved = screenshot(address + "tg:9/trl:200'", "2"),
+    const std::string address = "--play " + silence() + " --settings 'https://ferrowind.example/slantwise/2.0.1/?";
+    const auto plain = screenshot("--play " + silence(), "2"), moved = screenshot(address + "tg:9/trl:200'", "2"),
                again = screenshot(address + "trl:200/TiltGain:9'", "2");
     ASSERT_TRUE(plain && moved && again);
     EXPECT_GT(differing(*plain, *moved), 500U);
