@@ -42,7 +42,7 @@ float UnitParameter::getDefaultValue() const {
 }
 
 int UnitParameter::getNumSteps() const {
-    return range_.steps > 0 ? range_.steps : juce::AudioProcessorParameter::getNumSteps();
+    return range_.steps > 0 ? range_.steps : juce::AudioProcessor::getDefaultNumParameterSteps();
 }
 
 juce::String UnitParameter::getText(float normalisedValue, int maximumLength) const {

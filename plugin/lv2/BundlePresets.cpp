@@ -31,7 +31,8 @@ std::string stateText(const std::string& pluginUri, std::uint32_t index) {
         const QVMParameter& parameter = *GetParameter(pid);
         if (parameter.presetWildcard) continue;
         const std::string value = turtleFloat(parameter.reverseCastValue(*next++));
-        text += " ;\n\t\t<" + pluginUri + ":" + parameter.codesafeName + "> \"" + value + "\"^^xsd:float";
+        text.append(" ;\n\t\t<").append(pluginUri).append(":").append(parameter.codesafeName);
+        text.append("> \"").append(value).append("\"^^xsd:float");
     }
     return text;
 }

@@ -14,7 +14,8 @@ juce::JUCEApplicationBase* createApplication() {
 
 } // namespace
 
-int main(int argumentCount, char* arguments[]) {
+// An exception that nobody catches, such as want of memory, has to end the program in any case.
+int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-escape)
     auto parsed = slantwise::parseOptions({arguments + 1, arguments + argumentCount});
     if (const auto* error = std::get_if<slantwise::OptionsError>(&parsed)) {
         std::fprintf(stderr, "Slantwise: %s\n", error->message.c_str());

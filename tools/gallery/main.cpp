@@ -21,7 +21,8 @@ int printPages() {
 
 } // namespace
 
-int main(int argumentCount, char* arguments[]) {
+// An exception that nobody catches, such as want of memory, has to end the program in any case.
+int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-escape)
     auto parsed = slantwise::parseGalleryOptions({arguments + 1, arguments + argumentCount});
     if (const auto* error = std::get_if<slantwise::GalleryOptionsError>(&parsed)) {
         std::fprintf(stderr, "slantwise-gallery: %s\n", error->message.c_str());
