@@ -1,54 +1,16 @@
 #include "platform/LayerRenderer.h"
 
-#include "platform/FakePixels.h"
-#include "platform/Transaction.h"
-#include "platform/VirtualTime.h"
+#include "platform/LayerRendererFixture.h"
 
 #include <gmock/gmock.h>
 
 namespace QVM_NAMESPACE {
 namespace {
 
+using LayerRendererTest = LayerRendererFixture;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-
-struct LayerRendererTest : testing::Test {
-    VirtualTime time;
-    FakeBackend backend;
-    LayerRenderer renderer{backend};
-    std::shared_ptr<Layer> root = std::make_shared<Layer>(), box, button;
-    std::shared_ptr<TextLayer> label = std::make_shared<TextLayer>();
-
-    LayerRendererTest() {
-        root->setFrame({0, 0, 200, 100});
-        root->setBackgroundColor(Color::white(0.2f));
-        box = added(*root, "box", {10, 10, 80, 60});
-        button = added(*box, "button", {5, 5, 20, 10});
-        button->setCornerRadius(3);
-        label->setName("label");
-        label->setFrame({100, 10, 60, 20});
-        label->setString({"1.0", Font{"HelveticaNeue", 8}, Color::white(1)});
-        root->addSublayer(label);
-        renderer.setRootLayer(root);
-    }
-    static std::shared_ptr<Layer> added(Layer& parent, const char* name, const Rect& frame) {
-        auto layer = std::make_shared<Layer>();
-        layer->setName(name);
-        layer->setFrame(frame);
-        layer->setBackgroundColor(Color::white(0.5f));
-        parent.addSublayer(layer);
-        return layer;
-    }
-    const RenderStatistics& update() { return renderer.update(time.now()); }
-    std::vector<std::string> composeCalls(const Rect& clip = {0, 0, 400, 400}) {
-        FakePicture picture(400, 400);
-        FakeTarget target(picture, clip);
-        renderer.compose(target, clip);
-        EXPECT_TRUE(target.isBalanced());
-        return target.calls;
-    }
-};
 
 TEST_F(LayerRendererTest, TheFirstUpdateDrawsEverything) {
     const RenderStatistics& s = update();
@@ -236,114 +198,6 @@ TEST_F(LayerRendererTest, AnotherRootDrawsEverythingAndForgetsTheFirst) {
     EXPECT_THAT(composeCalls(), IsEmpty());
 }
 
-TEST_F(LayerRendererTest, AScalePulseReusesTheRaster) {
-    update();
-    BasicAnimation pulse;
-    pulse.keyPath = "transform.scale";
-    pulse.fromValue = 1.0;
-    pulse.toValue = 1.2;
-    pulse.duration = 0.09;
-    pulse.autoreverses = true;
-    button->addAnimation(pulse, "pulse");
-    int frames = 0;
-    update();
-    while (renderer.isAnimating()) {
-        time.advance(1.0 / 60);
-        const RenderStatistics& s = update();
-        EXPECT_THAT(s.rasterised, IsEmpty());
-        EXPECT_EQ(s.damage.size(), 1u);
-        for (const Rect& r : s.damage)
-            EXPECT_TRUE((Rect{12, 13, 26, 14}).contains(r)) << r.x << ' ' << r.width;
-        ++frames;
-    }
-    EXPECT_EQ(frames, 11); // 0.18 s
-    EXPECT_THAT(update().damage, IsEmpty());
-}
-
-TEST_F(LayerRendererTest, ADashPhaseIsPartOfTheLook) {
-    const auto ants = std::make_shared<ShapeLayer>();
-    ants->setName("ants");
-    ants->setFrame({100, 50, 20, 20});
-    ants->setPath(Path::rect({0, 0, 20, 20}));
-    root->addSublayer(ants);
-    BasicAnimation march;
-    march.keyPath = "lineDashPhase";
-    march.toValue = 10.0;
-    march.repeatCount = BasicAnimation::forever;
-    ants->addAnimation(march, "PhaseShift");
-    update();
-    time.advance(0.05);
-    EXPECT_THAT(update().rasterised, ElementsAre("ants"));
-    EXPECT_TRUE(renderer.isAnimating());
-    ants->setOpacity(0); // marches on unseen: no frames for that
-    update();
-    EXPECT_FALSE(renderer.isAnimating());
-}
-
-TEST_F(LayerRendererTest, DashesMarchByQuartersOfAPixelAndFramesInBetweenDrawNothing) {
-    const auto ants = std::make_shared<ShapeLayer>();
-    ants->setName("ants");
-    ants->setFrame({100, 50, 20, 20});
-    ants->setPath(Path::rect({0, 0, 20, 20}));
-    root->addSublayer(ants);
-    BasicAnimation march;
-    march.keyPath = "lineDashPhase";
-    march.toValue = 10.0;
-    march.duration = 2;
-    march.timing = TimingFunction::linear;
-    march.repeatCount = BasicAnimation::forever;
-    ants->addAnimation(march, "PhaseShift");
-    for (const double scale : {1.0, 2.0}) {
-        renderer.setScale(scale);
-        update();
-        int rasters = 0, drawings = 0;
-        for (int i = 0; i < 120; ++i) { // 5 points a second at 60 Hz, for 10 points
-            time.advance(1.0 / 60);
-            const RenderStatistics& s = update();
-            rasters += static_cast<int>(s.rasterised.size());
-            drawings += s.damage.empty() ? 0 : 1;
-        }
-        EXPECT_NEAR(rasters, 40 * scale, 1);
-        EXPECT_EQ(drawings, rasters);
-        EXPECT_TRUE(renderer.isAnimating());
-    }
-}
-
-TEST_F(LayerRendererTest, AFadeInFromNothingIsAnimated) {
-    button->setOpacity(0);
-    update();
-    {
-        const auto glide = Transaction::animated(0.1);
-        button->setOpacity(1);
-    }
-    update();
-    EXPECT_TRUE(renderer.isAnimating());
-    time.advance(0.05);
-    EXPECT_THAT(update().damage, ElementsAre(Rect{15, 15, 20, 10}));
-    time.advance(0.05);
-    update();
-    EXPECT_FALSE(renderer.isAnimating());
-}
-
-TEST_F(LayerRendererTest, CompletionsRunEvenForWhatIsHiddenAndMayChangeTheTree) {
-    box->setHidden(true);
-    BasicAnimation fade;
-    fade.keyPath = "opacity";
-    fade.toValue = 0.0;
-    fade.duration = 0.1;
-    int asked = 0;
-    fade.completion = [this](bool) { box->removeFromSuperlayer(); };
-    button->addAnimation(fade, "fadeOut");
-    update();
-    EXPECT_TRUE(renderer.isAnimating());
-    renderer.setChangeHandler([&] { ++asked; });
-    time.advance(0.1);
-    update();
-    EXPECT_EQ(box->superlayer(), nullptr);
-    EXPECT_FALSE(renderer.isAnimating());
-    EXPECT_EQ(asked, 0); // it was part of this update
-}
-
 TEST_F(LayerRendererTest, TheChangeHandlerIsCalledAtTheFirstChangeAfterAnUpdate) {
     int asked = 0;
     update();
@@ -357,66 +211,6 @@ TEST_F(LayerRendererTest, TheChangeHandlerIsCalledAtTheFirstChangeAfterAnUpdate)
     EXPECT_EQ(asked, 1);
     button->setOpacity(0.7);
     EXPECT_EQ(asked, 2);
-}
-
-TEST_F(LayerRendererTest, WhatMovesByFractionsLandsOnWholePixelsAllTogether) {
-    struct PlaceTarget : QuietTarget {
-        std::vector<Point> places;
-        void draw(const Raster&, const AffineTransform& t, double) override {
-            EXPECT_TRUE(t.isTranslation());
-            places.push_back({t.tx, t.ty});
-        }
-        void fill(const Rect& r, Color) override { places.push_back(r.origin()); }
-    };
-    button->setPosition(button->position() + Point{0.3, 0});
-    for (double x = 0; x < 3; x += 0.13) {
-        box->setPosition({50 + x, 40 - x});
-        update();
-        PlaceTarget target;
-        renderer.compose(target, {0, 0, 200, 100});
-        ASSERT_EQ(target.places.size(), 4u);
-        for (const Point& p : target.places)
-            EXPECT_EQ(p, (Point{std::round(p.x), std::round(p.y)}));
-        EXPECT_EQ(target.places[2] - target.places[1], (Point{5, 5})); // no jitter between box and button
-    }
-}
-
-TEST_F(LayerRendererTest, NeighboursMeetAtEveryScale) {
-    for (const double scale : {1.25, 1.5, 1.75}) {
-        const auto strip = std::make_shared<Layer>();
-        strip->setFrame({0, 0, 200, 100});
-        for (int i = 0; i < 10; ++i)
-            added(*strip, "cell", {i * 7.0, 0, 7, 10});
-        renderer.setRootLayer(strip);
-        renderer.setScale(scale);
-        update();
-        struct EdgeTarget : QuietTarget {
-            std::vector<Rect> fills;
-            void fill(const Rect& r, Color) override { fills.push_back(r); }
-        } target;
-        renderer.compose(target, {0, 0, 400, 400});
-        ASSERT_EQ(target.fills.size(), 10u);
-        for (std::size_t i = 1; i < 10; ++i)
-            EXPECT_EQ(target.fills[i - 1].maxX(), target.fills[i].x);
-    }
-}
-
-TEST_F(LayerRendererTest, EqualLinesAreEquallyThickWhereverTheyAre) {
-    for (const double scale : {1.25, 1.5, 1.75}) {
-        const auto sheet = std::make_shared<Layer>();
-        sheet->setFrame({0, 0, 200, 100});
-        for (int i = 0; i < 10; ++i)
-            added(*sheet, "line", {i * 13.0, i * 7.0, 1, 20});
-        renderer.setRootLayer(sheet);
-        renderer.setScale(scale);
-        update();
-        struct ThicknessTarget : QuietTarget {
-            std::vector<double> thicknesses;
-            void fill(const Rect& r, Color) override { thicknesses.push_back(r.width); }
-        } target;
-        renderer.compose(target, {0, 0, 400, 400});
-        EXPECT_EQ(target.thicknesses, std::vector(10, std::floor(scale + 0.5))) << scale;
-    }
 }
 
 TEST_F(LayerRendererTest, NonsenseGeometryIsNotDrawn) {
