@@ -53,7 +53,7 @@ Color mixed(const std::array<Color, 3>& colors, const std::array<float, 3>& shar
 
 } // namespace
 
-void CpuDrawingSurface::clear() {
+void CpuDrawingSurface::clearPixels() {
     const auto pixels = static_cast<std::size_t>(pixelWidth()) * pixelHeight();
     picture_.assign(pixels, 0);
     if (shape_.size() != pixels) shape_.assign(pixels, 0);

@@ -11,10 +11,10 @@ namespace QVM_NAMESPACE {
 
 class CpuDrawingSurface final : public DrawingSurface {
 public:
-    void clear() override;
     bool finish(Image& picture) override;
 
 protected:
+    void clearPixels() override;
     void strokeSegments(std::span<const StrokeSegment> segments) override;
     void fillPixels(std::span<const FilledTriangle> triangles) override;
 

@@ -4,10 +4,17 @@
 
 #include <algorithm>
 #include <mutex>
+#include <set>
 #include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double kUsualRate = 60; // hertz
+
+} // namespace
 
 // The running links of the process and what makes them tick.
 class DisplayLinkHub {
@@ -37,7 +44,11 @@ public:
         if (wasLast) source_->stop();
     }
     DisplayTickSource* exchangeSource(DisplayTickSource* source) { return std::exchange(source_, source); }
-    ThreadTickSource& thread() { return thread_; }
+    void exchangeRate(double before, double after) {
+        if (const auto found = rates_.find(before); found != rates_.end()) rates_.erase(found);
+        if (after > 0) rates_.insert(after);
+        thread_.setRate(rates_.empty() ? kUsualRate : *rates_.rbegin());
+    }
 
 private:
     void tick(const DisplayTimeStamp& stamp) {
@@ -48,6 +59,7 @@ private:
 
     std::mutex mutex_;
     std::vector<std::shared_ptr<DisplayLink>> running_; // guarded by mutex_
+    std::multiset<double> rates_;                       // hertz, that windows ask for; main thread
     ThreadTickSource thread_;
     DisplayTickSource* source_ = &thread_; // main thread
 };
@@ -81,8 +93,9 @@ void DisplayLink::postFrame(std::function<void()> frame) {
     });
 }
 
-void DisplayLink::setRefreshRate(double hertz) {
-    DisplayLinkHub::shared().thread().setRate(hertz);
+void DisplayRate::setHertz(double hertz) {
+    const double wanted = ThreadTickSource::isRate(hertz) ? hertz : 0;
+    if (wanted != hertz_) DisplayLinkHub::shared().exchangeRate(std::exchange(hertz_, wanted), wanted);
 }
 
 ScopedDisplayTickSource::ScopedDisplayTickSource(DisplayTickSource& source)

@@ -37,9 +37,6 @@ public:
     // is still waiting or running, so that a busy main thread is not buried. Any thread.
     void postFrame(std::function<void()> frame);
 
-    // The display's frames a second, for all links; the window adapter knows it. Any thread.
-    static void setRefreshRate(double hertz);
-
 private:
     friend class DisplayLinkHub;
     DisplayLink() = default;
@@ -49,6 +46,22 @@ private:
     std::atomic<bool> isRunning_{false};
     std::atomic<bool> isFramePosted_{false};
     std::atomic<std::uint32_t> run_{0}; // counts starts, so that a frame of an earlier run is known
+};
+
+// How many frames a second one window has use for: those of its display, fewer while nothing moves in it. All links
+// tick at the highest rate that any window asks for, at 60 when none does. Main thread.
+class DisplayRate {
+public:
+    DisplayRate() = default;
+    ~DisplayRate() { setHertz(0); }
+    DisplayRate(const DisplayRate&) = delete;
+    DisplayRate& operator=(const DisplayRate&) = delete;
+
+    // What is no display's rate takes the request back.
+    void setHertz(double hertz);
+
+private:
+    double hertz_ = 0;
 };
 
 // While it lives links tick by the borrowed source. No link may be running at either end. For tests; main thread.

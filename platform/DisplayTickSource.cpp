@@ -14,9 +14,16 @@ constexpr std::int32_t kNanosecondsPerSecond = 1'000'000'000;
 
 } // namespace
 
+bool ThreadTickSource::isRate(double hertz) {
+    return hertz >= kLeastRate && hertz <= kMostRate;
+}
+
 void ThreadTickSource::setRate(double hertz) {
-    if (!(hertz >= kLeastRate && hertz <= kMostRate)) return;
-    periodNanoseconds_ = static_cast<std::int64_t>(kNanosecondsPerSecond / hertz);
+    {
+        const std::lock_guard lock(mutex_);
+        periodNanoseconds_ = static_cast<std::int64_t>(kNanosecondsPerSecond / hertz);
+    }
+    wake_.notify_all();
 }
 
 void ThreadTickSource::start(Tick tick) {
@@ -39,14 +46,19 @@ void ThreadTickSource::run() {
     using Clock = std::chrono::steady_clock;
     ::pthread_setname_np(::pthread_self(), "display link");
     std::unique_lock lock(mutex_);
-    for (auto next = Clock::now();;) {
-        const std::chrono::nanoseconds period(periodNanoseconds_.load());
+    for (auto last = Clock::now();;) {
+        const std::int64_t period = periodNanoseconds_;
         // Frames that were slept through are not made up for.
-        next = std::max(next + period, Clock::now());
-        if (wake_.wait_until(lock, next, [this] { return isStopping_; })) return;
+        const auto next = std::max(last + std::chrono::nanoseconds(period), Clock::now());
+        const auto isDisturbed = [&] { return isStopping_ || periodNanoseconds_ != period; };
+        if (wake_.wait_until(lock, next, isDisturbed)) {
+            if (isStopping_) return;
+            continue; // at the new rate, from the last tick on
+        }
         lock.unlock();
-        tick_({std::chrono::nanoseconds(next.time_since_epoch()).count(), kNanosecondsPerSecond, period.count()});
+        tick_({std::chrono::nanoseconds(next.time_since_epoch()).count(), kNanosecondsPerSecond, period});
         lock.lock();
+        last = next;
     }
 }
 

@@ -3,7 +3,6 @@
 
 #include "description/BuildNamespace.h"
 
-#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
@@ -35,7 +34,9 @@ public:
     ~ThreadTickSource() override { stop(); }
     void start(Tick tick) override;
     void stop() override;
-    // Frames a second, 60 at first; taken on at the next tick. What is no display's rate is ignored. Any thread.
+    // Whether a display may have so many frames a second.
+    static bool isRate(double hertz);
+    // Such a number, 60 at first; taken on at once. Any thread.
     void setRate(double hertz);
 
 private:
@@ -43,10 +44,10 @@ private:
 
     Tick tick_;
     std::thread thread_;
-    std::atomic<std::int64_t> periodNanoseconds_{1'000'000'000 / 60};
     std::mutex mutex_;
     std::condition_variable wake_;
-    bool isStopping_ = false; // guarded by mutex_
+    std::int64_t periodNanoseconds_ = 1'000'000'000 / 60; // guarded by mutex_
+    bool isStopping_ = false;                             // likewise
 };
 
 } // namespace QVM_NAMESPACE

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace QVM_NAMESPACE {
 
@@ -21,6 +22,24 @@ void DrawingSurface::begin(Size size, double scale) {
     pixelHeight_ = wholePixels(size.height, scale);
     setProjection(0, size.width, 0, size.height);
     clear();
+}
+
+void DrawingSurface::clear() {
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    lowest_ = {infinity, infinity};
+    highest_ = {-infinity, -infinity};
+    clearPixels();
+}
+
+void DrawingSurface::touch(Vertex v, float reach) {
+    lowest_ = {std::min(lowest_.x, v.x - reach), std::min(lowest_.y, v.y - reach)};
+    highest_ = {std::max(highest_.x, v.x + reach), std::max(highest_.y, v.y + reach)};
+}
+
+Rect DrawingSurface::painted() const {
+    if (!(lowest_.x < highest_.x && lowest_.y < highest_.y)) return {};
+    const Rect drawn{lowest_.x, lowest_.y, double{highest_.x} - lowest_.x, double{highest_.y} - lowest_.y};
+    return drawn.integral().intersectionWith({0, 0, double(pixelWidth_), double(pixelHeight_)});
 }
 
 void DrawingSurface::setProjection(double left, double right, double bottom, double top) {
@@ -44,6 +63,11 @@ void DrawingSurface::drawLineStrip(std::span<const Vertex> points, const LineSty
         pixels_.push_back(toPixels(v));
     segments_.clear();
     appendStroke(segments_, pixels_, colors, {style.width * scale / 2, style.dashOn * scale, style.dashOff * scale});
+    constexpr float edge = 1; // pixels that a line's soft edge reaches beyond its width
+    for (const StrokeSegment& s : segments_) {
+        touch(s.from, s.halfWidth + edge);
+        touch(s.to, s.halfWidth + edge);
+    }
     if (!segments_.empty()) strokeSegments(segments_);
 }
 
@@ -66,6 +90,9 @@ void DrawingSurface::fillTriangles(std::span<const Vertex> points, TriangleMode 
         }
         if (isFinite) triangles_.push_back(triangle);
     }
+    for (const FilledTriangle& triangle : triangles_)
+        for (const Vertex corner : triangle.corners)
+            touch(corner, 0);
     if (!triangles_.empty()) fillPixels(triangles_);
 }
 

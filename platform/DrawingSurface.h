@@ -46,7 +46,9 @@ public:
     // From now on `left`..`right` spans the picture's width and `bottom`..`top` its height.
     void setProjection(double left, double right, double bottom, double top);
     // Takes everything back that was drawn: transparent black.
-    virtual void clear() = 0;
+    void clear();
+    // In pixels, whole, y down: outside of it the picture is transparent. Read it before the next begin().
+    Rect painted() const;
 
     // A line through the points, with round joints and cut-off ends; where it crosses itself it is not drawn twice. It
     // is interrupted at points that are not finite.
@@ -64,16 +66,19 @@ public:
 
 protected:
     DrawingSurface() = default;
+    virtual void clearPixels() = 0;
     virtual void strokeSegments(std::span<const StrokeSegment> segments) = 0;
     virtual void fillPixels(std::span<const FilledTriangle> triangles) = 0;
 
 private:
     Vertex toPixels(Vertex v) const;
+    void touch(Vertex v, float reach);
 
     int pixelWidth_ = 1, pixelHeight_ = 1;
     double scale_ = 1;
     Size size_; // points
     double left_ = 0, right_ = 1, bottom_ = 0, top_ = 1;
+    Vertex lowest_, highest_; // corners of what was drawn, in pixels
     // Kept from call to call for their memory alone.
     std::vector<Vertex> pixels_;
     std::vector<StrokeSegment> segments_;

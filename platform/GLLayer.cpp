@@ -1,6 +1,7 @@
 #include "platform/GLLayer.h"
 
 #include "platform/DrawingSurfaceFactory.h"
+#include "platform/LayerGeometry.h"
 
 namespace QVM_NAMESPACE {
 
@@ -26,13 +27,25 @@ void GLLayer::render() const {
     if (!picture_ || picture_.use_count() > ours) picture_ = std::make_shared<Image>();
     shown_ = picture_;
     if (!surface_) surface_ = makeSurface();
-    surface_->begin(drawnSize_, contentsScale());
-    draw(*surface_);
-    if (surface_->finish(*picture_)) return;
+    if (drawPicture()) return;
     surface_ = makeSubstituteSurface();
+    drawPicture();
+}
+
+bool GLLayer::drawPicture() const {
     surface_->begin(drawnSize_, contentsScale());
     draw(*surface_);
-    surface_->finish(*picture_);
+    painted_ = surface_->painted();
+    return surface_->finish(*picture_);
+}
+
+Rect GLLayer::lookBounds(const PresentedLayer& presented) const {
+    contents();
+    const Rect& bounds = presented.bounds;
+    if (presented.backgroundColor.a > 0 || borderWidth() > 0) return bounds;
+    const double points = 1 / contentsScale();
+    const Rect inBox{painted_.x * points, painted_.y * points, painted_.width * points, painted_.height * points};
+    return ownToBox(yAxis(), bounds).inverted().apply(inBox).intersectionWith(bounds);
 }
 
 } // namespace QVM_NAMESPACE

@@ -20,7 +20,8 @@ public:
     // The picture, drawn now if the layer needs display or has changed its size. What it points to is valid until the
     // layer is drawn again; who holds the pointer keeps that picture.
     const std::shared_ptr<const Image>& contents() const override;
-    Rect lookBounds(const PresentedLayer& presented) const override { return presented.bounds; }
+    // No larger than what is drawn, so that a small change in a large layer costs little.
+    Rect lookBounds(const PresentedLayer& presented) const override;
     bool hasLook(const PresentedLayer& presented) const override { return !presented.bounds.isEmpty(); }
     bool isPlainRectangle(const PresentedLayer&) const override { return false; }
     const char* kind() const override { return "GLLayer"; }
@@ -34,6 +35,8 @@ protected:
 
 private:
     void render() const;
+    // On the surface, into the picture; false when the surface broke down.
+    bool drawPicture() const;
 
     // The picture is the look's, kept: making it changes nothing that can be seen of the layer.
     mutable std::unique_ptr<DrawingSurface> surface_;
@@ -41,6 +44,7 @@ private:
     mutable std::shared_ptr<const Image> shown_; // picture_ again
     mutable std::uint64_t drawnVersion_ = 0;     // of the look that the picture shows; 0: none
     mutable Size drawnSize_;                     // points
+    mutable Rect painted_;                       // pixels of the picture, y down: the rest is transparent
 };
 
 } // namespace QVM_NAMESPACE

@@ -35,7 +35,7 @@ GlDrawingSurface::~GlDrawingSurface() {
     }
 }
 
-void GlDrawingSurface::clear() {
+void GlDrawingSurface::clearPixels() {
     shapes_.clear();
     vertices_.clear();
     addQuad(box(0, 0, static_cast<float>(pixelWidth()), static_cast<float>(pixelHeight())), {});

@@ -17,11 +17,11 @@ public:
     static std::unique_ptr<GlDrawingSurface> make(GlRenderer renderer, std::string& problem);
     ~GlDrawingSurface() override;
 
-    void clear() override;
     bool finish(Image& picture) override;
     const std::string& rendererName() const { return painter_->context().rendererName(); }
 
 protected:
+    void clearPixels() override;
     void strokeSegments(std::span<const StrokeSegment> segments) override;
     void fillPixels(std::span<const FilledTriangle> triangles) override;
 

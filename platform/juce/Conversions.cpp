@@ -52,13 +52,19 @@ juce::Path toToolkit(const Path& path, const AffineTransform& transform) {
 }
 
 juce::Image toToolkit(const Image& image) {
-    juce::Image out = makeCanvas(image.width, image.height);
-    if (image.isEmpty()) return out;
+    return toToolkit(image, {image.width, image.height});
+}
+
+juce::Image toToolkit(const Image& image, juce::Rectangle<int> part) {
+    part = part.getIntersection({image.width, image.height});
+    juce::Image out = makeCanvas(part.getWidth(), part.getHeight());
+    if (part.isEmpty()) return out;
     const juce::Image::BitmapData rows(out, juce::Image::BitmapData::writeOnly);
     const auto width = static_cast<std::size_t>(image.width);
-    for (int y = 0; y < image.height; ++y) {
-        std::memcpy(rows.getLinePointer(y), image.pixels.data() + static_cast<std::size_t>(y) * width,
-                    width * sizeof(std::uint32_t));
+    for (int y = 0; y < part.getHeight(); ++y) {
+        const std::size_t row = static_cast<std::size_t>(part.getY() + y) * width;
+        std::memcpy(rows.getLinePointer(y), image.pixels.data() + row + static_cast<std::size_t>(part.getX()),
+                    static_cast<std::size_t>(part.getWidth()) * sizeof(std::uint32_t));
     }
     return out;
 }

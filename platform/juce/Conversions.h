@@ -16,8 +16,9 @@ juce::Rectangle<float> toToolkit(const Rect& rect);
 // The rectangle with each edge at the nearest whole number.
 juce::Rectangle<int> toNearestPixels(const Rect& rect);
 juce::Path toToolkit(const Path& path, const AffineTransform& transform);
-// Copies the pixels.
+// Copies the pixels, those of a part only when one is given.
 juce::Image toToolkit(const Image& image);
+juce::Image toToolkit(const Image& image, juce::Rectangle<int> part);
 Image fromToolkit(const juce::Image& image);
 
 // An image in memory that nothing else draws to, clear at first.

@@ -150,13 +150,18 @@ void LookPainter::paintBackground(juce::Graphics& g) const {
 }
 
 void LookPainter::paintContents(juce::Graphics& g) const {
-    if (!layer_.contents() || layer_.contents()->isEmpty()) return;
+    const Image* const contents = layer_.contents().get();
+    if (!contents || contents->isEmpty()) return;
     const juce::Rectangle<int> target = boxPixels(toPixels_.apply(contentsRect(layer_, presented_.bounds)));
-    if (target.isEmpty()) return;
-    juce::Image picture = toToolkit(resampled(*layer_.contents(), target.getWidth(), target.getHeight()));
+    const juce::Rectangle<int> seen = target.getIntersection({size_.x, size_.y});
+    if (seen.isEmpty()) return;
+    const juce::Rectangle<int> part = seen - target.getPosition();
+    const bool isExact = target.getWidth() == contents->width && target.getHeight() == contents->height;
+    const Image resized = isExact ? Image{} : resampled(*contents, target.getWidth(), target.getHeight());
+    juce::Image picture = toToolkit(isExact ? *contents : resized, part);
     if (layer_.contentsTint().a > 0) picture = filledWith(picture, layer_.contentsTint());
     g.setOpacity(1);
-    g.drawImageAt(picture, target.getX(), target.getY());
+    g.drawImageAt(picture, seen.getX(), seen.getY());
 }
 
 void LookPainter::paintShape(juce::Graphics& g, const ShapeLayer& shape) const {

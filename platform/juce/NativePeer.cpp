@@ -66,7 +66,7 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
     X11Symbols::getInstance()->xSelectInput(display, window, keys == PeerKeys::taken ? others | keyEvents : others);
 }
 
-void dispatchEventsRead() {
+void exchangeEvents() {
     const auto openDisplay = []() -> ::Display* {
         const XWindowSystem* const system = XWindowSystem::getInstanceWithoutCreating();
         return system != nullptr ? system->getDisplay() : nullptr;
@@ -75,7 +75,7 @@ void dispatchEventsRead() {
     if (display == nullptr) return;
     const XWindowSystemUtilities::ScopedXLock lock;
     // What an answer brought along waits below Xlib's own queue, where only reading finds it.
-    if (X11Symbols::getInstance()->xEventsQueued(display, QueuedAfterReading) == 0) return;
+    if (X11Symbols::getInstance()->xEventsQueued(display, QueuedAfterFlush) == 0) return;
     // As a message of its own: what the events lead to may take away whoever calls.
     MessageManager::callAsync([openDisplay] {
         if (::Display* const stillOpen = openDisplay())

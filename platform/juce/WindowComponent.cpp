@@ -1,6 +1,5 @@
 #include "platform/juce/WindowComponent.h"
 
-#include "platform/DisplayLink.h"
 #include "platform/ToolTipPlacement.h"
 #include "platform/juce/Conversions.h"
 #include "platform/juce/NativePeer.h"
@@ -21,7 +20,8 @@ constexpr double restShare = 0.5;           // of the time that drawing took, du
 constexpr int tooltipDelayMs = 700;
 constexpr double wakefulSeconds = 1;       // after the last frame or pointer event
 constexpr double lookAroundSeconds = 0.25; // between looks whether the window is still to be seen, and where
-constexpr int idleRefreshHz = 12;          // what is uncovered is painted at this rate while nothing else goes on
+// While nothing else goes on, what is uncovered waits for the one, and sound that begins for the other.
+constexpr int idleRefreshHz = 6, idleLinkHz = 12;
 
 // The toolkit shows tooltips only in a window that has the keyboard, and ours leaves that with the host.
 class Tooltips final : public juce::TooltipWindow {
@@ -76,22 +76,46 @@ void WindowComponent::contentViewDidChange() {
 // Frames
 
 void WindowComponent::handleAsyncUpdate() {
-    keepAwake();
-    // A pointer that moves faster than the display is shown at the display's rate.
-    if (!isFrameWanted_ || RunLoop::main().now() - lastFrameTime_ < shortestFrame || !mayDraw()) return;
-    if (juce::ComponentPeer* peer = isShowing() ? getPeer() : nullptr) {
-        frame();
-        peer->performAnyPendingRepaintsNow();
-    }
+    if (std::exchange(wasUncovered_, false)) keepAwake();
+    drawSoon();
+}
+
+// A pointer that moves faster than the display is shown at the display's rate.
+void WindowComponent::drawSoon() {
+    if (!isFrameWanted_ || !isOnScreen()) return;
+    const double wait = std::max(secondsToRest(), lastFrameTime_ + shortestFrame - RunLoop::main().now());
+    if (wait > 0) return frameCall_.schedule(wait, [this] { drawSoon(); });
+    frame();
+    if (renderer_.isAnimating()) keepAwake();
+    show();
+}
+
+void WindowComponent::show() {
+    juce::ComponentPeer* const peer = getPeer();
+    if (!peer) return;
+    isFrameShown_ = lastFrame_->damage.empty();
+    isShowingFrame_ = true;
+    peer->performAnyPendingRepaintsNow();
+    isShowingFrame_ = false;
+    juce::exchangeEvents();
+    // While the server is at the last picture the toolkit leaves the next one to a refresh of the display.
+    if (!isFrameShown_) keepAwake();
+}
+
+// The toolkit looks for input when its own messages have run out, and its timer posts the next one as soon as it is
+// due: with frames that take longer than a refresh, and no rest after them, a click would wait for seconds.
+double WindowComponent::secondsToRest() const {
+    return lastDrawingEnd_ + drawingSeconds_ * restShare - RunLoop::main().now();
 }
 
 void WindowComponent::refresh() {
-    juce::dispatchEventsRead();
-    if (RunLoop::main().now() - lastLookAround_ >= lookAroundSeconds) lookAround();
-    if ((isFrameWanted_ || renderer_.isAnimating()) && isShowing() && mayDraw()) frame();
-    // A window that was moved, or put on another screen, is at the display's rate again without a word.
     const double now = RunLoop::main().now(), sinceLast = now - std::exchange(lastRefresh_, now);
-    if (isIdle() && sinceLast < 0.5 / idleRefreshHz) setRefresh(Refresh::idle);
+    if (now - lastLookAround_ >= lookAroundSeconds) lookAround();
+    if ((isFrameWanted_ || renderer_.isAnimating()) && isOnScreen() && secondsToRest() <= 0) frame();
+    // A window that was moved, or put on another screen, is at the display's rate again without a word.
+    if (isAtRest() && (refreshRate_ == Rate::display || sinceLast < 0.5 / idleRefreshHz)) setRefreshRate(Rate::idle);
+    if (isAtRest() && now - lastFrameTime_ > wakefulSeconds) setLinkRate(Rate::idle);
+    juce::exchangeEvents();
 }
 
 // A window around this one may be hidden, or moved to another display, without a word.
@@ -101,41 +125,46 @@ void WindowComponent::lookAround() {
     // On its way to the screen it is about to be seen, and opening must not wait for the server's answers.
     if (!std::exchange(wasOnScreen_, true)) return;
     window_.setVisible(isShowing() && mapState_.isViewable(nativeWindow()));
-    const auto* const display = juce::Desktop::getInstance().getDisplays().getDisplayForRect(getScreenBounds());
-    if (display && display->verticalFrequencyHz) DisplayLink::setRefreshRate(*display->verticalFrequencyHz);
+    setLinkRate(linkRate_);
+}
+
+// As far as is known: the toolkit would ask the server each time.
+bool WindowComponent::isOnScreen() const {
+    return wasOnScreen_ && window_.isVisible() && getPeer();
 }
 
 void WindowComponent::keepAwake() {
     lastActivity_ = RunLoop::main().now();
-    if (refreshRate_ == Refresh::idle) setRefresh(Refresh::atDisplayRate);
+    if (refreshRate_ == Rate::idle) setRefreshRate(Rate::display);
+    if (linkRate_ == Rate::idle) setLinkRate(Rate::display);
 }
 
-bool WindowComponent::isIdle() const {
-    const double last = std::max(lastActivity_, lastFrameTime_);
-    return !hasMenu_ && !renderer_.isAnimating() && RunLoop::main().now() - last > wakefulSeconds;
+bool WindowComponent::isAtRest() const {
+    return !hasMenu_ && !renderer_.isAnimating() && RunLoop::main().now() - lastActivity_ > wakefulSeconds;
 }
 
-void WindowComponent::setRefresh(Refresh rate) {
+void WindowComponent::setRefreshRate(Rate rate) {
     refreshRate_ = rate;
-    if (juce::ComponentPeer* peer = getPeer())
-        juce::setPeerRefreshRate(*peer, rate == Refresh::idle ? idleRefreshHz : 0);
+    if (juce::ComponentPeer* peer = getPeer()) juce::setPeerRefreshRate(*peer, rate == Rate::idle ? idleRefreshHz : 0);
+}
+
+void WindowComponent::setLinkRate(Rate rate) {
+    linkRate_ = rate;
+    const auto* const display = juce::Desktop::getInstance().getDisplays().getDisplayForRect(getScreenBounds());
+    const double hertz = display ? display->verticalFrequencyHz.value_or(0) : 0;
+    linkRequest_.setHertz(rate == Rate::idle ? idleLinkHz : hertz);
 }
 
 void WindowComponent::frame() {
     if (const juce::ComponentPeer* peer = getPeer())
         adoptScale(cleanScale(getApproximateScaleFactorForComponent(this) * peer->getPlatformScaleFactor()));
     lastFrameTime_ = RunLoop::main().now();
+    if (linkRate_ == Rate::idle) setLinkRate(Rate::display);
     isFrameWanted_ = false;
     lastFrame_ = &renderer_.update(lastFrameTime_);
     repaintDamage();
     drawingSeconds_ = 0;
     didDraw(lastFrameTime_);
-}
-
-// The toolkit looks for input when its own messages have run out, and its timer posts the next one as soon as it is
-// due: with frames that take longer than a refresh, and no rest after them, a click would wait for seconds.
-bool WindowComponent::mayDraw() const {
-    return RunLoop::main().now() - lastDrawingEnd_ >= drawingSeconds_ * restShare;
 }
 
 void WindowComponent::didDraw(double since) {
@@ -158,6 +187,11 @@ void WindowComponent::repaintDamage() {
 
 void WindowComponent::paint(juce::Graphics& g) {
     const double start = RunLoop::main().now();
+    isFrameShown_ = true;
+    if (!isShowingFrame_ && refreshRate_ == Rate::idle) {
+        wasUncovered_ = true; // more may be, at the speed of a hand
+        triggerAsyncUpdate();
+    }
     const double scale = cleanScale(g.getInternalContext().getPhysicalPixelScaleFactor());
     // A host may change the scale without a word; and the first paint may come before the first frame.
     if (scale != renderer_.scale() || isFrameWanted_) {
@@ -266,6 +300,7 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
     if (juce::Desktop::getInstance().getDisplays().displays.isEmpty()) return; // the toolkit can't do without one
     const juce::Rectangle<int> target(static_cast<int>(at.x), static_cast<int>(at.y), 1, 1);
     hasMenu_ = true;
+    keepAwake();
     updateKeys();
     juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this));
     popup.setLookAndFeel(&runtime_->lookAndFeel());

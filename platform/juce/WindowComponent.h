@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/DelayedCall.h"
+#include "platform/DisplayLink.h"
 #include "platform/LayerRenderer.h"
 #include "platform/Window.h"
 #include "platform/juce/EventMapping.h"
@@ -79,14 +80,19 @@ private:
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
-    bool mayDraw() const;
+    // Draws and shows a frame if one is wanted, now or as soon as the last one is old enough.
+    void drawSoon();
+    void show();
+    double secondsToRest() const;
     void didDraw(double since);
     void adoptScale(double scale);
-    enum class Refresh : unsigned char { atDisplayRate, idle };
-    void setRefresh(Refresh rate);
+    enum class Rate : unsigned char { display, idle };
+    void setRefreshRate(Rate rate);
+    void setLinkRate(Rate rate);
     void keepAwake();
     void lookAround();
-    bool isIdle() const;
+    bool isOnScreen() const;
+    bool isAtRest() const;
     void repaintDamage();
     void composeInto(juce::Graphics& g, double scale) const;
     bool isContentOpaque() const;
@@ -105,9 +111,13 @@ private:
     DelayedCall resignation_;          // the loss of focus, unless it comes back at once
     std::set<unsigned char> passedOn_; // codes of held keys whose presses went to the host
     bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
+    bool isShowingFrame_ = false, isFrameShown_ = true, wasUncovered_ = false;
     bool wasOnScreen_ = false;
-    bool areToolTipsQuiet_ = false; // since a key was pressed
-    Refresh refreshRate_ = Refresh::atDisplayRate;
+    bool areToolTipsQuiet_ = false;    // since a key was pressed
+    Rate refreshRate_ = Rate::display; // of the toolkit's window
+    Rate linkRate_ = Rate::display;    // that display links are asked for
+    DisplayRate linkRequest_;
+    DelayedCall frameCall_;                                         // for a frame that was wanted too soon
     double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
     double lastLookAround_ = 0;                                     // likewise
     double lastDrawingEnd_ = 0;                                     // likewise

@@ -154,7 +154,8 @@ private:
 
 TEST(DisplayLinkThreadTest, FramesComeAtTheDisplaysRate) {
     SleepingDriver driver;
-    DisplayLink::setRefreshRate(250);
+    DisplayRate display;
+    display.setHertz(250);
     Viewer viewer;
     viewer.link->start();
     while (viewer.times.size() < 20)
@@ -163,12 +164,12 @@ TEST(DisplayLinkThreadTest, FramesComeAtTheDisplaysRate) {
     EXPECT_NEAR(viewer.duration, 1.0 / 250, 1e-9);
     for (std::size_t i = 1; i < viewer.times.size(); ++i)
         EXPECT_GE(viewer.times[i] - viewer.times[i - 1], 0.00399); // later when the machine is busy, never sooner
-    DisplayLink::setRefreshRate(60);
 }
 
 TEST(DisplayLinkThreadTest, NoCallbackRunsOnceStopHasReturned) {
     SleepingDriver driver;
-    DisplayLink::setRefreshRate(1000);
+    DisplayRate display;
+    display.setHertz(1000);
     for (int i = 0; i < 50; ++i) {
         Viewer viewer, other;
         viewer.link->start();
@@ -185,21 +186,61 @@ TEST(DisplayLinkThreadTest, NoCallbackRunsOnceStopHasReturned) {
         EXPECT_TRUE(viewer.times.empty());
     }
     RunLoop::main().runDue();
-    DisplayLink::setRefreshRate(60);
 }
 
-TEST(DisplayLinkThreadTest, RatesThatNoDisplayHasAreIgnored) {
-    SleepingDriver driver;
-    DisplayLink::setRefreshRate(200);
-    for (const double rate : {0.0, -60.0, 1e9, std::numeric_limits<double>::quiet_NaN()})
-        DisplayLink::setRefreshRate(rate);
-    Viewer viewer;
-    viewer.link->start();
+// The period of the next frame.
+double nextDuration(Viewer& viewer, SleepingDriver& driver) {
+    viewer.times.clear();
     while (viewer.times.empty())
         driver.runOnce();
-    EXPECT_NEAR(viewer.duration, 1.0 / 200, 1e-9);
+    return viewer.duration;
+}
+
+TEST(DisplayLinkThreadTest, TheFastestWindowSetsTheRate) {
+    SleepingDriver driver;
+    Viewer viewer;
+    viewer.link->start();
+    EXPECT_NEAR(nextDuration(viewer, driver), 1.0 / 60, 1e-9) << "none has asked";
+    DisplayRate first;
+    first.setHertz(12);
+    {
+        DisplayRate second;
+        second.setHertz(200);
+        first.setHertz(100);
+        viewer.link->stop();
+        viewer.link->start();
+        EXPECT_NEAR(nextDuration(viewer, driver), 1.0 / 200, 1e-9);
+    }
     viewer.link->stop();
-    DisplayLink::setRefreshRate(60);
+    viewer.link->start();
+    EXPECT_NEAR(nextDuration(viewer, driver), 1.0 / 100, 1e-9) << "a window that is gone asks for nothing";
+}
+
+TEST(DisplayLinkThreadTest, AFasterRateDoesNotWaitForTheSlowersNextFrame) {
+    SleepingDriver driver;
+    DisplayRate window;
+    window.setHertz(10);
+    Viewer viewer;
+    viewer.link->start();
+    nextDuration(viewer, driver);
+    const double slow = viewer.times.front();
+    window.setHertz(100);
+    EXPECT_NEAR(nextDuration(viewer, driver), 1.0 / 100, 1e-9) << "no frame of the slow rate comes between";
+    EXPECT_GE(viewer.times.front() - slow, 0.00999);
+}
+
+TEST(DisplayLinkThreadTest, RatesThatNoDisplayHasAskForNothing) {
+    SleepingDriver driver;
+    Viewer viewer;
+    viewer.link->start();
+    for (const double rate : {0.0, -60.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
+        DisplayRate window;
+        window.setHertz(200);
+        window.setHertz(rate);
+        viewer.link->stop();
+        viewer.link->start();
+        EXPECT_NEAR(nextDuration(viewer, driver), 1.0 / 60, 1e-9) << rate;
+    }
 }
 
 } // namespace

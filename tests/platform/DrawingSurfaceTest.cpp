@@ -30,11 +30,21 @@ std::unique_ptr<DrawingSurface> make(Backend backend) {
     return surface;
 }
 
+bool isClearOutside(const Image& image, const Rect& painted) {
+    for (int y = 0; y < image.height; ++y)
+        for (int x = 0; x < image.width; ++x)
+            if (image.pixels[static_cast<std::size_t>(y * image.width + x)] != 0 &&
+                !painted.contains(Point{double(x), double(y)}))
+                return false;
+    return true;
+}
+
 Image picture(DrawingSurface& surface, Size size, double scale, const std::function<void(DrawingSurface&)>& draw) {
     surface.begin(size, scale);
     draw(surface);
     Image image;
     EXPECT_TRUE(surface.finish(image));
+    EXPECT_TRUE(isClearOutside(image, surface.painted()));
     return image;
 }
 
@@ -121,6 +131,23 @@ TEST_P(DrawingSurfaceTest, ClearTakesEverythingBack) {
         s.fillTriangles(rectangle(0, 0, 1, 1), TriangleMode::strip, white);
     });
     EXPECT_EQ(sumOfAlpha(), 255);
+}
+
+TEST_P(DrawingSurfaceTest, PaintedIsTheBoxAroundWhatIsDrawn) {
+    const std::vector<Vertex> triangle{{2, 1}, {4.5f, 1}, {2, 3}}, line{{5, 5}, {7, 5}},
+        beyond{{20, 1}, {22, 1}, {20, 3}};
+    draw({10, 10}, 2, [&](DrawingSurface& s) {
+        EXPECT_TRUE(s.painted().isEmpty());
+        s.fillTriangles(beyond, TriangleMode::list, white);
+        EXPECT_TRUE(s.painted().isEmpty());
+        s.clear();
+        s.fillTriangles(triangle, TriangleMode::list, white);
+        EXPECT_EQ(s.painted(), (Rect{4, 14, 5, 4}));
+        s.drawLineStrip(line, {1}, white);
+        EXPECT_EQ(s.painted(), (Rect{4, 8, 12, 10})) << "two pixels around the line: half its width and its soft edge";
+        s.clear();
+        EXPECT_TRUE(s.painted().isEmpty());
+    });
 }
 
 TEST_P(DrawingSurfaceTest, PartsOfPixelsCountByArea) {

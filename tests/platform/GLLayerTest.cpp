@@ -11,18 +11,21 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
-// The lower left point is `color`, the rest transparent.
+// One point, at first the lower left one, is `color`, the rest transparent.
 class CornerLayer : public GLLayer {
 public:
     using GLLayer::GLLayer;
     Color color = Color::white(1);
+    float left = 0;
     mutable int drawn = 0;
 
 protected:
     void draw(DrawingSurface& surface) const override {
         ++drawn;
-        surface.fillTriangles(std::vector<Vertex>{{0, 0}, {1, 0}, {0, 1}, {1, 1}}, TriangleMode::strip, color);
+        surface.fillTriangles(std::vector<Vertex>{{left, 0}, {left + 1, 0}, {left, 1}, {left + 1, 1}},
+                              TriangleMode::strip, color);
     }
     std::unique_ptr<DrawingSurface> makeSurface() const override { return std::make_unique<CpuDrawingSurface>(); }
 };
@@ -57,14 +60,35 @@ TEST_F(GLLayerTest, IdleFrameDrawsNothing) {
     EXPECT_EQ(layer->drawn, 1);
 }
 
-TEST_F(GLLayerTest, AnyNumberOfRequestsMakeOnePictureAndDamageTheLayerOnly) {
+TEST_F(GLLayerTest, AnyNumberOfRequestsMakeOnePicture) {
     renderer.update(0);
     for (int i = 0; i < 5; ++i)
         layer->setNeedsDisplay();
     const RenderStatistics& frame = renderer.update(1);
     EXPECT_THAT(frame.rasterised, ElementsAre("GLLayer"));
-    EXPECT_THAT(frame.damage, ElementsAre(Rect{2, 3, 4, 5}));
     EXPECT_EQ(layer->drawn, 2);
+}
+
+TEST_F(GLLayerTest, DamageIsWhatWasPaintedAndIsPainted) {
+    renderer.update(0);
+    layer->left = 2;
+    layer->setNeedsDisplay();
+    EXPECT_THAT(renderer.update(1).damage, UnorderedElementsAre(Rect{2, 7, 1, 1}, Rect{4, 7, 1, 1}));
+    layer->left = 9; // beyond the layer
+    layer->setNeedsDisplay();
+    EXPECT_THAT(renderer.update(2).damage, ElementsAre(Rect{4, 7, 1, 1}));
+}
+
+TEST_F(GLLayerTest, LookIsWhatIsPaintedWhicheverWayIsUp) {
+    for (const YAxis axis : {YAxis::down, YAxis::up}) {
+        CornerLayer corner(axis);
+        corner.setContentsScale(2);
+        corner.setFrame({0, 0, 4, 5});
+        const Rect look = corner.lookBounds(corner.presentation(0));
+        EXPECT_EQ(look, (Rect{0, axis == YAxis::down ? 4.0 : 0.0, 1, 1}));
+        corner.setBackgroundColor(Color::white(1));
+        EXPECT_EQ(corner.lookBounds(corner.presentation(0)), (Rect{0, 0, 4, 5}));
+    }
 }
 
 TEST_F(GLLayerTest, HiddenLayerIsNotDrawn) {
@@ -111,10 +135,10 @@ TEST_F(GLLayerTest, LayerWithoutSizeHasNoLook) {
 // Breaks down at every picture.
 class BrokenSurface final : public DrawingSurface {
 public:
-    void clear() override {}
     bool finish(Image&) override { return false; }
 
 protected:
+    void clearPixels() override {}
     void strokeSegments(std::span<const StrokeSegment>) override {}
     void fillPixels(std::span<const FilledTriangle>) override {}
 };

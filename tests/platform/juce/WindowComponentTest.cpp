@@ -178,7 +178,10 @@ public:
     explicit SlowLayer(VirtualTime& time) : time_(time) {}
 
 protected:
-    void draw(DrawingSurface&) const override { time_.advance(0.1); }
+    void draw(DrawingSurface& surface) const override {
+        surface.drawLineStrip(std::vector<Vertex>{{0, 0}, {10, 10}}, {}, red);
+        time_.advance(0.1);
+    }
 
 private:
     VirtualTime& time_;
@@ -190,8 +193,8 @@ TEST_F(WindowComponentTest, AfterALongFrameItRestsSoThatInputIsSeen) {
     component->window().contentView()->layer()->addSublayer(slow);
     settle();
     const auto drawsAfter = [&](double seconds) {
-        time.advance(seconds);
         peer().repaints.clear();
+        time.advance(seconds);
         slow->setNeedsDisplay();
         runPostedMessages();
         peer().vBlank();
@@ -212,14 +215,42 @@ TEST_F(WindowComponentTest, AfterALongFrameItRestsSoThatInputIsSeen) {
 
 TEST_F(WindowComponentTest, HiddenWindowDrawsNothingUntilItIsShown) {
     settle();
+    const auto lookAround = [this] { // several times a second
+        time.advance(0.25);
+        peer().vBlank();
+    };
     peer().minimised = true;
+    lookAround();
     square->setBackgroundColor(blue);
     peer().vBlank();
     runPostedMessages();
     EXPECT_THAT(peer().repaints, IsEmpty());
     peer().minimised = false;
-    peer().vBlank();
+    lookAround();
     EXPECT_EQ(peer().repaints.size(), 1u);
+}
+
+TEST_F(WindowComponentTest, AnimatedDrawingIsShownWithoutTheWindowsRefresh) {
+    settle();
+    for (int i = 0; i < 20; ++i) { // a display link's frames, each with a change
+        time.advance(1.0 / 60);
+        square->setBackgroundColor(i % 2 == 0 ? blue : red);
+        runPostedMessages();
+    }
+    EXPECT_EQ(peer().repaints.size(), 20u);
+    EXPECT_EQ(peer().flushes, 20);
+}
+
+TEST_F(WindowComponentTest, ChangeThatComesTooSoonIsShownWithoutTheWindowsRefresh) {
+    settle();
+    square->setBackgroundColor(blue);
+    runPostedMessages();
+    time.advance(0.004);
+    square->setBackgroundColor(red);
+    runPostedMessages();
+    EXPECT_EQ(peer().flushes, 1) << "quicker than any display";
+    time.advance(0.008);
+    EXPECT_EQ(peer().flushes, 2);
 }
 
 class WindowComponentScaleTest : public WindowComponentTest, public ::testing::WithParamInterface<double> {};

@@ -92,7 +92,7 @@ juce::Point<int> HostedPlugin::onScreen(double x, double y) const {
 
 void HostedPlugin::step() {
     // The toolkit's loop forgets events that it has read while it waited for an answer; the loops of most hosts don't.
-    juce::dispatchEventsRead();
+    juce::exchangeEvents();
     if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
     const double now = juce::Time::getMillisecondCounterHiRes();
     if (now < nextBlock_) return;
