@@ -21,13 +21,14 @@ struct QVMEditorLayout {
     Rect clumpsView;
     Rect presetBar;
     Rect powerBox;
-    Rect logoStamp;     // in the power box
-    Rect powerControl;  // of pid 0, in the master clump
-    Rect logoButton;    // in the power box
-    Rect gearButton;    // in the power box
-    Rect sketchPlace;   // in the power box: where the response curve is drawn
-    Rect abControl;     // in the preset bar
-    Rect presetControl; // in the preset bar
+    Rect logoStamp;               // in the power box
+    Rect powerControl;            // of pid 0, in the master clump
+    Rect logoButton;              // in the power box
+    Rect gearButton;              // in the power box
+    Rect sketchPlace;             // in the power box: where the response curve is drawn
+    double sketchPlaceRadius = 0; // of its corners, points
+    Rect abControl;               // in the preset bar
+    Rect presetControl;           // in the preset bar
     Rect advClumpsView;
 };
 

@@ -37,16 +37,31 @@ double shareOfSlackBefore(QVMLabelAlignment alignment) {
     return 0;
 }
 
+// A picture that is decoded when it is first drawn: those in a drawer that is never opened are most of all the work.
+class PictureLayer final : public Layer {
+public:
+    explicit PictureLayer(std::string text) : text_(std::move(text)) {}
+
+    const std::shared_ptr<const Image>& contents() const override {
+        if (!picture_) picture_ = QVMImageFromBase64String(text_);
+        return picture_;
+    }
+    bool hasLook(const PresentedLayer&) const override { return true; }
+
+private:
+    const std::string text_;
+    mutable std::shared_ptr<const Image> picture_; // of the text, and nothing else that can be seen
+};
+
 } // namespace
 
 LabelLayer::LabelLayer(LabelContent content) : content_(std::move(content)) {
-    std::shared_ptr<const Image> image;
-    if (content_.image.starts_with(base64LabelPrefix)) image = QVMImageFromBase64String(content_.image);
-    showsImage_ = image != nullptr;
+    std::optional<Size> pixels;
+    if (content_.image.starts_with(base64LabelPrefix)) pixels = QVMImageSizeFromBase64String(content_.image);
+    showsImage_ = pixels.has_value();
     if (showsImage_) {
-        layer_ = std::make_shared<Layer>();
-        layer_->setFrame(SituatedRectInsideRectForImage(content_.frame, *image, labelImageScale, content_.alignment));
-        layer_->setContents(image, ContentsGravity::resize);
+        layer_ = std::make_shared<PictureLayer>(std::move(content_.image));
+        layer_->setFrame(SituatedRectInsideRectForImage(content_.frame, *pixels, labelImageScale, content_.alignment));
     } else {
         auto text = std::make_shared<TextLayer>();
         text->setFrame(content_.frame);
@@ -66,10 +81,9 @@ void LabelLayer::setColor(Color color) {
     static_cast<TextLayer&>(*layer_).setString(text);
 }
 
-Rect SituatedRectInsideRectForImage(const Rect& rect, const Image& image, double imageScale,
-                                    QVMLabelAlignment alignment) {
-    if (rect.isEmpty() || image.width <= 0 || image.height <= 0) return {rect.x, rect.y, 0, 0};
-    const double width = image.width / imageScale, height = image.height / imageScale;
+Rect SituatedRectInsideRectForImage(const Rect& rect, Size pixels, double imageScale, QVMLabelAlignment alignment) {
+    if (rect.isEmpty() || !(pixels.width > 0 && pixels.height > 0)) return {rect.x, rect.y, 0, 0};
+    const double width = pixels.width / imageScale, height = pixels.height / imageScale;
     const double fit = std::min({1.0, rect.width / width, rect.height / height});
     const Size size{width * fit, height * fit};
     return {rect.x + (rect.width - size.width) * shareOfSlackBefore(alignment),

@@ -15,8 +15,6 @@ struct OutlineItem {
     std::string note;                // shown under the title; empty: none
     std::optional<std::uint32_t> id; // of a leaf: what choosing it means to the owner
     std::vector<OutlineItem> children;
-
-    bool isExpandable() const { return !children.empty(); }
 };
 
 } // namespace QVM_NAMESPACE

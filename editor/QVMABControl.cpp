@@ -20,7 +20,7 @@ constexpr Rect aFrame = {1, 0, 26, 29}, bFrame = {31, 0, 26, 29}, arrowFrame = {
 constexpr const char* letterFace = "HelveticaNeue-Medium";
 constexpr double letterSize = 12, arrowSize = 9;
 constexpr double glideSeconds = 0.15;
-constexpr double focusDistance = 3;
+constexpr double focusDistance = 2; // leaves air to the bar's edges
 
 Rect indicatorFrame(std::uint32_t position) {
     const Rect inner = boxFrame.insetBy(indicatorInset, indicatorInset);

@@ -12,12 +12,15 @@ std::vector<std::byte> QVMBase64Decoder::decode(std::string_view text) {
     return decodeBase64(text);
 }
 
+std::optional<Size> QVMImageSizeFromBase64String(std::string_view text) {
+    return Image::sizeOfPng(QVMBase64Decoder::decode(text));
+}
+
 std::shared_ptr<const Image> QVMImageFromBase64String(std::string_view text) {
     static std::map<std::string, std::shared_ptr<const Image>, std::less<>> decoded;
     const auto known = decoded.find(text);
     if (known != decoded.end()) return known->second;
-    const std::vector<std::byte> bytes = QVMBase64Decoder::decode(text);
-    return decoded.emplace(text, bytes.empty() ? nullptr : Image::fromPng(bytes)).first->second;
+    return decoded.emplace(text, Image::fromPng(QVMBase64Decoder::decode(text))).first->second;
 }
 
 } // namespace QVM_NAMESPACE

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +19,9 @@ public:
     // The bytes that a text stands for; none when it is no base64. The label prefix may stand before it. Any thread.
     static std::vector<std::byte> decode(std::string_view text);
 };
+
+// Width and height of the picture in pixels, without decoding it; none when the text is no picture. Any thread.
+std::optional<Size> QVMImageSizeFromBase64String(std::string_view text);
 
 // The picture, or null when the text is none. Pictures of the description live as long as the process, so each text is
 // decoded once and shared by all editors. Main thread.

@@ -39,12 +39,7 @@ QVMClumpsView::QVMClumpsView(const Rect& frame, const QVMConfig& config, ClumpsA
 
 void QVMClumpsView::setInset(std::map<std::string, double> inset) {
     inset_ = std::move(inset);
-    for (const Panel& panel : panels_)
-        panel.layer->removeFromSuperlayer();
-    panels_.clear();
-    addPanels();
-    addDividers();
-    themeUpdated();
+    layOutPanels();
 }
 
 void QVMClumpsView::setDrawOutsideBorder(bool draw) {
@@ -58,6 +53,8 @@ void QVMClumpsView::themeUpdated() {
     layer()->setBorder(drawOutsideBorder_ ? lineWidth : 0, palette.divider);
     for (const Panel& panel : panels_)
         panel.layer->setBackgroundColor(palette.*panel.color);
+    for (const auto& divider : dividers_)
+        divider->setBackgroundColor(palette.divider);
     if (banner_) banner_->setColor(palette.label);
 }
 
@@ -66,10 +63,16 @@ void QVMClumpsView::addPanels() {
     config_.enumerateClumpsOfType(QVMClumpTypeOrdinary, [this](QVMClump& clump) {
         auto panel = std::make_shared<Layer>();
         panel->setName("panel:" + clump.codesafeName);
-        panel->setFrame(rectFrom(clump.frame).intersectionWith(area()));
         layer()->addSublayer(panel);
-        panels_.push_back({panel, panelColor(clump)});
+        panels_.push_back({panel, rectFrom(clump.frame), panelColor(clump)});
     });
+    layOutPanels();
+}
+
+void QVMClumpsView::layOutPanels() {
+    const Rect area = insetByEdges(bounds(), inset_);
+    for (const Panel& panel : panels_)
+        panel.layer->setFrame(panel.frame.intersectionWith(area));
 }
 
 void QVMClumpsView::addDividers() {
@@ -81,7 +84,7 @@ void QVMClumpsView::addDividers() {
         divider->setName("divider");
         divider->setFrame(boxForLine(line, bounds().height));
         layer()->addSublayer(divider);
-        panels_.push_back({divider, &QVMPalette::divider});
+        dividers_.push_back(std::move(divider));
     }
 }
 
@@ -90,10 +93,6 @@ void QVMClumpsView::addBanner() {
     banner_.emplace(LabelContent{
         config_.metadata->advBanner, "", {0, 0, bounds().width, bannerHeight}, QVMLabelAlignment::left, {}});
     layer()->addSublayer(banner_->layer());
-}
-
-Rect QVMClumpsView::area() const {
-    return insetByEdges(bounds(), inset_);
 }
 
 } // namespace QVM_NAMESPACE

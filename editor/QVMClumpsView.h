@@ -31,18 +31,20 @@ public:
 private:
     struct Panel {
         std::shared_ptr<Layer> layer;
+        Rect frame; // without the insets
         Color QVMPalette::*color;
     };
     void addPanels();
-    void addBanner();
+    void layOutPanels();
     void addDividers();
-    Rect area() const;
+    void addBanner();
 
     const QVMConfig& config_;
     ClumpsArea area_;
     std::map<std::string, double> inset_;
     bool drawOutsideBorder_ = false;
     std::vector<Panel> panels_;
+    std::vector<std::shared_ptr<Layer>> dividers_;
     std::optional<LabelLayer> banner_; // of the advanced area
 };
 

@@ -17,10 +17,8 @@
 #include "viz/QVMParameterSketchDelegate.h"
 
 #include <array>
-#include <functional>
 #include <limits>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -64,7 +62,7 @@ public:
     void completeInterfaceSetup();
 
     // A value from anywhere in the editor: restricted, told to the delegate in the host domain, memoized. The control
-    // follows when the value comes back from the unit.
+    // follows when the value comes back from the unit; before there is a sketch, by which it comes, at once.
     void notifyParameterUpdatedTo(std::uint32_t pid, float value);
     // The user moved a control: as above, then the partner of a low/high pair is pushed an octave away.
     void handleParameterControlUpdated(QVMParameterControl& control);
@@ -155,6 +153,8 @@ public:
     QVMClumpView* clumpViewWithCodename(std::string_view codesafeName) const;
     const std::vector<QVMParameterControl*>& parameterControls() const { return parameterControls_; }
     const QVMConfig& config() const { return *config_; }
+    // Expires with the editor: for what may be called after it has gone, as a menu's items.
+    std::weak_ptr<const bool> lifetime() const { return alive_; }
     QVMKeyboardHandler& keyboard() { return *keyboard_; }
     QVMClumpsView* clumpsView() const { return clumpsView_; }
     QVMClumpsView* advClumpsView() const { return advClumpsView_; }
@@ -173,9 +173,7 @@ public:
     void bringParameterControlIntoFocus(QVMParameterControl* control);
     QVMParameterControl* focusedControl() const { return focusedControl_; }
     // The control that the last context menu was about; null when it was about none.
-    QVMParameterControl* lastRightClickedControl() const {
-        return lastRightClickedPid_ ? parameterControlWithPid(*lastRightClickedPid_) : nullptr;
-    }
+    QVMParameterControl* lastRightClickedControl() const { return lastRightClickedControl_; }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.
     void setHasFocus(bool hasFocus);
     bool hasFocus() const { return hasFocus_; }
@@ -215,6 +213,7 @@ private:
     void addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView);
     void addPresetDrawer();
     void addFrameButton();
+    void layOutSketch();
     void layOutFrameButton();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
@@ -232,6 +231,9 @@ private:
     void rereadMemoizedValue(const QVMParameter& parameter, float held);
     void showThemeInSketches();
     void sketchScaleDidChange();
+
+    // Whether a parameter's control stands in the advanced drawer while that is closed. Null does not.
+    bool isInClosedDrawer(const QVMParameter* parameter) const;
 
     // Value flow.
     void handleSideEffectsOfUpdatedControl(QVMParameterControl& control, float value, float was);
@@ -274,16 +276,6 @@ private:
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
 
-    // Context menu.
-    void addControlItems(Menu& menu, const QVMParameterControl& control);
-    void addSettingsItems(Menu& menu);
-    void copySettings();
-    void pasteSettings();
-    void resetAllSettings();
-    // Does nothing once the editor, or its control of the parameter, is gone.
-    std::function<void()> onControl(std::uint32_t pid, void (*action)(QVMParameterControl&)) const;
-    std::function<void()> onEditor(void (QVMGenericUI::*action)());
-
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
@@ -320,11 +312,10 @@ private:
 
     QVMParameterControl* focusedControl_ = nullptr;
     QVMParameterControl* rememberedFocus_ = nullptr;
-    std::optional<std::uint32_t> lastRightClickedPid_;
+    QVMParameterControl* lastRightClickedControl_ = nullptr;
     bool hasFocus_ = false;
 
     DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
-    // Expires with the editor, for what a menu calls after it has gone.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::vector<ObservationToken> observations_, windowObservations_;
 };

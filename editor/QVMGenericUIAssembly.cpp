@@ -93,6 +93,7 @@ void QVMGenericUI::addAndRegisterParameterControls() {
         config_->enumerateClumpsOfType(QVMClumpTypeAdvanced, [this](QVMClump& clump) {
             addClumpView(clump, rectFrom(clump.frame), *advClumpsView_);
         });
+        advClumpsView_->setHidden(true); // until its layout is assumed
     }
     const std::vector<QVMClump*> masters = config_->clumpsOfType(QVMClumpTypeMaster);
     if (!masters.empty()) masterClump_ = &addClumpView(*masters.front(), layout.powerBox, *this);

@@ -19,15 +19,14 @@ namespace {
 
 constexpr double unfocusedLogoAlpha = 0.5;
 
-bool isInClumpOfType(const QVMParameterControl& control, std::int32_t type) {
-    const QVMClump* clump = control.parameter() ? control.parameter()->clump : nullptr;
-    return clump && clump->clumpType == type;
+bool isInClumpOfType(const QVMParameter* parameter, std::int32_t type) {
+    return parameter && parameter->clump && parameter->clump->clumpType == type;
 }
 
 } // namespace
 
 void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) {
-    if (control && isInClumpOfType(*control, QVMClumpTypeMaster)) return;
+    if (control && isInClumpOfType(control->parameter(), QVMClumpTypeMaster)) return;
     if (control != focusedControl_) keyboard_->clearNumberBuffer();
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
@@ -53,8 +52,15 @@ void QVMGenericUI::setHasFocus(bool hasFocus) {
     rememberedFocus_ = nullptr;
     // A click on a control that brought the window to the front has chosen already.
     if (!remembered || focusedControl_) return;
-    const bool outOfSight = altFrame_ == QVMAltFrameNormal && isInClumpOfType(*remembered, QVMClumpTypeAdvanced);
-    if (!outOfSight) bringParameterControlIntoFocus(remembered);
+    if (!isInClosedDrawer(remembered->parameter())) bringParameterControlIntoFocus(remembered);
+}
+
+bool QVMGenericUI::isInClosedDrawer(const QVMParameter* parameter) const {
+    return altFrame_ == QVMAltFrameNormal && isInClumpOfType(parameter, QVMClumpTypeAdvanced);
+}
+
+void QVMGenericUI::revealFocusedControl() {
+    if (focusedControl_ && isInClosedDrawer(focusedControl_->parameter())) requestFrame(QVMAltFrameDoubleWide);
 }
 
 void QVMGenericUI::ensureFirstResponder() {
@@ -80,7 +86,7 @@ bool QVMGenericUI::wantsKeys() const {
 
 bool QVMGenericUI::keyDown(const Event& event) {
     // The list that covers the controls takes the keys as well.
-    if (presetDrawer_ && presetDrawer_->visible() && presetDrawer_->keyDown(event)) return true;
+    if (presetDrawer_ && presetDrawer_->keyDown(event)) return true;
     return keyboard_->handleKeyDownEvent(event) || keyboard_->handleUnfocusedKeyEvent(event) || View::keyDown(event);
 }
 

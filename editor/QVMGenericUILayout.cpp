@@ -53,10 +53,17 @@ void QVMGenericUI::assumeFrames() {
     place(presetBar_, layout.presetBar, layout.editor);
     place(powerBox_, layout.powerBox, layout.editor);
     place(parameterControlWithPid(0), layout.powerControl, {0, 0, layout.powerBox.width, layout.powerBox.height});
-    place(advClumpsView_, layout.advClumpsView, layout.advClumpsView); // beside the editor, ready to be shown
+    place(advClumpsView_, layout.advClumpsView, layout.editor);
     if (powerBox_) powerBox_->assumeLayout(layout);
-    if (sketch_) sketch_->setFrame(layout.sketchPlace);
+    layOutSketch();
     layOutFrameButton();
+}
+
+void QVMGenericUI::layOutSketch() {
+    if (!sketch_) return;
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
+    sketch_->setFrame(layout.sketchPlace);
+    sketch_->layer()->setCornerRadius(layout.sketchPlaceRadius);
 }
 
 // In the corner of the curve.
@@ -95,13 +102,6 @@ void QVMGenericUI::assumeNextFrame() {
 
 void QVMGenericUI::gearTapped() {
     requestFrame(altFrame_ == QVMAltFrameDoubleWide ? QVMAltFrameNormal : QVMAltFrameDoubleWide);
-}
-
-void QVMGenericUI::revealFocusedControl() {
-    const View* outer = focusedControl_;
-    while (outer && outer != advClumpsView_)
-        outer = outer->superview();
-    if (outer && altFrame_ == QVMAltFrameNormal) requestFrame(QVMAltFrameDoubleWide);
 }
 
 void QVMGenericUI::meterTapped() {

@@ -76,7 +76,8 @@ void QVMGenericUI::schedulePresetDirtyCheck() {
 }
 
 void QVMGenericUI::checkPresetDirtyState() {
-    if (!presetBar_) return;
+    // What was read at the opening is not yet what the unit holds; the first values that come from it ask again.
+    if (!presetBar_ || receivedParamUpdateCount_ == 0) return;
     // No settings equal a preset that does not exist.
     const auto values = PresetIndexToPresetValues(currentPreset());
     presetBar_->setDirty(!values || !equalsPreset(*values));

@@ -50,6 +50,8 @@ void QVMGenericUI::addSketchWithFrameAppendView(const Rect& frame, View& appendV
     sketch_->setNumericMeter(numericMeterReading_.get());
     if (focusedControl_) sketch_->setFocusedPid(static_cast<std::int32_t>(focusedControl_->parameter()->pid));
     showMemoizedValues(*sketch_->getVizRef());
+    sketch_->layer()->setMasksToBounds(true); // lines end at the rounded corners
+    layOutSketch();
     sketch_->setAlpha(0); // it becomes visible in its window
     const Transaction appearing = Transaction::animated(appearanceSeconds);
     appendView.addSubview(std::move(made));

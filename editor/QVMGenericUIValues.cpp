@@ -31,6 +31,8 @@ void QVMGenericUI::notifyParameterUpdatedTo(std::uint32_t pid, float value) {
     value = parameter->restrictValue(value);
     if (delegate_) delegate_->interfaceUpdatedParameterKeyedValue(*this, pid, parameter->reverseCastValue(value));
     updateMemoizedValueForParameter(value, pid);
+    if (sketch_) return; // the value comes back through it
+    if (QVMParameterControl* control = parameterControlWithPid(pid)) control->setFloatValue(value);
 }
 
 void QVMGenericUI::updateMemoizedValueForParameter(float value, std::uint32_t pid) {
@@ -39,10 +41,7 @@ void QVMGenericUI::updateMemoizedValueForParameter(float value, std::uint32_t pi
     memoizedPValuesChanged_[pid] = 1;
     potentiallySaveToUndoRedoStack();
     if (hud_) hud_->updateWithParamsChanges(memoizedPValues_, memoizedPValuesChanged_);
-    const QVMParameter* parameter = config_->parameterForPid(pid);
-    const bool isOutOfSight = altFrame_ == QVMAltFrameNormal && parameter && parameter->clump &&
-                              parameter->clump->clumpType == QVMClumpTypeAdvanced;
-    QVMSymbolButton* gear = isOutOfSight && powerBox_ ? powerBox_->gear() : nullptr;
+    QVMSymbolButton* gear = isInClosedDrawer(config_->parameterForPid(pid)) && powerBox_ ? powerBox_->gear() : nullptr;
     if (gear) advFlashLim_.fireWithLimitTargetSelector(gearFlashLimit, *gear, &QVMSymbolButton::flash);
 }
 

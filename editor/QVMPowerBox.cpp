@@ -16,7 +16,6 @@ constexpr double logoGlyphSize = 22, gearGlyphSize = 30; // points
 constexpr double underlineWidth = 32, underlineHeight = 1.5, underlineBelowLogo = 28;
 constexpr float underlineAlpha = 0.75f;
 constexpr Color sketchPlaceShade = Color::white(0, 0.17f); // over the product's colour
-constexpr double sketchPlaceRadius = 4;
 
 } // namespace
 
@@ -50,10 +49,8 @@ void QVMPowerBox::assumeLayout(const QVMEditorLayout& layout) {
     if (gear_) gear_->setFrame(layout.gearButton);
     logoStamp_->setFrame(layout.logoStamp);
     layOutUnderline(layout.logoButton);
-    // Where the curve fills the whole box there is no edge to round.
-    const bool fillsBox = layout.sketchPlace.size() == layout.powerBox.size();
     sketchPlace_->setFrame(layout.sketchPlace);
-    sketchPlace_->setCornerRadius(fillsBox ? 0 : sketchPlaceRadius);
+    sketchPlace_->setCornerRadius(layout.sketchPlaceRadius);
 }
 
 void QVMPowerBox::themeUpdated() {

@@ -83,7 +83,7 @@ void QVMPresetsDrawer::themeUpdated() {
 }
 
 bool QVMPresetsDrawer::keyDown(const Event& event) {
-    if (event.has(EventModifier::command)) return false;
+    if (!visible() || event.has(EventModifier::command)) return false;
     switch (event.keyCode) {
     case Key::codeEscape:
     case Key::codeReturn:

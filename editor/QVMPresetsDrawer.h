@@ -44,7 +44,7 @@ public:
 
     void setVisibility(bool visible) override;
     void themeUpdated() override;
-    // Steps through the list, or closes the drawer; true when handled. Offered by the editor while the drawer is open.
+    // Steps through the list, or closes the drawer, when it is open; true when handled. The editor offers every key.
     bool keyDown(const Event& event) override;
     bool performKeyEquivalent(const Event& event) override;
     void mouseDown(const Event& event) override;

@@ -32,6 +32,24 @@ std::shared_ptr<Image> blankImage(unsigned width, unsigned height) {
     return image;
 }
 
+// Reads as far as the size; the data must outlive it.
+struct PngReader {
+    explicit PngReader(std::span<const std::byte> data) {
+        state.version = PNG_IMAGE_VERSION;
+        isPng_ = png_image_begin_read_from_memory(&state, data.data(), data.size()) != 0;
+    }
+    ~PngReader() { png_image_free(&state); }
+    PngReader(const PngReader&) = delete;
+    PngReader& operator=(const PngReader&) = delete;
+
+    bool isReadable() const { return isPng_ && isSane(state.width, state.height); }
+
+    png_image state{};
+
+private:
+    bool isPng_ = false;
+};
+
 // The library reports errors by a call that must not return, and warnings (data cut short or corrupt) by a count.
 struct JpegErrors {
     jpeg_error_mgr manager;
@@ -85,17 +103,18 @@ struct JpegDecoder {
 
 } // namespace
 
+std::optional<Size> Image::sizeOfPng(std::span<const std::byte> data) {
+    const PngReader png(data);
+    if (!png.isReadable()) return std::nullopt;
+    return Size{static_cast<double>(png.state.width), static_cast<double>(png.state.height)};
+}
+
 std::shared_ptr<const Image> Image::fromPng(std::span<const std::byte> data) {
-    png_image png{};
-    png.version = PNG_IMAGE_VERSION;
-    if (!png_image_begin_read_from_memory(&png, data.data(), data.size())) return nullptr;
-    if (!isSane(png.width, png.height)) {
-        png_image_free(&png);
-        return nullptr;
-    }
-    png.format = PNG_FORMAT_BGRA;
-    const auto image = blankImage(png.width, png.height);
-    if (!png_image_finish_read(&png, nullptr, image->pixels.data(), 0, nullptr)) return nullptr;
+    PngReader png(data);
+    if (!png.isReadable()) return nullptr;
+    png.state.format = PNG_FORMAT_BGRA;
+    const auto image = blankImage(png.state.width, png.state.height);
+    if (!png_image_finish_read(&png.state, nullptr, image->pixels.data(), 0, nullptr)) return nullptr;
     for (std::uint32_t& pixel : image->pixels)
         pixel = premultiplied(pixel);
     return image;

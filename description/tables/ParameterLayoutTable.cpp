@@ -23,7 +23,7 @@ constexpr std::array<ParameterLayout, 15> kLayouts = {{
     {.pid = 7, .frame = {0, 0, 97, 217}, .controlFrame = {0, 0, 97, 217}},
     {.pid = 9, .frame = {0, 37, 321, 34}, .controlFrame = kBandSlider},
     {.pid = 10, .frame = {0, 71, 321, 34}, .controlFrame = kBandSlider},
-    {.pid = 13, .frame = {248, 179, 29, 21}, .controlFrame = {0, 0, 29, 21}},
+    {.pid = 13, .frame = {245, 179, 29, 21}, .controlFrame = {0, 0, 29, 21}},
     {.pid = 14,
      .frame = {10, 64, 80, 60},
      .controlFrame = kNumberControl,

@@ -6,8 +6,9 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr juce::uint32 menuColour = 0xF8262A30, edgeColour = 0x30FFFFFF, textColour = 0xFFE8EAED,
-                       headColour = 0x99E8EAED, markColour = 0xFF3C6FD8;
+constexpr juce::uint32 menuColour = 0xF82A2526, edgeColour = 0x30FFFFFF, textColour = 0xFFEDE9E8,
+                       headColour = 0x99EDE9E8, markColour = 0xFF8E4E55;
+constexpr int menuMargin = 5; // above the first item and below the last
 constexpr float menuTextPoints = 13, tooltipPoints = 12;
 constexpr int tooltipMargin = 6, tooltipBelowPointer = 20;
 constexpr float tooltipWidth = 260;
@@ -29,6 +30,10 @@ juce::Typeface::Ptr ToolkitLookAndFeel::getTypefaceForFont(const juce::Font& fon
 
 juce::Font ToolkitLookAndFeel::getPopupMenuFont() {
     return juce::Font().withPointHeight(menuTextPoints);
+}
+
+int ToolkitLookAndFeel::getPopupMenuBorderSize() {
+    return menuMargin;
 }
 
 void ToolkitLookAndFeel::drawPopupMenuBackground(juce::Graphics& g, int width, int height) {

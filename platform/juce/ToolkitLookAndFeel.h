@@ -15,6 +15,7 @@ public:
     // All text of the toolkit comes here for its typeface. The toolkit's own way would open every font of the machine.
     juce::Typeface::Ptr getTypefaceForFont(const juce::Font& font) override;
     juce::Font getPopupMenuFont() override;
+    int getPopupMenuBorderSize() override;
     void drawPopupMenuBackground(juce::Graphics& g, int width, int height) override;
     void drawTooltip(juce::Graphics& g, const juce::String& text, int width, int height) override;
     juce::Rectangle<int> getTooltipBounds(const juce::String& text, juce::Point<int> pointer,

@@ -101,17 +101,24 @@ protected:
         if (ui_) ui_->setDelegate(nullptr);
     }
 
-    // Builds the editor as its owner does, then lets the first snapshot be taken and the first pictures be made.
-    void open(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
+    // Builds the editor on the unit as it is, as its owner does.
+    void build(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
+        if (ui_) ui_->setDelegate(nullptr);
         delegate_.vizRef = nullptr;
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            delegate_.unit[pid] = GetParameter(pid)->reverseCastValue(GetParameter(pid)->initialValue);
         auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, std::move(config), chanIn, chanOut);
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
             ui->setMemoizedPValueDirectlyValue(pid, GetParameter(pid)->shownValueFromHostValue(delegate_.unit[pid]));
         ui->completeInterfaceSetup();
         ui->setDelegate(&delegate_);
         ui_ = &window_.setContentView(std::move(ui));
+        delegate_.calls.clear();
+        delegate_.sent.clear();
+    }
+    // Builds it on initial values, then lets the first snapshot be taken and the first pictures be made.
+    void open(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            delegate_.unit[pid] = GetParameter(pid)->reverseCastValue(GetParameter(pid)->initialValue);
+        build(std::move(config), chanIn, chanOut);
         time_.advance(1);
         for (int i = 0; i < glideFrames; ++i)
             frame();
@@ -124,6 +131,13 @@ protected:
         delegate_.post();
         ticks_.tick(time_.now());
         time_.settle();
+    }
+    // Every display frame of so many seconds, as in a host.
+    void frames(double seconds) {
+        for (double passed = 0; passed < seconds; passed += frameSeconds) {
+            time_.advance(frameSeconds);
+            frame();
+        }
     }
 
     // What a user's hand does to a control, without the geometry.
@@ -140,6 +154,12 @@ protected:
 
     QVMParameterControl& control(std::uint32_t pid) { return *ui_->parameterControlWithPid(pid); }
     float memoized(std::uint32_t pid) const { return ui_->getMemoizedPValueDirectly(pid); }
+    std::vector<float> memoized() const {
+        std::vector<float> all;
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            all.push_back(memoized(pid));
+        return all;
+    }
     QVMUndoRedoStack& stack() { return ui_->keyboard().undoRedoStack(); }
 
     bool key(char32_t character, std::uint16_t keyCode = 0, std::uint32_t modifiers = 0) {
@@ -168,6 +188,7 @@ protected:
     }
 
     static constexpr int glideFrames = 10; // more than a hand-over and a glide take
+    static constexpr double frameSeconds = 1.0 / 60;
 
     ManualTickSource ticks_;
     VirtualTime time_;

@@ -32,9 +32,7 @@ TEST(LabelLayer, FallsBackToTextInCapitals) {
 }
 
 TEST(SituatedRect, FitsAnImageInAndKeepsItsProportions) {
-    Image image;
-    image.width = 200;
-    image.height = 100;
+    const Size image{200, 100};
     const Rect box{0, 0, 100, 20};
     EXPECT_EQ(SituatedRectInsideRectForImage(box, image, 1, QVMLabelAlignment::left), (Rect{0, 0, 40, 20}));
     EXPECT_EQ(SituatedRectInsideRectForImage(box, image, 1, QVMLabelAlignment::center), (Rect{30, 0, 40, 20}));
@@ -44,7 +42,8 @@ TEST(SituatedRect, FitsAnImageInAndKeepsItsProportions) {
 }
 
 TEST(SituatedRect, AnEmptyBoxOrImageGivesNoArea) {
-    EXPECT_TRUE(SituatedRectInsideRectForImage({1, 2, 0, 0}, Image{}, 1, QVMLabelAlignment::left).isEmpty());
+    EXPECT_TRUE(SituatedRectInsideRectForImage({1, 2, 0, 0}, {200, 100}, 1, QVMLabelAlignment::left).isEmpty());
+    EXPECT_TRUE(SituatedRectInsideRectForImage({1, 2, 10, 10}, Size{}, 1, QVMLabelAlignment::left).isEmpty());
 }
 
 } // namespace

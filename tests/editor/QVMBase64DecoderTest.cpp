@@ -23,6 +23,13 @@ TEST(QVMImageFromBase64String, GivesTheDescriptionsPictures) {
     EXPECT_TRUE(QVMImageFromBase64String(GetParameter(14)->label)); // with the prefix
 }
 
+TEST(QVMImageFromBase64String, TheSizeIsKnownWithoutThePicture) {
+    EXPECT_EQ(QVMImageSizeFromBase64String(GetMetadata()->logo), (Size{120, 120}));
+    EXPECT_TRUE(QVMImageSizeFromBase64String(GetParameter(14)->label)); // with the prefix
+    EXPECT_FALSE(QVMImageSizeFromBase64String("base64,Zm9v"));
+    EXPECT_FALSE(QVMImageSizeFromBase64String(""));
+}
+
 TEST(QVMImageFromBase64String, GivesNothingForTextThatIsNoPicture) {
     EXPECT_FALSE(QVMImageFromBase64String("base64,Zm9v"));
     EXPECT_FALSE(QVMImageFromBase64String("Output Gain"));

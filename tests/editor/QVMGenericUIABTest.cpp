@@ -163,20 +163,14 @@ TEST_F(QVMGenericUIAB, WhatIsNoNumberInASavedSlotCountsAsZero) {
 TEST_F(QVMGenericUIAB, WhatWasSavedIsWhatComesBack) {
     ui_->requestPresetNamed("Cellphone");
     change(2, 1234.5f);
-    const std::vector<float> before = [this] {
-        std::vector<float> all;
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            all.push_back(memoized(pid));
-        return all;
-    }();
+    const std::vector<float> before = memoized();
     tap(ab().b());
     const std::string saved = delegate_.savedSlot;
     tap(ab().a());
     ui_->requestPresetNamed("Default");
     ui_->restoreABStateSettings(0, saved); // now B is active
     tap(ab().a());
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        EXPECT_EQ(memoized(pid), before[pid]) << pid;
+    EXPECT_EQ(memoized(), before);
     EXPECT_EQ(ui_->currentPreset(), 22u);
 }
 

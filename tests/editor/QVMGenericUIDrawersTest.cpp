@@ -1,33 +1,17 @@
-#include "EditorFixture.h"
+#include "RenderedEditorFixture.h"
 
 #include "editor/DrawerBackdrop.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/LayerRenderer.h"
 
 namespace QVM_NAMESPACE {
 namespace {
 
-class NoPixels final : public RasterBackend {
-public:
-    std::shared_ptr<Raster> rasterise(const Layer&, const PresentedLayer&, const Rect&, double) override {
-        return std::make_shared<Raster>();
-    }
-};
-
-class QVMGenericUIDrawers : public EditorFixture {
+class QVMGenericUIDrawers : public RenderedEditorFixture {
 protected:
     void SetUp() override {
         EditorFixture::SetUp();
-        renderer.setRootLayer(ui_->layer());
-    }
-    // Frames go by, as on a display: animations end in them.
-    void wait(double seconds) {
-        constexpr double frameSeconds = 1.0 / 60;
-        for (double passed = 0; passed < seconds; passed += frameSeconds) {
-            time_.advance(frameSeconds);
-            renderer.update(time_.now());
-        }
+        drawAll();
     }
     QVMDrawerView& presets() { return *ui_->presetDrawer(); }
     QVMDrawerView& addOther() {
@@ -43,8 +27,6 @@ protected:
                                           .then(AffineTransform::translation(frame.midX(), frame.midY()));
         return about.apply(frame);
     }
-    NoPixels pixels;
-    LayerRenderer renderer{pixels};
 };
 
 TEST_F(QVMGenericUIDrawers, StandBelowThePresetBarAndHiddenAtFirst) {
@@ -65,11 +47,11 @@ TEST_F(QVMGenericUIDrawers, TheClumpsShrinkToAMiniatureBehindThePresets) {
     ASSERT_TRUE(presets().layer()->animationForKey("fadeIn"));
     EXPECT_EQ(presets().layer()->animationForKey("fadeIn")->duration, 0.25);
     EXPECT_EQ(ui_->clumpsView()->layer()->animationForKey("transform")->duration, 0.2);
-    wait(0.1);
+    drawFor(0.1);
     EXPECT_GT(miniature().a, 0.5);
     EXPECT_LT(miniature().a, 1);
     EXPECT_LT(presets().layer()->presentation().opacity, 1);
-    wait(0.3);
+    drawFor(0.3);
     EXPECT_EQ(miniature().a, 0.5);
     EXPECT_EQ(presets().layer()->presentation().opacity, 1);
     EXPECT_EQ(seenClumps(), (Rect{204, 96, 209, 145})); // on whole points, inside the drawer
@@ -77,26 +59,26 @@ TEST_F(QVMGenericUIDrawers, TheClumpsShrinkToAMiniatureBehindThePresets) {
 
 TEST_F(QVMGenericUIDrawers, ClosingBringsTheClumpsBackAndThenShiftsTheDrawerAway) {
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleDrawerForce(presets(), false);
     EXPECT_FALSE(presets().visible());
     ASSERT_TRUE(presets().layer()->animationForKey("fadeOut"));
     EXPECT_EQ(presets().layer()->animationForKey("fadeOut")->duration, 0.3);
     EXPECT_EQ(ui_->clumpsView()->layer()->animationForKey("transform")->duration, 0.25);
     EXPECT_EQ(window_.firstResponder(), ui_);
-    wait(0.27);
+    drawFor(0.27);
     EXPECT_TRUE(miniature().isIdentity());
     EXPECT_FALSE(presets().isHidden()); // still fading
-    wait(0.1);
+    drawFor(0.1);
     EXPECT_TRUE(presets().isHidden());
     EXPECT_NE(presets().frame(), presets().originalFrame());
 }
 
 TEST_F(QVMGenericUIDrawers, TogglingThePresetsDrawerTwiceQuicklyLeavesItClosedAndTheClumpsAtIdentity) {
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.05);
+    drawFor(0.05);
     ui_->toggleDrawerForce(presets(), false);
-    wait(1);
+    drawFor(1);
     EXPECT_FALSE(presets().visible());
     EXPECT_TRUE(presets().isHidden());
     EXPECT_TRUE(miniature().isIdentity());
@@ -105,11 +87,11 @@ TEST_F(QVMGenericUIDrawers, TogglingThePresetsDrawerTwiceQuicklyLeavesItClosedAn
 
 TEST_F(QVMGenericUIDrawers, OpeningAgainWhileItClosesLeavesItOpen) {
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.1);
+    drawFor(0.1);
     ui_->toggleDrawerForce(presets(), false);
-    wait(1);
+    drawFor(1);
     EXPECT_TRUE(presets().visible());
     EXPECT_FALSE(presets().isHidden());
     EXPECT_EQ(presets().layer()->presentation().opacity, 1);
@@ -119,12 +101,12 @@ TEST_F(QVMGenericUIDrawers, OpeningAgainWhileItClosesLeavesItOpen) {
 TEST_F(QVMGenericUIDrawers, AnotherDrawerWaitsUntilThePresetsHaveClosed) {
     QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleDrawerForce(other, false);
     EXPECT_FALSE(presets().visible());
     EXPECT_FALSE(other.visible());
     EXPECT_EQ(ui_->waitingDrawer(), &other);
-    wait(0.5);
+    drawFor(0.5);
     EXPECT_TRUE(other.visible());
     EXPECT_EQ(ui_->waitingDrawer(), nullptr);
 }
@@ -132,7 +114,7 @@ TEST_F(QVMGenericUIDrawers, AnotherDrawerWaitsUntilThePresetsHaveClosed) {
 TEST_F(QVMGenericUIDrawers, AForcedDrawerDoesNotWait) {
     QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleDrawerForce(other, true);
     EXPECT_TRUE(other.visible());
     EXPECT_FALSE(presets().visible());
@@ -141,10 +123,10 @@ TEST_F(QVMGenericUIDrawers, AForcedDrawerDoesNotWait) {
 TEST_F(QVMGenericUIDrawers, OpeningThePresetsAgainForgetsTheWaitingDrawer) {
     QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleDrawerForce(other, false);
     ui_->toggleDrawerForce(presets(), false);
-    wait(1);
+    drawFor(1);
     EXPECT_TRUE(presets().visible());
     EXPECT_FALSE(other.visible());
 }
@@ -152,7 +134,7 @@ TEST_F(QVMGenericUIDrawers, OpeningThePresetsAgainForgetsTheWaitingDrawer) {
 TEST_F(QVMGenericUIDrawers, OpeningOneClosesTheOthersAndClearsTheFocus) {
     QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(other, false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->bringParameterControlIntoFocus(&control(1));
     EXPECT_TRUE(ui_->hideVisibleDrawersPresenting(&presets()));
     EXPECT_FALSE(other.visible());
@@ -166,19 +148,19 @@ TEST_F(QVMGenericUIDrawers, ADrawerThatCoversEverythingHidesTheClumpsUntilItClos
     QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(other, false);
     EXPECT_FALSE(ui_->clumpsView()->isHidden());
-    wait(0.5);
+    drawFor(0.5);
     EXPECT_TRUE(ui_->clumpsView()->isHidden());
     ui_->toggleDrawerForce(other, false);
     EXPECT_FALSE(ui_->clumpsView()->isHidden());
     ui_->toggleDrawerForce(other, false);
     ui_->toggleDrawerForce(other, false); // before the clumps were hidden
-    wait(0.5);
+    drawFor(0.5);
     EXPECT_FALSE(ui_->clumpsView()->isHidden());
 }
 
 TEST_F(QVMGenericUIDrawers, AClickOnTheMiniatureHidesAllDrawers) {
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     click(seenClumps().center());
     EXPECT_FALSE(presets().visible());
     EXPECT_FALSE(ui_->hideAllDrawers()); // none is left
@@ -196,14 +178,14 @@ TEST_F(QVMGenericUIDrawers, AnExceptedOrClosedDrawerIsLeftAlone) {
 
 TEST_F(QVMGenericUIDrawers, TogglingTheFrameClosesThePresetsFirst) {
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleFrame();
     EXPECT_FALSE(presets().visible());
-    wait(0.3);
+    drawFor(0.3);
     EXPECT_EQ(ui_->altFrame(), 0);
     ui_->toggleFrame(); // at once now, and the pending change is dropped
     EXPECT_EQ(ui_->altFrame(), 2);
-    wait(1);
+    drawFor(1);
     EXPECT_EQ(ui_->altFrame(), 2);
 }
 
@@ -216,9 +198,9 @@ TEST_F(QVMGenericUIDrawers, AStateFromTheHostThatIsCompactClosesThem) {
 TEST_F(QVMGenericUIDrawers, AClosedEditorInMidTransitionLeavesNothingBehind) {
     addOther();
     ui_->toggleDrawerForce(presets(), false);
-    wait(0.5);
+    drawFor(0.5);
     ui_->toggleDrawerForce(presets(), false);
-    renderer.setRootLayer(nullptr);
+    renderer_.setRootLayer(nullptr);
     ui_ = nullptr;
     window_.setContentView(std::make_unique<View>());
     time_.advance(1);

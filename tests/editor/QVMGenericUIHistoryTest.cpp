@@ -168,6 +168,21 @@ TEST_F(QVMGenericUIHistory, ADragOfTheMouseIsOneStepAndOneGesture) {
     EXPECT_EQ(memoized(1), 0);
 }
 
+TEST_F(QVMGenericUIHistory, OneDragMakesOneUndoStep) {
+    userSets(2, 8000);
+    frame();
+    time_.advance(1);
+    const std::size_t before = stack().stack().size();
+    for (const float value : {6789.1f, 1234.6f, 333.3f, 125.7f}) {
+        userSets(3, value);
+        frame();
+    }
+    frames(2);
+    EXPECT_EQ(stack().stack().size(), before + 1);
+    EXPECT_EQ(memoized(3), 125.7f);
+    EXPECT_EQ(memoized(2), 0.5f * 125.7f) << "the pushed partner, beside the fine step, keeps its value too";
+}
+
 TEST_F(QVMGenericUIHistory, AnUndoCancelsASnapshotThatIsPending) {
     change(1, 6);
     userSets(1, 9);
@@ -180,22 +195,16 @@ TEST_F(QVMGenericUIHistory, AnUndoCancelsASnapshotThatIsPending) {
 
 // Random changes, pauses, undos and redos, against a history that is two plain lists.
 TEST_F(QVMGenericUIHistory, AgreesWithASimpleModelOverRandomOperations) {
-    const auto state = [this] {
-        std::vector<float> all;
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            all.push_back(memoized(pid));
-        return all;
-    };
     std::mt19937 random(7);
-    std::vector<std::vector<float>> done = {state()}, undone;
+    std::vector<std::vector<float>> done = {memoized()}, undone;
     for (int step = 0; step < 300; ++step) {
         switch (random() % 4) {
         case 0:
         case 1: {
             const std::uint32_t pid = random() % 2 ? 1 : 7;
             change(pid, static_cast<float>(random() % 5) * -1.5f);
-            if (state() == done.back()) break;
-            done.push_back(state());
+            if (memoized() == done.back()) break;
+            done.push_back(memoized());
             undone.clear();
             break;
         }
@@ -215,7 +224,7 @@ TEST_F(QVMGenericUIHistory, AgreesWithASimpleModelOverRandomOperations) {
                 undone.pop_back();
             }
         }
-        ASSERT_EQ(state(), done.back()) << "step " << step;
+        ASSERT_EQ(memoized(), done.back()) << "step " << step;
         ASSERT_EQ(ui_->presetBar()->undo().buttonEnabled(), done.size() > 1) << "step " << step;
         ASSERT_EQ(ui_->presetBar()->redo().buttonEnabled(), !undone.empty()) << "step " << step;
     }

@@ -73,7 +73,14 @@ TEST_F(QVMGenericUILayout, ReturningFromCompactPutsEverythingBack) {
     EXPECT_EQ(control(0).frame(), power);
     EXPECT_EQ(ui_->clumpsView()->frame(), (Rect{0, 30, 418, 290}));
     EXPECT_EQ(ui_->advClumpsView()->frame(), (Rect{480, 0, 200, 320}));
+}
+
+TEST_F(QVMGenericUILayout, TheAdvancedDrawerIsShownInItsLayoutOnly) {
+    EXPECT_TRUE(ui_->advClumpsView()->isHidden());
+    ui_->gearTapped();
     EXPECT_FALSE(ui_->advClumpsView()->isHidden());
+    ui_->gearTapped();
+    EXPECT_TRUE(ui_->advClumpsView()->isHidden());
 }
 
 TEST_F(QVMGenericUILayout, AnyOtherVariantHasNoFrames) {

@@ -1,9 +1,9 @@
 #include "EditorFixture.h"
+#include "RecordingWorkspace.h"
 
 #include "controls/QVMSymbolButton.h"
 #include "editor/QVMPowerBox.h"
 #include "platform/Menu.h"
-#include "platform/Workspace.h"
 
 #include <gmock/gmock.h>
 
@@ -12,20 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class Desktop final : public Workspace {
-public:
-    Desktop() { install(this); }
-    ~Desktop() override { install(nullptr); }
-    std::optional<std::string> clipboardString() override { return clipboard; }
-    void setClipboardString(const std::string& text) override { clipboard = text; }
-    bool openUrl(const std::string& address) override {
-        opened.push_back(address);
-        return true;
-    }
-    std::optional<std::string> clipboard;
-    std::vector<std::string> opened;
-};
 
 class QVMGenericUIMenu : public EditorFixture {
 protected:
@@ -46,7 +32,7 @@ protected:
                                         [&](const MenuItem& item) { return item.title == title; });
         return found == menu.items.end() ? menu.items.front() : *found;
     }
-    Desktop desktop;
+    RecordingWorkspace desktop;
 };
 
 TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {

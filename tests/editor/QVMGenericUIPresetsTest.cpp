@@ -17,13 +17,7 @@ using testing::IsEmpty;
 
 class QVMGenericUIPresets : public EditorFixture {
 protected:
-    // Every display frame for a second, as in a host.
-    void settle() {
-        for (int i = 0; i < 60; ++i) {
-            frame();
-            time_.advance(1.0 / 60);
-        }
-    }
+    void settle() { frames(1); }
     bool dirty() { return ui_->presetBar()->dirty(); }
     QVMPresetControl& name() {
         return dynamic_cast<QVMPresetControl&>(*ui_->presetBar()->presetControl()->primaryControl());
@@ -31,14 +25,7 @@ protected:
     std::string shownName() { return name().value()->string().string(); }
     // A new editor on the unit as it is, as when a host closes the old one and opens it again.
     void reopen(const std::string& presetName) {
-        ui_->setDelegate(nullptr);
-        delegate_.vizRef = nullptr;
-        auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, QVMConfig::inlinedConfig(), 2, 2);
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            ui->setMemoizedPValueDirectlyValue(pid, GetParameter(pid)->heldValueFromHostValue(delegate_.unit[pid]));
-        ui->completeInterfaceSetup();
-        ui->setDelegate(&delegate_);
-        ui_ = &window_.setContentView(std::move(ui));
+        build(QVMConfig::inlinedConfig());
         ui_->lastSavedPresetWasNamed(presetName);
         settle();
     }
@@ -60,6 +47,38 @@ TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
     settle();
     EXPECT_EQ(shownName(), "Default");
     EXPECT_FALSE(dirty());
+}
+
+// The range links start below their range, where the binding may not go.
+TEST_F(QVMGenericUIPresets, TheDefaultPresetIsCleanAfterTheOpeningAndNothingCanBeUndone) {
+    frames(2);
+    EXPECT_EQ(memoized(4), 0);
+    EXPECT_EQ(memoized(12), 0);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+    EXPECT_FALSE(stack().canUndo());
+    EXPECT_EQ(stack().currentValues()->values.at(4), 0);
+    EXPECT_TRUE(delegate_.sent.empty());
+}
+
+TEST_F(QVMGenericUIPresets, APresetThatIsChosenBeforeThereIsASketchShowsAtOnce) {
+    build(QVMConfig::inlinedConfig());
+    ui_->requestPresetNamed("Cellphone");
+    ASSERT_FALSE(ui_->sketch());
+    const auto values = PresetIndexToPresetValues(22);
+    for (const std::uint32_t pid : {1u, 2u, 3u, 9u, 10u, 14u})
+        EXPECT_EQ(control(pid).floatValue(), values->at(pid)) << pid;
+    settle();
+    EXPECT_EQ(control(1).floatValue(), values->at(1));
+    EXPECT_FALSE(dirty());
+}
+
+TEST_F(QVMGenericUIPresets, TheNameIsNeverMarkedWhileTheEditorOpens) {
+    build(QVMConfig::inlinedConfig());
+    ui_->lastSavedPresetWasNamed("Default");
+    for (int i = 0; i < 120; ++i) {
+        frames(frameSeconds);
+        ASSERT_FALSE(dirty()) << "frame " << i;
+    }
 }
 
 TEST_F(QVMGenericUIPresets, EveryPresetIsCleanWhenChosenAndWhenTheEditorIsOpenedAgain) {

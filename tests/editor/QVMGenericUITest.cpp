@@ -14,27 +14,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 using testing::HasSubstr;
-using testing::IsEmpty;
 
-// Rasterises nothing, for tests that only ask what would be drawn.
-class NoPixels final : public RasterBackend {
-public:
-    std::shared_ptr<Raster> rasterise(const Layer&, const PresentedLayer&, const Rect&, double) override {
-        return std::make_shared<Raster>();
-    }
-};
-
-class QVMGenericUITest : public EditorFixture {
-protected:
-    void drawUntilAtRest() {
-        renderer.setRootLayer(ui_->layer());
-        renderer.update(time_.now());
-        time_.advance(1); // what opening set in motion
-        renderer.update(time_.now());
-    }
-    NoPixels pixels;
-    LayerRenderer renderer{pixels};
-};
+class QVMGenericUITest : public EditorFixture {};
 
 TEST_F(QVMGenericUITest, StandsInTheFramesOfTheNormalLayout) {
     EXPECT_EQ(ui_->clumpsView()->frame(), (Rect{0, 30, 418, 290}));
@@ -127,31 +108,6 @@ TEST_F(QVMGenericUITest, ItsLayerTreeNamesItsParts) {
           "redoButton",    "clump:Tilt",      "label:TILT",     "label:GAIN",       "control:TiltGain", "band:Filter",
           "advClumpsView", "clump:AdvFilter", "interiorBorder", "clump:MasterOnOff"})
         EXPECT_THAT(dump, HasSubstr(part));
-}
-
-TEST_F(QVMGenericUITest, AnIdleEditorRasterisesAndComposesNothing) {
-    drawUntilAtRest();
-    for (int i = 0; i < 10; ++i) {
-        time_.advance(1.0 / 60);
-        frame();
-        const RenderStatistics& statistics = renderer.update(time_.now());
-        EXPECT_THAT(statistics.rasterised, IsEmpty());
-        EXPECT_THAT(statistics.damage, IsEmpty());
-    }
-    EXPECT_FALSE(renderer.isAnimating());
-}
-
-TEST_F(QVMGenericUITest, AChangedValueRasterisesItsOwnReadoutAndTheCurveOnly) {
-    drawUntilAtRest();
-    hostSets(7, -6);
-    std::vector<std::string> rasterised;
-    for (int i = 0; i < 30; ++i) {
-        time_.advance(1.0 / 60);
-        for (const std::string& name : renderer.update(time_.now()).rasterised)
-            rasterised.push_back(name);
-    }
-    // Once each for the one frame, while the handle glides on.
-    EXPECT_THAT(rasterised, testing::UnorderedElementsAre("readout", "sketch"));
 }
 
 TEST_F(QVMGenericUITest, AThemeChosenInOneWindowRecoloursTheEditorInAnother) {

@@ -1,9 +1,9 @@
 // Settings to the clipboard and back.
 #include "EditorFixture.h"
+#include "RecordingWorkspace.h"
 
 #include "platform/Log.h"
 #include "platform/Menu.h"
-#include "platform/Workspace.h"
 
 #include <gmock/gmock.h>
 #include <random>
@@ -17,35 +17,19 @@ using testing::IsEmpty;
 const std::string page = "https://ferrowind.example/slantwise";
 const std::string base = page + "/2.0.1";
 
-class Clipboard final : public Workspace {
-public:
-    Clipboard() { install(this); }
-    ~Clipboard() override { install(nullptr); }
-    std::optional<std::string> clipboardString() override { return text; }
-    void setClipboardString(const std::string& copied) override { text = copied; }
-    bool openUrl(const std::string&) override { return false; }
-    std::optional<std::string> text; // none: it holds a picture, or nothing
-};
-
 class QVMKeyboardHandlerSettings : public EditorFixture {
 protected:
     QVMKeyboardHandler& keyboard() { return ui_->keyboard(); }
     std::string address() { return keyboard().currentParametersURLEncoded(); }
     bool apply(const std::string& query) { return keyboard().applyURLEncodedPreset(base + "/?" + query); }
     bool paste(const std::string& text) {
-        clipboard_.text = text;
+        desktop_.clipboard = text;
         return keyboard().keyboardShortcutHandlePaste();
     }
     // As a user's hand, and the unit's answer.
     void set(std::uint32_t pid, float value) {
         userSets(pid, value);
         frame();
-    }
-    std::vector<float> values() const {
-        std::vector<float> all;
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            all.push_back(memoized(pid));
-        return all;
     }
     // Puts some controls off their initial values, and lets that be a step of its own.
     void makeAMess() {
@@ -57,7 +41,7 @@ protected:
         delegate_.calls.clear();
     }
 
-    Clipboard clipboard_;
+    RecordingWorkspace desktop_;
     std::vector<std::string> log_;
     ScopedLogSink sink_{[this](const std::string& line) { log_.push_back(line); }};
 };
@@ -90,10 +74,10 @@ TEST_F(QVMKeyboardHandlerSettings, AnXKeepsAParameterWhileTheRestReturns) {
 TEST_F(QVMKeyboardHandlerSettings, TheOlderQueryIsReadExactlyLikeTheCurrentOne) {
     makeAMess();
     EXPECT_TRUE(apply("tg:x/out:3.5/trl:120/nonsense:4"));
-    const std::vector<float> current = values();
+    const std::vector<float> current = memoized();
     makeAMess();
     EXPECT_TRUE(apply("tg=x&out=3.5&trl=120&nonsense=4"));
-    EXPECT_EQ(values(), current);
+    EXPECT_EQ(memoized(), current);
 }
 
 TEST_F(QVMKeyboardHandlerSettings, AValueKeyedByTheFullNameIsResetFirstAndThenSet) {
@@ -122,7 +106,7 @@ TEST_F(QVMKeyboardHandlerSettings, TheProductInThePathMayBeAnother) {
 }
 
 TEST_F(QVMKeyboardHandlerSettings, ValuesOutOfRangeAreItsEndsAndUnknownKeysChangeNothing) {
-    const std::vector<float> before = values();
+    const std::vector<float> before = memoized();
     EXPECT_TRUE(apply("tg:999/trl:-5/loudness:2/out:-3e38/tal:9/p:4"));
     EXPECT_EQ(memoized(1), 18);
     EXPECT_EQ(memoized(2), 10);
@@ -143,21 +127,21 @@ TEST_F(QVMKeyboardHandlerSettings, ThePowerSwitchMayBeNamed) {
 
 TEST_F(QVMKeyboardHandlerSettings, APasteIsOneUndoStep) {
     makeAMess();
-    const std::vector<float> before = values();
+    const std::vector<float> before = memoized();
     EXPECT_TRUE(paste(base + "/?tg:1/trl:100/trh:9000/fsh:36"));
     frame();
     time_.advance(1);
-    const std::vector<float> pasted = values();
+    const std::vector<float> pasted = memoized();
     keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(values(), before);
+    EXPECT_EQ(memoized(), before);
     keyboard().keyboardShortcutRedo();
-    EXPECT_EQ(values(), pasted);
+    EXPECT_EQ(memoized(), pasted);
     EXPECT_FALSE(stack().canRedo());
 }
 
 TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
     makeAMess();
-    const std::vector<float> before = values();
+    const std::vector<float> before = memoized();
     for (const std::string& text :
          {std::string("hello"), std::string(), base + "/?tg:six", base + "/?tg:nan", base + "/?out:3/tg:inf",
           base + "/", page, std::string("https://a.example/?tg:1"), base + "/?tg:1 6",
@@ -169,7 +153,7 @@ TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
     }
     frame();
     time_.advance(1);
-    EXPECT_EQ(values(), before);
+    EXPECT_EQ(memoized(), before);
     EXPECT_THAT(delegate_.calls, IsEmpty());
     // The last step is still the one before.
     keyboard().keyboardShortcutUndo();
@@ -179,7 +163,7 @@ TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
 
 TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
     makeAMess();
-    clipboard_.text.reset();
+    desktop_.clipboard.reset();
     EXPECT_FALSE(keyboard().keyboardShortcutHandlePaste());
     EXPECT_FALSE(keyboard().canPasteSettings());
     EXPECT_THAT(delegate_.calls, IsEmpty());
@@ -187,7 +171,7 @@ TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
 
 TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteThisProductsSettingsOnly) {
     const auto isOffered = [this](std::optional<std::string> text) {
-        clipboard_.text = std::move(text);
+        desktop_.clipboard = std::move(text);
         return keyboard().canPasteSettings();
     };
     EXPECT_TRUE(isOffered(base + "/?"));
@@ -210,11 +194,11 @@ TEST_F(QVMKeyboardHandlerSettings, TheMenuCopiesAndPastes) {
         item->action();
     };
     choose("Copy all settings as URL to Clipboard");
-    EXPECT_EQ(clipboard_.text, base + "/?tg:4.5/out:-12/fll:1/fsl:24");
-    const std::vector<float> copied = values();
+    EXPECT_EQ(desktop_.clipboard, base + "/?tg:4.5/out:-12/fll:1/fsl:24");
+    const std::vector<float> copied = memoized();
     ui_->resetInitialValues();
     choose("Paste all settings from Clipboard");
-    EXPECT_EQ(values(), copied);
+    EXPECT_EQ(memoized(), copied);
 }
 
 TEST_F(QVMKeyboardHandlerSettings, ThousandsOfStatesComeBackAsTheyWere) {
@@ -236,7 +220,7 @@ TEST_F(QVMKeyboardHandlerSettings, ThousandsOfStatesComeBackAsTheyWere) {
         frame();
         const std::vector<float> before = shown();
         keyboard().keyboardShortcutHandleCopy();
-        const std::string copied = *clipboard_.text;
+        const std::string copied = *desktop_.clipboard;
         ui_->resetInitialValues();
         frame();
         ASSERT_TRUE(keyboard().keyboardShortcutHandlePaste()) << copied;

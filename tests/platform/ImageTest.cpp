@@ -75,6 +75,15 @@ TEST(ImageTest, APngKeepsItsPixelsPremultiplied) {
               (std::vector<std::uint32_t>{0xFF102030, 0x80804000, 0x00000000, 0xFFFFFFFF, 0x01010000, 0x7F00007F}));
 }
 
+TEST(ImageTest, TheSizeOfAPngIsKnownFromItsHeaderAlone) {
+    const Bytes png = pngOf(32, 20, noise(32 * 20));
+    EXPECT_EQ(Image::sizeOfPng(png), (Size{32, 20}));
+    EXPECT_EQ(Image::sizeOfPng(std::span(png).first(png.size() / 2)), (Size{32, 20}));
+    EXPECT_EQ(Image::sizeOfPng(std::span(png).first(20)), std::nullopt);
+    EXPECT_EQ(Image::sizeOfPng({}), std::nullopt);
+    EXPECT_EQ(Image::sizeOfPng(pngOf(4097, 1, noise(4097))), std::nullopt);
+}
+
 TEST(ImageTest, AJpegIsOpaqueAndRgb) {
     std::vector<unsigned char> red;
     for (int i = 0; i < 16 * 16; ++i)

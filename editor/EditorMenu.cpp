@@ -1,0 +1,76 @@
+#include "editor/EditorMenu.h"
+
+#include "editor/MakerSite.h"
+#include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
+#include "platform/Menu.h"
+#include "platform/Workspace.h"
+
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr std::uint32_t defaultPreset = 0;
+
+MenuItem item(std::string title, std::function<void()> action, bool enabled = true) {
+    MenuItem made;
+    made.title = std::move(title);
+    made.action = std::move(action);
+    made.enabled = enabled;
+    return made;
+}
+
+// Does nothing once the editor is gone.
+std::function<void()> onEditor(QVMGenericUI& ui, std::function<void(QVMGenericUI&)> action) {
+    return [&ui, lifetime = ui.lifetime(), action = std::move(action)] {
+        if (!lifetime.expired()) action(ui);
+    };
+}
+
+void addControlItems(Menu& menu, QVMGenericUI& ui, QVMParameterControl& control) {
+    const QVMParameter& parameter = *control.parameter();
+    const float value = control.floatValue();
+    const auto tell = [&](void (QVMFloatControl::*action)()) {
+        return onEditor(ui, [&control, action](QVMGenericUI&) { (control.primaryControl()->*action)(); });
+    };
+    menu.title = parameter.name;
+    menu.items.push_back(item("Reset " + parameter.name + " to default",
+                              tell(&QVMFloatControl::contextMenuResetInitialValue), value != parameter.initialValue));
+    menu.items.push_back(
+        item("Read about " + parameter.name, tell(&QVMFloatControl::contextMenuRequestedDocumentation)));
+    if (value >= 0 && value < static_cast<float>(parameter.staticConversions.size()))
+        menu.items.push_back(item(parameter.staticConversions[static_cast<std::size_t>(value)].text,
+                                  tell(&QVMFloatControl::contextMenuDoStaticConversion)));
+    menu.items.push_back(MenuItem::separator());
+}
+
+void addSettingsItems(Menu& menu, QVMGenericUI& ui) {
+    const auto copy = [](QVMGenericUI& editor) { editor.keyboard().keyboardShortcutHandleCopy(); };
+    const auto paste = [](QVMGenericUI& editor) { editor.keyboard().keyboardShortcutHandlePaste(); };
+    const auto reset = [](QVMGenericUI& editor) {
+        editor.lastSavedPresetWasKeyed(defaultPreset);
+        editor.presetUpdated();
+    };
+    menu.items.push_back(item("Copy all settings as URL to Clipboard", onEditor(ui, copy)));
+    menu.items.push_back(
+        item("Paste all settings from Clipboard", onEditor(ui, paste), ui.keyboard().canPasteSettings()));
+    menu.items.push_back(item("Reset all settings to default", onEditor(ui, reset)));
+}
+
+} // namespace
+
+std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control) {
+    const QVMMetadata& metadata = *ui.config().metadata;
+    auto menu = std::make_unique<Menu>();
+    menu->title = metadata.pluginName;
+    if (control) addControlItems(*menu, ui, *control);
+    addSettingsItems(*menu, ui);
+    menu->items.push_back(MenuItem::separator());
+    menu->items.push_back(item(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,
+                               [page = productPage(metadata)] { Workspace::current().openUrl(page); }));
+    return menu;
+}
+
+} // namespace QVM_NAMESPACE

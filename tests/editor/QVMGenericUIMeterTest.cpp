@@ -1,0 +1,87 @@
+#include "EditorFixture.h"
+
+#include "controls/QVMVerticalSlider.h"
+#include "editor/QVMClumpsView.h"
+#include "theme/Colors.h"
+#include "viz/QVM0015GLSketch.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::IsEmpty;
+
+// The sketch that stands in the track of the gain slider.
+class QVMGenericUIMeter : public EditorFixture {
+protected:
+    QVMParameterSketch& sketch() { return *ui_->sketch(); }
+    QVMAuxiliarySketch& meter() { return *sketch().auxiliarySketches().front(); }
+    QVM0015GLSketch& object() { return static_cast<QVM0015GLSketch&>(*sketch().getVizRef()); }
+    QVMVerticalSlider& gainSlider() { return dynamic_cast<QVMVerticalSlider&>(*control(7).primaryControl()); }
+};
+
+TEST_F(QVMGenericUIMeter, TheMeterStandsOverTheGainSliderWhereItsSketchSays) {
+    ASSERT_EQ(sketch().auxiliarySketches().size(), 1u);
+    EXPECT_EQ(meter().glSketch()->sketch(), PB_Sketches[1]);
+    EXPECT_EQ(object().refCount, 2u);
+    ASSERT_NE(object().levelMeter(), nullptr);
+    const PBRect& outer = PB_Sketches[1].outer;
+    const Rect inClumps = meter().convertToWindow(meter().bounds()).offsetBy(0, -ui_->clumpsView()->frame().y);
+    EXPECT_EQ(inClumps, (Rect{outer.x, outer.y, outer.w, outer.h}));
+}
+
+TEST_F(QVMGenericUIMeter, TheMetersBarsLieInsideTheTrack) {
+    const PBRect& track = PB_Parameters[7].track;
+    const Rect groove = gainSlider().trackRect();
+    EXPECT_GT(track.x - track.w / 2, groove.minX());
+    EXPECT_LT(track.x + track.w * 1.5, groove.maxX());
+    // A full bar ends at the middle of a handle at the top.
+    gainSlider().setFloatValue(12);
+    EXPECT_EQ(track.y + track.h, gainSlider().handleValue());
+}
+
+TEST_F(QVMGenericUIMeter, TheMeterIsBelowTheHandleAndAboveTheGroove) {
+    const auto& layers = gainSlider().layer()->sublayers();
+    const auto indexOf = [&](const Layer* layer) {
+        while (layer && layer->superlayer() != gainSlider().layer().get())
+            layer = layer->superlayer();
+        const auto found = std::find_if(layers.begin(), layers.end(), [&](const auto& l) { return l.get() == layer; });
+        return found - layers.begin();
+    };
+    EXPECT_GT(indexOf(meter().layer().get()), indexOf(gainSlider().background().get()));
+    EXPECT_LT(indexOf(meter().layer().get()), indexOf(gainSlider().readoutBulb().get()));
+}
+
+TEST_F(QVMGenericUIMeter, TheMetersBarsStandOutInBothThemes) {
+    const auto contrasts = [&] {
+        const Color groove = QVMUITheme::theme().palette.trackFill;
+        const QVMLevelMeter& levels = *object().levelMeter();
+        return std::array{contrastRatio(composite(levels.barColour(0), groove), groove),
+                          contrastRatio(composite(levels.barColour(1), groove), groove)};
+    };
+    EXPECT_EQ(object().levelMeter()->barColour(1), Color::white(0, 0.5f));
+    const auto light = contrasts();
+    QVMUITheme::toggleThemeForWindow(&window_);
+    EXPECT_EQ(object().levelMeter()->barColour(1), Color::white(1, 0.5f));
+    const auto dark = contrasts();
+    for (const auto& [first, second] : {light, dark}) {
+        EXPECT_GT(first, 1.7);
+        EXPECT_GT(second, 3);
+    }
+}
+
+TEST_F(QVMGenericUIMeter, TheMeterTakesNoClicksFromTheSlider) {
+    EXPECT_EQ(window_.hitTest(middleOf(gainSlider())), &gainSlider());
+}
+
+TEST_F(QVMGenericUIMeter, WithoutTheGainSliderThereIsNoMeter) {
+    auto plain = QVMConfig::inlinedConfig();
+    std::erase_if(plain->clumps, [](const QVMClump* clump) { return clump->codesafeName == "Output"; });
+    open(std::move(plain));
+    EXPECT_THAT(sketch().auxiliarySketches(), IsEmpty());
+    EXPECT_EQ(object().refCount, 1u);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
