@@ -4,9 +4,9 @@
 // worked, and private kilobytes that it and a second one took. idle and busy: percent of one core over the time, with
 // nothing happening or with one parameter automated 60 times a second. "empty" is the toolkit's own editor class filled
 // with one colour: the floor.
+#include "platform/juce/ContentHolder.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/XScreen.h"
-#include "plugin/standalone/EditorHolder.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -38,7 +38,7 @@ public:
         : juce::DocumentWindow("probe", juce::Colours::black, closeButton) {
         setUsingNativeTitleBar(true);
         editor.setScaleFactor(scale);
-        setContentOwned(new slantwise::EditorHolder(editor), true);
+        setContentOwned(new slantwise::ContentHolder(editor), true);
         setTopLeftPosition(100, 100);
         setVisible(true);
     }
