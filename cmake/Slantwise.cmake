@@ -18,6 +18,20 @@ endif()
 
 set(SLANTWISE_LAYER_ROOT ${PROJECT_BINARY_DIR}/layers)
 
+# Makes `view` show what is in `folder`, but for the folders in it that are libraries of their own.
+function(slantwise_link_headers folder view)
+    if(IS_SYMLINK ${view})
+        file(REMOVE ${view})
+    endif()
+    file(MAKE_DIRECTORY ${view})
+    file(GLOB entries CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/*)
+    foreach(entry IN LISTS entries)
+        if(NOT EXISTS ${folder}/${entry}/CMakeLists.txt AND NOT EXISTS ${view}/${entry})
+            file(CREATE_LINK ${folder}/${entry} ${view}/${entry} SYMBOLIC)
+        endif()
+    endforeach()
+endfunction()
+
 # slantwise_library(name SOURCES file... LINKS target... [FOLDER folder] [SYSTEM_LINKS target...])
 # Headers are reached as "folder/Header.h" through a directory that holds links to this folder alone, so that a folder
 # sees exactly the folders it links.
@@ -27,11 +41,7 @@ function(slantwise_library name)
         file(RELATIVE_PATH ARG_FOLDER ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
     endif()
     set(view ${SLANTWISE_LAYER_ROOT}/${name})
-    get_filename_component(parent ${view}/${ARG_FOLDER} DIRECTORY)
-    file(MAKE_DIRECTORY ${parent})
-    if(NOT EXISTS ${view}/${ARG_FOLDER})
-        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER} SYMBOLIC)
-    endif()
+    slantwise_link_headers(${PROJECT_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER})
     add_library(${name} STATIC ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
     target_include_directories(${name} PUBLIC ${view})

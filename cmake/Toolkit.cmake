@@ -11,6 +11,9 @@ target_link_libraries(juce_toolkit PRIVATE
     juce::juce_audio_basics juce::juce_audio_devices juce::juce_audio_formats juce::juce_audio_processors
     juce::juce_audio_utils
     juce::pkgconfig_JUCE_IMG_LINUX_DEPS)
+# Its greeting on the error stream of debug builds would stand among what our programs say.
+set_source_files_properties(${JUCE_MODULES_DIR}/juce_core/juce_core.cpp
+    PROPERTIES COMPILE_DEFINITIONS JUCE_DISABLE_JUCE_VERSION_PRINTING=1)
 # NativePeer.cpp includes this source and adds to it.
 set_source_files_properties(${JUCE_MODULES_DIR}/juce_gui_basics/juce_gui_basics.cpp PROPERTIES HEADER_FILE_ONLY ON)
 target_sources(juce_toolkit PRIVATE ${PROJECT_SOURCE_DIR}/platform/juce/NativePeer.cpp)

@@ -4,7 +4,9 @@
 #include "platform/Color.h"
 #include "platform/Font.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -35,7 +37,9 @@ struct AttributedString {
             all += run.text;
         return all;
     }
-    bool isEmpty() const { return string().empty(); }
+    bool isEmpty() const {
+        return std::all_of(runs.begin(), runs.end(), [](const TextRun& run) { return run.text.empty(); });
+    }
     bool operator==(const AttributedString&) const = default;
 };
 

@@ -12,10 +12,6 @@ void DelayedCall::schedule(double seconds, RunLoop::Function fn) {
     });
 }
 
-void DelayedCall::scheduleIfIdle(double seconds, RunLoop::Function fn) {
-    if (!isPending()) schedule(seconds, std::move(fn));
-}
-
 void DelayedCall::cancel() {
     if (id_ != 0) RunLoop::main().cancel(id_);
     id_ = 0;

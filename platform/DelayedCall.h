@@ -14,13 +14,11 @@ public:
 
     // Cancels the pending call, then runs `fn` on the main thread after `seconds`. Main thread.
     void schedule(double seconds, RunLoop::Function fn);
-    // Runs `fn` unless a call is pending already. Main thread.
-    void scheduleIfIdle(double seconds, RunLoop::Function fn);
+    // Nothing when none is pending. Main thread.
     void cancel();
-    bool isPending() const { return id_ != 0; }
 
 private:
-    RunLoop::CallId id_ = 0;
+    RunLoop::CallId id_ = 0; // 0: none
 };
 
 } // namespace QVM_NAMESPACE

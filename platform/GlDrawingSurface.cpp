@@ -26,7 +26,7 @@ std::unique_ptr<GlDrawingSurface> GlDrawingSurface::make(GlRenderer renderer, st
 }
 
 GlDrawingSurface::~GlDrawingSurface() {
-    if (canvasWidth_ == 0) return;
+    if (picture_.texture == 0) return; // nothing was made yet
     const GlContext::Current current(painter_->context());
     if (!current) return;
     for (const Canvas& canvas : {picture_, shape_}) {

@@ -1,6 +1,7 @@
-// Layer trees as text: what a test compares and a developer reads.
-#include "platform/LayerRenderer.h"
+#include "platform/LayerDump.h"
 
+#include <algorithm>
+#include <cmath>
 #include <iomanip>
 #include <sstream>
 

@@ -74,7 +74,4 @@ private:
     RenderStatistics statistics_;
 };
 
-// The tree as indented text, a line a layer: kind, name, frame, opacity and what else is not at its default.
-std::string dumpLayerTree(const Layer& root);
-
 } // namespace QVM_NAMESPACE

@@ -1,12 +1,14 @@
 #include "platform/Path.h"
 
 #include <limits>
+#include <numbers>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
+constexpr double pi = std::numbers::pi;
+
 // Distance of the control points, in radii, of a cubic that follows a circular arc of `angle` radians.
 double kappaFor(double angle) {
     return 4.0 / 3.0 * std::tan(angle / 4);
@@ -15,8 +17,7 @@ double kappaFor(double angle) {
 // How many of p1, p2 and end an element uses, from its end backwards.
 void forEachPoint(const Path::Element& e, auto&& visit) {
     if (e.verb == Path::Verb::close) return;
-    if (e.verb == Path::Verb::cubic || e.verb == Path::Verb::quad) visit(e.p1);
-    if (e.verb == Path::Verb::cubic) visit(e.p2);
+    if (e.verb == Path::Verb::cubic) visit(e.p1), visit(e.p2);
     visit(e.end);
 }
 
@@ -29,11 +30,6 @@ Path& Path::moveTo(Point p) {
 
 Path& Path::lineTo(Point p) {
     elements_.push_back({Verb::line, {}, {}, p});
-    return *this;
-}
-
-Path& Path::quadTo(Point control, Point end) {
-    elements_.push_back({Verb::quad, control, {}, end});
     return *this;
 }
 
@@ -62,11 +58,6 @@ Path& Path::addRoundedRect(const Rect& rect, double radius) {
     lineTo({left + r, high}).cubicTo({left + k, high}, {left, high - k}, {left, high - r});
     lineTo({left, low + r}).cubicTo({left, low + k}, {left + k, low}, {left + r, low});
     return close();
-}
-
-Path& Path::addEllipse(const Rect& r) {
-    const AffineTransform toRect{r.width / 2, 0, 0, r.height / 2, r.midX(), r.midY()};
-    return addPath(Path{}.addArc({0, 0}, 1, 0, 2 * pi).close().transformed(toRect));
 }
 
 Path& Path::addArc(Point center, double radius, double fromAngle, double toAngle) {
@@ -107,8 +98,7 @@ Path Path::transformed(const AffineTransform& t) const {
     Path result;
     for (const Element& e : elements_) {
         Element moved{e.verb, {}, {}, {}};
-        if (e.verb == Verb::cubic || e.verb == Verb::quad) moved.p1 = t.apply(e.p1);
-        if (e.verb == Verb::cubic) moved.p2 = t.apply(e.p2);
+        if (e.verb == Verb::cubic) moved.p1 = t.apply(e.p1), moved.p2 = t.apply(e.p2);
         if (e.verb != Verb::close) moved.end = t.apply(e.end);
         result.elements_.push_back(moved);
     }

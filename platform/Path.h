@@ -9,7 +9,7 @@ namespace QVM_NAMESPACE {
 
 class Path {
 public:
-    enum class Verb : unsigned char { move, line, quad, cubic, close };
+    enum class Verb : unsigned char { move, line, cubic, close };
     struct Element {
         Verb verb = Verb::move;
         Point p1, p2, end; // control points first; unused ones stay zero
@@ -18,21 +18,18 @@ public:
 
     Path& moveTo(Point p);
     Path& lineTo(Point p);
-    Path& quadTo(Point control, Point end);
     Path& cubicTo(Point control1, Point control2, Point end);
     Path& close();
 
     Path& addRect(const Rect& r);
     // Radius in points, limited to half the shorter side. Starts at (x + radius, y).
     Path& addRoundedRect(const Rect& r, double radius);
-    Path& addEllipse(const Rect& r);
     // A circular arc from angle to angle (radians, measured from +x towards +y), joined by a line to what is there.
     Path& addArc(Point center, double radius, double fromAngle, double toAngle);
     Path& addPath(const Path& other);
 
     static Path rect(const Rect& r) { return Path{}.addRect(r); }
     static Path roundedRect(const Rect& r, double radius) { return Path{}.addRoundedRect(r, radius); }
-    static Path ellipse(const Rect& r) { return Path{}.addEllipse(r); }
 
     const std::vector<Element>& elements() const { return elements_; }
     bool isEmpty() const { return elements_.empty(); }

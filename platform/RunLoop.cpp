@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <thread>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -11,10 +10,6 @@ namespace {
 
 double steadySeconds() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
-std::uint64_t thisThread() {
-    return std::hash<std::thread::id>{}(std::this_thread::get_id());
 }
 
 } // namespace
@@ -111,12 +106,12 @@ std::optional<double> RunLoop::nextDue() const {
 
 bool RunLoop::isMainThread() const {
     const std::lock_guard lock(mutex_);
-    return mainThread_ == thisThread();
+    return mainThread_ == std::this_thread::get_id();
 }
 
 void RunLoop::becomeMainThread() {
     const std::lock_guard lock(mutex_);
-    mainThread_ = thisThread();
+    mainThread_ = std::this_thread::get_id();
 }
 
 void RunLoop::wakeDriver(double due) {

@@ -11,6 +11,7 @@
 #include <mutex>
 #include <optional>
 #include <shared_mutex>
+#include <thread>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -79,9 +80,9 @@ private:
     void wakeDriver(double due);
 
     mutable std::mutex mutex_;
-    std::vector<Call> calls_;      // guarded by mutex_; by due time, then by id
-    CallId lastId_ = 0;            // guarded by mutex_
-    std::uint64_t mainThread_ = 0; // guarded by mutex_
+    std::vector<Call> calls_;    // guarded by mutex_; by due time, then by id
+    CallId lastId_ = 0;          // guarded by mutex_
+    std::thread::id mainThread_; // guarded by mutex_
 
     // Shared by who calls the driver or the clock, exclusive for who replaces them. Never taken with mutex_ held.
     mutable std::shared_mutex borrowedMutex_;

@@ -22,10 +22,6 @@ void TextLayer::setAlignment(TextAlignment alignment, TextPlacement placement) {
     store(placement_, placement);
 }
 
-void TextLayer::setWrapped(bool wrapped) {
-    store(wrapped_, wrapped);
-}
-
 bool TextLayer::hasLook(const PresentedLayer& presented) const {
     return Layer::hasLook(presented) || !string_.isEmpty();
 }
@@ -35,18 +31,18 @@ bool TextLayer::isPlainRectangle(const PresentedLayer& presented) const {
 }
 
 Rect TextLayer::lookBounds(const PresentedLayer& presented) const {
+    if (string_.isEmpty()) return Layer::lookBounds(presented);
     // Slanted and accented letters reach beyond their advance and height, and a text that is too long beyond the
     // bounds.
     double overhang = 0;
-    for (const TextRun& run : string_.runs) {
+    for (const TextRun& run : string_.runs)
         overhang = std::max(overhang, run.font.pointSize / 4 + std::abs(run.baselineOffset));
-    }
     const Size size = sizeOf(string_);
-    const double over = wrapped_ ? 0 : std::max(0.0, size.width - presented.bounds.width);
-    const double tooHigh = wrapped_ ? 0 : std::max(0.0, size.height - presented.bounds.height);
+    const double over = std::max(0.0, size.width - presented.bounds.width);
+    const double tooHigh = std::max(0.0, size.height - presented.bounds.height);
     PresentedLayer grown = presented;
     grown.bounds = presented.bounds.insetBy(-overhang - over, -overhang - tooHigh);
-    return string_.isEmpty() ? Layer::lookBounds(presented) : Layer::lookBounds(grown);
+    return Layer::lookBounds(grown);
 }
 
 std::string TextLayer::lookDescription() const {

@@ -1,4 +1,4 @@
-// A layer that shows one line of styled text (more with wrapping) inside its bounds.
+// A layer that shows one line of styled text inside its bounds.
 #pragma once
 
 #include "platform/AttributedString.h"
@@ -19,8 +19,6 @@ public:
     TextAlignment alignment() const { return alignment_; }
     TextPlacement placement() const { return placement_; }
     void setAlignment(TextAlignment alignment, TextPlacement placement = TextPlacement::middle);
-    bool isWrapped() const { return wrapped_; }
-    void setWrapped(bool wrapped);
 
     Rect lookBounds(const PresentedLayer& presented) const override;
     bool hasLook(const PresentedLayer& presented) const override;
@@ -35,7 +33,6 @@ private:
     AttributedString string_;
     TextAlignment alignment_ = TextAlignment::center;
     TextPlacement placement_ = TextPlacement::middle;
-    bool wrapped_ = false;
 };
 
 } // namespace QVM_NAMESPACE

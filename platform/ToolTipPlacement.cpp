@@ -13,19 +13,12 @@ namespace {
 constexpr double gap = 4, beside = 80; // points; as far from the pointer as a handle under it may reach
 constexpr int samples = 5;             // a side: finer than the views that could be covered
 
-const View* toolTippedViewAt(const Window& window, Point point) {
-    const View* view = window.hitTest(point);
-    while (view && view->toolTip().empty())
-        view = view->superview();
-    return view;
-}
-
 bool coversAnother(const Window& window, const Rect& frame, const View& about) {
     for (int column = 0; column < samples; ++column) {
         for (int row = 0; row < samples; ++row) {
             const Point at = {frame.x + frame.width * column / (samples - 1),
                               frame.y + frame.height * row / (samples - 1)};
-            const View* view = toolTippedViewAt(window, at);
+            const View* view = window.toolTippedViewAt(at);
             if (view && view != &about) return true;
         }
     }
@@ -35,7 +28,7 @@ bool coversAnother(const Window& window, const Rect& frame, const View& about) {
 } // namespace
 
 Rect toolTipFrame(const Window& window, Point pointer, Size size) {
-    const View* about = toolTippedViewAt(window, pointer);
+    const View* about = window.toolTippedViewAt(pointer);
     if (!about) return {pointer.x, pointer.y + gap, size.width, size.height};
     const Rect all = window.contentView()->bounds(), view = about->convertToWindow(about->bounds());
     const double lastX = std::max(0.0, all.width - size.width), lastY = std::max(0.0, all.height - size.height);

@@ -141,10 +141,6 @@ void Window::makeKey() {
     host_ ? host_->takeKeyboardFocus() : setKeyWindow(true);
 }
 
-void Window::resignKey() {
-    host_ ? host_->releaseKeyboardFocus() : setKeyWindow(false);
-}
-
 bool Window::makeFirstResponder(Responder* responder) {
     if (responder == firstResponder_) return true;
     if (firstResponder_ && !firstResponder_->resignFirstResponder()) return false;
@@ -176,11 +172,11 @@ View* Window::hitTest(Point pointInWindow) const {
     return content_ ? content_->hitTest(pointInWindow) : nullptr;
 }
 
-std::string Window::toolTipAt(Point pointInWindow) const {
+const View* Window::toolTippedViewAt(Point pointInWindow) const {
     const View* view = hitTest(pointInWindow);
     while (view && view->toolTip().empty())
         view = view->superview();
-    return view ? view->toolTip() : std::string();
+    return view;
 }
 
 bool Window::sendEvent(const Event& event) {

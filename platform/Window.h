@@ -18,9 +18,8 @@ public:
     virtual void contentViewDidChange() {}
     // The content view's size changed from inside; the host's frame follows.
     virtual void contentSizeDidChange(Size points) = 0;
-    // Keyboard focus: taken when something is to be typed into or stepped, given back to the host otherwise.
+    // Something is to be typed into or stepped: keyboard focus is wanted, for as long as the window wantsKeys().
     virtual void takeKeyboardFocus() = 0;
-    virtual void releaseKeyboardFocus() = 0;
     // Shows the menu inside the window at a point in window coordinates; returns at once.
     virtual void popUpMenu(std::unique_ptr<Menu> menu, Point at) = 0;
 };
@@ -63,9 +62,6 @@ public:
     void setKeyWindow(bool key); // posts the notification on a change
     // Asks the host for keyboard focus (the host answers with setKeyWindow). With no host it is key at once.
     void makeKey();
-    // Gives keyboard focus back to the host's own window: when nothing is left that keys could be meant for, so that
-    // the host's shortcuts work again. With no host it resigns at once.
-    void resignKey();
 
     Responder* firstResponder() const { return firstResponder_; }
     // False when the present one refuses to resign (nothing changes then) or the new one to become (nothing is first
@@ -80,8 +76,8 @@ public:
     // its superviews for a context menu; when one answers the menu is all that the press does. Views may be removed and
     // destroyed by what they receive; the window may be destroyed by it too.
     bool sendEvent(const Event& event);
-    // The tooltip for the view under a point, or empty.
-    std::string toolTipAt(Point pointInWindow) const;
+    // The view under a point, or the nearest one around it, that has a tooltip; null when none has.
+    const View* toolTippedViewAt(Point pointInWindow) const;
     View* hitTest(Point pointInWindow) const;
     View* mouseCapture() const { return capture_; }
 

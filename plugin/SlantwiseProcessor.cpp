@@ -121,7 +121,7 @@ void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
     const juce::ScopedNoDenormals noDenormals;
     unit_.process(buffer.getArrayOfReadPointers(), buffer.getArrayOfWritePointers(),
                   static_cast<std::uint32_t>(buffer.getNumSamples()));
-    overruledProgram_ = -1;
+    overruledProgram_.store(-1, std::memory_order_relaxed);
 }
 
 void SlantwiseProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) {

@@ -7,9 +7,9 @@
 // pointer dragging the tilt gain's handle and moving 100 times a second (needs xdotool). What the processing of the
 // sound takes is left out. "empty" is the toolkit's own editor class filled with one colour: the
 // floor.
+#include "platform/juce/ContentHolder.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/XScreen.h"
-#include "plugin/standalone/EditorHolder.h"
 
 #include <atomic>
 #include <chrono>
@@ -47,7 +47,7 @@ public:
         : juce::DocumentWindow("probe", juce::Colours::black, closeButton) {
         setUsingNativeTitleBar(true);
         editor.setScaleFactor(scale);
-        setContentOwned(new slantwise::EditorHolder(editor), true);
+        setContentOwned(new slantwise::ContentHolder(editor), true);
         setTopLeftPosition(100, 100);
         setVisible(true);
     }

@@ -37,9 +37,6 @@ juce::Path toToolkit(const Path& path, const AffineTransform& transform) {
         case Path::Verb::line:
             out.lineTo(at(e.end));
             break;
-        case Path::Verb::quad:
-            out.quadraticTo(at(e.p1), at(e.end));
-            break;
         case Path::Verb::cubic:
             out.cubicTo(at(e.p1), at(e.p2), at(e.end));
             break;

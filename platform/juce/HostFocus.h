@@ -1,14 +1,12 @@
 // Gives X keyboard focus back to the window that had it before an embedded editor was clicked.
 //
 // The toolkit has no way to give it back, which leaves the host's space bar dead; and while the editor has it, a key
-// that means nothing there is sent on to the window that it was taken from. Requests go over a connection of their own,
-// whose errors (a window that is gone) are answers and nothing more.
+// that means nothing there is sent on to the window that it was taken from.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "platform/juce/XConnection.h"
 
 #include <cstdint>
-#include <memory>
 
 namespace juce {
 struct NativeKey;
@@ -19,10 +17,8 @@ namespace QVM_NAMESPACE {
 // Main thread. Without an X server every call does nothing.
 class HostFocus {
 public:
-    HostFocus();
-    ~HostFocus();
-    HostFocus(const HostFocus&) = delete;
-    HostFocus& operator=(const HostFocus&) = delete;
+    // The connection is borrowed.
+    explicit HostFocus(XConnection& connection) : connection_(connection) {}
 
     // Call while the pointer enters, before it can press: keeps which part of the host's window has the focus. `own` is
     // the editor's X window.
@@ -34,12 +30,8 @@ public:
     bool sendKey(std::uint64_t own, const juce::NativeKey& key);
 
 private:
-    struct Connection;
-    Connection* connection();
-
-    std::unique_ptr<Connection> connection_; // opened at the first call
-    bool isTried_ = false;
-    std::uint32_t remembered_ = 0;
+    XConnection& connection_;
+    std::uint32_t remembered_ = 0; // 0: none
 };
 
 } // namespace QVM_NAMESPACE

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace QVM_NAMESPACE {
 
@@ -39,20 +38,17 @@ double lineStart(TextAlignment alignment, double boxWidth, double lineWidth) {
     return (boxWidth - lineWidth) / 2;
 }
 
-// The first line's baseline, points below the top of a box.
-double firstBaseline(TextPlacement placement, double boxHeight, const std::vector<SetLine>& lines) {
-    double below = 0; // from the first baseline to the last
-    for (std::size_t i = 1; i < lines.size(); ++i)
-        below += lines[i - 1].descent + lines[i].ascent;
+// The baseline, points below the top of a box.
+double baselineOf(TextPlacement placement, double boxHeight, const SetLine& line) {
     switch (placement) {
     case TextPlacement::top:
-        return lines.front().ascent;
+        return line.ascent;
     case TextPlacement::bottom:
-        return boxHeight - lines.back().descent - below;
+        return boxHeight - line.descent;
     case TextPlacement::middle:
         break;
     }
-    return (boxHeight + lines.front().capHeight - below) / 2;
+    return (boxHeight + line.capHeight) / 2;
 }
 
 void paintLine(juce::Graphics& g, const SetLine& line, juce::Point<double> start, double scale) {
@@ -181,14 +177,10 @@ void LookPainter::paintText(juce::Graphics& g, const TextLayer& text) const {
     if (text.string().isEmpty()) return;
     // Lengths are taken from the layer's points, not from its rounded box, so that text does not jump between scales.
     const Rect& bounds = presented_.bounds;
-    const auto lines =
-        setText(text.string(), faces_, text.isWrapped() ? bounds.width : std::numeric_limits<double>::infinity());
-    double baseline = firstBaseline(text.placement(), bounds.height, lines);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (i > 0) baseline += lines[i - 1].descent + lines[i].ascent;
-        const double start = lineStart(text.alignment(), bounds.width, lines[i].width);
-        paintLine(g, lines[i], {box_.getX() + start * scale_, box_.getY() + std::round(baseline * scale_)}, scale_);
-    }
+    const SetLine line = setText(text.string(), faces_);
+    const double start = lineStart(text.alignment(), bounds.width, line.width);
+    const double baseline = baselineOf(text.placement(), bounds.height, line);
+    paintLine(g, line, {box_.getX() + start * scale_, box_.getY() + std::round(baseline * scale_)}, scale_);
 }
 
 void LookPainter::paintBorder(juce::Graphics& g) const {

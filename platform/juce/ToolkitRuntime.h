@@ -1,5 +1,5 @@
 // What stands between the platform and the toolkit while any editor or unit lives: the run loop's drive, the measuring
-// of text, clipboard and browser, fonts and the look of menus.
+// of text, clipboard and browser, fonts, the look of menus and the connection to the display.
 //
 // Hold it as `juce::SharedResourcePointer<ToolkitRuntime>`: the first holder makes it, the last one ends it. No static
 // owns any object of the toolkit, so that a host may unload the binary at any time.
@@ -10,8 +10,11 @@
 #include "platform/juce/ToolkitRunLoopDriver.h"
 #include "platform/juce/ToolkitTextMetrics.h"
 #include "platform/juce/ToolkitWorkspace.h"
+#include "platform/juce/XConnection.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
+
+#include <memory>
 
 namespace QVM_NAMESPACE {
 
@@ -23,7 +26,8 @@ public:
     ToolkitRuntime(const ToolkitRuntime&) = delete;
     ToolkitRuntime& operator=(const ToolkitRuntime&) = delete;
 
-    FaceLibrary& faces() { return faces_; } // main thread
+    FaceLibrary& faces() { return faces_; }           // main thread
+    XConnection& connection() { return connection_; } // main thread
     // The look of the toolkit's own windows. Give it to a component that is the root of some; made when first asked
     // for.
     juce::LookAndFeel& lookAndFeel();
@@ -31,7 +35,8 @@ public:
 private:
     FaceLibrary faces_;
     ToolkitTextMetrics metrics_{faces_};
-    ToolkitWorkspace workspace_;
+    XConnection connection_;
+    ToolkitWorkspace workspace_{connection_};
     ToolkitRunLoopDriver driver_;
     std::unique_ptr<ToolkitLookAndFeel> lookAndFeel_;
 };

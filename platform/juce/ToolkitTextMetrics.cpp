@@ -2,15 +2,10 @@
 
 #include "platform/juce/TextSetting.h"
 
-#include <algorithm>
-
 namespace QVM_NAMESPACE {
 
 double ToolkitTextMetrics::width(const AttributedString& text) const {
-    double widest = 0;
-    for (const SetLine& line : setText(text, faces_))
-        widest = std::max(widest, line.width);
-    return widest;
+    return setText(text, faces_).width;
 }
 
 double ToolkitTextMetrics::ascent(const Font& font) const {

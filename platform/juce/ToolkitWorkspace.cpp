@@ -1,6 +1,7 @@
 #include "platform/juce/ToolkitWorkspace.h"
 
 #include "platform/Log.h"
+#include "platform/Utf8.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -11,27 +12,18 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <string_view>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-// Without an X display the toolkit's clipboard waits for an answer that can't come.
-bool hasDisplay() {
-    return juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr;
-}
-
 // The desktop's openers, in the order in which they are tried.
 struct Opener {
     const char* program;
-    const char* command; // for a shell, with the address as its $0: it is never part of what the shell reads
+    const char* verb = nullptr; // what it is to do, where it does several things
 };
-constexpr std::array openers = {
-    Opener{"xdg-open", "xdg-open \"$0\" >/dev/null 2>&1 </dev/null &"},
-    Opener{"gio", "gio open \"$0\" >/dev/null 2>&1 </dev/null &"},
-    Opener{"x-www-browser", "x-www-browser \"$0\" >/dev/null 2>&1 </dev/null &"},
-};
+constexpr std::array openers = {Opener{"xdg-open"}, Opener{"gio", "open"}, Opener{"x-www-browser"}};
 
 bool isInstalled(const char* program) {
     const auto folders = juce::StringArray::fromTokens(juce::SystemStats::getEnvironmentVariable("PATH", {}), ":", {});
@@ -40,43 +32,30 @@ bool isInstalled(const char* program) {
     });
 }
 
-// Starts a command that goes on by itself: the shell ends at once, so that nothing is left to wait for.
-bool startInBackground(const char* command, const std::string& argument) {
-    const std::array<const char*, 5> arguments = {"sh", "-c", command, argument.c_str(), nullptr};
+// Starts an opener that goes on by itself: the shell ends at once, so that nothing is left to wait for. The address is
+// an argument all the way, never part of what a shell reads; and none of the host's files are left open in the browser.
+bool startInBackground(const Opener& opener, const std::string& address) {
+    std::vector<const char*> arguments = {"sh", "-c", "\"$@\" >/dev/null 2>&1 </dev/null &", "sh", opener.program};
+    if (opener.verb) arguments.push_back(opener.verb);
+    arguments.insert(arguments.end(), {address.c_str(), nullptr});
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
     pid_t shell = 0;
-    if (posix_spawn(&shell, "/bin/sh", nullptr, nullptr, const_cast<char* const*>(arguments.data()), environ) != 0)
-        return false;
+    const int error =
+        posix_spawn(&shell, "/bin/sh", &files, nullptr, const_cast<char* const*>(arguments.data()), environ);
+    posix_spawn_file_actions_destroy(&files);
+    if (error != 0) return false;
     int status = 0;
     while (waitpid(shell, &status, 0) < 0 && errno == EINTR) {}
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// How many bytes a well-formed character at the start of the text has; 0 when there is none.
-std::size_t characterLength(std::string_view text) {
-    const auto byte = [&text](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
-    constexpr std::array<char32_t, 5> smallest = {0, 1, 0x80, 0x800, 0x10000};
-    const unsigned lead = byte(0);
-    const std::size_t length = lead < 0x80 ? 1 : lead >> 5 == 6 ? 2 : lead >> 4 == 14 ? 3 : lead >> 3 == 30 ? 4 : 0;
-    if (length == 0) return 0;
-    char32_t character = length == 1 ? lead : lead & (0x7Fu >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-        character = character << 6 | (byte(i) & 0x3F);
-    }
-    const bool isSurrogate = character >= 0xD800 && character < 0xE000;
-    return character >= smallest[length] && character <= 0x10FFFF && !isSurrogate ? length : 0;
-}
-
-bool isPlainUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = characterLength(text);
-        if (length == 0) return false; // a zero byte counts as broken too
-        text.remove_prefix(length);
-    }
-    return true;
-}
-
 } // namespace
+
+bool hasDisplay() {
+    return juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr;
+}
 
 std::optional<std::string> acceptedClipboardText(std::string text) {
     if (text.empty() || text.size() > longestClipboardText || !isPlainUtf8(text)) return std::nullopt;
@@ -107,7 +86,7 @@ bool ToolkitWorkspace::openUrl(const std::string& address) {
         return false;
     }
     for (const Opener& opener : openers) {
-        if (isInstalled(opener.program) && startInBackground(opener.command, address)) return true;
+        if (isInstalled(opener.program) && startInBackground(opener, address)) return true;
     }
     logLine("browser: no program to open " + address);
     return false;

@@ -10,6 +10,9 @@ namespace QVM_NAMESPACE {
 
 class ToolkitWorkspace final : public Workspace {
 public:
+    // The connection is borrowed.
+    explicit ToolkitWorkspace(XConnection& connection) : clipboard_(connection) {}
+
     std::optional<std::string> clipboardString() override;
     void setClipboardString(const std::string& text) override;
     bool openUrl(const std::string& address) override;
@@ -17,6 +20,10 @@ public:
 private:
     ClipboardText clipboard_;
 };
+
+// Whether the toolkit has a screen to show anything on. Without one its clipboard waits for an answer that can't come,
+// and it shows no menus. Main thread.
+bool hasDisplay();
 
 inline constexpr std::size_t longestClipboardText = 64 * 1024; // bytes
 

@@ -5,6 +5,7 @@
 #include "platform/juce/NativePeer.h"
 #include "platform/juce/ToolkitMenu.h"
 #include "platform/juce/ToolkitRasterTarget.h"
+#include "platform/juce/WindowMapState.h"
 
 #include <cmath>
 #include <functional>
@@ -14,33 +15,12 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double focusReturnSeconds = 0.05; // a click in an embedded window takes the focus and gives it again
-constexpr double shortestFrame = 0.012;     // seconds between frames that a change asks for
-constexpr double restShare = 0.5;           // of the time that drawing took, during which nothing is drawn
-constexpr int tooltipDelayMs = 700;
+constexpr double shortestFrame = 0.012;    // seconds between frames that a change asks for
+constexpr double restShare = 0.5;          // of the time that drawing took, during which nothing is drawn
 constexpr double wakefulSeconds = 1;       // after the last frame or pointer event
 constexpr double lookAroundSeconds = 0.25; // between looks whether the window is still to be seen, and where
 // While nothing else goes on, what is uncovered waits for the one, and sound that begins for the other.
 constexpr int idleRefreshHz = 6, idleLinkHz = 12;
-
-// The toolkit shows tooltips only in a window that has the keyboard, and ours leaves that with the host.
-class Tooltips final : public juce::TooltipWindow {
-public:
-    using Placement = std::function<juce::Point<int>(int width, int height)>;
-
-    Tooltips(juce::Component* parent, int delayMs, Placement placement)
-        : TooltipWindow(parent, delayMs), placement_(std::move(placement)) {}
-    // The toolkit has put it beside the pointer.
-    void moved() override { setTopLeftPosition(placement_(getWidth(), getHeight())); }
-    void resized() override { moved(); }
-    juce::String getTipFor(juce::Component& component) override {
-        auto* const client = dynamic_cast<juce::TooltipClient*>(&component);
-        return client && !component.isCurrentlyBlockedByAnotherModalComponent() ? client->getTooltip() : juce::String();
-    }
-
-private:
-    Placement placement_;
-};
 
 // Free of the noise of single precision: 1.1f is 1.1.
 double cleanScale(double scale) {
@@ -50,7 +30,8 @@ double cleanScale(double scale) {
 } // namespace
 
 WindowComponent::WindowComponent(Embedding embedding)
-    : embedding_(embedding), lastFrame_(&renderer_.update(0)), refresh_(this, [this] { refresh(); }) {
+    : lastFrame_(&renderer_.update(0)), keys_(*this, window_, runtime_->connection(), embedding),
+      refresh_(this, [this] { refresh(); }) {
     setOpaque(true);
     setWantsKeyboardFocus(true);
     setMouseClickGrabsKeyboardFocus(false); // the views say when they want keys
@@ -62,7 +43,7 @@ WindowComponent::WindowComponent(Embedding embedding)
 
 WindowComponent::~WindowComponent() {
     window_.setHost(nullptr);
-    if (hasMenu_) juce::PopupMenu::dismissAllActiveMenus();
+    if (keys_.hasMenu()) juce::PopupMenu::dismissAllActiveMenus();
     tooltips_ = nullptr;
     renderer_.setRootLayer(nullptr);
 }
@@ -124,7 +105,7 @@ void WindowComponent::lookAround() {
     if (!getPeer()) return window_.setVisible(!wasOnScreen_);
     // On its way to the screen it is about to be seen, and opening must not wait for the server's answers.
     if (!std::exchange(wasOnScreen_, true)) return;
-    window_.setVisible(isShowing() && mapState_.isViewable(nativeWindow()));
+    window_.setVisible(isShowing() && isWindowViewable(runtime_->connection(), nativeWindowOf(*this)));
     setLinkRate(linkRate_);
 }
 
@@ -140,7 +121,7 @@ void WindowComponent::keepAwake() {
 }
 
 bool WindowComponent::isAtRest() const {
-    return !hasMenu_ && !renderer_.isAnimating() && RunLoop::main().now() - lastActivity_ > wakefulSeconds;
+    return !keys_.hasMenu() && !renderer_.isAnimating() && RunLoop::main().now() - lastActivity_ > wakefulSeconds;
 }
 
 void WindowComponent::setRefreshRate(Rate rate) {
@@ -247,19 +228,20 @@ void WindowComponent::mouseDown(const juce::MouseEvent& event) {
     if (event.mods.isRightButtonDown() && !event.mods.isLeftButtonDown()) {
         send(event, EventType::rightMouseDown);
     } else if (event.mods.isLeftButtonDown()) {
-        isPressed_ = true;
+        keys_.setPressed(true);
         send(event, EventType::mouseDown);
     }
 }
 
 void WindowComponent::mouseDrag(const juce::MouseEvent& event) {
-    if (isPressed_) send(event, EventType::mouseDragged);
+    send(event, EventType::mouseDragged);
 }
 
 void WindowComponent::mouseUp(const juce::MouseEvent& event) {
     const SafePointer<WindowComponent> self(this);
-    if (std::exchange(isPressed_, false)) send(event, EventType::mouseUp);
-    if (self) settleKeys();
+    keys_.setPressed(false);
+    send(event, EventType::mouseUp);
+    if (self) keys_.settle();
 }
 
 void WindowComponent::mouseMove(const juce::MouseEvent& event) {
@@ -267,9 +249,9 @@ void WindowComponent::mouseMove(const juce::MouseEvent& event) {
 }
 
 void WindowComponent::mouseEnter(const juce::MouseEvent& event) {
-    if (embedding_ == Embedding::inHost) hostFocus_.remember(nativeWindow());
+    keys_.pointerDidEnter();
     if (!tooltips_) {
-        tooltips_ = std::make_unique<Tooltips>(this, tooltipDelayMs, [this](int width, int height) {
+        tooltips_ = std::make_unique<ToolTipWindow>(*this, [this](int width, int height) {
             const Rect frame = toolTipFrame(window_, pointer_, {double(width), double(height)});
             return juce::Point<int>(static_cast<int>(frame.x), static_cast<int>(frame.y));
         });
@@ -289,7 +271,8 @@ void WindowComponent::mouseWheelMove(const juce::MouseEvent& event, const juce::
 
 juce::String WindowComponent::getTooltip() {
     if (window_.mouseCapture() || areToolTipsQuiet_) return {};
-    return juce::String::fromUTF8(window_.toolTipAt(pointer_).c_str());
+    const View* const view = window_.toolTippedViewAt(pointer_);
+    return view ? juce::String::fromUTF8(view->toolTip().c_str()) : juce::String();
 }
 
 void WindowComponent::setCursor(Cursor shown) {
@@ -297,123 +280,46 @@ void WindowComponent::setCursor(Cursor shown) {
 }
 
 void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
-    if (juce::Desktop::getInstance().getDisplays().displays.isEmpty()) return; // the toolkit can't do without one
+    if (!hasDisplay()) return; // the toolkit can't do without one
     const juce::Rectangle<int> target(static_cast<int>(at.x), static_cast<int>(at.y), 1, 1);
-    hasMenu_ = true;
+    keys_.setMenuOpen(true);
     keepAwake();
-    updateKeys();
-    juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this));
+    juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this), [this] { keys_.settle(); });
     popup.setLookAndFeel(&runtime_->lookAndFeel());
     popup.showMenuAsync(
         juce::PopupMenu::Options().withParentComponent(this).withDeletionCheck(*this).withTargetScreenArea(
             localAreaToGlobal(target)),
         [self = SafePointer<WindowComponent>(this)](int) {
-            if (!self) return;
-            self->hasMenu_ = false;
-            self->updateKeys();
-            if (!self->wantsKeys_) self->giveFocusBack();
+            if (self) self->keys_.setMenuOpen(false);
         });
+    juce::Component* const shown = getChildComponent(getNumChildComponents() - 1);
+    if (menu->selectsFirst && shown) shown->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
 }
 
-// Keys and focus
+// Keys
 
 bool WindowComponent::keyPressed(const juce::KeyPress& key) {
+    keys_.keyWasNamed();
+    if (isCurrentlyBlockedByAnotherModalComponent()) return true; // what means nothing to the menu means nothing here
     areToolTipsQuiet_ = true; // who types looks at what is typed, until the pointer is used again
     const SafePointer<WindowComponent> self(this);
     const bool isHandled = window_.sendEvent(keyEventFrom(key, SuperKey::up));
     if (!self) return isHandled;
     if (isHandled)
-        settleKeys();
+        keys_.settle();
     else
-        passKeyOn();
+        keys_.passKeyOn();
     return isHandled;
 }
 
-// What the host's window would have got had the focus been there.
-void WindowComponent::passKeyOn() {
-    if (embedding_ != Embedding::inHost) return;
-    const auto key = juce::dispatchedKey();
-    // A host may send us keys of its own accord; to send those back would go on for ever.
-    if (!key || !key->isDown || key->isSynthetic) return;
-    if (hostFocus_.sendKey(nativeWindow(), *key)) passedOn_.insert(key->code);
-}
-
 bool WindowComponent::keyStateChanged(bool isKeyDown) {
-    const auto key = juce::dispatchedKey();
-    if (!isKeyDown && key && !key->isDown && passedOn_.erase(key->code) > 0) hostFocus_.sendKey(nativeWindow(), *key);
+    keys_.keyStateDidChange(isKeyDown);
     return false;
 }
 
-void WindowComponent::takeKeyboardFocus() {
-    wantsKeys_ = true;
-    updateKeys();
-    // In mid-press it is not known yet whether anything will want keys when it is over, and a host that lost the focus
-    // for a moment shows it.
-    if (embedding_ == Embedding::inHost && isPressed_) return;
-    grabKeys();
-}
-
-void WindowComponent::grabKeys() {
-    if (!getPeer()) return;
-    grabKeyboardFocus();
-    // The toolkit may believe that it never lost the focus.
-    if (juce::ComponentPeer* peer = getPeer(); peer && !peer->isFocused()) peer->grabFocus();
-    if (hasKeyboardFocus(true)) window_.setKeyWindow(true); // it may have had the focus already
-}
-
-void WindowComponent::settleKeys() {
-    if (isPressed_) return;
-    const bool areWanted = (wantsKeys_ || window_.isKeyWindow()) && window_.wantsKeys();
-    if (areWanted != wantsKeys_) {
-        wantsKeys_ = areWanted;
-        updateKeys();
-    }
-    if (areWanted)
-        grabKeys();
-    else
-        giveFocusBack();
-}
-
-void WindowComponent::releaseKeyboardFocus() {
-    wantsKeys_ = false;
-    updateKeys();
-    giveFocusBack();
-}
-
-// While nothing here wants keys they go to the host, wherever the pointer is.
-void WindowComponent::updateKeys() {
-    const bool areTaken = wantsKeys_ || hasMenu_ || embedding_ == Embedding::ownWindow;
-    if (juce::ComponentPeer* peer = getPeer())
-        juce::setPeerKeys(*peer, areTaken ? juce::PeerKeys::taken : juce::PeerKeys::leftToParent);
-}
-
 void WindowComponent::parentHierarchyChanged() {
-    updateKeys();
+    keys_.nativeWindowMayHaveChanged();
     lookAround();
-}
-
-void WindowComponent::giveFocusBack() {
-    // A menu closes when its program loses the focus.
-    if (embedding_ == Embedding::inHost && !hasMenu_) hostFocus_.giveBack(nativeWindow());
-}
-
-void WindowComponent::focusGained(FocusChangeType) {
-    resignation_.cancel();
-    if (wantsKeys_ || embedding_ == Embedding::ownWindow) window_.setKeyWindow(true);
-}
-
-void WindowComponent::focusLost(FocusChangeType) {
-    resignation_.schedule(focusReturnSeconds, [this] {
-        if (hasKeyboardFocus(true)) return;
-        wantsKeys_ = false;
-        updateKeys();
-        window_.setKeyWindow(false);
-    });
-}
-
-std::uint64_t WindowComponent::nativeWindow() const {
-    const juce::ComponentPeer* peer = getPeer();
-    return peer ? reinterpret_cast<std::uintptr_t>(peer->getNativeHandle()) : 0;
 }
 
 void WindowComponent::contentSizeDidChange(Size points) {

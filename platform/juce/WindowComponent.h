@@ -1,20 +1,18 @@
 // The one component of the toolkit that shows a window's view tree and brings it the user's input.
 #pragma once
 
-#include "platform/DelayedCall.h"
 #include "platform/DisplayLink.h"
 #include "platform/LayerRenderer.h"
 #include "platform/Window.h"
 #include "platform/juce/EventMapping.h"
-#include "platform/juce/HostFocus.h"
+#include "platform/juce/KeyboardFocus.h"
+#include "platform/juce/ToolTipWindow.h"
 #include "platform/juce/ToolkitRasterBackend.h"
 #include "platform/juce/ToolkitRuntime.h"
-#include "platform/juce/WindowMapState.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <memory>
-#include <set>
 
 namespace QVM_NAMESPACE {
 
@@ -31,14 +29,9 @@ class WindowComponent final : public juce::Component,
                               private WindowHost,
                               private juce::AsyncUpdater {
 public:
-    // Whose window it lives in: a host's, which wants its keyboard back, or one of the program's own.
-    enum class Embedding : unsigned char { inHost, ownWindow };
-    // A program of the toolkit has windows of its own; all else is a plug-in.
-    static Embedding usualEmbedding() {
-        return juce::JUCEApplicationBase::isStandaloneApp() ? Embedding::ownWindow : Embedding::inHost;
-    }
+    using Embedding = KeyboardFocus::Embedding;
 
-    explicit WindowComponent(Embedding embedding = usualEmbedding());
+    explicit WindowComponent(Embedding embedding);
     ~WindowComponent() override;
 
     // Give it a content view; this takes the view's size.
@@ -57,8 +50,8 @@ public:
     void mouseWheelMove(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
     bool keyPressed(const juce::KeyPress& key) override;
     bool keyStateChanged(bool isKeyDown) override;
-    void focusGained(FocusChangeType cause) override;
-    void focusLost(FocusChangeType cause) override;
+    void focusGained(FocusChangeType) override { keys_.wasGained(); }
+    void focusLost(FocusChangeType) override { keys_.wasLost(); }
     juce::String getTooltip() override;
     void parentHierarchyChanged() override;
     void visibilityChanged() override { lookAround(); }
@@ -67,16 +60,10 @@ private:
     void setCursor(Cursor cursor) override;
     void contentViewDidChange() override;
     void contentSizeDidChange(Size points) override;
-    void takeKeyboardFocus() override;
-    void releaseKeyboardFocus() override;
+    void takeKeyboardFocus() override { keys_.take(); }
     void popUpMenu(std::unique_ptr<Menu> menu, Point at) override;
 
     void send(const juce::MouseEvent& event, EventType type);
-    void updateKeys();
-    // After an event that may have changed who wants keys: takes the keyboard, or gives it back.
-    void settleKeys();
-    void grabKeys();
-    void passKeyOn();
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
@@ -96,21 +83,15 @@ private:
     void repaintDamage();
     void composeInto(juce::Graphics& g, double scale) const;
     bool isContentOpaque() const;
-    std::uint64_t nativeWindow() const;
-    void giveFocusBack();
 
     juce::SharedResourcePointer<ToolkitRuntime> runtime_;
-    const Embedding embedding_;
     ToolkitRasterBackend backend_{runtime_->faces()};
     LayerRenderer renderer_{backend_};
     const RenderStatistics* lastFrame_; // the renderer's
     Window window_{this};
     Point pointer_; // where it was last seen
-    HostFocus hostFocus_;
-    WindowMapState mapState_;
-    DelayedCall resignation_;          // the loss of focus, unless it comes back at once
-    std::set<unsigned char> passedOn_; // codes of held keys whose presses went to the host
-    bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
+    KeyboardFocus keys_;
+    bool isFrameWanted_ = false;
     bool isShowingFrame_ = false, isFrameShown_ = true, wasUncovered_ = false;
     bool wasOnScreen_ = false;
     bool areToolTipsQuiet_ = false;    // since a key was pressed
@@ -122,7 +103,7 @@ private:
     double lastLookAround_ = 0;                                     // likewise
     double lastDrawingEnd_ = 0;                                     // likewise
     double drawingSeconds_ = 0;                                     // of the last frame and its painting
-    std::unique_ptr<juce::TooltipWindow> tooltips_;                 // while the pointer is inside
+    std::unique_ptr<ToolTipWindow> tooltips_;                       // while the pointer is inside
     juce::VBlankAttachment refresh_;
 };
 

@@ -2,30 +2,13 @@
 
 #include <xcb/xcb.h>
 
-#include <cstdlib>
-
 namespace QVM_NAMESPACE {
 
-struct WindowMapState::Connection {
-    xcb_connection_t* x = xcb_connect(nullptr, nullptr);
-
-    Connection() = default;
-    ~Connection() { xcb_disconnect(x); }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-};
-
-WindowMapState::WindowMapState() = default;
-
-WindowMapState::~WindowMapState() = default;
-
-bool WindowMapState::isViewable(std::uint64_t window) {
-    if (window == 0) return true;
-    if (!connection_) connection_ = std::make_unique<Connection>();
-    xcb_connection_t* const x = connection_->x;
+bool isWindowViewable(XConnection& connection, std::uint64_t window) {
+    xcb_connection_t* const x = window != 0 ? connection.get() : nullptr;
+    if (!x) return true;
     const auto request = xcb_get_window_attributes(x, static_cast<xcb_window_t>(window));
-    const std::unique_ptr<xcb_get_window_attributes_reply_t, void (*)(void*)> reply(
-        xcb_get_window_attributes_reply(x, request, nullptr), &std::free);
+    const XReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(x, request, nullptr));
     return !reply || reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 

@@ -24,8 +24,7 @@ constexpr const char* comment =
     "on a musical scale, so their values here are positions, named in hertz.";
 
 // Frequencies are positions on a skewed scale for the host; these get a name, in hertz.
-constexpr std::array namedFrequenciesHz = {10.0f,  20.0f,   50.0f,   100.0f,  200.0f,   500.0f,
-                                           1000.f, 2000.0f, 5000.0f, 10000.f, 20000.0f, 24000.0f};
+constexpr std::array<float, 12> namedFrequenciesHz = {10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000, 24000};
 
 std::string unitText(const QVMParameter& parameter) {
     switch (parameter.unit) {
@@ -67,7 +66,7 @@ std::string scalePointsText(const std::map<float, std::string>& names) {
     std::string text;
     for (const auto& [value, name] : names) {
         text += text.empty() ? "\tlv2:scalePoint " : " , ";
-        text += "[\n\t\trdfs:label \"" + name + "\" ;\n\t\trdf:value " + turtleFloat(value) + "\n\t]";
+        text += "[\n\t\trdfs:label " + turtleString(name) + " ;\n\t\trdf:value " + turtleFloat(value) + "\n\t]";
     }
     return text;
 }
@@ -86,9 +85,10 @@ std::string parameterText(const QVMParameter& parameter, const std::string& plug
 std::string lv2ExtraText(const std::string& pluginUri) {
     const std::string& product = GetMetadata()->pluginName;
     std::string text = prefixes;
-    text += "<" + pluginUri + ">\n\ta lv2:Plugin , lv2:EQPlugin ;\n\tdoap:license <https://spdx.org/licenses/" +
-            "GPL-3.0-or-later> ;\n\tlv2:project <" + pluginUri + ":project> ;\n\trdfs:comment \"" + comment +
-            "\" .\n\n";
+    text += "<" + pluginUri +
+            ">\n\ta lv2:Plugin , lv2:EQPlugin ;\n\tdoap:license <https://spdx.org/licenses/"
+            "GPL-3.0-or-later> ;\n\tlv2:project <" +
+            pluginUri + ":project> ;\n\trdfs:comment \"" + comment + "\" .\n\n";
     text += "<" + pluginUri + ":project>\n\ta doap:Project ;\n\tdoap:name \"" + product + "\" .\n\n";
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         text += parameterText(*GetParameter(pid), pluginUri);

@@ -23,9 +23,6 @@ struct AudioFileError {
 // finite become silence.
 [[nodiscard]] std::variant<AudioClip, AudioFileError> readAudioFile(const std::string& path, double maxSeconds = 600);
 
-// The clip at another rate, by windowed-sinc interpolation of the toolkit-free kind: good enough to listen to.
-AudioClip resampled(const AudioClip& clip, double sampleRateHz);
-
 // Ten seconds of stereo pink noise at about -18 dBFS RMS, the same each time: white noise through a bank of first-order
 // low-passes an octave apart, each weighted to the 1/f slope.
 AudioClip pinkNoise(double sampleRateHz);

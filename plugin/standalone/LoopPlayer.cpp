@@ -1,5 +1,8 @@
 #include "plugin/standalone/LoopPlayer.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -8,13 +11,12 @@ constexpr int outputChannels = 2;
 } // namespace
 
 LoopPlayer::LoopPlayer(SlantwiseProcessor& processor, AudioClip clip)
-    : juce::Thread("Slantwise silent device"), processor_(processor), source_(std::move(clip)) {
+    : juce::Thread("Slantwise silent device"), processor_(processor), loop_(std::move(clip)) {
     const juce::String error = devices_.initialiseWithDefaultDevices(0, outputChannels);
     if (error.isEmpty() && devices_.getCurrentAudioDevice() != nullptr) {
-        deviceName_ = devices_.getCurrentAudioDevice()->getName().toStdString();
         devices_.addAudioCallback(this);
     } else {
-        prepare(source_.sampleRateHz, silentDeviceFrames);
+        prepare(loop_.clipRateHz(), silentDeviceFrames);
         startThread();
     }
 }
@@ -26,9 +28,8 @@ LoopPlayer::~LoopPlayer() {
 }
 
 void LoopPlayer::prepare(double sampleRateHz, int maxFrames) {
-    clip_ = resampled(source_, sampleRateHz);
-    at_ = 0;
-    buffer_.setSize(outputChannels, maxFrames);
+    loop_.start(sampleRateHz);
+    buffer_.setSize(outputChannels, std::max(maxFrames, 1));
     processor_.setPlayConfigDetails(outputChannels, outputChannels, sampleRateHz, maxFrames);
     processor_.prepareToPlay(sampleRateHz, maxFrames);
 }
@@ -43,11 +44,10 @@ void LoopPlayer::audioDeviceIOCallbackWithContext(const float* const*, int, floa
 }
 
 void LoopPlayer::run() {
-    const double framesPerMs = clip_.sampleRateHz / 1000;
-    const double start = juce::Time::getMillisecondCounterHiRes();
-    while (!threadShouldExit()) {
+    const double blockMs = silentDeviceFrames * 1000 / loop_.clipRateHz();
+    for (double due = juce::Time::getMillisecondCounterHiRes(); !threadShouldExit();) {
         render(nullptr, 0, silentDeviceFrames);
-        const double due = start + static_cast<double>(framesPlayed()) / framesPerMs;
+        due += blockMs;
         const double ahead = due - juce::Time::getMillisecondCounterHiRes();
         if (ahead >= 1) wait(static_cast<int>(ahead));
     }
@@ -56,13 +56,7 @@ void LoopPlayer::run() {
 void LoopPlayer::render(float* const* out, int outChannels, int frames) {
     for (int done = 0; done < frames;) {
         const int chunk = std::min(frames - done, buffer_.getNumSamples());
-        for (int i = 0; i < chunk; ++i) {
-            for (int c = 0; c < outputChannels; ++c) {
-                const auto source = std::min(static_cast<std::size_t>(c), clip_.channels.size() - 1);
-                buffer_.setSample(c, i, clip_.channels[source][at_]);
-            }
-            at_ = at_ + 1 == clip_.frames() ? 0 : at_ + 1;
-        }
+        loop_.read(buffer_.getWritePointer(0), buffer_.getWritePointer(1), chunk);
         juce::AudioBuffer<float> block(buffer_.getArrayOfWritePointers(), outputChannels, chunk);
         midi_.clear();
         processor_.processBlock(block, midi_);
@@ -73,7 +67,6 @@ void LoopPlayer::render(float* const* out, int outChannels, int frames) {
         }
         done += chunk;
     }
-    played_.fetch_add(static_cast<std::uint64_t>(frames), std::memory_order_relaxed);
 }
 
 } // namespace QVM_NAMESPACE

@@ -2,15 +2,10 @@
 #include "plugin/standalone/StandaloneApp.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 constexpr int exitUsage = 2;
-
-juce::JUCEApplicationBase* createApplication() {
-    return new slantwise::StandaloneApp();
-}
 
 } // namespace
 
@@ -24,9 +19,5 @@ int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-es
     auto& options = std::get<slantwise::Options>(parsed);
     if (options.showHelp) return std::fputs(slantwise::helpText().c_str(), stdout) < 0;
     if (options.showVersion) return std::printf("%s\n", slantwise::versionText().c_str()) < 0;
-    // The toolkit would take display 0 when none is named, whosever it is.
-    if (std::getenv("DISPLAY") == nullptr) setenv("DISPLAY", "none", 1);
-    slantwise::StandaloneApp::setOptions(std::move(options));
-    juce::JUCEApplicationBase::createInstance = &createApplication;
-    return juce::JUCEApplicationBase::main(argumentCount, const_cast<const char**>(arguments));
+    return slantwise::ToolkitProgram::run<slantwise::StandaloneApp>(argumentCount, arguments, std::move(options));
 }

@@ -6,86 +6,50 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/juce/Screenshot.h"
-#include "plugin/standalone/EditorHolder.h"
+#include "platform/juce/ToolkitWorkspace.h"
 #include "theme/QVMUITheme.h"
 
-#include <cstdio>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double fallbackSampleRateHz = 48000;
-
-Options& options() {
-    static Options parsed;
-    return parsed;
-}
-
-bool hasDisplay() {
-    return juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr;
-}
+constexpr double noiseRateHz = 48000;
 
 } // namespace
 
-class StandaloneApp::EditorWindow final : public juce::DocumentWindow {
-public:
-    EditorWindow(juce::AudioProcessorEditor& editor, double scale)
-        : juce::DocumentWindow("Slantwise", juce::Colours::black, closeButton | minimiseButton) {
-        setUsingNativeTitleBar(true);
-        setWantsKeyboardFocus(false); // what is in it has the keyboard from the start
-        if (scale > 0) editor.setScaleFactor(static_cast<float>(scale));
-        setContentOwned(new EditorHolder(editor), true);
-        setResizable(false, false);
-        centreWithSize(getWidth(), getHeight());
-        setVisible(true);
-    }
-    void closeButtonPressed() override { JUCEApplicationBase::quit(); }
-};
-
-StandaloneApp::StandaloneApp() = default;
+StandaloneApp::StandaloneApp(Options options) : ToolkitProgram("Slantwise"), options_(std::move(options)) {}
 
 StandaloneApp::~StandaloneApp() = default;
 
-void StandaloneApp::setOptions(Options parsed) {
-    options() = std::move(parsed);
-}
-
-const juce::String StandaloneApp::getApplicationVersion() {
-    return versionText();
-}
-
-void StandaloneApp::fail(const std::string& message, int exitStatus) {
-    std::fprintf(stderr, "Slantwise: %s\n", message.c_str());
-    setApplicationReturnValue(exitStatus);
-    quit();
-}
-
 void StandaloneApp::initialise(const juce::String&) {
     const bool display = hasDisplay();
-    if (!display && options().screenshotFile.empty() && !options().quitAfterSeconds) {
-        return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE", 1);
+    if (!display && options_.screenshotFile.empty() && !options_.quitAfterSeconds) {
+        return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
     }
-    AudioClip clip = pinkNoise(fallbackSampleRateHz);
-    if (!options().playFile.empty()) {
-        auto read = readAudioFile(options().playFile);
-        if (const auto* error = std::get_if<AudioFileError>(&read)) return fail(error->message, 1);
+    AudioClip clip;
+    if (options_.playFile.empty()) {
+        clip = pinkNoise(noiseRateHz);
+    } else {
+        auto read = readAudioFile(options_.playFile);
+        if (const auto* error = std::get_if<AudioFileError>(&read)) return fail(error->message);
         clip = std::get<AudioClip>(std::move(read));
     }
 
     processor_ = std::make_unique<SlantwiseProcessor>();
     player_ = std::make_unique<LoopPlayer>(*processor_, std::move(clip));
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
-    if (options().theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
+    if (options_.theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
     applyLayout();
     applyPreset();
     applySettings();
     if (display) openWindow();
-    if (!options().screenshotFile.empty()) {
-        screenshotCall_.schedule(options().afterSeconds, [this] { writeScreenshot(); });
+    if (!options_.screenshotFile.empty()) {
+        screenshotCall_.schedule(options_.afterSeconds, [this] { writeScreenshot(); });
     }
-    if (options().quitAfterSeconds) {
-        quitCall_.schedule(*options().quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
+    if (options_.quitAfterSeconds) {
+        quitCall_.schedule(*options_.quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
     }
 }
 
@@ -99,13 +63,13 @@ void StandaloneApp::shutdown() {
 }
 
 void StandaloneApp::applyPreset() {
-    if (!options().presetIndex) return;
-    const auto& name = GetPresets()->stringValues[static_cast<std::size_t>(*options().presetIndex)];
+    if (!options_.presetIndex) return;
+    const auto& name = GetPresets()->stringValues[static_cast<std::size_t>(*options_.presetIndex)];
     editor_->view().requestPresetNamed(name);
 }
 
 void StandaloneApp::applyLayout() {
-    switch (options().layout) {
+    switch (options_.layout) {
     case Options::Layout::normal:
         return;
     case Options::Layout::wide:
@@ -116,20 +80,21 @@ void StandaloneApp::applyLayout() {
 }
 
 void StandaloneApp::applySettings() {
-    if (!options().settings.empty()) editor_->view().ui().keyboard().applyURLEncodedPreset(options().settings);
+    if (!options_.settings.empty()) editor_->view().ui().keyboard().applyURLEncodedPreset(options_.settings);
 }
 
 void StandaloneApp::openWindow() {
-    window_ = std::make_unique<EditorWindow>(*editor_, options().scale);
+    if (options_.scale > 0) editor_->setScaleFactor(static_cast<float>(options_.scale));
+    window_ = std::make_unique<ProgramWindow>("Slantwise", *editor_);
 }
 
 void StandaloneApp::writeScreenshot() {
-    const double scale = options().scale > 0 ? options().scale : editor_->window().backingScaleFactor();
-    if (!writePng(renderWindowToImage(editor_->window(), scale), options().screenshotFile)) {
-        return fail("cannot write \"" + options().screenshotFile + "\"", 1);
+    const double scale = options_.scale > 0 ? options_.scale : editor_->window().backingScaleFactor();
+    if (!writePng(renderWindowToImage(editor_->window(), scale), options_.screenshotFile)) {
+        return fail("cannot write \"" + options_.screenshotFile + "\"");
     }
     // With nothing else to wait for, the picture was all that was wanted.
-    if (!options().quitAfterSeconds) quit();
+    if (!options_.quitAfterSeconds) quit();
 }
 
 } // namespace QVM_NAMESPACE

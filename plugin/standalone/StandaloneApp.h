@@ -2,6 +2,8 @@
 // there is no display.
 #pragma once
 
+#include "platform/juce/ProgramWindow.h"
+#include "platform/juce/ToolkitProgram.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/standalone/LoopPlayer.h"
 #include "plugin/standalone/Options.h"
@@ -10,30 +12,15 @@
 
 namespace QVM_NAMESPACE {
 
-class StandaloneApp final : public juce::JUCEApplicationBase {
+class StandaloneApp final : public ToolkitProgram {
 public:
-    StandaloneApp();
+    explicit StandaloneApp(Options options);
     ~StandaloneApp() override;
 
-    // Parsed by main() before the toolkit starts.
-    static void setOptions(Options options);
-
-    const juce::String getApplicationName() override { return "Slantwise"; }
-    const juce::String getApplicationVersion() override;
-    bool moreThanOneInstanceAllowed() override { return true; }
     void initialise(const juce::String&) override;
     void shutdown() override;
-    void anotherInstanceStarted(const juce::String&) override {}
-    void systemRequestedQuit() override { quit(); }
-    void suspended() override {}
-    void resumed() override {}
-    void unhandledException(const std::exception*, const juce::String&, int) override {}
 
 private:
-    class EditorWindow;
-
-    // Ends the program with a message on the error stream.
-    void fail(const std::string& message, int exitStatus);
     void applyLayout();
     void applyPreset();
     // Over the preset's: what the address does not name is at its initial value.
@@ -41,10 +28,11 @@ private:
     void openWindow();
     void writeScreenshot();
 
+    const Options options_;
     std::unique_ptr<SlantwiseProcessor> processor_;
     std::unique_ptr<LoopPlayer> player_;
     std::unique_ptr<SlantwiseEditor> editor_;
-    std::unique_ptr<EditorWindow> window_;
+    std::unique_ptr<ProgramWindow> window_;
     DelayedCall screenshotCall_, quitCall_;
 };
 

@@ -2,7 +2,7 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/LayerRenderer.h"
+#include "platform/LayerDump.h"
 #include "platform/TextMetrics.h"
 #include "platform/VirtualTime.h"
 

@@ -18,7 +18,6 @@ public:
     void setCursor(Cursor) override {}
     void contentSizeDidChange(Size) override {}
     void takeKeyboardFocus() override {}
-    void releaseKeyboardFocus() override {}
     void popUpMenu(std::unique_ptr<Menu> menu, Point at) override {
         menus.push_back(std::move(menu));
         places.push_back(at);

@@ -2,7 +2,7 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/LayerRenderer.h"
+#include "platform/LayerDump.h"
 #include "platform/VirtualTime.h"
 #include "platform/Window.h"
 
@@ -204,7 +204,6 @@ public:
     void setCursor(Cursor cursor) override { shown = cursor; }
     void contentSizeDidChange(Size) override {}
     void takeKeyboardFocus() override {}
-    void releaseKeyboardFocus() override {}
     void popUpMenu(std::unique_ptr<Menu>, Point) override {}
     Cursor shown = Cursor::arrow;
 };

@@ -3,6 +3,7 @@
 #include "controls/QVMVerticalSlider.h"
 
 #include "controls/Gestures.h"
+#include "platform/LayerDump.h"
 #include "platform/LayerRenderer.h"
 #include "platform/VirtualTime.h"
 #include "platform/Window.h"

@@ -2,7 +2,7 @@
 
 #include "controls/QVMParameterControl.h"
 #include "description/Description.h"
-#include "platform/LayerRenderer.h"
+#include "platform/LayerDump.h"
 #include "platform/VirtualTime.h"
 
 #include <gmock/gmock.h>

@@ -6,6 +6,7 @@
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
+#include "platform/LayerDump.h"
 #include "platform/LayerRenderer.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "editor/QVMHUDDisplay.h"
 
-#include "platform/LayerRenderer.h"
+#include "platform/LayerDump.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numbers>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -45,7 +47,7 @@ TEST(GeometryTest, AnInverseUndoesItsTransform) {
 }
 
 TEST(GeometryTest, ATransformedRectIsTheBoxOfItsCorners) {
-    const Rect turned = AffineTransform::rotation(3.14159265358979323846 / 2).apply(Rect{1, 2, 3, 4});
+    const Rect turned = AffineTransform::rotation(std::numbers::pi / 2).apply(Rect{1, 2, 3, 4});
     EXPECT_NEAR(turned.x, -6, 1e-12);
     EXPECT_NEAR(turned.y, 1, 1e-12);
     EXPECT_NEAR(turned.width, 4, 1e-12);

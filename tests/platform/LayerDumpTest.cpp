@@ -1,4 +1,4 @@
-#include "platform/LayerRenderer.h"
+#include "platform/LayerDump.h"
 
 #include "platform/ShapeLayer.h"
 #include "platform/TextLayer.h"

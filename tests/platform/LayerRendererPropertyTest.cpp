@@ -2,6 +2,7 @@
 #include "platform/LayerRenderer.h"
 
 #include "platform/FakePixels.h"
+#include "platform/LayerDump.h"
 #include "platform/Transaction.h"
 #include "platform/VirtualTime.h"
 

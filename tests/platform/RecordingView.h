@@ -21,6 +21,7 @@ public:
     bool passesOn = false;           // mouse events and keys go to the next responder too
     bool handlesKeys = true;         // what keyDown answers
     bool handlesEquivalents = false; // what performKeyEquivalent answers
+    bool keysAreWanted = true;       // what wantsKeys answers
     bool acceptsFirst = false, mayBecomeFirst = true, mayResignFirst = true;
     std::function<void(const std::string&)> also; // runs on each event, told its word
     std::unique_ptr<Menu> menu;                   // given to the first that asks
@@ -59,6 +60,7 @@ public:
         return given;
     }
     bool acceptsFirstResponder() const override { return acceptsFirst; }
+    bool wantsKeys() const override { return keysAreWanted; }
     bool becomeFirstResponder() override {
         note("become");
         return mayBecomeFirst;
@@ -109,7 +111,6 @@ public:
     void setCursor(Cursor c) override { cursors.push_back(c); }
     void contentSizeDidChange(Size points) override { sizes.push_back(points); }
     void takeKeyboardFocus() override { ++taken; }
-    void releaseKeyboardFocus() override { ++released; }
     void popUpMenu(std::unique_ptr<Menu> menu, Point at) override {
         menus.push_back(menu->title);
         menuPoint = at;
@@ -118,7 +119,7 @@ public:
     std::vector<Size> sizes;
     std::vector<std::string> menus;
     Point menuPoint;
-    int taken = 0, released = 0;
+    int taken = 0; // times that the keyboard was asked for
 };
 
 } // namespace QVM_NAMESPACE

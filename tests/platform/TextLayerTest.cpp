@@ -13,11 +13,10 @@ TEST(TextLayerTest, SettingAnEqualTextCostsNothing) {
     const auto version = layer.contentVersion();
     layer.setString({"1.0 dB", font, Color::white(1)});
     layer.setAlignment(TextAlignment::center, TextPlacement::middle);
-    layer.setWrapped(false);
     EXPECT_EQ(layer.contentVersion(), version);
 }
 
-TEST(TextLayerTest, TextColourAlignmentAndWrappingChangeTheLook) {
+TEST(TextLayerTest, TextColourAndAlignmentChangeTheLook) {
     TextLayer layer;
     auto last = layer.contentVersion();
     const auto changed = [&] { return std::exchange(last, layer.contentVersion()) != layer.contentVersion(); };
@@ -28,8 +27,6 @@ TEST(TextLayerTest, TextColourAlignmentAndWrappingChangeTheLook) {
     layer.setAlignment(TextAlignment::left);
     EXPECT_TRUE(changed());
     layer.setAlignment(TextAlignment::left, TextPlacement::top);
-    EXPECT_TRUE(changed());
-    layer.setWrapped(true);
     EXPECT_TRUE(changed());
 }
 
@@ -52,8 +49,6 @@ TEST(TextLayerTest, TheLookHasRoomForOverhangAndForATextThatIsTooLong) {
     EXPECT_EQ(layer.lookBounds(layer.presentation(0)), (Rect{-3, -3, 66, 26}));
     layer.setString({"abcdefghijkl", font, Color::white(1)}); // 72 wide, 12 too many, at either end
     EXPECT_EQ(layer.lookBounds(layer.presentation(0)), (Rect{-15, -3, 90, 26}));
-    layer.setWrapped(true);
-    EXPECT_EQ(layer.lookBounds(layer.presentation(0)), (Rect{-3, -3, 66, 26}));
 }
 
 } // namespace

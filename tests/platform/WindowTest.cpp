@@ -1,7 +1,8 @@
+// Responders, keys, what is told to the host and what comes from it.
 #include "platform/Window.h"
 
 #include "platform/NotificationCenter.h"
-#include "platform/RecordingView.h"
+#include "platform/WindowFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,141 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// A 100 x 100 window with "a" at its left and "b" at its right, each 50 x 100, and "inner" in the top of "a".
-class WindowTest : public ::testing::Test {
-protected:
-    WindowTest() {
-        root = &window->setContentView(std::make_unique<RecordingView>("root", record, Rect{0, 0, 100, 100}));
-        a = &root->addSubview(std::make_unique<RecordingView>("a", record, Rect{0, 0, 50, 100}));
-        b = &root->addSubview(std::make_unique<RecordingView>("b", record, Rect{50, 0, 50, 100}));
-        inner = &a->addSubview(std::make_unique<RecordingView>("inner", record, Rect{0, 0, 50, 20}));
-        window->sendEvent(mouse(EventType::mouseExited, {}));
-        record.clear();
-    }
-    bool send(EventType type, Point at, std::uint32_t modifiers = 0) {
-        return window->sendEvent(mouse(type, at, modifiers));
-    }
-    Record take() { return std::exchange(record, {}); }
-
-    Record record;
-    RecordingHost host;
-    std::unique_ptr<Window> window = std::make_unique<Window>(&host);
-    RecordingView *root = nullptr, *a = nullptr, *b = nullptr, *inner = nullptr;
-};
-
-TEST_F(WindowTest, PressIsCapturedUntilTheRelease) {
-    send(EventType::mouseMoved, {60, 50});
-    take();
-    EXPECT_TRUE(send(EventType::mouseDown, {60, 50}));
-    EXPECT_EQ(window->mouseCapture(), b);
-    send(EventType::mouseDragged, {10, 50});
-    send(EventType::mouseDragged, {-500, 900});
-    send(EventType::mouseUp, {-500, 900});
-    EXPECT_THAT(take(), ElementsAre("b down", "b dragged", "b dragged", "b up", "b exited", "root exited"));
-    EXPECT_EQ(window->mouseCapture(), nullptr);
-    EXPECT_FALSE(send(EventType::mouseDragged, {10, 50}));
-    EXPECT_FALSE(send(EventType::mouseUp, {10, 50}));
-}
-
-TEST_F(WindowTest, NothingIsEnteredOrLeftWhileAViewHasThePointer) {
-    send(EventType::mouseDown, {60, 50});
-    take();
-    EXPECT_FALSE(send(EventType::mouseMoved, {10, 50}));
-    EXPECT_FALSE(send(EventType::mouseExited, {10, 50}));
-    EXPECT_THAT(take(), IsEmpty());
-    send(EventType::mouseUp, {10, 50});
-    EXPECT_THAT(take(), ElementsAre("b up", "b exited", "a entered"));
-}
-
-TEST_F(WindowTest, PressOutsideOfTheContentIsNobodys) {
-    EXPECT_FALSE(send(EventType::mouseDown, {200, 50}));
-    EXPECT_EQ(window->mouseCapture(), nullptr);
-}
-
-TEST_F(WindowTest, UnhandledPressGoesUpTheTree) {
-    inner->passesOn = a->passesOn = true;
-    send(EventType::mouseMoved, {10, 10});
-    take();
-    send(EventType::mouseDown, {10, 10});
-    EXPECT_THAT(take(), ElementsAre("inner down", "a down", "root down"));
-}
-
-TEST_F(WindowTest, HoverIsToldToAncestorsToo) {
-    send(EventType::mouseMoved, {10, 10});
-    EXPECT_THAT(take(),
-                ElementsAre("root entered", "a entered", "inner entered", "root moved", "a moved", "inner moved"));
-    send(EventType::mouseMoved, {10, 50});
-    EXPECT_THAT(take(), ElementsAre("inner exited", "root moved", "a moved"));
-    send(EventType::mouseMoved, {60, 50});
-    EXPECT_THAT(take(), ElementsAre("a exited", "b entered", "root moved", "b moved"));
-    send(EventType::mouseExited, {-1, 50});
-    EXPECT_THAT(take(), ElementsAre("b exited", "root exited"));
-}
-
-TEST_F(WindowTest, ScrollGoesToTheViewUnderThePointer) {
-    EXPECT_TRUE(send(EventType::scrollWheel, {60, 50}));
-    EXPECT_THAT(take(), ElementsAre("b scroll"));
-    EXPECT_FALSE(send(EventType::scrollWheel, {600, 50}));
-}
-
-TEST_F(WindowTest, RightPressAsksUpTheTreeForAMenu) {
-    send(EventType::mouseMoved, {10, 10});
-    take();
-    root->menu = std::make_unique<Menu>(Menu{"root's", {}});
-    EXPECT_TRUE(send(EventType::rightMouseDown, {10, 10}));
-    EXPECT_THAT(take(), ElementsAre("inner menu", "a menu", "root menu"));
-    EXPECT_THAT(host.menus, ElementsAre("root's"));
-    EXPECT_EQ(host.menuPoint, (Point{10, 10}));
-    EXPECT_EQ(window->mouseCapture(), nullptr);
-}
-
-TEST_F(WindowTest, FirstViewThatAnswersGivesTheMenu) {
-    a->menu = std::make_unique<Menu>(Menu{"a's", {}});
-    root->menu = std::make_unique<Menu>(Menu{"root's", {}});
-    send(EventType::rightMouseDown, {10, 10});
-    EXPECT_THAT(host.menus, ElementsAre("a's"));
-}
-
-TEST_F(WindowTest, RightPressWithoutAMenuIsAnEvent) {
-    send(EventType::mouseMoved, {60, 50});
-    take();
-    EXPECT_TRUE(send(EventType::rightMouseDown, {60, 50}));
-    EXPECT_THAT(take(), ElementsAre("b menu", "root menu", "b rightDown"));
-    EXPECT_THAT(host.menus, IsEmpty());
-}
-
-TEST_F(WindowTest, RightPressInMidDragIsIgnored) {
-    root->menu = std::make_unique<Menu>(Menu{"root's", {}});
-    send(EventType::mouseDown, {60, 50});
-    send(EventType::rightMouseDown, {60, 50});
-    EXPECT_THAT(host.menus, IsEmpty());
-    EXPECT_EQ(window->mouseCapture(), b);
-}
-
-TEST_F(WindowTest, ControlClickIsARightClick) {
-    root->menu = std::make_unique<Menu>(Menu{"root's", {}});
-    send(EventType::mouseMoved, {60, 50});
-    take();
-    send(EventType::mouseDown, {60, 50}, EventModifier::control);
-    EXPECT_THAT(take(), ElementsAre("b menu", "root menu"));
-    EXPECT_THAT(host.menus, ElementsAre("root's"));
-    EXPECT_EQ(window->mouseCapture(), nullptr);
-}
-
-TEST_F(WindowTest, ControlClickWithoutAMenuIsAPress) {
-    send(EventType::mouseDown, {60, 50}, EventModifier::control);
-    EXPECT_EQ(window->mouseCapture(), b);
-    EXPECT_EQ(record.back(), "b down");
-}
-
-TEST_F(WindowTest, ControlClickWithOptionOrCommandIsAPress) {
-    for (const auto more : {EventModifier::option, EventModifier::command}) {
-        root->menu = std::make_unique<Menu>(Menu{"root's", {}});
-        send(EventType::mouseDown, {60, 50}, EventModifier::control | more);
-        send(EventType::mouseUp, {60, 50}, EventModifier::control | more);
-    }
-    EXPECT_THAT(host.menus, IsEmpty());
-}
+using WindowTest = WindowFixture;
 
 TEST_F(WindowTest, ClickMakesAViewThatAcceptsTheFirstResponder) {
     a->acceptsFirst = true;
@@ -230,24 +97,6 @@ TEST_F(WindowTest, RemovedViewIsForgotten) {
     EXPECT_THAT(take(), ElementsAre("root moved"));
 }
 
-TEST_F(WindowTest, ViewMayBeDestroyedByItsOwnPress) {
-    b->also = [this](const std::string& word) {
-        if (word == "down") b->removeFromSuperview();
-    };
-    EXPECT_TRUE(send(EventType::mouseDown, {60, 50}));
-    EXPECT_FALSE(send(EventType::mouseDragged, {61, 50}));
-    EXPECT_FALSE(send(EventType::mouseUp, {61, 50}));
-}
-
-TEST_F(WindowTest, ViewsMayBeDestroyedWhileThePointerEnters) {
-    root->also = [this](const std::string& word) {
-        if (word == "entered") a->removeFromSuperview();
-    };
-    send(EventType::mouseMoved, {10, 10});
-    EXPECT_THAT(take(), ElementsAre("root entered", "a willLeaveWindow", "inner willLeaveWindow", "inner outOfWindow",
-                                    "a outOfWindow", "root moved"));
-}
-
 TEST_F(WindowTest, ViewsMayBeDestroyedWhileKeyEquivalentsAreOffered) {
     root->also = [this](const std::string& word) {
         if (word == "equivalent") a->removeFromSuperview();
@@ -268,15 +117,6 @@ TEST_F(WindowTest, WindowMayBeDestroyedByAnyEvent) {
         doomed->sendEvent(event);
         EXPECT_EQ(doomed, nullptr);
     }
-}
-
-TEST_F(WindowTest, WindowMayBeDestroyedByTheRelease) {
-    send(EventType::mouseDown, {60, 50});
-    b->also = [this](const std::string& word) {
-        if (word == "up") window.reset();
-    };
-    window->sendEvent(mouse(EventType::mouseUp, {60, 50}));
-    EXPECT_EQ(window, nullptr);
 }
 
 TEST_F(WindowTest, KeyChangesArePostedOnce) {
@@ -307,16 +147,12 @@ TEST_F(WindowTest, FocusIsAskedOfTheHost) {
     window->makeKey();
     EXPECT_EQ(host.taken, 1);
     EXPECT_FALSE(window->isKeyWindow());
-    window->resignKey();
-    EXPECT_EQ(host.released, 1);
 }
 
 TEST_F(WindowTest, WithoutAHostTheWindowIsKeyAtOnce) {
     window->setHost(nullptr);
     window->makeKey();
     EXPECT_TRUE(window->isKeyWindow());
-    window->resignKey();
-    EXPECT_FALSE(window->isKeyWindow());
 }
 
 TEST_F(WindowTest, ScaleReachesEveryLayerThenEveryViewIsTold) {
@@ -338,36 +174,6 @@ TEST_F(WindowTest, ContentThatChangesItsSizeTellsTheHost) {
     EXPECT_THAT(host.sizes, ElementsAre(Size{680, 320}));
     a->setFrame({0, 0, 5, 5});
     EXPECT_EQ(host.sizes.size(), 1u);
-}
-
-TEST_F(WindowTest, ToolTipIsTheNearestAncestors) {
-    a->setToolTip("A");
-    EXPECT_EQ(window->toolTipAt({10, 10}), "A");
-    inner->setToolTip("Inner");
-    EXPECT_EQ(window->toolTipAt({10, 10}), "Inner");
-    EXPECT_EQ(window->toolTipAt({60, 10}), "");
-    EXPECT_EQ(window->toolTipAt({600, 10}), "");
-}
-
-TEST_F(WindowTest, CursorIsThatOfTheViewUnderThePointerOrOfWhatItLiesIn) {
-    a->setCursor(Cursor::pointingHand);
-    send(EventType::mouseMoved, {10, 10});
-    send(EventType::mouseMoved, {60, 10});
-    b->setCursor(Cursor::resizeUpDown);
-    EXPECT_THAT(host.cursors, ElementsAre(Cursor::pointingHand, Cursor::arrow, Cursor::resizeUpDown));
-}
-
-TEST_F(WindowTest, PushedCursorHidesTheViewsOwn) {
-    a->setCursor(Cursor::pointingHand);
-    send(EventType::mouseMoved, {10, 10});
-    window->pushCursor(Cursor::closedHand);
-    window->pushCursor(Cursor::none);
-    send(EventType::mouseMoved, {60, 10});
-    window->popCursor();
-    window->popCursor();
-    window->popCursor(); // one too many does no harm
-    EXPECT_THAT(host.cursors,
-                ElementsAre(Cursor::pointingHand, Cursor::closedHand, Cursor::none, Cursor::closedHand, Cursor::arrow));
 }
 
 TEST_F(WindowTest, ContentViewIsHandedBack) {

@@ -274,8 +274,14 @@ TEST(SlantwiseProcessor, BlocksOfAnyLengthAreProcessed) {
     prepare(processor, 2, 2, 512);
     for (const int frames : {0, 1, 511, 512, 4000}) {
         juce::AudioBuffer<float> buffer(2, frames);
-        buffer.clear();
+        for (int channel = 0; channel < 2; ++channel)
+            juce::FloatVectorOperations::fill(buffer.getWritePointer(channel), 0.5f, frames);
         processOnce(processor, buffer);
+        for (int channel = 0; channel < 2; ++channel) {
+            const auto range = buffer.findMinMax(channel, 0, frames);
+            EXPECT_NEAR(range.getStart(), frames > 0 ? 0.5f : 0, 1e-6) << frames;
+            EXPECT_NEAR(range.getEnd(), frames > 0 ? 0.5f : 0, 1e-6) << frames;
+        }
     }
 }
 

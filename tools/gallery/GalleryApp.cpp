@@ -1,8 +1,8 @@
 #include "tools/gallery/GalleryApp.h"
 
 #include "platform/juce/Screenshot.h"
+#include "platform/juce/ToolkitWorkspace.h"
 #include "platform/juce/WindowComponent.h"
-#include "plugin/standalone/EditorHolder.h"
 #include "theme/QVMUITheme.h"
 #include "tools/gallery/GalleryView.h"
 #include "tools/gallery/OffscreenTime.h"
@@ -17,15 +17,6 @@ namespace {
 
 constexpr double signalSampleRateHz = 48000;
 
-GalleryOptions& options() {
-    static GalleryOptions parsed;
-    return parsed;
-}
-
-bool hasDisplay() {
-    return juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr;
-}
-
 // A line at a time, so that whoever reads them sees them at once.
 void printLine(const std::string& line) {
     std::printf("%s\n", line.c_str());
@@ -34,43 +25,15 @@ void printLine(const std::string& line) {
 
 } // namespace
 
-class GalleryApp::GalleryWindow final : public juce::DocumentWindow {
-public:
-    GalleryWindow(WindowComponent& content, double scale)
-        : juce::DocumentWindow("Slantwise gallery", juce::Colours::black, closeButton | minimiseButton) {
-        setUsingNativeTitleBar(true);
-        if (scale > 0) {
-            // The desktop scales the window on its own; this is what is missing to the scale asked for.
-            const double desktop = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->scale;
-            content.setTransform(juce::AffineTransform::scale(static_cast<float>(scale / desktop)));
-        }
-        setContentOwned(new EditorHolder(content), true);
-        setResizable(false, false);
-        centreWithSize(getWidth(), getHeight());
-        setVisible(true);
-    }
-    void closeButtonPressed() override { JUCEApplicationBase::quit(); }
-};
-
-GalleryApp::GalleryApp() = default;
+GalleryApp::GalleryApp(GalleryOptions options) : ToolkitProgram("slantwise-gallery"), options_(std::move(options)) {}
 
 GalleryApp::~GalleryApp() = default;
 
-void GalleryApp::setOptions(GalleryOptions parsed) {
-    options() = std::move(parsed);
-}
-
-void GalleryApp::fail(const std::string& message) {
-    std::fprintf(stderr, "slantwise-gallery: %s\n", message.c_str());
-    setApplicationReturnValue(1);
-    quit();
-}
-
 std::unique_ptr<StereoFeed> GalleryApp::makeFeed() {
-    const std::string& file = options().audioFile;
+    const std::string& file = options_.audioFile;
     if (file.empty())
-        return std::make_unique<StereoFeed>(*testSignal(options().signal, signalSampleRateHz),
-                                            "signal " + options().signal);
+        return std::make_unique<StereoFeed>(*testSignal(options_.signal, signalSampleRateHz),
+                                            "signal " + options_.signal);
     auto read = readAudioFile(file);
     if (const auto* error = std::get_if<AudioFileError>(&read)) {
         fail(error->message);
@@ -81,17 +44,21 @@ std::unique_ptr<StereoFeed> GalleryApp::makeFeed() {
 }
 
 void GalleryApp::initialise(const juce::String&) {
-    if (!options().screenshotFile.empty()) return writeScreenshot();
+    if (!options_.screenshotFile.empty()) return writeScreenshot();
     const bool display = hasDisplay();
-    if (!display && !options().quitAfterSeconds)
+    if (!display && !options_.quitAfterSeconds)
         return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
     if (!openView()) return;
     if (display) {
-        window_ = std::make_unique<GalleryWindow>(*component_, options().scale);
+        if (options_.scale > 0) {
+            // The desktop scales the window on its own; this is what is missing to the scale asked for.
+            const double desktop = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->scale;
+            component_->setTransform(juce::AffineTransform::scale(static_cast<float>(options_.scale / desktop)));
+        }
+        window_ = std::make_unique<ProgramWindow>("Slantwise gallery", *component_);
         component_->window().makeKey(); // Tab works before the first click
     }
-    if (options().quitAfterSeconds)
-        quitCall_.schedule(*options().quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
+    if (options_.quitAfterSeconds) quitCall_.schedule(*options_.quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
 }
 
 bool GalleryApp::openView() {
@@ -99,10 +66,10 @@ bool GalleryApp::openView() {
     feed_ = makeFeed();
     if (!feed_) return false;
     Window& window = component_->window();
-    if (options().scale > 0) window.setBackingScaleFactor(options().scale);
-    if (options().theme == GalleryOptions::Theme::dark) QVMUITheme::toggleThemeForWindow(&window);
+    if (options_.scale > 0) window.setBackingScaleFactor(options_.scale);
+    if (options_.theme == GalleryOptions::Theme::dark) QVMUITheme::toggleThemeForWindow(&window);
     window.setContentView(std::make_unique<GalleryView>(
-        *feed_, options().page, options().printEvents ? GalleryView::Listener(&printLine) : nullptr));
+        *feed_, options_.page, options_.printEvents ? GalleryView::Listener(&printLine) : nullptr));
     return true;
 }
 
@@ -117,11 +84,11 @@ void GalleryApp::shutdown() {
 void GalleryApp::writeScreenshot() {
     OffscreenTime time;
     if (!openView()) return;
-    time.advance(options().afterSeconds);
+    time.advance(options_.afterSeconds);
     Window& window = component_->window();
-    const bool isWritten = writePng(renderWindowToImage(window, window.backingScaleFactor()), options().screenshotFile);
+    const bool isWritten = writePng(renderWindowToImage(window, window.backingScaleFactor()), options_.screenshotFile);
     window.takeContentView(); // what runs on that time ends with it
-    if (!isWritten) return fail("cannot write \"" + options().screenshotFile + "\"");
+    if (!isWritten) return fail("cannot write \"" + options_.screenshotFile + "\"");
     quit();
 }
 

@@ -3,15 +3,10 @@
 #include "tools/gallery/Pages.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 constexpr int exitUsage = 2;
-
-juce::JUCEApplicationBase* createApplication() {
-    return new slantwise::GalleryApp();
-}
 
 int printPages() {
     for (const slantwise::GalleryPage& page : slantwise::galleryPages())
@@ -31,9 +26,5 @@ int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-es
     auto& options = std::get<slantwise::GalleryOptions>(parsed);
     if (options.showHelp) return std::fputs(slantwise::galleryHelpText().c_str(), stdout) < 0;
     if (options.listPages) return printPages();
-    // The toolkit would take display 0 when none is named, whosever it is.
-    if (std::getenv("DISPLAY") == nullptr) setenv("DISPLAY", "none", 1);
-    slantwise::GalleryApp::setOptions(std::move(options));
-    juce::JUCEApplicationBase::createInstance = &createApplication;
-    return juce::JUCEApplicationBase::main(argumentCount, const_cast<const char**>(arguments));
+    return slantwise::ToolkitProgram::run<slantwise::GalleryApp>(argumentCount, arguments, std::move(options));
 }

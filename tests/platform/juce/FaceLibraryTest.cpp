@@ -1,7 +1,7 @@
 #include "platform/juce/FaceLibrary.h"
 
 #include "platform/Log.h"
-#include "platform/juce/TextSetting.h"
+#include "platform/Utf8.h"
 #include "resources/BundleResources.h"
 #include "resources/IconGlyphs.h"
 #include "resources/ScopedBundleResources.h"
@@ -39,7 +39,7 @@ TEST(FaceLibrary, IconFontHasEveryGlyph) {
     FaceLibrary faces;
     ASSERT_TRUE(faces.hasFace("QVM-Icons-Regular"));
     for (const std::string_view icon : icons::all) {
-        const std::u32string character = charactersOf(std::string(icon));
+        const std::u32string character = charactersOfUtf8(icon);
         ASSERT_EQ(character.size(), 1u);
         EXPECT_FALSE(faces.face("QVM-Icons-Regular").glyph(character[0]).isMissing) << icon;
     }

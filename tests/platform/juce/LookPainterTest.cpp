@@ -251,17 +251,6 @@ TEST(LookPainterIcons, GlyphIsCentredOnItsDrawing) {
     EXPECT_NEAR(ink.midY(), 100, 2);
 }
 
-TEST(LookPainterText, WrappedLinesFollowEachOther) {
-    const auto layer = textLayer({0, 0, 30, 100}, "H H", 20);
-    layer->setWrapped(true);
-    layer->setAlignment(TextAlignment::left, TextPlacement::top);
-    const Rect two = inkBox(pictureOf(layer, {60, 100}, 1));
-    layer->setWrapped(false);
-    const Rect one = inkBox(pictureOf(layer, {60, 100}, 1));
-    EXPECT_NEAR(two.height - one.height, 2400.0 / 2048 * 20, 1);
-    EXPECT_LT(two.width, one.width);
-}
-
 TEST(LookPainterText, TextWithNoFontsDrawsNothingAndFailsNothing) {
     const auto layer = textLayer({0, 0, 30, 30}, "", 20);
     EXPECT_EQ(coverage(pictureOf(layer, {30, 30}, 1)), 0);

@@ -30,14 +30,6 @@ INSTANTIATE_TEST_SUITE_P(Faces, ToolkitTextMetricsTest,
                          ::testing::Values("HelveticaNeue-Medium", "HelveticaNeue", "HelveticaNeue-Italic",
                                            "HelveticaNeue-CondensedBold", "QVM-Icons-Regular"));
 
-TEST(ToolkitTextMetrics, WidestLineCounts) {
-    FaceLibrary faces;
-    const ToolkitTextMetrics metrics{faces};
-    const Font font{"HelveticaNeue-Medium", 10};
-    EXPECT_DOUBLE_EQ(metrics.width({"W\ni", font, {}}), metrics.width({"W", font, {}}));
-    EXPECT_EQ(metrics.width({}), 0);
-}
-
 TEST(ToolkitTextMetrics, UnknownFaceIsMeasuredAsTheSystemFaceAndNotCalledThere) {
     FaceLibrary faces;
     const ToolkitTextMetrics metrics{faces};

@@ -6,6 +6,8 @@
 
 #include <juce_core/juce_core.h>
 
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdlib>
 #include <thread>
@@ -14,12 +16,12 @@
 namespace QVM_NAMESPACE {
 namespace {
 
-TEST(ClipboardText, PlainTextComesIn) {
+TEST(AcceptedClipboardText, PlainTextComesIn) {
     EXPECT_EQ(acceptedClipboardText("https://example.org/?a=1"), "https://example.org/?a=1");
     EXPECT_EQ(acceptedClipboardText("é \uE101 \U0001F600"), "é \uE101 \U0001F600");
 }
 
-TEST(ClipboardText, NothingTooMuchAndBrokenBytesStayOut) {
+TEST(AcceptedClipboardText, NothingTooMuchAndBrokenBytesStayOut) {
     EXPECT_EQ(acceptedClipboardText(""), std::nullopt);
     EXPECT_TRUE(acceptedClipboardText(std::string(longestClipboardText, 'a')));
     EXPECT_EQ(acceptedClipboardText(std::string(longestClipboardText + 1, 'a')), std::nullopt);
@@ -46,11 +48,16 @@ protected:
         setenv("PATH", path.c_str(), 1);
         folder.deleteRecursively();
     }
+    static void waitFor(const juce::File& file) {
+        for (int i = 0; i < 200 && !file.existsAsFile(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
     const std::string path = std::getenv("PATH");
     const juce::File folder = juce::File::createTempFile("openers");
     std::vector<std::string> lines;
     const ScopedLogSink sink{[this](const std::string& line) { lines.push_back(line); }};
-    ToolkitWorkspace workspace;
+    XConnection connection;
+    ToolkitWorkspace workspace{connection};
 };
 
 TEST_F(ToolkitWorkspaceTest, WithoutADisplayTheClipboardIsEmptyAndWritingIsHarmless) {
@@ -76,10 +83,23 @@ TEST_F(ToolkitWorkspaceTest, OpenerIsGivenTheAddressAsItIs) {
     opener.setExecutePermission(true);
     const std::string address = "https://example.org/?q=$(touch${IFS}x)&b=`id`;c='\"%20";
     EXPECT_TRUE(workspace.openUrl(address));
-    for (int i = 0; i < 200 && !told.existsAsFile(); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    waitFor(told);
     EXPECT_EQ(told.loadFileAsString().toStdString(), address);
     EXPECT_TRUE(lines.empty());
+}
+
+TEST_F(ToolkitWorkspaceTest, OpenerHasNoneOfTheHostsFilesOpen) {
+    constexpr int open = 100;
+    ASSERT_EQ(dup2(STDERR_FILENO, open), open);
+    const juce::File opener = folder.getChildFile("xdg-open"), told = folder.getChildFile("told");
+    opener.replaceWithText("#!/bin/sh\n[ -e /proc/self/fd/100 ]\nprintf %s $? > " + told.getFullPathName() +
+                               ".part\n/bin/mv " + told.getFullPathName() + ".part " + told.getFullPathName() + "\n",
+                           false, false, "\n");
+    opener.setExecutePermission(true);
+    EXPECT_TRUE(workspace.openUrl("https://example.org/"));
+    waitFor(told);
+    EXPECT_EQ(told.loadFileAsString(), "1");
+    close(open);
 }
 
 } // namespace

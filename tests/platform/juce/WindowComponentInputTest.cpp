@@ -20,8 +20,6 @@ class Listener : public RecordingView {
 public:
     using RecordingView::RecordingView;
     std::vector<Event> events;
-    bool keysAreWanted = true;
-    bool wantsKeys() const override { return keysAreWanted; }
     void mouseDown(const Event& e) override { keep(e), RecordingView::mouseDown(e); }
     void mouseDragged(const Event& e) override { keep(e), RecordingView::mouseDragged(e); }
     void mouseUp(const Event& e) override { keep(e), RecordingView::mouseUp(e); }
@@ -58,7 +56,7 @@ protected:
     VirtualTime time{100};
     Record record;
     juce::int64 now = 1000;
-    std::unique_ptr<WindowComponent> component = std::make_unique<WindowComponent>();
+    std::unique_ptr<WindowComponent> component = std::make_unique<WindowComponent>(WindowComponent::Embedding::inHost);
     Listener* view = nullptr;
     std::unique_ptr<FakeDesktopWindow> desktop;
 };
@@ -242,7 +240,7 @@ TEST_F(WindowComponentInputTest, MenuIsShownInsideTheWindowAndClosesWithIt) {
     component.reset();
     runPostedMessages();
     EXPECT_FALSE(juce::PopupMenu::dismissAllActiveMenus());
-    component = std::make_unique<WindowComponent>();
+    component = std::make_unique<WindowComponent>(WindowComponent::Embedding::inHost);
     desktop = std::make_unique<FakeDesktopWindow>(*component);
 }
 

@@ -51,7 +51,7 @@ protected:
         };
     }
     VirtualTime time{100};
-    std::unique_ptr<WindowComponent> component = std::make_unique<WindowComponent>();
+    std::unique_ptr<WindowComponent> component = std::make_unique<WindowComponent>(WindowComponent::Embedding::inHost);
     std::shared_ptr<Layer> square;
     std::unique_ptr<FakeDesktopWindow> desktop;
 };
@@ -72,13 +72,13 @@ TEST_F(WindowComponentTest, PaintsItsContent) {
 }
 
 TEST_F(WindowComponentTest, ConstructorDoesNoPaintWork) {
-    WindowComponent other;
+    WindowComponent other(WindowComponent::Embedding::inHost);
     other.window().setContentView(std::make_unique<View>(Rect{0, 0, 10, 10})).layer()->setBorder(1, red);
     EXPECT_THAT(other.lastFrame().rasterised, IsEmpty());
 }
 
 TEST_F(WindowComponentTest, ItsWindowIsVisibleUntilItIsHiddenOnAScreen) {
-    WindowComponent unseen;
+    WindowComponent unseen(WindowComponent::Embedding::inHost);
     EXPECT_TRUE(unseen.window().isVisible()) << "no screen yet: who asks for a picture sees it";
     settle();
     const Window& window = component->window();

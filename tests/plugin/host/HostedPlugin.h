@@ -25,7 +25,7 @@ public:
     juce::AudioPluginInstance* instance() const { return instance_.get(); }
     const juce::String& error() const { return error_; }
     juce::AudioProcessorParameter& parameter(const char* name) const;
-    // Pixels to a point on this screen: 1, as nothing there asks for more.
+    // The open editor; null when there is none.
     juce::Component* editor() const { return editor_.get(); }
     HostRecorder& recorder() { return *recorder_; }
 

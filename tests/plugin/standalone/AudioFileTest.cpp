@@ -103,34 +103,6 @@ TEST_F(AudioFileTest, ACutFileGivesWhatIsThere) {
     EXPECT_LT(clip.frames(), 1000U);
 }
 
-AudioClip tone(double hz, double rateHz, std::size_t frames) {
-    AudioClip clip{rateHz, {std::vector<float>(frames)}};
-    for (std::size_t i = 0; i < frames; ++i)
-        clip.channels[0][i] = static_cast<float>(std::sin(2 * std::numbers::pi * hz * static_cast<double>(i) / rateHz));
-    return clip;
-}
-
-TEST(Resampled, KeepsAToneAndItsLength) {
-    const AudioClip from = tone(1000, 44100, 4410); // whole periods, so the loop has no seam
-    const AudioClip to = resampled(from, 48000);
-    ASSERT_EQ(to.frames(), 4800U);
-    EXPECT_EQ(to.sampleRateHz, 48000);
-    const AudioClip wanted = tone(1000, 48000, 4800);
-    for (std::size_t i = 0; i < to.frames(); ++i)
-        ASSERT_NEAR(to.channels[0][i], wanted.channels[0][i], 1e-3) << i;
-}
-
-TEST(Resampled, RemovesWhatTheLowerRateCannotCarry) {
-    const AudioClip to = resampled(tone(20000, 48000, 4800), 22050);
-    for (const float sample : to.channels[0])
-        ASSERT_NEAR(sample, 0, 0.02);
-}
-
-TEST(Resampled, TheSameRateChangesNothing) {
-    const AudioClip clip = tone(500, 48000, 480);
-    EXPECT_EQ(resampled(clip, 48000).channels, clip.channels);
-}
-
 TEST(PinkNoise, HasItsLevelAndNoOffsetAndTwoUnlikeChannels) {
     const AudioClip clip = pinkNoise(48000);
     ASSERT_EQ(clip.channels.size(), 2U);

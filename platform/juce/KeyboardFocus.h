@@ -1,0 +1,75 @@
+// When the keyboard is a window's and when it is its host's, and what becomes of a key that nobody in the window wants.
+#pragma once
+
+#include "platform/DelayedCall.h"
+#include "platform/Window.h"
+#include "platform/juce/HostFocus.h"
+#include "platform/juce/NativePeer.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <cstdint>
+#include <optional>
+#include <set>
+
+namespace QVM_NAMESPACE {
+
+// Main thread.
+class KeyboardFocus {
+public:
+    // Whose window it is: a part of a host's, which wants its keyboard back, or one of the program's own.
+    enum class Embedding : unsigned char { inHost, ownWindow };
+
+    // All are borrowed and outlive it: the component that takes the toolkit's focus, the window that it shows, and the
+    // connection to the display.
+    KeyboardFocus(juce::Component& component, Window& window, XConnection& connection, Embedding embedding);
+
+    // The window's wish. In the middle of a press inside a host it is met when the press has ended.
+    void take();
+    // After an event that may have changed who wants keys: takes the keyboard, or gives it back.
+    void settle();
+
+    // What else there is to know of: the pointer has come in, a press goes on, a menu is open, the component may be in
+    // another native window.
+    void pointerDidEnter();
+    void setPressed(bool isPressed) { isPressed_ = isPressed; }
+    void setMenuOpen(bool isOpen);
+    bool hasMenu() const { return hasMenu_; }
+    void nativeWindowMayHaveChanged() { updateKeys(); }
+
+    // The toolkit gave the component the focus, or took it away. A loss counts only when it has lasted a moment: a
+    // click in an embedded window takes the focus and gives it again.
+    void wasGained();
+    void wasLost();
+
+    // The toolkit tells that some key went down or up, and then, of most keys that went down, which one. For those that
+    // it has no name for (the menu key, media keys) it leaves the second part out: these go to the window here. The
+    // host hears of a key that goes up where it heard of the press.
+    void keyStateDidChange(bool isDown);
+    void keyWasNamed() { nameless_.reset(); }
+    // For the key that the toolkit is telling of and nobody wants: sends it to the host, as it would have got it had
+    // the focus been there.
+    void passKeyOn();
+
+private:
+    void grab();
+    void giveBack();
+    void updateKeys();
+    void passKeyOn(const juce::NativeKey& key);
+    void reportNameless();
+
+    juce::Component& component_;
+    Window& window_;
+    const Embedding embedding_;
+    HostFocus hostFocus_;
+    DelayedCall resignation_;                 // the loss of focus, unless it comes back at once
+    std::optional<juce::NativeKey> nameless_; // a press that the toolkit has not told the name of
+    DelayedCall report_;                      // of it
+    std::set<unsigned char> passedOn_;        // codes of held keys whose presses went to the host
+    bool areWanted_ = false, isPressed_ = false, hasMenu_ = false;
+};
+
+// The X window that a component is in; 0 when it is in none.
+std::uint64_t nativeWindowOf(const juce::Component& component);
+
+} // namespace QVM_NAMESPACE
