@@ -1,6 +1,5 @@
 #include "controls/QVMCycleControl.h"
 
-#include "controls/QVMFocusBorder.h"
 #include "controls/TextFitting.h"
 #include "platform/TextMetrics.h"
 #include "theme/QVMUITheme.h"
@@ -19,9 +18,7 @@ constexpr double kPulseSeconds = 0.09;
 constexpr double kInsideSpan = 20, kInsideCenter = 11.5, kBesideSpan = 18, kBesideCenter = 6;
 constexpr double kChevronLength = 10, kChevronDepth = 4.75, kChevronGap = 5, kChevronWidth = 1.75;
 constexpr float kChevronAlpha = 0.75f;
-constexpr double kDisabledOpacity = 0.35, kInaccurateOpacity = 0.7;
-// Of the focus border, where the parameter's colour alone would drown: it is stroked translucently.
-constexpr double kFocusContrast = minimumTextContrast;
+constexpr double kInaccurateOpacity = 0.7;
 
 BasicAnimation pulseOf(const char* keyPath, double from, double to) {
     BasicAnimation pulse;
@@ -43,9 +40,8 @@ Path chevron(Size size, Point direction) {
     return path.moveTo(middle - along - across).lineTo(middle + along).lineTo(middle - along + across);
 }
 
-std::shared_ptr<ShapeLayer> makeCrementer(const char* name) {
+std::shared_ptr<ShapeLayer> makeCrementer() {
     auto layer = std::make_shared<ShapeLayer>(YAxis::up);
-    layer->setName(name);
     layer->setFillColor(Color::clear());
     layer->setLineWidth(kChevronWidth);
     layer->setLineStyle(LineCap::round, LineJoin::round);
@@ -67,20 +63,14 @@ BasicAnimation QVMCycleControl::standardColorPulse() {
 }
 
 QVMCycleControl::QVMCycleControl(const Rect& frame, const QVMParameter& parameter)
-    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
-      hover_(std::make_shared<Layer>(YAxis::up)), value_(std::make_shared<TextLayer>(YAxis::up)),
-      inc_(makeCrementer("inc")), dec_(makeCrementer("dec")) {
-    bg_->setName("bg");
-    hover_->setName("hover");
-    hover_->setOpacity(0);
-    value_->setName("value");
+    : BoxControl(frame, parameter, BoxShape::capsule), value_(std::make_shared<TextLayer>(YAxis::up)),
+      inc_(makeCrementer()), dec_(makeCrementer()) {
     value_->setAlignment(TextAlignment::center, TextPlacement::middle);
-    std::size_t index = 0;
-    for (const std::shared_ptr<Layer>& sublayer :
-         {bg_, hover_, std::shared_ptr<Layer>(value_), std::shared_ptr<Layer>(inc_), std::shared_ptr<Layer>(dec_)}) {
-        layer()->insertSublayer(sublayer, index++); // below the focus border
-    }
-    redraw();
+    addPart(hover(), "hover");
+    addPart(value_, "value");
+    addPart(inc_, "inc");
+    addPart(dec_, "dec");
+    QVMCycleControl::redraw();
 }
 
 std::string QVMCycleControl::textForValue(float value) const {
@@ -125,8 +115,8 @@ AttributedString QVMCycleControl::attributedTextForValue(float value, Color colo
 }
 
 Rect QVMCycleControl::rectAvailableForTextDisplay() const {
-    Rect available = bgFrame_.insetBy(kTextPadding, 0);
-    if (crementers_ == Crementers::inside) available.width = bgFrame_.width - kTextPadding - kInsideSpan;
+    Rect available = bgFrame().insetBy(kTextPadding, 0);
+    if (crementers_ == Crementers::inside) available.width = bgFrame().width - kTextPadding - kInsideSpan;
     return available;
 }
 
@@ -137,11 +127,7 @@ void QVMCycleControl::layOut() {
         const bool roomBeside = bounds().width - 2 * kBesideSpan >= maxWidth_ + 2 * kTextPadding;
         crementers_ = roomBeside ? Crementers::beside : Crementers::inside;
     }
-    bgFrame_ = backgroundFrame();
-    for (const auto& layer : {bg_, hover_}) {
-        layer->setFrame(bgFrame_);
-        layer->setCornerRadius(std::min(bgFrame_.width, bgFrame_.height) / 2);
-    }
+    placeBox(backgroundFrame());
     layOutCrementers();
 }
 
@@ -150,9 +136,10 @@ void QVMCycleControl::layOutCrementers() {
     dec_->setHidden(crementers_ == Crementers::none);
     const bool beside = crementers_ == Crementers::beside;
     const double apart = (kChevronGap + kChevronDepth) / 2;
-    const Point stack{bgFrame_.maxX() - kInsideCenter, bgFrame_.midY()};
-    const Point up = beside ? Point{bounds().width - kBesideCenter, bgFrame_.midY()} : stack + Point{0, apart};
-    const Point down = beside ? Point{kBesideCenter, bgFrame_.midY()} : stack - Point{0, apart};
+    const Rect box = bgFrame();
+    const Point stack{box.maxX() - kInsideCenter, box.midY()};
+    const Point up = beside ? Point{bounds().width - kBesideCenter, box.midY()} : stack + Point{0, apart};
+    const Point down = beside ? Point{kBesideCenter, box.midY()} : stack - Point{0, apart};
     const Point direction = beside ? Point{1, 0} : Point{0, 1};
     const double side = kChevronLength;
     inc_->setFrame(square(up, side));
@@ -177,26 +164,20 @@ void QVMCycleControl::redraw() {
 
     const bool beside = crementers_ == Crementers::beside;
     const Color mark = beside ? QVMUITheme::theme().palette.label : look.text.withAlpha(look.text.a * kChevronAlpha);
-    for (const auto& crementer : {inc_, dec_}) {
+    for (const auto& crementer : {inc_, dec_})
         crementer->setStrokeColor(mark);
-        crementer->setOpacity(isDisabled() ? kDisabledOpacity : 1);
-    }
-    const Color accent = colorFrom(parameter().color);
-    const std::optional<Color> below = surface();
-    highlight()->setStrokeNSColor(below ? contrasted(accent, *below, kFocusContrast) : accent);
-    hover_->setBackgroundColor(QVMUITheme::theme().palette.hover);
-    value_->setOpacity(isDisabled() ? kDisabledOpacity : inaccurate_ ? kInaccurateOpacity : 1);
+    value_->setOpacity(inaccurate_ ? kInaccurateOpacity : 1);
     showHover();
 }
 
 void QVMCycleControl::typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look) {
     const bool plainText = isAscii(text.string());
     const Rect available = rectAvailableForTextDisplay();
-    value_->setFrame(plainText ? available : bgFrame_);
+    value_->setFrame(plainText ? available : bgFrame());
     value_->setString(shrunkenToWidth(text, available.width));
-    bg_->setBackgroundColor(look.background);
-    bg_->setBorder(look.border.a > 0 ? 1 : 0, look.border);
-    bg_->setOpacity(look.backgroundOpacity * (isDisabled() ? kDisabledOpacity : 1));
+    bg()->setBackgroundColor(look.background);
+    bg()->setBorder(look.border.a > 0 ? 1 : 0, look.border);
+    bg()->setOpacity(look.backgroundOpacity);
 }
 
 void QVMCycleControl::setFloatValue(float value) {
@@ -207,25 +188,6 @@ void QVMCycleControl::setFloatValue(float value) {
 void QVMCycleControl::setInaccurate(bool inaccurate) {
     inaccurate_ = inaccurate;
     redraw();
-}
-
-void QVMCycleControl::setDimmed(bool dimmed) {
-    QVMFloatControl::setDimmed(dimmed);
-    redraw();
-}
-
-void QVMCycleControl::setPreventInteraction(bool prevent) {
-    QVMFloatControl::setPreventInteraction(prevent);
-    redraw();
-}
-
-std::optional<Color> QVMCycleControl::surface() const {
-    return QVMUITheme::theme().palette.panel;
-}
-
-void QVMCycleControl::setHighlit(bool highlit) {
-    animateHighlightToFramePositionRoundingInset(bgFrame_, bgFrame_.origin(), 0.5, true);
-    QVMFloatControl::setHighlit(highlit && canHighlight_);
 }
 
 void QVMCycleControl::cycleValueForward(bool forward) {
@@ -247,30 +209,8 @@ bool QVMCycleControl::incrementWithArrowGranularity(char32_t arrow, std::int32_t
 
 void QVMCycleControl::pulse(bool forward) {
     value_->addAnimation(standardPulse(), "pulse");
-    bg_->addAnimation(standardPulse(), "pulse");
+    bg()->addAnimation(standardPulse(), "pulse");
     if (includeCrementers()) (forward ? inc_ : dec_)->addAnimation(standardColorPulse(), "pulse");
-}
-
-void QVMCycleControl::themeUpdated() {
-    redraw();
-}
-
-void QVMCycleControl::frameDidChange() {
-    redraw();
-}
-
-void QVMCycleControl::mouseEntered(const Event&) {
-    hovered_ = true;
-    showHover();
-}
-
-void QVMCycleControl::mouseExited(const Event&) {
-    hovered_ = false;
-    showHover();
-}
-
-void QVMCycleControl::showHover() {
-    hover_->setOpacity(hovered_ && !isDisabled() && !dimmed() ? 1 : 0);
 }
 
 } // namespace QVM_NAMESPACE

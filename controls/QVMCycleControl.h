@@ -3,15 +3,13 @@
 // The step is made on the press; the release does nothing more. Main thread only.
 #pragma once
 
-#include "controls/QVMFloatControl.h"
+#include "controls/BoxControl.h"
 #include "platform/ShapeLayer.h"
 #include "platform/TextLayer.h"
 
-#include <optional>
-
 namespace QVM_NAMESPACE {
 
-class QVMCycleControl : public QVMFloatControl {
+class QVMCycleControl : public BoxControl {
 public:
     QVMCycleControl(const Rect& frame, const QVMParameter& parameter);
 
@@ -36,26 +34,19 @@ public:
     void setInaccurate(bool inaccurate);
 
     // The background's frame, own coordinates; the widest that the text of any value is, points.
-    Rect bgFrame() const { return bgFrame_; }
+    Rect bgFrame() const { return bg()->frame(); }
     double maxWidth() const { return maxWidth_; }
     Rect rectAvailableForTextDisplay() const;
 
     const std::shared_ptr<TextLayer>& value() const { return value_; }
-    const std::shared_ptr<Layer>& bg() const { return bg_; }
     const std::shared_ptr<ShapeLayer>& inc() const { return inc_; }
     const std::shared_ptr<ShapeLayer>& dec() const { return dec_; }
 
     void setFloatValue(float value) override;
-    void setHighlit(bool highlit) override;
-    void setDimmed(bool dimmed) override;
-    void setPreventInteraction(bool prevent) override;
+    void setHighlit(bool highlit) override { BoxControl::setHighlit(highlit && canHighlight_); }
     bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void pulse(bool forward) override;
-    void themeUpdated() override;
-    void mouseEntered(const Event& event) override;
-    void mouseExited(const Event& event) override;
-    void frameDidChange() override;
 
 protected:
     struct Look {
@@ -64,8 +55,8 @@ protected:
         Color border; // clear: none
         double backgroundOpacity = 1;
     };
-    // How a value is drawn in the current theme. A subclass that overrides this or the next four redraws at the end of
-    // its constructor, since this class's constructor cannot see them.
+    // How a value is drawn in the current theme. A subclass that overrides this, the next four or surface() redraws at
+    // the end of its constructor, since this class's constructor cannot see them.
     virtual Look lookForValue(float value) const;
     virtual Rect backgroundFrame() const;
     virtual double iconSize() const; // points
@@ -73,28 +64,21 @@ protected:
     virtual std::string textForValue(float value) const;
     virtual Font appropriateFontForValueSizeIconSize(const std::string& value, double size, double icon) const;
 
-    // The theme's surface under the control, where the theme decides that: what stands on it keeps legible.
-    virtual std::optional<Color> surface() const;
-
-    // Lays out and draws everything anew.
-    void redraw();
+    void redraw() override;
 
 private:
     enum class Crementers : unsigned char { none, inside, beside };
     void layOut();
     void layOutCrementers();
     void typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look);
-    void showHover();
     double widestValueText() const;
     AttributedString attributedTextForValue(float value, Color color) const; // number with its unit, name or glyph
 
-    std::shared_ptr<Layer> bg_, hover_;
     std::shared_ptr<TextLayer> value_;
     std::shared_ptr<ShapeLayer> inc_, dec_;
-    Rect bgFrame_;
     double maxWidth_ = 0;
     Crementers crementers_ = Crementers::none;
-    bool canHighlight_ = true, inaccurate_ = false, hovered_ = false;
+    bool canHighlight_ = true, inaccurate_ = false;
 };
 
 } // namespace QVM_NAMESPACE

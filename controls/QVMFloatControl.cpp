@@ -18,6 +18,7 @@ constexpr double kPointsANotch = 10;
 constexpr double kFocusDistanceX = 4; // points
 constexpr double kFocusDistanceY = 3; // points
 constexpr double kOtherShapeRounding = 6;
+constexpr double kDisabledAlpha = 0.4;
 
 } // namespace
 
@@ -35,6 +36,11 @@ QVMFloatControl::~QVMFloatControl() = default;
 void QVMFloatControl::setHighlit(bool highlit) {
     highlit_ = highlit;
     highlight_->setOpacity(highlit ? 1 : 0);
+}
+
+void QVMFloatControl::setPreventInteraction(bool prevent) {
+    preventInteraction_ = prevent;
+    setAlpha(prevent ? kDisabledAlpha : 1);
 }
 
 void QVMFloatControl::mouseDown(const Event& event) {
@@ -105,7 +111,7 @@ QVMGranularities QVMFloatControl::nextGranularities(const Event& event) {
     return {granIs_, granWas_, granIs_ != granWas_};
 }
 
-std::int32_t QVMFloatControl::granularityFromEvent(const Event& event) const {
+std::int32_t QVMFloatControl::granularityFromEvent(const Event& event) {
     if (event.has(EventModifier::command)) return QVMGranularityFine;
     return event.has(EventModifier::shift) ? QVMGranularityCoarse : QVMGranularityNormal;
 }

@@ -41,9 +41,9 @@ public:
     // Drawn as unimportant, because another parameter makes it so.
     bool dimmed() const { return dimmed_; }
     virtual void setDimmed(bool dimmed) { dimmed_ = dimmed; }
-    // A disabled control ignores mouse and scroll input and tells nobody.
+    // A disabled control is faint, ignores mouse and scroll input and tells nobody.
     bool preventInteraction() const { return preventInteraction_; }
-    virtual void setPreventInteraction(bool prevent) { preventInteraction_ = prevent; }
+    virtual void setPreventInteraction(bool prevent);
     bool isDisabled() const { return preventInteraction_; }
     // Whether the user has ever changed the value here; nothing clears it.
     bool userControlling() const { return userControlling_; }
@@ -73,7 +73,7 @@ public:
     // The signed step of one press, shown domain.
     virtual float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const;
     // Command is fine and wins over Shift, which is coarse.
-    std::int32_t granularityFromEvent(const Event& event) const;
+    static std::int32_t granularityFromEvent(const Event& event);
     // Keeps a member of a low/high pair on its side of the pair's limit.
     float limitFloat(float value) const;
     // Moves the focus border to `frame` (own coordinates; grown to the usual distance if `inset`). A rounding below 1

@@ -1,9 +1,7 @@
 #include "controls/QVMGridControl.h"
 
-#include "controls/QVMFocusBorder.h"
 #include "controls/TextFitting.h"
 #include "description/ValueMapping.h"
-#include "platform/Transaction.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
@@ -15,10 +13,8 @@ namespace {
 
 constexpr double kMarginY = 4, kTextStrip = 24; // points
 constexpr double kPaddingX = 6, kGap = 3;       // around the field and between squares
-constexpr double kCornerRadius = 10, kFocusRadius = 13;
 constexpr double kValueSize = 14, kIconSize = 18, kUnitSize = 11;
 constexpr double kSquareRounding = 0.18, kMostRounding = 6; // of the side; points
-constexpr double kGlideSeconds = 0.1, kDisabledOpacity = 0.35;
 constexpr int kMostSquares = 1024;
 
 double squareRadius(double side) {
@@ -44,21 +40,14 @@ int columnsFor(int count, Size room) {
 } // namespace
 
 QVMGridControl::QVMGridControl(const Rect& frame, const QVMParameter& parameter)
-    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
-      hover_(std::make_shared<Layer>(YAxis::up)), current_(std::make_shared<Layer>(YAxis::up)),
+    : BoxControl(frame, parameter, BoxShape::rounded), current_(std::make_shared<Layer>(YAxis::up)),
       field_(std::make_shared<ShapeLayer>(YAxis::up)), strValue_(std::make_shared<TextLayer>(YAxis::up)) {
-    bg_->setName("bg");
-    field_->setName("squares");
-    hover_->setName("hover");
-    hover_->setOpacity(0);
-    current_->setName("current");
-    strValue_->setName("strValue");
     strValue_->setAlignment(centeredStyle(), TextPlacement::middle);
-    std::size_t index = 0;
-    for (const std::shared_ptr<Layer>& sublayer :
-         {bg_, std::shared_ptr<Layer>(field_), current_, hover_, std::shared_ptr<Layer>(strValue_)})
-        layer()->insertSublayer(sublayer, index++); // below the focus border
-    redraw();
+    addPart(field_, "squares");
+    addPart(current_, "current");
+    addPart(hover(), "hover");
+    addPart(strValue_, "strValue");
+    QVMGridControl::redraw();
 }
 
 Rect QVMGridControl::calculatedSquares() const {
@@ -96,20 +85,13 @@ void QVMGridControl::addSquares() {
 void QVMGridControl::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     addSquares();
-    bg_->setFrame(bounds());
-    bg_->setCornerRadius(std::min(kCornerRadius, bounds().height / 2));
-    bg_->setBackgroundColor(palette.boxFill);
-    bg_->setBorder(1, palette.boxBorder);
+    drawPlainBox();
+    hover()->setCornerRadius(squareRadius(squares_.front().width));
+    current_->setCornerRadius(squareRadius(squares_.front().width));
     field_->setFillColor(palette.panel);
     field_->setStrokeColor(palette.boxBorder);
-    hover_->setBackgroundColor(palette.hover);
-    const Color accent = colorFrom(parameter().color);
-    current_->setBackgroundColor(contrasted(accent, palette.onAccent));
-    highlight()->setStrokeNSColor(contrasted(accent, palette.panel));
+    current_->setBackgroundColor(contrasted(colorFrom(parameter().color), palette.onAccent));
     strValue_->setFrame(strValueRect().insetBy(kPaddingX, 0));
-    for (const std::shared_ptr<Layer>& part :
-         {bg_, std::shared_ptr<Layer>(field_), current_, std::shared_ptr<Layer>(strValue_)})
-        part->setOpacity(isDisabled() ? kDisabledOpacity : 1);
     showValue(Animate::no);
     showHover();
 }
@@ -126,34 +108,14 @@ void QVMGridControl::showValue(Animate animate) {
 
     const int index = IntegerPart(floatValue());
     const bool exists = index >= 0 && index < static_cast<int>(squares_.size());
-    const bool glides = animate == Animate::yes && exists && !current_->isHidden();
-    current_->setHidden(!exists);
-    if (!exists) return;
-    const Rect& taken = squares_[static_cast<std::size_t>(index)];
-    const Transaction transaction = glides ? Transaction::animated(kGlideSeconds) : Transaction::disablingActions();
-    current_->setFrame(taken);
-    current_->setCornerRadius(squareRadius(taken.width));
+    const Transaction transaction = moveChoice(*current_, exists, animate);
+    if (exists) current_->setFrame(squares_[static_cast<std::size_t>(index)]);
 }
 
 void QVMGridControl::setFloatValue(float value) {
     const bool moves = IntegerPart(value) != IntegerPart(floatValue());
     QVMFloatControl::setFloatValue(value);
     if (moves) showValue(Animate::yes);
-}
-
-void QVMGridControl::setHighlit(bool highlit) {
-    animateHighlightToFramePositionRoundingInset(bounds(), {}, kFocusRadius, true);
-    QVMFloatControl::setHighlit(highlit);
-}
-
-void QVMGridControl::setDimmed(bool dimmed) {
-    QVMFloatControl::setDimmed(dimmed);
-    showHover();
-}
-
-void QVMGridControl::setPreventInteraction(bool prevent) {
-    QVMFloatControl::setPreventInteraction(prevent);
-    redraw();
 }
 
 int QVMGridControl::indexAt(Point point) const {
@@ -184,26 +146,6 @@ float QVMGridControl::incrementedValueForArrowGranularity(char32_t arrow, std::i
     if (arrow == Key::down) return std::min(floatValue() + row, parameter().maxValue) - floatValue();
     if (arrow == Key::up) return std::max(floatValue() - row, 0.0f) - floatValue();
     return QVMFloatControl::incrementedValueForArrowGranularity(arrow, granularity);
-}
-
-void QVMGridControl::mouseMoved(const Event& event) {
-    hoveredIndex_ = indexAt(convertFromWindow(event.locationInWindow));
-    showHover();
-}
-
-void QVMGridControl::mouseExited(const Event&) {
-    hoveredIndex_ = -1;
-    showHover();
-}
-
-void QVMGridControl::showHover() {
-    const bool shows =
-        hoveredIndex_ >= 0 && hoveredIndex_ < static_cast<int>(squares_.size()) && !isDisabled() && !dimmed();
-    hover_->setOpacity(shows ? 1 : 0);
-    if (!shows) return;
-    const Rect& square = squares_[static_cast<std::size_t>(hoveredIndex_)];
-    hover_->setFrame(square);
-    hover_->setCornerRadius(squareRadius(square.width));
 }
 
 } // namespace QVM_NAMESPACE

@@ -2,7 +2,7 @@
 // or sweeping; the arrow keys for up and down go by rows. Main thread only.
 #pragma once
 
-#include "controls/QVMFloatControl.h"
+#include "controls/BoxControl.h"
 #include "platform/ShapeLayer.h"
 #include "platform/TextLayer.h"
 
@@ -10,7 +10,7 @@
 
 namespace QVM_NAMESPACE {
 
-class QVMGridControl : public QVMFloatControl {
+class QVMGridControl : public BoxControl {
 public:
     QVMGridControl(const Rect& frame, const QVMParameter& parameter);
 
@@ -25,35 +25,29 @@ public:
     int indexValueForEvent(const QVMEvent& event) const;
     static TextAlignment centeredStyle() { return TextAlignment::center; }
 
-    const std::shared_ptr<Layer>& bg() const { return bg_; }
     // Under the square that is taken; hidden for a value that has none.
     const std::shared_ptr<Layer>& current() const { return current_; }
     const std::shared_ptr<TextLayer>& strValue() const { return strValue_; }
 
     void setFloatValue(float value) override;
-    void setHighlit(bool highlit) override;
-    void setDimmed(bool dimmed) override;
-    void setPreventInteraction(bool prevent) override;
     float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
-    void themeUpdated() override { redraw(); }
-    void frameDidChange() override { redraw(); }
-    void mouseMoved(const Event& event) override;
-    void mouseExited(const Event& event) override;
+
+protected:
+    void redraw() override;
+    int indexAt(Point point) const override;
+    std::optional<Rect> hoverFrame(int index) const override { return squares_[static_cast<std::size_t>(index)]; }
 
 private:
     void addSquares();
-    void redraw();
     void showValue(Animate animate);
-    void showHover();
     void takeValueFromEvent(const QVMEvent& event);
-    int indexAt(Point point) const; // -1: none
 
     std::vector<Rect> squares_;
-    int square_ = 1, hoveredIndex_ = -1;
-    std::shared_ptr<Layer> bg_, hover_, current_;
+    int square_ = 1;
+    std::shared_ptr<Layer> current_;
     std::shared_ptr<ShapeLayer> field_; // all squares
     std::shared_ptr<TextLayer> strValue_;
 };

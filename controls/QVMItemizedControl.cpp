@@ -1,6 +1,5 @@
 #include "controls/QVMItemizedControl.h"
 
-#include "description/ValueMapping.h"
 #include "platform/Window.h"
 
 #include <algorithm>
@@ -64,20 +63,12 @@ MenuItem QVMItemizedControl::itemFor(const QVMHierarchyItem& item, float& nextVa
 MenuItem QVMItemizedControl::itemFor(const std::string& name, float value) {
     MenuItem item;
     item.title = name;
-    item.enabled = isAllowed(value);
+    item.enabled = parameter().allowsValue(value);
     item.checked = floatValue() == value;
     item.action = [self = std::weak_ptr<QVMItemizedControl*>(self_), value] {
         if (const auto control = self.lock()) (*control)->chooseValue(value);
     };
     return item;
-}
-
-bool QVMItemizedControl::isAllowed(float value) const {
-    const QVMParameter& p = parameter();
-    const auto entry = p.channelRestrictions.find(std::to_string(IntegerPart(value)));
-    const bool isHere = entry == p.channelRestrictions.end() ||
-                        std::ranges::find(entry->second, QVMChannelPair{p.chanIn, p.chanOut}) != entry->second.end();
-    return isHere && p.restrictValue(value) == value;
 }
 
 void QVMItemizedControl::chooseValue(float value) {

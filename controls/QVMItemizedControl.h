@@ -26,7 +26,6 @@ public:
 private:
     MenuItem itemFor(const std::string& name, float value);
     MenuItem itemFor(const QVMHierarchyItem& item, float& nextValue);
-    bool isAllowed(float value) const; // in the channel configuration, as cycling has it
 
     DelayedCall popup_;
     std::shared_ptr<QVMItemizedControl*> self_ = std::make_shared<QVMItemizedControl*>(this); // for menu items

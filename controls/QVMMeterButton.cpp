@@ -13,7 +13,10 @@ void QVMMeterButton::setSuffix(std::optional<std::string> suffix) {
 
 AttributedString QVMMeterButton::attributedStringForGlyphColor(const std::string& glyph,
                                                                std::optional<Color> color) const {
-    return QVMSymbolButton::attributedStringForGlyphColor(glyph, color).append(suffixAttr_);
+    AttributedString suffix = suffixAttr_;
+    for (TextRun& run : suffix.runs)
+        run.color = color.value_or(run.color);
+    return QVMSymbolButton::attributedStringForGlyphColor(glyph, color).append(suffix);
 }
 
 } // namespace QVM_NAMESPACE

@@ -15,7 +15,8 @@ public:
     // Point size of the unit; takes effect with the next unit that is set.
     double suffixSize() const { return suffixSize_; }
     void setSuffixSize(double size) { suffixSize_ = size; }
-    // The unit as styled text; empty while there is none.
+    // The unit as styled text, in the colour of the time when it was set; empty while there is none. Shown it has the
+    // colour of the reading.
     const AttributedString& suffixAttr() const { return suffixAttr_; }
 
     AttributedString attributedStringForGlyphColor(const std::string& glyph, std::optional<Color> color) const override;

@@ -1,8 +1,6 @@
 #include "controls/QVMNoteSlider.h"
 
-#include "controls/QVMFocusBorder.h"
 #include "description/ValueMapping.h"
-#include "platform/Transaction.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
@@ -15,29 +13,21 @@ namespace {
 constexpr double kIconSize = 22;             // points
 constexpr double kMarginX = 5, kMarginY = 3; // between background and symbols
 constexpr double kSelectionInset = 1;        // within a symbol's cell
-constexpr double kSelectionRadius = 8, kCornerRadius = 10, kFocusRadius = 13;
-constexpr double kGlideSeconds = 0.1, kDisabledOpacity = 0.35;
+constexpr double kSelectionRadius = 8;
 
 } // namespace
 
 QVMNoteSlider::QVMNoteSlider(const Rect& frame, const QVMParameter& parameter)
-    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
-      hover_(std::make_shared<Layer>(YAxis::up)), selection_(std::make_shared<Layer>(YAxis::up)) {
-    bg_->setName("bg");
-    hover_->setName("hover");
-    hover_->setOpacity(0);
-    selection_->setName("selection");
-    std::size_t index = 0;
-    for (const std::shared_ptr<Layer>& sublayer : {bg_, hover_, selection_})
-        layer()->insertSublayer(sublayer, index++); // below the focus border
+    : BoxControl(frame, parameter, BoxShape::rounded), selection_(std::make_shared<Layer>(YAxis::up)) {
+    addPart(hover(), "hover");
+    addPart(selection_, "selection");
     for (std::size_t i = 0; i < parameter.cueSymbols.size(); ++i) {
         auto symbol = std::make_shared<TextLayer>(YAxis::up);
-        symbol->setName("symbol");
         symbol->setAlignment(TextAlignment::center, TextPlacement::middle);
-        layer()->insertSublayer(symbol, index++);
+        addPart(symbol, "symbol");
         symbols_.push_back(std::move(symbol));
     }
-    redraw();
+    QVMNoteSlider::redraw();
 }
 
 Rect QVMNoteSlider::availableRect() const {
@@ -58,24 +48,13 @@ void QVMNoteSlider::layOutSymbols() {
 void QVMNoteSlider::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     layOutSymbols();
-    bg_->setFrame(bounds());
-    bg_->setCornerRadius(std::min(kCornerRadius, bounds().height / 2));
-    bg_->setBackgroundColor(palette.boxFill);
-    bg_->setBorder(1, palette.boxBorder);
-    hover_->setBackgroundColor(palette.hover);
-    hover_->setCornerRadius(kSelectionRadius);
+    drawPlainBox();
+    hover()->setCornerRadius(kSelectionRadius);
     const Color accent = contrasted(colorFrom(parameter().color), palette.onAccent);
     selection_->setBackgroundColor(accent);
     selection_->setBorder(1, accent.mixedWith(palette.boxFill, 0.25f));
     selection_->setCornerRadius(kSelectionRadius);
-    highlight()->setStrokeNSColor(contrasted(colorFrom(parameter().color), palette.panel));
-    const double opacity = isDisabled() ? kDisabledOpacity : 1;
-    for (const std::shared_ptr<TextLayer>& symbol : symbols_)
-        symbol->setOpacity(opacity);
-    bg_->setOpacity(opacity);
-    selection_->setOpacity(opacity);
     showSelection(Animate::no);
-    showHover();
 }
 
 void QVMNoteSlider::positionSelectionWithReferenceFrame(const Rect& frame) {
@@ -95,32 +74,15 @@ void QVMNoteSlider::showSelection(Animate animate) {
         const auto at = static_cast<std::size_t>(i);
         symbols_[at]->setString({parameter().cueSymbols[at], font, i == selected ? palette.onAccent : palette.value});
     }
-    const bool glides = animate == Animate::yes && selected >= 0 && !selection_->isHidden();
-    selection_->setHidden(selected < 0);
-    if (selected < 0) return;
-    const Transaction transaction = glides ? Transaction::animated(kGlideSeconds) : Transaction::disablingActions();
-    positionSelectionWithReferenceFrame(symbols_[static_cast<std::size_t>(selected)]->frame());
+    const Transaction transaction = moveChoice(*selection_, selected >= 0, animate);
+    if (selected >= 0) positionSelectionWithReferenceFrame(symbols_[static_cast<std::size_t>(selected)]->frame());
+    showHover();
 }
 
 void QVMNoteSlider::setFloatValue(float value) {
     const int was = selectedIndex();
     QVMFloatControl::setFloatValue(value);
     if (selectedIndex() != was) showSelection(Animate::yes);
-}
-
-void QVMNoteSlider::setHighlit(bool highlit) {
-    animateHighlightToFramePositionRoundingInset(bounds(), {}, kFocusRadius, true);
-    QVMFloatControl::setHighlit(highlit);
-}
-
-void QVMNoteSlider::setDimmed(bool dimmed) {
-    QVMFloatControl::setDimmed(dimmed);
-    showHover();
-}
-
-void QVMNoteSlider::setPreventInteraction(bool prevent) {
-    QVMFloatControl::setPreventInteraction(prevent);
-    redraw();
 }
 
 int QVMNoteSlider::indexAt(Point point) const {
@@ -151,22 +113,9 @@ float QVMNoteSlider::incrementedValueForArrowGranularity(char32_t arrow, std::in
     return next > parameter().maxValue || next < parameter().minValue ? 0 : step;
 }
 
-void QVMNoteSlider::mouseMoved(const Event& event) {
-    hoveredIndex_ = indexAt(convertFromWindow(event.locationInWindow));
-    showHover();
-}
-
-void QVMNoteSlider::mouseExited(const Event&) {
-    hoveredIndex_ = -1;
-    showHover();
-}
-
-void QVMNoteSlider::showHover() {
-    const bool shows = hoveredIndex_ >= 0 && hoveredIndex_ != selectedIndex() && !isDisabled() && !dimmed();
-    hover_->setOpacity(shows ? 1 : 0);
-    if (shows)
-        hover_->setFrame(
-            symbols_[static_cast<std::size_t>(hoveredIndex_)]->frame().insetBy(kSelectionInset, kSelectionInset));
+std::optional<Rect> QVMNoteSlider::hoverFrame(int index) const {
+    if (index == selectedIndex()) return std::nullopt;
+    return symbols_[static_cast<std::size_t>(index)]->frame().insetBy(kSelectionInset, kSelectionInset);
 }
 
 } // namespace QVM_NAMESPACE

@@ -2,14 +2,14 @@
 // pointer down. Main thread only.
 #pragma once
 
-#include "controls/QVMFloatControl.h"
+#include "controls/BoxControl.h"
 #include "platform/TextLayer.h"
 
 #include <vector>
 
 namespace QVM_NAMESPACE {
 
-class QVMNoteSlider : public QVMFloatControl {
+class QVMNoteSlider : public BoxControl {
 public:
     static constexpr Size cell = {28, 32}; // points, of one symbol
 
@@ -18,7 +18,6 @@ public:
     // The symbols in value order, and the layer behind the one that is taken.
     const std::vector<std::shared_ptr<TextLayer>>& symbols() const { return symbols_; }
     const std::shared_ptr<Layer>& selection() const { return selection_; }
-    const std::shared_ptr<Layer>& bg() const { return bg_; }
     // Where symbols stand, own coordinates.
     Rect availableRect() const;
 
@@ -28,29 +27,23 @@ public:
     void selectIndexFromEvent(const QVMEvent& event);
 
     void setFloatValue(float value) override;
-    void setHighlit(bool highlit) override;
-    void setDimmed(bool dimmed) override;
-    void setPreventInteraction(bool prevent) override;
     float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
-    void themeUpdated() override { redraw(); }
-    void frameDidChange() override { redraw(); }
-    void mouseMoved(const Event& event) override;
-    void mouseExited(const Event& event) override;
+
+protected:
+    void redraw() override;
+    int indexAt(Point point) const override;
+    std::optional<Rect> hoverFrame(int index) const override; // none for the symbol that is taken
 
 private:
     void layOutSymbols();
-    void redraw();
     void showSelection(Animate animate);
-    void showHover();
-    int indexAt(Point point) const; // -1: none
-    int selectedIndex() const;      // -1: the value has no symbol
+    int selectedIndex() const; // -1: the value has no symbol
 
     std::vector<std::shared_ptr<TextLayer>> symbols_;
-    std::shared_ptr<Layer> bg_, hover_, selection_;
-    int hoveredIndex_ = -1;
+    std::shared_ptr<Layer> selection_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -1,7 +1,6 @@
 #include "controls/QVMNumberControl.h"
 
 #include "controls/FineDrag.h"
-#include "controls/QVMFocusBorder.h"
 #include "controls/TextFitting.h"
 #include "platform/Window.h"
 #include "theme/QVMUITheme.h"
@@ -15,13 +14,9 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double kValueSize = 16, kUnitSize = 11; // points
-constexpr double kCornerRadius = 10, kFocusRadius = 13;
 constexpr double kTextPadding = 6;
 // Heights of the two lines, and how far the number's middle stands above the box's when a unit is under it.
 constexpr double kValueHeight = 22, kUnitHeight = 14, kValueRise = 6, kUnitDrop = 11;
-constexpr double kDisabledOpacity = 0.35;
-// Of the focus border, where the parameter's colour alone would drown: it is stroked translucently.
-constexpr double kFocusContrast = minimumTextContrast;
 
 // Where each granularity's points stand in the parameter's list.
 constexpr std::array<std::size_t, 3> kPixelConstantIndex = {1, 0, 2};
@@ -31,21 +26,13 @@ constexpr double kTravel = 1.5;        // points of drag a point of range
 } // namespace
 
 QVMNumberControl::QVMNumberControl(const Rect& frame, const QVMParameter& parameter)
-    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
-      hover_(std::make_shared<Layer>(YAxis::up)), value_(std::make_shared<TextLayer>(YAxis::up)),
+    : BoxControl(frame, parameter, BoxShape::rounded), value_(std::make_shared<TextLayer>(YAxis::up)),
       unit_(std::make_shared<TextLayer>(YAxis::up)) {
-    bg_->setName("bg");
-    hover_->setName("hover");
-    hover_->setOpacity(0);
-    value_->setName("value");
-    unit_->setName("unit");
-    std::size_t index = 0;
-    for (const std::shared_ptr<Layer>& sublayer :
-         {bg_, hover_, std::shared_ptr<Layer>(value_), std::shared_ptr<Layer>(unit_)}) {
-        layer()->insertSublayer(sublayer, index++); // below the focus border
-    }
+    addPart(hover(), "hover");
+    addPart(value_, "value");
+    addPart(unit_, "unit");
     setCursor(parameter.horizontal ? Cursor::resizeLeftRight : Cursor::resizeUpDown);
-    redraw();
+    QVMNumberControl::redraw();
 }
 
 QVMNumberControl::~QVMNumberControl() {
@@ -117,10 +104,7 @@ void QVMNumberControl::viewWillMoveToWindow(Window* newWindow) {
 
 void QVMNumberControl::layOut() {
     const Rect box = bounds();
-    bg_->setFrame(box);
-    hover_->setFrame(box);
-    for (const auto& layer : {bg_, hover_})
-        layer->setCornerRadius(std::min(kCornerRadius, box.height / 2));
+    placeBox(box);
     const bool hasUnit = !unit_->string().isEmpty();
     const double middle = box.midY() + (hasUnit ? kValueRise : 0);
     value_->setFrame({kTextPadding, middle - kValueHeight / 2, box.width - 2 * kTextPadding, kValueHeight});
@@ -139,33 +123,13 @@ void QVMNumberControl::redraw() {
         const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, 0);
         value_->setString(shrunkenToWidth({text, font, palette.value}, value_->bounds().width));
     }
-    bg_->setBackgroundColor(palette.boxFill);
-    bg_->setBorder(1, displayingTransient_ ? colorFrom(parameter().color) : palette.boxBorder);
-    hover_->setBackgroundColor(palette.hover);
-    highlight()->setStrokeNSColor(contrasted(colorFrom(parameter().color), palette.panel, kFocusContrast));
-    for (const std::shared_ptr<Layer>& part : {bg_, std::shared_ptr<Layer>(value_), std::shared_ptr<Layer>(unit_)}) {
-        part->setOpacity(isDisabled() ? kDisabledOpacity : 1);
-    }
+    bg()->setBackgroundColor(palette.boxFill);
+    bg()->setBorder(1, displayingTransient_ ? colorFrom(parameter().color) : palette.boxBorder);
     showHover();
 }
 
 void QVMNumberControl::setFloatValue(float value) {
     QVMFloatControl::setFloatValue(value);
-    redraw();
-}
-
-void QVMNumberControl::setHighlit(bool highlit) {
-    animateHighlightToFramePositionRoundingInset(bounds(), {}, kFocusRadius, true);
-    QVMFloatControl::setHighlit(highlit);
-}
-
-void QVMNumberControl::setDimmed(bool dimmed) {
-    QVMFloatControl::setDimmed(dimmed);
-    showHover();
-}
-
-void QVMNumberControl::setPreventInteraction(bool prevent) {
-    QVMFloatControl::setPreventInteraction(prevent);
     redraw();
 }
 
@@ -184,28 +148,6 @@ void QVMNumberControl::displayTransientBufferValue(const AttributedString& text)
 void QVMNumberControl::discardTransientBufferValue() {
     displayingTransient_ = false;
     redraw();
-}
-
-void QVMNumberControl::themeUpdated() {
-    redraw();
-}
-
-void QVMNumberControl::frameDidChange() {
-    redraw();
-}
-
-void QVMNumberControl::mouseEntered(const Event&) {
-    hovered_ = true;
-    showHover();
-}
-
-void QVMNumberControl::mouseExited(const Event&) {
-    hovered_ = false;
-    showHover();
-}
-
-void QVMNumberControl::showHover() {
-    hover_->setOpacity(hovered_ && !isDisabled() && !dimmed() ? 1 : 0);
 }
 
 } // namespace QVM_NAMESPACE

@@ -5,12 +5,12 @@
 // Main thread only.
 #pragma once
 
-#include "controls/QVMFloatControl.h"
+#include "controls/BoxControl.h"
 #include "platform/TextLayer.h"
 
 namespace QVM_NAMESPACE {
 
-class QVMNumberControl : public QVMFloatControl, public QVMTransientBufferDisplay {
+class QVMNumberControl : public BoxControl, public QVMTransientBufferDisplay {
 public:
     QVMNumberControl(const Rect& frame, const QVMParameter& parameter);
     ~QVMNumberControl() override;
@@ -25,18 +25,11 @@ public:
                                                                   double pixels) const;
 
     void setFloatValue(float value) override;
-    void setHighlit(bool highlit) override;
-    void setDimmed(bool dimmed) override;
-    void setPreventInteraction(bool prevent) override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
     void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void mouseUp(const Event& event) override;
-    void themeUpdated() override;
-    void mouseEntered(const Event& event) override;
-    void mouseExited(const Event& event) override;
-    void frameDidChange() override;
     void viewWillMoveToWindow(Window* window) override;
 
     void displayTransientBufferValue(const AttributedString& text) override;
@@ -45,24 +38,23 @@ public:
     void setDisplayingTransientBufferValue(bool displaying) override { displayingTransient_ = displaying; }
     double transientStringPreferredFontSize() const override;
 
-    const std::shared_ptr<Layer>& bg() const { return bg_; }
     const std::shared_ptr<TextLayer>& value() const { return value_; }
     const std::shared_ptr<TextLayer>& unit() const { return unit_; }
+
+protected:
+    void redraw() override;
 
 private:
     double axisCoordinate(const QVMEvent& event) const;
     void layOut();
-    void redraw();
-    void showHover();
     void popDragCursor();
 
-    std::shared_ptr<Layer> bg_, hover_;
     std::shared_ptr<TextLayer> value_, unit_;
     double startPoint_ = 0;     // the pointer's axis coordinate at the previous event
     float startValue_ = 0;      // at the press
     float startPercentage_ = 0; // at the press
     float diffWas_ = 0;         // fraction of the range moved so far
-    bool hovered_ = false, displayingTransient_ = false;
+    bool displayingTransient_ = false;
     Window* cursorWindow_ = nullptr; // where this control's drag cursor is pushed
 };
 

@@ -67,7 +67,7 @@ QVMParameterControl::QVMParameterControl(const Rect& frame, const QVMParameter* 
     QVMParameterControl::setFloatValue(initialValue);
     layer()->setMasksToBounds(false); // the focus border stands outside
     toggleTooltip(true);
-    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, window(),
+    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { themeUpdated(); });
 }
 

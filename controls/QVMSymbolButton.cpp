@@ -10,6 +10,8 @@ namespace {
 constexpr double kLightInset = 2, kLightRadius = 5; // points
 constexpr float kLightAlpha = 0.4f, kHoverAlpha = 0.1f;
 constexpr double kDisabledOpacity = 0.2;
+// What glyphs are to stand out from while a light is on: nearly the lightest that it makes of the product's colour.
+constexpr Color kLitGround = Color::white(0.65f);
 
 std::shared_ptr<Layer> makeLight(const char* name) {
     auto light = std::make_shared<Layer>();
@@ -35,7 +37,7 @@ QVMSymbolButton::QVMSymbolButton(const Rect& frame, std::string glyph, double si
     layer()->addSublayer(glyph_);
     layOut();
     symbol_ = std::move(glyph);
-    glyph_->setString(AttributedString(symbol_, font_, color_));
+    glyph_->setString(QVMSymbolButton::attributedStringForGlyphColor(symbol_, color_));
     hoverLight_->setBackgroundColor(color_.withAlpha(kHoverAlpha));
 }
 
@@ -62,7 +64,11 @@ AttributedString QVMSymbolButton::attributedStringForGlyphColor(const std::strin
 }
 
 void QVMSymbolButton::showGlyph() {
-    glyph_->setString(attributedStringForGlyphColor(symbol_, std::nullopt));
+    glyph_->setString(attributedStringForGlyphColor(symbol_, shownColor()));
+}
+
+Color QVMSymbolButton::shownColor() const {
+    return selected_ || warning_ ? contrasted(color_, kLitGround) : color_;
 }
 
 void QVMSymbolButton::layOut() {
@@ -86,12 +92,14 @@ void QVMSymbolButton::setButtonEnabled(bool enabled) {
 void QVMSymbolButton::setSelected(bool selected) {
     selected_ = selected;
     spotlight_->setOpacity(selected ? 1 : 0);
+    showGlyph();
 }
 
 void QVMSymbolButton::setWarning(bool warning) {
     const bool changed = warning != warning_;
     warning_ = warning;
     warningLight_->setOpacity(warning ? 1 : 0);
+    showGlyph();
     if (!changed) return;
     BasicAnimation pulse = QVMCycleControl::standardPulse();
     pulse.duration = 0.33;

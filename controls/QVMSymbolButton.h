@@ -1,6 +1,6 @@
 // A push button of one glyph from the icon font, with a spotlight for "selected" and a light for "warning".
 //
-// It acts on the press, not on the release. Main thread only.
+// It acts on the press, not on the release. A light glyph turns dark while a light stands behind it. Main thread only.
 #pragma once
 
 #include "platform/Control.h"
@@ -61,6 +61,7 @@ protected:
 private:
     void layOut();
     void showHover();
+    Color shownColor() const;
 
     std::string symbol_;
     Font font_;

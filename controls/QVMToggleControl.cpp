@@ -2,7 +2,6 @@
 
 #include "controls/QVMFocusBorder.h"
 #include "description/ValueMapping.h"
-#include "platform/Transaction.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
@@ -14,23 +13,18 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double kHoldSeconds = 0.2;  // after which a press on a switch chooses by position
-constexpr double kGlideSeconds = 0.1; // of the selection
 constexpr double kSelectionInset = 2; // points between selection and background
-constexpr double kDisabledOpacity = 0.35;
 constexpr int kMostSegments = 64;
 
 } // namespace
 
 QVMToggleControl::QVMToggleControl(const Rect& frame, const QVMParameter& parameter)
-    : QVMFloatControl(frame, parameter), bg_(std::make_shared<Layer>(YAxis::up)),
-      selection_(std::make_shared<Layer>(YAxis::up)) {
-    bg_->setName("bg");
-    selection_->setName("selection");
-    layer()->insertSublayer(bg_, 0);
-    layer()->insertSublayer(selection_, 1);
+    : BoxControl(frame, parameter, BoxShape::capsule), selection_(std::make_shared<Layer>(YAxis::up)) {
+    addPart(hover(), "hover");
+    addPart(selection_, "selection");
     addSegments();
     QVMToggleControl::setFloatValue(floatValue());
-    redraw();
+    QVMToggleControl::redraw();
 }
 
 void QVMToggleControl::addSegments() {
@@ -46,14 +40,8 @@ void QVMToggleControl::addSegments() {
 void QVMToggleControl::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     const Rect box = bounds();
-    const double radius = std::min(box.width, box.height) / 2;
-    bg_->setFrame(box);
-    bg_->setCornerRadius(radius);
-    bg_->setBackgroundColor(palette.boxFill);
-    bg_->setBorder(1, palette.boxBorder);
-    const Color accent = colorFrom(parameter().color);
-    selection_->setBackgroundColor(contrasted(accent, palette.onAccent));
-    highlight()->setStrokeNSColor(contrasted(accent, palette.panel));
+    drawPlainBox();
+    selection_->setBackgroundColor(contrasted(colorFrom(parameter().color), palette.onAccent));
 
     // Whole points, so that no line falls between two pixels; the ends are the control's.
     rValuesOriginal_.clear();
@@ -64,23 +52,27 @@ void QVMToggleControl::redraw() {
         values_[i]->setFrame(rValuesOriginal_[i]);
         values_[i]->redraw();
     }
-    const double opacity = isDisabled() ? kDisabledOpacity : 1;
-    for (const std::shared_ptr<Layer>& part : {bg_, selection_})
-        part->setOpacity(opacity);
-    for (QVMToggleSegment* segment : values_)
-        segment->setAlpha(opacity);
     showSelection(Animate::no);
-    showHover();
+}
+
+Rect QVMToggleControl::insideOf(int index) const {
+    return rValuesOriginal_[static_cast<std::size_t>(index)].insetBy(kSelectionInset, kSelectionInset);
+}
+
+std::optional<Rect> QVMToggleControl::hoverFrame(int index) const {
+    if (index == selected_) return std::nullopt;
+    return insideOf(index);
 }
 
 void QVMToggleControl::showSelection(Animate animate) {
-    selection_->setHidden(selected_ < 0);
+    showHover();
+    const Transaction transaction = moveChoice(*selection_, selected_ >= 0, animate);
     if (selected_ < 0) return;
-    const Rect inside = rValuesOriginal_[static_cast<std::size_t>(selected_)].insetBy(kSelectionInset, kSelectionInset);
-    const Transaction transaction =
-        animate == Animate::yes ? Transaction::animated(kGlideSeconds) : Transaction::disablingActions();
+    const Rect inside = insideOf(selected_);
     selection_->setFrame(inside);
-    selection_->setCornerRadius(std::max(std::min(inside.width, inside.height) / 2, 0.0));
+    const double radius = std::max(std::min(inside.width, inside.height) / 2, 0.0);
+    selection_->setCornerRadius(radius);
+    hover()->setCornerRadius(radius);
 }
 
 void QVMToggleControl::setFloatValue(float value) {
@@ -94,23 +86,12 @@ void QVMToggleControl::setFloatValue(float value) {
         // No line beside the selection, which has edges of its own.
         segment.setSeparated(i > 0 && i != selected_ && i - 1 != selected_);
     }
-    if (now != was && !rValuesOriginal_.empty()) showSelection(was >= 0 ? Animate::yes : Animate::no);
-}
-
-void QVMToggleControl::setHighlit(bool highlit) {
-    animateHighlightToFramePositionRoundingInset(bounds(), {}, 0.5, true);
-    QVMFloatControl::setHighlit(highlit);
-}
-
-void QVMToggleControl::setDimmed(bool dimmed) {
-    QVMFloatControl::setDimmed(dimmed);
-    showHover();
+    if (now != was && !rValuesOriginal_.empty()) showSelection(Animate::yes);
 }
 
 void QVMToggleControl::setPreventInteraction(bool prevent) {
-    QVMFloatControl::setPreventInteraction(prevent);
+    BoxControl::setPreventInteraction(prevent);
     if (prevent) hold_.cancel();
-    redraw();
 }
 
 void QVMToggleControl::handleMouseDownWithEventGranularities(const QVMEvent& event,
@@ -156,22 +137,6 @@ int QVMToggleControl::indexAt(Point point) const {
     const auto found = std::ranges::find_if(
         rValuesOriginal_, [&](const Rect& frame) { return frame.minX() <= point.x && point.x <= frame.maxX(); });
     return found == rValuesOriginal_.end() ? -1 : static_cast<int>(found - rValuesOriginal_.begin());
-}
-
-void QVMToggleControl::mouseMoved(const Event& event) {
-    hoveredIndex_ = indexAt(convertFromWindow(event.locationInWindow));
-    showHover();
-}
-
-void QVMToggleControl::mouseExited(const Event&) {
-    hoveredIndex_ = -1;
-    showHover();
-}
-
-void QVMToggleControl::showHover() {
-    const bool shows = !isDisabled() && !dimmed();
-    for (int i = 0; i < static_cast<int>(values_.size()); ++i)
-        values_[static_cast<std::size_t>(i)]->setHovered(shows && i == hoveredIndex_);
 }
 
 } // namespace QVM_NAMESPACE

@@ -4,7 +4,7 @@
 // Its parameter's values count from 0, a segment each. Main thread only.
 #pragma once
 
-#include "controls/QVMFloatControl.h"
+#include "controls/BoxControl.h"
 #include "controls/QVMToggleSegment.h"
 #include "platform/DelayedCall.h"
 
@@ -12,7 +12,7 @@
 
 namespace QVM_NAMESPACE {
 
-class QVMToggleControl : public QVMFloatControl {
+class QVMToggleControl : public BoxControl {
 public:
     QVMToggleControl(const Rect& frame, const QVMParameter& parameter);
 
@@ -27,37 +27,33 @@ public:
     bool caughtUp() const { return caughtUp_; }
     // The layer under the taken segment.
     const std::shared_ptr<Layer>& selection() const { return selection_; }
-    const std::shared_ptr<Layer>& bg() const { return bg_; }
 
     // Takes the segment under the event as the user's choice, unless the gesture is over.
     void toggleDraggedToPointFromEvent(const QVMEvent& event);
 
     void setFloatValue(float value) override;
-    void setHighlit(bool highlit) override;
-    void setDimmed(bool dimmed) override;
     void setPreventInteraction(bool prevent) override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
     void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
-    void themeUpdated() override { redraw(); }
-    void frameDidChange() override { redraw(); }
     void mouseUp(const Event& event) override;
-    void mouseMoved(const Event& event) override;
-    void mouseExited(const Event& event) override;
+
+protected:
+    void redraw() override;
+    int indexAt(Point point) const override;
+    std::optional<Rect> hoverFrame(int index) const override; // none for the segment that is taken
 
 private:
-    int indexAt(Point point) const; // -1: none
     void addSegments();
-    void redraw();
     void showSelection(Animate animate);
-    void showHover();
+    Rect insideOf(int index) const; // where selection and light stand in a segment
 
     std::vector<QVMToggleSegment*> values_;
     std::vector<Rect> rValuesOriginal_;
-    int selected_ = -1, hoveredIndex_ = -1;
+    int selected_ = -1;
     bool didDrag_ = false, caughtUp_ = false;
-    std::shared_ptr<Layer> bg_, selection_;
+    std::shared_ptr<Layer> selection_;
     DelayedCall hold_; // a press on a switch that may become a sweep
 };
 

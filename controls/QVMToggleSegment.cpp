@@ -12,21 +12,18 @@ namespace {
 
 constexpr double kTextSize = 14, kIconSize = 20; // points
 constexpr double kTextPadding = 6;
-constexpr double kHoverInset = 2;
 constexpr double kDividerInset = 7; // points above and below the line
 
 } // namespace
 
 QVMToggleSegment::QVMToggleSegment(const Rect& frame, std::string text)
-    : View(frame, YAxis::up), text_(std::move(text)), hover_(std::make_shared<Layer>(YAxis::up)),
-      divider_(std::make_shared<Layer>(YAxis::up)), label_(std::make_shared<TextLayer>(YAxis::up)) {
-    hover_->setName("hover");
-    hover_->setOpacity(0);
+    : View(frame, YAxis::up), text_(std::move(text)), divider_(std::make_shared<Layer>(YAxis::up)),
+      label_(std::make_shared<TextLayer>(YAxis::up)) {
     divider_->setName("divider");
     label_->setName("label");
     label_->setAlignment(TextAlignment::center, TextPlacement::middle);
-    for (const std::shared_ptr<Layer>& sublayer : {hover_, divider_, std::shared_ptr<Layer>(label_)})
-        layer()->addSublayer(sublayer);
+    layer()->addSublayer(divider_);
+    layer()->addSublayer(label_);
     redraw();
 }
 
@@ -35,17 +32,8 @@ void QVMToggleSegment::setSelected(bool selected) {
     redraw();
 }
 
-void QVMToggleSegment::setHovered(bool hovered) {
-    hovered_ = hovered;
-    hover_->setOpacity(hovered_ && !selected_ ? 1 : 0);
-}
-
 void QVMToggleSegment::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
-    const Rect inside = bounds().insetBy(kHoverInset, kHoverInset);
-    hover_->setFrame(inside);
-    hover_->setCornerRadius(std::max(std::min(inside.width, inside.height) / 2, 0.0));
-    hover_->setBackgroundColor(palette.hover);
     divider_->setFrame({0, kDividerInset, 1, std::max(bounds().height - 2 * kDividerInset, 0.0)});
     divider_->setBackgroundColor(palette.boxBorder);
 
@@ -54,7 +42,6 @@ void QVMToggleSegment::redraw() {
     label_->setFrame(isAscii(text_) ? room : bounds());
     label_->setString(
         shrunkenToWidth({text_, font, selected_ ? palette.onAccent : palette.value}, std::max(room.width, 0.0)));
-    setHovered(hovered_);
 }
 
 } // namespace QVM_NAMESPACE

@@ -19,8 +19,6 @@ public:
     // Whether it is the choice, and so stands on the selection's colour.
     bool isSelected() const { return selected_; }
     void setSelected(bool selected);
-    // Whether the pointer is over it; not shown on the choice itself.
-    void setHovered(bool hovered);
     // Whether a line at its left end separates it from its neighbour.
     void setSeparated(bool separated) { divider_->setHidden(!separated); }
     bool isSeparated() const { return !divider_->isHidden(); }
@@ -35,8 +33,8 @@ public:
 
 private:
     std::string text_;
-    bool selected_ = false, hovered_ = false;
-    std::shared_ptr<Layer> hover_, divider_;
+    bool selected_ = false;
+    std::shared_ptr<Layer> divider_;
     std::shared_ptr<TextLayer> label_;
 };
 

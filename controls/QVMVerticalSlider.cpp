@@ -61,10 +61,13 @@ bool QVMVerticalSlider::isHandleGliding() const {
 void QVMVerticalSlider::normalizeAndMoveToPositionAnimateSendActionGranularity(double position, Animate animate,
                                                                                SendAction send,
                                                                                std::int32_t granularity) {
-    const double clamped = std::max(lowest_, std::min(position, highest_));
-    const float value = floatValueFromPositionValueGranularity(clamped, granularity);
+    const float value = valueReachedAt(position, granularity);
     updatePositionFloatValueAnimateSendAction(positionValueFromFloatValue(value), value, animate, send);
     setOnce_ = true;
+}
+
+float QVMVerticalSlider::valueReachedAt(double position, std::int32_t granularity) const {
+    return floatValueFromPositionValueGranularity(std::max(lowest_, std::min(position, highest_)), granularity);
 }
 
 void QVMVerticalSlider::updatePositionFloatValueAnimateSendAction(double position, float value, Animate animate,
@@ -103,9 +106,11 @@ void QVMVerticalSlider::setFloatValueFromInteraction(float value, ValueOrigin or
         }
     }
     clickOffset_ = 0;
-    normalizeAndMoveToPositionAnimateSendActionGranularity(positionValueFromFloatValue(value), Animate::yes,
-                                                           SendAction::no, QVMGranularityFine);
-    setDisplayText(value);
+    // The handle stays on the track and on its side of the pair's limit; the text is that of the value itself.
+    const float reached = valueReachedAt(positionValueFromFloatValue(value), QVMGranularityFine);
+    updatePositionFloatValueAnimateSendAction(positionValueFromFloatValue(reached), value, Animate::yes,
+                                              SendAction::no);
+    setOnce_ = true;
 }
 
 void QVMVerticalSlider::resetToInitialValue() {

@@ -96,7 +96,6 @@ public:
                                                   const QVMGranularities& granularities) override;
     void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
     void handleMetaActionWithEvent(std::int32_t code, const QVMEvent* event) override;
-    void setPreventInteraction(bool prevent) override;
     void themeUpdated() override;
     void frameDidChange() override;
     void viewDidMoveToWindow() override { layOut(); }
@@ -116,6 +115,7 @@ private:
     bool isMember() const { return !parameter().range.empty(); }
     double trackCenter() const;
     double bulbCenter() const;
+    float valueReachedAt(double position, std::int32_t granularity) const;
     bool handleCueClick(Point point);
     void dragFine(double position, bool reanchor);
     void moveBulb(double position, Animate animate);

@@ -1,6 +1,7 @@
 // The part of the slider that is seen: where its layers stand, what they show and how they answer the pointer.
 #include "controls/QVMVerticalSlider.h"
 
+#include "controls/QVMFocusBorder.h"
 #include "controls/ReadoutText.h"
 #include "controls/TextFitting.h"
 #include "platform/TextMetrics.h"
@@ -16,7 +17,6 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double kLyingBulbWidth = 76, kUprightBulbWidth = 70; // points, unless a value needs more
-constexpr double kTextMargin = 4;
 constexpr double kScaleTrackDepth = 21; // from the top of a lying slider with a scale to its track's middle
 constexpr double kLowMemberMargin = 2;  // above the handle of a pair's low end; the high one's stands at the bottom
 constexpr double kReadoutSize = 16, kFocusRounding = 0.5;
@@ -72,7 +72,8 @@ void QVMVerticalSlider::sizeReadoutToFitWidestValue() {
         widest = std::max(widest, sizeOf(readoutText(text, suffix, kReadoutSize)).width);
     }
     const double usual = horizontal_ ? kLyingBulbWidth : kUprightBulbWidth;
-    const double needed = 2 * std::ceil((widest + 2 * kTextMargin) / 2); // even, so that its middle is a whole point
+    const double needed =
+        2 * std::ceil((widest + 2 * ReadoutBulb::textMargin) / 2); // even, so that its middle is a whole point
     bulb_.setWidth(std::max(usual, needed));
     calculateSliderPixelExtents();
 }
@@ -130,7 +131,7 @@ void QVMVerticalSlider::layOut() {
     moveBulb(idealHandleValue(), Animate::no);
     const Rect capsule = {0, 0, bulb_.width(), ReadoutBulb::height};
     animateHighlightToFramePositionRoundingInset(capsule.insetBy(0, -1), {}, kFocusRounding, true);
-    bulb_.setEnabled(!isDisabled());
+    highlight()->setStrokeNSColor(contrasted(colorFrom(parameter().color), palette.panel));
 }
 
 void QVMVerticalSlider::placeInTrack(std::unique_ptr<View> view) {
@@ -159,11 +160,6 @@ void QVMVerticalSlider::frameDidChange() {
 void QVMVerticalSlider::themeUpdated() {
     layOut();
     if (!displayingTransientBufferValue_) setDisplayText(floatValue());
-}
-
-void QVMVerticalSlider::setPreventInteraction(bool prevent) {
-    QVMFloatControl::setPreventInteraction(prevent);
-    bulb_.setEnabled(!prevent);
 }
 
 void QVMVerticalSlider::setDisplayText(float value) {

@@ -12,12 +12,10 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kTextMargin = 4;       // points, left and right
 constexpr double kPointerHalfWidth = 5; // points
 constexpr double kFieldInset = 2;
 constexpr Size kCaret = {1, 15};
 constexpr float kHoverShade = 0.07f, kPressShade = 0.14f; // darker, so that the text stays legible
-constexpr double kDisabledOpacity = 0.45;
 
 // A capsule of the given size with, at the middle of a long side, a pointer; y grows upwards.
 Path capsule(Size size, BulbPointer pointer) {
@@ -81,10 +79,6 @@ void ReadoutBulb::setWidth(double points) {
     placeCaret();
 }
 
-double ReadoutBulb::textWidth() const {
-    return width() - 2 * kTextMargin;
-}
-
 bool ReadoutBulb::contains(Point point) const {
     const Point local = point - bulb_->frame().origin();
     const Rect box = {0, 0, width(), height};
@@ -120,10 +114,6 @@ void ReadoutBulb::setTyping(bool typing) {
     border_->setHidden(!typing);
     caret_->setHidden(!typing);
     placeCaret();
-}
-
-void ReadoutBulb::setEnabled(bool enabled) {
-    bulb_->setOpacity(enabled ? 1 : kDisabledOpacity);
 }
 
 } // namespace QVM_NAMESPACE

@@ -17,6 +17,7 @@ class ReadoutBulb {
 public:
     static constexpr double height = 26;       // points, of the capsule
     static constexpr double pointerLength = 5; // points, beyond the capsule
+    static constexpr double textMargin = 4;    // points, left and right of the text
 
     ReadoutBulb(Color color, BulbPointer pointer);
 
@@ -30,7 +31,7 @@ public:
     double width() const { return bulb_->bounds().width; }
     void setWidth(double points);
     // The room for text, points.
-    double textWidth() const;
+    double textWidth() const { return width() - 2 * textMargin; }
     // Whether a point of the superlayer lies on the capsule or its pointer.
     bool contains(Point point) const;
 
@@ -38,7 +39,6 @@ public:
     void setState(BulbState state);
     // Shows the border and the caret of a field that is being typed into.
     void setTyping(bool typing);
-    void setEnabled(bool enabled);
 
 private:
     void placeCaret();

@@ -1,6 +1,7 @@
 #include "controls/ReadoutText.h"
 
 #include "platform/TextMetrics.h"
+#include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 
 #include <map>
@@ -14,18 +15,17 @@ constexpr double kValueSize = 16, kUnitGlyphSize = 13, kUnitIconSize = 16, kUnit
 constexpr double kUnitGap = 1.5; // points
 
 struct UnitGlyph {
-    std::string_view unit;
-    const char* glyph; // UTF-8, of the icon font
+    std::string_view unit, glyph;
 };
 constexpr UnitGlyph kUnitGlyphs[] = {
-    {"dB/Oct", "\uE800"}, {"kHz", "\uE801"}, {"Hz", "\uE802"}, {"dB", "\uE803"}, {"%", "\uE804"},
+    {"dB/Oct", icons::dbPerOctave}, {"kHz", icons::kHz}, {"Hz", icons::Hz}, {"dB", icons::dB}, {"%", icons::percent},
 };
 
 AttributedString unitText(const std::string& suffix) {
     const Color color = readoutUnitColor;
     for (const UnitGlyph& known : kUnitGlyphs) {
         if (known.unit != suffix) continue;
-        const std::string glyph = known.glyph;
+        const std::string glyph(known.glyph);
         const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(glyph, kUnitGlyphSize, kUnitIconSize);
         return {glyph, font, color};
     }

@@ -5,6 +5,7 @@
 // parameters, and the half-built record is what ends that circle. Main thread only, no locks.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "description/Presets.h"
 #include "description/QVMClump.h"
 #include "description/QVMMetadata.h"
@@ -12,7 +13,6 @@
 
 namespace QVM_NAMESPACE {
 
-inline constexpr std::uint32_t QVMParameterCount = 24;
 inline constexpr std::uint32_t QVMClumpCount = 5;
 
 const QVMMetadata* GetMetadata();

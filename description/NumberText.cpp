@@ -8,38 +8,27 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-// Wide enough for the largest 64-bit float written out with a few decimals.
-using Buffer = std::array<char, 512>;
-
-std::string NotANumberText() {
-    return "nan";
-} // whatever the sign bit says
+// The format is what std::to_chars takes behind the value.
+template <typename... Format>
+std::string Text(double value, Format... format) {
+    if (std::isnan(value)) return "nan"; // whatever the sign bit says
+    std::array<char, 512> buffer;        // the largest 64-bit float, written out with a few decimals, has room
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format...).ptr;
+    return {buffer.data(), end};
+}
 
 } // namespace
 
 std::string FixedText(double value, int decimals) {
-    if (std::isnan(value)) return NotANumberText();
-    Buffer buffer;
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals).ptr;
-    return {buffer.data(), end};
+    return Text(value, std::chars_format::fixed, decimals);
 }
 
 std::string ShortestText(double value) {
-    if (std::isnan(value)) return NotANumberText();
-    Buffer buffer;
-    const double unsignedZero = value == 0 ? 0.0 : value;
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), unsignedZero, std::chars_format::fixed).ptr;
-    return {buffer.data(), end};
+    return Text(value == 0 ? 0.0 : value, std::chars_format::fixed);
 }
 
 std::string SignificantText(double value, int digits) {
-    if (std::isnan(value)) return NotANumberText();
-    Buffer buffer;
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, digits).ptr;
-    return {buffer.data(), end};
+    return Text(value, std::chars_format::general, digits);
 }
 
 } // namespace QVM_NAMESPACE

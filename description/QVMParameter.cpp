@@ -114,6 +114,16 @@ float QVMParameter::normalizedFloatValueFromPercent(float percent, std::uint32_t
     return normalizeFloatValue(PositionToShownValue(pid, percent), type);
 }
 
+bool QVMParameter::hasChannelsFor(float value) const {
+    const auto entry = channelRestrictions.find(std::to_string(IntegerPart(value)));
+    return entry == channelRestrictions.end() ||
+           std::ranges::find(entry->second, QVMChannelPair{chanIn, chanOut}) != entry->second.end();
+}
+
+bool QVMParameter::allowsValue(float value) const {
+    return hasChannelsFor(value) && restrictValue(value) == value;
+}
+
 float QVMParameter::floatValueAfter(float value, bool cyclingForward) const {
     const auto step = [this, cyclingForward](float from) {
         if (unit == QVMUnitSwitch) return IntegerPart(from) == 0 ? 1.0f : 0.0f;
@@ -121,22 +131,11 @@ float QVMParameter::floatValueAfter(float value, bool cyclingForward) const {
         if (cyclingForward) return from + granularity > maxValue ? minValue : from + granularity;
         return from - granularity < minValue ? maxValue : from - granularity;
     };
-    const auto allowedHere = [this](float candidate) {
-        const auto entry = channelRestrictions.find(std::to_string(IntegerPart(candidate)));
-        if (entry == channelRestrictions.end()) return true;
-        return std::ranges::find(entry->second, QVMChannelPair{chanIn, chanOut}) != entry->second.end();
-    };
-
     float from = std::isnan(value) ? minValue : value; // no step leads away from NaN
     while (true) {
         const float result = step(from);
-        if (!allowedHere(result)) {
-            from = result;
-            continue;
-        }
-        const float restricted = restrictValue(result);
-        if (restricted == result) return result;
-        from = restricted;
+        if (allowsValue(result)) return result;
+        from = hasChannelsFor(result) ? restrictValue(result) : result;
     }
 }
 

@@ -59,8 +59,11 @@ public:
     virtual float percentageFromFloatValue(float shownValue) const;
     virtual float normalizedFloatValueFromPercent(float percent, std::uint32_t type) const;
 
-    // The next or previous value for cycling controls, wrapping at the ends and stepping over values that the channel
-    // configuration does not allow. Does not end if no value at all is allowed. NaN counts as `minValue`.
+    // Whether a whole value may be chosen: its channel restrictions have the present configuration, and
+    // `restrictValue` leaves it as it is.
+    bool allowsValue(float value) const;
+    // The next or previous value for cycling controls, wrapping at the ends and stepping over values that are not
+    // allowed. Does not end if no value at all is. NaN counts as `minValue`.
     float floatValueAfter(float value, bool cyclingForward) const;
 
     float valueRange() const { return maxValue - minValue; }
@@ -150,6 +153,7 @@ public:
 private:
     float finelyRoundedValue(float shownValue) const;
     float clampedValue(float value) const; // NaN ends at the minimum
+    bool hasChannelsFor(float value) const;
 };
 
 } // namespace QVM_NAMESPACE

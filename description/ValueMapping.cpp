@@ -1,5 +1,7 @@
 #include "description/ValueMapping.h"
 
+#include "description/ParameterIDs.h"
+
 #include <array>
 #include <cmath>
 #include <limits>
@@ -97,7 +99,7 @@ constexpr ValueMapping kPercent = Linear(HostCurve::same, 0.0f, 100.0f);
 constexpr ValueMapping kSlope = Linear(HostCurve::same, 6.0f, 42.0f);
 constexpr ValueMapping kResonance = Linear(HostCurve::same, 0.0f, 18.0f);
 
-constexpr std::array<ValueMapping, 24> kMappings = {
+constexpr std::array<ValueMapping, QVMParameterCount> kMappings = {
     kSwitch,                                    // 0 MasterOnOff
     Linear(HostCurve::same, -18.0f, 36.0f),     // 1 TiltGain
     kTiltFrequency,                             // 2 TiltRangeLow

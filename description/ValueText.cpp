@@ -1,8 +1,9 @@
 #include "description/ValueText.h"
 
 #include "description/NumberText.h"
+#include "description/ParameterIDs.h"
 #include "description/ValueMapping.h"
-#include "description/tables/Glyphs.h"
+#include "description/tables/ValueNames.h"
 
 #include <array>
 #include <cmath>
@@ -31,13 +32,6 @@ struct TextRule {
     std::span<const Exception> exceptions;
 };
 
-constexpr std::array<std::string_view, 2> kPowerNames = {glyphs::power, glyphs::power};
-constexpr std::array<std::string_view, 2> kListenLowNames = {glyphs::listenLow, glyphs::listenLow};
-constexpr std::array<std::string_view, 2> kListenHighNames = {glyphs::listenHigh, glyphs::listenHigh};
-constexpr std::array<std::string_view, 2> kQualityNames = {glyphs::qualityOff, glyphs::qualityOn};
-constexpr std::array<std::string_view, 4> kLoudnessNames = {"Auto", "Norm", "Treble", "Bass"};
-constexpr std::array<std::string_view, 3> kMeterNames = {"Pre", "Post", "Diff"};
-
 constexpr std::array<Exception, 1> kSilence = {{{-96.0f, "-Inf"}}};
 constexpr std::array<Exception, 1> kLowestFilter = {{{4.0f, "Off"}}};
 constexpr std::array<Exception, 1> kHighestFilter = {{{24000.0f, "Off"}}};
@@ -55,31 +49,31 @@ constexpr TextRule Names(std::span<const std::string_view> names) {
     return {TextKind::names, 0, names, SuffixKind::none, {}, {}};
 }
 
-constexpr std::array<TextRule, 24> kRules = {
-    Names(kPowerNames),        // 0 MasterOnOff
-    Number(1, "dB"),           // 1 TiltGain
-    Frequency(),               // 2 TiltRangeLow
-    Frequency(),               // 3 TiltRangeHigh
-    Number(0),                 // 4 TiltRangeLink
-    Number(0, "%"),            // 5 TiltRangeLinkRatio
-    Names(kLoudnessNames),     // 6 TiltLoudnessMode
-    Number(1, "dB", kSilence), // 7 OutputGain
-    Names(kMeterNames),        // 8 MeterMode
-    Frequency(kLowestFilter),  // 9 FilterRangeLow
-    Frequency(kHighestFilter), // 10 FilterRangeHigh
-    Number(0),                 // 11 FilterRangeLink
-    Number(0, "%"),            // 12 FilterRangeLinkRatio
-    Names(kListenLowNames),    // 13 FilterListenLow
-    Number(1, "dB/Oct"),       // 14 FilterSlopeLow
-    Number(1, "dB"),           // 15 FilterResonanceLow
-    Number(0),                 // 16 FilterSlopeLink
-    Number(0, "%"),            // 17 FilterSlopeLinkRatio
-    Number(0),                 // 18 FilterResonanceLink
-    Number(0, "%"),            // 19 FilterResonanceLinkRatio
-    Names(kListenHighNames),   // 20 FilterListenHigh
-    Number(1, "dB/Oct"),       // 21 FilterSlopeHigh
-    Number(1, "dB"),           // 22 FilterResonanceHigh
-    Names(kQualityNames),      // 23 HQMode
+constexpr std::array<TextRule, QVMParameterCount> kRules = {
+    Names(tables::kPowerGlyphs),      // 0 MasterOnOff
+    Number(1, "dB"),                  // 1 TiltGain
+    Frequency(),                      // 2 TiltRangeLow
+    Frequency(),                      // 3 TiltRangeHigh
+    Number(0),                        // 4 TiltRangeLink
+    Number(0, "%"),                   // 5 TiltRangeLinkRatio
+    Names(tables::kLoudnessModes),    // 6 TiltLoudnessMode
+    Number(1, "dB", kSilence),        // 7 OutputGain
+    Names(tables::kMeterModes),       // 8 MeterMode
+    Frequency(kLowestFilter),         // 9 FilterRangeLow
+    Frequency(kHighestFilter),        // 10 FilterRangeHigh
+    Number(0),                        // 11 FilterRangeLink
+    Number(0, "%"),                   // 12 FilterRangeLinkRatio
+    Names(tables::kListenLowGlyphs),  // 13 FilterListenLow
+    Number(1, "dB/Oct"),              // 14 FilterSlopeLow
+    Number(1, "dB"),                  // 15 FilterResonanceLow
+    Number(0),                        // 16 FilterSlopeLink
+    Number(0, "%"),                   // 17 FilterSlopeLinkRatio
+    Number(0),                        // 18 FilterResonanceLink
+    Number(0, "%"),                   // 19 FilterResonanceLinkRatio
+    Names(tables::kListenHighGlyphs), // 20 FilterListenHigh
+    Number(1, "dB/Oct"),              // 21 FilterSlopeHigh
+    Number(1, "dB"),                  // 22 FilterResonanceHigh
+    Names(tables::kQualityGlyphs),    // 23 HQMode
 };
 
 constexpr float kKilohertz = 1000.0f;
@@ -91,12 +85,6 @@ const Exception* ExceptionAt(const TextRule& rule, float value) {
     return nullptr;
 }
 
-// Three digits from 1 kHz up: "1.00" to "10.00" (which 9999 rounds to), then "10.0".
-std::string FrequencyText(float hertz) {
-    if (hertz >= kKilohertz) return FixedText(hertz / 1000.0f, hertz < 10000.0f ? 2 : 1);
-    return FixedText(hertz, 0);
-}
-
 std::string NameText(std::span<const std::string_view> names, float value) {
     const std::int32_t index = IntegerPart(value);
     if (index < 0 || index >= static_cast<std::int32_t>(names.size())) return {};
@@ -104,6 +92,11 @@ std::string NameText(std::span<const std::string_view> names, float value) {
 }
 
 } // namespace
+
+std::string FrequencyText(float hertz) {
+    if (hertz >= kKilohertz) return FixedText(hertz / 1000.0f, hertz < 10000.0f ? 2 : 1);
+    return FixedText(hertz, 0);
+}
 
 std::string ParameterValueToString(std::uint32_t pid, float value) {
     if (pid >= kRules.size()) return {};

@@ -12,6 +12,10 @@
 
 namespace QVM_NAMESPACE {
 
+// A frequency without its unit: whole hertz, and three digits of kilohertz from 1 kHz up ("1.00" to "10.00", which 9999
+// rounds to, then "10.0").
+std::string FrequencyText(float hertz);
+
 // Number, name or glyph for a value of the shown domain; empty where there is none.
 std::string ParameterValueToString(std::uint32_t pid, float value);
 

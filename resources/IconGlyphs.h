@@ -2,7 +2,7 @@
 // beside it are named by the same code points.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "description/tables/Glyphs.h"
 
 #include <array>
 #include <string_view>
@@ -10,12 +10,12 @@
 namespace QVM_NAMESPACE {
 namespace icons {
 
-// Values and states.
-inline constexpr std::string_view power = "\uE101";
-inline constexpr std::string_view qualityOff = "\uE205";
-inline constexpr std::string_view qualityOn = "\uE206";
-inline constexpr std::string_view listenHigh = "\uE20B"; // falls to the right: what the high filter removes
-inline constexpr std::string_view listenLow = "\uE219";  // rises to the right: what the low filter removes
+// Values and states, which the description names.
+using glyphs::listenHigh;
+using glyphs::listenLow;
+using glyphs::power;
+using glyphs::qualityOff;
+using glyphs::qualityOn;
 
 // Tools.
 inline constexpr std::string_view gear = "\uE102";

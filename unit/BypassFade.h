@@ -18,7 +18,10 @@ public:
         state_ = state;
     }
     // Starts to fade when the state is another one, also in the middle of a fade.
-    void setTarget(Switch state);
+    void setTarget(Switch state) {
+        share_.setTarget(shareOf(state));
+        state_ = state;
+    }
     bool isFading() const { return share_.isMoving(); }
     // The switch is off and nothing of the processed signal is heard any more.
     bool isOff() const { return state_ == Switch::off && !isFading(); }

@@ -12,8 +12,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-enum : AudioUnitParameterID { kMasterOnOff = 0, kOutputGain = 7, kMeterMode = 8 };
-
 struct PropertyRow {
     AudioUnitPropertyID id;
     AudioUnitScope scope;
@@ -60,6 +58,13 @@ T taken(const void* data) {
     return value;
 }
 
+// Every parameter stands in the global scope, element 0.
+OSStatus checkParameter(AudioUnitParameterID id, AudioUnitScope scope, AudioUnitElement element) {
+    if (id >= UnitParameters::count) return kAudioUnitErr_InvalidParameter;
+    if (scope != kAudioUnitScope_Global) return kAudioUnitErr_InvalidScope;
+    return element == 0 ? noErr : kAudioUnitErr_InvalidElement;
+}
+
 SavedSettings initialSettings() {
     SavedSettings settings;
     settings.presetName = GetPresetStructure().sections.front().presets.front().name;
@@ -103,14 +108,14 @@ void QVM0015_AudioUnit::render(const Sample* const* in, Sample* const* out, std:
 }
 
 RenderSettings QVM0015_AudioUnit::renderSettings() const {
-    const bool on = parameters_.value(kMasterOnOff) != 0;
-    return {amplitudeFromDecibels(parameters_.value(kOutputGain)),
+    const bool on = parameters_.value(pidMasterOnOff) != 0;
+    return {amplitudeFromDecibels(parameters_.value(pidOutputGain)),
             on ? BypassFade::Switch::on : BypassFade::Switch::off, reader_.read(parameters_), meterMode()};
 }
 
 MeterMode QVM0015_AudioUnit::meterMode() const {
     constexpr MeterMode modes[] = {MeterMode::pre, MeterMode::post, MeterMode::difference};
-    const float value = std::clamp(parameters_.value(kMeterMode), 0.0F, 2.0F);
+    const float value = std::clamp(parameters_.value(pidMeterMode), 0.0F, 2.0F);
     return modes[static_cast<std::size_t>(value)];
 }
 
@@ -154,18 +159,14 @@ UnitStateResult QVM0015_AudioUnit::restoreState(std::span<const std::uint8_t> by
 
 OSStatus QVM0015_AudioUnit::getParameter(AudioUnitParameterID id, AudioUnitScope scope, AudioUnitElement element,
                                          float* value) const {
-    if (id >= UnitParameters::count) return kAudioUnitErr_InvalidParameter;
-    if (scope != kAudioUnitScope_Global) return kAudioUnitErr_InvalidScope;
-    if (element != 0) return kAudioUnitErr_InvalidElement;
-    *value = parameters_.value(id);
-    return noErr;
+    const OSStatus status = checkParameter(id, scope, element);
+    if (status == noErr) *value = parameters_.value(id);
+    return status;
 }
 
 OSStatus QVM0015_AudioUnit::setParameter(AudioUnitParameterID id, AudioUnitScope scope, AudioUnitElement element,
                                          float value, std::uint32_t) {
-    if (id >= UnitParameters::count) return kAudioUnitErr_InvalidParameter;
-    if (scope != kAudioUnitScope_Global) return kAudioUnitErr_InvalidScope;
-    if (element != 0) return kAudioUnitErr_InvalidElement;
+    if (const OSStatus status = checkParameter(id, scope, element); status != noErr) return status;
     const OSStatus status = parameters_.set(id, value);
     if (status == noErr) viz_.parameterChanged(id);
     return status;

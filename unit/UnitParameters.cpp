@@ -7,7 +7,6 @@
 
 namespace QVM_NAMESPACE {
 
-static_assert(UnitParameters::count == QVMParameterCount);
 static_assert(std::atomic<float>::is_always_lock_free);
 
 UnitParameters::UnitParameters() {

@@ -4,6 +4,7 @@
 // no order with any other. So a reader may see one of two related values change first; nothing here relies on both.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "platform/AudioUnit.h"
 
 #include <array>
@@ -15,7 +16,7 @@ namespace QVM_NAMESPACE {
 
 class UnitParameters {
 public:
-    static constexpr std::size_t count = 24;
+    static constexpr std::size_t count = QVMParameterCount;
     using Values = std::array<float, count>;
 
     // Every parameter at its initial value. Main thread: it reads the description.

@@ -28,20 +28,18 @@ void UnitSettings::namePreset(const std::string& name) {
     const std::vector<std::string>& names = GetPresets()->stringValues;
     const auto found = std::find(names.begin(), names.end(), name);
     presetName_ = std::make_shared<std::string>(name);
-    chosenByNumber_.store(false, std::memory_order_relaxed);
-    presetIndex_.store(found == names.end() ? -1 : static_cast<std::int32_t>(found - names.begin()),
-                       std::memory_order_relaxed);
+    preset_.store({found == names.end() ? -1 : static_cast<std::int32_t>(found - names.begin()), 0},
+                  std::memory_order_relaxed);
 }
 
 UnitSettings::Text UnitSettings::presentName() const {
-    if (!chosenByNumber_.load(std::memory_order_acquire)) return presetName_;
-    const auto index = static_cast<std::size_t>(std::max(presetIndex(), 0));
-    return std::make_shared<std::string>(GetPresets()->stringValues[index]);
+    const PresetNumber preset = preset_.load(std::memory_order_relaxed);
+    if (preset.isNamedByIt == 0) return presetName_;
+    return std::make_shared<std::string>(GetPresets()->stringValues[static_cast<std::size_t>(preset.index)]);
 }
 
 void UnitSettings::choosePreset(std::int32_t index) {
-    presetIndex_.store(index, std::memory_order_relaxed);
-    chosenByNumber_.store(true, std::memory_order_release);
+    preset_.store({index, 1}, std::memory_order_relaxed);
 }
 
 const std::string* UnitSettings::presetName() {

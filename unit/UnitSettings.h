@@ -45,7 +45,7 @@ public:
     bool interfacePreference() const;
 
     // The number of the preset with the present name, -1 when no preset has it. Any thread, no lock.
-    std::int32_t presetIndex() const { return presetIndex_.load(std::memory_order_relaxed); }
+    std::int32_t presetIndex() const { return preset_.load(std::memory_order_relaxed).index; }
     // Names the preset by its number, which must exist. Any thread, the render thread included: no lock, no memory.
     void choosePreset(std::int32_t index);
 
@@ -60,15 +60,18 @@ public:
 private:
     using Text = std::shared_ptr<const std::string>;
 
+    struct PresetNumber {
+        std::int32_t index = -1;
+        std::uint32_t isNamedByIt = 0; // 1: chosen by number after the name was stored, which it so makes out of date
+    };
+
     void namePreset(const std::string& name);
     Text presentName() const;
     static bool fits(const std::string* text) { return text && text->size() <= SavedSettings::maxTextBytes; }
 
-    // The number, and whether it was chosen after the name was stored and so tells the name. In that order: who sees
-    // the choice sees the number as well.
-    std::atomic<std::int32_t> presetIndex_ = -1;
-    std::atomic<bool> chosenByNumber_ = false;
-
+    // One word, so that number and flag are always those of one choice.
+    std::atomic<PresetNumber> preset_{};
+    static_assert(std::atomic<PresetNumber>::is_always_lock_free);
     std::atomic<std::uint32_t> restoreCount_ = 0;
 
     mutable std::mutex mutex_;

@@ -17,8 +17,7 @@ constexpr QVMFloat32Range meterRange = {-96, 12}; // dB
 } // namespace
 
 VizLink::VizLink(const UnitParameters& parameters) : parameters_(parameters) {
-    static_assert(parameterCount == UnitParameters::count);
-    for (std::uint32_t pid = 0; pid < parameterCount; ++pid)
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         descriptions_[pid] = GetParameter(pid);
 }
 

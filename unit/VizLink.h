@@ -6,7 +6,7 @@
 // exchanges the object waits for the flag, so that the object may be destroyed as soon as it was given up here.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "description/ParameterIDs.h"
 
 #include <array>
 #include <atomic>
@@ -43,8 +43,7 @@ public:
     void postLevels(std::span<const float> peaks);
 
 private:
-    static constexpr std::size_t parameterCount = 24;
-    static constexpr std::uint32_t everyPid = (std::uint32_t{1} << parameterCount) - 1;
+    static constexpr std::uint32_t everyPid = (std::uint32_t{1} << QVMParameterCount) - 1;
 
     void post(std::uint32_t changed);
     void writeStates();
@@ -53,7 +52,7 @@ private:
     void leave() { isInside_ = false; }
 
     const UnitParameters& parameters_;
-    std::array<const QVMParameter*, parameterCount> descriptions_; // constant once constructed
+    std::array<const QVMParameter*, QVMParameterCount> descriptions_; // constant once constructed
 
     // In one order that all threads agree on: who leaves looks for changes afterwards, who changes something tries to
     // enter afterwards, so that none is left behind.

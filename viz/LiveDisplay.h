@@ -6,7 +6,6 @@
 #include "externals/GenericAudio/QVMAudioBuffer.h"
 #include "viz/PBGLSketchAbstract.h"
 
-#include <array>
 #include <memory>
 
 namespace QVM_NAMESPACE {
@@ -32,16 +31,5 @@ std::unique_ptr<LiveDisplay> makeStereoscopeDisplay();
 std::unique_ptr<LiveDisplay> makeGRHistoryDisplay();
 // The levels of thirty third-octave bands, 25 Hz to 20 kHz.
 std::unique_ptr<LiveDisplay> makeHistogramDisplay();
-
-struct LiveDisplayEntry {
-    const char* name;
-    std::unique_ptr<LiveDisplay> (*make)();
-};
-inline constexpr std::array<LiveDisplayEntry, 4> LiveDisplays = {{
-    {"goniometer", makeGoniometerDisplay},
-    {"stereoscope", makeStereoscopeDisplay},
-    {"gain-reduction", makeGRHistoryDisplay},
-    {"histogram", makeHistogramDisplay},
-}};
 
 } // namespace QVM_NAMESPACE

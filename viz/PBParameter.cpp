@@ -14,15 +14,15 @@ struct TrackRow {
 
 // The only slider that holds a meter. Its handle's centre goes from 26 to 191 points above the bottom, on a groove of
 // 14 points around x = 48; two channels of 6 points fill the groove but for one point at either side.
-constexpr std::array<TrackRow, 1> kTracks = {{{7, {45, 26, 6, 165}}}};
+constexpr std::array<TrackRow, 1> kTracks = {{{pidOutputGain, {45, 26, 6, 165}}}};
 
 PBRect rectFrom(const QVMRect& rect) {
     return {static_cast<float>(rect.x), static_cast<float>(rect.y), static_cast<float>(rect.width),
             static_cast<float>(rect.height)};
 }
 
-std::array<PBParameter, 24> buildParameters() {
-    std::array<PBParameter, 24> rows;
+std::array<PBParameter, QVMParameterCount> buildParameters() {
+    std::array<PBParameter, QVMParameterCount> rows;
     for (const tables::ParameterIdentity& identity : tables::ParameterIdentities()) {
         PBParameter& row = rows.at(identity.pid);
         row.defaultValue = identity.initialValue;
@@ -46,6 +46,6 @@ std::array<PBParameter, 24> buildParameters() {
 
 } // namespace
 
-const std::array<PBParameter, 24> PB_Parameters = buildParameters();
+const std::array<PBParameter, QVMParameterCount> PB_Parameters = buildParameters();
 
 } // namespace QVM_NAMESPACE

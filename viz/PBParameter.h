@@ -2,6 +2,7 @@
 // thread, with no parameter record at hand.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "viz/PBSketch.h"
 
 #include <array>
@@ -31,6 +32,6 @@ struct PBParameter {
 static_assert(sizeof(PBParameter) == 17 * 4);
 
 // One row a parameter, by pid. Built before main() from the parameter tables, never changed.
-extern const std::array<PBParameter, 24> PB_Parameters;
+extern const std::array<PBParameter, QVMParameterCount> PB_Parameters;
 
 } // namespace QVM_NAMESPACE

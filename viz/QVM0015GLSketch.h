@@ -5,6 +5,7 @@
 // its corner glides. Main thread, except for levelMeter().
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "viz/PBGLSketchAbstract.h"
 #include "viz/QVMFreqResp.h"
 #include "viz/QVMLevelMeter.h"
@@ -52,21 +53,6 @@ public:
     QVMLevelMeter* levelMeter() const { return sharedMeter_.load(std::memory_order_acquire); }
 
 private:
-    enum Pid : std::size_t {
-        pidTiltGain = 1,
-        pidTiltRangeLow = 2,
-        pidTiltRangeHigh = 3,
-        pidTiltLoudnessMode = 6,
-        pidOutputGain = 7,
-        pidFilterRangeLow = 9,
-        pidFilterRangeHigh = 10,
-        pidFilterListenLow = 13,
-        pidFilterSlopeLow = 14,
-        pidFilterResonanceLow = 15,
-        pidFilterListenHigh = 20,
-        pidFilterSlopeHigh = 21,
-        pidFilterResonanceHigh = 22,
-    };
     struct Filter {
         float corner = 0;    // hertz
         float order = 0;     // slope in dB/octave over 6, not rounded
@@ -75,8 +61,8 @@ private:
     };
     using MaybeFilter = std::optional<Filter>;
 
-    float raw(Pid pid) const { return parameterStates[pid].value; }
-    float display(Pid pid) const { return parameterStates[pid].displayValue; }
+    float raw(ParameterID pid) const { return parameterStates[pid].value; }
+    float display(ParameterID pid) const { return parameterStates[pid].displayValue; }
     MaybeFilter lowFilter() const; // none while it is off
     MaybeFilter highFilter() const;
     QVMTiltEQ_LoudnessMode loudnessMode() const;

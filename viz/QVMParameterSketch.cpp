@@ -1,5 +1,6 @@
 #include "viz/QVMParameterSketch.h"
 
+#include "description/ParameterIDs.h"
 #include "description/QVMConfig.h"
 #include "platform/Window.h"
 
@@ -11,7 +12,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr unsigned kParamCount = 24; // of the product
 constexpr double kNumericMeterSeconds = 0.5;
 
 // What a printf format for one double makes of a number.
@@ -41,8 +41,8 @@ QVMParameterSketch::QVMParameterSketch(const Rect& frame, const QVMConfig& confi
     layer()->setName("parameterSketch");
     glSketch_->setFrame(getPathBounds(nullptr));
     glSketch_->setContentsScale(scale);
-    glSketch_->setSampleRateMaxFramesSketchParamCountChanInChanOut(sampleRate, maxFrames, PB_Sketches[0], kParamCount,
-                                                                   inChan, outChan);
+    glSketch_->setSampleRateMaxFramesSketchParamCountChanInChanOut(sampleRate, maxFrames, PB_Sketches[0],
+                                                                   QVMParameterCount, inChan, outChan);
 }
 
 QVMParameterSketch::~QVMParameterSketch() {

@@ -47,8 +47,8 @@ public:
     void performParameterConversionWithValues(unsigned pid, float* values);
     std::int64_t numParams() const { return numParams_; }
     // The parameter that has the editor's focus, -1 for none.
-    void setFocusedPid(std::int32_t pid) { focusedPid_ = static_cast<std::uint32_t>(pid); }
-    std::int32_t focusedPid() const { return static_cast<std::int32_t>(focusedPid_); }
+    void setFocusedPid(std::int32_t pid) { focusedPid_ = pid; }
+    std::int32_t focusedPid() const { return focusedPid_; }
     bool hasGL() const { return hasGL_; }
     // Whether frames are being delivered.
     bool isRunning() const { return displayLink_ != nullptr; }
@@ -82,7 +82,7 @@ private:
     NumericMeterDisplay* numericMeter_ = nullptr;
     bool vizVisible_ = true, hasGL_ = false;
     std::int64_t numParams_ = 0;
-    std::uint32_t focusedPid_ = static_cast<std::uint32_t>(-1);
+    std::int32_t focusedPid_ = -1;
     double timestamp_ = 0;                                            // seconds, of the last frame; 0: none yet
     double numericMeterTimestamp_ = 0;                                // seconds, of the last reading
     float lastNumericMeterValue_ = std::numeric_limits<float>::max(); // no reading yet

@@ -8,9 +8,9 @@
 
 namespace QVM_NAMESPACE {
 
-// Leaves out, in place, the points that lie on the straight line between their neighbours and returns how many of the
-// first `count` are left. The first two and the last always are. `straightness` is twice the area, times `count`, that
-// a point may span with its neighbours to be left out. Any thread that owns the points.
+// Leaves out, in place, the points that go on in the direction of the last two that are left, and returns how many of
+// the first `count` remain. The first two and the last always do. `straightness` is twice the area, times `count`, that
+// a point may span with those two to be left out. Any thread that owns the points.
 std::size_t dropStraightPoints(std::vector<float>& xs, std::vector<float>& ys, std::size_t count, float straightness);
 
 } // namespace QVM_NAMESPACE

@@ -1,7 +1,7 @@
 #include "description/tables/ParameterExtrasTable.h"
 
 #include "description/tables/Artwork.h"
-#include "description/tables/Glyphs.h"
+#include "description/tables/ValueNames.h"
 
 #include <array>
 
@@ -10,16 +10,7 @@ namespace tables {
 
 namespace {
 
-using Texts2 = std::array<std::string_view, 2>;
-
-constexpr Texts2 kOffOn = {"Off", "On"};
-constexpr std::array<std::string_view, 4> kLoudnessModes = {"Auto", "Norm", "Treble", "Bass"};
-constexpr std::array<std::string_view, 3> kMeterModes = {"Pre", "Post", "Diff"};
-
-constexpr Texts2 kPowerCues = {glyphs::power, glyphs::power};
-constexpr Texts2 kListenLowCues = {glyphs::listenLow, glyphs::listenLow};
-constexpr Texts2 kListenHighCues = {glyphs::listenHigh, glyphs::listenHigh};
-constexpr Texts2 kQualityCues = {glyphs::qualityOff, glyphs::qualityOn};
+constexpr ValueNames<2> kOffOn = {"Off", "On"};
 
 // Third-octave centre frequencies in Hz.
 constexpr std::array<float, 32> kThirdOctaves = {16,   20,   25,   31,   40,   50,   63,    80,    100,   125,  160,
@@ -37,8 +28,8 @@ constexpr std::array<Substitution, 1> kSilence = {{{"-96.0", "-Inf"}}};
 constexpr std::array<Substitution, 1> kLowestFilter = {{{"4.0", "Off"}}};
 constexpr std::array<Substitution, 1> kHighestFilter = {{{"24000.0", "Off"}}};
 
-constexpr Texts2 kLowFilterControls = {"FilterSlopeLow", "FilterResonanceLow"};
-constexpr Texts2 kHighFilterControls = {"FilterSlopeHigh", "FilterResonanceHigh"};
+constexpr ValueNames<2> kLowFilterControls = {"FilterSlopeLow", "FilterResonanceLow"};
+constexpr ValueNames<2> kHighFilterControls = {"FilterSlopeHigh", "FilterResonanceHigh"};
 constexpr std::array<Dimming, 1> kLowFilterOff = {{{4, kLowFilterControls}}};
 constexpr std::array<Dimming, 1> kHighFilterOff = {{{24000, kHighFilterControls}}};
 constexpr std::array<std::string_view, 1> kLowResonance = {"FilterResonanceLow"};
@@ -47,7 +38,12 @@ constexpr std::array<Dimming, 1> kListeningLow = {{{1, kLowResonance}}};
 constexpr std::array<Dimming, 1> kListeningHigh = {{{1, kHighResonance}}};
 
 constexpr std::array<ParameterExtras, 16> kExtras = {{
-    {.pid = 0, .label = "Power", .labelString = "Power", .stringValues = kOffOn, .cueSymbols = kPowerCues},
+    {.pid = 0,
+     .label = "Power",
+     .labelString = "Power",
+     .stringValues = kOffOn,
+     .cueSymbols = kPowerGlyphs,
+     .scope = 1},
     {.pid = 1,
      .tickmarks = kZeroMark,
      .cueSymbols = kTiltCues,
@@ -62,16 +58,16 @@ constexpr std::array<ParameterExtras, 16> kExtras = {{
      .tickmarks = kZeroMark,
      .minorTickmarks = kOutputMinorMarks,
      .displayTickmarks = kOutputMarks},
-    {.pid = 8, .stringValues = kMeterModes},
+    {.pid = 8, .stringValues = kMeterModes, .hidden = true},
     {.pid = 9, .substitutions = kLowestFilter, .coarseGranularityOptions = kThirdOctaves, .dims = kLowFilterOff},
     {.pid = 10, .substitutions = kHighestFilter, .coarseGranularityOptions = kThirdOctaves, .dims = kHighFilterOff},
-    {.pid = 13, .stringValues = kOffOn, .cueSymbols = kListenLowCues, .dims = kListeningLow},
+    {.pid = 13, .stringValues = kOffOn, .cueSymbols = kListenLowGlyphs, .dims = kListeningLow},
     {.pid = 14, .labelArtwork = &artwork::labelSlope, .labelString = "Slope"},
     {.pid = 15, .labelArtwork = &artwork::labelReso, .labelString = "Reso"},
-    {.pid = 20, .stringValues = kOffOn, .cueSymbols = kListenHighCues, .dims = kListeningHigh},
+    {.pid = 20, .stringValues = kOffOn, .cueSymbols = kListenHighGlyphs, .dims = kListeningHigh},
     {.pid = 21, .labelArtwork = &artwork::labelSlope, .labelString = "Slope"},
     {.pid = 22, .labelArtwork = &artwork::labelReso, .labelString = "Reso"},
-    {.pid = 23, .stringValues = kOffOn, .cueSymbols = kQualityCues},
+    {.pid = 23, .stringValues = kOffOn, .cueSymbols = kQualityGlyphs, .presetWildcard = true, .controlScale = 1.3f},
 }};
 
 constexpr std::array<RangeRow, 4> kRanges = {{

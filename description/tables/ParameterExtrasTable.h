@@ -1,4 +1,4 @@
-// What only some parameters have: labels, named values, scale marks, ranges and the like.
+// What only some parameters have: labels, named values, scale marks, ranges, and what is special about the switches.
 #pragma once
 
 #include "description/BuildNamespace.h"
@@ -37,6 +37,10 @@ struct ParameterExtras {
     std::span<const float> cueSymbolPositions = {};
     std::span<const float> cueSymbolValues = {};
     std::span<const Dimming> dims = {};
+    std::int32_t scope = 0;
+    bool hidden = false;
+    bool presetWildcard = false;
+    float controlScale = 1;
 };
 
 enum class RangeEnd { low, high };

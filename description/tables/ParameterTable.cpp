@@ -1,5 +1,6 @@
 #include "description/tables/ParameterTable.h"
 
+#include "description/ParameterIDs.h"
 #include "description/ParameterTypes.h"
 
 #include <array>
@@ -19,7 +20,7 @@ constexpr std::uint32_t kAdv = 4;
 // The link switches and ratios of the two frequency ranges carry the range of the frequencies beside them.
 // pid, name, codesafeName, minimalName, clump, unit and symbol, minimum, maximum, initial
 // clang-format off
-constexpr std::array<ParameterIdentity, 24> kIdentities = {{
+constexpr std::array<ParameterIdentity, QVMParameterCount> kIdentities = {{
     {0, "Master On/Off", "MasterOnOff", "power", kMaster, QVMUnitSwitch, "", 0, 1, 1},
     {1, "Tilt Gain", "TiltGain", "tg", kTilt, QVMUnitDecibels, "dB", -18, 18, 0},
     {2, "Tilt Range Low", "TiltRangeLow", "trl", kTilt, QVMUnitHertz, "Hz", 10, 24000, 20},
@@ -50,7 +51,7 @@ constexpr std::array<ParameterIdentity, 24> kIdentities = {{
 // horizontal, displaced, crementers, colour
 constexpr bool yes = true;
 constexpr bool no = false;
-constexpr std::array<ParameterControlRow, 24> kControls = {{
+constexpr std::array<ParameterControlRow, QVMParameterCount> kControls = {{
     {0, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 0, 2, 2, no, no, no, "#FFFFFF"},
     {1, 0.5f, 0.1f, 1.5f, "%0.1f", no, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#A54D55"},
     {2, 1, 0.1f, 10, "%1.0f", yes, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#B25962"},

@@ -12,10 +12,6 @@ namespace tables {
 
 namespace {
 
-constexpr std::uint32_t kMasterPid = 0;
-constexpr std::uint32_t kMeterModePid = 8;
-constexpr std::uint32_t kQualityPid = 23;
-
 std::vector<std::string> Strings(std::span<const std::string_view> texts) {
     return {texts.begin(), texts.end()};
 }
@@ -79,6 +75,10 @@ void FillExtras(QVMParameter& parameter, const ParameterExtras& row) {
     parameter.cueSymbolValues = Numbers(row.cueSymbolValues);
     for (const Dimming& dimming : row.dims)
         parameter.dims.emplace(dimming.value, Strings(dimming.codesafeNames));
+    parameter.scope = row.scope;
+    parameter.hidden = row.hidden;
+    parameter.presetWildcard = row.presetWildcard;
+    parameter.controlScale = row.controlScale;
 }
 
 void FillRange(QVMParameter& parameter, const RangeRow& row) {
@@ -111,15 +111,12 @@ std::string ImageText(const char* base64) {
 void FillParameter(QVMParameter& parameter, std::uint32_t pid) {
     FillIdentity(parameter, ParameterIdentities()[pid]);
     FillControl(parameter, ParameterControls()[pid]);
+    parameter.automatesSmoothly = true;
+    parameter.coarseGranularityShouldPreround = true;
+    parameter.controlScale = 1;
     if (const auto* row = RowFor(ParameterExtrasRows(), pid)) FillExtras(parameter, *row);
     if (const auto* row = RowFor(RangeRows(), pid)) FillRange(parameter, *row);
     if (const auto* row = RowFor(ParameterLayouts(), pid)) FillLayout(parameter, *row);
-    parameter.automatesSmoothly = true;
-    parameter.coarseGranularityShouldPreround = true;
-    parameter.scope = pid == kMasterPid ? 1 : 0;
-    parameter.hidden = pid == kMeterModePid;
-    parameter.presetWildcard = pid == kQualityPid;
-    parameter.controlScale = pid == kQualityPid ? 1.3f : 1.0f;
 }
 
 void FillClump(QVMClump& clump, std::uint32_t cid) {

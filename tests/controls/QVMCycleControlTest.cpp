@@ -122,8 +122,7 @@ TEST_F(QVMCycleControlTest, ADisabledControlIgnoresClicksAndIsFaint) {
     press(control, {30, 13});
     EXPECT_EQ(control.floatValue(), 0);
     EXPECT_TRUE(record.lines.empty());
-    EXPECT_LT(control.value()->opacity(), 1);
-    EXPECT_LT(control.bg()->opacity(), 1);
+    EXPECT_LT(control.alpha(), 1);
 }
 
 TEST_F(QVMCycleControlTest, AnInaccurateValueIsFainter) {

@@ -1,7 +1,5 @@
 // The gestures that all controls share, driven with synthetic events.
-#include "controls/QVMFloatControl.h"
-
-#include "controls/Gestures.h"
+#include "controls/HookedControl.h"
 #include "controls/QVMFocusBorder.h"
 #include "platform/Log.h"
 
@@ -13,54 +11,12 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Bench = HookedControlBench;
 
 constexpr std::uint32_t kShift = EventModifier::shift, kControl = EventModifier::control,
                         kOption = EventModifier::option, kCommand = EventModifier::command;
+
 constexpr Rect kFrame = {10, 20, 100, 40};
-
-std::string shown(const char* hook, const QVMGranularities& g) {
-    return std::string(hook) + ' ' + std::to_string(g.is) + ' ' + std::to_string(g.was) + (g.changed ? " changed" : "");
-}
-
-// Writes down which hook is called with which granularities.
-class HookedControl : public QVMFloatControl {
-public:
-    using QVMFloatControl::QVMFloatControl;
-    void handleMouseDownWithEventGranularities(const QVMEvent&, const QVMGranularities& g) override {
-        hooks.push_back(shown("down", g));
-    }
-    void handleMouseDraggedWithEventGranularities(const QVMEvent&, const QVMGranularities& g) override {
-        hooks.push_back(shown("dragged", g));
-    }
-    void handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities& g) override {
-        hooks.push_back(shown("up", g));
-    }
-    void handleScrollWithEventStartDeltaGranularities(const QVMEvent&, float, double,
-                                                      const QVMGranularities& g) override {
-        hooks.push_back(shown("scroll", g));
-    }
-    std::vector<std::string> hooks;
-};
-
-struct Bench {
-    explicit Bench(QVMParameter p) : parameter(std::move(p)), control(kFrame, parameter), record(control) {}
-    QVMParameter parameter;
-    HookedControl control;
-    GestureRecord record;
-    Point inside = {50, 20};
-};
-
-Bench tiltGain() {
-    return Bench(parameterLike(1));
-}
-
-// A mapping-free frequency parameter in whole steps.
-QVMParameter frequency() {
-    return parameterLike(9, [](QVMParameter& p) {
-        p.fineGranularity = 1;
-        p.logarithmic = false;
-    });
-}
 
 TEST(QVMFloatControl, OptionClickResetsAndReportsBeganButNeverEnded) {
     Bench b(parameterLike(1));
@@ -146,6 +102,14 @@ TEST(QVMFloatControl, ADisabledControlIgnoresTheMouseAndTheWheelButStartsItsGran
     EXPECT_THAT(b.record.lines, IsEmpty());
 }
 
+TEST(QVMFloatControl, ADisabledControlIsFaintAsAWhole) {
+    Bench b(parameterLike(1));
+    b.control.setPreventInteraction(true);
+    EXPECT_LT(b.control.alpha(), 0.6);
+    b.control.setPreventInteraction(false);
+    EXPECT_DOUBLE_EQ(b.control.alpha(), 1);
+}
+
 TEST(QVMFloatControl, OnlyMouseDownsArePassedOn) {
     struct Listener : Responder {
         int downs = 0, others = 0;
@@ -162,148 +126,6 @@ TEST(QVMFloatControl, OnlyMouseDownsArePassedOn) {
     b.control.scrollWheel(eventAt(EventType::scrollWheel, b.control, b.inside));
     EXPECT_EQ(next.downs, 1);
     EXPECT_EQ(next.others, 0);
-}
-
-TEST(QVMFloatControl, DownArrowAtTwelveKilohertzStepsByTenNotByAHundred) {
-    Bench b(frequency());
-    b.control.setFloatValue(12000);
-    EXPECT_FLOAT_EQ(b.control.incrementedValueForArrowGranularity(Key::down, 1), -10);
-    EXPECT_FLOAT_EQ(b.control.incrementedValueForArrowGranularity(Key::left, 1), -10);
-    EXPECT_FLOAT_EQ(b.control.incrementedValueForArrowGranularity(Key::up, 1), 10);
-    EXPECT_FLOAT_EQ(b.control.incrementedValueForArrowGranularity(Key::right, 1), 10);
-    b.control.setFloatValue(500);
-    EXPECT_FLOAT_EQ(b.control.incrementedValueForArrowGranularity(Key::up, 1), 1);
-}
-
-TEST(QVMFloatControl, AnArrowKeyIsOneDiscreteChange) {
-    Bench b(parameterLike(1));
-    EXPECT_TRUE(b.control.incrementWithArrowGranularity(Key::up, 0));
-    EXPECT_THAT(b.record.lines, ElementsAre("action 0.5", "discrete"));
-    EXPECT_TRUE(b.control.userControlling());
-}
-
-TEST(QVMFloatControl, RoundingTakesTheStepTowardsItsOwnSide) {
-    Bench b(parameterLike(1));     // steps of 0.5, rounded first
-    b.control.setFloatValue(2.3f); // rounds up to 2.5
-    b.control.incrementWithArrowGranularity(Key::up, 0);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 2.5f);
-    b.control.setFloatValue(2.3f);
-    b.control.incrementWithArrowGranularity(Key::down, 0);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 2.0f);
-    b.control.setFloatValue(2.1f); // rounds down to 2
-    b.control.incrementWithArrowGranularity(Key::down, 0);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 2.0f);
-    b.control.setFloatValue(2.1f);
-    b.control.incrementWithArrowGranularity(Key::up, 0);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 2.5f);
-}
-
-TEST(QVMFloatControl, WithoutPreroundingACoarseStepKeepsTheOffset) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.coarseGranularityShouldPreround = false; }));
-    b.control.setFloatValue(0.4f);
-    b.control.incrementWithArrowGranularity(Key::up, 2);
-    EXPECT_NEAR(b.control.floatValue(), 1.9f, 1e-5);
-}
-
-TEST(QVMFloatControl, CoarseStepsWalkTheCoarseOptions) {
-    Bench b(parameterLike(2));
-    b.control.setFloatValue(161);
-    b.control.incrementWithArrowGranularity(Key::up, 2);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 200);
-    b.control.incrementWithArrowGranularity(Key::up, 2);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 250);
-    b.control.incrementWithArrowGranularity(Key::down, 2);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 200);
-}
-
-TEST(QVMFloatControl, ACoarseStepAtTheLastOptionStaysAtTheArithmeticResult) {
-    Bench b(parameterLike(9, [](QVMParameter& p) {
-        p.coarseGranularityOptions = {100, 200};
-        p.coarseGranularity = 50;
-        p.coarseGranularityShouldPreround = false;
-        p.fineGranularity = 1;
-    }));
-    b.control.setFloatValue(203);
-    b.control.incrementWithArrowGranularity(Key::up, 2);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 253); // 203 + 50, not option 0
-    b.control.setFloatValue(97);
-    b.control.incrementWithArrowGranularity(Key::down, 2);
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 47);
-}
-
-TEST(QVMFloatControl, LimitFloatKeepsEachEndOnItsSideOfTheLimit) {
-    const auto limited = [](bool low) {
-        return parameterLike(9, [low](QVMParameter& p) {
-            p.range = QVMRangeSettings({{"low", low}, {"limit", 500.0f}});
-        });
-    };
-    Bench low(limited(true)), high(limited(false));
-    EXPECT_FLOAT_EQ(low.control.limitFloat(700), 500);
-    EXPECT_FLOAT_EQ(low.control.limitFloat(300), 300);
-    EXPECT_FLOAT_EQ(high.control.limitFloat(300), 500);
-    EXPECT_FLOAT_EQ(high.control.limitFloat(700), 700);
-    EXPECT_FLOAT_EQ(tiltGain().control.limitFloat(700), 700); // no pair
-}
-
-Event wheel(const View& view, double x, double y, bool precise, std::uint32_t phase = 0, bool inverted = true) {
-    Event event = eventAt(EventType::scrollWheel, view, {50, 20});
-    event.scrollingDeltaX = x;
-    event.scrollingDeltaY = y;
-    event.hasPreciseScrollingDeltas = precise;
-    event.phase = phase;
-    event.isDirectionInvertedFromDevice = inverted;
-    return event;
-}
-
-TEST(QVMFloatControl, AGentleTickOfANotchedWheelCountsAsAWholeNotch) {
-    Bench b(parameterLike(7));
-    b.control.setFloatValue(-6);
-    b.control.scrollWheel(wheel(b.control, 0, -0.3, false));
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 10);
-    EXPECT_FLOAT_EQ(b.control.scrollStartValue(), -6);
-    b.control.scrollWheel(wheel(b.control, 0, 0, false));
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), -10);
-    b.control.scrollWheel(wheel(b.control, 0, 2.5, false, 0, false)); // the direction plays no part
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), -25);
-}
-
-TEST(QVMFloatControl, ANotchedWheelReadsTheVerticalDeltaOfALyingControlToo) {
-    Bench b(parameterLike(1));
-    b.control.scrollWheel(wheel(b.control, 7, -2, false));
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 20);
-}
-
-TEST(QVMFloatControl, PreciseScrollingAccumulatesFromTheMayBeginPhase) {
-    Bench b(parameterLike(7));
-    b.control.setFloatValue(-6);
-    b.control.scrollWheel(wheel(b.control, 0, -3, true, EventPhase::mayBegin));
-    EXPECT_FLOAT_EQ(b.control.scrollStartValue(), -6);
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 3);
-    b.control.setFloatValue(-3);
-    b.control.scrollWheel(wheel(b.control, 0, -4, true, EventPhase::began)); // no new sequence
-    EXPECT_FLOAT_EQ(b.control.scrollStartValue(), -6);
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 7);
-    b.control.scrollWheel(wheel(b.control, 0, -1, true, EventPhase::changed, false)); // classic direction
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 6);
-    b.control.scrollWheel(wheel(b.control, 0, -5, true, EventPhase::mayBegin | EventPhase::began));
-    EXPECT_FLOAT_EQ(b.control.scrollStartValue(), -3);
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 5);
-}
-
-TEST(QVMFloatControl, PreciseScrollingOfALyingControlReadsTheHorizontalDelta) {
-    Bench b(parameterLike(1));
-    b.control.scrollWheel(wheel(b.control, 3, 50, true, EventPhase::mayBegin));
-    EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 3);
-}
-
-TEST(QVMFloatControl, ScrollingHandsTheGranularitiesToItsHook) {
-    Bench b(parameterLike(1));
-    Event event = wheel(b.control, 3, 0, true);
-    event.modifierFlags = kCommand;
-    b.control.scrollWheel(event);
-    b.control.scrollWheel(event);
-    EXPECT_THAT(b.control.hooks, ElementsAre("scroll 1 0 changed", "scroll 1 1"));
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 0);
 }
 
 TEST(QVMFloatControl, TheContextMenuItemsResetConvertAndAskForDocumentation) {

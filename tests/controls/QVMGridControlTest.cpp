@@ -141,7 +141,7 @@ TEST_F(QVMGridControlTest, ADisabledGridIsFaintAndIgnoresThePointer) {
     control.setPreventInteraction(true);
     press(control, control.squares()[7].center());
     EXPECT_EQ(control.floatValue(), 0);
-    EXPECT_LT(control.bg()->opacity(), 1);
+    EXPECT_LT(control.alpha(), 1);
 }
 
 TEST_F(QVMGridControlTest, FollowsTheThemeAndStaysLegible) {

@@ -30,6 +30,13 @@ TEST_F(QVMMeterButtonTest, TheSuffixFollowsTheReadingInTheUnitFontAndTheButtonsC
     EXPECT_EQ(button.glyph()->string().string(), "-1.5dB");
 }
 
+TEST_F(QVMMeterButtonTest, TheSuffixTakesTheColourThatTheReadingIsShownIn) {
+    button.setSuffix("dB");
+    button.resetGlyphColor("-3.0", Color::white(0.2f));
+    for (const TextRun& run : button.glyph()->string().runs)
+        EXPECT_EQ(run.color, Color::white(0.2f)) << run.text;
+}
+
 TEST_F(QVMMeterButtonTest, TheSuffixCanBeTakenAwayAgain) {
     button.setSuffix("dB");
     button.setSuffix(std::nullopt);

@@ -1,58 +1,18 @@
-// The parameter control: values in and out, typed text, clicks beside the inner control, dimming.
-#include "controls/QVMParameterControl.h"
-
-#include "controls/Gestures.h"
-#include "controls/QVMVerticalSlider.h"
+// The parameter control: values in and out, clicks beside the inner control, dimming.
+#include "controls/ParameterControlBench.h"
 #include "platform/RunLoop.h"
-#include "platform/VirtualTime.h"
 #include "platform/Window.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace QVM_NAMESPACE {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Bench = ParameterControlBench;
 
 constexpr Rect kFrame = {0, 26, 321, 56};
-
-// A lone parameter control with a record of what reaches its owner.
-class Bench : public QVMParameterControlDelegate {
-public:
-    explicit Bench(QVMParameter p, float value = 0) : parameter(std::move(p)), control(kFrame, {}, &parameter, value) {
-        control.setDelegate(this);
-        control.setAction([this](Control& sender) { values.push_back(sender.floatValue()); });
-    }
-    void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& sender, QVMInteraction state,
-                                                        const Event*) override {
-        EXPECT_EQ(&sender, &control);
-        static const char* const names[] = {"began", "ended", "discrete"};
-        reports.push_back(names[state]);
-    }
-    void parameterControlHasRequestedDocumentation(QVMParameterControl&) override { reports.push_back("document"); }
-    void parameterControlDidTapMeaninglessly(QVMParameterControl&) override { reports.push_back("meaningless"); }
-    void parameterControlWantsToPerformStaticConversion(QVMParameterControl&, std::int32_t value) override {
-        reports.push_back("convert " + std::to_string(value));
-    }
-    void parameterControlWantsToDisplayModal(QVMParameterControl&, View&) override { reports.push_back("modal"); }
-
-    QVMVerticalSlider& slider() { return dynamic_cast<QVMVerticalSlider&>(*control.primaryControl()); }
-    std::string readout() { return slider().readout()->string().string(); }
-
-    VirtualTime time;
-    QVMParameter parameter;
-    QVMParameterControl control;
-    std::vector<float> values;
-    std::vector<std::string> reports;
-};
-
-Event clickAt(const View& view, Point point, int clicks) {
-    Event event = eventAt(EventType::mouseDown, view, point);
-    event.clickCount = clicks;
-    return event;
-}
 
 TEST(QVMParameterControl, TheInnerControlStandsInTheParametersFrameAndShowsTheFirstValue) {
     Bench b(parameterLike(1), 4.5f);
@@ -91,50 +51,6 @@ TEST(QVMParameterControl, AnUnknownTypeAndAMissingParameterShowNothingAndForward
     EXPECT_EQ(none.controlFrame(), Rect{});
 }
 
-TEST(QVMParameterControl, TypingOnePointFiveWithACommaAndKSetsFifteenHundred) {
-    Bench b(parameterLike(2), 20);
-    b.control.setStringValue("1,5k");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 1500);
-    b.control.setStringValue("2.2k");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 2200);
-    EXPECT_THAT(b.values, ElementsAre(1500, 2200));
-    EXPECT_THAT(b.reports, ElementsAre("discrete", "discrete"));
-}
-
-TEST(QVMParameterControl, TypingWhatIsNoNumberSetsZero) {
-    Bench b(parameterLike(1), 6);
-    for (const char* odd : {"abc", "", "-", "1.2.3", "inf", "nan", "k", "1e3", "0x10", " 5"}) {
-        b.control.setFloatValue(6);
-        b.control.setStringValue(odd);
-        EXPECT_FLOAT_EQ(b.control.floatValue(), 0) << odd;
-    }
-    b.control.setStringValue("-4.5");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), -4.5f);
-    b.control.setStringValue(".5");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 0.5f);
-}
-
-TEST(QVMParameterControl, TypedValuesBeyondTheRangeStopAtItsEnds) {
-    Bench b(parameterLike(2), 20);
-    b.control.setStringValue("abc");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 10);
-    b.control.setStringValue("99k");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 24000);
-}
-
-TEST(QVMParameterControl, WithTextEntryNumbersTheIndexOfTheNearestIsTheValue) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers = {0.5, 1, 2}; }));
-    b.control.setStringValue("1.4");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 1);
-    b.control.setStringValue("0.75"); // 0.5 and 1 are equally near: the first
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 0);
-    b.control.setStringValue("9");
-    EXPECT_FLOAT_EQ(b.control.floatValue(), 2);
-    Bench empty(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers.emplace(); }), 6);
-    empty.control.setStringValue("7");
-    EXPECT_FLOAT_EQ(empty.control.floatValue(), 0);
-}
-
 TEST(QVMParameterControl, ItIsDimmedUntilTheLastHoldIsReleased) {
     Bench b(parameterLike(14), 12);
     b.control.setDimmedDelayPriorityKey(true, 0, 10, "A");
@@ -159,26 +75,6 @@ TEST(QVMParameterControl, ItIsDimmedUntilTheLastHoldIsReleased) {
     EXPECT_DOUBLE_EQ(b.control.layer()->presentation().opacity, 1);
 }
 
-TEST(QVMParameterControl, ADoubleClickOnAnUnfocusedControlDoesNothingVisible) {
-    Bench b(parameterLike(1), 3);
-    b.control.mouseDown(clickAt(b.control, {5, 5}, 2));
-    EXPECT_EQ(b.readout(), "3.0\uE803");
-    EXPECT_FALSE(b.slider().displayingTransientBufferValue());
-    EXPECT_TRUE(b.slider().readoutBorder()->isHidden());
-    EXPECT_THAT(b.values, IsEmpty());
-}
-
-TEST(QVMParameterControl, ADoubleClickOnAFocusedControlOpensAnEmptyField) {
-    Bench b(parameterLike(1), 3);
-    b.control.setFocused(true);
-    EXPECT_TRUE(b.slider().highlit());
-    const Point handle = b.slider().readoutBulb()->position();
-    b.slider().mouseDown(clickAt(b.slider(), handle, 2)); // passed on by the inner control
-    EXPECT_TRUE(b.slider().displayingTransientBufferValue());
-    EXPECT_EQ(b.readout(), "");
-    EXPECT_FALSE(b.slider().readoutBorder()->isHidden());
-}
-
 TEST(QVMParameterControl, OtherClicksArePassedOnButNotADoubleClick) {
     struct Listener : Responder {
         int downs = 0;
@@ -191,31 +87,6 @@ TEST(QVMParameterControl, OtherClicksArePassedOnButNotADoubleClick) {
         EXPECT_EQ(next.downs, clicks == 1 ? 1 : clicks - 1);
     }
     b.control.setNextResponder(nullptr);
-}
-
-TEST(QVMParameterControl, TypedTextShowsOnlyWhileFocusedAndIsDiscardedWithTheFocus) {
-    Bench b(parameterLike(1), 3);
-    EXPECT_TRUE(b.control.acceptsTransientStringBuffers());
-    b.control.setTransientStringValue("-1");
-    EXPECT_EQ(b.readout(), "3.0\uE803");
-    b.control.setFocused(true);
-    b.control.setTransientStringValue("-1");
-    EXPECT_EQ(b.readout(), "-1");
-    b.control.setFloatValue(5); // the host moves on; what is typed stays
-    EXPECT_EQ(b.readout(), "-1");
-    b.control.setFocused(false);
-    EXPECT_EQ(b.readout(), "5.0\uE803");
-    EXPECT_FALSE(b.slider().displayingTransientBufferValue());
-    EXPECT_FALSE(b.slider().highlit());
-}
-
-TEST(QVMParameterControl, CommittingTypedTextEndsItsDisplay) {
-    Bench b(parameterLike(1), 3);
-    b.control.setFocused(true);
-    b.control.setTransientStringValue("7");
-    b.control.setStringValue("7");
-    EXPECT_FALSE(b.slider().displayingTransientBufferValue());
-    EXPECT_EQ(b.readout(), "7.0\uE803");
 }
 
 TEST(QVMParameterControl, AnImmutableValueIsShownWhateverIsPushedIn) {

@@ -56,12 +56,7 @@ protected:
         return dynamic_cast<QVMVerticalSlider&>(*control->primaryControl());
     }
     void send(EventType type, Point at, std::uint32_t modifiers = 0) {
-        Event event;
-        event.type = type;
-        event.locationInWindow = at;
-        event.modifierFlags = modifiers;
-        event.clickCount = 1;
-        window.sendEvent(event);
+        window.sendEvent(eventAt(type, *window.contentView(), at, modifiers));
     }
     double lowX() { return kLeft + sliderOf(low).handleValue(); }
     double highX() { return kLeft + sliderOf(high).handleValue(); }

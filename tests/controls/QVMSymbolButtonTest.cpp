@@ -81,6 +81,21 @@ TEST_F(QVMSymbolButtonTest, SelectionIsTheSpotlight) {
     EXPECT_EQ(button.spotlight()->opacity(), 0);
 }
 
+TEST_F(QVMSymbolButtonTest, AGlyphStandsOutFromTheLightBehindIt) {
+    const Color lit = composite(button.spotlight()->backgroundColor(), colorFrom(GetMetadata()->color));
+    const auto glyphColor = [this] { return button.glyph()->string().runs.at(0).color; };
+    ASSERT_LT(contrastRatio(glyphColor(), lit), minimumTextContrast) << "a white glyph needs help there";
+    for (const auto light : {&QVMSymbolButton::setSelected, &QVMSymbolButton::setWarning}) {
+        (button.*light)(true);
+        EXPECT_GE(contrastRatio(glyphColor(), lit), minimumTextContrast);
+        (button.*light)(false);
+        EXPECT_EQ(glyphColor(), button.color());
+    }
+    button.resetGlyphColor(std::string(icons::undo), Color::white(0.1f));
+    button.setSelected(true);
+    EXPECT_EQ(glyphColor(), button.color()) << "a dark one does not";
+}
+
 TEST_F(QVMSymbolButtonTest, SettingTheSameWarningTwicePulsesOnlyOnce) {
     button.setWarning(true);
     const BasicAnimation* pulse = button.warningLight()->animationForKey("pulse");

@@ -1,14 +1,8 @@
-// The slider's gestures and values, on a lone control in virtual time.
-#include "controls/QVMVerticalSlider.h"
-
-#include "controls/Gestures.h"
-#include "platform/VirtualTime.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+// The slider's extents and gestures.
+#include "controls/SliderFixture.h"
 
 #include <cmath>
-#include <limits>
+#include <gmock/gmock.h>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -16,28 +10,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::uint32_t kShift = EventModifier::shift, kCommand = EventModifier::command,
-                        kOption = EventModifier::option;
-constexpr Rect kLying = {0, 0, 274, 54}, kUpright = {0, 0, 97, 217}, kMember = {0, 0, 274, 34};
+constexpr std::uint32_t kShift = EventModifier::shift, kCommand = EventModifier::command;
 
-class QVMVerticalSliderTest : public testing::Test {
-protected:
-    // The point on the slider's axis through its handle.
-    static Point at(const QVMVerticalSlider& slider, double position) {
-        Point point = slider.readoutBulb()->position();
-        (slider.horizontal() ? point.x : point.y) = position;
-        return point;
-    }
-    // Puts the handle where the value belongs and lets it arrive.
-    void show(QVMVerticalSlider& slider, float value) {
-        slider.setFloatValue(value);
-        time.advance(1);
-    }
-    static float valueAt(const QVMVerticalSlider& slider, double position, int granularity) {
-        return slider.floatValueFromPositionValueGranularity(position, granularity);
-    }
-    VirtualTime time;
-};
+using QVMVerticalSliderTest = SliderFixture;
 
 TEST_F(QVMVerticalSliderTest, ExtentsFollowTheHandlesSize) {
     const QVMVerticalSlider lying(kLying, *GetParameter(1)), upright(kUpright, *GetParameter(7));
@@ -255,88 +230,6 @@ TEST_F(QVMVerticalSliderTest, AHandleOverAMarkIsGrabbedNotTheMark) {
     EXPECT_FLOAT_EQ(slider.floatValue(), -24);
 }
 
-TEST_F(QVMVerticalSliderTest, ValuesFromTheModelGlideAndSendNothing) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    show(slider, 0);
-    GestureRecord record(slider);
-    slider.setFloatValue(18);
-    EXPECT_TRUE(slider.isHandleGliding());
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
-    EXPECT_LT(slider.readoutBulb()->presentation().position.x, 256);
-    time.advance(QVMVerticalSlider::glideSeconds + 0.01);
-    EXPECT_FALSE(slider.isHandleGliding());
-    EXPECT_THAT(record.lines, IsEmpty());
-}
-
-TEST_F(QVMVerticalSliderTest, TheFirstValueIsThereAtOnce) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    EXPECT_FALSE(slider.setOnce());
-    slider.setFloatValue(18);
-    EXPECT_TRUE(slider.setOnce());
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
-    EXPECT_FALSE(slider.isHandleGliding());
-}
-
-TEST_F(QVMVerticalSliderTest, ValuesFromTheModelDuringADragAreStoredButDoNotMoveTheHandle) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    press(slider, at(slider, slider.handleValue()));
-    drag(slider, at(slider, 200));
-    const double handle = slider.handleValue();
-    slider.setFloatValue(-18);
-    EXPECT_FLOAT_EQ(slider.floatValue(), -18);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), handle);
-}
-
-TEST_F(QVMVerticalSliderTest, AUsersValueWaitsWhileTheHandleIsHeld) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    show(slider, 0);
-    press(slider, at(slider, slider.handleValue()));
-    const double handle = slider.handleValue();
-    slider.setFloatValueFromInteraction(18, ValueOrigin::interaction);
-    time.advance(0.35);
-    EXPECT_FLOAT_EQ(slider.floatValue(), 18);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), handle);
-    release(slider, at(slider, handle));
-    time.advance(0.1);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
-}
-
-TEST_F(QVMVerticalSliderTest, AUsersValueWaitsWhileTheHandleIsGliding) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    show(slider, 0);
-    slider.setFloatValue(18);
-    time.advance(0.05);
-    slider.setFloatValueFromInteraction(-18, ValueOrigin::interaction);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
-    time.advance(0.09);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
-    time.advance(0.02);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 18);
-}
-
-TEST_F(QVMVerticalSliderTest, ANewerValueReplacesOneThatWaits) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    show(slider, 0);
-    press(slider, at(slider, 256)); // glides, so its value waits
-    release(slider, at(slider, 256));
-    slider.setFloatValue(-6);
-    time.advance(1);
-    EXPECT_FLOAT_EQ(slider.floatValue(), -6);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(-6));
-}
-
-TEST_F(QVMVerticalSliderTest, OptionClickEndsTheHoldAndReturnsToTheInitialValue) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
-    press(slider, at(slider, 256));
-    drag(slider, at(slider, 250));
-    press(slider, at(slider, 250), kOption);
-    EXPECT_FALSE(slider.dragging());
-    EXPECT_FALSE(slider.writeLocked());
-    EXPECT_FLOAT_EQ(slider.floatValue(), 0);
-    time.advance(1);
-    EXPECT_DOUBLE_EQ(slider.handleValue(), 137);
-}
-
 TEST_F(QVMVerticalSliderTest, ScrollingMovesNothing) {
     QVMVerticalSlider slider(kLying, *GetParameter(1));
     GestureRecord record(slider);
@@ -368,20 +261,6 @@ TEST_F(QVMVerticalSliderTest, MetaActionsMoveTheHandleByThePointersWay) {
     slider.handleMetaActionWithEvent(4, &event);
     slider.handleMetaActionWithEvent(QVMMetaActionDown, nullptr);
     EXPECT_FLOAT_EQ(slider.floatValue(), 20);
-}
-
-TEST_F(QVMVerticalSliderTest, ValuesThatAreNoNumbersLeaveTheHandleOnTheTrack) {
-    QVMVerticalSlider slider(kMember, *GetParameter(2));
-    for (const float odd : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
-                            -std::numeric_limits<float>::infinity(), 0.0f, -5.0f}) {
-        show(slider, odd);
-        EXPECT_GE(slider.handleValue(), slider.lowest()) << odd;
-        EXPECT_LE(slider.handleValue(), slider.highest()) << odd;
-        press(slider, at(slider, slider.handleValue()));
-        drag(slider, at(slider, slider.handleValue() + 30), kCommand);
-        EXPECT_TRUE(std::isfinite(slider.floatValue())) << odd;
-        release(slider, at(slider, slider.handleValue()));
-    }
 }
 
 } // namespace

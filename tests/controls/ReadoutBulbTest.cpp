@@ -73,13 +73,5 @@ TEST(ReadoutBulb, TheCaretFollowsTheTypedText) {
     EXPECT_GT(caret.frame().x, before);
 }
 
-TEST(ReadoutBulb, ADisabledHandleIsFaint) {
-    ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
-    bulb.setEnabled(false);
-    EXPECT_LT(bulb.bulb()->opacity(), 0.6);
-    bulb.setEnabled(true);
-    EXPECT_DOUBLE_EQ(bulb.bulb()->opacity(), 1);
-}
-
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -4,7 +4,7 @@
 #include "StereoSignals.h"
 #include "platform/CpuDrawingSurface.h"
 #include "platform/GlDrawingSurface.h"
-#include "viz/LiveDisplay.h"
+#include "viz/LiveDisplays.h"
 
 #include <cstdio>
 #include <cstring>

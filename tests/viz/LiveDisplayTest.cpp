@@ -1,6 +1,6 @@
 // The pictures of the goniometer and the stereoscope for signals of which theory says what they look like, on both back
 // ends. Every question is also asked of pictures that must fail: none, a shifted one, and those of other signals.
-#include "viz/LiveDisplay.h"
+#include "viz/LiveDisplays.h"
 
 #include "StereoSignals.h"
 #include "platform/CpuDrawingSurface.h"

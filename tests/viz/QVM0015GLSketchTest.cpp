@@ -19,6 +19,17 @@ protected:
         return {sketch->response().begin(), sketch->response().end()};
     }
     const QVMFreqResp& display() const { return sketch->responseDisplay(); }
+    // The initial settings have both filters off.
+    void expectOnlyOffAt(double off, double beside, ParameterID range, ParameterID slope, ParameterID resonance) {
+        settings[pidTiltGain] = 3;
+        const std::vector<float> without = responseOf(settings);
+        settings[range] = off;
+        settings[resonance] = 18;
+        settings[slope] = 48;
+        EXPECT_EQ(responseOf(settings), without);
+        settings[range] = beside;
+        EXPECT_NE(responseOf(settings), without);
+    }
 
     std::unique_ptr<QVM0015GLSketch> sketch = makeCurve(108);
     Settings settings = initialSettings();
@@ -57,25 +68,11 @@ TEST_F(QVM0015GLSketchTest, TheUpperTiltCornerIsTakenAsTwiceTheLowerOneAtLeast) 
 }
 
 TEST_F(QVM0015GLSketchTest, TheLowFilterAndItsResonanceAreAbsentAtExactlyFourHertz) {
-    settings[1] = 3;
-    const std::vector<float> without = responseOf(settings);
-    settings[9] = 4;
-    settings[15] = 18;
-    settings[14] = 48;
-    EXPECT_EQ(responseOf(settings), without);
-    settings[9] = 4.1;
-    EXPECT_NE(responseOf(settings), without);
+    expectOnlyOffAt(4, 4.1, pidFilterRangeLow, pidFilterSlopeLow, pidFilterResonanceLow);
 }
 
 TEST_F(QVM0015GLSketchTest, TheHighFilterAndItsResonanceAreAbsentAtExactlyTwentyFourKilohertz) {
-    settings[1] = 3;
-    const std::vector<float> without = responseOf(settings);
-    settings[10] = 24000;
-    settings[22] = 18;
-    settings[21] = 48;
-    EXPECT_EQ(responseOf(settings), without);
-    settings[10] = 23999;
-    EXPECT_NE(responseOf(settings), without);
+    expectOnlyOffAt(24000, 23999, pidFilterRangeHigh, pidFilterSlopeHigh, pidFilterResonanceHigh);
 }
 
 TEST_F(QVM0015GLSketchTest, AFilterIsSwitchedByItsValueButDrawnAtItsGlidingCorner) {

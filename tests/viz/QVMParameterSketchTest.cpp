@@ -1,85 +1,12 @@
-#include "viz/QVMParameterSketch.h"
-
-#include "SketchFixture.h"
-#include "description/QVMConfig.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+// The frame loop of an editor's sketches, and their visibility.
+#include "ParameterSketchFixture.h"
 
 #include <gmock/gmock.h>
-#include <thread>
 
 namespace QVM_NAMESPACE {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-// Ticks when it is told to, on a thread of its own.
-class HandTicks final : public DisplayTickSource {
-public:
-    void start(Tick tick) override { tick_ = std::move(tick); }
-    void stop() override { tick_ = nullptr; }
-    bool isStarted() const { return tick_ != nullptr; }
-    void tick() {
-        time_ += 1000;
-        std::thread([this] { tick_({time_, 60000, 1000}); }).join();
-    }
-
-private:
-    Tick tick_;
-    std::int64_t time_ = 60000;
-};
-
-class Reader final : public QVMParameterSketchDelegate {
-public:
-    void sketchHasUpdatedParameterStates(QVMParameterSketch&, const QVMParameterState* states) override {
-        ++frames;
-        tiltGain = states[1].value;
-    }
-    int frames = 0;
-    float tiltGain = 0;
-};
-
-class Readout final : public NumericMeterDisplay {
-public:
-    void setSuffix(std::optional<std::string> suffix) override { calls.push_back("suffix " + suffix.value_or("none")); }
-    void resetGlyphColor(const std::string& text, std::optional<Color> color) override {
-        calls.push_back("text " + text + (color ? " coloured" : ""));
-    }
-    std::vector<std::string> calls;
-};
-
-class QVMParameterSketchTest : public testing::Test {
-protected:
-    QVMParameterSketchTest() : view(add(makeMain())) {}
-
-    std::unique_ptr<QVMParameterSketch> makeMain() {
-        return std::make_unique<QVMParameterSketch>(Rect{4, 196, 54, 62}, *config, 48000.0f, 512u, 2.0f, 2u, 2u);
-    }
-    QVMParameterSketch& add(std::unique_ptr<QVMParameterSketch> sketch) {
-        window.setBackingScaleFactor(2);
-        return window.setContentView(std::make_unique<View>(Rect{0, 0, 480, 320})).addSubview(std::move(sketch));
-    }
-    QVMAuxiliarySketch& addMeter() {
-        auto meter = std::make_unique<QVMAuxiliarySketch>(Rect{321, 0, 97, 217}, 48000.0f, 512u, PB_Sketches[1], 24u,
-                                                          view.getVizRef(), 2.0f, 2u, 2u);
-        QVMAuxiliarySketch& added = window.contentView()->addSubview(std::move(meter));
-        view.addAuxiliarySketch(added);
-        return added;
-    }
-    QVM0015GLSketch& object() { return static_cast<QVM0015GLSketch&>(*view.getVizRef()); }
-    void frame() {
-        ticks.tick();
-        time.settle();
-    }
-
-    HandTicks ticks;
-    ScopedDisplayTickSource source{ticks};
-    VirtualTime time;
-    std::unique_ptr<QVMConfig> config = QVMConfig::inlinedConfig();
-    Window window;
-    QVMParameterSketch& view;
-};
+using QVMParameterSketchTest = ParameterSketchFixture;
 
 TEST_F(QVMParameterSketchTest, IsSetUpForTheResponseCurve) {
     EXPECT_EQ(view.glSketch()->sketch(), PB_Sketches[0]);
@@ -251,35 +178,6 @@ TEST_F(QVMParameterSketchTest, MovingIntoAWindowShowsIt) {
     EXPECT_TRUE(view.isRunning());
 }
 
-TEST_F(QVMParameterSketchTest, SharesItsObjectWithTheAuxiliaryViews) {
-    QVMAuxiliarySketch& meter = addMeter();
-    EXPECT_EQ(meter.glSketch()->getVizRef(), view.getVizRef());
-    EXPECT_EQ(object().refCount, 2u);
-    EXPECT_NE(object().levelMeter(), nullptr);
-    EXPECT_THAT(view.auxiliarySketches(), ElementsAre(&meter));
-}
-
-TEST_F(QVMParameterSketchTest, TheObjectSurvivesTheMainView) {
-    QVMAuxiliarySketch& meter = addMeter();
-    view.removeFromSuperview().reset();
-    const PBGLSketchAbstract* left = meter.glSketch()->getVizRef();
-    EXPECT_EQ(left->refCount, 1u);
-    EXPECT_EQ(left->paramCount, 24u);
-}
-
-TEST_F(QVMParameterSketchTest, AnAuxiliaryViewThatGoesLeavesTheList) {
-    QVMAuxiliarySketch& meter = addMeter();
-    meter.removeFromSuperview().reset();
-    EXPECT_THAT(view.auxiliarySketches(), IsEmpty());
-    EXPECT_EQ(object().refCount, 1u);
-    frame();
-}
-
-TEST_F(QVMParameterSketchTest, AnAuxiliaryViewCanNotBeClicked) {
-    addMeter();
-    EXPECT_EQ(window.hitTest({370, 100}), window.contentView());
-}
-
 TEST_F(QVMParameterSketchTest, ChangesOfScaleAndSizeReachTheDrawingObject) {
     QVMAuxiliarySketch& meter = addMeter();
     window.setBackingScaleFactor(1);
@@ -294,44 +192,6 @@ TEST_F(QVMParameterSketchTest, PathBoundsAreTheSuperlayersElseTheViews) {
     EXPECT_EQ(view.getPathBounds(nullptr), (Rect{0, 0, 54, 62}));
     EXPECT_EQ(view.getPathBounds(view.glSketch().get()), (Rect{0, 0, 54, 62}));
     EXPECT_EQ(view.getPathBounds(view.layer().get()), (Rect{0, 0, 480, 320}));
-}
-
-class NumericMeter : public QVMParameterSketchTest {
-protected:
-    void SetUp() override {
-        view.setNumericMeter(&readout);
-        object().numericMeterFormat = "%0.1f";
-        object().numericMeterSuffix = "LU";
-    }
-    void frameAt(double seconds) { view.getFrameWithDurationAndTime(1.0 / 60, seconds); }
-
-    Readout readout;
-};
-
-TEST_F(NumericMeter, TheFirstReadingIsAlwaysShown) {
-    object().numericMeterValue = 0;
-    frameAt(10);
-    EXPECT_THAT(readout.calls, ElementsAre("suffix LU", "text 0.0"));
-}
-
-TEST_F(NumericMeter, AnEqualReadingIsNotShownAgainButTakesItsHalfSecond) {
-    object().numericMeterValue = -3;
-    frameAt(10);
-    readout.calls.clear();
-    frameAt(10.6); // equal
-    object().numericMeterValue = -4;
-    frameAt(11.0); // within half a second of the equal one
-    EXPECT_THAT(readout.calls, IsEmpty());
-    frameAt(11.2);
-    EXPECT_THAT(readout.calls, ElementsAre("suffix LU", "text -4.0"));
-}
-
-TEST_F(NumericMeter, NothingIsShownMoreThanTwiceASecond) {
-    for (int i = 0; i < 300; ++i) {
-        object().numericMeterValue = static_cast<float>(i);
-        frameAt(10 + i / 60.0);
-    }
-    EXPECT_EQ(readout.calls.size(), 2u * 10);
 }
 
 } // namespace

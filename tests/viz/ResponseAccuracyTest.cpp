@@ -57,12 +57,7 @@ protected:
 
 TEST_F(ResponseAccuracy, EveryFactoryPresetInEveryLoudnessModeAndListen) {
     for (std::uint32_t preset = 0; preset < QVMPresetCount; ++preset) {
-        Settings settings = initialSettings();
-        const std::vector<float> values = PresetIndexToPresetValues(preset).value();
-        std::size_t next = 0;
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-            if (!GetParameter(pid)->presetWildcard) settings[pid] = values.at(next++);
-        }
+        Settings settings = presetSettings(preset);
         for (int mode = 0; mode < 4; ++mode) {
             settings[6] = mode;
             for (int listens = 0; listens < 4; ++listens)

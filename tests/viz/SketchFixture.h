@@ -1,7 +1,7 @@
 // A drawing object with settings, as a layer would make it.
 #pragma once
 
-#include "ReferenceResponse.h"
+#include "ReferenceSettings.h"
 #include "description/Description.h"
 #include "viz/QVM0015GLSketch.h"
 
@@ -18,13 +18,6 @@ inline PBGLCanvas meterCanvas(float scale = 2) {
 }
 
 // Every parameter at its initial value.
-inline reference::Settings initialSettings() {
-    reference::Settings settings{};
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        settings[pid] = GetParameter(pid)->initialValue;
-    return settings;
-}
-
 // A response curve's object over `points` frequencies at scale 1.
 inline std::unique_ptr<QVM0015GLSketch> makeCurve(int points) {
     auto sketch = std::make_unique<QVM0015GLSketch>();

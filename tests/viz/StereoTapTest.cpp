@@ -139,13 +139,21 @@ TEST(AudioSide, TheTestNoticesOneThatBlocks) {
     EXPECT_EQ(side.get(), 0u);
 }
 
-TEST(AudioSide, AllocatesAndWaitsForNothing) {
+// All that take audio, set up.
+class AllDisplays : public testing::Test {
+protected:
+    void SetUp() override {
+        goniometer.init(displayCanvas(), 48000, kBlock);
+        stereoscope.init(displayCanvas(), 48000, kBlock);
+        history.init(displayCanvas(), {-24, 0}, true, false);
+    }
     QVMGoniometer goniometer;
     QVMStereoscope stereoscope;
     QVMGRHistory history;
-    goniometer.init(displayCanvas(), 48000, kBlock);
-    stereoscope.init(displayCanvas(), 48000, kBlock);
-    history.init(displayCanvas(), {-24, 0}, true, false);
+};
+using AudioSideOfAll = AllDisplays;
+
+TEST_F(AudioSideOfAll, AllocatesAndWaitsForNothing) {
     QVMAudioBuffer<float> block = counting(2, kBlock), mono = counting(1, kBlock);
     const auto offences = realtime::offencesOf([&] {
         for (int i = 0; i < 8; ++i) {
@@ -158,13 +166,7 @@ TEST(AudioSide, AllocatesAndWaitsForNothing) {
     EXPECT_FALSE(offences.any()) << offences;
 }
 
-TEST(AudioSide, RunsBesideTheDrawingSide) {
-    QVMGoniometer goniometer;
-    QVMStereoscope stereoscope;
-    QVMGRHistory history;
-    goniometer.init(displayCanvas(), 48000, kBlock);
-    stereoscope.init(displayCanvas(), 48000, kBlock);
-    history.init(displayCanvas(), {-24, 0}, true, false);
+TEST_F(AudioSideOfAll, RunsBesideTheDrawingSide) {
     std::atomic<bool> isDone = false;
     std::thread audio([&] {
         SignalSource source(Signal::mono, 48000);

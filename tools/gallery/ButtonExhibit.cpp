@@ -38,6 +38,7 @@ std::unique_ptr<Exhibit> ButtonExhibit::make(const ExhibitRow& row, ExhibitState
 
 ButtonExhibit::ButtonExhibit(const Rect& frame, std::unique_ptr<QVMSymbolButton> button, ExhibitSurface surface)
     : Exhibit(frame), button_(addSubview(std::move(button))), surface_(surface) {
+    layer()->setMasksToBounds(false); // the warning light pulses beyond the button
     button_.setAction([this](Control&) { report("pressed"); });
 }
 
@@ -66,8 +67,6 @@ bool ButtonExhibit::show(ExhibitState state) {
 
 void ButtonExhibit::themeUpdated() {
     button_.resetGlyphColor(button_.symbol(), colorOn(surface_));
-    auto* const reading = dynamic_cast<QVMMeterButton*>(&button_);
-    if (reading) reading->setSuffix(reading->suffix()); // in the new colour
 }
 
 } // namespace QVM_NAMESPACE

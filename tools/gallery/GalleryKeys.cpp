@@ -9,11 +9,6 @@ namespace {
 constexpr std::u32string_view kTypable = U"0123456789.,-k";
 constexpr std::size_t kMostTyped = 12;
 
-std::int32_t granularityOf(const Event& event) {
-    if (event.has(EventModifier::command)) return QVMGranularityFine;
-    return event.has(EventModifier::shift) ? QVMGranularityCoarse : QVMGranularityNormal;
-}
-
 bool isArrow(char32_t character) {
     return character >= Key::up && character <= Key::right;
 }
@@ -82,7 +77,8 @@ bool GalleryKeys::handleKey(const Event& event) {
     default:
         break;
     }
-    if (isArrow(character)) return focused_->incrementWithArrowGranularity(character, granularityOf(event));
+    if (isArrow(character))
+        return focused_->incrementWithArrowGranularity(character, QVMFloatControl::granularityFromEvent(event));
     return !event.has(EventModifier::command) && type(character);
 }
 

@@ -2,13 +2,14 @@
 
 #include "description/NumberText.h"
 #include "description/ValueMapping.h"
+#include "description/ValueText.h"
 
 #include <cmath>
 
 namespace QVM_NAMESPACE {
 
 namespace {
-constexpr float kKilohertz = 1000, kTenKilohertz = 10000;
+constexpr float kKilohertz = 1000;
 }
 
 float GalleryParameter::percentageFromFloatValue(float shownValue) const {
@@ -28,9 +29,7 @@ std::string GalleryParameter::stringForValue(float value) const {
         return index >= 0 && index < static_cast<std::int32_t>(stringValues.size())
                    ? stringValues[static_cast<std::size_t>(index)]
                    : std::string();
-    const auto number = static_cast<double>(value);
-    if (unit == QVMUnitHertz && value >= kKilohertz) return FixedText(number / 1000, value < kTenKilohertz ? 2 : 1);
-    return FixedText(number, decimals);
+    return unit == QVMUnitHertz ? FrequencyText(value) : FixedText(static_cast<double>(value), decimals);
 }
 
 std::optional<std::string> GalleryParameter::suffixForValue(float value) const {

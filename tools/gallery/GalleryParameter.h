@@ -11,7 +11,7 @@ public:
     // Logarithmic where the field says so, else linear.
     float percentageFromFloatValue(float shownValue) const override;
     float normalizedFloatValueFromPercent(float percent, std::uint32_t type) const override;
-    // The value's name, or the number with `decimals`; frequencies in kilohertz from 1000 up.
+    // The value's name, or the number with `decimals`; frequencies as the product shows them.
     std::string stringForValue(float value) const override;
     std::optional<std::string> suffixForValue(float value) const override;
 

@@ -1,6 +1,6 @@
 #include "tools/gallery/LiveDisplayView.h"
 
-#include "theme/Colors.h"
+#include "tools/gallery/Accent.h"
 
 #include <algorithm>
 
@@ -10,7 +10,6 @@ namespace {
 
 constexpr unsigned kBlockFrames = 512;
 constexpr double kLongestFrame = 0.25; // seconds; what a stalled program has missed stays missed
-constexpr Color kColor = colorFromHex(0xA5666C);
 
 } // namespace
 
@@ -63,7 +62,7 @@ void LiveDisplayView::setUp() {
     picture_->setFrame(bounds());
     picture_->setContentsScale(scale);
     PBGLCanvas canvas;
-    canvas.sketch.color = {kColor.r, kColor.g, kColor.b};
+    canvas.sketch.color = {galleryAccent.r, galleryAccent.g, galleryAccent.b};
     canvas.width = static_cast<float>(size_.width);
     canvas.height = static_cast<float>(size_.height);
     canvas.scale = static_cast<float>(scale);

@@ -1,6 +1,7 @@
 #include "tools/gallery/PageView.h"
 
 #include "theme/QVMUITheme.h"
+#include "tools/gallery/Accent.h"
 
 #include <algorithm>
 
@@ -11,8 +12,7 @@ namespace {
 // Points.
 constexpr double kMargin = 24, kTop = 14, kGapX = 20, kLeastWidth = 62;
 constexpr double kTitleHeight = 18, kTitleGap = 6, kCaptionGap = 5, kCaptionHeight = 13, kRowGap = 11;
-constexpr double kAccentMargin = 5, kAccentRadius = 6;
-constexpr unsigned kAccentColor = 0xA5666C;
+constexpr double kAccentMargin = 10, kAccentRadius = 6; // a pulsing light has room within the margin
 constexpr double kTitleSize = 12, kCaptionSize = 11, kTitleKern = 0.4;
 
 std::string identifierOf(const GalleryPage& page, const ExhibitRow& row, std::string_view state) {
@@ -88,7 +88,7 @@ void PageView::addAccent(const Rect& frame) {
     auto accent = std::make_shared<Layer>();
     accent->setFrame(frame);
     accent->setCornerRadius(kAccentRadius);
-    accent->setBackgroundColor(colorFromHex(kAccentColor));
+    accent->setBackgroundColor(galleryAccent);
     layer()->insertSublayer(accent, 0);
 }
 

@@ -1,5 +1,6 @@
 #include "tools/gallery/Pages.h"
 
+#include "resources/IconGlyphs.h"
 #include "tools/gallery/Displays.h"
 
 #include <algorithm>
@@ -67,8 +68,8 @@ std::vector<GalleryPage> makePages() {
           {"QVMGridControl", Kind::parameter, "Steps", kField},
           {"QVMGridControl, wide", Kind::parameter, "Bits", kWideField}}},
         {"Buttons",
-         {{"QVMSymbolButton", Kind::symbolButton, "Gear", kButton, "\uE102", kAccent},
-          {"QVMSymbolButton, smaller", Kind::symbolButton, "Undo", kSmallButton, "\uE104", kAccent},
+         {{"QVMSymbolButton", Kind::symbolButton, "Gear", kButton, icons::gear, kAccent},
+          {"QVMSymbolButton, smaller", Kind::symbolButton, "Undo", kSmallButton, icons::undo, kAccent},
           {"QVMMeterButton", Kind::meterButton, "Reading", kReading, "dB", kAccent}}},
         {"Displays", {}, PageFlow::tiles},
     };

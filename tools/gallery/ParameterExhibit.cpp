@@ -117,15 +117,19 @@ void ParameterExhibit::showHovered() {
     inner.mouseMoved(event);
 }
 
+std::vector<QVMParameterControl*> ParameterExhibit::parts() const {
+    if (!high_) return {control_};
+    return {control_, high_, band_, track_};
+}
+
 void ParameterExhibit::showDimmed() {
-    for (QVMParameterControl* part :
-         {control_, high_, static_cast<QVMParameterControl*>(band_), static_cast<QVMParameterControl*>(track_)})
-        if (part) part->setDimmedDelayPriorityKey(true, 0, kDimPriority, kDimKey);
+    for (QVMParameterControl* part : parts())
+        part->setDimmedDelayPriorityKey(true, 0, kDimPriority, kDimKey);
 }
 
 void ParameterExhibit::showDisabled() {
-    for (QVMParameterControl* part : {control_, high_, static_cast<QVMParameterControl*>(band_)})
-        if (part && part->primaryControl()) part->primaryControl()->setPreventInteraction(true);
+    for (QVMParameterControl* part : parts())
+        part->primaryControl()->setPreventInteraction(true);
 }
 
 void ParameterExhibit::showExtreme(ExhibitState state) {

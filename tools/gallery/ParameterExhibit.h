@@ -5,6 +5,8 @@
 #include "tools/gallery/Exhibit.h"
 #include "tools/gallery/GalleryParameter.h"
 
+#include <vector>
+
 namespace QVM_NAMESPACE {
 
 class ParameterExhibit final : public Exhibit, private QVMParameterControlDelegate {
@@ -19,6 +21,7 @@ private:
     QVMParameterControl& addControl(const Rect& frame, const GalleryParameter& parameter);
     void addBand();
     bool show(ExhibitState state);
+    std::vector<QVMParameterControl*> parts() const;
     void showHovered();
     void showDimmed();
     void showDisabled();

@@ -11,7 +11,7 @@ namespace QVM_NAMESPACE {
 // By `codesafeName`; null for a key that there is none for. Made on first use, live as long as the process. Main
 // thread.
 const GalleryParameter* galleryParameter(std::string_view key);
-// All of them, in the order of the table.
+// All of them, in the order of the tables.
 const std::vector<GalleryParameter>& galleryParameters();
 
 } // namespace QVM_NAMESPACE

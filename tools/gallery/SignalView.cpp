@@ -2,6 +2,7 @@
 
 #include "description/NumberText.h"
 #include "theme/QVMUITheme.h"
+#include "tools/gallery/Accent.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr double kSmoothingSeconds = 0.1, kFloorDb = -60;
 constexpr double kBarHeight = 12, kTextHeight = 20, kGap = 4; // points
-constexpr unsigned kBarColor = 0xA5666C;
 
 double decibels(double square) {
     return std::max(10 * std::log10(std::max(square, 1e-12)), kFloorDb);
@@ -73,7 +73,7 @@ void SignalView::setBar(const Bar& bar, double from, double to, const std::strin
     const Rect track = bar.track->frame();
     bar.track->setBackgroundColor(palette.trackFill);
     bar.track->setBorder(1, palette.trackBorder);
-    bar.fill->setBackgroundColor(colorFromHex(kBarColor));
+    bar.fill->setBackgroundColor(galleryAccent);
     bar.fill->setFrame(
         {track.x + track.width * std::min(from, to), track.y, track.width * std::abs(to - from), track.height});
     bar.label->setString({bar.label->name(), QVMUITheme::unitFontOfSize(12), palette.label});

@@ -8,22 +8,6 @@ namespace QVM_NAMESPACE::dsp {
 
 namespace {
 
-enum Pid : std::uint32_t {
-    pidTiltGain = 1,
-    pidTiltRangeLow = 2,
-    pidTiltRangeHigh = 3,
-    pidTiltLoudnessMode = 6,
-    pidFilterRangeLow = 9,
-    pidFilterRangeHigh = 10,
-    pidFilterListenLow = 13,
-    pidFilterSlopeLow = 14,
-    pidFilterResonanceLow = 15,
-    pidFilterListenHigh = 20,
-    pidFilterSlopeHigh = 21,
-    pidFilterResonanceHigh = 22,
-    pidHQMode = 23,
-};
-
 // A filter at the end of its range is off. The editor shows tenths of a hertz, and so do these.
 constexpr double kLowIsOff = 4.05, kHighIsOff = 23999.95; // hertz
 constexpr double kDecibelsPerOctaveAndOrder = 6, kLowestOrder = 1, kHighestOrder = 8;
@@ -47,7 +31,7 @@ double EqReader::shown(const UnitParameters& parameters, std::uint32_t pid) cons
 }
 
 EqSettings EqReader::read(const UnitParameters& parameters) const {
-    const auto value = [&](Pid pid) { return shown(parameters, pid); };
+    const auto value = [&](ParameterID pid) { return shown(parameters, pid); };
     EqSettings settings;
     settings.tiltGain = value(pidTiltGain);
     settings.tiltLow = value(pidTiltRangeLow);

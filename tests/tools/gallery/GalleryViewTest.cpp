@@ -1,6 +1,7 @@
 // The gallery under pointer and keys, in virtual time.
 #include "tools/gallery/GalleryView.h"
 
+#include "controls/Gestures.h"
 #include "platform/VirtualTime.h"
 #include "platform/Window.h"
 #include "theme/QVMUITheme.h"
@@ -35,12 +36,7 @@ protected:
         throw std::out_of_range(identifier);
     }
     void send(EventType type, Point at, std::uint32_t modifiers = 0) {
-        Event event;
-        event.type = type;
-        event.locationInWindow = at;
-        event.modifierFlags = modifiers;
-        event.clickCount = 1;
-        window.sendEvent(event);
+        window.sendEvent(eventAt(type, *view, at, modifiers));
     }
     void click(Point at) {
         send(EventType::mouseDown, at);

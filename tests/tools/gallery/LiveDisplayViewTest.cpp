@@ -5,6 +5,7 @@
 #include "platform/Window.h"
 #include "tools/gallery/Displays.h"
 #include "tools/gallery/TestSignal.h"
+#include "viz/LiveDisplays.h"
 
 #include <gtest/gtest.h>
 

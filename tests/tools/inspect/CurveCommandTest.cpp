@@ -1,6 +1,6 @@
 #include "description/Description.h"
 #include "tools/inspect/RunTool.h"
-#include "viz/ReferenceResponse.h"
+#include "viz/ReferenceSettings.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -44,13 +44,6 @@ Table tableFrom(const std::string& text) {
         if (!fields.at(2).empty()) table.audition.push_back(std::atof(fields.at(2).c_str()));
     }
     return table;
-}
-
-Settings initialSettings() {
-    Settings settings{};
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        settings[pid] = GetParameter(pid)->initialValue;
-    return settings;
 }
 
 // With long and short keys in turn.
@@ -107,12 +100,7 @@ TEST(CurveCommand, PrintsTheInitialSettingsOverTheDisplaysGrid) {
 
 TEST(CurveCommand, AgreesWithTheFormulasForEveryPreset) {
     for (std::uint32_t preset = 0; preset < QVMPresetCount; ++preset) {
-        Settings settings = initialSettings();
-        const std::vector<float> values = PresetIndexToPresetValues(preset).value();
-        std::size_t next = 0;
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-            if (!GetParameter(pid)->presetWildcard) settings[pid] = values.at(next++);
-        }
+        Settings settings = presetSettings(preset);
         settings[6] = preset % 4;
         settings[13] = preset / 4 % 2;
         settings[20] = preset / 8 % 2;
