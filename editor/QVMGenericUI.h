@@ -31,6 +31,7 @@ namespace QVM_NAMESPACE {
 
 class DrawerBackdrop;
 class FrameButton;
+struct MenuItem;
 class QVMClumpsView;
 class NumericMeterReading;
 class PBGLSketchAbstract;
@@ -197,6 +198,9 @@ public:
     void mouseDown(const Event& event) override;
     void mouseUp(const Event& event) override;
     std::unique_ptr<Menu> menuForEvent(const Event& event) override;
+    // What the menu key opens: the context menu of the control with the focus and, below it, all that takes a click on
+    // a button otherwise.
+    std::unique_ptr<Menu> menuForKeyboard();
     void viewDidMoveToWindow() override;
     void viewDidChangeBackingProperties() override;
 
@@ -274,15 +278,21 @@ private:
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
 
-    // Context menu.
+    // Menus.
+    std::unique_ptr<Menu> contextMenu(const QVMParameterControl* control);
+    bool popUpMenuForKey(const Event& event);
+    std::vector<MenuItem> buttonItems();
     void addControlItems(Menu& menu, const QVMParameterControl& control);
     void addSettingsItems(Menu& menu);
+    void flipAB();
+    void copyAB();
     void copySettings();
     void pasteSettings();
     void resetAllSettings();
     // Does nothing once the editor, or its control of the parameter, is gone.
     std::function<void()> onControl(std::uint32_t pid, void (*action)(QVMParameterControl&)) const;
     std::function<void()> onEditor(void (QVMGenericUI::*action)());
+    std::function<void()> onKeyboard(bool (QVMKeyboardHandler::*action)());
 
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;

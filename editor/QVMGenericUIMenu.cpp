@@ -23,11 +23,14 @@ MenuItem item(std::string title, std::function<void()> action, bool enabled = tr
 
 std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
     if (event.has(EventModifier::option) || event.has(EventModifier::command)) return nullptr;
-    const QVMParameterControl* control = controlAtWindowPoint(event.locationInWindow);
+    return contextMenu(controlAtWindowPoint(event.locationInWindow));
+}
+
+std::unique_ptr<Menu> QVMGenericUI::contextMenu(const QVMParameterControl* control) {
     lastRightClickedPid_.reset();
     auto menu = std::make_unique<Menu>();
     menu->title = config_->metadata->pluginName;
-    if (control && control->primaryControl()) addControlItems(*menu, *control);
+    if (control && control->parameter() && control->primaryControl()) addControlItems(*menu, *control);
     addSettingsItems(*menu);
     return menu;
 }

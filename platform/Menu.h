@@ -24,6 +24,7 @@ class Menu {
 public:
     std::string title; // shown as a heading; may be empty
     std::vector<MenuItem> items;
+    bool selectsFirst = false; // for the keyboard: opens with the first row marked that can be chosen
 };
 
 } // namespace QVM_NAMESPACE

@@ -23,7 +23,7 @@ struct NamedKey {
 };
 
 // Made at each call: the toolkit's codes are no constants.
-std::array<NamedKey, 11> namedKeys() {
+std::array<NamedKey, 12> namedKeys() {
     using K = juce::KeyPress;
     return {{{K::upKey, Key::up, 126, EventModifier::numericPad},
              {K::downKey, Key::down, 125, EventModifier::numericPad},
@@ -35,7 +35,8 @@ std::array<NamedKey, 11> namedKeys() {
              {U'`', U'`', Key::codeGrave, 0},
              {K::backspaceKey, U'\x7F', Key::codeDelete, 0},
              {K::deleteKey, U'\x7F', Key::codeDelete, 0},
-             {K::escapeKey, U'\x1B', Key::codeEscape, 0}}};
+             {K::escapeKey, U'\x1B', Key::codeEscape, 0},
+             {K::F10Key, U'\0', Key::codeF10, 0}}};
 }
 
 // Keys of the keypad that the toolkit tells from the others.
@@ -107,6 +108,15 @@ Event keyEventFrom(const juce::KeyPress& key, SuperKey super) {
         out.modifierFlags |= EventModifier::numericPad;
     }
     if (character != 0) out.charactersIgnoringModifiers = {character};
+    return out;
+}
+
+Event menuKeyEvent() {
+    Event out;
+    out.type = EventType::keyDown;
+    out.timestamp = RunLoop::main().now();
+    out.modifierFlags = modifierFlagsFrom(juce::ModifierKeys::currentModifiers, SuperKey::up);
+    out.keyCode = Key::codeMenu;
     return out;
 }
 

@@ -21,6 +21,8 @@ Event mouseEventFrom(const juce::MouseEvent& event, EventType type, SuperKey sup
 // A notch of a wheel is one line; a smooth device gives points. Positive is up and left, as the toolkit has it.
 Event scrollEventFrom(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel, SuperKey super);
 Event keyEventFrom(const juce::KeyPress& key, SuperKey super);
+// A press of the key that opens a context menu, for which the toolkit has no name.
+Event menuKeyEvent();
 
 juce::MouseCursor toToolkit(Cursor cursor);
 

@@ -37,7 +37,10 @@ std::optional<NativeKey> dispatchedKey() {
     const bool isDown = lastEvent.type == KeyPressEventType;
     if (!isDown && lastEvent.type != KeyRelease) return std::nullopt;
     const XKeyEvent& key = lastEvent.xkey;
-    return NativeKey{static_cast<unsigned char>(key.keycode), isDown, key.send_event != 0, key.state, key.time};
+    const auto code = static_cast<unsigned char>(key.keycode);
+    const XWindowSystemUtilities::ScopedXLock lock;
+    const KeySym plain = X11Symbols::getInstance()->xkbKeycodeToKeysym(key.display, code, 0, 0);
+    return NativeKey{code, plain == XK_Menu, isDown, key.send_event != 0, key.state, key.time};
 }
 
 void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond) {

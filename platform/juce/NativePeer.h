@@ -21,6 +21,7 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys);
 // A key as the X server told of it.
 struct NativeKey {
     unsigned char code; // the server's number of the key
+    bool isMenuKey;     // the one that opens a context menu
     bool isDown;
     bool isSynthetic;   // made by another program, not by a hand
     unsigned int state; // modifiers and buttons held

@@ -5,9 +5,14 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <functional>
+
 namespace QVM_NAMESPACE {
 
-// An item's action runs when it is chosen, on the main thread, unless `owner` is gone by then.
-juce::PopupMenu toToolkit(const Menu& menu, const juce::Component::SafePointer<juce::Component>& owner);
+// An item's action runs when it is chosen, on the main thread, unless `owner` is gone by then; after it `afterwards`,
+// unless the action did away with the owner.
+juce::PopupMenu toToolkit(
+    const Menu& menu, const juce::Component::SafePointer<juce::Component>& owner,
+    const std::function<void()>& afterwards = [] {});
 
 } // namespace QVM_NAMESPACE

@@ -15,7 +15,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double focusReturnSeconds = 0.05; // a click in an embedded window takes the focus and gives it again
 constexpr double shortestFrame = 0.012;     // seconds between frames that a change asks for
 constexpr double restShare = 0.5;           // of the time that drawing took, during which nothing is drawn
 constexpr int tooltipDelayMs = 700;
@@ -267,7 +266,7 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
     const juce::Rectangle<int> target(static_cast<int>(at.x), static_cast<int>(at.y), 1, 1);
     hasMenu_ = true;
     updateKeys();
-    juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this));
+    juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this), [this] { settleKeys(); });
     popup.setLookAndFeel(&runtime_->lookAndFeel());
     popup.showMenuAsync(
         juce::PopupMenu::Options().withParentComponent(this).withDeletionCheck(*this).withTargetScreenArea(
@@ -278,102 +277,8 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
             self->updateKeys();
             if (!self->wantsKeys_) self->giveFocusBack();
         });
-}
-
-// Keys and focus
-
-bool WindowComponent::keyPressed(const juce::KeyPress& key) {
-    areToolTipsQuiet_ = true; // who types looks at what is typed, until the pointer is used again
-    const SafePointer<WindowComponent> self(this);
-    const bool isHandled = window_.sendEvent(keyEventFrom(key, SuperKey::up));
-    if (!self) return isHandled;
-    if (isHandled)
-        settleKeys();
-    else
-        passKeyOn();
-    return isHandled;
-}
-
-// What the host's window would have got had the focus been there.
-void WindowComponent::passKeyOn() {
-    if (embedding_ != Embedding::inHost) return;
-    const auto key = juce::dispatchedKey();
-    // A host may send us keys of its own accord; to send those back would go on for ever.
-    if (!key || !key->isDown || key->isSynthetic) return;
-    if (hostFocus_.sendKey(nativeWindow(), *key)) passedOn_.insert(key->code);
-}
-
-bool WindowComponent::keyStateChanged(bool isKeyDown) {
-    const auto key = juce::dispatchedKey();
-    if (!isKeyDown && key && !key->isDown && passedOn_.erase(key->code) > 0) hostFocus_.sendKey(nativeWindow(), *key);
-    return false;
-}
-
-void WindowComponent::takeKeyboardFocus() {
-    wantsKeys_ = true;
-    updateKeys();
-    // In mid-press it is not known yet whether anything will want keys when it is over, and a host that lost the focus
-    // for a moment shows it.
-    if (embedding_ == Embedding::inHost && isPressed_) return;
-    grabKeys();
-}
-
-void WindowComponent::grabKeys() {
-    if (!getPeer()) return;
-    grabKeyboardFocus();
-    // The toolkit may believe that it never lost the focus.
-    if (juce::ComponentPeer* peer = getPeer(); peer && !peer->isFocused()) peer->grabFocus();
-    if (hasKeyboardFocus(true)) window_.setKeyWindow(true); // it may have had the focus already
-}
-
-void WindowComponent::settleKeys() {
-    if (isPressed_) return;
-    const bool areWanted = (wantsKeys_ || window_.isKeyWindow()) && window_.wantsKeys();
-    if (areWanted != wantsKeys_) {
-        wantsKeys_ = areWanted;
-        updateKeys();
-    }
-    if (areWanted)
-        grabKeys();
-    else
-        giveFocusBack();
-}
-
-void WindowComponent::releaseKeyboardFocus() {
-    wantsKeys_ = false;
-    updateKeys();
-    giveFocusBack();
-}
-
-// While nothing here wants keys they go to the host, wherever the pointer is.
-void WindowComponent::updateKeys() {
-    const bool areTaken = wantsKeys_ || hasMenu_ || embedding_ == Embedding::ownWindow;
-    if (juce::ComponentPeer* peer = getPeer())
-        juce::setPeerKeys(*peer, areTaken ? juce::PeerKeys::taken : juce::PeerKeys::leftToParent);
-}
-
-void WindowComponent::parentHierarchyChanged() {
-    updateKeys();
-    lookAround();
-}
-
-void WindowComponent::giveFocusBack() {
-    // A menu closes when its program loses the focus.
-    if (embedding_ == Embedding::inHost && !hasMenu_) hostFocus_.giveBack(nativeWindow());
-}
-
-void WindowComponent::focusGained(FocusChangeType) {
-    resignation_.cancel();
-    if (wantsKeys_ || embedding_ == Embedding::ownWindow) window_.setKeyWindow(true);
-}
-
-void WindowComponent::focusLost(FocusChangeType) {
-    resignation_.schedule(focusReturnSeconds, [this] {
-        if (hasKeyboardFocus(true)) return;
-        wantsKeys_ = false;
-        updateKeys();
-        window_.setKeyWindow(false);
-    });
+    juce::Component* const shown = getChildComponent(getNumChildComponents() - 1);
+    if (menu->selectsFirst && shown) shown->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
 }
 
 std::uint64_t WindowComponent::nativeWindow() const {

@@ -6,6 +6,7 @@
 #include "platform/Window.h"
 #include "platform/juce/EventMapping.h"
 #include "platform/juce/HostFocus.h"
+#include "platform/juce/NativePeer.h"
 #include "platform/juce/ToolkitRasterBackend.h"
 #include "platform/juce/ToolkitRuntime.h"
 #include "platform/juce/WindowMapState.h"
@@ -13,6 +14,7 @@
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <memory>
+#include <optional>
 #include <set>
 
 namespace QVM_NAMESPACE {
@@ -75,7 +77,8 @@ private:
     // After an event that may have changed who wants keys: takes the keyboard, or gives it back.
     void settleKeys();
     void grabKeys();
-    void passKeyOn();
+    void passKeyOn(const juce::NativeKey& key);
+    void reportNamelessKey();
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
@@ -103,7 +106,8 @@ private:
     HostFocus hostFocus_;
     WindowMapState mapState_;
     DelayedCall resignation_;          // the loss of focus, unless it comes back at once
-    std::set<unsigned char> passedOn_; // codes of held keys whose presses went to the host
+    std::optional<juce::NativeKey> unreported_; // a press that the toolkit has not told the name of
+    std::set<unsigned char> passedOn_;          // codes of held keys whose presses went to the host
     bool isFrameWanted_ = false, wantsKeys_ = false, isPressed_ = false, hasMenu_ = false;
     bool wasOnScreen_ = false;
     bool areToolTipsQuiet_ = false; // since a key was pressed

@@ -23,7 +23,7 @@ TEST(HostFocus, DeadDisplayIsNoDisplay) {
     HostFocus focus;
     focus.remember(42);
     focus.giveBack(42);
-    EXPECT_FALSE(focus.sendKey(42, {65, true, false, 0, 0}));
+    EXPECT_FALSE(focus.sendKey(42, {65, false, true, false, 0, 0}));
 }
 
 } // namespace

@@ -61,5 +61,18 @@ TEST(ToolkitMenu, ActionOfAClosedEditorIsNotRun) {
     EXPECT_EQ(runs, 0);
 }
 
+TEST(ToolkitMenu, WhatIsToFollowAnActionFollowsItIfTheOwnerIsStillThere) {
+    auto owner = std::make_unique<juce::Component>();
+    std::vector<std::string> calls;
+    const juce::PopupMenu menu =
+        toToolkit(sample([&] { calls.push_back("action"); }), {owner.get()}, [&] { calls.push_back("afterwards"); });
+    choose(menu, juce::String::fromUTF8("Reset é"));
+    choose(menu, "Deep");
+    EXPECT_THAT(calls, ElementsAre("action", "afterwards", "afterwards"));
+    owner.reset();
+    choose(menu, juce::String::fromUTF8("Reset é"));
+    EXPECT_EQ(calls.size(), 3U);
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE
