@@ -1,10 +1,16 @@
 #include "editor/EditorMenu.h"
 
+#include "controls/QVMSymbolButton.h"
+#include "description/ParameterIDs.h"
+#include "editor/EditorLayout.h"
 #include "editor/MakerSite.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
+#include "editor/QVMPresetBar.h"
+#include "editor/QVMPresetsDrawer.h"
 #include "platform/Menu.h"
 #include "platform/Workspace.h"
+#include "theme/QVMUITheme.h"
 
 #include <utility>
 
@@ -59,7 +65,64 @@ void addSettingsItems(Menu& menu, QVMGenericUI& ui) {
     menu.items.push_back(item("Reset all settings to default", onEditor(ui, reset)));
 }
 
+MenuItem ticked(bool isTicked, MenuItem made) {
+    made.checked = isTicked;
+    return made;
+}
+
+// An item that does what the keyboard handler has an operation for.
+MenuItem operation(QVMGenericUI& ui, std::string title, bool (QVMKeyboardHandler::*action)(), bool enabled = true) {
+    return item(std::move(title), onEditor(ui, [action](QVMGenericUI& editor) { (editor.keyboard().*action)(); }),
+                enabled);
+}
+
+std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
+    using Keyboard = QVMKeyboardHandler;
+    const QVMUndoRedoStack& history = ui.keyboard().undoRedoStack();
+    const std::string here = ui.abState() == 0 ? "A" : "B", there = ui.abState() == 0 ? "B" : "A";
+    const QVMPresetsDrawer* const presets = ui.presetDrawer();
+    const auto flip = [](QVMGenericUI& editor) {
+        if (editor.presetBar()) editor.presetBar()->ab().toggleBooleanControl();
+    };
+    const auto copy = [](QVMGenericUI& editor) {
+        if (editor.presetBar()) editor.presetBar()->ab().handleTap(editor.presetBar()->ab().arrow());
+    };
+    return {
+        // The small window has no room for the list.
+        ticked(presets && presets->visible(), operation(ui, "Presets", &Keyboard::keyboardShortcutTogglePresetDrawer,
+                                                        ui.altFrame() != QVMAltFrameCompact)),
+        operation(ui, "Undo", &Keyboard::keyboardShortcutUndo, history.canUndo()),
+        operation(ui, "Redo", &Keyboard::keyboardShortcutRedo, history.canRedo()),
+        MenuItem::separator(),
+        item("Go to " + there, onEditor(ui, flip)),
+        item("Copy " + here + " to " + there, onEditor(ui, copy)),
+        MenuItem::separator(),
+        ticked(ui.getMemoizedPValueDirectly(pidMasterOnOff) != 0,
+               operation(ui, "Power", &Keyboard::keyboardShortcutTogglePower)),
+        ticked(ui.altFrame() == QVMAltFrameDoubleWide,
+               operation(ui, "Advanced controls", &Keyboard::keyboardShortcutToggleAdvancedDrawer)),
+        ticked(ui.altFrame() == QVMAltFrameCompact,
+               operation(ui, "Small window", &Keyboard::keyboardShortcutResizeWindow)),
+        ticked(&QVMUITheme::theme() == &QVMUITheme::dark(),
+               operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)),
+        MenuItem::separator(),
+        item("Reset meter", onEditor(ui, &QVMGenericUI::meterTapped)),
+        item("Open all settings in browser", onEditor(ui, &QVMGenericUI::presetSaveTapped)),
+    };
+}
+
 } // namespace
+
+std::unique_ptr<Menu> makeKeyboardMenu(QVMGenericUI& ui, QVMParameterControl* control) {
+    auto menu = makeEditorMenu(ui, control);
+    menu->selectsFirst = true;
+    MenuItem buttons;
+    buttons.title = "Editor";
+    buttons.submenu = buttonItems(ui);
+    menu->items.push_back(MenuItem::separator());
+    menu->items.push_back(std::move(buttons));
+    return menu;
+}
 
 std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control) {
     const QVMMetadata& metadata = *ui.config().metadata;

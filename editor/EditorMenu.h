@@ -1,4 +1,5 @@
-// The context menu of the editor: what concerns the control that was clicked, then what concerns all settings.
+// The context menu of the editor: what concerns one control, then what concerns all settings, and for who has no
+// pointer what the buttons do.
 #pragma once
 
 #include "description/BuildNamespace.h"
@@ -14,5 +15,7 @@ class QVMParameterControl;
 // `control` is one of the editor's, with a primary control, or null for a click beside them. A menu that outlives the
 // editor does nothing. Main thread.
 std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control);
+// The same with a submenu of all that is done by a click on a button elsewhere, and the first row marked.
+std::unique_ptr<Menu> makeKeyboardMenu(QVMGenericUI& ui, QVMParameterControl* control);
 
 } // namespace QVM_NAMESPACE

@@ -195,6 +195,8 @@ public:
     void mouseDown(const Event& event) override;
     void mouseUp(const Event& event) override;
     std::unique_ptr<Menu> menuForEvent(const Event& event) override;
+    // That of the control with the focus, and everything in it that otherwise takes a click on a button.
+    std::unique_ptr<Menu> menuForKeyboard();
     void viewDidMoveToWindow() override;
     void viewDidChangeBackingProperties() override;
 
@@ -273,6 +275,10 @@ private:
     void animationDidStopFinished(QVMDrawerView& drawer, bool finished);
     void showClumpsView();
     std::vector<QVMDrawerView*> drawers() const;
+    // What a menu about a control is about: nothing where there is no value to change.
+    QVMParameterControl* menuSubject(QVMParameterControl* control);
+    bool popUpMenuForKey(const Event& event);
+
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
 
@@ -312,7 +318,7 @@ private:
 
     QVMParameterControl* focusedControl_ = nullptr;
     QVMParameterControl* rememberedFocus_ = nullptr;
-    QVMParameterControl* lastRightClickedControl_ = nullptr;
+    QVMParameterControl* lastRightClickedControl_ = nullptr; // or the one with the focus, for a menu by key
     bool hasFocus_ = false;
 
     DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;

@@ -87,7 +87,8 @@ bool QVMGenericUI::wantsKeys() const {
 bool QVMGenericUI::keyDown(const Event& event) {
     // The list that covers the controls takes the keys as well.
     if (presetDrawer_ && presetDrawer_->keyDown(event)) return true;
-    return keyboard_->handleKeyDownEvent(event) || keyboard_->handleUnfocusedKeyEvent(event) || View::keyDown(event);
+    return keyboard_->handleKeyDownEvent(event) || keyboard_->handleUnfocusedKeyEvent(event) ||
+           popUpMenuForKey(event) || View::keyDown(event);
 }
 
 bool QVMGenericUI::performKeyEquivalent(const Event& event) {

@@ -1,17 +1,42 @@
-// The context menu, and what is opened in the browser.
+// The context menu, by mouse and by key, and what is opened in the browser.
 #include "editor/EditorMenu.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "platform/Menu.h"
+#include "platform/Window.h"
 #include "platform/Workspace.h"
 
 namespace QVM_NAMESPACE {
 
+namespace {
+
+// The key itself, or Shift and F10, which does the same on every desktop.
+bool isMenuKey(const Event& event) {
+    if (event.has(EventModifier::command) || event.has(EventModifier::option)) return false;
+    return event.keyCode == Key::codeMenu || (event.keyCode == Key::codeF10 && event.has(EventModifier::shift));
+}
+
+} // namespace
+
 std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
     if (event.has(EventModifier::option) || event.has(EventModifier::command)) return nullptr;
-    lastRightClickedControl_ = controlAtWindowPoint(event.locationInWindow);
-    if (lastRightClickedControl_ && !lastRightClickedControl_->primaryControl()) lastRightClickedControl_ = nullptr;
-    return makeEditorMenu(*this, lastRightClickedControl_);
+    return makeEditorMenu(*this, menuSubject(controlAtWindowPoint(event.locationInWindow)));
+}
+
+std::unique_ptr<Menu> QVMGenericUI::menuForKeyboard() {
+    return makeKeyboardMenu(*this, menuSubject(focusedControl_));
+}
+
+QVMParameterControl* QVMGenericUI::menuSubject(QVMParameterControl* control) {
+    return lastRightClickedControl_ = control && control->primaryControl() ? control : nullptr;
+}
+
+bool QVMGenericUI::popUpMenuForKey(const Event& event) {
+    if (!isMenuKey(event) || !window()) return false;
+    const View& about = focusedControl_ ? static_cast<const View&>(*focusedControl_) : *this;
+    const Rect frame = about.convertToWindow(about.bounds());
+    window()->popUpMenu(menuForKeyboard(), {frame.minX(), focusedControl_ ? frame.maxY() : frame.minY()});
+    return true;
 }
 
 void QVMGenericUI::presetSaveTapped() {

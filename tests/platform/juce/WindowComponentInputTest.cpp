@@ -259,6 +259,24 @@ TEST_F(WindowComponentInputTest, ChosenItemOfTheMenuRuns) {
     EXPECT_EQ(runs, 1);
 }
 
+TEST_F(WindowComponentInputTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
+    const FakeDisplay display;
+    std::string chosen;
+    const auto row = [&](const char* title, bool isEnabled) {
+        return MenuItem{title, isEnabled, false, [&chosen, title] { chosen = title; }, {}};
+    };
+    view->menu =
+        std::make_unique<Menu>(Menu{"Tilt", {row("Reset", false), row("Read", true), row("Copy", true)}, true});
+    press({10, 20}, Mods::rightButtonModifier);
+    release({10, 20});
+    runPostedMessages();
+    auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
+    ASSERT_NE(menu, nullptr);
+    menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
+    runPostedMessages();
+    EXPECT_EQ(chosen, "Read");
+}
+
 TEST_F(WindowComponentInputTest, WindowMayBeDestroyedByWhatItsViewsDo) {
     view->also = [this](const std::string& word) {
         if (word == "up") component.reset();

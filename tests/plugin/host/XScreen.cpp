@@ -75,6 +75,18 @@ unsigned long XScreen::focus() {
     return window;
 }
 
+bool XScreen::isFocusIn(unsigned long window) {
+    Window at = focus();
+    while (at > PointerRoot && at != window) {
+        Window root = 0, parent = 0, *children = nullptr;
+        unsigned count = 0;
+        if (!XQueryTree(display_, at, &root, &parent, &children, &count)) return false;
+        if (children) XFree(children);
+        at = parent;
+    }
+    return at == window;
+}
+
 void XScreen::blinkFocus() {
     const Window focused = focus();
     XSetInputFocus(display_, DefaultRootWindow(display_), RevertToParent, CurrentTime);

@@ -40,6 +40,8 @@ public:
     void typeKey(const std::string& name);
     // The window that keys go to.
     unsigned long focus();
+    // Whether that window is in another one, or is it.
+    bool isFocusIn(unsigned long window);
     // Takes the keyboard focus away from the window that has it and gives it back at once.
     void blinkFocus();
 

@@ -1,0 +1,173 @@
+// The keyboard in jalv: what the editor takes is told by what the plug-in then sends, what it leaves by the keys that
+// the host's window is given.
+#include "plugin/host/Jalv.h"
+#include "plugin/host/TabStops.h"
+
+#include "description/Description.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <sstream>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class JalvKeys : public Jalv {
+protected:
+    struct Sent {
+        std::string codename;
+        double value; // as the host has it
+    };
+
+    void clickOnGain() { clickOnControl(map_.handleOf(tiltGain, 0)); }
+
+    // All values that the plug-in sent, in their order.
+    std::vector<Sent> sent() const {
+        std::vector<Sent> found;
+        std::istringstream text(textOf(log_));
+        std::string codename;
+        for (std::string line; std::getline(text, line);) {
+            if (const auto at = line.find("patch:property <"); at != std::string::npos)
+                codename = line.substr(line.rfind(':') + 1, line.rfind('>') - line.rfind(':') - 1);
+            else if (const auto value = line.find("patch:value \""); value != std::string::npos)
+                found.push_back({codename, std::stod(line.substr(value + 13))});
+        }
+        return found;
+    }
+    // The last value sent of a parameter, in the shown domain; its initial one while there is none.
+    double shown(std::uint32_t pid) const {
+        const QVMParameter& parameter = *GetParameter(pid);
+        double value = parameter.initialValue;
+        for (const Sent& each : sent())
+            if (each.codename == parameter.codesafeName) value = parameter.castValue(static_cast<float>(each.value));
+        return value;
+    }
+    bool becomes(std::uint32_t pid, double value, double tolerance) const {
+        return comesTrue([=, this] { return std::abs(shown(pid) - value) <= tolerance; });
+    }
+    // Types a key and waits until the parameter, and no other, has moved.
+    void movesOnly(std::uint32_t pid, const char* key) {
+        const std::size_t before = sent().size();
+        screen_.typeKey(key);
+        EXPECT_TRUE(comesTrue([&] { return sent().size() > before; })) << key << " for " << pid;
+        const auto all = sent();
+        for (std::size_t i = before; i < all.size(); ++i)
+            EXPECT_EQ(all[i].codename, GetParameter(pid)->codesafeName) << key;
+    }
+    // What the host's window was given since the editor opened.
+    std::vector<std::string> hostKeys() const {
+        std::vector<std::string> keys;
+        std::istringstream text(textOf(keys_));
+        for (std::string line; std::getline(text, line);)
+            keys.push_back(line);
+        return keys;
+    }
+    bool hostGets(const std::vector<std::string>& keys) const {
+        return comesTrue([&] { return hostKeys() == keys; });
+    }
+};
+
+TEST_F(JalvKeys, TabWalksThroughAllControlsAndBack) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnGain();
+    for (const TabStop& stop : tabStops) {
+        movesOnly(stop.pid, stop.there);
+        screen_.typeKey("Tab");
+    }
+    for (auto stop = tabStops.rbegin(); stop != tabStops.rend(); ++stop) {
+        typeWith("Shift_L", "Tab");
+        movesOnly(stop->pid, stop->back);
+    }
+    for (const TabStop& stop : tabStops)
+        EXPECT_NEAR(shown(stop.pid), GetParameter(stop.pid)->initialValue,
+                    GetParameter(stop.pid)->initialValue * 1e-3 + 1e-3);
+    EXPECT_THAT(hostKeys(), IsEmpty());
+}
+
+TEST_F(JalvKeys, AFrequencyIsTypedInThousands) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnControl(map_.handleOf(2, 20));
+    type({"1", "period", "5", "k", "Return"});
+    EXPECT_TRUE(becomes(2, 1500, 0.5)) << shown(2);
+    EXPECT_THAT(hostKeys(), IsEmpty());
+}
+
+TEST_F(JalvKeys, ArrowsStepWithShiftAndControl) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnGain();
+    type({"Right"});
+    EXPECT_TRUE(becomes(tiltGain, 0.5, 1e-3)) << shown(tiltGain);
+    typeWith("Control_L", "Right");
+    EXPECT_TRUE(becomes(tiltGain, 0.6, 1e-3)) << shown(tiltGain);
+    typeWith("Shift_L", "Up");
+    EXPECT_TRUE(becomes(tiltGain, 1.5, 1e-3)) << shown(tiltGain);
+    EXPECT_THAT(hostKeys(), IsEmpty());
+}
+
+TEST_F(JalvKeys, ReturnFlipsASwitch) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnControl(map_.frameOf(13).center()); // which flips it too
+    EXPECT_TRUE(becomes(13, 1, 0));
+    type({"Return"});
+    EXPECT_TRUE(becomes(13, 0, 0));
+    type({"Return"});
+    EXPECT_TRUE(becomes(13, 1, 0));
+}
+
+TEST_F(JalvKeys, TheSpaceBarReachesTheHostWithAControlInFocusAndWithNone) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    screen_.typeKey("space");
+    EXPECT_TRUE(hostGets({"space"})) << "before any click";
+    clickOnGain();
+    screen_.typeKey("space");
+    EXPECT_TRUE(hostGets({"space", "space"})) << "while the editor has the keyboard";
+    screen_.typeKey("Escape");
+    EXPECT_TRUE(comesTrue([this] { return screen_.focus() == hostFocus_; }));
+    screen_.typeKey("space");
+    EXPECT_TRUE(hostGets({"space", "space", "space"})) << "after it was given back";
+}
+
+// Some have no name in the editor's toolkit.
+TEST_F(JalvKeys, AllKeysThatTheEditorDoesNotTakeReachTheHost) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnGain();
+    type({"m", "F5", "Home", "Print", "XF86AudioPlay", "space"});
+    EXPECT_TRUE(hostGets({"m", "F5", "Home", "Print", "AudioPlay", "space"})) << testing::PrintToString(hostKeys());
+}
+
+// While the editor has the keyboard; Control and Q end jalv.
+TEST_F(JalvKeys, AShortcutReachesTheHost) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnGain();
+    screen_.typeKey("q");
+    EXPECT_TRUE(hostGets({"q"}));
+    rest(0.3);
+    EXPECT_TRUE(program_->isRunning()) << "the negative control: Q alone ends nothing";
+    typeWith("Control_L", "q");
+    EXPECT_EQ(program_->exitStatus(10), 0) << textOf(log_);
+}
+
+TEST_F(JalvKeys, TheMenuKeyLeadsToThePresetsAndEscapeClosesThem) {
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    clickOnGain();
+    chooseFromMenu({"Up", "Right", "Return"});
+    const Rect list{0, 32, 180, 240};
+    EXPECT_TRUE(comesTrue([&] { return pictureOf(list).countOf(0xFFFFFF, 2) < 1000; })) << "the list is on its way";
+    type({"Down"});
+    EXPECT_TRUE(comesTrue([this] { return shown(tiltGain) != 0; })) << "the next preset";
+    const Picture open = wholePicture();
+    type({"Escape"});
+    EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(open) > 20000; })) << "the list is closed";
+    EXPECT_THAT(hostKeys(), IsEmpty());
+    EXPECT_TRUE(comesTrue([this] { return screen_.focus() == hostFocus_; })) << "the host has the keyboard";
+    screen_.typeKey("space");
+    EXPECT_TRUE(hostGets({"space"}));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
