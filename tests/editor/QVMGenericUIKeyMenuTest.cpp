@@ -1,16 +1,15 @@
 // The menu of the keyboard: where it opens, and that it leads to everything that has a button.
 #include "EditorFixture.h"
+#include "RecordingWorkspace.h"
 
 #include "editor/EditorLayout.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
 #include "platform/Menu.h"
-#include "platform/Workspace.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -24,27 +23,12 @@ public:
     void setCursor(Cursor) override {}
     void contentSizeDidChange(Size) override {}
     void takeKeyboardFocus() override {}
-    void releaseKeyboardFocus() override {}
     void popUpMenu(std::unique_ptr<Menu> shown, Point where) override {
         menu = std::move(shown);
         at = where;
     }
     std::unique_ptr<Menu> menu;
     Point at;
-};
-
-class Desktop final : public Workspace {
-public:
-    Desktop() { install(this); }
-    ~Desktop() override { install(nullptr); }
-    std::optional<std::string> clipboardString() override { return std::nullopt; }
-    void setClipboardString(const std::string& text) override { clipboard = text; }
-    bool openUrl(const std::string& address) override {
-        opened.push_back(address);
-        return true;
-    }
-    std::string clipboard;
-    std::vector<std::string> opened;
 };
 
 class QVMGenericUIKeyMenu : public EditorFixture {
@@ -90,7 +74,7 @@ protected:
     }
 
     MenuHost host_;
-    Desktop desktop_;
+    RecordingWorkspace desktop_;
 };
 
 TEST_F(QVMGenericUIKeyMenu, OpensBelowTheControlWithTheFocus) {
@@ -205,7 +189,7 @@ TEST_F(QVMGenericUIKeyMenu, ResetsTheMeterAndOpensTheSettings) {
     choose("Reset meter");
     EXPECT_THAT(delegate_.calls, Contains("reset metering"));
     choose("Open all settings in browser");
-    EXPECT_THAT(desktop_.opened, ElementsAre(desktop_.clipboard));
+    EXPECT_THAT(desktop_.opened, ElementsAre(desktop_.clipboard.value_or("")));
 }
 
 TEST_F(QVMGenericUIKeyMenu, OutlivesTheEditorWithoutHarm) {
