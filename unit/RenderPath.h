@@ -49,7 +49,7 @@ public:
     std::span<const float> blockPeaks() const { return {blockPeaks_.data(), chanOut_}; }
 
 private:
-    static constexpr std::uint32_t stretch = 64; // frames
+    static constexpr std::uint32_t stretch = 128; // frames
     template <class Sample>
     using Frames = std::array<std::array<Sample, stretch>, maxChannels>;
 

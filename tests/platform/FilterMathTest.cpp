@@ -1,103 +1,136 @@
+// Every vector unit does what a plain loop does.
 #include "platform/FilterMath.h"
 
 #include <gtest/gtest.h>
+#include <hwy/targets.h>
 
 #include <cmath>
+#include <random>
 #include <vector>
 
-namespace QVM_NAMESPACE {
+namespace QVM_NAMESPACE::vectors {
 namespace {
 
-using vectors::SvfCoefficients;
-using vectors::SvfState;
+class FilterMath : public testing::Test {
+protected:
+    void TearDown() override { hwy::SetSupportedTargetsForTest(0); }
 
-// One sample of one channel through one section, as the formulas stand in the literature.
-double plain(const SvfCoefficients& c, double& first, double& second, double x) {
-    const double v3 = x - second, v1 = c.a1 * first + c.a2 * v3, v2 = second + c.a2 * first + c.a3 * v3;
-    first = 2 * v1 - first;
-    second = 2 * v2 - second;
-    return c.m0 * x + c.m1 * v1 + c.m2 * v2;
-}
-
-// A section around a frequency (share of the sample rate).
-SvfCoefficients section(double frequency, double m0, double m1, double m2) {
-    const double g = std::tan(M_PI * frequency), k = 0.7, a1 = 1 / (1 + g * (g + k));
-    SvfCoefficients c;
-    c.a1 = a1, c.a2 = g * a1, c.a3 = g * g * a1;
-    c.m0 = m0, c.m1 = m1, c.m2 = m2;
-    return c;
-}
-
-std::vector<double> noise(std::size_t count) {
-    std::vector<double> samples(count);
-    unsigned seed = 1;
-    for (double& sample : samples)
-        sample = static_cast<double>((seed = seed * 1664525u + 1013904223u) >> 8) / (1 << 23) - 1;
-    return samples;
-}
-
-class FilterMathFrames : public testing::TestWithParam<std::size_t> {};
-
-TEST_P(FilterMathFrames, CascadeIsOneSectionAfterTheOther) {
-    const std::vector<SvfCoefficients> sections = {section(0.01, 1, 0.5, 0), section(0.1, 0, 0, 1),
-                                                   section(0.3, 1, -0.7, -1)};
-    std::vector<SvfState> states(sections.size());
-    std::vector<double> samples = noise(2 * GetParam()), wanted = samples;
-    std::array<std::array<std::array<double, 2>, 3>, 2> own{}; // by channel, section and integrator
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        for (std::size_t s = 0; s < sections.size(); ++s)
-            wanted[i] = plain(sections[s], own[i % 2][s][0], own[i % 2][s][1], wanted[i]);
+    double uniform(double low, double high) {
+        return low + (high - low) * (static_cast<double>(random_()) / 4294967296.0);
     }
-    const std::size_t half = GetParam() / 2; // the states go on from stretch to stretch
-    vectors::svfCascade(sections.data(), states.data(), sections.size(), samples.data(), half);
-    vectors::svfCascade(sections.data(), states.data(), sections.size(), samples.data() + 2 * half, GetParam() - half);
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        ASSERT_NEAR(samples[i], wanted[i], 1e-12) << i;
-}
+    std::vector<double> noise(std::size_t count) {
+        std::vector<double> values(count);
+        for (double& value : values)
+            value = uniform(-1, 1);
+        return values;
+    }
+    SvfCoefficients section() {
+        const double g = uniform(0.01, 2), k = uniform(0.3, 2), d = 1 / (1 + g * (g + k));
+        return {2 * d - 1, 2 * g * d, 2 * g * g * d, uniform(-1, 1), uniform(-1, 1), uniform(-1, 1)};
+    }
 
-TEST_P(FilterMathFrames, GlideMovesTheCoefficientsBeforeEachSample) {
-    const SvfCoefficients from = section(0.02, 1, 0.2, 0), to = section(0.2, 0.5, 0, 1);
-    const auto frames = static_cast<double>(GetParam());
-    SvfCoefficients step;
-    for (auto member : {&SvfCoefficients::a1, &SvfCoefficients::a2, &SvfCoefficients::a3, &SvfCoefficients::m0,
-                        &SvfCoefficients::m1, &SvfCoefficients::m2})
-        step.*member = (to.*member - from.*member) / frames;
-    std::vector<SvfCoefficients> sections = {from, from};
-    const std::vector<SvfCoefficients> steps = {step, step};
-    std::vector<SvfState> states(2);
-    std::vector<double> samples = noise(2 * GetParam()), wanted = samples;
-    std::array<std::array<std::array<double, 2>, 2>, 2> own{};
-    SvfCoefficients now = from;
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        if (i % 2 == 0) {
-            now.a1 += step.a1, now.a2 += step.a2, now.a3 += step.a3;
-            now.m0 += step.m0, now.m1 += step.m1, now.m2 += step.m2;
+    std::mt19937 random_{5};
+};
+
+// As the header describes it, one section and one sample at a time.
+void plainly(std::vector<SvfCoefficients> sections, const std::vector<SvfCoefficients>& steps,
+             std::vector<SvfState>& states, std::vector<double>& samples) {
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+        for (std::size_t at = 0; at < samples.size(); ++at) {
+            SvfCoefficients& c = sections[i];
+            if (at % 2 == 0) {
+                c = {c.a1 + steps[i].a1, c.a2 + steps[i].a2, c.a3 + steps[i].a3,
+                     c.m0 + steps[i].m0, c.m1 + steps[i].m1, c.m2 + steps[i].m2};
+            }
+            double &first = states[i].first[at % 2], &second = states[i].second[at % 2];
+            const double d = samples[at] - second;
+            const double nextFirst = c.a1 * first + c.a2 * d, nextSecond = second + c.a2 * first + c.a3 * d;
+            samples[at] = c.m0 * samples[at] + c.m1 * (first + nextFirst) + c.m2 * (second + nextSecond);
+            first = nextFirst;
+            second = nextSecond;
         }
-        for (std::size_t s = 0; s < 2; ++s)
-            wanted[i] = plain(now, own[i % 2][s][0], own[i % 2][s][1], wanted[i]);
-    }
-    vectors::svfGlide(sections.data(), steps.data(), states.data(), 2, samples.data(), GetParam());
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        ASSERT_NEAR(samples[i], wanted[i], 1e-12) << i;
-    EXPECT_NEAR(sections[1].m2, to.m2, 1e-12);
-}
-
-TEST_P(FilterMathFrames, FirIsTheSumOverItsTaps) {
-    constexpr std::size_t taps = 6;
-    const std::vector<double> kernel = {0.5, -0.25, 0.125, 1, -1, 0.75};
-    const std::vector<double> padded = noise(2 * (GetParam() + taps - 1));
-    const double* const samples = padded.data() + 2 * (taps - 1);
-    std::vector<double> out(2 * GetParam());
-    vectors::firStereo(samples, kernel.data(), taps, out.data(), GetParam());
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        double sum = 0;
-        for (std::size_t j = 0; j < taps; ++j)
-            sum += kernel[j] * samples[static_cast<std::ptrdiff_t>(i) - 2 * static_cast<std::ptrdiff_t>(j)];
-        ASSERT_NEAR(out[i], sum, 1e-12) << i;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stretches, FilterMathFrames, testing::Values(1, 2, 3, 7, 64));
+TEST_F(FilterMath, SectionsFilterAsDescribedStandingAndMovingOnEveryVectorUnit) {
+    for (const auto unit : hwy::SupportedAndGeneratedTargets()) {
+        hwy::SetSupportedTargetsForTest(unit);
+        for (const std::size_t count : {1U, 2U, 3U, 4U, 5U, 8U, 9U, 13U, 27U}) {
+            for (const std::size_t frames : {0U, 1U, 2U, 7U, 15U, 64U, 101U}) {
+                for (const bool moves : {false, true}) {
+                    std::vector<SvfCoefficients> sections, steps(count, SvfCoefficients{0, 0, 0, 0, 0, 0});
+                    std::vector<SvfState> states(count), expectedStates(count);
+                    for (std::size_t i = 0; i < count; ++i) {
+                        sections.push_back(section());
+                        if (moves) steps[i].m1 = steps[i].m0 = 1e-3;
+                        states[i].first = states[i].second = {0.1, -0.2};
+                    }
+                    expectedStates = states;
+                    std::vector<double> samples = noise(2 * frames), expected = samples;
+                    plainly(sections, steps, expectedStates, expected);
+                    const std::vector<SvfCoefficients> start = sections;
+                    if (moves) {
+                        svfGlide(sections.data(), steps.data(), states.data(), count, samples.data(), frames);
+                    } else {
+                        svfCascade(sections.data(), states.data(), count, samples.data(), frames);
+                    }
+                    for (std::size_t i = 0; i < samples.size(); ++i)
+                        ASSERT_NEAR(samples[i], expected[i], 1e-9 * (1 + std::abs(expected[i])))
+                            << hwy::TargetName(unit) << ", " << count << " sections, " << i << " of " << frames;
+                    for (std::size_t i = 0; i < count; ++i) {
+                        const double bound = 1e-9 * (1 + std::abs(expectedStates[i].second[1]));
+                        ASSERT_NEAR(states[i].second[1], expectedStates[i].second[1], bound);
+                        ASSERT_NEAR(sections[i].m1, start[i].m1 + (moves ? 1e-3 * double(frames) : 0), 1e-12);
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST_F(FilterMath, AStretchInPiecesIsTheSameToTheLastBit) {
+    for (const auto unit : hwy::SupportedAndGeneratedTargets()) {
+        hwy::SetSupportedTargetsForTest(unit);
+        std::vector<SvfCoefficients> sections(11);
+        for (SvfCoefficients& each : sections)
+            each = section();
+        std::vector<SvfState> states(11), states2(11);
+        std::vector<double> whole = noise(400), pieces = whole;
+        svfCascade(sections.data(), states.data(), 11, whole.data(), 200);
+        for (std::size_t at = 0, size = 1; at < 200; at += size, size = std::min<std::size_t>(size + 3, 200 - at))
+            svfCascade(sections.data(), states2.data(), 11, pieces.data() + 2 * at, size);
+        EXPECT_EQ(whole, pieces) << hwy::TargetName(unit);
+    }
+}
+
+TEST_F(FilterMath, TapsQuadraticsAndRowsAreSumsAndProducts) {
+    for (const auto unit : hwy::SupportedAndGeneratedTargets()) {
+        hwy::SetSupportedTargetsForTest(unit);
+        constexpr std::size_t tapCount = 20, frames = 37;
+        const std::vector<double> past = noise(2 * (tapCount + frames)), taps = noise(tapCount);
+        std::vector<double> out(2 * frames);
+        firStereo(past.data() + 2 * tapCount, taps.data(), tapCount, out.data(), frames);
+        for (std::size_t i = 0; i < out.size(); ++i) {
+            double sum = 0;
+            for (std::size_t j = 0; j < tapCount; ++j)
+                sum += taps[j] * past[2 * tapCount + i - 2 * j];
+            ASSERT_NEAR(out[i], sum, 1e-12) << hwy::TargetName(unit) << ", " << i;
+        }
+        const std::vector<double> x = noise(32), matrix = noise(std::size_t{32} * 16);
+        std::vector<double> values(32, 1), sums(16);
+        const Quadratic quadratics[] = {{1, 2, 3}, {0.5, -1, 0}};
+        multiplyByQuadratics(quadratics, 2, x.data(), values.data(), 32);
+        multiplyRows(matrix.data(), x.data(), 32, sums.data(), 16);
+        for (std::size_t i = 0; i < 32; ++i)
+            ASSERT_NEAR(values[i], (1 + 2 * x[i] + 3 * x[i] * x[i]) * (0.5 - x[i]), 1e-12) << hwy::TargetName(unit);
+        for (std::size_t k = 0; k < 16; ++k) {
+            double sum = 0;
+            for (std::size_t i = 0; i < 32; ++i)
+                sum += matrix[16 * i + k] * x[i];
+            ASSERT_NEAR(sums[k], sum, 1e-12) << hwy::TargetName(unit);
+        }
+    }
+}
 
 } // namespace
-} // namespace QVM_NAMESPACE
+} // namespace QVM_NAMESPACE::vectors

@@ -54,7 +54,7 @@ std::array<double, 3> scaled(const std::array<double, 3>& powers, double by) {
 
 } // namespace
 
-AnalogSection::Powers AnalogSection::powers() const {
+Powers AnalogSection::powers() const {
     const std::array<double, 3> poles = powersOf(den);
     const double square = num.corner * num.corner;
     if (zeros == Zeros::one) {

@@ -19,17 +19,18 @@ struct AnalogPair {
 enum class Direction : unsigned char { lowPass, highPass };
 enum class Zeros : unsigned char { two, one }; // the other one is at infinity, for a high-pass at 0
 
+// Squared magnitude as the quotient of two polynomials: c[0] + c[1] x + c[2] x^2.
+struct Powers {
+    std::array<double, 3> num{}, den{};
+};
+
 // Level 1 at 0 Hz (low-pass) or towards infinity (high-pass).
 struct AnalogSection {
     AnalogPair num, den;
     Direction direction = Direction::lowPass;
     Zeros zeros = Zeros::two;
 
-    // Squared magnitude as the quotient of two polynomials of hertz squared: c[0] + c[1] x + c[2] x^2.
-    struct Powers {
-        std::array<double, 3> num{}, den{};
-    };
-    Powers powers() const;
+    Powers powers() const; // over hertz squared
 };
 
 // What of a filter is wanted. `removedRoot` has the square root of the magnitude of `removed`.

@@ -28,6 +28,7 @@ void Corrector::prepare(double sampleRateHz, Quality quality) {
     const double end = std::min(sampleRateHz / 2, kModelTop);
     const double top = quality == Quality::high ? kHighTop : kNormalTop;
     std::array<std::array<double, points>, maxTerms> basis{};
+    solution_ = {};
     std::array<double, points> weights{};
     for (std::size_t i = 0; i < points; ++i) {
         const double hertz = end * (static_cast<double>(i) + 0.5) / points;
@@ -48,7 +49,7 @@ void Corrector::prepare(double sampleRateHz, Quality quality) {
         }
         matrix[k][k] += kSmoothness * std::pow(static_cast<double>(k + 1), 4);
         for (std::size_t i = 0; i < points; ++i)
-            solution_[k][i] = basis[k][i] * weights[i];
+            solution_[i][k] = basis[k][i] * weights[i];
     }
     for (std::size_t k = 0; k < terms_; ++k) {
         for (std::size_t l = 0; l < terms_; ++l) {
@@ -57,13 +58,15 @@ void Corrector::prepare(double sampleRateHz, Quality quality) {
             for (std::size_t m = k; m < terms_; ++m)
                 matrix[l][m] -= factor * matrix[k][m];
             for (std::size_t i = 0; i < points; ++i)
-                solution_[l][i] -= factor * solution_[k][i];
+                solution_[i][l] -= factor * solution_[i][k];
         }
     }
     for (std::size_t k = 0; k < terms_; ++k) {
-        for (double& value : solution_[k])
-            value /= matrix[k][k];
+        for (std::size_t i = 0; i < points; ++i)
+            solution_[i][k] /= matrix[k][k];
     }
+    for (std::size_t n = 1; n < maxTaps; ++n)
+        inverses_[n] = 1 / static_cast<double>(n);
 }
 
 void Corrector::taps(const Rest& rest, Taps& out) const {
@@ -74,24 +77,23 @@ void Corrector::taps(const Rest& rest, Taps& out) const {
     vectors::clip(nepers.data(), -kMostNepers, kMostNepers, nepers.data(), points);
     std::array<double, points> levels;
     std::copy(nepers.begin(), nepers.end(), levels.begin());
-    std::array<double, maxTerms> c{};
+    std::array<double, maxTerms> c;
+    vectors::multiplyRows(solution_.front().data(), levels.data(), points, c.data(), maxTerms);
     double sum = 0;
-    for (std::size_t k = 0; k < terms_; ++k) {
-        double value = 0;
-        for (std::size_t i = 0; i < points; ++i)
-            value += solution_[k][i] * levels[i];
-        sum += value;
-        c[k] = value * static_cast<double>(k + 1);
+    for (std::size_t k = 0; k < maxTerms; ++k) {
+        sum += c[k];
+        c[k] *= static_cast<double>(k + 1);
     }
+    // n times tap n is the sum over k of c[k] and tap n - k - 1; each tap goes to all sums that it is a part of.
+    std::array<double, maxTaps + maxTerms> sums{};
     out.fill(0);
     out[0] = std::exp(-sum);
-    double total = out[0];
-    for (std::size_t n = 1; n < tapCount_; ++n) {
-        double value = 0;
-        for (std::size_t k = 1; k <= std::min(n, terms_); ++k)
-            value += c[k - 1] * out[n - k];
-        out[n] = value / static_cast<double>(n);
+    double total = 0;
+    for (std::size_t n = 0; n < tapCount_; ++n) {
+        if (n > 0) out[n] = sums[n] * inverses_[n];
         total += out[n];
+        for (std::size_t k = 0; k < maxTerms; ++k)
+            sums[n + 1 + k] += c[k] * out[n];
     }
     for (std::size_t n = 0; n < tapCount_; ++n) // what the taps that are left out would add at 0 Hz
         out[n] /= total;

@@ -37,7 +37,8 @@ private:
     std::size_t terms_ = 8;
     std::size_t tapCount_ = 16;
     std::array<double, points> squares_{}, positions_{}, modelPositions_{};
-    std::array<std::array<double, points>, maxTerms> solution_{};
+    std::array<std::array<double, maxTerms>, points> solution_{}; // a column for each term
+    std::array<double, maxTaps> inverses_{};                      // 1 / n
 };
 
 } // namespace QVM_NAMESPACE::dsp

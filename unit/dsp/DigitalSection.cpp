@@ -10,17 +10,24 @@ namespace {
 
 using std::numbers::pi;
 
-constexpr double kModelRate = 48000, kHighestPeak = 23760; // hertz
-constexpr double kNearNyquist = 0.85 * pi, kHighestAngle = 0.95 * pi;
-constexpr double kDampingBeyond = 1.5; // for each radian that is cut off
+constexpr double kModelRate = 48000, kHighestPeak = 23760;       // hertz
+constexpr double kHighestPeakMatch = 0.48, kHighestMatch = 0.36; // of the sample rate
+constexpr double kNextMatch = 0.6;                               // of the higher one
+
+// What becomes of roots near half the sample rate and beyond: angles that come `near` it stay below `highest`, and what
+// is cut off is made up for by a decay of so much for each radian.
+struct Edge {
+    double near, highest, damping;
+};
+constexpr Edge kFilterEdge = {0.85 * pi, 0.95 * pi, 1.5}, kPeakEdge = {0.985 * pi, pi, 2};
 
 // A conjugate pair of roots e^(-decay +- j angle).
-Polynomial conjugate(double decay, double angle) {
+Polynomial conjugate(double decay, double angle, const Edge& edge) {
     // Beyond half the sample rate a pair would return below it. It stops short of it and is damped instead.
-    if (angle > kNearNyquist) {
-        const double beyond = angle - kNearNyquist, room = kHighestAngle - kNearNyquist;
-        decay += kDampingBeyond * beyond;
-        angle = kNearNyquist + beyond * room / (beyond + room);
+    if (angle > edge.near) {
+        const double beyond = angle - edge.near, room = edge.highest - edge.near;
+        decay += edge.damping * beyond;
+        angle = edge.near + beyond * room / (beyond + room);
     }
     const double gap = -std::expm1(-decay), r = 1 - gap, s = std::sin(angle / 2), ss = s * s;
     return {gap * gap + 4 * r * ss, gap * gap + 4 * r * (1 - ss), gap * (1 + r)};
@@ -34,12 +41,52 @@ Polynomial realRoots(double decay1, double decay2) {
 // `corner` in radians a sample.
 Polynomial rootsOf(double corner, double damping) {
     const double half = damping / 2;
-    if (half < 1) return conjugate(half * corner, corner * std::sqrt(1 - half * half));
+    if (half < 1) return conjugate(half * corner, corner * std::sqrt(1 - half * half), kFilterEdge);
     const double far = half + std::sqrt(half * half - 1);
     return realRoots(corner / far, corner * far);
 }
 
+double positionOf(double hertz, double sampleRateHz) {
+    const double s = std::sin(pi * hertz / sampleRateHz);
+    return s * s;
+}
+
+struct Match {
+    double position, power; // squared magnitude
+};
+
+// The zeros that give a section with these poles a squared magnitude at 0 Hz and at two more frequencies: |N|^2 is
+// n0 + n1 p + n2 p^2, and the factor with both zeros inside the unit circle is that of M. Vicanek, "Matched second
+// order digital filters", 2016.
+Polynomial zerosFor(const Polynomial& den, double powerAtZero, Match first, Match second) {
+    const double n0 = den.atZero * den.atZero * powerAtZero;
+    const double y1 = (den.power(first.position) * first.power - n0) / first.position;
+    const double y2 = (den.power(second.position) * second.power - n0) / second.position;
+    const double n2 = (y1 - y2) / (first.position - second.position), n1 = y1 - n2 * first.position;
+    const double atZero = std::sqrt(n0), atNyquist = std::sqrt(std::max(n0 + n1 + n2, 1e-12));
+    const double sum = (atZero + atNyquist) / 2; // c0 + c2
+    return {atZero, atNyquist, std::sqrt(std::max(sum * sum - n2 / 4, 0.0))};
+}
+
 } // namespace
+
+DigitalSection matchedFrom(const AnalogSection& analog, double sampleRateHz) {
+    DigitalSection section;
+    section.den = rootsOf(analog.den.corner * 2 * pi / sampleRateHz, analog.den.damping);
+    const double highest = std::max(analog.num.corner, analog.den.corner);
+    const double lowest = std::min(analog.num.corner, analog.den.corner);
+    const double top = std::min(highest, kHighestMatch * sampleRateHz);
+    const double below = std::min(lowest, kNextMatch * top);
+    const Powers powers = analog.powers();
+    const auto powerAt = [&powers](double hertz) {
+        const double x = hertz * hertz;
+        return (powers.num[0] + x * (powers.num[1] + x * powers.num[2])) /
+               (powers.den[0] + x * (powers.den[1] + x * powers.den[2]));
+    };
+    section.num = zerosFor(section.den, powerAt(0), {positionOf(top, sampleRateHz), powerAt(top)},
+                           {positionOf(below, sampleRateHz), powerAt(below)});
+    return section;
+}
 
 DigitalSection digitalFrom(const AnalogSection& analog, double sampleRateHz) {
     const double scale = 2 * pi / sampleRateHz;
@@ -82,22 +129,12 @@ double Peak::modelPosition(double hertz) {
 DigitalSection Peak::digital(double sampleRateHz) const {
     const double ratio = kModelRate / sampleRateHz;
     DigitalSection section;
-    section.den = conjugate(radius_ * ratio, angle_ * ratio);
+    section.den = conjugate(radius_ * ratio, angle_ * ratio, kPeakEdge);
     section.num = section.den;
     if (isFlat_) return section;
-    // |N|^2 = n0 + n1 p + n2 p^2 over p = sin^2(w / 2), from the three magnitudes.
-    const double top = std::min(hertz_, 0.45 * sampleRateHz), below = 0.6 * top;
-    const auto positionOf = [sampleRateHz](double f) { return std::pow(std::sin(pi * f / sampleRateHz), 2); };
-    const double p1 = positionOf(top), p2 = positionOf(below);
-    const double n0 = section.den.atZero * section.den.atZero;
-    const double y1 = (section.den.power(p1) * power(modelPosition(top)) - n0) / p1;
-    const double y2 = (section.den.power(p2) * power(modelPosition(below)) - n0) / p2;
-    const double n2 = (y1 - y2) / (p1 - p2), n1 = y1 - n2 * p1;
-    // The factor with both zeros inside the unit circle, after M. Vicanek, "Matched second order digital filters",
-    // 2016.
-    const double atNyquist = std::sqrt(std::max(n0 + n1 + n2, 1e-12));
-    const double sum = (section.den.atZero + atNyquist) / 2; // c0 + c2
-    section.num = {section.den.atZero, atNyquist, std::sqrt(std::max(sum * sum - n2 / 4, 0.0))};
+    const double top = std::min(hertz_, kHighestPeakMatch * sampleRateHz), below = kNextMatch * top;
+    section.num = zerosFor(section.den, 1, {positionOf(top, sampleRateHz), power(modelPosition(top))},
+                           {positionOf(below, sampleRateHz), power(modelPosition(below))});
     return section;
 }
 
@@ -105,12 +142,12 @@ vectors::SvfCoefficients coefficientsOf(const DigitalSection& section) {
     const Polynomial &n = section.num, &d = section.den;
     vectors::SvfCoefficients c;
     const double g = std::sqrt(d.atZero / d.atNyquist);
-    c.a1 = d.atNyquist / 4;
-    c.a2 = g * c.a1;
+    c.a1 = d.atNyquist / 2 - 1;
+    c.a2 = g * d.atNyquist / 2;
     c.a3 = g * c.a2;
     c.m0 = n.atNyquist / d.atNyquist;
-    c.m1 = 2 * (n.skew - c.m0 * d.skew) / (d.atNyquist * g);
-    c.m2 = n.atZero / d.atZero - c.m0;
+    c.m1 = (n.skew - c.m0 * d.skew) / (d.atNyquist * g);
+    c.m2 = (n.atZero / d.atZero - c.m0) / 2;
     return c;
 }
 

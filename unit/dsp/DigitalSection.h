@@ -29,15 +29,21 @@ struct Polynomial {
         return {atZero * atZero, width - 2 * atZero * sum, sum * sum - width};
     }
     Polynomial scaled(double by) const { return {atZero * by, atNyquist * by, skew * by}; }
+    // c2 + c1 / z + c0 / z^2: the same magnitude, every root turned out of the unit circle or into it.
+    Polynomial reversed() const { return {atZero, atNyquist, -skew}; }
 };
 
 struct DigitalSection {
     Polynomial num, den; // the first coefficient of den is 1
 
     double power(double position) const { return num.power(position) / den.power(position); }
+    Powers powers() const { return {num.powers(), den.powers()}; } // over the position
 };
 
 DigitalSection digitalFrom(const AnalogSection& analog, double sampleRateHz);
+// The same with zeros that hold the magnitude at 0 Hz and at two more frequencies instead. Closer to half the sample
+// rate, but not for zeros that cut a notch.
+DigitalSection matchedFrom(const AnalogSection& analog, double sampleRateHz);
 
 // A peak of `gain` dB (0 or more) and of the bandwidth that belongs to a filter's order, as the audio equalizer
 // cookbook (R. Bristow-Johnson) makes it at 48 kHz, at any sample rate.

@@ -83,21 +83,26 @@ void EqPath::process(double* samples, std::size_t frames) {
 
 void EqPath::processSections(double* samples, std::size_t frames) {
     std::size_t slot = 0;
-    while (slot < slotCount_) { // one call for all neighbours that are not flat
+    while (slot < slotCount_) { // one call for all neighbours in a row
+        const std::size_t first = slots_[slot].first;
+        const auto state = states_.begin() + static_cast<std::ptrdiff_t>(first);
         if (slots_[slot].isFlat) {
-            std::fill_n(states_.begin() + static_cast<std::ptrdiff_t>(slots_[slot].first), slots_[slot].count,
-                        vectors::SvfState{});
+            std::fill_n(state, slots_[slot++].count, vectors::SvfState{});
+            continue;
+        }
+        const vectors::SvfCoefficients* const steps = isMoving_ ? &steps_[first] : nullptr;
+        if (slots_[slot].kind == StageKind::bothRemoved) {
+            BothRemoved::process(&now_[first], steps, &*state, samples, frames);
             ++slot;
             continue;
         }
-        const std::size_t first = slots_[slot].first;
         std::size_t count = 0;
-        for (; slot < slotCount_ && !slots_[slot].isFlat; ++slot)
+        for (; slot < slotCount_ && !slots_[slot].isFlat && slots_[slot].kind != StageKind::bothRemoved; ++slot)
             count += slots_[slot].count;
         if (isMoving_) {
-            vectors::svfGlide(&now_[first], &steps_[first], &states_[first], count, samples, frames);
+            vectors::svfGlide(&now_[first], steps, &*state, count, samples, frames);
         } else {
-            vectors::svfCascade(&now_[first], &states_[first], count, samples, frames);
+            vectors::svfCascade(&now_[first], &*state, count, samples, frames);
         }
     }
 }

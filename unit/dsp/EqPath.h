@@ -14,7 +14,7 @@
 
 namespace QVM_NAMESPACE::dsp {
 
-constexpr std::size_t maxStepFrames = 256;
+constexpr std::size_t maxStepFrames = BothRemoved::mostFrames;
 using StageSet = std::array<Stage, stageKinds>; // by kind
 
 class EqPath {

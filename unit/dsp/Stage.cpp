@@ -2,34 +2,71 @@
 
 #include "unit/dsp/DigitalSection.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace QVM_NAMESPACE::dsp {
 
 namespace {
 
-// values[i] *= c[0] + c[1] x[i] + c[2] x[i]^2
-void multiplyBy(const std::array<double, 3>& c, const Corrector::Rest& x, Corrector::Rest& values) {
-    for (std::size_t i = 0; i < values.size(); ++i)
-        values[i] *= c[0] + x[i] * (c[1] + x[i] * c[2]);
+// Multiplies by the squared magnitude of sections, which is a quotient.
+template <class Section, std::size_t N>
+void multiplyBy(const std::array<Section, N>& sections, const Corrector::Rest& x, Corrector::Rest& num,
+                Corrector::Rest& den) {
+    std::array<vectors::Quadratic, N> over, under;
+    for (std::size_t i = 0; i < N; ++i) {
+        const Powers powers = sections[i].powers();
+        over[i] = powers.num;
+        under[i] = powers.den;
+    }
+    vectors::multiplyByQuadratics(over.data(), N, x.data(), num.data(), x.size());
+    vectors::multiplyByQuadratics(under.data(), N, x.data(), den.data(), x.size());
+}
+
+Corrector::Rest quotient(const Corrector::Rest& num, const Corrector::Rest& den) {
+    Corrector::Rest result;
+    std::transform(num.begin(), num.end(), den.begin(), result.begin(), std::divides());
+    return result;
+}
+
+Corrector::Rest ones() {
+    Corrector::Rest rest;
+    rest.fill(1);
+    return rest;
 }
 
 // What the sections should do over what they do, at each of the corrector's frequencies.
 template <std::size_t N>
-void restOf(const std::array<AnalogSection, N>& analog, const std::array<DigitalSection, N>& digital,
-            const Corrector& corrector, Corrector::Rest& rest) {
-    Corrector::Rest over, under;
-    over.fill(1);
-    under.fill(1);
-    for (std::size_t s = 0; s < N; ++s) {
-        const AnalogSection::Powers powers = analog[s].powers();
-        multiplyBy(powers.num, corrector.squares(), over);
-        multiplyBy(powers.den, corrector.squares(), under);
-        multiplyBy(digital[s].den.powers(), corrector.positions(), over);
-        multiplyBy(digital[s].num.powers(), corrector.positions(), under);
-    }
-    for (std::size_t i = 0; i < rest.size(); ++i)
-        rest[i] = over[i] / under[i];
+Corrector::Rest restOf(const std::array<AnalogSection, N>& analog, const std::array<DigitalSection, N>& digital,
+                       const Corrector& corrector) {
+    Corrector::Rest over = ones(), under = ones();
+    multiplyBy(analog, corrector.squares(), over, under);
+    multiplyBy(digital, corrector.positions(), under, over);
+    return quotient(over, under);
+}
+
+// A + B (1 - A) of the squared magnitudes of two filters.
+template <class Section, std::size_t N>
+Corrector::Rest bothOf(const std::array<Section, N>& low, const std::array<Section, N>& high,
+                       const Corrector::Rest& x) {
+    Corrector::Rest lowOver = ones(), lowUnder = ones(), highOver = ones(), highUnder = ones();
+    multiplyBy(low, x, lowOver, lowUnder);
+    multiplyBy(high, x, highOver, highUnder);
+    const Corrector::Rest a = quotient(lowOver, lowUnder), b = quotient(highOver, highUnder);
+    Corrector::Rest both;
+    for (std::size_t i = 0; i < both.size(); ++i)
+        both[i] = a[i] + b[i] * (1 - a[i]);
+    return both;
+}
+
+template <std::size_t N>
+std::array<DigitalSection, N> eachOf(const std::array<AnalogSection, N>& analog, double sampleRateHz,
+                                     DigitalSection (*map)(const AnalogSection&, double)) {
+    std::array<DigitalSection, N> digital;
+    std::transform(analog.begin(), analog.end(), digital.begin(),
+                   [=](const AnalogSection& section) { return map(section, sampleRateHz); });
+    return digital;
 }
 
 std::array<double, 4> inputsOf(StageKind kind, const EqSettings& s) {
@@ -62,7 +99,7 @@ std::size_t sectionsOf(StageKind kind) {
     case StageKind::highPeak:
         return 1;
     case StageKind::bothRemoved:
-        return 2 * BothRemoved::sections; // each twice
+        return BothRemoved::sections;
     default:
         return filterSections;
     }
@@ -95,14 +132,10 @@ bool Stage::design(StageKind kind, const EqSettings& settings, double sampleRate
 void Stage::designTilt(const EqSettings& settings, double sampleRateHz, const Corrector& corrector) {
     isFlat_ = settings.tiltGain == 0;
     std::array<AnalogSection, tiltSections> analog;
-    std::array<DigitalSection, tiltSections> digital;
     makeTilt(settings.tiltGain, settings.tiltLow, settings.tiltHigh, analog);
-    for (std::size_t i = 0; i < tiltSections; ++i) {
-        digital[i] = digitalFrom(analog[i], sampleRateHz);
-        sections_[i] = coefficientsOf(digital[i]);
-    }
-    restOf(analog, digital, corrector, rest_);
-    if (isFlat_) rest_.fill(1);
+    const auto digital = eachOf(analog, sampleRateHz, digitalFrom);
+    std::transform(digital.begin(), digital.end(), sections_.begin(), coefficientsOf);
+    rest_ = isFlat_ ? ones() : restOf(analog, digital, corrector);
 }
 
 void Stage::designFilter(StageKind kind, const EqSettings& settings, double sampleRateHz, const Corrector& corrector) {
@@ -111,14 +144,11 @@ void Stage::designFilter(StageKind kind, const EqSettings& settings, double samp
     const bool isRemoved = kind == StageKind::lowRemoved || kind == StageKind::highRemoved;
     const FilterSettings& filter = isLow ? settings.low : settings.high;
     std::array<AnalogSection, filterSections> analog;
-    std::array<DigitalSection, filterSections> digital;
     makeFilter(isRemoved ? FilterPart::removed : FilterPart::passed, isLow ? Direction::highPass : Direction::lowPass,
                filter.order, filter.corner, analog);
-    for (std::size_t i = 0; i < filterSections; ++i) {
-        digital[i] = digitalFrom(analog[i], sampleRateHz);
-        sections_[i] = coefficientsOf(digital[i]);
-    }
-    restOf(analog, digital, corrector, rest_);
+    const auto digital = eachOf(analog, sampleRateHz, digitalFrom);
+    std::transform(digital.begin(), digital.end(), sections_.begin(), coefficientsOf);
+    rest_ = restOf(analog, digital, corrector);
 }
 
 void Stage::designBoth(const EqSettings& settings, double sampleRateHz, const Corrector& corrector) {
@@ -126,14 +156,11 @@ void Stage::designBoth(const EqSettings& settings, double sampleRateHz, const Co
     std::array<AnalogSection, filterSections> low, high;
     makeFilter(FilterPart::removedRoot, Direction::highPass, settings.low.order, settings.low.corner, low);
     makeFilter(FilterPart::removedRoot, Direction::lowPass, settings.high.order, settings.high.corner, high);
-    std::array<AnalogSection, BothRemoved::sections> analog;
-    std::array<DigitalSection, BothRemoved::sections> digital;
-    both_.design(low, high, analog);
-    for (std::size_t i = 0; i < BothRemoved::sections; ++i) {
-        digital[i] = digitalFrom(analog[i], sampleRateHz);
-        sections_[i] = sections_[BothRemoved::sections + i] = coefficientsOf(digital[i]);
-    }
-    restOf(analog, digital, corrector, rest_);
+    const auto digitalLow = eachOf(low, sampleRateHz, matchedFrom),
+               digitalHigh = eachOf(high, sampleRateHz, matchedFrom);
+    BothRemoved::design(digitalLow, digitalHigh, sections_);
+    // Both are magnitudes here, and the corrector takes their squares.
+    rest_ = quotient(bothOf(low, high, corrector.squares()), bothOf(digitalLow, digitalHigh, corrector.positions()));
     for (double& value : rest_)
         value *= value;
 }

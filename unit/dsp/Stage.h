@@ -15,7 +15,7 @@ namespace QVM_NAMESPACE::dsp {
 
 enum class StageKind : unsigned char { tilt, low, high, lowPeak, highPeak, lowRemoved, highRemoved, bothRemoved };
 constexpr std::size_t stageKinds = 8;
-constexpr std::size_t stageMaxSections = 2 * BothRemoved::sections;
+constexpr std::size_t stageMaxSections = BothRemoved::sections;
 
 // How many sections a stage has.
 std::size_t sectionsOf(StageKind kind);
@@ -25,10 +25,7 @@ public:
     // What the stage is now. False when the settings that matter to it are those of the last call.
     bool design(StageKind kind, const EqSettings& settings, double sampleRateHz, const Corrector& corrector);
     // The next design() computes everything anew.
-    void forget() {
-        isKnown_ = false;
-        both_.forget();
-    }
+    void forget() { isKnown_ = false; }
 
     const vectors::SvfCoefficients& section(std::size_t index) const { return sections_[index]; }
     // What the digital sections lack, at the corrector's frequencies.
@@ -49,7 +46,6 @@ private:
     bool isFlat_ = true;
     std::array<vectors::SvfCoefficients, stageMaxSections> sections_{};
     Corrector::Rest rest_{}; // 1 where nothing lacks
-    BothRemoved both_;
 };
 
 } // namespace QVM_NAMESPACE::dsp

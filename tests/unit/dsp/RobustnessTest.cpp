@@ -218,7 +218,7 @@ TEST(Equaliser, ResponsesAtTheLowestRateFollowTheCurve) {
     for (int i = 0; i < 30; ++i) {
         const ShownValues values = randomValues(random);
         const Curve curve = curveOf(values);
-        const Response response(values, 22050, ringingOf(values));
+        const Response response(values, 22050);
         for (std::size_t k = 0; k < curve.hertz.size(); ++k) {
             if (curve.hertz[k] < 20 || curve.hertz[k] > 8000 || curve.level[k] < -60) continue;
             EXPECT_NEAR(response.level(curve.hertz[k]), curve.level[k], 0.5) << i << ", " << curve.hertz[k] << " Hz";
@@ -292,6 +292,25 @@ TEST(Equaliser, NoPathAllocatesLocksOrCallsTheSystem) {
             ASSERT_FALSE(seen.any()) << seen;
             refill(left, right, signals::tone<float>(2000, 440, 0.5));
         }
+    }
+}
+
+// As when one begins to listen to one filter and to both, and moves a corner meanwhile.
+TEST(Equaliser, ListeningNeitherAllocatesNorLocksFromTheFirstSampleOn) {
+    QVM0015_AudioUnit unit;
+    setAll(unit, busyValues());
+    unit.prepare(rateHz, 512, 2, 2);
+    std::vector<float> left = signals::tone<float>(2000, 440, 0.5), right = left;
+    float* const both[] = {left.data(), right.data()};
+    const std::pair<std::uint32_t, float> changes[] = {{13, 1.0F}, {20, 1.0F}, {9, 70.0F}, {9, 500.0F},
+                                                       {13, 0.0F}, {23, 1.0F}, {9, 4.0F},  {20, 0.0F}};
+    for (const auto& change : changes) {
+        const float value = GetParameter(change.first)->reverseCastValue(change.second);
+        const realtime::Offences seen = realtime::offencesOf([&] {
+            unit.setParameter(change.first, kAudioUnitScope_Global, 0, value, 0);
+            unit.process(both, both, 2000);
+        });
+        EXPECT_FALSE(seen.any()) << seen << "; parameter " << change.first;
     }
 }
 

@@ -89,13 +89,17 @@ TEST_P(SmoothParameter, LeavesNoZipperNoise) {
 
 INSTANTIATE_TEST_SUITE_P(
     Each, SmoothParameter,
-    testing::Values(Sweep{"tilt gain", 1, -18, 18, {}}, Sweep{"tilt range low", 2, 20, 5000, {{1, 12}}},
-                    Sweep{"tilt range high", 3, 300, 20000, {{1, -12}}}, Sweep{"output gain", 7, -30, 12, {}},
-                    Sweep{"filter range low", 9, 20, 4000, {}}, Sweep{"filter range high", 10, 20000, 200, {}},
-                    Sweep{"filter slope low", 14, 6, 48, {{9, 500}}},
-                    Sweep{"filter resonance low", 15, 0, 18, {{9, 900}}},
-                    Sweep{"filter slope high", 21, 48, 6, {{10, 2000}}},
-                    Sweep{"filter resonance high", 22, 18, 0, {{10, 1100}}}));
+    testing::Values(
+        Sweep{"tilt gain", 1, -18, 18, {}}, Sweep{"tilt range low", 2, 20, 5000, {{1, 12}}},
+        Sweep{"tilt range high", 3, 300, 20000, {{1, -12}}}, Sweep{"output gain", 7, -30, 12, {}},
+        Sweep{"filter range low", 9, 20, 4000, {}}, Sweep{"filter range high", 10, 20000, 200, {}},
+        Sweep{"filter slope low", 14, 6, 48, {{9, 500}}}, Sweep{"filter resonance low", 15, 0, 18, {{9, 900}}},
+        Sweep{"filter slope high", 21, 48, 6, {{10, 2000}}}, Sweep{"filter resonance high", 22, 18, 0, {{10, 1100}}},
+        Sweep{"listening to both", 9, 100, 1500, {{10, 4000}, {13, 1}, {20, 1}}},
+        Sweep{"listening to both, crossing", 10, 8000, 150, {{9, 1000}, {13, 1}, {20, 1}}},
+        Sweep{"listening to both, slope", 14, 6, 48, {{9, 700}, {10, 1500}, {13, 1}, {20, 1}}},
+        Sweep{"listening to low", 9, 100, 1500, {{13, 1}}}, Sweep{"listening to high", 10, 8000, 700, {{20, 1}}},
+        Sweep{"listening to high, slope", 21, 48, 6, {{10, 1500}, {20, 1}}}));
 
 // The largest step of a settled unit's output.
 double settledStep(const ShownValues& values, double hertz) {
