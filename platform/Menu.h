@@ -24,7 +24,8 @@ class Menu {
 public:
     std::string title; // shown as a heading; may be empty
     std::vector<MenuItem> items;
-    bool selectsFirst = false; // for the keyboard: with the first row marked that can be chosen, wherever the pointer is
+    bool selectsFirst =
+        false; // for the keyboard: with the first row marked that can be chosen, wherever the pointer is
 };
 
 } // namespace QVM_NAMESPACE

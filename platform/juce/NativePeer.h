@@ -31,10 +31,10 @@ struct NativeKey {
 // were set for a peer once.
 std::optional<NativeKey> dispatchedKey();
 
-// Sends what the toolkit keeps for the X server, pictures among it, and sees to it that the events which it has read and
-// not dispatched are dispatched next. It reads some whenever it waits for an answer, and then sleeps until the server
-// sends more: a click that was read that way is acted on with the next one. Call after every frame and with every
-// refresh; costs next to nothing while there is nothing to do. Does nothing without an X server.
+// Sends what the toolkit keeps for the X server, pictures among it, and sees to it that the events which it has read
+// and not dispatched are dispatched next. It reads some whenever it waits for an answer, and then sleeps until the
+// server sends more: a click that was read that way is acted on with the next one. Call after every frame and with
+// every refresh; costs next to nothing while there is nothing to do. Does nothing without an X server.
 void exchangeEvents();
 
 // Whether a Super key is held. Asks the X server.

@@ -11,7 +11,8 @@ namespace QVM_NAMESPACE {
 
 // An item's action runs when it is chosen, on the main thread, unless `owner` is gone by then; after it `afterwards`,
 // unless the action did away with the owner.
-juce::PopupMenu toToolkit(const Menu& menu, const juce::Component::SafePointer<juce::Component>& owner,
-                          const std::function<void()>& afterwards = [] {});
+juce::PopupMenu toToolkit(
+    const Menu& menu, const juce::Component::SafePointer<juce::Component>& owner,
+    const std::function<void()>& afterwards = [] {});
 
 } // namespace QVM_NAMESPACE
