@@ -1,10 +1,11 @@
 // Writes a picture of every live display for every test signal, to be looked at.
 //
 //   display_pictures FOLDER [gl]
+#include "LiveDisplays.h"
 #include "StereoSignals.h"
+
 #include "platform/CpuDrawingSurface.h"
 #include "platform/GlDrawingSurface.h"
-#include "viz/LiveDisplays.h"
 
 #include <cstdio>
 #include <cstring>
