@@ -10,6 +10,17 @@
 
 namespace QVM_NAMESPACE {
 
+namespace {
+
+constexpr std::uint32_t bypassBit = 1U << QVMParameterCount, allBits = (bypassBit << 1) - 1;
+static_assert(QVMParameterCount < 32);
+
+constexpr std::uint32_t bitOf(std::uint32_t pid) {
+    return 1U << pid;
+}
+
+} // namespace
+
 SlantwiseProcessor::SlantwiseProcessor()
     : juce::AudioProcessor(BusesProperties()
                                .withInput("Input", juce::AudioChannelSet::stereo())
@@ -27,23 +38,42 @@ SlantwiseProcessor::SlantwiseProcessor()
             AUEventListenerAddEventType(listener_, this, &event);
         }
     }
+    if (!isLv2()) offerBypass();
+}
+
+// One value under two names: a change of the one by the host has to reach the host as a change of the other.
+void SlantwiseProcessor::offerBypass() {
+    bypass_ = std::make_unique<BypassParameter>(unit_, [this] { due_.add(bitOf(pidMasterOnOff)); });
+    parameters_[pidMasterOnOff]->setHostChangeHandler([this] { due_.add(bypassBit); });
 }
 
 int SlantwiseProcessor::getNumPrograms() {
-    return wrapperType == wrapperType_LV2 ? 1 : static_cast<int>(QVMPresetCount);
+    return isLv2() ? 1 : static_cast<int>(QVMPresetCount);
 }
 
 int SlantwiseProcessor::getCurrentProgram() {
-    return wrapperType == wrapperType_LV2 ? 0 : std::max(unit_.presetIndex(), 0);
+    return isLv2() ? 0 : std::max(unit_.presetIndex(), 0);
 }
 
 void SlantwiseProcessor::setCurrentProgram(int index) {
     // A preset of an LV2 bundle may well be the present one once more; it is asked for by hand.
-    const bool isAskedFor =
-        wrapperType == wrapperType_LV2 || (index != unit_.presetIndex() && index != overruledProgram_);
+    const bool isAskedFor = isLv2() || (index != unit_.presetIndex() && index != overruledProgram_);
     if (!isAskedFor || !unit_.choosePreset(index)) return;
+    if (isLv2()) return announceAll();
+    due_.add(allBits);
+}
+
+void SlantwiseProcessor::announceAll() {
     for (UnitParameter* parameter : parameters_)
         parameter->announceValue();
+}
+
+void SlantwiseProcessor::announceWhatIsDue() {
+    const std::uint32_t due = due_.take();
+    if (due == 0) return;
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        if (due & bitOf(pid)) parameters_[pid]->announceValue();
+    if (bypass_ && (due & bypassBit)) bypass_->announceValue();
 }
 
 const juce::String SlantwiseProcessor::getProgramName(int index) {
@@ -80,6 +110,7 @@ void SlantwiseProcessor::handleUnitEvent(const AudioUnitEvent& event) {
         return openGesture(pid);
     case kAudioUnitEvent_ParameterValueChange:
         openGesture(pid);
+        if (pid == pidMasterOnOff) due_.add(bypassBit);
         return parameters_[pid]->announceValue();
     case kAudioUnitEvent_EndParameterChangeGesture:
         return closeGesture(pid);
@@ -122,6 +153,7 @@ void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
     unit_.process(buffer.getArrayOfReadPointers(), buffer.getArrayOfWritePointers(),
                   static_cast<std::uint32_t>(buffer.getNumSamples()));
     overruledProgram_.store(-1, std::memory_order_relaxed);
+    announceWhatIsDue();
 }
 
 void SlantwiseProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) {
@@ -140,13 +172,15 @@ void SlantwiseProcessor::getStateInformation(juce::MemoryBlock& bytes) {
 void SlantwiseProcessor::setStateInformation(const void* bytes, int size) {
     const auto* begin = static_cast<const std::uint8_t*>(bytes);
     const int before = getCurrentProgram();
+    const std::uint32_t overruled = due_.take(); // before the values change: no block may still tell of the old ones
     const UnitStateResult result = unit_.restoreState({begin, begin + std::max(size, 0)});
-    if (result != UnitStateResult::ok) return logLine(std::string("state not restored: ") + toText(result));
+    if (result != UnitStateResult::ok) {
+        due_.add(overruled);
+        return logLine(std::string("state not restored: ") + toText(result));
+    }
     if (before != getCurrentProgram()) overruledProgram_ = before;
     // LV2 hosts know values by message alone; the others ask for them after a restore.
-    if (wrapperType != wrapperType_LV2) return;
-    for (UnitParameter* parameter : parameters_)
-        parameter->announceValue();
+    if (isLv2()) announceAll();
 }
 
 juce::AudioProcessorEditor* SlantwiseProcessor::createEditor() {

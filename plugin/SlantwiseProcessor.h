@@ -2,16 +2,20 @@
 //
 // Values and gestures from the editor reach the host through the unit's event listeners; values from the host go
 // straight into the unit on whatever thread the host uses. Neither comes back to where it started. Whatever the editor
-// does, the host sees gestures that begin once, hold the value changes, and end.
+// does, the host sees gestures that begin once, hold the value changes, and end. What follows from something that the
+// host did itself, such as a program, it is told of by the next block (DueAnnouncements).
 #pragma once
 
 #include "platform/AudioUnitListeners.h"
 #include "platform/juce/ToolkitRuntime.h"
+#include "plugin/BypassParameter.h"
+#include "plugin/DueAnnouncements.h"
 #include "plugin/UnitParameter.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -32,12 +36,15 @@ public:
     // Called whenever a gesture opened; null: by nobody. Main thread.
     void setGestureHandler(std::function<void()> handler) { gestureHandler_ = std::move(handler); }
 
-    // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log.
+    // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log, save that in a
+    // block that has something to announce the toolkit takes its locks of listeners, as for each automated value.
     void prepareToPlay(double sampleRateHz, int maxFrames) override;
     void releaseResources() override {}
     void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) override;
     void processBlock(juce::AudioBuffer<double>& buffer, juce::MidiBuffer&) override;
     bool supportsDoublePrecisionProcessing() const override { return true; }
+    // The master switch as the host's bypass. None in LV2: there the toolkit would write it in every block.
+    juce::AudioProcessorParameter* getBypassParameter() const override { return bypass_.get(); }
     bool isBusesLayoutSupported(const BusesLayout& layout) const override;
     double getTailLengthSeconds() const override { return 0; }
 
@@ -52,9 +59,9 @@ public:
     bool acceptsMidi() const override { return false; }
     bool producesMidi() const override { return false; }
     // The factory presets, as programs of the host. In LV2 they are presets of the bundle, and a program is only what
-    // such a preset names. Any thread; the host is told of the values as of its own changes. A program that is current
-    // already, or was current until a state was restored, changes nothing: hosts send a program with a state, and the
-    // state's values count.
+    // such a preset names. Any thread; the host is told of the values by the next block, in LV2 at once. A program that
+    // is current already, or was current until a state was restored, changes nothing: hosts send a program with a
+    // state, and the state's values count.
     int getNumPrograms() override;
     int getCurrentProgram() override;
     void setCurrentProgram(int index) override;
@@ -68,14 +75,21 @@ private:
     void handleUnitEvent(const AudioUnitEvent& event);
     void openGesture(std::uint32_t pid);
     void closeGesture(std::uint32_t pid);
+    bool isLv2() const { return wrapperType == wrapperType_LV2; }
+    void offerBypass();
+    void announceAll();
+    // Render thread.
+    void announceWhatIsDue();
     template <class Sample>
     void process(juce::AudioBuffer<Sample>& buffer);
 
     [[maybe_unused]] const bool described_ = buildDescription();
     juce::SharedResourcePointer<ToolkitRuntime> runtime_;
     QVM0015_AudioUnit unit_;
-    std::vector<UnitParameter*> parameters_; // owned by the base class, by pid
-    std::vector<bool> gestureOpen_;          // by pid; main thread
+    std::vector<UnitParameter*> parameters_;  // owned by the base class, by pid
+    std::unique_ptr<BypassParameter> bypass_; // null where it is not offered
+    DueAnnouncements due_;
+    std::vector<bool> gestureOpen_; // by pid; main thread
     std::function<void()> gestureHandler_;
     AUEventListenerRef listener_ = nullptr;
     // The program that a restored state has overruled, until audio has run since; -1 for none. Written by the thread

@@ -35,6 +35,7 @@ float UnitParameter::getValue() const {
 void UnitParameter::setValue(float normalisedValue) {
     if (!std::isfinite(normalisedValue) || isEcho(normalisedValue, getValue())) return;
     AudioUnitSetParameter(&unit_, parameter_.pid, kAudioUnitScope_Global, 0, range_.hostValue(normalisedValue), 0);
+    if (hostChangeHandler_) hostChangeHandler_();
 }
 
 float UnitParameter::getDefaultValue() const {

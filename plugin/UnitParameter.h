@@ -6,6 +6,9 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <functional>
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 class UnitParameter final : public juce::RangedAudioParameter {
@@ -21,7 +24,12 @@ public:
     // The host-domain range, linear: what a host shows that has numbers of its own and no text from us.
     const juce::NormalisableRange<float>& getNormalisableRange() const override { return hostRange_; }
 
-    // Tells the host what the unit's value is now, without writing it again. Any thread but the render thread.
+    // Called when the host has changed the value, on the host's thread, the render thread included; null: nobody is.
+    // Set before the host has the parameter.
+    void setHostChangeHandler(std::function<void()> handler) { hostChangeHandler_ = std::move(handler); }
+
+    // Tells the host what the unit's value is now, without writing it again. Any thread; the toolkit takes its locks of
+    // listeners for it.
     void announceValue() { sendValueChangedMessageToListeners(getValue()); }
 
     int getNumSteps() const override;
@@ -36,6 +44,7 @@ private:
     AudioUnitInstance& unit_;
     const HostRange range_;
     const juce::NormalisableRange<float> hostRange_;
+    std::function<void()> hostChangeHandler_;
 };
 
 } // namespace QVM_NAMESPACE

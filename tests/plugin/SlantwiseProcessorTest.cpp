@@ -7,8 +7,10 @@
 #include "support/RealtimeTrap.h"
 #include "unit/PrivateProperties.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <future>
 #include <limits>
@@ -46,6 +48,12 @@ void processOnce(SlantwiseProcessor& processor, juce::AudioBuffer<Sample>& buffe
     processor.processBlock(buffer, midi);
 }
 
+void processOnce(SlantwiseProcessor& processor) {
+    juce::AudioBuffer<float> buffer(2, 64);
+    buffer.clear();
+    processOnce(processor, buffer);
+}
+
 float valueOf(SlantwiseProcessor& processor, std::uint32_t pid) {
     float value = 0;
     EXPECT_EQ(AudioUnitGetParameter(&processor.unit(), pid, kAudioUnitScope_Global, 0, &value), noErr);
@@ -65,7 +73,7 @@ TEST(SlantwiseProcessor, OffersTheProductsParametersInOrder) {
     }
 }
 
-TEST(SlantwiseProcessor, OffersTheFactoryPresetsAsProgramsAndNoBypassParameter) {
+TEST(SlantwiseProcessor, OffersTheFactoryPresetsAsPrograms) {
     SlantwiseProcessor processor;
     ASSERT_EQ(processor.getNumPrograms(), static_cast<int>(QVMPresetCount));
     for (int index = 0; index < processor.getNumPrograms(); ++index)
@@ -74,7 +82,22 @@ TEST(SlantwiseProcessor, OffersTheFactoryPresetsAsProgramsAndNoBypassParameter) 
     EXPECT_EQ(processor.getCurrentProgram(), 0);
     EXPECT_TRUE(processor.getProgramName(-1).isNotEmpty());
     EXPECT_TRUE(processor.getProgramName(99).isNotEmpty());
-    EXPECT_EQ(processor.getBypassParameter(), nullptr);
+}
+
+TEST(SlantwiseProcessor, OffersTheMasterSwitchAsTheHostsBypassOutsideLv2) {
+    SlantwiseProcessor processor;
+    ASSERT_NE(processor.getBypassParameter(), nullptr);
+    EXPECT_EQ(processor.getParameters().indexOf(processor.getBypassParameter()), -1) << "the list is the product's";
+    EXPECT_EQ(processor.getBypassParameter()->getValue(), 0);
+    processor.parameter(0).setValue(0);
+    EXPECT_EQ(processor.getBypassParameter()->getValue(), 1);
+    processor.getBypassParameter()->setValue(0);
+    EXPECT_EQ(valueOf(processor, 0), 1);
+
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
+    SlantwiseProcessor inLv2;
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
+    EXPECT_EQ(inLv2.getBypassParameter(), nullptr);
 }
 
 TEST(SlantwiseProcessor, AProgramSetsEverythingButTheQualityMode) {
@@ -118,6 +141,129 @@ TEST(SlantwiseProcessor, ARestoredStateWinsOverTheProgramsThatAHostSendsWithIt) 
     to.setCurrentProgram(0); // now somebody wants it
     EXPECT_EQ(to.getCurrentProgram(), 0);
     EXPECT_EQ(valueOf(to, 1), 0);
+}
+
+TEST(SlantwiseProcessor, AProgramsValuesAreToldByTheNextBlockOnce) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    slantwise_tests::HostRecorder host(processor);
+    processor.setCurrentProgram(22);
+    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
+    processOnce(processor);
+    EXPECT_EQ(host.lines.size(), QVMParameterCount);
+    EXPECT_THAT(host.lines, testing::Contains("value 1 0.694444")); // 7 dB
+    host.lines.clear();
+    processOnce(processor);
+    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
+}
+
+TEST(SlantwiseProcessor, ARestoredStateTakesAwayWhatWasToBeToldOfAProgram) {
+    SlantwiseProcessor from, to;
+    from.setCurrentProgram(8);
+    from.parameter(1).setValue(0.9f);
+    prepare(to, 2, 2);
+    slantwise_tests::HostRecorder host(to);
+    to.setCurrentProgram(8);
+    restore(to, stateOf(from));
+    processOnce(to);
+    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
+    EXPECT_EQ(stateOf(to), stateOf(from));
+
+    to.setCurrentProgram(22);
+    to.setStateInformation("none", 4);
+    processOnce(to);
+    EXPECT_EQ(host.lines.size(), QVMParameterCount) << "what is no state takes nothing away";
+}
+
+// In LV2 a program comes with a state of the bundle, and the host knows values by what it is told alone.
+TEST(SlantwiseProcessor, InLv2AProgramsValuesAreToldAtOnce) {
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
+    SlantwiseProcessor processor;
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
+    slantwise_tests::HostRecorder host(processor);
+    processor.setCurrentProgram(8);
+    EXPECT_EQ(host.lines.size(), QVMParameterCount);
+}
+
+// The bypass is the master switch under another name: what the host does to the one it is told of the other, once, and
+// not of the one that it changed itself.
+TEST(SlantwiseProcessor, TheHostIsToldOfTheOtherNameOfTheMasterSwitch) {
+    struct BypassLog final : juce::AudioProcessorParameter::Listener {
+        void parameterValueChanged(int, float value) override { told.push_back(value); }
+        void parameterGestureChanged(int, bool) override {}
+        std::vector<float> told;
+    } bypass;
+    RunLoop::main().becomeMainThread(); // as an open editor does
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    slantwise_tests::HostRecorder host(processor);
+    processor.getBypassParameter()->addListener(&bypass);
+
+    processor.getBypassParameter()->setValue(1);
+    processOnce(processor);
+    EXPECT_EQ(host.lines, (std::vector<std::string>{"value 0 0"}));
+    EXPECT_TRUE(bypass.told.empty());
+
+    processor.parameter(0).setValue(1);
+    processOnce(processor);
+    EXPECT_EQ(host.lines.size(), 1U);
+    EXPECT_EQ(bypass.told, (std::vector<float>{0}));
+
+    const AudioUnitParameter master{&processor.unit(), 0, kAudioUnitScope_Global, 0}; // from the editor
+    AUParameterSet(nullptr, nullptr, &master, 0, 0);
+    processOnce(processor);
+    processOnce(processor);
+    EXPECT_EQ(bypass.told, (std::vector<float>{0, 1}));
+    processor.endOpenGestures();
+    EXPECT_EQ(host.lines, (std::vector<std::string>{"value 0 0", "begin 0", "value 0 0", "end 0"}));
+    processor.getBypassParameter()->removeListener(&bypass);
+}
+
+TEST(SlantwiseProcessor, ABypassedUnitPassesWhatComesIn) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    processor.parameter(7).setValue(0); // nothing of the processed signal
+    juce::AudioBuffer<float> buffer(2, 4096);
+    const auto fill = [&] {
+        for (int i = 0; i < buffer.getNumSamples(); ++i)
+            for (int channel = 0; channel < 2; ++channel)
+                buffer.setSample(channel, i, std::sin(0.1f * static_cast<float>(i)));
+    };
+    fill();
+    processOnce(processor, buffer);
+    EXPECT_LT(buffer.getMagnitude(2048, 2048), 1e-3f);
+    processor.getBypassParameter()->setValue(1);
+    fill();
+    processOnce(processor, buffer); // it fades
+    fill();
+    const juce::AudioBuffer<float> dry = buffer;
+    processOnce(processor, buffer);
+    for (int channel = 0; channel < 2; ++channel)
+        EXPECT_TRUE(std::equal(dry.getReadPointer(channel), dry.getReadPointer(channel) + dry.getNumSamples(),
+                               buffer.getReadPointer(channel)));
+}
+
+// The toolkit guards its listeners with locks, here as for every value that a host automates.
+TEST(SlantwiseProcessor, ABlockThatTellsOfAProgramNeitherAllocatesNorCallsTheSystem) {
+    SlantwiseProcessor processor;
+    prepare(processor, 2, 2);
+    juce::AudioBuffer<float> buffer(2, 64);
+    juce::MidiBuffer midi;
+    buffer.clear();
+    processor.setCurrentProgram(22);
+    realtime::Offences seen = realtime::offencesOf([&] { processor.processBlock(buffer, midi); });
+    EXPECT_EQ(seen.heapCalls, 0U) << seen;
+    EXPECT_EQ(seen.systemCalls, 0U) << seen;
+    EXPECT_LE(seen.locks, QVMParameterCount + 1) << "the toolkit's, one a parameter";
+    seen = realtime::offencesOf([&] { processor.processBlock(buffer, midi); });
+    EXPECT_FALSE(seen.any()) << seen;
+    seen = realtime::offencesOf([&] {
+        processor.parameter(0).setValue(0);
+        processor.processBlock(buffer, midi);
+    });
+    EXPECT_EQ(seen.heapCalls, 0U) << seen;
+    EXPECT_EQ(seen.systemCalls, 0U) << seen;
+    EXPECT_LE(seen.locks, 1U) << "the toolkit's, for the bypass";
 }
 
 TEST(SlantwiseProcessor, ChoosingAPresetInTheEditorTellsTheHostOfTheProgram) {
@@ -286,8 +432,7 @@ TEST(SlantwiseProcessor, BlocksOfAnyLengthAreProcessed) {
 }
 
 // The render thread may automate as well as process.
-TEST(SlantwiseProcessor, RenderThreadNeitherAllocatesNorLocksNorCallsTheSystem) {
-    SlantwiseProcessor processor;
+void expectRealtimeSafe(SlantwiseProcessor& processor, std::uint32_t firstPid) {
     prepare(processor, 2, 2);
     juce::AudioBuffer<float> buffer(2, 512);
     juce::AudioBuffer<double> dual(2, 512);
@@ -296,13 +441,22 @@ TEST(SlantwiseProcessor, RenderThreadNeitherAllocatesNorLocksNorCallsTheSystem) 
     dual.clear();
     const realtime::Offences seen = realtime::offencesOf([&] {
         for (int block = 0; block < 4; ++block) {
-            for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+            for (std::uint32_t pid = firstPid; pid < QVMParameterCount; ++pid)
                 processor.parameter(pid).setValue(static_cast<float>(block) / 3);
             processor.processBlock(buffer, midi);
             processor.processBlock(dual, midi);
         }
     });
     EXPECT_FALSE(seen.any()) << seen;
+}
+
+TEST(SlantwiseProcessor, RenderThreadNeitherAllocatesNorLocksNorCallsTheSystem) {
+    SlantwiseProcessor processor;
+    expectRealtimeSafe(processor, 1); // the master switch has another name, which the host is told of: see above
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
+    SlantwiseProcessor inLv2;
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
+    expectRealtimeSafe(inLv2, 0);
 }
 
 // The negative control: what the same processor does elsewhere is seen by the same trap.
