@@ -66,6 +66,9 @@ void StandaloneApp::applyPreset() {
     if (!options_.presetIndex) return;
     const auto& name = GetPresets()->stringValues[static_cast<std::size_t>(*options_.presetIndex)];
     editor_->view().requestPresetNamed(name);
+    // A preset that is asked for gets the keyboard, for the arrow keys to go on from it; here nobody has asked for
+    // that.
+    editor_->view().ui().bringParameterControlIntoFocus(nullptr);
 }
 
 void StandaloneApp::applyLayout() {

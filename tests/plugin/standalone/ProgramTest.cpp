@@ -146,6 +146,15 @@ TEST_F(StandaloneProgram, ThemesAndPresetsShow) {
     EXPECT_EQ(differing(*light, *again), 0U);
 }
 
+// The preset that it starts with anyway, named: the border that a control with the keyboard wears would be the
+// difference.
+TEST_F(StandaloneProgram, NoControlHasTheKeyboardAtTheStart) {
+    const std::string still = "--play " + silence();
+    const auto plain = screenshot(still, "2"), named = screenshot(still + " --preset Default", "2");
+    ASSERT_TRUE(plain && named);
+    EXPECT_EQ(differing(*plain, *named), 0U);
+}
+
 TEST_F(StandaloneProgram, TheCurveIsInThePicture) {
     const auto flat = screenshot("--preset Default", "2"), air = screenshot("--preset Air", "2"),
                none = screenshot("--preset Air", "0.1");
@@ -190,6 +199,15 @@ TEST_F(StandaloneProgram, SettingsShow) {
     ASSERT_TRUE(plain && moved && again);
     EXPECT_GT(differing(*plain, *moved), 500U);
     EXPECT_EQ(differing(*moved, *again), 0U);
+}
+
+TEST_F(StandaloneProgram, BlanksAndLineEndsRoundAnAddressAreNoPartOfIt) {
+    const std::string address = "https://ferrowind.example/slantwise/2.0.1/?tg:9";
+    const std::string still = "--play " + silence() + " --settings ";
+    const auto bare = screenshot(still + "'" + address + "'", "2"),
+               blank = screenshot(still + "' \t" + address + " \n'", "2");
+    ASSERT_TRUE(bare && blank);
+    EXPECT_EQ(differing(*bare, *blank), 0U);
 }
 
 TEST_F(StandaloneProgram, APictureThatCannotBeWrittenIsAnError) {
