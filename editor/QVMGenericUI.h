@@ -231,6 +231,7 @@ private:
     void addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings);
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
     void rereadMemoizedValue(const QVMParameter& parameter, float held);
+    void showFocusInSketch();
     void showThemeInSketches();
     void sketchScaleDidChange();
 

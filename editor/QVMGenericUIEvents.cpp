@@ -31,13 +31,18 @@ void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) 
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
         each->setFocused(each == control);
-    if (sketch_) {
-        const QVMParameter* focused = control ? control->parameter() : nullptr;
-        sketch_->setFocusedPid(focused ? static_cast<std::int32_t>(focused->pid) : -1);
-    }
+    showFocusInSketch();
     if (!presetBar_) return;
     presetBar_->ab().setFocused(&presetBar_->ab() == control);
     if (presetBar_->presetControl()) presetBar_->presetControl()->setFocused(presetBar_->presetControl() == control);
+}
+
+// The A/B control stands for no parameter, and the preset control's is none of the unit's.
+void QVMGenericUI::showFocusInSketch() {
+    if (!sketch_) return;
+    const bool isOfUnit =
+        std::find(parameterControls_.begin(), parameterControls_.end(), focusedControl_) != parameterControls_.end();
+    sketch_->setFocusedPid(isOfUnit ? static_cast<std::int32_t>(focusedControl_->parameter()->pid) : -1);
 }
 
 void QVMGenericUI::setHasFocus(bool hasFocus) {

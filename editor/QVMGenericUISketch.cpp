@@ -48,7 +48,7 @@ void QVMGenericUI::addSketchWithFrameAppendView(const Rect& frame, View& appendV
     sketch_ = made.get();
     sketch_->setDelegate(this);
     sketch_->setNumericMeter(numericMeterReading_.get());
-    if (focusedControl_) sketch_->setFocusedPid(static_cast<std::int32_t>(focusedControl_->parameter()->pid));
+    showFocusInSketch();
     showMemoizedValues(*sketch_->getVizRef());
     sketch_->layer()->setMasksToBounds(true); // lines end at the rounded corners
     layOutSketch();

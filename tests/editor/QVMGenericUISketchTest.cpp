@@ -1,7 +1,9 @@
 #include "EditorFixture.h"
 
+#include "controls/QVMSymbolButton.h"
 #include "editor/EditorLayout.h"
 #include "editor/QVMPowerBox.h"
+#include "editor/QVMPresetBar.h"
 #include "viz/QVM0015GLSketch.h"
 
 #include <gmock/gmock.h>
@@ -133,6 +135,41 @@ TEST_F(QVMGenericUISketch, IsToldTheFocusedParameter) {
     ui_->bringParameterControlIntoFocus(&control(9));
     EXPECT_EQ(sketch().focusedPid(), 9);
     ui_->bringParameterControlIntoFocus(nullptr);
+    EXPECT_EQ(sketch().focusedPid(), -1);
+}
+
+// A control with no parameter of the unit has the focus while the sketch is made.
+TEST_F(QVMGenericUISketch, ComesWhateverWasClickedBefore) {
+    for (const char* name : {"aButton", "bButton", "arrowButton"}) {
+        openAnew();
+        time_.advance(0.3);
+        for (const auto& button : ui_->presetBar()->ab().subviews())
+            if (button->layer()->name() == name) click(middleOf(*button));
+        ASSERT_EQ(ui_->focusedControl(), &ui_->presetBar()->ab()) << name;
+        time_.advance(0.3);
+        ASSERT_NE(ui_->sketch(), nullptr) << name;
+        EXPECT_EQ(sketch().focusedPid(), -1) << name;
+    }
+    openAnew();
+    click(ui_->presetBar()->convertToWindow(Point{320, 15})); // an arrow beside the preset's name
+    ASSERT_EQ(ui_->focusedControl(), ui_->presetBar()->presetControl());
+    time_.advance(0.6);
+    EXPECT_EQ(sketch().focusedPid(), -1) << "the preset's number is no parameter of the unit";
+}
+
+TEST_F(QVMGenericUISketch, IsToldTheParameterThatHadTheFocusBefore) {
+    openAnew();
+    ui_->bringParameterControlIntoFocus(&control(9));
+    time_.advance(0.6);
+    EXPECT_EQ(sketch().focusedPid(), 9);
+}
+
+TEST_F(QVMGenericUISketch, AControlOfNoParameterHasNoPid) {
+    ui_->bringParameterControlIntoFocus(&control(9));
+    ui_->bringParameterControlIntoFocus(ui_->presetBar()->presetControl());
+    EXPECT_EQ(sketch().focusedPid(), -1);
+    ui_->bringParameterControlIntoFocus(&control(9));
+    ui_->bringParameterControlIntoFocus(&ui_->presetBar()->ab());
     EXPECT_EQ(sketch().focusedPid(), -1);
 }
 
