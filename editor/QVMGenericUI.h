@@ -169,8 +169,11 @@ public:
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
     }
 
-    // Keyboard focus. A control of the master clump never takes it; null takes it away from all.
+    // Keyboard focus. A control of the master clump never takes it; null, or one that cannot be shown, takes it away
+    // from all.
     void bringParameterControlIntoFocus(QVMParameterControl* control);
+    // Whether nothing hides a control, itself or a view around it, but the advanced drawer, which opens for the focus.
+    bool canBeShown(const QVMParameterControl& control) const;
     QVMParameterControl* focusedControl() const { return focusedControl_; }
     // The control that the last context menu was about; null when it was about none.
     QVMParameterControl* lastRightClickedControl() const { return lastRightClickedControl_; }
@@ -217,6 +220,7 @@ private:
     void addFrameButton();
     void layOutSketch();
     void layOutFrameButton();
+    void dropHiddenFocus();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
     static constexpr float nothingReceived = std::numeric_limits<float>::max();

@@ -2,6 +2,7 @@
 #include "controls/QVMRangeControl.h"
 #include "description/NumberText.h"
 #include "editor/EditorLayout.h"
+#include "editor/QVMClumpsView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMLogoStamp.h"
@@ -27,6 +28,7 @@ bool isInClumpOfType(const QVMParameter* parameter, std::int32_t type) {
 
 void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) {
     if (control && isInClumpOfType(control->parameter(), QVMClumpTypeMaster)) return;
+    if (control && !canBeShown(*control)) control = nullptr;
     if (control != focusedControl_) keyboard_->clearNumberBuffer();
     focusedControl_ = control;
     for (QVMParameterControl* each : parameterControls_)
@@ -62,6 +64,14 @@ void QVMGenericUI::setHasFocus(bool hasFocus) {
 
 bool QVMGenericUI::isInClosedDrawer(const QVMParameter* parameter) const {
     return altFrame_ == QVMAltFrameNormal && isInClumpOfType(parameter, QVMClumpTypeAdvanced);
+}
+
+bool QVMGenericUI::canBeShown(const QVMParameterControl& control) const {
+    for (const View* view = &control; view && view != this; view = view->superview()) {
+        const bool isClosedDrawer = view == advClumpsView_ && altFrame_ == QVMAltFrameNormal;
+        if (view->isHidden() && !isClosedDrawer) return false;
+    }
+    return true;
 }
 
 void QVMGenericUI::revealFocusedControl() {

@@ -57,6 +57,14 @@ void QVMGenericUI::assumeFrames() {
     if (powerBox_) powerBox_->assumeLayout(layout);
     layOutSketch();
     layOutFrameButton();
+    dropHiddenFocus();
+}
+
+// What is typed would change a control that the layout has taken away.
+void QVMGenericUI::dropHiddenFocus() {
+    if (!focusedControl_) return;
+    if (!canBeShown(*focusedControl_) || isInClosedDrawer(focusedControl_->parameter()))
+        bringParameterControlIntoFocus(nullptr);
 }
 
 void QVMGenericUI::layOutSketch() {

@@ -85,7 +85,7 @@ QVMParameterControl* QVMKeyboardHandler::adjacentParameterControlDirection(QVMPa
             continue;
         }
         QVMParameterControl* candidate = passed ? ui_->parameterControlWithCodename(order[index]) : nullptr;
-        if (isUsable(candidate)) return candidate;
+        if (isUsable(candidate) && ui_->canBeShown(*candidate)) return candidate;
     }
     return nullptr;
 }

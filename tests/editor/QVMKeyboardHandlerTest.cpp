@@ -129,6 +129,13 @@ TEST_F(QVMKeyboardHandlerTest, TabPassesDisabledControls) {
     EXPECT_EQ(focusedPid(), 3u);
 }
 
+TEST_F(QVMKeyboardHandlerTest, TabPassesHiddenControls) {
+    focus(1);
+    control(2).setHidden(true);
+    tab();
+    EXPECT_EQ(ui_->focusedControl(), &control(3));
+}
+
 TEST_F(QVMKeyboardHandlerTest, TabWithAllOthersDisabledRemovesFocus) {
     focus(1);
     for (QVMParameterControl* other : ui_->parameterControls())
