@@ -72,9 +72,17 @@ void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
     addClumpsView();
     addPresetBar();
     addAndRegisterParameterControls();
-    abState_ = 0;
-    for (std::vector<float>& slot : abValues_)
-        copyValuesToPreset(slot, 0);
+    resetABState(memoizedPValues_);
+}
+
+void QVMGenericUI::resetABState(std::span<const float> values) {
+    undoRedoABState(0);
+    for (std::vector<float>& slot : abValues_) {
+        slot.assign(values.begin(), values.end());
+        slot.resize(memoizedPValues_.size());
+        slot.push_back(static_cast<float>(currentPreset()));
+    }
+    potentiallySaveToUndoRedoStack();
 }
 
 void QVMGenericUI::applyChannelLayoutRules() {

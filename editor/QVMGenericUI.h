@@ -84,14 +84,14 @@ public:
     float getMemoizedPValueDirectly(std::uint32_t pid) const;
     std::uint32_t receivedParamUpdateCount() const { return receivedParamUpdateCount_; }
 
-    // Presets, by index or by name. Choosing one sets every parameter that is no preset wildcard; a name that no preset
-    // has leaves the current one.
+    // Presets, by index or by name. Choosing one sets every parameter that is no preset wildcard. A name that no preset
+    // has cannot be chosen.
     void requestPresetNamed(const std::string& name);
     // The preset control has another value, or the same one again: applies that preset and reports it.
     void presetUpdated();
     // One value for each parameter that is no preset wildcard, in pid order. What is no number leaves its parameter.
     void applyPresetValues(std::span<const float> values);
-    // Names the current preset and applies nothing.
+    // Names the current preset and applies nothing. A name or index that no preset has is shown as such.
     void lastSavedPresetWasNamed(const std::string& name);
     void lastSavedPresetWasKeyed(std::uint32_t index);
     // The preset control's value; 0 in a product without presets.
@@ -107,6 +107,8 @@ public:
     std::uint32_t abState() const { return abState_; }
     // Slot `state` gets the values of the text; the other slot becomes the active one. State 2 means nothing was saved.
     void restoreABStateSettings(std::uint32_t state, std::string_view settings);
+    // The comparison starts anew: A is active, and both slots have these values, by pid.
+    void resetABState(std::span<const float> values);
 
     // Layout variants: 0 normal, 1 with the advanced drawer, 2 compact. `requestFrame` asks the delegate, which answers
     // with `assumeAltFrameScaleChanged`.

@@ -15,6 +15,11 @@ namespace {
 
 constexpr double dirtyCheckDelay = 0.5; // seconds
 
+// The number of the preset with a name; with none, one that no preset has.
+std::uint32_t indexOfPresetNamed(const std::vector<std::string>& names, const std::string& name) {
+    return static_cast<std::uint32_t>(std::find(names.begin(), names.end(), name) - names.begin());
+}
+
 } // namespace
 
 std::uint32_t QVMGenericUI::currentPreset() const {
@@ -23,7 +28,11 @@ std::uint32_t QVMGenericUI::currentPreset() const {
 }
 
 void QVMGenericUI::requestPresetNamed(const std::string& name) {
-    lastSavedPresetWasNamed(name);
+    if (!config_->presets) return;
+    const std::vector<std::string>& names = config_->presets->stringValues;
+    const std::uint32_t index = indexOfPresetNamed(names, name);
+    if (index >= names.size()) return;
+    lastSavedPresetWasKeyed(index);
     presetUpdated();
 }
 
@@ -48,10 +57,7 @@ void QVMGenericUI::applyPresetValues(std::span<const float> values) {
 }
 
 void QVMGenericUI::lastSavedPresetWasNamed(const std::string& name) {
-    if (!config_->presets) return;
-    const std::vector<std::string>& names = config_->presets->stringValues;
-    const auto found = std::find(names.begin(), names.end(), name);
-    if (found != names.end()) lastSavedPresetWasKeyed(static_cast<std::uint32_t>(found - names.begin()));
+    if (config_->presets) lastSavedPresetWasKeyed(indexOfPresetNamed(config_->presets->stringValues, name));
 }
 
 // Straight to the inner control: an index that no preset has stays what it is, and is shown as such.

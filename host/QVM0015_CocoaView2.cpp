@@ -71,12 +71,23 @@ void QVM0015_CocoaView2::readParameters() {
     }
 }
 
+void QVM0015_CocoaView2::adoptRestoredState() {
+    if (!ui_) return;
+    synchronise();
+    if (abState_.state != QVMABRecord::nothingSaved) return;
+    // The frame that brings the unit's values is still to come.
+    std::array<float, parameterCount> values{};
+    for (std::uint32_t pid = 0; pid < parameterCount; ++pid)
+        values[pid] = ui_->config().parameterForPid(pid)->heldValueFromHostValue(valueForParameterID(pid));
+    ui_->resetABState(values);
+}
+
 // A property that cannot be read leaves the editor as it is: no name, nothing saved, the normal layout.
 void QVM0015_CocoaView2::synchronise() {
     const std::string* name = nullptr;
     getProperty(kQVMProperty_PresetName, name);
     lastPreset_ = name ? *name : std::string();
-    ui_->lastSavedPresetWasNamed(lastPreset_);
+    if (name) ui_->lastSavedPresetWasNamed(lastPreset_);
 
     adoptAlternateState();
 
@@ -86,7 +97,6 @@ void QVM0015_CocoaView2::synchronise() {
 }
 
 void QVM0015_CocoaView2::adoptAlternateState() {
-    if (!ui_) return;
     QVMABRecord record;
     getProperty(kQVMProperty_ABState, record);
     abSettings_ = record.settings ? *record.settings : std::string();

@@ -38,9 +38,9 @@ public:
     // From the host, for the editor; nothing happens before the view is bound.
     void requestPresetNamed(const std::string& name);
     void setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs);
-    // Takes over the A/B record as it now is in the unit: after a state was restored there. Values and preset come by
-    // themselves; the layout is the user's and stays.
-    void adoptAlternateState();
+    // Takes over what is kept in the unit besides the parameters, as it now is: after a state was restored there.
+    // Values come by themselves, with the next frame.
+    void adoptRestoredState();
     // The unit's value now, in the host domain; 0 when it has none.
     float valueForParameterID(AudioUnitParameterID pid) const;
 
@@ -51,6 +51,7 @@ private:
     void createEditor();
     void readParameters();
     void synchronise();
+    void adoptAlternateState();
     void release();
     static void ParameterListenerDispatcher(void* view, void* object, const AudioUnitParameter* parameter, float value);
     // Deliberately empty, see above.

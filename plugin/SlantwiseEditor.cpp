@@ -34,11 +34,11 @@ SlantwiseEditor::~SlantwiseEditor() {
 }
 
 void SlantwiseEditor::followHost() {
+    const std::uint32_t restores = processor_.unit().restoreCount();
+    if (std::exchange(restores_, restores) != restores) view_->adoptRestoredState();
     const std::int32_t index = processor_.unit().presetIndex();
     const auto chosen = static_cast<std::uint32_t>(index);
     if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
-    const std::uint32_t restores = processor_.unit().restoreCount();
-    if (std::exchange(restores_, restores) != restores) view_->adoptAlternateState();
 }
 
 void SlantwiseEditor::resized() {

@@ -25,9 +25,9 @@ public:
 private:
     // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
     void endGesturesSoon();
-    // Takes over a program that the host has chosen meanwhile and the A/B slots of a state that it has restored, if
-    // any. With every refresh of the window, which comes anyway, and so never before there is one: until then another
-    // thread may be serving the timers.
+    // Takes over a state that the host has restored meanwhile and a program that it has chosen, if any. With every
+    // refresh of the window, which comes anyway, and so never before there is one: until then another thread may be
+    // serving the timers.
     void followHost();
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;

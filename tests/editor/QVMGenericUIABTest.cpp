@@ -174,5 +174,20 @@ TEST_F(QVMGenericUIAB, WhatWasSavedIsWhatComesBack) {
     EXPECT_EQ(ui_->currentPreset(), 22u);
 }
 
+// As after a state in which nothing was saved.
+TEST_F(QVMGenericUIAB, StartsAnewWithTheGivenValuesInBothSlots) {
+    userSets(1, 6);
+    ui_->presetBar()->ab().tap();
+    ASSERT_EQ(ui_->abState(), 1u);
+    std::vector<float> restored = memoized();
+    restored[1] = -3;
+    ui_->lastSavedPresetWasKeyed(5);
+    ui_->resetABState(restored);
+    EXPECT_EQ(ui_->abState(), 0u);
+    ui_->presetBar()->ab().tap();
+    EXPECT_EQ(memoized(1), -3);
+    EXPECT_EQ(ui_->currentPreset(), 5u);
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

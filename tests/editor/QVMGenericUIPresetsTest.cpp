@@ -167,12 +167,27 @@ TEST_F(QVMGenericUIPresets, AnIndexThatNoPresetHasIsNamedSoAndIsDirtyWhateverThe
     EXPECT_THAT(delegate_.calls, Contains("preset N/A 23"));
 }
 
-TEST_F(QVMGenericUIPresets, ANameThatNoPresetHasKeepsTheCurrentOne) {
+TEST_F(QVMGenericUIPresets, ASavedNameThatNoPresetHasIsShownAsSuch) {
     ui_->lastSavedPresetWasNamed("Air");
     EXPECT_EQ(ui_->currentPreset(), 8u);
     EXPECT_EQ(shownName(), "Air");
     ui_->lastSavedPresetWasNamed("Nothing of the kind");
+    EXPECT_EQ(ui_->currentPreset(), QVMPresetCount);
+    EXPECT_EQ(shownName(), "N/A");
+    settle();
+    EXPECT_TRUE(dirty());
+    EXPECT_THAT(delegate_.sent, IsEmpty());
+}
+
+TEST_F(QVMGenericUIPresets, ANameThatNoPresetHasCannotBeChosen) {
+    ui_->requestPresetNamed("Air");
+    userSets(1, 5);
+    settle();
+    delegate_.calls.clear();
+    ui_->requestPresetNamed("Nothing of the kind");
     EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_EQ(memoized(1), 5) << "nor is the current one applied again";
+    EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
 TEST_F(QVMGenericUIPresets, AnArrowInTheBarAppliesTheNextPresetAndTakesTheFocus) {

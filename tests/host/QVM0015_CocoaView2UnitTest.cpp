@@ -1,6 +1,8 @@
 // The view on the real unit: what one of them writes the other reads.
 #include "host/HostViewFixture.h"
 
+#include "controls/QVMCycleControl.h"
+#include "editor/QVMPresetBar.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 namespace QVM_NAMESPACE {
@@ -69,18 +71,74 @@ TEST_F(OnTheRealUnit, ASavedStateCarriesTheEditorsSettingsToAnotherUnit) {
     }
 }
 
-TEST_F(OnTheRealUnit, TheSlotsOfARestoredStateCanBeTakenOverByTheOpenEditor) {
+// What another unit has saved is restored under the open editor.
+class RestoredUnder : public OnTheRealUnit {
+protected:
+    template <class Value>
+    void setInOther(AudioUnitPropertyID id, const Value& value) {
+        ASSERT_EQ(AudioUnitSetProperty(&other, id, kAudioUnitScope_Global, 0, &value, sizeof value), noErr);
+    }
+    void restore() {
+        const std::uint32_t before = real.restoreCount();
+        ASSERT_EQ(real.restoreState(other.saveState()), UnitStateResult::ok);
+        EXPECT_EQ(real.restoreCount(), before + 1);
+        view->adoptRestoredState();
+    }
+    std::string shownPreset() {
+        const auto& name = dynamic_cast<QVMCycleControl&>(*ui().presetBar()->presetControl()->primaryControl());
+        return name.value()->string().string();
+    }
     QVM0015_AudioUnit other;
-    const std::string settings = "1;2;3";
-    const QVMABRecord record{0, 0, &settings};
-    ASSERT_EQ(AudioUnitSetProperty(&other, kQVMProperty_ABState, kAudioUnitScope_Global, 0, &record, sizeof record),
-              noErr);
-    const std::uint32_t before = real.restoreCount();
-    ASSERT_EQ(real.restoreState(other.saveState()), UnitStateResult::ok);
-    EXPECT_EQ(real.restoreCount(), before + 1);
-    EXPECT_EQ(ui().abState(), 0U);
-    view->adoptAlternateState();
+};
+
+TEST_F(RestoredUnder, TheSlotsPresetAndLayoutAreTakenOverAtOnce) {
+    const std::string settings = "1;2;3", name = "Sub Love";
+    setInOther(kQVMProperty_ABState, QVMABRecord{0, 0, &settings});
+    setInOther(kQVMProperty_PresetName, &name);
+    setInOther(kQVMProperty_InterfaceState, std::uint32_t{1});
+    restore();
     EXPECT_EQ(ui().abState(), 1U);
+    EXPECT_EQ(shownPreset(), "Sub Love");
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 680, 320}));
+    ui().presetBar()->ab().tap();
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(2), 3);
+}
+
+TEST_F(RestoredUnder, ANameOfNoPresetIsShownAsSuch) {
+    const std::string name = "Of another version";
+    setInOther(kQVMProperty_PresetName, &name);
+    restore();
+    EXPECT_EQ(shownPreset(), "N/A");
+    const auto reopened = make();
+    EXPECT_EQ(reopened->ui().currentPreset(), GetPresets()->stringValues.size());
+}
+
+TEST_F(RestoredUnder, WhereNothingWasSavedBothSlotsHaveTheRestoredValues) {
+    ui().notifyParameterUpdatedTo(1, 6);
+    ui().presetBar()->ab().tap();
+    ASSERT_EQ(ui().abState(), 1U);
+    EXPECT_EQ(AudioUnitSetParameter(&other, 1, 0, 0, -3, 0), noErr);
+    const float frequency = GetParameter(2)->reverseCastValue(500);
+    EXPECT_EQ(AudioUnitSetParameter(&other, 2, 0, 0, frequency, 0), noErr);
+    restore();
+    EXPECT_EQ(ui().abState(), 0U);
+    ui().presetBar()->ab().tap();
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), -3);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(2), 500);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 0) << "as the unit holds it, below its range";
+}
+
+TEST_F(RestoredUnder, NothingIsSentToTheUnit) {
+    EXPECT_EQ(AudioUnitSetParameter(&other, 1, 0, 0, -3, 0), noErr);
+    restore();
+    time.advance(2);
+    EXPECT_EQ(real.saveState(), other.saveState());
+}
+
+TEST_F(OnTheRealUnit, AViewThatWasNeverBoundHasNothingToAdopt) {
+    QVM0015_CocoaView2 unbound(Rect{0, 0, 10, 10});
+    unbound.adoptRestoredState();
+    EXPECT_TRUE(logged.empty());
 }
 
 TEST_F(OnTheRealUnit, OpeningAndClosingManyTimesLeavesNothingBehind) {

@@ -1,4 +1,5 @@
 // An editor of this program's own, in a real window: what it learns about being seen, and of the pointer.
+#include "description/Presets.h"
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/Window.h"
@@ -86,13 +87,15 @@ TEST_F(OnARealScreen, TheWindowIsHiddenWithTheOneAroundIt) {
     EXPECT_TRUE(becomesVisible(true));
 }
 
-TEST_F(OnARealScreen, TheSlotsOfARestoredStateReachTheOpenEditor) {
+TEST_F(OnARealScreen, SlotsPresetAndLayoutOfARestoredStateReachTheOpenEditor) {
     SlantwiseProcessor saved;
-    const std::string settings = "1;2;3";
-    const QVMABRecord record{0, 0, &settings};
-    ASSERT_EQ(
-        AudioUnitSetProperty(&saved.unit(), kQVMProperty_ABState, kAudioUnitScope_Global, 0, &record, sizeof record),
-        noErr);
+    const std::string settings = "1;2;3", name = "Of another version";
+    const auto keep = [&saved](AudioUnitPropertyID id, const auto& value) {
+        ASSERT_EQ(AudioUnitSetProperty(&saved.unit(), id, kAudioUnitScope_Global, 0, &value, sizeof value), noErr);
+    };
+    keep(kQVMProperty_ABState, QVMABRecord{0, 0, &settings});
+    keep(kQVMProperty_PresetName, &name);
+    keep(kQVMProperty_InterfaceState, std::uint32_t{1});
     juce::MemoryBlock state;
     saved.getStateInformation(state);
     pump(0.5);
@@ -100,6 +103,8 @@ TEST_F(OnARealScreen, TheSlotsOfARestoredStateReachTheOpenEditor) {
     processor_.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
     pump(1);
     EXPECT_EQ(editor_.view().ui().abState(), 1U);
+    EXPECT_EQ(editor_.view().ui().currentPreset(), QVMPresetCount) << "it is none";
+    EXPECT_EQ(editor_.getWidth(), 680);
 }
 
 } // namespace
