@@ -4,6 +4,7 @@
 #include "description/ParameterIDs.h"
 #include "editor/EditorLayout.h"
 #include "editor/MakerSite.h"
+#include "editor/ModesWithoutControl.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
@@ -25,6 +26,11 @@ MenuItem item(std::string title, std::function<void()> action, bool enabled = tr
     made.title = std::move(title);
     made.action = std::move(action);
     made.enabled = enabled;
+    return made;
+}
+
+MenuItem ticked(bool isTicked, MenuItem made) {
+    made.checked = isTicked;
     return made;
 }
 
@@ -52,6 +58,21 @@ void addControlItems(Menu& menu, QVMGenericUI& ui, QVMParameterControl& control)
     menu.items.push_back(MenuItem::separator());
 }
 
+// A submenu of the values, the present one ticked.
+MenuItem modeItem(QVMGenericUI& ui, const QVMParameter& mode) {
+    MenuItem made;
+    made.title = mode.name;
+    for (std::size_t i = 0; i < mode.stringValues.size(); ++i) {
+        const float value = mode.minValue + static_cast<float>(i);
+        const auto choose = [value, pid = mode.pid](QVMGenericUI& editor) {
+            editor.chooseValueForParameter(value, pid);
+        };
+        made.submenu.push_back(
+            ticked(ui.getMemoizedPValueDirectly(mode.pid) == value, item(mode.stringValues[i], onEditor(ui, choose))));
+    }
+    return made;
+}
+
 void addSettingsItems(Menu& menu, QVMGenericUI& ui) {
     const auto copy = [](QVMGenericUI& editor) { editor.keyboard().keyboardShortcutHandleCopy(); };
     const auto paste = [](QVMGenericUI& editor) { editor.keyboard().keyboardShortcutHandlePaste(); };
@@ -63,11 +84,6 @@ void addSettingsItems(Menu& menu, QVMGenericUI& ui) {
     menu.items.push_back(
         item("Paste all settings from Clipboard", onEditor(ui, paste), ui.keyboard().canPasteSettings()));
     menu.items.push_back(item("Reset all settings to default", onEditor(ui, reset)));
-}
-
-MenuItem ticked(bool isTicked, MenuItem made) {
-    made.checked = isTicked;
-    return made;
 }
 
 // An item that does what the keyboard handler has an operation for.
@@ -87,34 +103,41 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
     const auto copy = [](QVMGenericUI& editor) {
         if (editor.presetBar()) editor.presetBar()->ab().handleTap(editor.presetBar()->ab().arrow());
     };
-    return {
-        // The small window has no room for the list.
-        ticked(presets && presets->visible(), operation(ui, "Presets", &Keyboard::keyboardShortcutTogglePresetDrawer,
-                                                        ui.altFrame() != QVMAltFrameCompact)),
-        operation(ui, "Undo", &Keyboard::keyboardShortcutUndo, history.canUndo()),
-        operation(ui, "Redo", &Keyboard::keyboardShortcutRedo, history.canRedo()),
-        MenuItem::separator(),
-        item("Go to " + there, onEditor(ui, flip)),
-        item("Copy " + here + " to " + there, onEditor(ui, copy)),
-        MenuItem::separator(),
-        ticked(ui.getMemoizedPValueDirectly(pidMasterOnOff) != 0,
-               operation(ui, "Power", &Keyboard::keyboardShortcutTogglePower)),
-        ticked(ui.altFrame() == QVMAltFrameDoubleWide,
-               operation(ui, "Advanced controls", &Keyboard::keyboardShortcutToggleAdvancedDrawer)),
-        ticked(ui.altFrame() == QVMAltFrameCompact,
-               operation(ui, "Small window", &Keyboard::keyboardShortcutResizeWindow)),
-        ticked(&QVMUITheme::theme() == &QVMUITheme::dark(),
-               operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)),
-        MenuItem::separator(),
-        item("Reset meter", onEditor(ui, &QVMGenericUI::meterTapped)),
-        item("Open all settings in browser", onEditor(ui, &QVMGenericUI::presetSaveTapped)),
-    };
+    std::vector<MenuItem> items;
+    const auto add = [&items](MenuItem made) { items.push_back(std::move(made)); };
+    // The small window has no room for a drawer.
+    const bool hasDrawers = ui.altFrame() != QVMAltFrameCompact;
+    if (hasDrawers)
+        add(ticked(presets && presets->visible(),
+                   operation(ui, "Presets", &Keyboard::keyboardShortcutTogglePresetDrawer)));
+    add(operation(ui, "Undo", &Keyboard::keyboardShortcutUndo, history.canUndo()));
+    add(operation(ui, "Redo", &Keyboard::keyboardShortcutRedo, history.canRedo()));
+    add(MenuItem::separator());
+    add(item("Go to " + there, onEditor(ui, flip)));
+    add(item("Copy " + here + " to " + there, onEditor(ui, copy)));
+    add(MenuItem::separator());
+    add(ticked(ui.getMemoizedPValueDirectly(pidMasterOnOff) != 0,
+               operation(ui, "Power", &Keyboard::keyboardShortcutTogglePower)));
+    if (hasDrawers)
+        add(ticked(ui.altFrame() == QVMAltFrameDoubleWide,
+                   operation(ui, "Advanced controls", &Keyboard::keyboardShortcutToggleAdvancedDrawer)));
+    add(ticked(!hasDrawers, operation(ui, "Small window", &Keyboard::keyboardShortcutResizeWindow)));
+    add(ticked(&QVMUITheme::theme() == &QVMUITheme::dark(),
+               operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)));
+    add(MenuItem::separator());
+    add(ticked(!ui.areSketchesHidden(), item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
+    ui.config().enumerateParametersWithBlock([&](QVMParameter& parameter, QVMClump&) {
+        if (isModeWithoutControl(parameter)) add(modeItem(ui, parameter));
+    });
+    add(item("Reset meter", onEditor(ui, &QVMGenericUI::meterTapped)));
+    add(item("Open all settings in browser", onEditor(ui, &QVMGenericUI::presetSaveTapped)));
+    return items;
 }
 
 } // namespace
 
 std::unique_ptr<Menu> makeKeyboardMenu(QVMGenericUI& ui, QVMParameterControl* control) {
-    auto menu = makeEditorMenu(ui, control);
+    auto menu = makeEditorMenu(ui, control, control ? control->parameter()->clump : nullptr);
     menu->selectsFirst = true;
     MenuItem buttons;
     buttons.title = "Editor";
@@ -124,11 +147,15 @@ std::unique_ptr<Menu> makeKeyboardMenu(QVMGenericUI& ui, QVMParameterControl* co
     return menu;
 }
 
-std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control) {
+std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control, const QVMClump* clump) {
     const QVMMetadata& metadata = *ui.config().metadata;
     auto menu = std::make_unique<Menu>();
     menu->title = metadata.pluginName;
     if (control) addControlItems(*menu, ui, *control);
+    const std::vector<const QVMParameter*> modes = modesWithoutControl(clump);
+    for (const QVMParameter* mode : modes)
+        menu->items.push_back(modeItem(ui, *mode));
+    if (!modes.empty()) menu->items.push_back(MenuItem::separator());
     addSettingsItems(*menu, ui);
     menu->items.push_back(MenuItem::separator());
     menu->items.push_back(item(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,

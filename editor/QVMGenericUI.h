@@ -139,6 +139,12 @@ public:
     void hideClumpsView();
     QVMDrawerView* waitingDrawer() const { return waitingDrawer_; }
 
+    // Shows or hides the curve and the meter, as a click on the curve does. Nothing before there are any.
+    void toggleSketchVisibility();
+    bool areSketchesHidden() const;
+    // The user chooses a value for a parameter that has no control: one discrete gesture.
+    void chooseValueForParameter(float value, std::uint32_t pid);
+
     void toggleUITheme();
     // Posts the preference notification with both numbers.
     void updateLayoutKeyNumerical(std::int32_t key, double number);
@@ -240,6 +246,7 @@ private:
     void showFocusInSketch();
     void showThemeInSketches();
     void sketchScaleDidChange();
+    void describeMeters();
 
     // Whether a parameter's control stands in the advanced drawer while that is closed. Null does not.
     bool isInClosedDrawer(const QVMParameter* parameter) const;
@@ -260,6 +267,7 @@ private:
     void observePreferences();
     void interfacePreferencesUpdated(const Notification& notification);
     QVMParameterControl* controlAtWindowPoint(Point pointInWindow) const;
+    const QVMClump* clumpAtWindowPoint(Point pointInWindow) const;
 
     // QVMParameterControlDelegate
     void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
@@ -271,6 +279,7 @@ private:
     // QVMParameterSketchDelegate: the drawing object is handed over first; then the states that differ from the last
     // ones received are adopted.
     void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
+    void sketchDidChangeVisibility(QVMParameterSketch& sketch) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
     // QVMDrawerViewDelegate

@@ -1,5 +1,6 @@
 // The context menu, by mouse and by key, and what is opened in the browser.
 #include "editor/EditorMenu.h"
+#include "editor/QVMClumpView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "platform/Menu.h"
@@ -20,7 +21,17 @@ bool isMenuKey(const Event& event) {
 
 std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
     if (event.has(EventModifier::option) || event.has(EventModifier::command)) return nullptr;
-    return makeEditorMenu(*this, menuSubject(controlAtWindowPoint(event.locationInWindow)));
+    const Point at = event.locationInWindow;
+    return makeEditorMenu(*this, menuSubject(controlAtWindowPoint(at)), clumpAtWindowPoint(at));
+}
+
+// A control that was displaced from its clump still belongs to it.
+const QVMClump* QVMGenericUI::clumpAtWindowPoint(Point pointInWindow) const {
+    const QVMParameterControl* control = controlAtWindowPoint(pointInWindow);
+    if (control) return control->parameter()->clump;
+    for (const View* hit = window() ? window()->hitTest(pointInWindow) : nullptr; hit; hit = hit->superview())
+        if (const auto* clumpView = dynamic_cast<const QVMClumpView*>(hit)) return &clumpView->clump();
+    return nullptr;
 }
 
 std::unique_ptr<Menu> QVMGenericUI::menuForKeyboard() {

@@ -1,6 +1,7 @@
 // The live pictures: where they stand, and what comes back from the unit through the object they share with it.
 #include "controls/QVMVerticalSlider.h"
 #include "editor/EditorLayout.h"
+#include "editor/ModesWithoutControl.h"
 #include "editor/NumericMeterReading.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
@@ -13,6 +14,7 @@
 #include "viz/QVMParameterSketch.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -33,6 +35,7 @@ void QVMGenericUI::addSketch() {
     for (std::size_t i = mainSketch + 1; i < PB_Sketches.size(); ++i)
         addAuxiliarySketch(PB_Sketches[i], settings);
     showThemeInSketches();
+    describeMeters();
     observations_.push_back(NotificationCenter::defaultCenter().observe(
         QVMUITheme::updatedNotification, nullptr, [this](const Notification&) { showThemeInSketches(); }));
 }
@@ -73,6 +76,36 @@ void QVMGenericUI::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
     for (std::size_t pid = 0; pid < count; ++pid) {
         vizRef.parameterStates[pid].value = vizRef.parameterStates[pid].displayValue = memoizedPValues_[pid];
         vizRef.interpTargets[pid] = vizRef.interpValues[pid] = memoizedPValues_[pid];
+    }
+}
+
+bool QVMGenericUI::areSketchesHidden() const {
+    return sketch_ && !sketch_->vizVisible();
+}
+
+void QVMGenericUI::toggleSketchVisibility() {
+    if (sketch_) sketch_->toggleVisible();
+}
+
+// Something stays where the curve was, so that who hid it by a click finds it again.
+void QVMGenericUI::sketchDidChangeVisibility(QVMParameterSketch& sketch) {
+    powerBox_->setShowsHiddenSign(areSketchesHidden());
+    sketch.setToolTip(areSketchesHidden() ? "Show Curve and Meter" : "");
+    describeMeters();
+}
+
+// A meter stands in the track of a slider. Its mode, which has no control, is told with the slider's name.
+void QVMGenericUI::describeMeters() {
+    if (!sketch_) return;
+    for (const QVMAuxiliarySketch* auxiliary : sketch_->auxiliarySketches()) {
+        const std::int32_t pid = auxiliary->glSketch()->sketch().pid;
+        QVMParameterControl* control = parameterControlWithPid(static_cast<std::uint32_t>(pid));
+        if (!control) continue;
+        std::string text = control->parameter()->name;
+        for (const QVMParameter* mode : modesWithoutControl(control->parameter()->clump))
+            text += "\n" + mode->name + ": " + mode->stringForValue(getMemoizedPValueDirectly(mode->pid));
+        if (areSketchesHidden()) text += "\nThe meter is hidden";
+        control->setToolTip(std::move(text));
     }
 }
 

@@ -1,6 +1,7 @@
 // The way of a value from a control to the delegate, and the memoized values.
 #include "controls/QVMSymbolButton.h"
 #include "editor/EditorLayout.h"
+#include "editor/ModesWithoutControl.h"
 #include "editor/PartnerRule.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMGenericUI.h"
@@ -41,8 +42,15 @@ void QVMGenericUI::updateMemoizedValueForParameter(float value, std::uint32_t pi
     memoizedPValuesChanged_[pid] = 1;
     potentiallySaveToUndoRedoStack();
     if (hud_) hud_->updateWithParamsChanges(memoizedPValues_, memoizedPValuesChanged_);
-    QVMSymbolButton* gear = isInClosedDrawer(config_->parameterForPid(pid)) && powerBox_ ? powerBox_->gear() : nullptr;
+    const QVMParameter* parameter = config_->parameterForPid(pid);
+    if (parameter && isModeWithoutControl(*parameter)) describeMeters();
+    QVMSymbolButton* gear = isInClosedDrawer(parameter) && powerBox_ ? powerBox_->gear() : nullptr;
     if (gear) advFlashLim_.fireWithLimitTargetSelector(gearFlashLimit, *gear, &QVMSymbolButton::flash);
+}
+
+void QVMGenericUI::chooseValueForParameter(float value, std::uint32_t pid) {
+    notifyParameterUpdatedTo(pid, value);
+    if (delegate_) delegate_->interfaceDiscretelyInteractedWithParameterKeyed(*this, pid);
 }
 
 void QVMGenericUI::setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs) {

@@ -15,7 +15,8 @@ namespace {
 constexpr double logoGlyphSize = 22, gearGlyphSize = 30; // points
 constexpr double underlineWidth = 32, underlineHeight = 1.5, underlineBelowLogo = 28;
 constexpr float underlineAlpha = 0.75f;
-constexpr Color sketchPlaceShade = Color::white(0, 0.17f); // over the product's colour
+constexpr double hiddenSignSize = 20, hiddenSignAlpha = 0.45; // points
+constexpr Color sketchPlaceShade = Color::white(0, 0.17f);    // over the product's colour
 
 } // namespace
 
@@ -25,6 +26,11 @@ QVMPowerBox::QVMPowerBox(const Rect& frame, AdvancedControls advanced, const QVM
     sketchPlace_ = std::make_shared<Layer>();
     sketchPlace_->setName("sketchPlace");
     layer()->addSublayer(sketchPlace_);
+    hiddenSign_ = std::make_shared<TextLayer>();
+    hiddenSign_->setName("hiddenSign");
+    hiddenSign_->setAlignment(TextAlignment::center, TextPlacement::middle);
+    hiddenSign_->setOpacity(0);
+    layer()->addSublayer(hiddenSign_);
     underline_ = std::make_shared<Layer>();
     underline_->setName("underline");
     underline_->setCornerRadius(underlineHeight / 2);
@@ -51,6 +57,11 @@ void QVMPowerBox::assumeLayout(const QVMEditorLayout& layout) {
     layOutUnderline(layout.logoButton);
     sketchPlace_->setFrame(layout.sketchPlace);
     sketchPlace_->setCornerRadius(layout.sketchPlaceRadius);
+    hiddenSign_->setFrame(layout.sketchPlace);
+}
+
+void QVMPowerBox::setShowsHiddenSign(bool shows) {
+    hiddenSign_->setOpacity(shows ? hiddenSignAlpha : 0);
 }
 
 void QVMPowerBox::themeUpdated() {
@@ -59,6 +70,7 @@ void QVMPowerBox::themeUpdated() {
     layer()->setBackgroundColor(box);
     sketchPlace_->setBackgroundColor(composite(sketchPlaceShade, box));
     underline_->setBackgroundColor(mark.withAlpha(underlineAlpha));
+    hiddenSign_->setString({std::string(icons::eye), QVMUITheme::iconFontOfSize(hiddenSignSize), mark});
     logo_->resetGlyphColor(logo_->symbol(), mark);
     if (!gear_) return;
     // A spotlight behind a gear of its own kind of colour would drown it.

@@ -6,6 +6,7 @@
 
 #include "editor/EditorLayout.h"
 #include "editor/ThemedView.h"
+#include "platform/TextLayer.h"
 
 #include <functional>
 #include <memory>
@@ -35,6 +36,10 @@ public:
     // Told when the pointer comes into the box (true) and when it leaves.
     void setHoverHandler(std::function<void(bool)> handler) { hoverHandler_ = std::move(handler); }
 
+    // A faint eye where the response curve was hidden.
+    void setShowsHiddenSign(bool shows);
+    const std::shared_ptr<TextLayer>& hiddenSign() const { return hiddenSign_; }
+
     // Puts the parts where a layout wants them. The view's own frame is the caller's matter.
     void assumeLayout(const QVMEditorLayout& layout);
 
@@ -53,6 +58,7 @@ private:
     QVMSymbolButton* gear_ = nullptr;
     QVMLogoStamp* logoStamp_ = nullptr;
     std::shared_ptr<Layer> underline_, sketchPlace_;
+    std::shared_ptr<TextLayer> hiddenSign_;
     std::function<void()> frameToggle_;
     std::function<void(bool)> hoverHandler_;
 };

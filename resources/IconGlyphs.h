@@ -39,6 +39,7 @@ inline constexpr std::string_view close = "\uE113";
 inline constexpr std::string_view check = "\uE114";
 inline constexpr std::string_view speaker = "\uE115";
 inline constexpr std::string_view meterReset = "\uE116";
+inline constexpr std::string_view eye = "\uE117"; // stands for what was hidden, and shows it again
 
 // Lengths of notes.
 inline constexpr std::string_view noteWhole = "\uE301";
@@ -55,12 +56,12 @@ inline constexpr std::string_view dB = "\uE803";
 inline constexpr std::string_view percent = "\uE804";
 
 // Every glyph above: what the font must have.
-inline constexpr std::array all = {power,         qualityOff,  qualityOn,  listenHigh,   listenLow,    gear,
-                                   logoMark,      undo,        redo,       chevronLeft,  chevronRight, chevronUp,
-                                   chevronDown,   selector,    triangleUp, triangleDown, triangleLeft, triangleRight,
-                                   copyRight,     copyLeft,    letterA,    letterB,      close,        check,
-                                   speaker,       meterReset,  noteWhole,  noteHalf,     noteQuarter,  noteEighth,
-                                   noteSixteenth, dbPerOctave, kHz,        Hz,           dB,           percent};
+inline constexpr std::array all = {
+    power,        qualityOff,    qualityOn,    listenHigh, listenLow,   gear,        logoMark,   undo,
+    redo,         chevronLeft,   chevronRight, chevronUp,  chevronDown, selector,    triangleUp, triangleDown,
+    triangleLeft, triangleRight, copyRight,    copyLeft,   letterA,     letterB,     close,      check,
+    speaker,      meterReset,    eye,          noteWhole,  noteHalf,    noteQuarter, noteEighth, noteSixteenth,
+    dbPerOctave,  kHz,           Hz,           dB,         percent};
 
 } // namespace icons
 } // namespace QVM_NAMESPACE

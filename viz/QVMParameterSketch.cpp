@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -70,12 +71,14 @@ Rect QVMParameterSketch::getPathBounds(const Layer* path) const {
 }
 
 void QVMParameterSketch::setVizVisible(bool visible) {
-    vizVisible_ = visible;
-    if (visible && layer()->opacity() == 1) return;
-    layer()->setOpacity(visible ? 1 : 0);
-    glSketch_->setShouldRender(visible);
-    for (QVMAuxiliarySketch* sketch : auxiliarySketches_)
-        sketch->glSketch()->setShouldRender(visible);
+    const bool changes = std::exchange(vizVisible_, visible) != visible;
+    if (!visible || layer()->opacity() != 1) {
+        layer()->setOpacity(visible ? 1 : 0);
+        glSketch_->setShouldRender(visible);
+        for (QVMAuxiliarySketch* sketch : auxiliarySketches_)
+            sketch->glSketch()->setShouldRender(visible);
+    }
+    if (changes && delegate_) delegate_->sketchDidChangeVisibility(*this);
 }
 
 void QVMParameterSketch::viewDidMoveToWindow() {

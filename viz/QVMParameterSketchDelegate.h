@@ -12,6 +12,8 @@ public:
     virtual ~QVMParameterSketchDelegate() = default;
     // Once a display frame, on the main thread: all parameters by pid, valid for the call.
     virtual void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) = 0;
+    // The sketches were hidden, or shown again.
+    virtual void sketchDidChangeVisibility(QVMParameterSketch&) {}
 };
 
 } // namespace QVM_NAMESPACE

@@ -93,12 +93,39 @@ TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
     focus(7);
     ASSERT_TRUE(opens(Key::codeMenu));
     EXPECT_THAT(titles(host_.menu->items),
-                ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-",
+                ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
                             "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
                             "Reset all settings to default", "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Presets", "Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Advanced controls",
-                            "Small window", "Dark theme", "-", "Reset meter", "Open all settings in browser"));
+                            "Small window", "Dark theme", "-", "Curve and meter", "Meter Mode", "Reset meter",
+                            "Open all settings in browser"));
+}
+
+TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {
+    focus(7);
+    ui_->requestFrame(QVMAltFrameCompact);
+    ASSERT_TRUE(opens(Key::codeMenu));
+    EXPECT_EQ(host_.menu->title, "Slantwise") << "no control can be seen that it could be about";
+    EXPECT_THAT(titles(host_.menu->items.back().submenu),
+                ElementsAre("Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Small window", "Dark theme",
+                            "-", "Curve and meter", "Meter Mode", "Reset meter", "Open all settings in browser"));
+}
+
+TEST_F(QVMGenericUIKeyMenu, HidesCurveAndMeterAndShowsThemAgain) {
+    EXPECT_TRUE(row("Curve and meter").checked);
+    choose("Curve and meter");
+    EXPECT_FALSE(ui_->sketch()->vizVisible());
+    EXPECT_FALSE(row("Curve and meter").checked);
+    choose("Curve and meter");
+    EXPECT_TRUE(ui_->sketch()->vizVisible());
+}
+
+TEST_F(QVMGenericUIKeyMenu, ChoosesWhatTheMeterShows) {
+    row("Meter Mode").submenu.at(1).action();
+    EXPECT_EQ(memoized(8), 1);
+    EXPECT_TRUE(row("Meter Mode").submenu.at(1).checked);
+    EXPECT_FALSE(row("Meter Mode").submenu.at(0).checked);
 }
 
 TEST_F(QVMGenericUIKeyMenu, OfAnEditorWithoutFocusIsTheProducts) {
@@ -177,7 +204,6 @@ TEST_F(QVMGenericUIKeyMenu, ChangesTheLayoutAndTheTheme) {
     choose("Small window");
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameCompact);
     EXPECT_TRUE(row("Small window").checked);
-    EXPECT_FALSE(row("Presets").enabled) << "there is no room for the list";
     choose("Small window");
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal);
     choose("Dark theme");

@@ -2,6 +2,7 @@
 #include "RecordingWorkspace.h"
 
 #include "controls/QVMSymbolButton.h"
+#include "editor/QVMClumpView.h"
 #include "editor/QVMPowerBox.h"
 #include "platform/Menu.h"
 
@@ -21,9 +22,10 @@ protected:
     std::unique_ptr<Menu> menuAt(Point at, std::uint32_t modifiers = 0) {
         return ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, at, modifiers));
     }
-    static std::vector<std::string> titles(const Menu& menu) {
+    static std::vector<std::string> titles(const Menu& menu) { return titles(menu.items); }
+    static std::vector<std::string> titles(const std::vector<MenuItem>& items) {
         std::vector<std::string> found;
-        for (const MenuItem& item : menu.items)
+        for (const MenuItem& item : items)
             found.push_back(item.isSeparator() ? "-" : item.title);
         return found;
     }
@@ -39,10 +41,34 @@ TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
     const auto menu = menuAt(middleOf(control(7)));
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->title, "Output Gain");
-    EXPECT_THAT(titles(*menu), ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-",
-                                           "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
-                                           "Reset all settings to default", "-", "Ferrowind Slantwise, 2.0.1"));
+    EXPECT_THAT(titles(*menu),
+                ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
+                            "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
+                            "Reset all settings to default", "-", "Ferrowind Slantwise, 2.0.1"));
     EXPECT_EQ(ui_->lastRightClickedControl(), &control(7));
+}
+
+TEST_F(QVMGenericUIMenu, OverOutputChoosesWhatTheMeterShows) {
+    const QVMClumpView& output = *ui_->clumpViewWithCodename("Output");
+    const Point heading = output.convertToWindow(Point{output.bounds().midX(), 4});
+    for (const Point at : {heading, middleOf(control(6)), middleOf(control(7))}) {
+        const auto menu = menuAt(at);
+        const MenuItem& modes = itemNamed(*menu, "Meter Mode");
+        ASSERT_THAT(titles(modes.submenu), ElementsAre("Pre", "Post", "Diff"));
+        EXPECT_TRUE(modes.submenu[0].checked) << "as it was at first";
+        EXPECT_FALSE(modes.submenu[1].checked);
+    }
+    itemNamed(*menuAt(heading), "Meter Mode").submenu[2].action();
+    EXPECT_THAT(delegate_.calls, ElementsAre("updated 8", "discrete 8"));
+    EXPECT_EQ(delegate_.unit[8], 2);
+    const MenuItem after = itemNamed(*menuAt(heading), "Meter Mode");
+    EXPECT_FALSE(after.submenu[0].checked);
+    EXPECT_TRUE(after.submenu[2].checked);
+}
+
+TEST_F(QVMGenericUIMenu, OverOtherClumpsHasNoMeterMode) {
+    for (const std::uint32_t pid : {1u, 9u, 13u})
+        EXPECT_THAT(titles(*menuAt(middleOf(control(pid)))), testing::Not(testing::Contains("Meter Mode"))) << pid;
 }
 
 TEST_F(QVMGenericUIMenu, ElsewhereIsTheProducts) {

@@ -2,6 +2,7 @@
 
 #include "controls/QVMVerticalSlider.h"
 #include "editor/QVMClumpsView.h"
+#include "editor/QVMPowerBox.h"
 #include "theme/Colors.h"
 #include "viz/QVM0015GLSketch.h"
 
@@ -69,6 +70,51 @@ TEST_F(QVMGenericUIMeter, TheMetersBarsStandOutInBothThemes) {
         EXPECT_GT(first, 1.7);
         EXPECT_GT(second, 3);
     }
+}
+
+TEST_F(QVMGenericUIMeter, TheToolTipOverItSaysWhatItShows) {
+    const auto toolTip = [this] { return window_.toolTippedViewAt(middleOf(gainSlider()))->toolTip(); };
+    EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Pre");
+    hostSets(8, 2);
+    EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Diff");
+    ui_->chooseValueForParameter(1, 8);
+    EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Post");
+    EXPECT_EQ(control(6).toolTip(), "Tilt Loudness Mode");
+}
+
+TEST_F(QVMGenericUIMeter, TheToolTipOfAReopenedEditorSaysWhatItShowsThen) {
+    delegate_.unit[8] = 1;
+    build(QVMConfig::inlinedConfig());
+    time_.advance(0.6);
+    EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Post");
+}
+
+TEST_F(QVMGenericUIMeter, HiddenTogetherWithTheCurveLeavesAnEyeAndToolTips) {
+    const Layer& eye = *ui_->powerBox()->hiddenSign();
+    const Point curve = middleOf(sketch());
+    EXPECT_EQ(eye.opacity(), 0);
+    click(curve);
+    EXPECT_GT(eye.opacity(), 0.3);
+    EXPECT_LT(eye.opacity(), 0.6);
+    EXPECT_EQ(eye.frame(), sketch().frame());
+    EXPECT_EQ(window_.toolTippedViewAt(curve)->toolTip(), "Show Curve and Meter");
+    EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Pre\nThe meter is hidden");
+    ui_->requestFrame(QVMAltFrameCompact);
+    EXPECT_EQ(eye.frame(), (Rect{0, 0, 200, 200}));
+    ui_->requestFrame(QVMAltFrameNormal);
+    click(curve);
+    EXPECT_EQ(eye.opacity(), 0);
+    EXPECT_EQ(sketch().toolTip(), "");
+    EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Pre");
+}
+
+TEST_F(QVMGenericUIMeter, ShownAgainByAnotherWindowTheyLeaveNoEye) {
+    click(middleOf(sketch()));
+    Window other;
+    other.setContentView(window_.takeContentView());
+    EXPECT_TRUE(sketch().vizVisible());
+    EXPECT_EQ(ui_->powerBox()->hiddenSign()->opacity(), 0);
+    window_.setContentView(other.takeContentView());
 }
 
 TEST_F(QVMGenericUIMeter, TheMeterTakesNoClicksFromTheSlider) {
