@@ -47,7 +47,12 @@ float QVMParameter::shownValueFromHostValue(float hostValue) const {
 
 float QVMParameter::heldValueFromHostValue(float hostValue) const {
     const float value = finelyRoundedValue(castValue(hostValue));
-    return clamped(value, std::min(minValue, initialValue), std::max(maxValue, initialValue));
+    const QVMFloat32Range held = heldRange();
+    return clamped(value, held.min, held.max);
+}
+
+QVMFloat32Range QVMParameter::heldRange() const {
+    return {std::min(minValue, initialValue), std::max(maxValue, initialValue)};
 }
 
 float QVMParameter::finelyRoundedValue(float shownValue) const {

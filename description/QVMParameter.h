@@ -42,6 +42,8 @@ public:
     // The same as the unit holds it: its range is widened to an initial value outside the parameter's own (the range
     // links start at 0, below their range). Bit-equal to the other for all that lies in the parameter's range.
     float heldValueFromHostValue(float hostValue) const;
+    // That widened range, inside which the unit keeps whatever it is sent. The same numbers in both domains.
+    QVMFloat32Range heldRange() const;
 
     // The step size for a granularity code at a value; logarithmic frequencies step coarser from 1 kHz up.
     float granularityValueForType(std::uint32_t type, float value) const;

@@ -45,6 +45,7 @@ struct QVMLineSegment {
 struct QVMFloat32Range {
     float min = 0;
     float max = 0;
+    bool contains(float value) const { return value >= min && value <= max; } // NaN is nowhere
     bool operator==(const QVMFloat32Range&) const = default;
 };
 

@@ -26,10 +26,12 @@ QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config,
     memoizedPValues_.resize(count);
     memoizedPValuesChanged_.assign(count, 1);
     receivedPValues_.assign(count, nothingReceived);
+    heldRanges_.resize(count);
     scratchPValues_.resize(count);
     interactionStates_.assign(count, QVMInteractionDiscrete);
     config_->enumerateParametersWithBlock([this](QVMParameter& parameter, QVMClump&) {
         setMemoizedPValueDirectlyValue(parameter.pid, parameter.initialValue);
+        if (parameter.pid < heldRanges_.size()) heldRanges_[parameter.pid] = parameter.heldRange();
     });
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;

@@ -69,7 +69,7 @@ public:
     // Stores a value without telling the delegate. An equal one changes nothing.
     void updateMemoizedValueForParameter(float value, std::uint32_t pid);
     // A value as the unit posted it (QVMParameter::heldValueFromHostValue). It reaches its control, and nothing is
-    // sent back. What the unit makes of the memoized value counts as the memoized value.
+    // sent back. What the unit makes of the memoized value counts as the memoized value, if the unit can hold that.
     void updateParameterFromSketchState(std::uint32_t pid, float value);
 
     // Several values by codename; unknown names are skipped.
@@ -242,6 +242,7 @@ private:
     void addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings);
     void addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings);
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
+    bool isMemoizedValueHeld(std::size_t pid) const;
     void rereadMemoizedValue(const QVMParameter& parameter, float held);
     void showFocusInSketch();
     void showThemeInSketches();
@@ -307,7 +308,8 @@ private:
     // One entry for each parameter, by pid.
     std::vector<float> memoizedPValues_;
     std::vector<std::uint8_t> memoizedPValuesChanged_;
-    std::vector<float> receivedPValues_; // by `nothingReceived` at first
+    std::vector<float> receivedPValues_;      // by `nothingReceived` at first
+    std::vector<QVMFloat32Range> heldRanges_; // QVMParameter::heldRange()
     std::vector<float> scratchPValues_;
     std::vector<QVMInteraction> interactionStates_;
     std::uint32_t receivedParamUpdateCount_ = 0;

@@ -123,7 +123,8 @@ void QVMGenericUI::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, c
     const std::size_t count = std::min<std::size_t>(vizRef->paramCount, receivedPValues_.size());
     for (std::size_t pid = 0; pid < count; ++pid) {
         const float value = states[pid].value;
-        if (value != receivedPValues_[pid]) updateParameterFromSketchState(static_cast<std::uint32_t>(pid), value);
+        if (value != receivedPValues_[pid] || !isMemoizedValueHeld(pid))
+            updateParameterFromSketchState(static_cast<std::uint32_t>(pid), value);
     }
     ++receivedParamUpdateCount_;
 }
@@ -134,15 +135,22 @@ void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float value
     const float was = std::exchange(receivedPValues_[pid], value);
     if (was == nothingReceived) rereadMemoizedValue(*parameter, value);
     // The unit stores less than the editor sends: fewer bits of a frequency, and no value beside the fine step. What it
-    // makes of a value that was sent is that value.
+    // makes of a value that was sent is that value, but not where it has moved it to an end of its range.
     const float memoized = memoizedPValues_[pid];
-    const bool isEcho = parameter->heldValueFromHostValue(parameter->reverseCastValue(memoized)) == value;
+    const bool isEcho =
+        isMemoizedValueHeld(pid) && parameter->heldValueFromHostValue(parameter->reverseCastValue(memoized)) == value;
     if (isEcho) value = memoized;
 
     QVMParameterControl* control = parameterControlWithPid(pid);
     if (control) control->setFloatValue(value);
     updateMemoizedValueForParameter(value, pid);
     if (control) handleSideEffectsOfUpdatedControl(*control, value, was);
+}
+
+// A value that was sent outside the unit's range, as by the rule that pushes partners apart, is another in the unit,
+// which may have held that one all along and then posts nothing new.
+bool QVMGenericUI::isMemoizedValueHeld(std::size_t pid) const {
+    return heldRanges_[pid].contains(memoizedPValues_[pid]);
 }
 
 // What was memoized at the opening is the unit's value inside the parameter's range, and the range links start below

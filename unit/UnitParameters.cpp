@@ -11,11 +11,9 @@ static_assert(std::atomic<float>::is_always_lock_free);
 
 UnitParameters::UnitParameters() {
     for (std::uint32_t pid = 0; pid < count; ++pid) {
-        // Both ends of a range are the same number in both domains.
         const QVMParameter& parameter = *GetParameter(pid);
-        const float initial = parameter.reverseCastValue(parameter.initialValue);
-        limits_[pid] = {std::min(parameter.minValue, initial), std::max(parameter.maxValue, initial)};
-        values_[pid].store(initial, std::memory_order_relaxed);
+        limits_[pid] = parameter.heldRange();
+        values_[pid].store(parameter.reverseCastValue(parameter.initialValue), std::memory_order_relaxed);
     }
 }
 
@@ -28,12 +26,12 @@ UnitParameters::Values UnitParameters::values() const {
 
 OSStatus UnitParameters::set(std::uint32_t pid, float value) {
     if (!std::isfinite(value)) return kAudio_ParamError;
-    values_[pid].store(std::clamp(value, limits_[pid].low, limits_[pid].high), std::memory_order_relaxed);
+    values_[pid].store(std::clamp(value, limits_[pid].min, limits_[pid].max), std::memory_order_relaxed);
     return noErr;
 }
 
 bool UnitParameters::holds(std::uint32_t pid, float value) const {
-    return value >= limits_[pid].low && value <= limits_[pid].high;
+    return limits_[pid].contains(value);
 }
 
 } // namespace QVM_NAMESPACE

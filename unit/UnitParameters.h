@@ -5,6 +5,7 @@
 #pragma once
 
 #include "description/ParameterIDs.h"
+#include "description/Types.h"
 #include "platform/AudioUnit.h"
 
 #include <array>
@@ -32,14 +33,7 @@ public:
     bool holds(std::uint32_t pid, float value) const;
 
 private:
-    // What may be stored: the parameter's range, widened to its initial value where that stands outside (the range
-    // link switches and ratios start at 0, below their range).
-    struct Limits {
-        float low = 0;
-        float high = 0;
-    };
-
-    std::array<Limits, count> limits_; // constant once constructed
+    std::array<QVMFloat32Range, count> limits_; // QVMParameter::heldRange(), constant once constructed
     std::array<std::atomic<float>, count> values_;
 };
 

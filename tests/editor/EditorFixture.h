@@ -14,7 +14,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -24,7 +26,7 @@ namespace QVM_NAMESPACE {
 class RecordingDelegate : public QVMGenericUIDelegate {
 public:
     void interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t pid, float hostValue) override {
-        unit.at(pid) = hostValue;
+        store(pid, hostValue);
         sent.push_back({pid, hostValue});
         calls.push_back("updated " + std::to_string(pid));
     }
@@ -68,6 +70,12 @@ public:
     void interfaceShouldRequestUpdatedLayout(QVMGenericUI&) override { calls.push_back("layout"); }
     void interfaceWantsToUploadBufferAtURL(QVMGenericUI&, const std::string&) override {}
 
+    // As the unit does, whoever sets the value: what is out of range ends at the range's end, and what is no number
+    // changes nothing.
+    void store(std::uint32_t pid, float hostValue) {
+        const QVMFloat32Range range = GetParameter(pid)->heldRange();
+        if (std::isfinite(hostValue)) unit.at(pid) = std::clamp(hostValue, range.min, range.max);
+    }
     // As the unit does with every change.
     void post() {
         if (!vizRef) return;
@@ -148,7 +156,7 @@ protected:
     }
     // As the host's automation does; the value is in the host domain.
     void hostSets(std::uint32_t pid, float hostValue) {
-        delegate_.unit.at(pid) = hostValue;
+        delegate_.store(pid, hostValue);
         frame();
     }
 

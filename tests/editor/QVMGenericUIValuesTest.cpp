@@ -2,6 +2,7 @@
 
 #include "controls/QVMSymbolButton.h"
 #include "editor/QVMPowerBox.h"
+#include "editor/QVMPresetBar.h"
 
 #include <gmock/gmock.h>
 
@@ -99,10 +100,66 @@ TEST_F(QVMGenericUIValues, FrequenciesFromTheHostKeepTheirFineStepAboveOneKilohe
     EXPECT_NEAR(memoized(2), 1234.6f, 1e-3);
 }
 
-TEST_F(QVMGenericUIValues, NoNumberFromTheHostReadsAsTheMinimum) {
+TEST_F(QVMGenericUIValues, WhatTheUnitRefusesOrClampsIsShownAsItHoldsIt) {
+    hostSets(1, 6);
     hostSets(1, std::numeric_limits<float>::quiet_NaN());
-    EXPECT_EQ(memoized(1), -18);
-    EXPECT_EQ(control(1).floatValue(), -18);
+    EXPECT_EQ(memoized(1), 6);
+    hostSets(1, 100);
+    EXPECT_EQ(memoized(1), 18);
+    EXPECT_EQ(control(1).floatValue(), 18);
+}
+
+// Half of 5 Hz is below what the unit holds: there it becomes 4, which is off.
+TEST_F(QVMGenericUIValues, AnEndThatTheUnitHasClampedIsWhatTheUnitHolds) {
+    userSets(9, 100);
+    frame();
+    ASSERT_FALSE(control(14).isDimmed());
+    userSets(10, 5);
+    frame();
+    EXPECT_EQ(delegate_.unit[9], 4);
+    EXPECT_EQ(memoized(9), 4);
+    EXPECT_EQ(control(9).floatValue(), 4);
+    EXPECT_TRUE(control(14).isDimmed()) << "the slope of a filter that is off";
+    EXPECT_TRUE(control(15).isDimmed());
+    time_.advance(1);
+    EXPECT_EQ(stack().currentValues()->values.at(9), 4);
+    ui_->presetBar()->ab().tap();
+    EXPECT_EQ(delegate_.savedSlot.find("2.5;"), std::string::npos) << delegate_.savedSlot;
+}
+
+TEST_F(QVMGenericUIValues, AnEndThatTheUnitHasClampedBeforeIsStillWhatItHolds) {
+    ASSERT_EQ(memoized(9), 4); // and nothing new comes from the unit
+    userSets(10, 5);
+    frame();
+    EXPECT_EQ(memoized(9), 4);
+    time_.advance(1);
+    EXPECT_EQ(stack().currentValues()->values.at(9), 4);
+    EXPECT_EQ(stack().currentValues()->values.at(10), 5);
+}
+
+TEST_F(QVMGenericUIValues, WhatTheUnitRefusedGivesWayToWhatItHolds) {
+    ui_->notifyParameterUpdatedTo(1, std::numeric_limits<float>::quiet_NaN());
+    frame();
+    EXPECT_EQ(memoized(1), 0);
+}
+
+TEST_F(QVMGenericUIValues, BothEndsOfARangeAreHeld) {
+    for (const float end : {-18.0f, 18.0f}) {
+        ui_->notifyParameterUpdatedTo(1, end);
+        frame();
+        EXPECT_EQ(memoized(1), end);
+    }
+    ui_->notifyParameterUpdatedTo(2, 24000);
+    frame();
+    EXPECT_EQ(memoized(2), 24000);
+}
+
+// The control's whole gesture, for a parameter that has none.
+TEST_F(QVMGenericUIValues, AValueChosenForAParameterWithoutAControlIsOneDiscreteGesture) {
+    ui_->chooseValueForParameter(1, 8);
+    EXPECT_THAT(delegate_.calls, ElementsAre("updated 8", "discrete 8"));
+    EXPECT_EQ(delegate_.unit[8], 1);
+    EXPECT_EQ(memoized(8), 1);
 }
 
 TEST_F(QVMGenericUIValues, WhatTheEditorSentComesBackUnchanged) {

@@ -1,7 +1,8 @@
-// A view bound to a recording unit that has every property, in virtual time and with display frames by hand, with the
-// log caught.
+// A view bound to a recording unit that has every property and the ranges of the real one, in virtual time and with
+// display frames by hand, with the log caught.
 #pragma once
 
+#include "description/Description.h"
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
@@ -37,6 +38,10 @@ inline void addAllProperties(FakeAudioUnit& unit) {
     unit.addProperty(64010, std::uint32_t{0});
     unit.addProperty<void*>(64011, nullptr);
     unit.addProperty(64012, std::uint32_t{0});
+    for (std::uint32_t pid = 0; pid < FakeAudioUnit::parameterCount; ++pid) {
+        const QVMFloat32Range range = GetParameter(pid)->heldRange();
+        unit.limits[pid] = {range.min, range.max};
+    }
     // Values that are in range for every parameter.
     for (auto& value : unit.values)
         value = 12;

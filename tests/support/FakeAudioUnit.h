@@ -3,8 +3,11 @@
 
 #include "platform/AudioUnit.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -46,7 +49,8 @@ public:
         lastBufferOffset = bufferOffset;
         if (const auto failure = parameterErrors.find(id); failure != parameterErrors.end()) return failure->second;
         if (id >= parameterCount) return kAudioUnitErr_InvalidParameter;
-        values[id] = value;
+        if (!std::isfinite(value)) return kAudio_ParamError;
+        values[id] = std::clamp(value, limits[id].low, limits[id].high);
         return noErr;
     }
     OSStatus propertyInfo(AudioUnitPropertyID id, AudioUnitScope scope, AudioUnitElement,
@@ -78,7 +82,14 @@ public:
         std::vector<unsigned char> bytes;
     };
 
+    // What is set outside of them ends at the nearest one.
+    struct Limits {
+        float low = std::numeric_limits<float>::lowest();
+        float high = std::numeric_limits<float>::max();
+    };
+
     std::atomic<float> values[parameterCount] = {};
+    Limits limits[parameterCount] = {};
     std::map<AudioUnitParameterID, OSStatus> parameterErrors;
     std::map<AudioUnitPropertyID, Property> properties;
     std::uint32_t lastBufferOffset = 0;
