@@ -41,12 +41,12 @@ class QVMPresetsDrawer;
 class QVMRangeControl;
 struct PBSketch;
 
-class QVMGenericUI final : public View,
-                           private QVMParameterControlDelegate,
-                           private QVMHUDDisplayDelegate,
-                           private QVMParameterSketchDelegate,
-                           private QVMABControlDelegate,
-                           private QVMDrawerViewDelegate {
+class QVMGenericUI : public View,
+                     private QVMParameterControlDelegate,
+                     private QVMHUDDisplayDelegate,
+                     private QVMParameterSketchDelegate,
+                     private QVMABControlDelegate,
+                     private QVMDrawerViewDelegate {
 public:
     // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
     static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
@@ -122,7 +122,9 @@ public:
     // Opens the advanced drawer when the control with the focus is in there: whoever tabs to it sees where he is.
     void revealFocusedControl();
     std::int32_t altFrame() const { return altFrame_; }
+    // What the delegate multiplies the size of a layout variant with.
     float currentScale() const { return currentScale_; }
+    void setCurrentScale(float scale) { currentScale_ = scale; }
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
 
@@ -190,8 +192,9 @@ public:
     bool hasFocus() const { return hasFocus_; }
     void ensureFirstResponder();
 
-    // Deliberately empty in this product.
-    void propagateLinkForPidNotify(std::uint32_t, bool) {}
+    // Deliberately empty in this product. The first is told of each parameter that a parameter with links is linked to,
+    // when that one's value comes to 0.
+    virtual void propagateLinkForPidNotify(std::uint32_t, bool) {}
     void parameterControlWantsToChangeMultipleValuesMotion(QVMParameterControl&, const std::map<std::uint32_t, float>&,
                                                            double) {}
     void freakout() {}

@@ -110,17 +110,20 @@ protected:
     }
 
     // Builds the editor on the unit as it is, as its owner does.
-    void build(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
+    template <class Editor = QVMGenericUI>
+    Editor& build(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {
         if (ui_) ui_->setDelegate(nullptr);
         delegate_.vizRef = nullptr;
-        auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, std::move(config), chanIn, chanOut);
+        auto ui = std::make_unique<Editor>(Rect{0, 0, 480, 320}, std::move(config), chanIn, chanOut);
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
             ui->setMemoizedPValueDirectlyValue(pid, GetParameter(pid)->shownValueFromHostValue(delegate_.unit[pid]));
         ui->completeInterfaceSetup();
         ui->setDelegate(&delegate_);
-        ui_ = &window_.setContentView(std::move(ui));
+        Editor& built = window_.setContentView(std::move(ui));
+        ui_ = &built;
         delegate_.calls.clear();
         delegate_.sent.clear();
+        return built;
     }
     // Builds it on initial values, then lets the first snapshot be taken and the first pictures be made.
     void open(std::shared_ptr<QVMConfig> config, std::uint32_t chanIn = 2, std::uint32_t chanOut = 2) {

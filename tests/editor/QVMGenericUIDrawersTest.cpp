@@ -196,14 +196,26 @@ TEST_F(QVMGenericUIDrawers, AStateFromTheHostThatIsCompactClosesThem) {
 }
 
 TEST_F(QVMGenericUIDrawers, AClosedEditorInMidTransitionLeavesNothingBehind) {
-    addOther();
+    QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(presets(), false);
     drawFor(0.5);
-    ui_->toggleDrawerForce(presets(), false);
+    ui_->toggleFrame(); // waits for the presets drawer's end
+    ui_->toggleDrawerForce(other, false);
+    drawFor(0.1);
+    ASSERT_TRUE(presets().layer()->animationForKey("fadeOut"));
+    ASSERT_NE(RunLoop::main().nextDue(), std::nullopt);
+    const std::weak_ptr<Layer> drawer = presets().layer(), waiting = other.layer(), clumps = ui_->clumpsView()->layer();
     renderer_.setRootLayer(nullptr);
     ui_ = nullptr;
+    delegate_.calls.clear();
     window_.setContentView(std::make_unique<View>());
+    EXPECT_TRUE(drawer.expired());
+    EXPECT_TRUE(waiting.expired());
+    EXPECT_TRUE(clumps.expired());
+    EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt) << "work for an editor that has gone";
+    EXPECT_FALSE(ticks_.isStarted());
     time_.advance(1);
+    EXPECT_TRUE(delegate_.calls.empty());
 }
 
 } // namespace

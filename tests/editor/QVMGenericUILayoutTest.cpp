@@ -107,6 +107,76 @@ TEST_F(QVMGenericUILayout, WithoutADelegateTheEditorNeverResizesItself) {
     EXPECT_EQ(ui_->frame(), (Rect{0, 0, 480, 320}));
 }
 
+TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocus) {
+    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->requestFrame(QVMAltFrameCompact);
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    EXPECT_FALSE(control(1).focused());
+    EXPECT_FALSE(ui_->wantsKeys());
+    EXPECT_FALSE(window_.sendEvent(keyEvent(0, Key::codeTab))) << "the key is the host's";
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    ui_->presetBar()->ab().tap();
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    ui_->requestPresetNamed("Air");
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    EXPECT_EQ(ui_->altFrame(), QVMAltFrameCompact);
+
+    ui_->requestFrame(QVMAltFrameNormal);
+    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeTab)));
+    EXPECT_EQ(ui_->focusedControl(), &control(1));
+}
+
+TEST_F(QVMGenericUILayout, TheFocusThatTheWindowGivesBackIsNotOneThatCannotBeSeen) {
+    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->setHasFocus(false);
+    ui_->requestFrame(QVMAltFrameCompact);
+    ui_->setHasFocus(true);
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMGenericUILayout, AClosedDrawerTakesTheFocusInItAlong) {
+    ui_->gearTapped();
+    ui_->bringParameterControlIntoFocus(&control(23));
+    ASSERT_EQ(ui_->focusedControl(), &control(23));
+    ui_->gearTapped();
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->gearTapped();
+    EXPECT_EQ(ui_->focusedControl(), &control(1)) << "which the drawer does not concern";
+}
+
+// A layer that came later than the window's scale.
+class QVMGenericUIScale : public QVMGenericUILayout {
+protected:
+    void SetUp() override {
+        QVMGenericUILayout::SetUp();
+        window_.setBackingScaleFactor(2);
+        addStray();
+    }
+    void addStray() {
+        stray_ = std::make_shared<Layer>();
+        ui_->layer()->addSublayer(stray_);
+        stray_->setContentsScale(1);
+    }
+    std::shared_ptr<Layer> stray_;
+};
+
+TEST_F(QVMGenericUIScale, IsGivenToEveryLayerAThirdOfASecondAfterTheSetup) {
+    build(QVMConfig::inlinedConfig());
+    addStray();
+    time_.advance(0.34);
+    EXPECT_EQ(stray_->contentsScale(), 1);
+    time_.advance(0.02);
+    EXPECT_EQ(stray_->contentsScale(), 2);
+}
+
+TEST_F(QVMGenericUIScale, IsGivenToEveryLayerWithALayoutWhenItHasChanged) {
+    ui_->assumeAltFrameScaleChanged(QVMAltFrameDoubleWide, false);
+    EXPECT_EQ(stray_->contentsScale(), 1);
+    ui_->assumeAltFrameScaleChanged(QVMAltFrameNormal, true);
+    EXPECT_EQ(stray_->contentsScale(), 2);
+}
+
 TEST_F(QVMGenericUILayout, TheWindowsScaleReachesEveryLayer) {
     window_.setBackingScaleFactor(2);
     auto stray = std::make_shared<Layer>();

@@ -52,6 +52,19 @@ TEST_F(QVMGenericUISideEffects, PowerOffDimsEveryClumpAndPowerOnBringsThemBack) 
     EXPECT_FALSE(control(13).isDimmed());
 }
 
+TEST_F(QVMGenericUISideEffects, EveryHoldHasThePriorityOfItsCause) {
+    hostSets(0, 0);
+    EXPECT_EQ(control(1).dimHolds().at("Clump"), 0u);
+    EXPECT_EQ(control(13).dimHolds().at("Clump"), 0u) << "displaced from its clump view";
+    EXPECT_EQ(control(14).dimHolds().at("FilterRangeLow"), 10u);
+    ScopedRecord record(6);
+    record.parameter.scope = 2;
+    hostSets(0, 1);
+    hostSets(6, 1);
+    hostSets(6, 0);
+    EXPECT_EQ(control(7).dimHolds().at("Clump"), 5u);
+}
+
 TEST_F(QVMGenericUISideEffects, AClumpScopeDimsTheControlsOwnClump) {
     ScopedRecord record(7);
     record.parameter.scope = 2;
@@ -69,6 +82,33 @@ TEST_F(QVMGenericUISideEffects, DisablesPreventInteractionAtTheirValue) {
     hostSets(6, 2);
     EXPECT_FALSE(control(1).primaryControl()->isDisabled());
     EXPECT_FALSE(control(2).primaryControl()->isDisabled());
+}
+
+// The editor of a product that has links.
+class LinkedEditor final : public QVMGenericUI {
+public:
+    using QVMGenericUI::QVMGenericUI;
+    void propagateLinkForPidNotify(std::uint32_t pid, bool notify) override { told.push_back({pid, notify}); }
+    std::vector<std::pair<std::uint32_t, bool>> told;
+};
+
+TEST_F(QVMGenericUISideEffects, ALinkIsFollowedWhenItsValueComesToZeroAndNotAtTheOpening) {
+    ScopedRecord record(6);
+    record.parameter.links = {{"OutputGain", "x"}, {}, {"NoSuchThing"}, {"TiltGain"}};
+    auto& linked = build<LinkedEditor>(QVMConfig::inlinedConfig());
+    time_.advance(0.6);
+    frame(); // hands over
+    linked.handleParameterControlUpdated(control(6));
+    frame(); // the first values, zero among them
+    ASSERT_EQ(linked.receivedParamUpdateCount(), 1u);
+    EXPECT_TRUE(linked.told.empty());
+    hostSets(6, 1);
+    EXPECT_TRUE(linked.told.empty()) << "not zero";
+    hostSets(6, 0);
+    EXPECT_EQ(linked.told, (std::vector<std::pair<std::uint32_t, bool>>{{7, true}, {1, true}}));
+    linked.told.clear();
+    linked.updateParameterFromSketchState(6, 0);
+    EXPECT_TRUE(linked.told.empty()) << "zero as before";
 }
 
 TEST_F(QVMGenericUISideEffects, HidesHideAtTheirValue) {

@@ -15,7 +15,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class QVMGenericUIValues : public EditorFixture {};
+class QVMGenericUIValues : public EditorFixture {
+protected:
+    Layer& spotlight() { return *ui_->powerBox()->gear()->spotlight(); }
+    bool gearFlashes() { return spotlight().animationForKey("flash") != nullptr; }
+    // So that the next one is seen as such, and not the rest of the last.
+    void endFlash() { spotlight().removeAllAnimations(); }
+};
 
 TEST_F(QVMGenericUIValues, AUsersChangeReachesTheDelegateInTheHostDomain) {
     userSets(1, 4.5f);
@@ -53,25 +59,68 @@ TEST_F(QVMGenericUIValues, ThePushedPartnersControlFollowsWithTheNextFrame) {
     EXPECT_EQ(control(3).floatValue(), 2000);
 }
 
-TEST_F(QVMGenericUIValues, AnEqualValueReachesTheDelegateButLeavesNoTrace) {
-    userSets(14, 12); // the initial value of a parameter in the advanced drawer
-    time_.advance(1);
-    EXPECT_THAT(delegate_.calls, ElementsAre("updated 14"));
+// The stack drops a snapshot that equals the last one, so what is looked at is the half second of waiting.
+TEST_F(QVMGenericUIValues, AnEqualValueReachesTheDelegateButAsksForNoSnapshot) {
+    userSets(1, 6);
+    frame();
+    time_.advance(0.4);
+    delegate_.calls.clear();
+    userSets(1, 6);
+    EXPECT_THAT(delegate_.calls, ElementsAre("updated 1"));
     EXPECT_EQ(stack().stack().size(), 1u);
-    EXPECT_EQ(ui_->powerBox()->gear()->spotlight()->animationForKey("flash"), nullptr);
+    time_.advance(0.11);
+    EXPECT_EQ(stack().stack().size(), 2u) << "half a second after the change, not after the equal value";
+}
+
+TEST_F(QVMGenericUIValues, AnEqualValueFlashesNothing) {
+    userSets(14, 12); // the initial value of a parameter in the advanced drawer
+    time_.settle();
+    EXPECT_FALSE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, AChangeInTheHiddenDrawerFlashesTheGear) {
     userSets(14, 18);
     time_.settle();
-    EXPECT_NE(ui_->powerBox()->gear()->spotlight()->animationForKey("flash"), nullptr);
+    EXPECT_TRUE(gearFlashes());
+}
+
+TEST_F(QVMGenericUIValues, TheGearFlashesFiveTimesASecondAtMostAndNoTimeLater) {
+    userSets(14, 18);
+    time_.settle();
+    ASSERT_TRUE(gearFlashes());
+    endFlash();
+    time_.advance(0.19);
+    userSets(14, 24);
+    time_.settle();
+    EXPECT_FALSE(gearFlashes());
+    time_.advance(0.2);
+    EXPECT_FALSE(gearFlashes()) << "what was too early is not made up for";
+    userSets(14, 30);
+    time_.settle();
+    EXPECT_TRUE(gearFlashes());
+}
+
+TEST_F(QVMGenericUIValues, TheGearMayFlashAgainAfterAFifthOfASecond) {
+    userSets(14, 18);
+    time_.settle();
+    endFlash();
+    time_.advance(0.21);
+    userSets(14, 24);
+    time_.settle();
+    EXPECT_TRUE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, AChangeInTheOpenDrawerFlashesNothing) {
     ui_->gearTapped();
     userSets(14, 18);
     time_.settle();
-    EXPECT_EQ(ui_->powerBox()->gear()->spotlight()->animationForKey("flash"), nullptr);
+    EXPECT_FALSE(gearFlashes());
+}
+
+TEST_F(QVMGenericUIValues, AChangeOutsideTheDrawerFlashesNothing) {
+    userSets(1, 6);
+    time_.settle();
+    EXPECT_FALSE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, AFrameWithTheReceivedValuesChangesNothingButTheCount) {

@@ -178,6 +178,21 @@ TEST_F(Binding, RebindingLetsTheFirstUnitGoAndReadsTheSecond) {
     view.reset();
 }
 
+TEST_F(Binding, RebindingStopsListeningToTheFirstUnit) {
+    FakeAudioUnit second;
+    addAllProperties(second);
+    bind();
+    view->setAU(&second);
+    time.advance(5); // nothing is left to do
+    ASSERT_EQ(RunLoop::main().nextDue(), std::nullopt);
+    const AudioUnitParameter ofFirst{&unit, 1}, ofSecond{&second, 1};
+    EXPECT_EQ(AUParameterSet(nullptr, nullptr, &ofFirst, 2, 0), noErr);
+    EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt) << "a listener of the first unit waits to be called";
+    EXPECT_EQ(AUParameterSet(nullptr, nullptr, &ofSecond, 2, 0), noErr);
+    EXPECT_NE(RunLoop::main().nextDue(), std::nullopt);
+    view.reset();
+}
+
 TEST_F(Binding, AViewThatWasNeverBoundDiesInSilence) {
     QVM0015_CocoaView2 unbound(Rect{0, 0, 10, 10});
     unbound.requestPresetNamed("Warmer");

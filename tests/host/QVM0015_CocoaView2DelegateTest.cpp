@@ -68,6 +68,20 @@ TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
     EXPECT_EQ(unit.values[7], -2.0F);
 }
 
+// The view's own listener does nothing with what it hears, so what is looked at is whether it is called.
+TEST_F(AsDelegate, ItsOwnListenerIsNotToldOfItsChangesButOfThoseOfOthers) {
+    time.advance(5); // nothing is left to do
+    ASSERT_EQ(RunLoop::main().nextDue(), std::nullopt);
+    delegate().interfaceUpdatedParameterKeyedValue(ui(), 1, 4.5F);
+    EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt);
+    for (std::uint32_t pid = 0; pid < 24; ++pid) {
+        const AudioUnitParameter each{&unit, pid};
+        ASSERT_EQ(AUParameterSet(host, nullptr, &each, 1, 0), noErr);
+        EXPECT_NE(RunLoop::main().nextDue(), std::nullopt) << pid;
+        time.settle();
+    }
+}
+
 TEST_F(AsDelegate, AutomationIsNotEchoed) {
     QVMGenericUI& editor = ui();
     Window window;
@@ -154,6 +168,17 @@ TEST_F(AsDelegate, TheAlternateFramesHaveTheirSizes) {
         EXPECT_EQ(ui().frame(), view->bounds());
         EXPECT_EQ(unit.property<std::uint32_t>(64010), static_cast<std::uint32_t>(index));
     }
+}
+
+TEST_F(AsDelegate, AtAnotherScaleTheFramesHaveWholeSizesRoundedDown) {
+    ui().setCurrentScale(0.77F);
+    delegate().interfaceWantsToAssumeFrame(ui(), 0);
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 369, 246})); // of 369.6 by 246.4
+    delegate().interfaceWantsToAssumeFrame(ui(), 1);
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 523, 246})); // of 523.6
+    ui().setCurrentScale(1.5F);
+    delegate().interfaceWantsToAssumeFrame(ui(), 2);
+    EXPECT_EQ(view->frame(), (Rect{0, 0, 300, 300}));
 }
 
 TEST_F(AsDelegate, FrameIndex3SetsTheViewTo0By0) {
