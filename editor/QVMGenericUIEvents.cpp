@@ -131,7 +131,8 @@ QVMParameterControl* QVMGenericUI::controlAtWindowPoint(Point pointInWindow) con
 
 void QVMGenericUI::parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
                                                                   const Event* event) {
-    keyboard_->clearNumberBuffer();
+    // The release of a double-click leaves the empty field that its press has opened.
+    if (state != QVMInteractionEnded || !keyboard_->numberBuffer().empty()) keyboard_->clearNumberBuffer();
     // A range's gesture is performed, and reported, by its two ends.
     if (std::find(parameterControls_.begin(), parameterControls_.end(), &control) == parameterControls_.end()) return;
     const std::uint32_t pid = control.parameter()->pid;

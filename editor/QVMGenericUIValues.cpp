@@ -5,6 +5,7 @@
 #include "editor/PartnerRule.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPowerBox.h"
 
 namespace QVM_NAMESPACE {
@@ -18,6 +19,7 @@ constexpr double gearFlashLimit = 0.2; // seconds
 void QVMGenericUI::handleParameterControlUpdated(QVMParameterControl& control) {
     const std::uint32_t pid = control.parameter()->pid;
     const float value = control.floatValue();
+    if (value != getMemoizedPValueDirectly(pid)) keyboard_->clearNumberBuffer(); // it was dragged past what was typed
     notifyParameterUpdatedTo(pid, value);
     const PartnerRule* rule = PartnerRuleForPid(pid);
     if (!rule) return;

@@ -39,6 +39,7 @@ public:
     bool deleteLastCharacterInNumberBuffer();
     // Toggles a switch; gives any other control what was typed.
     bool sendCompletedNumberBuffer();
+    // Forgets what was typed, here and where the focused control shows it: what is seen is what Return applies.
     bool resetNumberBuffer();
     bool clearNumberBuffer() { return resetNumberBuffer(); }
     const std::string& numberBuffer() const { return numberBuffer_; }

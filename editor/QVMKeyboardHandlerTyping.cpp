@@ -39,14 +39,14 @@ bool QVMKeyboardHandler::sendCompletedNumberBuffer() {
         numberBuffer_ = typed;
         return true;
     }
-    if (typed.empty()) return false;
-    control->setStringValue(typed);
-    resetNumberBuffer();
-    return true;
+    if (!typed.empty()) control->setStringValue(typed);
+    resetNumberBuffer(); // an empty field closes too
+    return !typed.empty();
 }
 
 bool QVMKeyboardHandler::resetNumberBuffer() {
     numberBuffer_.clear();
+    if (QVMParameterControl* control = focused()) QVMTransientBufferDisplayClear(control->primaryControl());
     return true;
 }
 
