@@ -76,6 +76,7 @@ void QVMFloatControl::handleMouseDraggedEvent(const QVMEvent& event) {
 }
 
 void QVMFloatControl::handleMouseUpEvent(const QVMEvent& event) {
+    pressDidEnd(event);
     const Event& source = event.nsEvent;
     if (isDisabled() || source.has(EventModifier::option) || source.has(EventModifier::control)) return;
     if (validStaticConversionKeyComboFromEvent(source)) return contextMenuDoStaticConversion();

@@ -89,6 +89,9 @@ public:
     virtual void handleMouseDownWithEventGranularities(const QVMEvent&, const QVMGranularities&) {}
     virtual void handleMouseDraggedWithEventGranularities(const QVMEvent&, const QVMGranularities&) {}
     virtual void handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities&) {}
+    // The button is up, whatever keys are held then and whether or not anyone is told: time to let go of what a press
+    // holds. Comes before the hook above.
+    virtual void pressDidEnd(const QVMEvent&) {}
     virtual void handleScrollWithEventStartDeltaGranularities(const QVMEvent&, float /*start*/, double /*delta*/,
                                                               const QVMGranularities&) {}
     virtual void handleModalClick(const Event&) {}

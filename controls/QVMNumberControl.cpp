@@ -84,15 +84,6 @@ void QVMNumberControl::handleMouseDraggedWithEventGranularities(const QVMEvent& 
     diffWas_ = clamped;
 }
 
-void QVMNumberControl::handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities&) {
-    popDragCursor();
-}
-
-void QVMNumberControl::mouseUp(const Event& event) {
-    QVMFloatControl::mouseUp(event);
-    popDragCursor(); // also where a key held at the release keeps it from the hook above
-}
-
 void QVMNumberControl::popDragCursor() {
     if (cursorWindow_) cursorWindow_->popCursor();
     cursorWindow_ = nullptr;

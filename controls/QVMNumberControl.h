@@ -28,8 +28,7 @@ public:
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
-    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
-    void mouseUp(const Event& event) override;
+    void pressDidEnd(const QVMEvent&) override { popDragCursor(); }
     void viewWillMoveToWindow(Window* window) override;
 
     void displayTransientBufferValue(const AttributedString& text) override;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -106,6 +107,7 @@ void QVMRangeSlider::resetToInitialValue() {
 
 void QVMRangeSlider::handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
     setDragging(false);
+    holdsEnds_ = true;
     performMetaAction(QVMMetaActionDown, &event);
 }
 
@@ -114,8 +116,9 @@ void QVMRangeSlider::handleMouseDraggedWithEventGranularities(const QVMEvent& ev
     performMetaAction(QVMMetaActionDragged, &event);
 }
 
-void QVMRangeSlider::handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
-    performMetaAction(QVMMetaActionUp, &event);
+void QVMRangeSlider::pressDidEnd(const QVMEvent& event) {
+    QVMVerticalSlider::pressDidEnd(event);
+    if (std::exchange(holdsEnds_, false)) performMetaAction(QVMMetaActionUp, &event);
 }
 
 void QVMRangeSlider::performMetaAction(std::int32_t code, const QVMEvent* event) {

@@ -34,7 +34,7 @@ public:
     void resetToInitialValue() override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
-    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void pressDidEnd(const QVMEvent& event) override;
     void mouseMoved(const Event&) override { showHover(true); }
     void mouseExited(const Event&) override { showHover(false); }
 
@@ -50,6 +50,7 @@ private:
     double low_ = 0, high_ = 0;
     std::uint32_t lowPid_ = 0, highPid_ = 0;
     bool pairing_ = false, interactive_ = false;
+    bool holdsEnds_ = false; // a press has been performed on both ends, and must end there
     std::shared_ptr<Layer> band_, hoverLight_;
     std::shared_ptr<ShapeLayer> ticks_;
 };

@@ -104,6 +104,7 @@ void QVMToggleControl::handleMouseDownWithEventGranularities(const QVMEvent& eve
 }
 
 void QVMToggleControl::handleMouseDraggedWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
+    hold_.cancel(); // it would choose where the press was, not where the pointer is now
     toggleDraggedToPointFromEvent(event);
 }
 
@@ -118,8 +119,6 @@ void QVMToggleControl::toggleDraggedToPointFromEvent(const QVMEvent& event) {
 }
 
 void QVMToggleControl::handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities&) {
-    caughtUp_ = true;
-    hold_.cancel();
     if (!didDrag_ && parameter().maxValue == 1) {
         setFloatValue(floatValue() == 0 ? 1.0f : 0.0f);
         reportInterfaceInitiatedValueChange();
@@ -127,9 +126,9 @@ void QVMToggleControl::handleMouseUpWithEventGranularities(const QVMEvent&, cons
     didDrag_ = false;
 }
 
-void QVMToggleControl::mouseUp(const Event& event) {
-    QVMFloatControl::mouseUp(event);
-    hold_.cancel(); // whatever keys are held: nothing is chosen once the button is up
+void QVMToggleControl::pressDidEnd(const QVMEvent&) {
+    caughtUp_ = true;
+    hold_.cancel(); // nothing is chosen once the button is up
     setSweeping(false);
 }
 

@@ -37,7 +37,7 @@ public:
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
     void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
-    void mouseUp(const Event& event) override;
+    void pressDidEnd(const QVMEvent& event) override;
 
 protected:
     void redraw() override;

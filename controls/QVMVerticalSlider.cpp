@@ -174,7 +174,7 @@ void QVMVerticalSlider::dragFine(double position, bool reanchor) {
     naivePercentageWas_ = reached;
 }
 
-void QVMVerticalSlider::handleMouseUpWithEventGranularities(const QVMEvent&, const QVMGranularities&) {
+void QVMVerticalSlider::pressDidEnd(const QVMEvent&) {
     dragging_ = writeLocked_ = isHandlePressed_ = false;
     showBulbState();
 }

@@ -94,7 +94,7 @@ public:
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
-    void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
+    void pressDidEnd(const QVMEvent& event) override;
     void handleMetaActionWithEvent(std::int32_t code, const QVMEvent* event) override;
     void themeUpdated() override;
     void frameDidChange() override;

@@ -51,6 +51,24 @@ TEST(QVMRangeSlider, ItsGesturesGoToTheDelegate) {
     EXPECT_FALSE(slider.dragging());
 }
 
+TEST(QVMRangeSlider, AKeyHeldAtTheReleaseEndsTheGestureOfTheMembersToo) {
+    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    MetaRecord record(slider);
+    press(slider, {100, 7});
+    drag(slider, {110, 7});
+    release(slider, {110, 7}, EventModifier::option);
+    EXPECT_THAT(record.lines, ElementsAre("meta 0", "began", "meta 1", "meta 2"));
+    EXPECT_FALSE(slider.dragging());
+}
+
+TEST(QVMRangeSlider, AReleaseThatFollowsNoPressOfTheMembersIsNotPassedOn) {
+    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    MetaRecord record(slider);
+    press(slider, {100, 7}, EventModifier::option);
+    release(slider, {100, 7});
+    EXPECT_THAT(record.lines, ElementsAre("action 20000", "meta 3 without event", "began", "ended"));
+}
+
 TEST(QVMRangeSlider, ResettingResetsBothMembers) {
     QVMRangeSlider slider(kFrame, *GetParameter(3));
     MetaRecord record(slider);

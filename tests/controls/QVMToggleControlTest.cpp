@@ -86,6 +86,16 @@ TEST_F(QVMToggleControlSwitch, SweepingSelectsAtOnceWithoutWaiting) {
     EXPECT_EQ(control.floatValue(), 0);
 }
 
+TEST_F(QVMToggleControlSwitch, ASweepThatIsHeldStaysWhereThePointerIs) {
+    press(control, {10, 13});
+    time.advance(0.1);
+    drag(control, {130, 13});
+    time.advance(0.3);
+    EXPECT_EQ(control.floatValue(), 1);
+    release(control, {130, 13});
+    EXPECT_THAT(record.lines, ElementsAre("began", "action 1", "ended"));
+}
+
 TEST_F(QVMToggleControlSwitch, AReleaseWithAKeyHeldLeavesNothingPending) {
     press(control, {120, 13});
     release(control, {120, 13}, EventModifier::option);
@@ -102,10 +112,16 @@ TEST_F(QVMToggleControlSwitch, AnythingButZeroFlipsToZero) {
 }
 
 TEST_F(QVMToggleControlSwitch, AControlThatGoesWhileItIsHeldChoosesNothing) {
+    ASSERT_FALSE(RunLoop::main().nextDue());
     auto lost = std::make_unique<QVMToggleControl>(kFrame, parameter);
+    int choices = 0;
+    lost->setAction([&](Control&) { ++choices; });
     press(*lost, {120, 13});
+    EXPECT_TRUE(RunLoop::main().nextDue()) << "the hold";
     lost.reset();
+    EXPECT_FALSE(RunLoop::main().nextDue()) << "nothing is left that could come to a control that is gone";
     time.advance(1);
+    EXPECT_EQ(choices, 0);
 }
 
 TEST_F(QVMToggleControlRow, WithMoreThanTwoStatesAClickNeverFlipsButSelectsByPosition) {

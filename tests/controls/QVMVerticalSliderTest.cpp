@@ -221,6 +221,51 @@ TEST_F(QVMVerticalSliderTest, TheThirdOfFiveIndexedCuesIsTheMiddleOfTheRange) {
     EXPECT_FLOAT_EQ(slider.floatValue(), 9);
 }
 
+TEST_F(QVMVerticalSliderTest, AnIndexedCueIsRoundedToTheFineStep) {
+    const QVMParameter parameter = parameterLike(1, [](QVMParameter& p) {
+        p.tickmarks = p.cueSymbolPositions = p.displayTickmarks = {};
+        p.cueSymbols = {"a", "b", "c", "d", "e", "f", "g", "h"};
+        p.minValue = -18;
+    });
+    QVMVerticalSlider slider(kLying, parameter);
+    show(slider, 18);
+    ASSERT_EQ(slider.cueRects().size(), 8u);
+    press(slider, slider.cueRects()[3].rect.center());
+    const float fine = parameter.normalizedFloatValueFromPercent(3.0f / 7, QVMGranularityFine);
+    ASSERT_NE(fine, parameter.normalizedFloatValueFromPercent(3.0f / 7, QVMGranularityNormal));
+    ASSERT_NE(fine, parameter.normalizedFloatValueFromPercent(3.0f / 7, QVMGranularityCoarse));
+    EXPECT_FLOAT_EQ(slider.floatValue(), fine);
+}
+
+TEST_F(QVMVerticalSliderTest, AKeyHeldAtTheReleaseTellsNobodyButEndsTheDrag) {
+    for (const std::uint32_t key : {EventModifier::option, EventModifier::control}) {
+        QVMVerticalSlider slider(kLying, *GetParameter(1));
+        show(slider, 0);
+        GestureRecord record(slider);
+        press(slider, at(slider, slider.handleValue()));
+        drag(slider, at(slider, slider.handleValue() + 20));
+        EXPECT_TRUE(slider.dragging());
+        record.lines.clear();
+        release(slider, at(slider, slider.handleValue()), key);
+        EXPECT_TRUE(record.lines.empty());
+        EXPECT_FALSE(slider.dragging());
+        EXPECT_FALSE(slider.writeLocked());
+        show(slider, -12);
+        EXPECT_EQ(slider.handleValue(), slider.positionValueFromFloatValue(-12)) << "it follows the host again";
+    }
+}
+
+TEST_F(QVMVerticalSliderTest, ASliderDisabledInMidDragLetsGoOfItsHandle) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    show(slider, 0);
+    press(slider, at(slider, slider.handleValue()));
+    drag(slider, at(slider, slider.handleValue() + 20));
+    slider.setPreventInteraction(true);
+    release(slider, at(slider, slider.handleValue()));
+    EXPECT_FALSE(slider.dragging());
+    EXPECT_FALSE(slider.writeLocked());
+}
+
 TEST_F(QVMVerticalSliderTest, AHandleOverAMarkIsGrabbedNotTheMark) {
     const QVMParameter parameter = parameterLike(7);
     QVMVerticalSlider slider(kUpright, parameter);
