@@ -19,18 +19,23 @@ constexpr double kDimmedAlpha = 0.2;
 constexpr double kQuickTapSeconds = 5;
 constexpr double kTimeOrigin = 1e9; // seconds; taps are timed from long before any run loop began
 constexpr float kThousand = 1000;
+constexpr float kBeyondLimits = 1e9f; // more than any parameter holds, and little enough to reckon with
 
 Rect controlFrameOf(const QVMParameter* parameter) {
     return parameter ? rectFrom(parameter->controlFrame) : Rect{};
 }
 
-// A decimal number with a point; 0 for anything else.
+// A decimal number with a point, beyond all limits if it is too long for a float; 0 for anything else.
 float parsedNumber(const std::string& text) {
     if (text.empty() || text.find_first_not_of("-.0123456789") != std::string::npos) return 0;
     float number = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    return error == std::errc() && rest == end ? number : 0;
+    if (rest != end) return 0;
+    if (error == std::errc()) return std::clamp(number, -kBeyondLimits, kBeyondLimits);
+    const bool isHuge = text.substr(0, text.find('.')).find_first_of("123456789") != std::string::npos;
+    if (!isHuge) return 0; // too near to 0
+    return text.front() == '-' ? -kBeyondLimits : kBeyondLimits;
 }
 
 // The master switch has a class of its own, whatever its type says.

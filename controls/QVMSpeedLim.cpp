@@ -5,10 +5,24 @@
 
 namespace QVM_NAMESPACE {
 
+// The last call of each selector on each target, whichever limiter has scheduled it.
+struct QVMSpeedLim::LastCalls {
+    std::mutex mutex; // guards what follows; taken inside a limiter's own lock
+    std::map<Key, RunLoop::CallId> byKey;
+};
+
+QVMSpeedLim::LastCalls& QVMSpeedLim::lastCalls() {
+    static auto& calls = *new LastCalls; // never destroyed: limiters of other statics may outlive any order
+    return calls;
+}
+
 QVMSpeedLim::~QVMSpeedLim() {
-    const std::scoped_lock lock(mutex_);
-    for (const auto& [key, call] : pending_)
+    const std::scoped_lock lock(mutex_, lastCalls().mutex);
+    for (const auto& [key, call] : pending_) {
         RunLoop::main().cancel(call);
+        const auto last = lastCalls().byKey.find(key);
+        if (last != lastCalls().byKey.end() && last->second == call) lastCalls().byKey.erase(last);
+    }
 }
 
 bool QVMSpeedLim::trailing() const {
@@ -38,9 +52,10 @@ void QVMSpeedLim::fire(double limit, double delay, const Key& key, RunLoop::Func
 }
 
 void QVMSpeedLim::perform(double delay, const Key& key, RunLoop::Function call) {
-    RunLoop::CallId& pending = pending_[key];
-    RunLoop::main().cancel(pending);
-    pending = RunLoop::main().schedule(delay, std::move(call));
+    const std::scoped_lock lock(lastCalls().mutex);
+    RunLoop::CallId& last = lastCalls().byKey[key];
+    RunLoop::main().cancel(last);
+    last = pending_[key] = RunLoop::main().schedule(delay, std::move(call));
 }
 
 } // namespace QVM_NAMESPACE

@@ -27,7 +27,8 @@ public:
     void setTrailing(bool trailing);
 
     // Has `(target.*selector)()` called, but not within `limit` seconds of the last call, and no sooner than `delay`
-    // seconds from now. A pending call of the same selector on the same target is replaced. Any thread.
+    // seconds from now. A pending call of the same selector on the same target is replaced, whichever limiter it came
+    // from. Any thread.
     template <class Target>
     void fireWithLimitAndDelayTargetSelector(double limit, double delay, Target& target, void (Target::*selector)()) {
         fire(limit, delay, keyFor(&target, selector), [&target, selector] { (target.*selector)(); });
@@ -52,6 +53,8 @@ private:
         std::memcpy(key.selector.data(), &selector, sizeof selector);
         return key;
     }
+    struct LastCalls;
+    static LastCalls& lastCalls();
     void fire(double limit, double delay, const Key& key, RunLoop::Function call);
     void perform(double delay, const Key& key, RunLoop::Function call);
 
@@ -59,7 +62,7 @@ private:
     bool trailing_ = true;
     double last_ = -std::numeric_limits<double>::infinity(); // run loop seconds; so the first fire always goes out
     std::optional<double> airborne_;                         // when the trailing call is due
-    std::map<Key, RunLoop::CallId> pending_;                 // calls made already are no harm
+    std::map<Key, RunLoop::CallId> pending_;                 // own ones; calls made already are no harm
 };
 
 } // namespace QVM_NAMESPACE

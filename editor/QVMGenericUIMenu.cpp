@@ -22,7 +22,11 @@ bool isMenuKey(const Event& event) {
 std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
     if (event.has(EventModifier::option) || event.has(EventModifier::command)) return nullptr;
     const Point at = event.locationInWindow;
-    return makeEditorMenu(*this, menuSubject(controlAtWindowPoint(at)), clumpAtWindowPoint(at));
+    QVMParameterControl* const control = menuSubject(controlAtWindowPoint(at));
+    // A press with Control is still a press on the control: it goes no further than the menu, but it has begun.
+    if (control && event.has(EventModifier::control))
+        control->primaryControl()->handleMouseDownEvent({event, *control->primaryControl()});
+    return makeEditorMenu(*this, control, clumpAtWindowPoint(at));
 }
 
 // A control that was displaced from its clump still belongs to it.

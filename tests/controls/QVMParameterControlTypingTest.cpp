@@ -41,6 +41,34 @@ TEST(QVMParameterControlTyping, TypedValuesBeyondTheRangeStopAtItsEnds) {
     EXPECT_FLOAT_EQ(b.control.floatValue(), 24000);
 }
 
+TEST(QVMParameterControlTyping, ANumberOfAnyLengthStopsAtTheLimit) {
+    for (const std::size_t digits : {10u, 38u, 39u, 40u, 400u}) {
+        const std::string nines(digits, '9');
+        for (const std::uint32_t pid : {1u, 9u, 15u}) {
+            ParameterControlBench b(parameterLike(pid));
+            const auto typed = [&b](const std::string& text) {
+                b.control.setStringValue(text);
+                return b.control.floatValue();
+            };
+            EXPECT_EQ(typed(nines), b.parameter.maxValue) << digits;
+            EXPECT_EQ(typed(nines + "k"), b.parameter.maxValue) << digits;
+            EXPECT_EQ(typed(nines + ".5"), b.parameter.maxValue) << digits;
+            EXPECT_EQ(typed("-" + nines), b.parameter.minValue) << digits;
+        }
+    }
+    ParameterControlBench b(parameterLike(1), 3);
+    b.control.setStringValue("0." + std::string(400, '0') + "1");
+    EXPECT_EQ(b.control.floatValue(), 0) << "too near to 0 to be told from it";
+    b.control.setStringValue(std::string(400, '0') + "7");
+    EXPECT_EQ(b.control.floatValue(), 7);
+}
+
+TEST(QVMParameterControlTyping, WithTextEntryNumbersANumberOfAnyLengthIsNearestToTheLargest) {
+    ParameterControlBench b(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers = {{1.0, 2.0, 4.0}}; }));
+    b.control.setStringValue(std::string(60, '9') + "k");
+    EXPECT_EQ(b.values.back(), 2);
+}
+
 TEST(QVMParameterControlTyping, WithTextEntryNumbersTheIndexOfTheNearestIsTheValue) {
     Bench b(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers = {0.5, 1, 2}; }));
     b.control.setStringValue("1.4");

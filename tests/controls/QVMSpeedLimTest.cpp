@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -94,6 +95,36 @@ TEST_F(QVMSpeedLimTest, AnotherSelectorsPendingCallIsLeftAlone) {
     time.advance(1);
     EXPECT_THAT(target.rings, ElementsAre(at(0), at(0.1)));
     EXPECT_THAT(target.knocks, ElementsAre(at(0.1)));
+}
+
+TEST_F(QVMSpeedLimTest, AnotherLimitersPendingCallOfTheSameSelectorOnTheSameTargetIsReplaced) {
+    QVMSpeedLim other;
+    other.fireWithLimitAndDelayTargetSelector(0.1, 0.5, target, &Target::ring);
+    time.advance(0.2);
+    limiter.fireWithLimitAndDelayTargetSelector(0.1, 0.5, target, &Target::ring);
+    time.advance(2);
+    EXPECT_THAT(target.rings, ElementsAre(at(0.7)));
+}
+
+TEST_F(QVMSpeedLimTest, AnotherTargetsPendingCallIsLeftAlone) {
+    QVMSpeedLim other;
+    Target neighbour;
+    other.fireWithLimitAndDelayTargetSelector(0.1, 0.5, neighbour, &Target::ring);
+    limiter.fireWithLimitAndDelayTargetSelector(0.1, 0.5, target, &Target::ring);
+    time.advance(2);
+    EXPECT_THAT(target.rings, ElementsAre(at(0.5)));
+    EXPECT_THAT(neighbour.rings, ElementsAre(at(0.5)));
+}
+
+TEST_F(QVMSpeedLimTest, DestroyingTheLimiterLeavesACallThatHasReplacedItsOwn) {
+    auto shortLived = std::make_unique<QVMSpeedLim>();
+    shortLived->fireWithLimitAndDelayTargetSelector(0.1, 0.2, target, &Target::ring);
+    limiter.fireWithLimitAndDelayTargetSelector(0.1, 0.3, target, &Target::ring);
+    shortLived.reset();
+    time.advance(0.1);
+    limiter.fireWithLimitAndDelayTargetSelector(0.1, 0.3, target, &Target::ring);
+    time.advance(1);
+    EXPECT_THAT(target.rings, ElementsAre(at(0.4)));
 }
 
 TEST_F(QVMSpeedLimTest, DestroyingTheLimiterCancelsWhatIsStillToCome) {
