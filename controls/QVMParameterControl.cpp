@@ -4,6 +4,7 @@
 #include "controls/QVMRangeControl.h"
 #include "controls/QVMVerticalSlider.h"
 #include "platform/RunLoop.h"
+#include "platform/Window.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
@@ -207,11 +208,18 @@ void QVMParameterControl::themeUpdated() {
 }
 
 void QVMParameterControl::mouseDown(const Event& event) {
+    handlingOutsideClick_ = false;
     if (event.clickCount == 2) return setTransientStringValue("");
     const Rect inside = controlFrame();
-    handlingOutsideClick_ = !inside.isEmpty() && !inside.contains(convertFromWindow(event.locationInWindow));
+    handlingOutsideClick_ =
+        !inside.isEmpty() && !inside.contains(convertFromWindow(event.locationInWindow)) && !primaryControlHasPress();
     if (handlingOutsideClick_ && primaryControl_) primaryControl_->handleMouseDownEvent({event, *primaryControl_});
     Control::mouseDown(event);
+}
+
+bool QVMParameterControl::primaryControlHasPress() const {
+    const View* const pressed = window() ? window()->mouseCapture() : nullptr;
+    return pressed && primaryControl_ && pressed->isDescendantOf(*primaryControl_);
 }
 
 void QVMParameterControl::mouseDragged(const Event& event) {

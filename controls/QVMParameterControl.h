@@ -104,6 +104,8 @@ private:
     friend class QVMRangeControl; // attaches itself to its two members
     void themeUpdated();
     void updateBands();
+    // Whether a press went to the inner control first, which may reach beyond its frame, and was passed on from there.
+    bool primaryControlHasPress() const;
 
     const QVMParameter* parameter_;
     QVMFloatControl* primaryControl_ = nullptr; // a subview

@@ -93,22 +93,21 @@ void QVMRangeControl::followMember(const QVMParameterControl& member) {
 View* QVMRangeControl::hitTest(Point pointInSuperview) {
     View* hit = interactive_ ? QVMParameterControl::hitTest(pointInSuperview) : nullptr;
     if (!hit || !superview()) return hit;
-    QVMVerticalSlider* const low = sliderOf(low_);
-    QVMVerticalSlider* const high = sliderOf(high_);
-    for (QVMVerticalSlider* slider : {low, high}) {
+    for (QVMVerticalSlider* slider : {sliderOf(low_), sliderOf(high_)}) {
         if (slider && slider->isOnHandle(slider->convertFromView(pointInSuperview, *superview()))) return slider;
     }
-    const Point point = convertFromView(pointInSuperview, *superview()) - controlFrame().origin();
-    const double position = rangeSlider() ? rangeSlider()->relevantFromPoint(point) : 0;
-    if (low && position < low->idealHandleValue()) return low;
-    if (high && position > high->idealHandleValue()) return high;
     return hit;
 }
 
 void QVMRangeControl::floatControlDidPerformMetaActionWithEvent(QVMFloatControl&, std::int32_t code,
                                                                 const QVMEvent* event) {
-    for (const QVMParameterControl* member : {high_, low_}) {
-        if (member && member->primaryControl()) member->primaryControl()->handleMetaActionWithEvent(code, event);
+    const bool isWhole = code == QVMMetaActionReset;
+    for (QVMParameterControl* member : {high_, low_}) {
+        QVMFloatControl* const end = member ? member->primaryControl() : nullptr;
+        if (!end) continue;
+        if (isWhole) member->floatControlInteractionDidChangeToEvent(*end, QVMInteractionBegan, nullptr);
+        end->handleMetaActionWithEvent(code, event);
+        if (isWhole) member->floatControlInteractionDidChangeToEvent(*end, QVMInteractionEnded, nullptr);
     }
 }
 

@@ -36,9 +36,9 @@ public:
     // Shows the ends' present values, gliding for 0.1 s or at once.
     void updateRangeAnimated(Animate animate);
 
-    // A click beyond an end, or on a handle's pointer, belongs to that end's slider.
+    // A click on a handle's pointer belongs to that end's slider; any other moves both.
     View* hitTest(Point pointInSuperview) override;
-    // Passes the gesture to both ends, the high one first.
+    // Passes the gesture to both ends, the high one first. A reset is a whole gesture of each.
     void floatControlDidPerformMetaActionWithEvent(QVMFloatControl& control, std::int32_t code,
                                                    const QVMEvent* event) override;
 

@@ -124,14 +124,15 @@ TEST_F(Pair, UpdatingTheRangeGlidesForATenthOfASecondOrNotAtAll) {
     EXPECT_DOUBLE_EQ(slider.band()->frame().minX(), sliderOf(low).handleValue());
 }
 
-TEST_F(Pair, ClicksFindTheHandleThenTheEndBeyondItThenTheBand) {
+TEST_F(Pair, ClicksFindTheHandleThenTheBand) {
     EXPECT_EQ(window.hitTest({lowX(), 10}), &sliderOf(low));
     EXPECT_EQ(window.hitTest({lowX(), 31}), &sliderOf(low)); // its pointer reaches into the band
     EXPECT_EQ(window.hitTest({highX(), 50}), &sliderOf(high));
     EXPECT_EQ(window.hitTest({highX(), 39}), &sliderOf(high));
     EXPECT_EQ(window.hitTest({middleX(), 35}), top->rangeSlider());
-    EXPECT_EQ(window.hitTest({lowX() - 20, 35}), &sliderOf(low));
-    EXPECT_EQ(window.hitTest({highX() + 20, 35}), &sliderOf(high));
+    EXPECT_EQ(window.hitTest({lowX() - 20, 35}), top->rangeSlider());
+    EXPECT_EQ(window.hitTest({highX() + 20, 35}), top->rangeSlider());
+    EXPECT_EQ(window.hitTest({kLeft - 10, 35}), top) << "beside the slider";
 }
 
 TEST_F(Pair, DraggingTheBandMovesBothEndsByThePointersWay) {
@@ -150,11 +151,67 @@ TEST_F(Pair, DraggingTheBandMovesBothEndsByThePointersWay) {
     EXPECT_DOUBLE_EQ(bottom->rangeSlider()->low(), low->floatValue());
 }
 
+TEST_F(Pair, APressBesideTheBandMovesBothEndsByThePointersWayAndJumpsNeither) {
+    const double places[] = {kLeft - 10, kLeft + 5, lowX() - 10, highX() + 10, kLeft + 265};
+    for (const double x : places) {
+        low->setFloatValue(125);
+        high->setFloatValue(6300);
+        time.advance(1);
+        reports.clear();
+        const double lowWas = lowX(), highWas = highX();
+        send(EventType::mouseDown, {x, 35});
+        EXPECT_FLOAT_EQ(low->floatValue(), 125) << x;
+        EXPECT_FLOAT_EQ(high->floatValue(), 6300) << x;
+        send(EventType::mouseDragged, {x + 12, 35});
+        EXPECT_NEAR(lowX(), lowWas + 12, 1) << x;
+        EXPECT_NEAR(highX(), highWas + 12, 1) << x;
+        send(EventType::mouseUp, {x + 12, 35});
+        EXPECT_THAT(reports,
+                    ElementsAre("high began", "low began", "range began", "high ended", "low ended", "range ended"))
+            << x;
+        for (const QVMParameterControl* control : {low, high, static_cast<QVMParameterControl*>(top)})
+            EXPECT_FALSE(control->handlingOutsideClick()) << x;
+    }
+}
+
+TEST_F(Pair, APressOnAHandlesPointerMovesItsEndAlone) {
+    for (QVMParameterControl* end : {low, high}) {
+        reports.clear();
+        const double x = kLeft + sliderOf(end).handleValue(), y = end == low ? 31 : 39;
+        QVMParameterControl* const other = end == low ? high : low;
+        const float otherWas = other->floatValue();
+        send(EventType::mouseDown, {x, y});
+        send(EventType::mouseDragged, {x + 12, y});
+        EXPECT_NEAR(kLeft + sliderOf(end).handleValue(), x + 12, 1);
+        send(EventType::mouseUp, {x + 12, y});
+        EXPECT_FLOAT_EQ(other->floatValue(), otherWas);
+        EXPECT_EQ(reports.size(), 2u) << "one beginning, one end";
+        EXPECT_FALSE(end->handlingOutsideClick());
+    }
+}
+
+TEST_F(Pair, OptionHeldAtTheReleaseLeavesNeitherEndDragging) {
+    const double x = middleX();
+    send(EventType::mouseDown, {x, 35});
+    send(EventType::mouseDragged, {x + 15, 35});
+    send(EventType::mouseUp, {x + 15, 35}, EventModifier::option);
+    for (QVMParameterControl* end : {low, high}) {
+        EXPECT_FALSE(sliderOf(end).dragging());
+        EXPECT_FALSE(sliderOf(end).writeLocked());
+    }
+    low->setFloatValue(125);
+    time.advance(1);
+    EXPECT_EQ(sliderOf(low).handleValue(), sliderOf(low).positionValueFromFloatValue(125));
+}
+
 TEST_F(Pair, OptionClickOnTheBandResetsBothEnds) {
     send(EventType::mouseDown, {middleX(), 35}, EventModifier::option);
     EXPECT_FLOAT_EQ(low->floatValue(), 20);
     EXPECT_FLOAT_EQ(high->floatValue(), 20000);
-    EXPECT_THAT(reports, ElementsAre("range began"));
+    EXPECT_THAT(reports, ElementsAre("high began", "high ended", "low began", "low ended", "range began"));
+    reports.clear();
+    send(EventType::mouseUp, {middleX(), 35});
+    EXPECT_THAT(reports, ElementsAre("range ended")) << "the ends have ended already";
 }
 
 TEST_F(Pair, TheRangesOwnValueNeverLeavesIt) {

@@ -48,6 +48,61 @@ TEST_F(QVMGenericUIEvents, ADragOfARangesBandIsOneGestureOfEachEnd) {
     EXPECT_GT(memoized(3), 6400);
 }
 
+TEST_F(QVMGenericUIEvents, APressBesideARangesBandIsOneGestureOfEachEndAndJumpsNeither) {
+    userSets(2, 100);
+    userSets(3, 6400);
+    frame();
+    time_.advance(1);
+    const Rect strip = control(3).range()->convertToWindow(control(3).range()->bounds());
+    for (const double x : {strip.minX() + 10, strip.minX() + 45, strip.maxX() - 45}) {
+        delegate_.calls.clear();
+        const float low = memoized(2), high = memoized(3);
+        window_.sendEvent(mouseEvent(EventType::mouseDown, {x, strip.midY()}));
+        frames(0.2);
+        EXPECT_EQ(memoized(2), low) << x;
+        EXPECT_EQ(memoized(3), high) << x;
+        window_.sendEvent(mouseEvent(EventType::mouseDragged, {x + 5, strip.midY()}));
+        window_.sendEvent(mouseEvent(EventType::mouseUp, {x + 5, strip.midY()}));
+        frames(0.2);
+        EXPECT_GT(memoized(2), low) << x;
+        EXPECT_GT(memoized(3), high) << x;
+        for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
+            EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), call), 1) << call << " at " << x;
+        for (const std::uint32_t pid : {2u, 3u})
+            EXPECT_FALSE(control(pid).handlingOutsideClick() || control(pid).range()->handlingOutsideClick()) << x;
+    }
+}
+
+TEST_F(QVMGenericUIEvents, AnOptionClickOnABandResetsBothEndsInOneGestureOfEach) {
+    userSets(2, 100);
+    userSets(3, 6400);
+    frame();
+    time_.advance(1);
+    delegate_.calls.clear();
+    const Point middle = middleOf(*control(3).range());
+    window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::option));
+    window_.sendEvent(mouseEvent(EventType::mouseUp, middle, EventModifier::option));
+    EXPECT_THAT(delegate_.calls, ElementsAre("began 3", "updated 3", "ended 3", "began 2", "updated 2", "ended 2"));
+    EXPECT_EQ(memoized(2), GetParameter(2)->initialValue);
+    EXPECT_EQ(memoized(3), GetParameter(3)->initialValue);
+}
+
+TEST_F(QVMGenericUIEvents, AControlClickForTheMenuHasBegunAndNeverEnds) {
+    const Point middle = middleOf(control(7));
+    window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::control));
+    window_.sendEvent(mouseEvent(EventType::mouseUp, middle, EventModifier::control));
+    EXPECT_THAT(delegate_.calls, ElementsAre("began 7"));
+    EXPECT_EQ(ui_->focusedControl(), &control(7));
+    control(7).primaryControl()->setPreventInteraction(true);
+    window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::control));
+    EXPECT_THAT(delegate_.calls, ElementsAre("began 7")) << "a disabled control tells nobody";
+}
+
+TEST_F(QVMGenericUIEvents, ARightClickForTheMenuBeginsNothing) {
+    window_.sendEvent(mouseEvent(EventType::rightMouseDown, middleOf(control(7))));
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+}
+
 TEST_F(QVMGenericUIEvents, TheMasterSwitchNeverTakesFocus) {
     ui_->bringParameterControlIntoFocus(&control(1));
     interaction(0, QVMInteractionBegan);
