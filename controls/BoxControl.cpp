@@ -39,10 +39,6 @@ void BoxControl::placeBox(const Rect& frame) {
     hover_->setFrame(frame);
     hover_->setCornerRadius(radius);
     hover_->setBackgroundColor(QVMUITheme::theme().palette.hover);
-    const Color accent = colorFrom(parameter().color);
-    const std::optional<Color> below = surface();
-    // The border is stroked translucently: where the parameter's colour alone would drown, it is moved away from that.
-    highlight()->setStrokeNSColor(below ? contrasted(accent, *below) : accent);
 }
 
 void BoxControl::drawPlainBox() {

@@ -35,14 +35,14 @@ protected:
     virtual int indexAt(Point) const { return 0; }
     // Where a part lights up, own coordinates; none for one that does not.
     virtual std::optional<Rect> hoverFrame(int /*index*/) const { return bg_->frame(); }
-    // The theme's surface under the control, where the theme decides that: what stands on it keeps legible.
+    // The theme's surface under the control, where the theme decides that: what stands on it can be seen.
     virtual std::optional<Color> surface() const;
 
     // Puts a layer above those that were added before and below the focus border. bg() is there from the start.
     void addPart(const std::shared_ptr<Layer>& part, const char* name);
     // The light under the pointer; the subclass adds it where it belongs among its parts.
     const std::shared_ptr<Layer>& hover() const { return hover_; }
-    // Gives the box its frame (own coordinates) and shape, and light and focus border their colours.
+    // Gives the box its frame (own coordinates) and shape, and the light its colour.
     void placeBox(const Rect& frame);
     // Places it over the whole control, in the theme's plain colours.
     void drawPlainBox();

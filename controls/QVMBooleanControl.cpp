@@ -14,8 +14,8 @@ enum Style : std::int32_t { kTinted = 1, kWhiteOnClear = 2, kWhiteOnBox = 3, kOu
 
 constexpr float kOnThreshold = 0.5f;
 constexpr float kTintedOnAlpha = 0.9f, kOffAlpha = 0.4f, kWhiteLeastAlpha = 0.5f, kPlainLeastAlpha = 0.35f;
-// An icon that is off is quiet because it stands on no colour, not because it can hardly be seen.
-constexpr double kOffContrast = 6.5;
+// An icon that is off is faint: its outline, or the ground under a white one, makes sure that the switch is seen.
+constexpr double kOffContrast = 3;
 // A background of the icon's own colour is a wash, or the icon would vanish in it.
 constexpr double kWashOpacity = 0.16;
 
@@ -61,10 +61,9 @@ QVMCycleControl::Look QVMBooleanControl::lookForValue(float value) const {
     look.background = clearWhenOff ? Color::clear() : palette.boxFill;
     look.border = clearWhenOff ? palette.pillBorder : palette.boxBorder;
     look.backgroundOpacity = 1;
-    if (const std::optional<Color> below = surface()) {
-        const Color behind = composite(look.background, *below);
-        look.text = contrasted(composite(look.text, behind), behind, kOffContrast);
-    }
+    if (style == kWhiteOnBox) look.background = groundForText(palette.boxFill, look.text, kOffContrast);
+    if (const std::optional<Color> below = surface(); below && clearWhenOff)
+        look.border = contrasted(palette.pillBorder, *below, kOffContrast);
     return look;
 }
 

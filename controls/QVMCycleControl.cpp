@@ -10,7 +10,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kValueSize = 16, kUnitSize = 12, kIconSize = 20; // points
+constexpr double kValueSize = 16, kUnitSize = 12, kIconSize = 24; // points
 constexpr double kTextPadding = 8;                                // between a capsule's end and its text
 constexpr double kPulseSeconds = 0.09;
 // Marks inside the capsule stand stacked at its right end, those beside it one at each end of the control, clear of the

@@ -7,8 +7,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kDiscMargin = 7;    // points between the disc and the control's nearer edges
-constexpr double kGlyphShare = 0.83; // of the disc's diameter
+constexpr double kDiscMargin = 10; // points between the disc and the control's nearer edges
 constexpr double kOffDiscOpacity = 0.07;
 const Shadow kValueShadow = {Color::white(0, 0.15f), 3, {0, 1}, 1};
 
@@ -23,10 +22,6 @@ QVMGlowingBooleanControl::QVMGlowingBooleanControl(const Rect& frame, const QVMP
 Rect QVMGlowingBooleanControl::backgroundFrame() const {
     const double side = std::max(std::min(bounds().width, bounds().height) - 2 * kDiscMargin, 0.0);
     return {std::round(bounds().midX() - side / 2), std::round(bounds().midY() - side / 2), side, side};
-}
-
-double QVMGlowingBooleanControl::iconSize() const {
-    return std::floor(backgroundFrame().width * kGlyphShare * static_cast<double>(parameter().controlScale));
 }
 
 QVMCycleControl::Look QVMGlowingBooleanControl::lookForValue(float value) const {

@@ -12,7 +12,6 @@ public:
 protected:
     Look lookForValue(float value) const override;
     Rect backgroundFrame() const override; // a disc in the middle
-    double iconSize() const override;
     // None of the theme's: the product colour.
     std::optional<Color> surface() const override { return std::nullopt; }
 };

@@ -131,7 +131,6 @@ void QVMVerticalSlider::layOut() {
     moveBulb(idealHandleValue(), Animate::no);
     const Rect capsule = {0, 0, bulb_.width(), ReadoutBulb::height};
     animateHighlightToFramePositionRoundingInset(capsule.insetBy(0, -1), {}, kFocusRounding, true);
-    highlight()->setStrokeNSColor(contrasted(colorFrom(parameter().color), palette.panel));
 }
 
 void QVMVerticalSlider::placeInTrack(std::unique_ptr<View> view) {

@@ -4,11 +4,27 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace QVM_NAMESPACE {
 namespace {
 
 constexpr std::uint32_t kListen = 13, kQuality = 23;
 const Color kAccent = colorFromHex(0x5E5454);
+constexpr double kSeen = 3; // the least contrast of what must be seen, if not read
+
+enum class ThemeName : bool { light, dark };
+
+// Makes a theme current for the life of the object.
+class ThemeInForce {
+public:
+    explicit ThemeInForce(ThemeName name) {
+        if (name == ThemeName::dark) dark_.emplace();
+    }
+
+private:
+    std::optional<DarkTheme> dark_;
+};
 
 // A switch of a style, with its look at hand.
 class Switch {
@@ -19,6 +35,10 @@ public:
     Color text() const { return control.value()->string().runs.at(0).color; }
     Color background() const { return control.bg()->backgroundColor(); }
     bool isOutlined() const { return control.bg()->borderWidth() > 0; }
+    void expectBackground(Color color) const {
+        EXPECT_EQ(background(), color);
+        EXPECT_EQ(control.bg()->opacity(), 1);
+    }
 
     QVMParameter parameter;
     QVMBooleanControl control{{0, 0, 29, 21}, parameter};
@@ -46,75 +66,127 @@ TEST(QVMBooleanControl, HasNoCrementersWhateverItsParameterSays) {
     EXPECT_TRUE(control.inc()->isHidden());
 }
 
-TEST(QVMBooleanControl, Style1IsWhiteOnItsColourWhenOn) {
-    Switch s(1);
-    s.set(1);
-    EXPECT_EQ(s.text(), Color::white(1, 0.9f));
-    EXPECT_EQ(s.background(), kAccent);
-    s.set(0);
-    EXPECT_EQ(s.background(), QVMUITheme::light().palette.boxFill);
-    EXPECT_NE(s.text(), s.background());
+TEST(QVMBooleanControl, Style1IsWhiteOnItsColourWhenOnAndItsColourOnABoxWhenOff) {
+    for (const ThemeName name : {ThemeName::light, ThemeName::dark}) {
+        const ThemeInForce theme(name);
+        Switch s(1);
+        s.set(1);
+        EXPECT_EQ(s.text(), Color::white(1, 0.9f));
+        s.expectBackground(kAccent);
+        s.set(0);
+        EXPECT_EQ(s.text(), QVMUITheme::theme().foregroundGivenSpecified(kAccent).withAlpha(0.4f));
+        s.expectBackground(QVMUITheme::theme().palette.boxFill);
+    }
 }
 
-TEST(QVMBooleanControl, Style2IsClearWhenOff) {
-    Switch s(2);
-    s.set(1);
-    EXPECT_EQ(s.text(), Color::white(1));
-    EXPECT_EQ(s.background(), kAccent);
-    s.set(0);
-    EXPECT_EQ(s.background(), Color::clear());
-    EXPECT_TRUE(s.isOutlined());
+TEST(QVMBooleanControl, Style2IsWhiteAndClearWhenOff) {
+    for (const ThemeName name : {ThemeName::light, ThemeName::dark}) {
+        const ThemeInForce theme(name);
+        Switch s(2);
+        s.set(1);
+        EXPECT_EQ(s.text(), Color::white(1));
+        s.expectBackground(kAccent);
+        s.set(0);
+        EXPECT_EQ(s.text(), Color::white(1, 0.5f));
+        s.expectBackground(Color::clear());
+    }
 }
 
-TEST(QVMBooleanControl, Style3StandsOnABoxWhenOff) {
-    Switch s(3);
-    s.set(1);
-    EXPECT_EQ(s.text(), Color::white(1));
-    EXPECT_EQ(s.background(), kAccent);
-    s.set(0);
-    EXPECT_EQ(s.background(), QVMUITheme::light().palette.boxFill);
+TEST(QVMBooleanControl, Style3IsWhiteOnABoxWhenOff) {
+    for (const ThemeName name : {ThemeName::light, ThemeName::dark}) {
+        const ThemeInForce theme(name);
+        Switch s(3);
+        s.set(1);
+        EXPECT_EQ(s.text(), Color::white(1));
+        s.expectBackground(kAccent);
+        s.set(0);
+        EXPECT_EQ(s.text(), Color::white(1, 0.5f));
+        EXPECT_EQ(s.background().a, 1);
+        EXPECT_EQ(s.control.bg()->opacity(), 1);
+        EXPECT_GE(contrastOn(QVMUITheme::theme().palette.panel, s), kSeen) << "the box is dark enough for white";
+    }
 }
 
-TEST(QVMBooleanControl, Style4IsAnOutlineWhenOffAndFilledWhenOn) {
-    Switch s(4);
-    s.set(0);
-    EXPECT_EQ(s.background(), Color::clear());
-    EXPECT_TRUE(s.isOutlined());
-    s.set(1);
-    EXPECT_EQ(s.text(), Color::white(1));
-    EXPECT_EQ(s.background(), kAccent);
-    EXPECT_FALSE(s.isOutlined());
-}
-
-TEST(QVMBooleanControl, WhiteGrowsWithTheValueFromAHalfOn) {
-    Switch s(4);
-    s.set(0.75f);
-    EXPECT_EQ(s.text(), Color::white(1, 0.75f));
+TEST(QVMBooleanControl, Style4IsItsColourAndClearWhenOffAndWhiteOnItWhenOn) {
+    for (const ThemeName name : {ThemeName::light, ThemeName::dark}) {
+        const ThemeInForce theme(name);
+        Switch s(4);
+        s.set(0);
+        EXPECT_EQ(s.text(), kAccent.withAlpha(0.4f));
+        s.expectBackground(Color::clear());
+        s.set(1);
+        EXPECT_EQ(s.text(), Color::white(1));
+        s.expectBackground(kAccent);
+        EXPECT_FALSE(s.isOutlined());
+    }
 }
 
 TEST(QVMBooleanControl, OtherStylesKeepTheParametersColour) {
-    Switch s(0);
-    s.set(1);
-    EXPECT_EQ(s.text(), kAccent);
-    EXPECT_EQ(s.background(), kAccent);
-    EXPECT_LT(s.control.bg()->opacity(), 0.5) << "or the icon would vanish in it";
+    for (const std::int32_t style : {0, 5, -1}) {
+        Switch s(style);
+        s.set(1);
+        EXPECT_EQ(s.text(), kAccent);
+        EXPECT_EQ(s.background(), kAccent);
+        EXPECT_LT(s.control.bg()->opacity(), 0.5) << "or the icon would vanish in it";
+        s.set(0);
+        EXPECT_EQ(s.text(), kAccent.withAlpha(0.35f));
+        s.expectBackground(QVMUITheme::theme().palette.boxFill);
+    }
+}
+
+TEST(QVMBooleanControl, BetweenItsStatesTheAlphaIsTheValueButNotBelowItsLeast) {
+    struct Alpha {
+        std::int32_t style;
+        float value, alpha;
+    };
+    for (const Alpha& expected : {Alpha{1, 0.5f, 0.9f},
+                                  {1, 0.49f, 0.4f},
+                                  {2, 0.75f, 0.75f},
+                                  {2, 0.6f, 0.6f},
+                                  {2, 0.3f, 0.5f},
+                                  {3, 0.75f, 0.75f},
+                                  {3, 0.49f, 0.5f},
+                                  {4, 0.75f, 0.75f},
+                                  {4, 0.5f, 0.5f},
+                                  {4, 0.49f, 0.4f},
+                                  {0, 0.75f, 0.75f},
+                                  {0, 0.36f, 0.36f},
+                                  {0, 0.2f, 0.35f}}) {
+        Switch s(expected.style);
+        s.set(expected.value);
+        EXPECT_FLOAT_EQ(s.text().a, expected.alpha) << "style " << expected.style << " at " << expected.value;
+    }
 }
 
 TEST(QVMBooleanControl, TurnsOnAtAHalf) {
-    Switch s(4);
-    s.set(0.49f);
-    EXPECT_EQ(s.background(), Color::clear());
-    s.set(0.5f);
-    EXPECT_EQ(s.background(), kAccent);
+    for (const std::int32_t style : {1, 2, 3, 4, 0}) {
+        Switch s(style);
+        s.set(0.49f);
+        EXPECT_NE(s.background(), kAccent) << style;
+        s.set(0.5f);
+        EXPECT_EQ(s.background(), kAccent) << style;
+    }
 }
 
-TEST(QVMBooleanControl, AnIconThatIsOffIsLegibleInBothThemesAndEveryStyle) {
-    for (const std::int32_t style : {1, 2, 3, 4}) {
-        Switch s(style);
-        s.set(0);
-        EXPECT_GE(contrastOn(QVMUITheme::light().palette.panel, s), minimumTextContrast) << "light, style " << style;
-        const DarkTheme dark;
-        EXPECT_GE(contrastOn(QVMUITheme::dark().palette.panel, s), minimumTextContrast) << "dark, style " << style;
+TEST(QVMBooleanControl, WhereItIsClearItsOutlineIsSeenInBothThemes) {
+    for (const ThemeName name : {ThemeName::light, ThemeName::dark}) {
+        const ThemeInForce theme(name);
+        for (const std::int32_t style : {2, 4}) {
+            Switch s(style);
+            s.set(0);
+            EXPECT_TRUE(s.isOutlined());
+            EXPECT_GE(contrastRatio(s.control.bg()->borderColor(), QVMUITheme::theme().palette.panel), kSeen) << style;
+        }
+    }
+}
+
+TEST(QVMBooleanControl, ItsIconIsThatOfACycleControlTimesTheScale) {
+    const auto iconSize = [](const auto& control) { return control.value()->string().runs.at(0).font.pointSize; };
+    for (const float scale : {1.0f, 0.7f, 1.3f}) {
+        const QVMParameter parameter = parameterLike(kQuality, [scale](QVMParameter& p) { p.controlScale = scale; });
+        const Rect roomy = {0, 0, 200, 60};
+        const double cycle = iconSize(QVMCycleControl(roomy, parameter));
+        EXPECT_EQ(iconSize(QVMBooleanControl(roomy, parameter)), std::floor(static_cast<float>(cycle) * scale));
     }
 }
 

@@ -51,7 +51,15 @@ TEST_F(QVMGlowingBooleanControlTest, ShowsThePowerGlyphInTheIconFont) {
     EXPECT_EQ(control.value()->string().string(), "\uE101");
     const double size = control.value()->string().runs.at(0).font.pointSize;
     EXPECT_LT(size, control.bgFrame().width);
-    EXPECT_EQ(size, std::floor(size));
+}
+
+TEST_F(QVMGlowingBooleanControlTest, ItsGlyphIsAsLargeAsThatOfAnyOtherSwitch) {
+    for (const float scale : {1.0f, 1.3f}) {
+        const QVMParameter scaled = parameterLike(0, [scale](QVMParameter& p) { p.controlScale = scale; });
+        const auto size = [](const QVMCycleControl& c) { return c.value()->string().runs.at(0).font.pointSize; };
+        const Rect frame = {0, 0, 54, 62};
+        EXPECT_EQ(size(QVMGlowingBooleanControl(frame, scaled)), size(QVMBooleanControl(frame, scaled)));
+    }
 }
 
 } // namespace

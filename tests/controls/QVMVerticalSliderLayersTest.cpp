@@ -208,6 +208,14 @@ TEST_F(QVMVerticalSliderLayersTest, EveryValueOfEverySliderFitsItsHandleUnshrunk
     }
 }
 
+TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderHasTheParametersColourInBothThemes) {
+    const QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    const Color stroke = colorFrom(GetParameter(7)->color).withAlpha(0.7f);
+    EXPECT_EQ(slider.highlight()->strokeColor(), stroke);
+    const DarkTheme dark;
+    EXPECT_EQ(slider.highlight()->strokeColor(), stroke);
+}
+
 TEST_F(QVMVerticalSliderLayersTest, ATypedFieldHasABorderAndACaret) {
     QVMVerticalSlider slider(kLying, *GetParameter(1));
     slider.setDisplayingTransientBufferValue(true);

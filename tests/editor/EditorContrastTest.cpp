@@ -14,9 +14,11 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double leastForIcons = 3;
+constexpr float faintAlpha = 0.5f; // an icon this faint says that its switch is off
 
 // Follows a layer tree in the order in which it is painted and notes, for each text and each picture of a text, how far
-// it stands out from the colours below its place. What is faded counts as inactive and is left out.
+// it stands out from the colours below its place. What is faded, as a layer or by its own colour, counts as inactive
+// and is left out.
 class LegibilityCheck {
 public:
     struct Finding {
@@ -74,7 +76,7 @@ private:
                          : text->alignment() == TextAlignment::right ? box.maxX() - inside
                                                                      : box.midX();
         for (const TextRun& run : text->string().runs)
-            if (!run.text.empty())
+            if (!run.text.empty() && run.color.a > faintAlpha)
                 note(layer.name() + " \"" + run.text + "\"", run.color, {x, box.midY()},
                      isIcon(run) ? leastForIcons : minimumTextContrast);
     }
