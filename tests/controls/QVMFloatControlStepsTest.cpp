@@ -45,6 +45,29 @@ TEST(QVMFloatControlSteps, DownArrowAtTwelveKilohertzStepsByTenNotByAHundred) {
     EXPECT_FLOAT_EQ(b.control.incrementedValueForArrowGranularity(Key::up, 1), 1);
 }
 
+TEST(QVMFloatControlSteps, FromExactlyAKilohertzOnTheLeastStepIsTenHertz) {
+    Bench b(frequency());
+    const auto step = [&b](float value) {
+        b.control.setFloatValue(value);
+        return b.control.incrementedValueForArrowGranularity(Key::up, QVMGranularityFine);
+    };
+    EXPECT_FLOAT_EQ(step(999), 1);
+    EXPECT_FLOAT_EQ(step(1000), 10);
+    EXPECT_FLOAT_EQ(step(10000), 10);
+    Bench gain(parameterLike(1, [](QVMParameter& p) { p.maxValue = 5000; }));
+    gain.control.setFloatValue(1000);
+    EXPECT_LT(gain.control.incrementedValueForArrowGranularity(Key::up, QVMGranularityFine), 1)
+        << "the rule is that of frequencies";
+}
+
+TEST(QVMFloatControlSteps, OnlyDownAndLeftStepDownwards) {
+    Bench b(tiltGain());
+    for (const char32_t key : {Key::up, Key::right, U'x', U'\0'})
+        EXPECT_GT(b.control.incrementedValueForArrowGranularity(key, QVMGranularityNormal), 0);
+    for (const char32_t key : {Key::down, Key::left})
+        EXPECT_LT(b.control.incrementedValueForArrowGranularity(key, QVMGranularityNormal), 0);
+}
+
 TEST(QVMFloatControlSteps, AnArrowKeyIsOneDiscreteChange) {
     Bench b(parameterLike(1));
     EXPECT_TRUE(b.control.incrementWithArrowGranularity(Key::up, 0));

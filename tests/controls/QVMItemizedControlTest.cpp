@@ -65,8 +65,27 @@ TEST_F(QVMItemizedControlTest, AClickFivePointsAboveTheBackgroundStillOpensTheMe
     EXPECT_TRUE(clickOpensMenu({bg.midX(), bg.maxY() + 5}));
     EXPECT_TRUE(clickOpensMenu({bg.midX(), bg.minY() - 5}));
     EXPECT_FALSE(clickOpensMenu({bg.midX(), bg.maxY() + 7}));
-    EXPECT_TRUE(clickOpensMenu({bg.minX() - 1.5, bg.midY()}));
-    EXPECT_FALSE(clickOpensMenu({bg.minX() - 2.5, bg.midY()}));
+}
+
+TEST_F(QVMItemizedControlTest, TheMenusMarginIsTwoPointsWideAndSixHighOnEverySide) {
+    const Rect bg = control.bgFrame();
+    for (const double beyond : {-0.1, 0.1}) {
+        const bool isInside = beyond < 0;
+        EXPECT_EQ(clickOpensMenu({bg.minX() - 2 - beyond, bg.midY()}), isInside);
+        EXPECT_EQ(clickOpensMenu({bg.maxX() + 2 + beyond, bg.midY()}), isInside);
+        EXPECT_EQ(clickOpensMenu({bg.midX(), bg.minY() - 6 - beyond}), isInside);
+        EXPECT_EQ(clickOpensMenu({bg.midX(), bg.maxY() + 6 + beyond}), isInside);
+    }
+}
+
+TEST_F(QVMItemizedControlTest, BesideTheMenuTheExactMiddleAndWhatIsRightOfItStepsForward) {
+    const double middle = control.bounds().midX(), above = control.bgFrame().maxY() + 7;
+    EXPECT_FALSE(clickOpensMenu({middle, above}));
+    EXPECT_EQ(control.floatValue(), 1);
+    EXPECT_FALSE(clickOpensMenu({middle + 0.5, above}));
+    EXPECT_EQ(control.floatValue(), 2);
+    EXPECT_FALSE(clickOpensMenu({middle - 0.5, above}));
+    EXPECT_EQ(control.floatValue(), 1);
 }
 
 TEST_F(QVMItemizedControlTest, AClickOnTheLeftCrementerStepsBackwardAndOnTheRightOneForward) {

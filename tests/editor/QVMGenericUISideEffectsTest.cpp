@@ -1,5 +1,6 @@
 #include "EditorFixture.h"
 
+#include "controls/QVMRangeControl.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMPresetBar.h"
@@ -109,6 +110,32 @@ TEST_F(QVMGenericUISideEffects, ALinkIsFollowedWhenItsValueComesToZeroAndNotAtTh
     linked.told.clear();
     linked.updateParameterFromSketchState(6, 0);
     EXPECT_TRUE(linked.told.empty()) << "zero as before";
+}
+
+TEST_F(QVMGenericUISideEffects, DisablingAnEndDisablesTheRangeThatItBelongsTo) {
+    ScopedRecord record(6);
+    record.parameter.disables = {{}, {"TiltRangeLow"}, {"FilterRangeHigh"}};
+    const auto isDisabled = [this](std::uint32_t pid) { return control(pid).range()->primaryControl()->isDisabled(); };
+    hostSets(6, 1);
+    EXPECT_TRUE(isDisabled(2));
+    EXPECT_FALSE(isDisabled(10));
+    hostSets(6, 2);
+    EXPECT_FALSE(isDisabled(2));
+    EXPECT_TRUE(isDisabled(10));
+    hostSets(6, 0);
+    EXPECT_FALSE(isDisabled(10));
+}
+
+TEST_F(QVMGenericUISideEffects, ADisabledRangeMovesNeitherEnd) {
+    ScopedRecord record(6);
+    record.parameter.disables = {{}, {"TiltRangeLow", "TiltRangeHigh"}};
+    const Point band = middleOf(*control(2).range());
+    hostSets(6, 1);
+    delegate_.calls.clear();
+    window_.sendEvent(mouseEvent(EventType::mouseDown, band));
+    window_.sendEvent(mouseEvent(EventType::mouseDragged, band + Point{20, 0}));
+    window_.sendEvent(mouseEvent(EventType::mouseUp, band + Point{20, 0}));
+    EXPECT_TRUE(delegate_.calls.empty());
 }
 
 TEST_F(QVMGenericUISideEffects, HidesHideAtTheirValue) {
