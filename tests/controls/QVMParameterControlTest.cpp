@@ -145,6 +145,15 @@ TEST(QVMParameterControl, AGestureBesideTheInnerControlReachesIt) {
     EXPECT_THAT(b.reports, ElementsAre("began", "ended"));
 }
 
+TEST(QVMParameterControl, AGestureBesideTheInnerControlWhoseReleaseGotLostEndsWithTheNextPress) {
+    Bench b(parameterLike(1));
+    press(b.control, {300, 30});
+    b.control.mouseDown(clickAt(b.control, {300, 30}, 2));
+    EXPECT_FALSE(b.control.handlingOutsideClick());
+    drag(b.control, {30 + 130, 30});
+    EXPECT_FLOAT_EQ(b.control.floatValue(), 18) << "a double-click types, it does not drag";
+}
+
 TEST(QVMParameterControl, AClickThatTheInnerControlPassesOnIsNotHandledTwice) {
     Bench b(parameterLike(1));
     press(b.slider(), {256, 33});

@@ -190,6 +190,24 @@ TEST_F(Pair, APressOnAHandlesPointerMovesItsEndAlone) {
     }
 }
 
+TEST_F(Pair, APressOnAPointerThatReachesBeyondItsControlIsPerformedOnce) {
+    const QVMParameter shallow = parameterLike(2, [](QVMParameter& p) { p.controlFrame.height = 30; });
+    QVMParameterControl& end = window.contentView()->addSubview(
+        std::make_unique<QVMParameterControl>(Rect{0, 0, 321, 30}, Rect{}, &shallow, 125.0f), Order::below);
+    end.setDelegate(this);
+    top->setLow(&end);
+    time.advance(1);
+    low->setHidden(true);
+    const Point tip = {kLeft + sliderOf(&end).handleValue(), 31};
+    ASSERT_EQ(window.hitTest(tip), &sliderOf(&end));
+    send(EventType::mouseDown, tip);
+    EXPECT_FALSE(end.handlingOutsideClick());
+    send(EventType::mouseUp, tip);
+    EXPECT_EQ(reports.size(), 2u) << "one beginning, one end";
+    top->setLow(low);
+    end.removeFromSuperview();
+}
+
 TEST_F(Pair, OptionHeldAtTheReleaseLeavesNeitherEndDragging) {
     const double x = middleX();
     send(EventType::mouseDown, {x, 35});
