@@ -5,6 +5,7 @@
 #include "description/Description.h"
 #include "description/Presets.h"
 #include "editor/QVMKeyboardHandler.h"
+#include "editor/QVMPresetBar.h"
 #include "unit/QVM0015_AudioUnit.h"
 #include "viz/QVM0015GLSketch.h"
 #include "viz/QVMParameterSketch.h"
@@ -115,6 +116,38 @@ TEST_F(OnScreen, ChoosingAnyPresetLeavesTheSettingsEqualToIt) {
             EXPECT_EQ(ui().getMemoizedPValueDirectly(pid), value) << index << ", " << pid;
         }
     }
+}
+
+// They start below their range, where the binding may not go. What the unit holds wins, or an untouched editor would
+// have changed settings.
+TEST_F(OnScreen, TheRangeLinksAreTheUnitsAndLeaveThePresetsNameClean) {
+    editor = std::make_unique<OpenEditor>(&real);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 10);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(11), 4);
+    for (int i = 0; i < 120; ++i) {
+        time.advance(1.0 / 60);
+        frame();
+        ASSERT_FALSE(ui().presetBar()->dirty()) << i;
+    }
+    const auto expectClean = [this](const char* when) {
+        time.advance(1);
+        frame();
+        for (const std::uint32_t pid : {4U, 5U, 11U, 12U}) {
+            EXPECT_EQ(ui().getMemoizedPValueDirectly(pid), 0) << when;
+            EXPECT_EQ(editor->view().valueForParameterID(pid), 0) << when;
+        }
+        EXPECT_FALSE(ui().presetBar()->dirty()) << when;
+    };
+    expectClean("opened");
+    EXPECT_FALSE(ui().keyboard().undoRedoStack().canUndo());
+    ui().presetBar()->ab().tap();
+    expectClean("at B");
+    QVM0015_AudioUnit other;
+    ASSERT_EQ(real.restoreState(other.saveState()), UnitStateResult::ok);
+    editor->view().adoptRestoredState();
+    expectClean("restored");
+    ui().presetBar()->ab().tap();
+    expectClean("at B again");
 }
 
 TEST_F(OnScreen, OneDragOfAFrequencyMakesOneUndoStep) {
