@@ -30,6 +30,7 @@ namespace QVM_NAMESPACE {
 class DrawerBackdrop;
 class FrameButton;
 class QVMClumpsView;
+class NoticeView;
 class NumericMeterReading;
 class PBGLSketchAbstract;
 class QVMClumpView;
@@ -157,6 +158,11 @@ public:
     // Opens the manual; the extension is put behind its address, and may be empty.
     void openManualWithExtension(const std::string& extension);
 
+    // Says for a few seconds why a thing that was asked for did not happen.
+    void showNotice(std::string what, std::string why);
+    // The last notice, hidden when its time is over. Null before the first.
+    NoticeView* notice() const { return notice_; }
+
     // Look-ups; null when there is none.
     QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const;
     QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const;
@@ -232,6 +238,7 @@ private:
     void layOutSketch();
     void layOutFrameButton();
     void dropHiddenFocus();
+    void layOutNotice();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
     static constexpr float nothingReceived = std::numeric_limits<float>::max();
@@ -332,6 +339,7 @@ private:
     DrawerBackdrop* drawerBackdrop_ = nullptr;
     FrameButton* frameButton_ = nullptr;
     QVMHUDDisplay* hud_ = nullptr;
+    NoticeView* notice_ = nullptr; // none before the first notice
     QVMMeterButton* numericMeter_ = nullptr;
     std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
     QVMParameterSketch* sketch_ = nullptr;

@@ -2,6 +2,7 @@
 #include "controls/QVMSymbolButton.h"
 #include "editor/EditorLayout.h"
 #include "editor/FrameButton.h"
+#include "editor/NoticeView.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMPowerBox.h"
@@ -57,6 +58,7 @@ void QVMGenericUI::assumeFrames() {
     if (powerBox_) powerBox_->assumeLayout(layout);
     layOutSketch();
     layOutFrameButton();
+    layOutNotice();
     dropHiddenFocus();
 }
 
@@ -72,6 +74,20 @@ void QVMGenericUI::layOutSketch() {
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
     sketch_->setFrame(layout.sketchPlace);
     sketch_->layer()->setCornerRadius(layout.sketchPlaceRadius);
+}
+
+void QVMGenericUI::showNotice(std::string what, std::string why) {
+    if (!notice_) notice_ = &addSubview(std::make_unique<NoticeView>());
+    layOutNotice();
+    notice_->show(std::move(what), std::move(why));
+}
+
+// Over the controls, or over the curve where that is all there is.
+void QVMGenericUI::layOutNotice() {
+    if (!notice_) return;
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
+    const Rect shown = layout.clumpsView.intersectionWith(layout.editor);
+    notice_->placeIn(shown.isEmpty() ? layout.editor : shown);
 }
 
 // In the corner of the curve.

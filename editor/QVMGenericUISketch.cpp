@@ -139,7 +139,8 @@ void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float value
     const float memoized = memoizedPValues_[pid];
     const bool isEcho =
         isMemoizedValueHeld(pid) && parameter->heldValueFromHostValue(parameter->reverseCastValue(memoized)) == value;
-    if (isEcho) value = memoized;
+    const bool isWhole = parameter->unit == QVMUnitIndexed || parameter->unit == QVMUnitSwitch;
+    if (isEcho && !isWhole) value = memoized; // what is whole is as the unit made it
 
     QVMParameterControl* control = parameterControlWithPid(pid);
     if (control) control->setFloatValue(value);

@@ -54,7 +54,7 @@ public:
     bool keyboardShortcutAttemptTap();
 
     // All settings as one address. What is read from the clipboard changes nothing unless all of it can be read, and
-    // one line in the log says why; what it does not name returns to its initial value, and the whole is one undo step.
+    // the log and a notice say why; what it does not name returns to its initial value, and the whole is one undo step.
     std::string currentParametersURLEncoded() const;
     std::string baseURLForPluginVersion() const;
     bool applyURLEncodedPreset(const std::string& text);
@@ -62,7 +62,8 @@ public:
     bool keyboardShortcutHandleCopy();
     // Any product's address; false when nothing was applied.
     bool keyboardShortcutHandlePaste();
-    // Whether the clipboard holds settings of this very product: for the menu. Reads the clipboard, which may block.
+    // Whether the clipboard's text begins as an address of this very product: for the menu. What is behind that is
+    // looked at when it is pasted. Reads the clipboard, which may block.
     bool canPasteSettings() const;
 
     bool keyboardShortcutUndo();
@@ -88,6 +89,7 @@ private:
     using Shortcut = std::function<bool()>;
     QVMParameterControl* focused() const;
     void showNumberBuffer();
+    void refuseSettings(const std::string& why);
 
     const QVMConfig* config_ = nullptr;
     QVMGenericUI* ui_ = nullptr;

@@ -29,10 +29,15 @@ std::string QVMKeyboardHandler::currentParametersURLEncoded() const {
     return writeSettingsAddress(baseURLForPluginVersion(), entries);
 }
 
+void QVMKeyboardHandler::refuseSettings(const std::string& why) {
+    logLine("settings address refused: " + why);
+    ui_->showNotice("Not pasted", why);
+}
+
 bool QVMKeyboardHandler::applyURLEncodedPreset(const std::string& text) {
     const auto result = readSettingsAddress(text, *config_);
     if (const auto* refusal = std::get_if<SettingsRefusal>(&result)) {
-        logLine("settings address refused: " + refusal->text());
+        refuseSettings(refusal->text());
         return false;
     }
     const auto& address = std::get<SettingsAddress>(result);
@@ -56,13 +61,14 @@ bool QVMKeyboardHandler::keyboardShortcutHandleCopy() {
 
 bool QVMKeyboardHandler::keyboardShortcutHandlePaste() {
     const std::optional<std::string> text = Workspace::current().clipboardString();
-    return text && applyURLEncodedPreset(*text);
+    if (text) return applyURLEncodedPreset(*text);
+    refuseSettings("there is no text in the clipboard");
+    return false;
 }
 
 bool QVMKeyboardHandler::canPasteSettings() const {
     const std::optional<std::string> text = Workspace::current().clipboardString();
-    return text && text->starts_with(productPage(*config_->metadata)) &&
-           std::holds_alternative<SettingsAddress>(readSettingsAddress(*text, *config_));
+    return text && withoutBlanks(*text).starts_with(productPage(*config_->metadata));
 }
 
 } // namespace QVM_NAMESPACE

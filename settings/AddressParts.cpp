@@ -2,8 +2,6 @@
 
 #include <uriparser/Uri.h>
 
-#include <algorithm>
-
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -38,12 +36,6 @@ std::string decoded(const UriTextRangeA& range) {
     return text;
 }
 
-bool isWebScheme(std::string scheme) {
-    std::transform(scheme.begin(), scheme.end(), scheme.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return scheme == "https" || scheme == "http";
-}
-
 } // namespace
 
 std::optional<AddressParts> addressParts(std::string_view text) {
@@ -51,7 +43,7 @@ std::optional<AddressParts> addressParts(std::string_view text) {
     const ParsedUri parsed(text);
     if (!parsed) return std::nullopt;
     const UriUriA& uri = *parsed;
-    if (!isWebScheme(textOf(uri.scheme))) return std::nullopt;
+    if (!uri.scheme.first) return std::nullopt; // relative to what?
 
     AddressParts parts;
     parts.host = decoded(uri.hostText);

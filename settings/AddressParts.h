@@ -17,7 +17,7 @@ struct AddressParts {
     std::optional<std::string> query;      // what follows the first "?"; none when there is none
 };
 
-// Any thread. None for what is no address with a host that a browser would open (http or https).
+// Any thread. None for what is no address: one with a scheme, whichever it is, and a host.
 [[nodiscard]] std::optional<AddressParts> addressParts(std::string_view text);
 
 } // namespace QVM_NAMESPACE

@@ -23,20 +23,16 @@ struct QueryForm {
 };
 constexpr QueryForm currentForm{'/', ':'}, olderForm{'&', '='};
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-// All of the text as a decimal number with a point, or none; beyond single precision is none too.
+// All of the text as a decimal number with a point, or none. Beyond single precision it is the largest there is, which
+// no range reaches.
 std::optional<float> finiteNumber(std::string_view text) {
     double number = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number);
     if (error != std::errc() || rest != end) return std::nullopt;
-    if (!(std::abs(number) <= std::numeric_limits<float>::max())) return std::nullopt; // NaN and infinities as well
-    return static_cast<float>(number);
+    if (!std::isfinite(number)) return std::nullopt; // written out, as "nan"
+    constexpr double largest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(number, -largest, largest));
 }
 
 void put(std::vector<SettingsEntry>& entries, SettingsEntry entry) {
@@ -54,7 +50,8 @@ std::optional<std::string> readEntry(std::string_view piece, char behindKey, con
     if (separator == std::string_view::npos) return std::nullopt; // a key alone says nothing
     SettingsEntry entry{std::string(piece.substr(0, separator)), std::nullopt};
     if (entry.key.empty() || !config.parameterForCodename(entry.key)) return std::nullopt;
-    const std::string_view value = piece.substr(separator + 1);
+    std::string_view value = piece.substr(separator + 1);
+    value = value.substr(0, value.find(behindKey)); // what comes after a second separator says nothing
     if (value != leaveAsItIs) {
         entry.value = finiteNumber(value);
         if (!entry.value) return entry.key;
@@ -70,6 +67,12 @@ const SettingsEntry* SettingsAddress::entryFor(std::string_view key) const {
     return found == entries.end() ? nullptr : &*found;
 }
 
+std::string_view withoutBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
 std::string SettingsRefusal::text() const {
     switch (problem) {
     case SettingsProblem::tooLong:
@@ -78,8 +81,6 @@ std::string SettingsRefusal::text() const {
         return "it is not a web address";
     case SettingsProblem::noProductInPath:
         return "it names no product and version";
-    case SettingsProblem::noSettings:
-        return "it has no settings: there is no \"?\" in it";
     case SettingsProblem::notANumber:
         return "\"" + key + "\" has no number";
     }
@@ -90,17 +91,17 @@ std::variant<SettingsAddress, SettingsRefusal> readSettingsAddress(std::string_v
     const auto refused = [](SettingsProblem problem, std::string key = {}) {
         return SettingsRefusal{problem, std::move(key)};
     };
-    text = trimmed(text);
+    text = withoutBlanks(text);
     if (text.size() > longestSettingsAddress) return refused(SettingsProblem::tooLong);
     const std::optional<AddressParts> parts = addressParts(text);
     if (!parts) return refused(SettingsProblem::notAnAddress);
     if (parts->pathSegments.size() <= versionSegment) return refused(SettingsProblem::noProductInPath);
-    if (!parts->query) return refused(SettingsProblem::noSettings);
 
     SettingsAddress address{parts->pathSegments[slugSegment], parts->pathSegments[versionSegment], {}};
-    const bool isCurrent = parts->query->find(currentForm.behindKey) != std::string::npos;
+    const std::string query = parts->query.value_or(std::string()); // without one, nothing is off its initial value
+    const bool isCurrent = query.find(currentForm.behindKey) != std::string::npos;
     const QueryForm form = isCurrent ? currentForm : olderForm;
-    for (std::string_view rest = *parts->query; !rest.empty();) {
+    for (std::string_view rest = query; !rest.empty();) {
         const std::size_t length = std::min(rest.find(form.betweenEntries), rest.size());
         const auto wrong = readEntry(rest.substr(0, length), form.behindKey, config, address.entries);
         if (wrong) return refused(SettingsProblem::notANumber, *wrong);
@@ -110,11 +111,8 @@ std::variant<SettingsAddress, SettingsRefusal> readSettingsAddress(std::string_v
 }
 
 float settingsValueFor(const QVMParameter& parameter, float value) {
-    // Host and shown domain are the same for these, and the host's rule makes them whole.
-    const bool isWhole = parameter.unit == QVMUnitIndexed || parameter.unit == QVMUnitSwitch;
-    const float wanted = isWhole ? parameter.castValue(value) : parameter.restrictValue(value);
     // Some links begin below the range that they share with what they link.
-    return std::clamp(wanted, std::min(parameter.minValue, parameter.initialValue),
+    return std::clamp(parameter.restrictValue(value), std::min(parameter.minValue, parameter.initialValue),
                       std::max(parameter.maxValue, parameter.initialValue));
 }
 

@@ -41,7 +41,6 @@ enum class SettingsProblem : unsigned char {
     tooLong,
     notAnAddress,
     noProductInPath,
-    noSettings,
     notANumber,
 };
 
@@ -54,11 +53,16 @@ struct SettingsRefusal {
 };
 
 // Reads an address; blanks and line ends around it do not count. Keys are looked up in `config`; those that name
-// nothing are left out, whatever stands behind them. A key that comes twice has its last value.
+// nothing are left out, whatever stands behind them. A key that comes twice has its last value. A value
+// ends at a second separator, as in "tg:6:9". An address without a "?" has no entries.
 [[nodiscard]] std::variant<SettingsAddress, SettingsRefusal> readSettingsAddress(std::string_view text,
                                                                                  const QVMConfig& config);
 
-// The value that a parameter takes for a number in an address: within its range, whole where it counts or switches.
+// Without the blanks and line ends that a text has around it. As long-lived as the text.
+std::string_view withoutBlanks(std::string_view text);
+
+// The value that a parameter is sent for a number in an address: within its range. What switches and counts is sent
+// what stands there as well; the unit makes it whole.
 float settingsValueFor(const QVMParameter& parameter, float value);
 
 // "SITE/SLUG/VERSION", the part before "/?". `site` is an https address without a slash at its end.

@@ -2,6 +2,8 @@
 #include "EditorFixture.h"
 #include "RecordingWorkspace.h"
 
+#include "editor/NoticeView.h"
+#include "editor/QVMPresetBar.h"
 #include "platform/Log.h"
 #include "platform/Menu.h"
 
@@ -119,6 +121,31 @@ TEST_F(QVMKeyboardHandlerSettings, ValuesOutOfRangeAreItsEndsAndUnknownKeysChang
     }
 }
 
+TEST_F(QVMKeyboardHandlerSettings, SwitchesAndModesAreSentWhatStandsThereAndTheUnitMakesThemWhole) {
+    delegate_.sent.clear();
+    EXPECT_TRUE(apply("fll:0.3/flh:-4/tal:2.7"));
+    const auto lastSent = [this](std::uint32_t pid) {
+        float value = -1;
+        for (const auto& each : delegate_.sent)
+            if (each.pid == pid) value = each.hostValue;
+        return value;
+    };
+    EXPECT_EQ(lastSent(13), 0.3f);
+    EXPECT_EQ(lastSent(20), 0);
+    EXPECT_EQ(lastSent(6), 2.7f);
+    frame();
+    EXPECT_EQ(memoized(13), 1);
+    EXPECT_EQ(memoized(20), 0);
+    EXPECT_EQ(memoized(6), 2);
+}
+
+TEST_F(QVMKeyboardHandlerSettings, AnAddressWithoutSettingsReturnsEverythingToItsInitialValue) {
+    makeAMess();
+    EXPECT_TRUE(paste(base));
+    for (const std::uint32_t pid : {1u, 7u, 13u, 14u})
+        EXPECT_EQ(memoized(pid), GetParameter(pid)->initialValue);
+}
+
 TEST_F(QVMKeyboardHandlerSettings, ThePowerSwitchMayBeNamed) {
     EXPECT_TRUE(apply("power:0/tg:3"));
     EXPECT_EQ(memoized(0), 0);
@@ -144,12 +171,14 @@ TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
     const std::vector<float> before = memoized();
     for (const std::string& text :
          {std::string("hello"), std::string(), base + "/?tg:six", base + "/?tg:nan", base + "/?out:3/tg:inf",
-          base + "/", page, std::string("https://a.example/?tg:1"), base + "/?tg:1 6",
+          page + "/", page, std::string("https://a.example/?tg:1"), base + "/?tg:1 6",
           base + "/?tg:1/" + std::string(1 << 20, 'a'), std::string(1 << 20, 'x'), std::string("\xFF\xFE\0\x01", 4)}) {
         log_.clear();
         EXPECT_FALSE(paste(text)) << text.substr(0, 80);
         ASSERT_EQ(log_.size(), 1u);
-        EXPECT_TRUE(log_.front().starts_with("settings address refused: ")) << log_.front();
+        ASSERT_TRUE(ui_->notice() && !ui_->notice()->isHidden());
+        EXPECT_EQ(log_.front(), "settings address refused: " + ui_->notice()->why() + "\n");
+        EXPECT_FALSE(ui_->notice()->why().empty());
     }
     frame();
     time_.advance(1);
@@ -164,12 +193,13 @@ TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
 TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
     makeAMess();
     desktop_.clipboard.reset();
-    EXPECT_FALSE(keyboard().keyboardShortcutHandlePaste());
     EXPECT_FALSE(keyboard().canPasteSettings());
+    EXPECT_FALSE(keyboard().keyboardShortcutHandlePaste());
+    EXPECT_EQ(ui_->notice()->why(), "there is no text in the clipboard");
     EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
-TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteThisProductsSettingsOnly) {
+TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteWhatBeginsAsThisProductsAddress) {
     const auto isOffered = [this](std::optional<std::string> text) {
         desktop_.clipboard = std::move(text);
         return keyboard().canPasteSettings();
@@ -178,10 +208,35 @@ TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteThisProductsSettingsOnly)
     EXPECT_TRUE(isOffered(page + "/1.0/?tg=6"));
     EXPECT_FALSE(isOffered("https://ferrowind.example/echo/2.0.1/?tg:6"));
     EXPECT_FALSE(isOffered("https://other.example/slantwise/2.0.1/?tg:6"));
-    EXPECT_FALSE(isOffered(base + "/?tg:six"));
-    EXPECT_FALSE(isOffered(page));
+    EXPECT_TRUE(isOffered(" \n" + base + "/?tg:6\r\n"));
+    EXPECT_TRUE(isOffered(base + "/?tg:six")); // and says what is wrong when it is pasted
+    EXPECT_TRUE(isOffered(page));
+    EXPECT_FALSE(isOffered(page.substr(0, page.size() - 1)));
+    EXPECT_FALSE(isOffered("see " + base + "/?tg:6"));
     EXPECT_FALSE(isOffered("slantwise"));
     EXPECT_FALSE(isOffered(std::nullopt));
+}
+
+TEST_F(QVMKeyboardHandlerSettings, ANoticeGoesByItselfAndAPasteThatWorksMakesNone) {
+    EXPECT_TRUE(paste(" " + base + "/?tg:6\n"));
+    EXPECT_EQ(ui_->notice(), nullptr);
+    EXPECT_FALSE(paste("hello"));
+    EXPECT_FALSE(ui_->notice()->isHidden());
+    time_.advance(NoticeView::shownSeconds + NoticeView::fadeSeconds + 0.1);
+    EXPECT_TRUE(ui_->notice()->isHidden());
+}
+
+TEST_F(QVMKeyboardHandlerSettings, ANoticeStandsOverTheControlsInEveryLayoutAndTakesNoClicks) {
+    EXPECT_FALSE(paste("https://a.example/?tg:1"));
+    for (const std::int32_t layout : {0, 1, 2, 0}) {
+        ui_->requestFrame(layout);
+        const Rect frame = ui_->notice()->frame();
+        EXPECT_GE(frame.x, 0) << layout;
+        EXPECT_LE(frame.maxX(), ui_->bounds().width) << layout;
+        EXPECT_GE(frame.y, layout == 2 ? 0 : ui_->presetBar()->frame().maxY()) << layout;
+        EXPECT_EQ(ui_->subviews().back().get(), ui_->notice()) << layout;
+        EXPECT_NE(ui_->hitTest(frame.center()), ui_->notice()) << layout;
+    }
 }
 
 TEST_F(QVMKeyboardHandlerSettings, TheMenuCopiesAndPastes) {

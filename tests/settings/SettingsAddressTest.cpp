@@ -5,6 +5,7 @@
 #include <clocale>
 #include <cmath>
 #include <gmock/gmock.h>
+#include <limits>
 #include <random>
 
 namespace QVM_NAMESPACE {
@@ -67,6 +68,13 @@ TEST_F(SettingsAddressTest, EntriesWithoutAValueAreLeftOut) {
     EXPECT_THAT(entriesOf(base + "tg/trl:50//out"), ElementsAre(entry("trl", 50.0f)));
 }
 
+TEST_F(SettingsAddressTest, AValueEndsAtASecondSeparator) {
+    EXPECT_THAT(entriesOf(base + "tg:6:9/trl:x:5/out:-3:"),
+                ElementsAre(entry("tg", 6.0f), entry("trl", std::nullopt), entry("out", -3.0f)));
+    EXPECT_THAT(entriesOf(base + "tg=6=9&trl=x="), ElementsAre(entry("tg", 6.0f), entry("trl", std::nullopt)));
+    EXPECT_EQ(refusalOf(base + "tg::6"), "\"tg\" has no number");
+}
+
 TEST_F(SettingsAddressTest, UnknownKeysAreLeftOutWhateverStandsBehindThem) {
     EXPECT_THAT(entriesOf(base + "loudness:1/tg:6/utm_source:mail/TG:3/%C3%A9:nan/p:2"),
                 ElementsAre(entry("tg", 6.0f)));
@@ -88,12 +96,14 @@ TEST_F(SettingsAddressTest, PercentEncodingIsUndoneBeforeAnythingElse) {
 }
 
 TEST_F(SettingsAddressTest, ANumberIsAllOfItsTextAndFinite) {
-    for (const char* value :
-         {"",    "six",  "6dB",      "0x10", "+6",    "--6",   "6,5",  "6.5.", "1:2", "nan", "-nan", "NaN",
-          "inf", "-inf", "infinity", "1e39", "-1e39", "1e999", "%206", "6%20", ".",   "-",   "e5",   "xx"})
+    for (const char* value : {"",    "six",  "6dB",      "0x10",  "+6",   "--6",  "6,5", "6.5.", "nan", "-nan", "NaN",
+                              "inf", "-inf", "infinity", "1e999", "%206", "6%20", ".",   "-",    "e5",  "xx"})
         EXPECT_EQ(refusalOf(base + "trl:50/tg:" + value), "\"tg\" has no number") << value;
     EXPECT_THAT(entriesOf(base + "tg:.5/trl:5."), ElementsAre(entry("tg", 0.5f), entry("trl", 5.0f)));
     EXPECT_THAT(entriesOf(base + "tg:3e38"), ElementsAre(entry("tg", 3e38f)));
+    // A number beyond single precision is one out of range.
+    constexpr float largest = std::numeric_limits<float>::max();
+    EXPECT_THAT(entriesOf(base + "tg:1e39/trl:-1e39"), ElementsAre(entry("tg", largest), entry("trl", -largest)));
     EXPECT_THAT(entriesOf(base + "tg:1e-60/trl:-0"), ElementsAre(entry("tg", 0.0f), entry("trl", -0.0f)));
 }
 
@@ -110,7 +120,7 @@ TEST_F(SettingsAddressTest, TheDecimalMarkIsAPointInEveryLocale) {
 }
 
 TEST_F(SettingsAddressTest, WhatIsNoAddressIsRefused) {
-    for (const char* text : {"", "   ", "hello", "/?tg:6", "tg:6", "ftp://a.example/b/1/?tg:6", "https:///b/1/?tg:6"})
+    for (const char* text : {"", "   ", "hello", "/?tg:6", "tg:6", "mailto:a@b.example?tg:6", "https:///b/1/?tg:6"})
         EXPECT_EQ(refusalOf(text), "it is not a web address") << text;
 }
 
@@ -119,10 +129,13 @@ TEST_F(SettingsAddressTest, APathWithoutProductAndVersionIsRefused) {
                              "https://a.example/slantwise/?tg:6"})
         EXPECT_EQ(refusalOf(text), "it names no product and version") << text;
     EXPECT_THAT(entriesOf("https://a.example/slantwise/2.0.1?tg:6"), ElementsAre(entry("tg", 6.0f)));
+    EXPECT_THAT(entriesOf("ftp://a.example/slantwise/2.0.1?tg:6"), ElementsAre(entry("tg", 6.0f)));
 }
 
-TEST_F(SettingsAddressTest, APageWithoutSettingsIsRefused) {
-    EXPECT_EQ(refusalOf("https://maker.example/product/manual/"), "it has no settings: there is no \"?\" in it");
+TEST_F(SettingsAddressTest, AnAddressWithoutAQueryHasNoEntries) {
+    const auto result = readSettingsAddress("https://maker.example/product/2.0.1/", *config_);
+    ASSERT_TRUE(std::holds_alternative<SettingsAddress>(result));
+    EXPECT_THAT(std::get<SettingsAddress>(result).entries, IsEmpty());
 }
 
 TEST_F(SettingsAddressTest, TheProductNeedNotBeThisOne) {
@@ -148,17 +161,18 @@ TEST_F(SettingsAddressTest, TheLengthIsBounded) {
     EXPECT_EQ(refusalOf(std::string(1 << 20, ' ')), "it is not a web address");
 }
 
-TEST_F(SettingsAddressTest, ValuesStayWithinTheRangeAndCountInWholeNumbers) {
+TEST_F(SettingsAddressTest, ValuesStayWithinTheRangeAndAreElseAsTheyStand) {
     const auto valueFor = [](std::uint32_t pid, float value) { return settingsValueFor(*GetParameter(pid), value); };
     EXPECT_EQ(valueFor(1, 99), 18);
     EXPECT_EQ(valueFor(1, -99), -18);
     EXPECT_EQ(valueFor(1, 4.53f), 4.53f);
     EXPECT_EQ(valueFor(2, 0), 10);
     EXPECT_EQ(valueFor(2, 3e38f), 24000);
-    EXPECT_EQ(valueFor(6, 2.7f), 2);
+    EXPECT_EQ(valueFor(6, 2.7f), 2.7f);
     EXPECT_EQ(valueFor(6, 70), 3);
-    EXPECT_EQ(valueFor(13, 0.3f), 1);
-    EXPECT_EQ(valueFor(13, -5), 1);
+    EXPECT_EQ(valueFor(13, 0.3f), 0.3f);
+    EXPECT_EQ(valueFor(13, -5), 0);
+    EXPECT_EQ(valueFor(13, 7), 1);
     EXPECT_EQ(valueFor(4, 0), 0); // begins below its own range
 }
 
@@ -219,7 +233,7 @@ TEST_F(SettingsAddressTest, CutShortAnywhereItIsRefusedOrReadAsFarAsItGoes) {
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const auto result = readSettingsAddress(whole.substr(0, length), *config_);
         const auto* refusal = std::get_if<SettingsRefusal>(&result);
-        EXPECT_TRUE(refusal || length >= base.size()) << length;
+        EXPECT_TRUE(refusal || length > base.find("2.0.1")) << length; // by then there are a product and a version
         EXPECT_TRUE(!refusal || !refusal->text().empty());
     }
 }

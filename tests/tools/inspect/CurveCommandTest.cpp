@@ -152,14 +152,15 @@ TEST(CurveCommand, HasAsManyPointsAsAskedFor) {
 }
 
 TEST(CurveCommand, AnAddressWithoutEntriesIsTheInitialSettings) {
-    EXPECT_EQ(RunTool({"curve", "--settings", "https://maker.example/a/1/?"}).out, RunTool({"curve"}).out);
+    for (const char* address : {"https://maker.example/a/1/?", "https://maker.example/a/1/"})
+        EXPECT_EQ(RunTool({"curve", "--settings", address}).out, RunTool({"curve"}).out) << address;
 }
 
 TEST(CurveCommand, AWrongAddressIsAMessageAndStatusOne) {
     for (const auto& [address, message] : {
              std::pair{"tg:6", "it is not a web address"},
              std::pair{"", "it is not a web address"},
-             std::pair{"https://maker.example/a/1/", "there is no \"?\" in it"},
+             std::pair{"https://maker.example/a/", "it names no product and version"},
              std::pair{"/?tg:", "\"tg\" has no number"},
              std::pair{"/?tg:six", "\"tg\" has no number"},
              std::pair{"/?tg:nan", "\"tg\" has no number"},
