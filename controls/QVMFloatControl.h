@@ -58,9 +58,9 @@ public:
     const std::shared_ptr<QVMFocusBorder>& highlight() const { return highlight_; }
 
     // The gesture entry points, also used to replay gestures. Events are in this control's coordinates.
-    void handleMouseDownEvent(const QVMEvent& event);
+    virtual void handleMouseDownEvent(const QVMEvent& event);
     void handleMouseDraggedEvent(const QVMEvent& event);
-    void handleMouseUpEvent(const QVMEvent& event);
+    virtual void handleMouseUpEvent(const QVMEvent& event);
 
     // Goes to the parameter's initial value as a user's change and discards half-typed text.
     virtual void resetToInitialValue();

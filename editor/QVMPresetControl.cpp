@@ -58,7 +58,9 @@ Rect QVMPresetControl::hitFrameOf(PresetEdge edge) const {
     return box.insetBy(0, -hitGrowth);
 }
 
-void QVMPresetControl::handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
+// The base's reset would load a preset over everything.
+void QVMPresetControl::handleMouseDownEvent(const QVMEvent& event) {
+    if (isDisabled()) return;
     const bool forward = hitFrameOf(PresetEdge::right).contains(event.point);
     if (forward || hitFrameOf(PresetEdge::left).contains(event.point)) return cycleValueForward(forward);
     if (delegate()) delegate()->floatControlDidTapMeaninglessly(*this);

@@ -30,7 +30,10 @@ public:
 
     bool includeCrementers() const override { return false; } // those of the base
     void setFloatValue(float value) override;
-    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
+    // A press steps at an arrow and is a meaningless tap elsewhere, whatever modifier is held: it is no gesture of a
+    // value.
+    void handleMouseDownEvent(const QVMEvent& event) override;
+    void handleMouseUpEvent(const QVMEvent&) override {}
     void pulse(bool forward) override;
     void themeUpdated() override;
     void mouseMoved(const Event& event) override;

