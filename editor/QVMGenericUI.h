@@ -41,6 +41,7 @@ class QVMPresetBar;
 class QVMPresetsDrawer;
 class QVMRangeControl;
 struct PBSketch;
+struct QVMSnapshot;
 
 class QVMGenericUI : public View,
                      private QVMParameterControlDelegate,
@@ -101,10 +102,13 @@ public:
     bool togglePresetsDrawer();
     QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
 
-    // Undo snapshots follow half a second after the last change, unless the stack is locked.
+    // Undo snapshots follow half a second after the last change, unless the stack is locked, and after the end of the
+    // gesture that is under way then.
     void potentiallySaveToUndoRedoStack();
     void syncUndoRedoButtonsToStackState();
+    // What belongs to a snapshot beside the values: the side, and the preset by name. Nothing is copied or applied.
     void undoRedoABState(std::uint32_t state);
+    void undoRedoPreset(std::uint32_t index);
     std::uint32_t abState() const { return abState_; }
     // Slot `state` gets the values of the text; the other slot becomes the active one. State 2 means nothing was saved.
     void restoreABStateSettings(std::uint32_t state, std::string_view settings);
@@ -271,6 +275,8 @@ private:
     bool equalsPreset(std::span<const float> presetValues) const;
     void notifyPresetChange(std::uint32_t index);
     void saveParametersToUndoRedoStack();
+    QVMSnapshot presentSnapshot() const;
+    bool isGestureUnderWay() const;
     void copyValuesToPreset(std::vector<float>& slot, float preset) const;
 
     void assumeNextFrame();

@@ -4,6 +4,7 @@
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
+#include "platform/Window.h"
 
 #include <algorithm>
 #include <array>
@@ -45,19 +46,29 @@ void QVMGenericUI::potentiallySaveToUndoRedoStack() {
     undoCall_.schedule(snapshotDelay, [this] { saveParametersToUndoRedoStack(); });
 }
 
-// A parameter in the middle of a gesture keeps its previous value until the gesture ends.
+// Nothing in the middle of a gesture is a state to come back to: not one value of it, nor what it does to others.
 void QVMGenericUI::saveParametersToUndoRedoStack() {
-    QVMUndoRedoStack& stack = keyboard_->undoRedoStack();
-    const QVMSnapshot* current = stack.currentValues();
-    QVMSnapshot snapshot;
-    for (std::uint32_t pid = 0; pid < memoizedPValues_.size(); ++pid) {
-        const bool inGesture = interactionStates_[pid] == QVMInteractionBegan;
-        const bool hasPrevious = current && current->values.contains(pid);
-        snapshot.values[pid] = inGesture && hasPrevious ? current->values.at(pid) : memoizedPValues_[pid];
-    }
-    snapshot.abState = abState_;
-    stack.pushNew(std::move(snapshot));
+    if (isGestureUnderWay()) return potentiallySaveToUndoRedoStack();
+    keyboard_->undoRedoStack().pushNew(presentSnapshot());
     syncUndoRedoButtonsToStackState();
+}
+
+QVMSnapshot QVMGenericUI::presentSnapshot() const {
+    QVMSnapshot snapshot;
+    for (std::uint32_t pid = 0; pid < memoizedPValues_.size(); ++pid)
+        snapshot.values[pid] = memoizedPValues_[pid];
+    snapshot.abState = abState_;
+    snapshot.preset = currentPreset();
+    return snapshot;
+}
+
+// By what is held, whoever was told of it: a reset by a modifier is never reported to have ended.
+bool QVMGenericUI::isGestureUnderWay() const {
+    if (!window()) return false;
+    const View* pressed = window()->mouseCapture();
+    while (pressed && !dynamic_cast<const QVMParameterControl*>(pressed))
+        pressed = pressed->superview();
+    return pressed || window()->isKeyHeld();
 }
 
 void QVMGenericUI::syncUndoRedoButtonsToStackState() {
@@ -70,6 +81,12 @@ void QVMGenericUI::undoRedoABState(std::uint32_t state) {
     if (state == abState_ || state >= abValues_.size()) return;
     abState_ = state;
     if (presetBar_) presetBar_->ab().updatePositionAnimated(abState_, Animate::no);
+}
+
+void QVMGenericUI::undoRedoPreset(std::uint32_t index) {
+    if (index == currentPreset()) return;
+    lastSavedPresetWasKeyed(index);
+    notifyPresetChange(index);
 }
 
 // Every button switches sides, also the letter of the side that is active.

@@ -2,6 +2,7 @@
 #include "description/Presets.h"
 #include "description/ValueMapping.h"
 #include "editor/QVMGenericUI.h"
+#include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetControl.h"
 #include "editor/QVMPresetsDrawer.h"
@@ -78,7 +79,11 @@ void QVMGenericUI::notifyPresetChange(std::uint32_t index) {
 }
 
 void QVMGenericUI::schedulePresetDirtyCheck() {
-    dirtyCall_.schedule(dirtyCheckDelay, [this] { checkPresetDirtyState(); });
+    dirtyCall_.schedule(dirtyCheckDelay, [this] {
+        checkPresetDirtyState();
+        // A name that came with no other values is no step of the history; with others it comes with their snapshot.
+        keyboard_->undoRedoStack().adoptPreset(presentSnapshot());
+    });
 }
 
 void QVMGenericUI::checkPresetDirtyState() {

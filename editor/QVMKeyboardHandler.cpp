@@ -113,6 +113,7 @@ bool QVMKeyboardHandler::applyUndoRedoStackValues(const std::optional<QVMSnapsho
     for (const auto& [pid, value] : snapshot->values)
         ui_->notifyParameterUpdatedTo(pid, value);
     ui_->undoRedoABState(snapshot->abState);
+    ui_->undoRedoPreset(snapshot->preset);
     undoRedoStack_.setLocks(false);
     return true;
 }

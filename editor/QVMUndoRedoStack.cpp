@@ -26,6 +26,12 @@ void QVMUndoRedoStack::replaceValue(std::uint32_t pid, float was, float is) {
     }
 }
 
+void QVMUndoRedoStack::adoptPreset(const QVMSnapshot& present) {
+    const QVMSnapshot* current = currentValues();
+    if (current && dedup_(*current, present))
+        stack_[static_cast<std::size_t>(insertionPoint_ - 1)].preset = present.preset;
+}
+
 std::optional<QVMSnapshot> QVMUndoRedoStack::undo() {
     insertionPoint_ = insertionPoint_ < 2 ? 0 : insertionPoint_ - 1;
     if (insertionPoint_ > 0 && stack_.size() > 1) return *currentValues();

@@ -14,10 +14,11 @@
 
 namespace QVM_NAMESPACE {
 
-// Every parameter's value by pid, and the A/B state of the moment.
+// Every parameter's value by pid, and the A/B state and the preset of the moment.
 struct QVMSnapshot {
     std::map<std::uint32_t, float> values; // shown domain
     std::uint32_t abState = 0;
+    std::uint32_t preset = 0; // its index
     bool operator==(const QVMSnapshot&) const = default;
 };
 
@@ -32,6 +33,9 @@ public:
     void pushNew(QVMSnapshot snapshot);
     // In all snapshots: where the parameter is `was`, it is `is` from now on.
     void replaceValue(std::uint32_t pid, float was, float is);
+    // The present state goes by another preset: that of `present`, which counts for nothing unless it is the same
+    // state.
+    void adoptPreset(const QVMSnapshot& present);
     // The snapshot to go back or forward to, and moves there; none at either end.
     std::optional<QVMSnapshot> undo();
     std::optional<QVMSnapshot> redo();

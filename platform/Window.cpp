@@ -133,6 +133,7 @@ void Window::setVisible(bool visible) {
 
 void Window::setKeyWindow(bool key) {
     if (key == key_) return;
+    isKeyHeld_ = false; // who loses the keyboard hears of no release
     key_ = key;
     NotificationCenter::defaultCenter().post(key ? didBecomeKeyNotification : didResignKeyNotification, this);
 }
@@ -200,9 +201,15 @@ bool Window::sendEvent(const Event& event) {
         if (under) under->scrollWheel(event);
         return under != nullptr;
     }
-    case EventType::keyDown:
-        return keyPressed(event);
+    case EventType::keyDown: {
+        const std::weak_ptr<const bool> alive = alive_;
+        const bool isHandled = keyPressed(event);
+        if (!alive.expired()) isKeyHeld_ = isHandled;
+        return isHandled;
+    }
     case EventType::keyUp:
+        isKeyHeld_ = false;
+        break;
     case EventType::flagsChanged:
         break;
     }

@@ -80,6 +80,9 @@ public:
     const View* toolTippedViewAt(Point pointInWindow) const;
     View* hitTest(Point pointInWindow) const;
     View* mouseCapture() const { return capture_; }
+    // Whether a key that something here handled is still down, as far as the host tells: until the event of its release
+    // or the loss of the keyboard.
+    bool isKeyHeld() const { return isKeyHeld_; }
 
     void popUpMenu(std::unique_ptr<Menu> menu, Point at);
     // Cursor rectangles can be switched off while a drag shows its own cursor (nested calls count).
@@ -110,6 +113,7 @@ private:
     Cursor shownCursor_ = Cursor::arrow;
     double scale_ = 1;
     bool key_ = false;
+    bool isKeyHeld_ = false;
     bool visible_ = true;
     Walk* walks_ = nullptr; // those under way, innermost first
     // Expires with the window, for what calls out and goes on.

@@ -99,6 +99,7 @@ void KeyboardFocus::keyStateDidChange(bool isDown) {
     reportNameless();
     const auto key = juce::dispatchedKey();
     if (!key || key->isDown != isDown) return;
+    if (!isDown && held_ == key->code) release();
     if (isDown && !component_.isCurrentlyBlockedByAnotherModalComponent()) { // else it is the menu's
         nameless_ = *key;
         report_.schedule(0, [this] { reportNameless(); });
@@ -107,16 +108,31 @@ void KeyboardFocus::keyStateDidChange(bool isDown) {
     }
 }
 
+void KeyboardFocus::keyWasHandled() {
+    const auto key = juce::dispatchedKey();
+    if (!key || key->isSynthetic) return release();
+    held_ = key->code;
+}
+
+void KeyboardFocus::release() {
+    held_.reset();
+    Event event;
+    event.type = EventType::keyUp;
+    window_.sendEvent(event);
+}
+
 void KeyboardFocus::reportNameless() {
     const auto key = std::exchange(nameless_, std::nullopt);
     if (!key || component_.isCurrentlyBlockedByAnotherModalComponent()) return;
     const juce::Component::SafePointer<juce::Component> component(&component_);
     const bool isHandled = key->isMenuKey && window_.sendEvent(menuKeyEvent());
     if (!component) return;
-    if (isHandled)
+    if (isHandled) {
+        release(); // the menu has the keys from now on
         settle();
-    else
+    } else {
         passKeyOn(*key);
+    }
 }
 
 } // namespace QVM_NAMESPACE

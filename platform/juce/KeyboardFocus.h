@@ -47,6 +47,9 @@ public:
     // host hears of a key that goes up where it heard of the press.
     void keyStateDidChange(bool isDown);
     void keyWasNamed() { nameless_.reset(); }
+    // The window handled the key that the toolkit is telling of: it will hear of the release. Of a key that another
+    // program made it does so at once, as that program may never release it.
+    void keyWasHandled();
     // For the key that the toolkit is telling of and nobody wants: sends it to the host, as it would have got it had
     // the focus been there.
     void passKeyOn();
@@ -57,6 +60,7 @@ private:
     void updateKeys();
     void passKeyOn(const juce::NativeKey& key);
     void reportNameless();
+    void release();
 
     juce::Component& component_;
     Window& window_;
@@ -66,6 +70,7 @@ private:
     std::optional<juce::NativeKey> nameless_; // a press that the toolkit has not told the name of
     DelayedCall report_;                      // of it
     std::set<unsigned char> passedOn_;        // codes of held keys whose presses went to the host
+    std::optional<unsigned char> held_;       // code of the key that the window handled last
     bool areWanted_ = false, isPressed_ = false, hasMenu_ = false;
 };
 

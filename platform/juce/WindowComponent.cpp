@@ -305,10 +305,12 @@ bool WindowComponent::keyPressed(const juce::KeyPress& key) {
     const SafePointer<WindowComponent> self(this);
     const bool isHandled = window_.sendEvent(keyEventFrom(key, SuperKey::up));
     if (!self) return isHandled;
-    if (isHandled)
+    if (isHandled) {
+        keys_.keyWasHandled();
         keys_.settle();
-    else
+    } else {
         keys_.passKeyOn();
+    }
     return isHandled;
 }
 

@@ -73,6 +73,38 @@ TEST_F(QVMGenericUIAB, TheArrowCopiesToTheOtherSideAndGoesThere) {
     EXPECT_EQ(memoized(1), 6);
 }
 
+TEST_F(QVMGenericUIAB, TheArrowTakesThePresetAlong) {
+    ui_->requestPresetNamed("Air");
+    settle();
+    tap(ab().arrow());
+    EXPECT_EQ(ui_->abState(), 1u);
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+    ui_->requestPresetNamed("Cellphone");
+    settle();
+    tap(ab().a());
+    EXPECT_EQ(ui_->currentPreset(), 8u) << "the side it was copied from has its own";
+}
+
+TEST_F(QVMGenericUIAB, AFlipBetweenEqualSidesIsNoStep) {
+    tap(ab().arrow());
+    tap(ab().b());
+    EXPECT_EQ(stack().stack().size(), 1u);
+}
+
+TEST_F(QVMGenericUIAB, UndoAcrossASwitchComesBackToThatSidesPreset) {
+    ui_->requestPresetNamed("Air");
+    settle();
+    tap(ab().b());
+    ASSERT_EQ(ui_->currentPreset(), 0u);
+    ui_->keyboard().keyboardShortcutUndo();
+    settle();
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_EQ(ui_->abState(), 0u);
+    EXPECT_FALSE(ab().indicator()->isAnimating());
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+}
+
 TEST_F(QVMGenericUIAB, ALetterMovesTheIndicatorAtOnce) {
     click(middleOf(ab().b()));
     EXPECT_FALSE(ab().indicator()->isAnimating());

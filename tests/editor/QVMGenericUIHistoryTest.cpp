@@ -22,6 +22,24 @@ protected:
     }
 };
 
+// Hears what is sent while a snapshot is put in place.
+class LockWitness final : public RecordingDelegate {
+public:
+    explicit LockWitness(const QVMUndoRedoStack& stack) : stack_(stack) {}
+    void interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t, float) override { note(); }
+    void interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI&, const std::string&, std::uint32_t) override {
+        note();
+    }
+    int heard = 0, heardLocked = 0;
+
+private:
+    void note() {
+        ++heard;
+        heardLocked += stack_.locks() ? 1 : 0;
+    }
+    const QVMUndoRedoStack& stack_;
+};
+
 TEST_F(QVMGenericUIHistory, TheInitialStateIsOnTheStack) {
     ASSERT_EQ(stack().stack().size(), 1u);
     EXPECT_EQ(stack().stack().front().values.size(), QVMParameterCount);
@@ -66,6 +84,115 @@ TEST_F(QVMGenericUIHistory, UndoMakesNoSnapshotOfItsOwn) {
     EXPECT_TRUE(stack().canRedo());
 }
 
+TEST_F(QVMGenericUIHistory, TheStackIsLockedForAsLongAsASnapshotIsPutInPlace) {
+    ui_->requestPresetNamed("Air");
+    frames(1);
+    LockWitness witness(stack());
+    ui_->setDelegate(&witness);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(witness.heard, static_cast<int>(QVMParameterCount) + 1);
+    EXPECT_EQ(witness.heardLocked, witness.heard);
+    EXPECT_FALSE(stack().locks());
+    ui_->setDelegate(&delegate_);
+}
+
+// Whatever the values are by then: none of them is a step of the user's.
+TEST_F(QVMGenericUIHistory, NoSnapshotFollowsAnUndo) {
+    change(1, 6);
+    ui_->keyboard().keyboardShortcutUndo();
+    ui_->setMemoizedPValueDirectlyValue(1, 3);
+    time_.advance(2);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_TRUE(stack().canRedo());
+}
+
+TEST_F(QVMGenericUIHistory, ASnapshotIsTakenHalfASecondAfterTheChange) {
+    userSets(1, 6);
+    time_.advance(0.49);
+    EXPECT_EQ(stack().stack().size(), 1u);
+    time_.advance(0.02);
+    EXPECT_EQ(stack().stack().size(), 2u);
+}
+
+TEST_F(QVMGenericUIHistory, AChangeThatIsTakenBackAtOnceIsNoStep) {
+    userSets(1, 6);
+    frame();
+    time_.advance(0.2);
+    change(1, 0);
+    EXPECT_EQ(stack().stack().size(), 1u);
+}
+
+TEST_F(QVMGenericUIHistory, TheSidesOfTheComparisonAreTwoStates) {
+    ui_->restoreABStateSettings(0, "1");
+    time_.advance(1);
+    EXPECT_EQ(stack().stack().size(), 2u) << "with the same values";
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->abState(), 0u);
+    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
+}
+
+TEST_F(QVMGenericUIHistory, ThePresetFollowsUndoAndRedo) {
+    ui_->requestPresetNamed("Air");
+    frames(1);
+    ui_->requestPresetNamed("Cellphone");
+    frames(1);
+    delegate_.calls.clear();
+    ui_->keyboard().keyboardShortcutUndo();
+    frames(1);
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+    EXPECT_EQ(delegate_.calls.back(), "preset Air 8");
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    ui_->keyboard().keyboardShortcutRedo();
+    ui_->keyboard().keyboardShortcutRedo();
+    frames(1);
+    EXPECT_EQ(ui_->currentPreset(), 22u);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+}
+
+TEST_F(QVMGenericUIHistory, ThePresetThatUndoComesBackToIsNotApplied) {
+    ui_->requestPresetNamed("Air");
+    frames(1);
+    change(1, -2);
+    ui_->requestPresetNamed("Cellphone");
+    frames(1);
+    delegate_.sent.clear();
+    ui_->keyboard().keyboardShortcutUndo();
+    frames(1);
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_EQ(memoized(1), -2) << "as it was, and not as the preset has it";
+    EXPECT_EQ(delegate_.sent.size(), QVMParameterCount) << "the snapshot's values alone";
+    EXPECT_TRUE(ui_->presetBar()->dirty());
+}
+
+TEST_F(QVMGenericUIHistory, AnUndoThatStaysWithinAPresetReportsNone) {
+    change(1, 6);
+    delegate_.calls.clear();
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_THAT(delegate_.calls, testing::Each(testing::StartsWith("updated")));
+}
+
+TEST_F(QVMGenericUIHistory, ANameAloneIsNoStepAndIsTheOneToComeBackTo) {
+    ui_->lastSavedPresetWasKeyed(8);
+    frames(1);
+    EXPECT_EQ(stack().stack().size(), 1u);
+    change(1, 6);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+}
+
+TEST_F(QVMGenericUIHistory, ANameThatComesBeforeItsValuesBelongsToThem) {
+    ui_->lastSavedPresetWasKeyed(8);
+    frame();
+    hostSets(1, 7.5f);
+    frames(1);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    ui_->keyboard().keyboardShortcutRedo();
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+}
+
 TEST_F(QVMGenericUIHistory, AChangeAfterUndoDiscardsWhatWasUndone) {
     change(1, 6);
     change(1, 7);
@@ -92,19 +219,6 @@ TEST_F(QVMGenericUIHistory, TheButtonsFollowTheStack) {
     EXPECT_FALSE(redo.buttonEnabled());
 }
 
-TEST_F(QVMGenericUIHistory, ADragEntersTheSnapshotOnlyWhenItEnds) {
-    QVMFloatControl* inner = control(1).primaryControl();
-    inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, QVMInteractionBegan, nullptr);
-    change(1, 6);
-    EXPECT_EQ(stack().stack().size(), 1u);
-    change(7, -3); // meanwhile another value changes
-    EXPECT_EQ(stack().currentValues()->values.at(1), 0);
-    EXPECT_EQ(stack().currentValues()->values.at(7), -3);
-    inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, QVMInteractionEnded, nullptr);
-    time_.advance(1);
-    EXPECT_EQ(stack().currentValues()->values.at(1), 6);
-}
-
 TEST_F(QVMGenericUIHistory, UndoAcrossAnABSwitchRestoresTheIndicator) {
     change(1, 6);
     ui_->undoRedoABState(1);
@@ -119,6 +233,8 @@ TEST_F(QVMGenericUIHistory, UndoAcrossAnABSwitchRestoresTheIndicator) {
 TEST_F(QVMGenericUIHistory, RestoringASlotMakesTheOtherOneActiveAndAppliesNothing) {
     ui_->restoreABStateSettings(0, "1;6.5;30");
     EXPECT_EQ(ui_->abState(), 1u);
+    EXPECT_EQ(ui_->presetBar()->ab().position(), 1u);
+    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
     EXPECT_EQ(memoized(1), 0);
     EXPECT_THAT(delegate_.calls, IsEmpty());
     ui_->restoreABStateSettings(2, "1;2");
@@ -188,9 +304,11 @@ TEST_F(QVMGenericUIHistory, AnUndoCancelsASnapshotThatIsPending) {
     userSets(1, 9);
     ui_->keyboard().keyboardShortcutUndo();
     frame();
+    EXPECT_EQ(memoized(1), 0);
+    ui_->setMemoizedPValueDirectlyValue(1, 3); // what it would record
     time_.advance(2);
     EXPECT_EQ(stack().stack().size(), 2u);
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_TRUE(stack().canRedo());
 }
 
 // Random changes, pauses, undos and redos, against a history that is two plain lists.

@@ -46,7 +46,8 @@ TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQua
 
 TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
     settle();
-    EXPECT_TRUE(dirty()); // the name stays, the values are others
+    EXPECT_EQ(shownName(), "Default");
+    EXPECT_FALSE(dirty());
 }
 
 // The range links start below their range, where the binding may not go.
@@ -239,7 +240,8 @@ TEST_F(QVMGenericUIPresets, ChoosingAPresetIsOneUndoStep) {
     ui_->keyboard().keyboardShortcutUndo();
     settle();
     EXPECT_EQ(memoized(1), 0);
-    EXPECT_TRUE(dirty()); // the name stays, the values are others
+    EXPECT_EQ(shownName(), "Default");
+    EXPECT_FALSE(dirty());
     ui_->keyboard().keyboardShortcutRedo();
     settle();
     EXPECT_FALSE(dirty());

@@ -98,6 +98,28 @@ TEST(QVMUndoRedoStack, AReplacedValueIsReplacedInEachSnapshotThatHasIt) {
     EXPECT_EQ(stack.insertionPoint(), 3);
 }
 
+// One state, whatever preset it goes by.
+QVMUndoRedoStack makeStackOfStates() {
+    return QVMUndoRedoStack(100, [](const QVMSnapshot& a, const QVMSnapshot& b) { return a.values == b.values; });
+}
+
+TEST(QVMUndoRedoStack, TheSameStateMayGoByAnotherPreset) {
+    QVMUndoRedoStack stack = makeStackOfStates();
+    stack.adoptPreset({{{0, 1}}, 0, 5}); // there is none yet
+    EXPECT_TRUE(stack.stack().empty());
+    stack.pushNew({{{0, 1}}, 0, 2});
+    stack.pushNew({{{0, 2}}, 0, 3});
+    stack.pushNew({{{0, 2}}, 0, 4});
+    EXPECT_EQ(stack.currentValues()->preset, 3u) << "what counts as the same is dropped whole";
+    stack.adoptPreset({{{0, 2}}, 0, 4});
+    stack.adoptPreset({{{0, 9}}, 0, 7});
+    EXPECT_EQ(stack.currentValues()->preset, 4u);
+    EXPECT_EQ(stack.undo()->preset, 2u);
+    stack.adoptPreset({{{0, 1}}, 0, 6});
+    EXPECT_EQ(stack.redo()->preset, 4u);
+    EXPECT_EQ(stack.undo()->preset, 6u);
+}
+
 TEST(QVMUndoRedoStack, AMarkThatIsPutBeyondTheLastSnapshotStandsThere) {
     QVMUndoRedoStack stack = makeStack();
     stack.pushNew(snapshot(1));

@@ -86,6 +86,31 @@ TEST_F(WindowTest, KeyUpAndModifierChangesAreTheHosts) {
     EXPECT_FALSE(window->sendEvent(event));
 }
 
+TEST_F(WindowTest, AHandledKeyIsHeldUntilItsRelease) {
+    Event up = key(U'a');
+    up.type = EventType::keyUp;
+    window->makeFirstResponder(a);
+    EXPECT_FALSE(window->isKeyHeld());
+    window->sendEvent(key(U'a'));
+    EXPECT_TRUE(window->isKeyHeld());
+    window->sendEvent(up);
+    EXPECT_FALSE(window->isKeyHeld());
+    a->handlesKeys = root->handlesKeys = false;
+    window->sendEvent(key(U'a'));
+    EXPECT_FALSE(window->isKeyHeld()) << "it is the host's";
+    a->handlesEquivalents = true;
+    window->sendEvent(key(Key::left, EventModifier::numericPad));
+    EXPECT_TRUE(window->isKeyHeld());
+}
+
+TEST_F(WindowTest, WhoLosesTheKeyboardHoldsNoKey) {
+    window->makeFirstResponder(a);
+    window->setKeyWindow(true);
+    window->sendEvent(key(U'a'));
+    window->setKeyWindow(false);
+    EXPECT_FALSE(window->isKeyHeld());
+}
+
 TEST_F(WindowTest, RemovedViewIsForgotten) {
     send(EventType::mouseDown, {10, 10});
     window->makeFirstResponder(inner);

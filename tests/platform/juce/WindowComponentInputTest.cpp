@@ -148,6 +148,14 @@ TEST_F(WindowComponentInputTest, ViewThatWantsKeysGetsThem) {
     EXPECT_EQ(view->events.back().charactersIgnoringModifiers, U"7");
 }
 
+// Nothing else would ever tell of its release.
+TEST_F(WindowComponentInputTest, KeyThatNoHandPressedIsNotHeld) {
+    component->window().makeKey();
+    component->window().makeFirstResponder(view);
+    EXPECT_TRUE(peer().handleKeyPress('7', '7'));
+    EXPECT_FALSE(component->window().isKeyHeld());
+}
+
 TEST_F(WindowComponentInputTest, FocusIsTakenAtTheEndOfAPressAndOnlyIfKeysAreWantedThen) {
     view->also = [this](const std::string& word) {
         if (word == "down") component->window().makeKey();

@@ -114,6 +114,25 @@ TEST_F(StandaloneKeys, ArrowsStepWithShiftAndControl) {
     EXPECT_TRUE(settingsBecome("tg:1.5"));
 }
 
+// The server begins to repeat it later than the first step becomes one of the history.
+TEST_F(StandaloneKeys, WhatAHeldArrowKeyDidIsUndoneInOneStep) {
+    type({"Tab"});
+    ASSERT_TRUE(comesTrue([&] {
+        type({"Up"});
+        rest(1);
+        return isOfferedUndo();
+    })) << "the history has begun";
+    const std::string was = settings();
+    screen_.key("Down", true);
+    rest(2);
+    screen_.key("Down", false);
+    rest(1);
+    const std::string held = settings();
+    EXPECT_TRUE(held.starts_with("tg:-")) << held << ": it was repeated";
+    chooseFromMenu({"Up", "Right", "Down", "Return"});
+    EXPECT_TRUE(settingsBecome(was));
+}
+
 TEST_F(StandaloneKeys, ReturnFlipsASwitchAndTheGraveKeyWalksBack) {
     type({"Tab", "grave", "Return"});
     EXPECT_TRUE(settingsBecome("hq:1"));
