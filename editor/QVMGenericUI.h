@@ -110,7 +110,8 @@ public:
     void undoRedoABState(std::uint32_t state);
     void undoRedoPreset(std::uint32_t index);
     std::uint32_t abState() const { return abState_; }
-    // Slot `state` gets the values of the text; the other slot becomes the active one. State 2 means nothing was saved.
+    // Slot `state` gets the values of the text, 0 where an element is empty or no number; the other slot becomes the
+    // active one. State 2 means nothing was saved.
     void restoreABStateSettings(std::uint32_t state, std::string_view settings);
     // The comparison starts anew: A is active, and both slots have these values, by pid.
     void resetABState(std::span<const float> values);

@@ -110,10 +110,11 @@ void QVMGenericUI::abControlChangeTriggeredByButton(QVMABControl& control, std::
 void QVMGenericUI::restoreABStateSettings(std::uint32_t state, std::string_view settings) {
     if (state == nothingSavedState || state >= abValues_.size()) return;
     std::vector<float>& slot = abValues_[state];
-    for (std::size_t i = 0; i < slot.size() && !settings.empty(); ++i) {
-        const std::size_t end = std::min(settings.find(';'), settings.size());
-        slot[i] = numberFrom(settings.substr(0, end));
-        settings.remove_prefix(std::min(end + 1, settings.size()));
+    for (float& value : slot) {
+        const std::size_t end = settings.find(';');
+        value = numberFrom(settings.substr(0, end));
+        if (end == std::string_view::npos) break;
+        settings.remove_prefix(end + 1);
     }
     abState_ = 1 - state;
     if (presetBar_) presetBar_->ab().updatePositionAnimated(abState_, Animate::no);

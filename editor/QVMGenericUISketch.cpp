@@ -145,7 +145,10 @@ void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float value
     QVMParameterControl* control = parameterControlWithPid(pid);
     if (control) control->setFloatValue(value);
     updateMemoizedValueForParameter(value, pid);
-    if (control) handleSideEffectsOfUpdatedControl(*control, value, was);
+    if (control)
+        handleSideEffectsOfUpdatedControl(*control, value, was);
+    else
+        schedulePresetDirtyCheck();
 }
 
 // A value that was sent outside the unit's range, as by the rule that pushes partners apart, is another in the unit,

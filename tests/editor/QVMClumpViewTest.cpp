@@ -75,6 +75,24 @@ TEST_F(QVMClumpViewTest, EachControlIsSeenToDimLaterThanTheOneBefore) {
     EXPECT_EQ(seen(2), 1);
 }
 
+TEST_F(QVMClumpViewTest, FiveControlsFadeFiftiethsOfASecondApart) {
+    auto view = make(1);
+    const std::vector<std::uint32_t> pids = {1, 2, 3, 9, 10};
+    for (const std::uint32_t pid : pids)
+        addControl(*view, pid);
+    const auto delayOf = [&](std::size_t i) {
+        const BasicAnimation* fade = view->parameterControls().at(i)->layer()->animationForKey("dimRipple");
+        return fade ? fade->beginDelay : 0;
+    };
+    view->setDimmedDelayPriority(true, 0, 5);
+    for (std::size_t i = 0; i < pids.size(); ++i)
+        EXPECT_DOUBLE_EQ(delayOf(i), 0.02 * static_cast<double>(i)) << i;
+    time_.advance(1);
+    view->setDimmedDelayPriority(false, 0.1, 5);
+    for (std::size_t i = 0; i < pids.size(); ++i)
+        EXPECT_DOUBLE_EQ(delayOf(i), 0.1 + 0.02 * static_cast<double>(i)) << i;
+}
+
 TEST_F(QVMClumpViewTest, TheFadeGlides) {
     auto view = make(1);
     view->setDimmedDelayPriority(true, 0, 0);

@@ -192,6 +192,34 @@ TEST_F(QVMGenericUIAB, WhatIsNoNumberInASavedSlotCountsAsZero) {
         EXPECT_TRUE(std::isfinite(memoized(pid))) << pid;
 }
 
+TEST_F(QVMGenericUIAB, AnEmptyElementOfASavedSlotIsZeroAndWhatIsMissingStays) {
+    const struct {
+        const char* settings;
+        std::vector<float> first;
+    } cases[] = {{"1;6.5;30;7", {1, 6.5f, 30, 7}},
+                 {"1;;40", {1, 0, 40, 7}},
+                 {"1;5;", {1, 5, 0, 7}},
+                 {";2", {0, 2, 0, 7}},
+                 {"1", {1, 2, 0, 7}},
+                 {"", {0, 2, 0, 7}}};
+    for (const auto& [settings, first] : cases) {
+        ui_->restoreABStateSettings(0, settings);
+        tap(ab().a()); // what it holds comes forward
+        for (std::uint32_t pid = 0; pid < first.size(); ++pid)
+            EXPECT_EQ(memoized(pid), first[pid]) << '"' << settings << "\" " << pid;
+    }
+}
+
+TEST_F(QVMGenericUIAB, EveryElementOfASavedSlotIsReadAndNoneBeyond) {
+    std::string settings;
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        settings += (pid == 0 ? "1;" : "0;");
+    ui_->restoreABStateSettings(0, settings + "8;99;99");
+    tap(ab().a());
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_EQ(memoized(1), 0);
+}
+
 TEST_F(QVMGenericUIAB, WhatWasSavedIsWhatComesBack) {
     ui_->requestPresetNamed("Cellphone");
     change(2, 1234.5f);

@@ -2,6 +2,7 @@
 
 #include "editor/DrawerBackdrop.h"
 #include "editor/QVMClumpsView.h"
+#include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
 
 namespace QVM_NAMESPACE {
@@ -38,6 +39,9 @@ TEST_F(QVMGenericUIDrawers, StandBelowThePresetBarAndHiddenAtFirst) {
                views.begin();
     };
     EXPECT_LT(at(ui_->clumpsView()), at(&presets()));
+    const QVMDrawerView& other = addOther();
+    EXPECT_LT(at(&presets()), at(&other));
+    EXPECT_LT(at(&other), at(ui_->presetBar()));
 }
 
 TEST_F(QVMGenericUIDrawers, TheClumpsShrinkToAMiniatureBehindThePresets) {
@@ -60,6 +64,7 @@ TEST_F(QVMGenericUIDrawers, TheClumpsShrinkToAMiniatureBehindThePresets) {
 TEST_F(QVMGenericUIDrawers, ClosingBringsTheClumpsBackAndThenShiftsTheDrawerAway) {
     ui_->toggleDrawerForce(presets(), false);
     drawFor(0.5);
+    window_.makeFirstResponder(nullptr);
     ui_->toggleDrawerForce(presets(), false);
     EXPECT_FALSE(presets().visible());
     ASSERT_TRUE(presets().layer()->animationForKey("fadeOut"));

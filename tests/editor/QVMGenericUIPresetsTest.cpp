@@ -128,6 +128,19 @@ TEST_F(QVMGenericUIPresets, HostAutomationMarksThePresetToo) {
     EXPECT_TRUE(dirty());
 }
 
+TEST_F(QVMGenericUIPresets, AParameterWithoutAControlMarksThePresetToo) {
+    for (const std::uint32_t pid : {4u, 12u, 18u}) {
+        ASSERT_EQ(ui_->parameterControlWithPid(pid), nullptr);
+        const float clean = delegate_.unit.at(pid);
+        hostSets(pid, GetParameter(pid)->maxValue);
+        settle();
+        EXPECT_TRUE(dirty()) << pid;
+        hostSets(pid, clean);
+        settle();
+        EXPECT_FALSE(dirty()) << pid;
+    }
+}
+
 TEST_F(QVMGenericUIPresets, TheQualitySwitchNeverMakesAPresetDirty) {
     userSets(23, 1);
     settle();

@@ -66,6 +66,19 @@ TEST_F(QVMGenericUISideEffects, EveryHoldHasThePriorityOfItsCause) {
     EXPECT_EQ(control(7).dimHolds().at("Clump"), 5u);
 }
 
+TEST_F(QVMGenericUISideEffects, PowerOffRipplesThroughTheControlsOfEachClump) {
+    hostSets(0, 0);
+    for (const char* clump : {"Tilt", "Output", "Filter"}) {
+        const std::vector<QVMParameterControl*> controls = ui_->clumpViewWithCodename(clump)->parameterControls();
+        ASSERT_GE(controls.size(), 2u) << clump;
+        for (std::size_t i = 1; i < controls.size(); ++i) {
+            const BasicAnimation* fade = controls[i]->layer()->animationForKey("dimRipple");
+            ASSERT_NE(fade, nullptr) << clump << ' ' << i;
+            EXPECT_DOUBLE_EQ(fade->beginDelay, 0.02 * static_cast<double>(i)) << clump << ' ' << i;
+        }
+    }
+}
+
 TEST_F(QVMGenericUISideEffects, AClumpScopeDimsTheControlsOwnClump) {
     ScopedRecord record(7);
     record.parameter.scope = 2;
