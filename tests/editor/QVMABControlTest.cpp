@@ -60,7 +60,7 @@ TEST_F(QVMABControlTest, WhateverIsTypedFlipsIt) {
     EXPECT_TRUE(ab_->incrementWithArrowGranularity(Key::left, QVMGranularityNormal));
     ab_->setTransientStringValue("7");
     EXPECT_TRUE(ab_->toggleBooleanControl());
-    ab_->tap();
+    EXPECT_TRUE(ab_->tap());
     EXPECT_EQ(taps_, (Taps{0, 0, 0, 0}));
     EXPECT_FALSE(ab_->acceptsTransientStringBuffers());
 }
@@ -81,6 +81,17 @@ TEST_F(QVMABControlTest, TheArrowPointsToTheOtherSide) {
     ab_->updatePositionAnimated(1, Animate::no);
     EXPECT_NE(ab_->arrow().symbol(), toB);
     EXPECT_EQ(ab_->arrow().toolTip(), "Copy B to A");
+}
+
+TEST_F(QVMABControlTest, TheIndicatorIsADiscInTheBox) {
+    EXPECT_EQ(ab_->box()->cornerRadius(), ab_->box()->frame().height / 2);
+    for (const std::uint32_t position : {0u, 1u}) {
+        ab_->updatePositionAnimated(position, Animate::no);
+        const Rect disc = ab_->indicator()->frame();
+        EXPECT_EQ(disc.width, disc.height);
+        EXPECT_EQ(ab_->indicator()->cornerRadius(), disc.height / 2);
+        EXPECT_TRUE(ab_->box()->frame().contains(disc));
+    }
 }
 
 TEST_F(QVMABControlTest, ShowsKeyboardFocus) {

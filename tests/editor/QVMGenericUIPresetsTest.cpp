@@ -1,6 +1,7 @@
 #include "EditorFixture.h"
 
 #include "description/Presets.h"
+#include "editor/OutlineView.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetControl.h"
 #include "editor/QVMPresetsDrawer.h"
@@ -179,6 +180,23 @@ TEST_F(QVMGenericUIPresets, AnIndexThatNoPresetHasIsNamedSoAndIsDirtyWhateverThe
     ui_->presetUpdated();
     EXPECT_THAT(delegate_.sent, IsEmpty());
     EXPECT_THAT(delegate_.calls, Contains("preset N/A 23"));
+}
+
+TEST_F(QVMGenericUIPresets, AnOpenListMarksThePresetThatIsNamedFromElsewhere) {
+    ui_->togglePresetsDrawer();
+    ui_->lastSavedPresetWasKeyed(8);
+    EXPECT_EQ(ui_->presetDrawer()->outline().selection(), 8u);
+}
+
+TEST_F(QVMGenericUIPresets, AProductWithoutPresetsHasNoneToName) {
+    auto config = QVMConfig::inlinedConfig();
+    config->presets = nullptr;
+    open(std::move(config));
+    ui_->lastSavedPresetWasKeyed(8);
+    ui_->lastSavedPresetWasNamed("Air");
+    settle();
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
 TEST_F(QVMGenericUIPresets, ASavedNameThatNoPresetHasIsShownAsSuch) {

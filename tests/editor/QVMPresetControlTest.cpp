@@ -44,6 +44,18 @@ protected:
             if (line == "tap" || line.starts_with("action")) found.push_back(line);
         return found;
     }
+    // A layer of the control by its name; null where it is not drawn.
+    const Layer* drawn(const std::string& layerName) const {
+        for (const auto& sublayer : control_->layer()->sublayers())
+            if (sublayer->name() == layerName) return sublayer.get();
+        return nullptr;
+    }
+    void pointAt(Point at) {
+        Event event;
+        event.type = EventType::mouseMoved;
+        event.locationInWindow = at;
+        window_.sendEvent(event);
+    }
     std::string shown() { return control_->value()->string().string(); }
 
     VirtualTime time_;
@@ -52,6 +64,7 @@ protected:
     std::optional<TapRecord> record_;
 };
 
+constexpr double hitGrowth = 20; // points above and below an arrow
 constexpr Point rightArrow = {226, 15}, leftArrow = {14, 15}, name = {120, 15};
 
 TEST_F(QVMPresetControlTest, TheRightArrowStepsForwardAndPulses) {
@@ -136,6 +149,40 @@ TEST_F(QVMPresetControlTest, ArrowKeysStepThroughThePresets) {
     EXPECT_TRUE(control_->incrementWithArrowGranularity(Key::up, QVMGranularityNormal));
     EXPECT_TRUE(control_->incrementWithArrowGranularity(Key::left, QVMGranularityNormal));
     EXPECT_THAT(done(), ElementsAre("action 1", "action 2", "action 1"));
+}
+
+TEST_F(QVMPresetControlTest, DrawsAnArrowAtEachEndAndALineBesideEach) {
+    ASSERT_NE(drawn("decArrow"), nullptr);
+    ASSERT_NE(drawn("incArrow"), nullptr);
+    EXPECT_EQ(drawn("decArrow")->frame().minX(), 0);
+    EXPECT_EQ(drawn("incArrow")->frame().maxX(), 240);
+    EXPECT_EQ(drawn("incArrow")->frame().size(), drawn("decArrow")->frame().size());
+    std::vector<double> lines;
+    for (const auto& sublayer : control_->layer()->sublayers())
+        if (sublayer->name() == "divider") lines.push_back(sublayer->frame().x);
+    EXPECT_THAT(lines, ElementsAre(0, 239));
+}
+
+TEST_F(QVMPresetControlTest, TheArrowUnderThePointerIsLit) {
+    const Layer* light = drawn("arrowLight");
+    ASSERT_NE(light, nullptr);
+    EXPECT_EQ(light->opacity(), 0);
+    pointAt(rightArrow);
+    EXPECT_EQ(light->opacity(), 1);
+    EXPECT_TRUE(drawn("incArrow")->frame().insetBy(0, -hitGrowth).contains(light->frame()));
+    pointAt(leftArrow);
+    EXPECT_EQ(light->opacity(), 1);
+    EXPECT_TRUE(drawn("decArrow")->frame().insetBy(0, -hitGrowth).contains(light->frame()));
+    pointAt(name);
+    EXPECT_EQ(light->opacity(), 0);
+    pointAt(rightArrow);
+    pointAt({500, 500});
+    EXPECT_EQ(light->opacity(), 0);
+}
+
+TEST_F(QVMPresetControlTest, TheNameHasTheColourOfAValueAndNoCapsule) {
+    EXPECT_EQ(control_->value()->string().runs.front().color, QVMUITheme::theme().palette.value);
+    EXPECT_EQ(control_->bg()->backgroundColor().a, 0);
 }
 
 TEST_F(QVMPresetControlTest, EveryNameFitsBetweenTheArrows) {

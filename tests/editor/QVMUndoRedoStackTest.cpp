@@ -86,6 +86,9 @@ TEST(QVMUndoRedoStack, AMarkThatIsPutBeforeTheFirstSnapshotStandsAtZero) {
     stack.setInsertionPoint(-5);
     EXPECT_EQ(stack.insertionPoint(), 0);
     EXPECT_EQ(stack.redo(), snapshot(1));
+    stack.setInsertionPoint(0);
+    stack.pushNew(snapshot(2));
+    EXPECT_EQ(stack.stack(), std::vector{snapshot(2)}) << "and all behind it is undone";
 }
 
 TEST(QVMUndoRedoStack, AReplacedValueIsReplacedInEachSnapshotThatHasIt) {
