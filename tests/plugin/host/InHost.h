@@ -32,6 +32,7 @@ protected:
         plugin_.openEditor();
         EXPECT_TRUE(comesTrue([this] { return pictureOf(map_.frameOf(tiltGain)).countOf(gainColour, 4) > 200; }));
         EXPECT_TRUE(comesTrue([this] { return plugin_.editor()->getPeer()->isFocused(); }));
+        hostFocus_ = screen_.focus();
         plugin_.recorder().lines.clear();
     }
 
@@ -44,6 +45,15 @@ protected:
             plugin_.run(0.1);
         }
         return false;
+    }
+
+    // Whether the editor comes to have the keyboard after a press, and to keep it: window manager and host may answer
+    // the press late, by giving it to the host once more.
+    bool keepsKeyboard() {
+        return comesTrue([this, looks = 0]() mutable {
+            looks = screen_.focus() != hostFocus_ ? looks + 1 : 0;
+            return looks == 4;
+        });
     }
 
     // What the host shows for the tilt gain, in decibels.
@@ -100,6 +110,7 @@ protected:
     XScreen screen_;
     EditorMap map_;
     HostedPlugin plugin_{GetParam()};
+    unsigned long hostFocus_ = 0; // what had the keyboard before any press
 
 private:
     static constexpr int steps = 12;

@@ -14,14 +14,10 @@ using Keys = std::vector<std::string>;
 
 class InHostKeys : public InHost {
 protected:
-    void open() {
-        InHost::open();
-        hostFocus_ = screen_.focus();
-    }
     // On a control that takes the keyboard, or on anything else.
     void clickOnControl(Point editorPoint) {
         clickOn(editorPoint);
-        EXPECT_TRUE(comesTrue([this] { return screen_.focus() != hostFocus_; })) << "the editor has the keyboard";
+        EXPECT_TRUE(keepsKeyboard()) << "the editor has the keyboard";
     }
     void clickBeside(Point editorPoint) {
         clickOn(editorPoint);
@@ -73,9 +69,6 @@ protected:
         const double host = parameter.minValue + hostValue(pid) * (parameter.maxValue - parameter.minValue);
         return parameter.castValue(static_cast<float>(host));
     }
-
-private:
-    unsigned long hostFocus_ = 0;
 };
 
 constexpr std::size_t menuPixels = 3000, listPixels = 20000; // less than what they cover

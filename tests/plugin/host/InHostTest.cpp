@@ -178,6 +178,7 @@ TEST_P(InHost, DoubleClickThenTypedDigitsAndReturnSetTheValue) {
     screen_.button(1, true), screen_.button(1, false);
     screen_.button(1, true), screen_.button(1, false);
     plugin_.run(0.3);
+    EXPECT_TRUE(keepsKeyboard());
     for (const char* key : {"4", "period", "5"})
         type(key);
     EXPECT_NEAR(gainDb(), 0, 0.001) << "nothing is sent before Return";
@@ -189,6 +190,7 @@ TEST_P(InHost, AnArrowKeySteps) {
     open();
     pointAt(gainHandle(0));
     click();
+    EXPECT_TRUE(keepsKeyboard());
     type("Up");
     EXPECT_NEAR(gainDb(), 0.5, 0.001);
     type("Left");
