@@ -28,7 +28,7 @@ void BoxControl::addPart(const std::shared_ptr<Layer>& part, const char* name) {
 }
 
 std::optional<Color> BoxControl::surface() const {
-    return QVMUITheme::theme().palette.panel;
+    return QVMUITheme::theme().backgroundColor;
 }
 
 void BoxControl::placeBox(const Rect& frame) {

@@ -21,10 +21,11 @@ constexpr double kWashOpacity = 0.16;
 
 Color textColor(std::int32_t style, float value, Color accent) {
     const bool on = value >= kOnThreshold;
-    const Color white = Color::white(1, std::min(std::max(value, kWhiteLeastAlpha), 1.0f));
+    const Color onAccent = QVMUITheme::theme().palette.onAccent;
+    const Color white = onAccent.withAlpha(std::min(std::max(value, kWhiteLeastAlpha), 1.0f));
     switch (style) {
     case kTinted:
-        return on ? Color::white(1, kTintedOnAlpha)
+        return on ? onAccent.withAlpha(kTintedOnAlpha)
                   : QVMUITheme::theme().foregroundGivenSpecified(accent).withAlpha(kOffAlpha);
     case kWhiteOnClear:
     case kWhiteOnBox:

@@ -154,7 +154,7 @@ QVMCycleControl::Look QVMCycleControl::lookForValue(float) const {
         const Color fill = contrasted(colorFrom(parameter().color), theme.palette.onAccent);
         return {theme.palette.onAccent, fill, Color::clear()};
     }
-    return {theme.palette.value, theme.palette.boxFill, theme.palette.boxBorder};
+    return {theme.textColor, theme.palette.boxFill, theme.palette.boxBorder};
 }
 
 void QVMCycleControl::redraw() {
@@ -163,7 +163,7 @@ void QVMCycleControl::redraw() {
     typesetAttributedStringValueBackgroundColor(attributedTextForValue(floatValue(), look.text), look);
 
     const bool beside = crementers_ == Crementers::beside;
-    const Color mark = beside ? QVMUITheme::theme().palette.label : look.text.withAlpha(look.text.a * kChevronAlpha);
+    const Color mark = beside ? QVMUITheme::theme().symbolColor : look.text.withAlpha(look.text.a * kChevronAlpha);
     for (const auto& crementer : {inc_, dec_})
         crementer->setStrokeColor(mark);
     value_->setOpacity(inaccurate_ ? kInaccurateOpacity : 1);

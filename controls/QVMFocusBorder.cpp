@@ -1,5 +1,8 @@
 #include "controls/QVMFocusBorder.h"
 
+#include "controls/PhaseShiftingAnimation.h"
+#include "theme/Colors.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -11,7 +14,6 @@ constexpr const char* kMarchingKey = "PhaseShift";
 constexpr double kDashOn = 3, kDashOff = 2; // points, before stretching
 constexpr double kPeriod = kDashOn + kDashOff;
 constexpr int kPeriodsAMarch = 2;
-constexpr double kMarchSeconds = 2;
 constexpr double kBorderWidth = 2;
 constexpr float kStrokeAlpha = 0.7f;
 
@@ -32,7 +34,7 @@ Path outline(Size size, double radius) {
 
 QVMFocusBorder::QVMFocusBorder(YAxis axis) : ShapeLayer(axis) {
     setName("focusBorder");
-    setFillColor(Color::clear());
+    setFillColor(QVMCGClearColor());
     setLineWidth(kBorderWidth);
     setLineDashPhase(0);
     setLineDashPattern({kDashOn, kDashOff});
@@ -71,14 +73,7 @@ void QVMFocusBorder::animate(bool on) {
     setLineDashPattern({kDashOn * stretch, kDashOff * stretch});
 
     if (!on) return removeAnimation(kMarchingKey);
-    BasicAnimation march;
-    march.keyPath = "lineDashPhase";
-    march.fromValue = 0.0;
-    march.toValue = kPeriodsAMarch * kPeriod * stretch;
-    march.duration = kMarchSeconds;
-    march.timing = TimingFunction::linear; // anything else would falter at every repetition
-    march.repeatCount = BasicAnimation::forever;
-    addAnimation(std::move(march), kMarchingKey);
+    addAnimation(PhaseShiftingAnimationToValue(kPeriodsAMarch * kPeriod * stretch), kMarchingKey);
 }
 
 } // namespace QVM_NAMESPACE

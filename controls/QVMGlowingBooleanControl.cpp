@@ -1,5 +1,7 @@
 #include "controls/QVMGlowingBooleanControl.h"
 
+#include "theme/QVMUITheme.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,14 +11,21 @@ namespace {
 
 constexpr double kDiscMargin = 10; // points between the disc and the control's nearer edges
 constexpr double kOffDiscOpacity = 0.07;
-const Shadow kValueShadow = {Color::white(0, 0.15f), 3, {0, 1}, 1};
+constexpr double kShadowRadius = 3;
+constexpr Point kShadowOffset = {0, 1};
+constexpr float kShadowAlpha = 0.15f;
 
 } // namespace
 
 QVMGlowingBooleanControl::QVMGlowingBooleanControl(const Rect& frame, const QVMParameter& parameter)
     : QVMBooleanControl(frame, parameter) {
-    value()->setShadow(kValueShadow);
-    redraw();
+    QVMGlowingBooleanControl::redraw();
+}
+
+void QVMGlowingBooleanControl::redraw() {
+    const Color ink = QVMUITheme::theme().palette.shade.withAlpha(kShadowAlpha);
+    value()->setShadow(QVMBlur(ink, kShadowRadius, kShadowOffset));
+    QVMBooleanControl::redraw();
 }
 
 Rect QVMGlowingBooleanControl::backgroundFrame() const {

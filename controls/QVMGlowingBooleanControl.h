@@ -10,6 +10,7 @@ public:
     QVMGlowingBooleanControl(const Rect& frame, const QVMParameter& parameter);
 
 protected:
+    void redraw() override;
     Look lookForValue(float value) const override;
     Rect backgroundFrame() const override; // a disc in the middle
     // None of the theme's: the product colour.

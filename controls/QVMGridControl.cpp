@@ -88,7 +88,7 @@ void QVMGridControl::redraw() {
     drawPlainBox();
     hover()->setCornerRadius(squareRadius(squares_.front().width));
     current_->setCornerRadius(squareRadius(squares_.front().width));
-    field_->setFillColor(palette.panel);
+    field_->setFillColor(QVMUITheme::theme().backgroundColor);
     field_->setStrokeColor(palette.boxBorder);
     current_->setBackgroundColor(contrasted(colorFrom(parameter().color), palette.onAccent));
     strValue_->setFrame(strValueRect().insetBy(kPaddingX, 0));
@@ -102,7 +102,7 @@ void QVMGridControl::showValue(Animate animate) {
     std::optional<std::string> suffix;
     parameter().valueString(&text, &suffix, floatValue());
     const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, kIconSize);
-    AttributedString shown(text, font, palette.value);
+    AttributedString shown(text, font, QVMUITheme::theme().textColor);
     if (suffix && !suffix->empty()) shown.append({" " + *suffix, QVMUITheme::unitFontOfSize(kUnitSize), palette.unit});
     strValue_->setString(shrunkenToWidth(std::move(shown), strValue_->bounds().width));
 

@@ -46,9 +46,11 @@ void QVMNoteSlider::layOutSymbols() {
 }
 
 void QVMNoteSlider::redraw() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
     layOutSymbols();
     drawPlainBox();
+    bg()->setBackgroundColor(theme.backgroundColor); // a box's fill would be too near to the glyphs
     hover()->setCornerRadius(kSelectionRadius);
     const Color accent = contrasted(colorFrom(parameter().color), palette.onAccent);
     selection_->setBackgroundColor(accent);
@@ -72,7 +74,8 @@ void QVMNoteSlider::showSelection(Animate animate) {
     const int selected = selectedIndex();
     for (int i = 0; i < static_cast<int>(symbols_.size()); ++i) {
         const auto at = static_cast<std::size_t>(i);
-        symbols_[at]->setString({parameter().cueSymbols[at], font, i == selected ? palette.onAccent : palette.value});
+        symbols_[at]->setString(
+            {parameter().cueSymbols[at], font, i == selected ? palette.onAccent : QVMUITheme::theme().symbolColor});
     }
     const Transaction transaction = moveChoice(*selection_, selected >= 0, animate);
     if (selected >= 0) positionSelectionWithReferenceFrame(symbols_[static_cast<std::size_t>(selected)]->frame());

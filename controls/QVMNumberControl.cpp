@@ -112,7 +112,7 @@ void QVMNumberControl::redraw() {
     layOut();
     if (!displayingTransient_) {
         const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, 0);
-        value_->setString(shrunkenToWidth({text, font, palette.value}, value_->bounds().width));
+        value_->setString(shrunkenToWidth({text, font, QVMUITheme::theme().textColor}, value_->bounds().width));
     }
     bg()->setBackgroundColor(palette.boxFill);
     bg()->setBorder(1, displayingTransient_ ? colorFrom(parameter().color) : palette.boxBorder);
@@ -131,7 +131,7 @@ double QVMNumberControl::transientStringPreferredFontSize() const {
 void QVMNumberControl::displayTransientBufferValue(const AttributedString& text) {
     AttributedString shown = text;
     for (TextRun& run : shown.runs)
-        run.color = QVMUITheme::theme().palette.value;
+        run.color = QVMUITheme::theme().textColor;
     value_->setString(shrunkenToWidth(std::move(shown), value_->bounds().width));
     redraw();
 }

@@ -10,13 +10,10 @@ namespace {
 constexpr double kLightInset = 2, kLightRadius = 5; // points
 constexpr float kLightAlpha = 0.4f, kHoverAlpha = 0.1f;
 constexpr double kDisabledOpacity = 0.2;
-// What glyphs are to stand out from while a light is on: nearly the lightest that it makes of the product's colour.
-constexpr Color kLitGround = Color::white(0.65f);
 
 std::shared_ptr<Layer> makeLight(const char* name) {
     auto light = std::make_shared<Layer>();
     light->setName(name);
-    light->setBackgroundColor(Color::white(1, kLightAlpha));
     light->setCornerRadius(kLightRadius);
     light->setOpacity(0);
     return light;
@@ -38,7 +35,14 @@ QVMSymbolButton::QVMSymbolButton(const Rect& frame, std::string glyph, double si
     layOut();
     symbol_ = std::move(glyph);
     glyph_->setString(QVMSymbolButton::attributedStringForGlyphColor(symbol_, color_));
+    styleLights();
+}
+
+void QVMSymbolButton::styleLights() {
     hoverLight_->setBackgroundColor(color_.withAlpha(kHoverAlpha));
+    const Color glow = QVMUITheme::theme().palette.glow.withAlpha(kLightAlpha);
+    spotlight_->setBackgroundColor(glow);
+    warningLight_->setBackgroundColor(glow);
 }
 
 Font QVMSymbolButton::defaultFont() const {
@@ -53,7 +57,7 @@ void QVMSymbolButton::setFont(Font font) {
 void QVMSymbolButton::resetGlyphColor(std::string glyph, Color color) {
     symbol_ = std::move(glyph);
     color_ = color;
-    hoverLight_->setBackgroundColor(color_.withAlpha(kHoverAlpha));
+    styleLights();
     showGlyph();
     layOut();
 }
@@ -68,7 +72,7 @@ void QVMSymbolButton::showGlyph() {
 }
 
 Color QVMSymbolButton::shownColor() const {
-    return selected_ || warning_ ? contrasted(color_, kLitGround) : color_;
+    return selected_ || warning_ ? contrasted(color_, QVMUITheme::theme().palette.litGround) : color_;
 }
 
 void QVMSymbolButton::layOut() {

@@ -60,6 +60,7 @@ protected:
 
 private:
     void layOut();
+    void styleLights();
     void showHover();
     Color shownColor() const;
 

@@ -33,15 +33,16 @@ void QVMToggleSegment::setSelected(bool selected) {
 }
 
 void QVMToggleSegment::redraw() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
     divider_->setFrame({0, kDividerInset, 1, std::max(bounds().height - 2 * kDividerInset, 0.0)});
-    divider_->setBackgroundColor(palette.boxBorder);
+    divider_->setBackgroundColor(theme.interiorBorderColor);
 
     const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text_, kTextSize, kIconSize);
     const Rect room = bounds().insetBy(kTextPadding, 0);
     label_->setFrame(isAscii(text_) ? room : bounds());
     label_->setString(
-        shrunkenToWidth({text_, font, selected_ ? palette.onAccent : palette.value}, std::max(room.width, 0.0)));
+        shrunkenToWidth({text_, font, selected_ ? palette.onAccent : theme.textColor}, std::max(room.width, 0.0)));
 }
 
 } // namespace QVM_NAMESPACE

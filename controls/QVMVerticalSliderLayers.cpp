@@ -128,6 +128,7 @@ void QVMVerticalSlider::layOut() {
         scale_.layOut(parameter(), geometry, [this](float value) { return positionValueFromFloatValue(value); });
     }
 
+    bulb_.style();
     moveBulb(idealHandleValue(), Animate::no);
     const Rect capsule = {0, 0, bulb_.width(), ReadoutBulb::height};
     animateHighlightToFramePositionRoundingInset(capsule.insetBy(0, -1), {}, kFocusRounding, true);

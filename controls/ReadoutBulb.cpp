@@ -3,7 +3,7 @@
 #include "controls/ReadoutText.h"
 #include "controls/TextFitting.h"
 #include "platform/TextMetrics.h"
-#include "theme/Colors.h"
+#include "theme/QVMUITheme.h"
 
 #include <cmath>
 #include <numbers>
@@ -16,6 +16,7 @@ constexpr double kPointerHalfWidth = 5; // points
 constexpr double kFieldInset = 2;
 constexpr Size kCaret = {1, 15};
 constexpr float kHoverShade = 0.07f, kPressShade = 0.14f; // darker, so that the text stays legible
+constexpr float kFieldAlpha = 0.75f;
 
 // A capsule of the given size with, at the middle of a long side, a pointer; y grows upwards.
 Path capsule(Size size, BulbPointer pointer) {
@@ -34,11 +35,12 @@ Path capsule(Size size, BulbPointer pointer) {
 }
 
 Color fillFor(Color color, BulbState state) {
+    const Color shade = QVMUITheme::theme().palette.shade;
     switch (state) {
     case BulbState::hovered:
-        return color.mixedWith(Color::white(0), kHoverShade);
+        return color.mixedWith(shade, kHoverShade);
     case BulbState::pressed:
-        return color.mixedWith(Color::white(0), kPressShade);
+        return color.mixedWith(shade, kPressShade);
     case BulbState::normal:
         break;
     }
@@ -48,7 +50,7 @@ Color fillFor(Color color, BulbState state) {
 } // namespace
 
 ReadoutBulb::ReadoutBulb(Color color, BulbPointer pointer)
-    : color_(groundForText(color, readoutUnitColor)), pointer_(pointer), bulb_(std::make_shared<Layer>(YAxis::up)),
+    : color_(color), pointer_(pointer), bulb_(std::make_shared<Layer>(YAxis::up)),
       background_(std::make_shared<ShapeLayer>(YAxis::up)), border_(std::make_shared<ShapeLayer>(YAxis::up)),
       text_(std::make_shared<TextLayer>(YAxis::up)), caret_(std::make_shared<Layer>(YAxis::up)) {
     bulb_->setName("readoutBulb");
@@ -57,15 +59,20 @@ ReadoutBulb::ReadoutBulb(Color color, BulbPointer pointer)
     text_->setName("readout");
     caret_->setName("caret");
     text_->setAlignment(TextAlignment::center);
-    border_->setFillColor(Color::clear());
-    border_->setStrokeColor(Color::white(1, 0.75f));
-    caret_->setBackgroundColor(Color::white(1));
+    border_->setFillColor(QVMCGClearColor());
     for (const std::shared_ptr<Layer>& layer :
          {std::shared_ptr<Layer>(background_), std::shared_ptr<Layer>(border_), std::shared_ptr<Layer>(text_), caret_})
         bulb_->addSublayer(layer);
     bulb_->setBounds({0, 0, height, height});
-    setState(BulbState::normal);
+    style();
     setTyping(false);
+}
+
+void ReadoutBulb::style() {
+    const Color mark = QVMUITheme::theme().palette.onAccent;
+    border_->setStrokeColor(mark.withAlpha(kFieldAlpha));
+    caret_->setBackgroundColor(mark);
+    setState(state_);
 }
 
 void ReadoutBulb::setWidth(double points) {
@@ -107,7 +114,8 @@ void ReadoutBulb::placeCaret() {
 }
 
 void ReadoutBulb::setState(BulbState state) {
-    background_->setFillColor(fillFor(color_, state));
+    state_ = state;
+    background_->setFillColor(fillFor(groundForText(color_, readoutUnitColor()), state));
 }
 
 void ReadoutBulb::setTyping(bool typing) {

@@ -35,6 +35,8 @@ public:
     // Whether a point of the superlayer lies on the capsule or its pointer.
     bool contains(Point point) const;
 
+    // Takes the theme's present colours.
+    void style();
     void setText(const AttributedString& text);
     void setState(BulbState state);
     // Shows the border and the caret of a field that is being typed into.
@@ -43,8 +45,9 @@ public:
 private:
     void placeCaret();
 
-    Color color_;
+    const Color color_; // the parameter's, which is darkened where the unit needs it
     BulbPointer pointer_;
+    BulbState state_ = BulbState::normal;
     std::shared_ptr<Layer> bulb_;
     std::shared_ptr<ShapeLayer> background_, border_;
     std::shared_ptr<TextLayer> text_;

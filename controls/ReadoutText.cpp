@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kValueSize = 16, kUnitGlyphSize = 13, kUnitIconSize = 16, kUnitTextSize = 12;
 constexpr double kUnitGap = 1.5; // points
+constexpr float kUnitAlpha = 0.85f;
 
 struct UnitGlyph {
     std::string_view unit, glyph;
@@ -22,7 +23,7 @@ constexpr UnitGlyph kUnitGlyphs[] = {
 };
 
 AttributedString unitText(const std::string& suffix) {
-    const Color color = readoutUnitColor;
+    const Color color = readoutUnitColor();
     for (const UnitGlyph& known : kUnitGlyphs) {
         if (known.unit != suffix) continue;
         const std::string glyph(known.glyph);
@@ -32,17 +33,19 @@ AttributedString unitText(const std::string& suffix) {
     return {suffix, QVMUITheme::unitFontOfSize(kUnitTextSize), color};
 }
 
-// Units are few and every change of a value asks for one, so each is made once.
+// Units are few and every change of a value asks for one, so each is made once. Its colour is the theme's, though.
 const AttributedString& cachedUnitText(const std::string& suffix) {
     static std::map<std::string, AttributedString> cache;
     const auto found = cache.find(suffix);
-    return found != cache.end() ? found->second : cache.emplace(suffix, unitText(suffix)).first->second;
+    if (found == cache.end()) return cache.emplace(suffix, unitText(suffix)).first->second;
+    found->second.runs.front().color = readoutUnitColor();
+    return found->second;
 }
 
 AttributedString valueText(const std::string& value, double fontSize) {
     const Font font = isAscii(value) ? QVMUITheme::appropriateFontForValueSizeIconSize("1", kValueSize, 0)
                                      : QVMUITheme::appropriateFontForValueSizeIconSize(value, fontSize, 0);
-    return {value, font, Color::white(1)};
+    return {value, font, QVMUITheme::theme().palette.onAccent};
 }
 
 // Keeps the unit off the value: space behind the last character, which becomes a run of its own.
@@ -57,6 +60,10 @@ void addUnitGap(AttributedString& text) {
 }
 
 } // namespace
+
+Color readoutUnitColor() {
+    return QVMUITheme::theme().palette.onAccent.withAlpha(kUnitAlpha);
+}
 
 AttributedString readoutText(const std::string& value, const std::optional<std::string>& suffix, double fontSize) {
     AttributedString text = valueText(value, fontSize);

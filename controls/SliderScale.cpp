@@ -104,7 +104,7 @@ void SliderScale::addMark(const Mark& mark, const SliderScaleGeometry& geometry,
     const QVMUITheme& theme = QVMUITheme::theme();
     const Font font = mark.indexed ? QVMUITheme::appropriateFontForValueSizeIconSize(mark.text, kSymbolSize, 0)
                                    : QVMUITheme::unitFontOfSize(kTextSize);
-    AttributedString text(mark.text, font, theme.palette.label);
+    AttributedString text(mark.text, font, theme.labelColorGivenInk(theme.palette.labelInk));
     text.runs.front().kern = kTextKern;
     auto label = std::make_shared<TextLayer>(YAxis::up);
     label->setName("mark " + mark.text);

@@ -10,7 +10,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double strokeWidth = 1.5, cornerRadius = 4, reach = 4.5, arm = 3.5; // points
-constexpr Color shade = Color::white(0, 0.35f);
+constexpr float groundAlpha = 0.35f;
 constexpr double nearAlpha = 0.75, fadeSeconds = 0.15;
 
 // Two arrows along a diagonal, with their heads at the ends of the square or at its middle.
@@ -36,18 +36,25 @@ Path arrows(FrameButton::Destination destination) {
 
 FrameButton::FrameButton() : Control({0, 0, size.width, size.height}), sign_(std::make_shared<ShapeLayer>()) {
     layer()->setName("frameButton");
-    layer()->setBackgroundColor(shade);
     layer()->setCornerRadius(cornerRadius);
     layer()->setOpacity(0);
     sign_->setName("sign");
     sign_->setFrame(bounds());
-    sign_->setFillColor(Color::clear());
-    sign_->setStrokeColor(QVMUITheme::theme().palette.onAccent);
+    sign_->setFillColor(QVMCGClearColor());
     sign_->setLineWidth(strokeWidth);
     sign_->setLineStyle(LineCap::round, LineJoin::round);
     layer()->addSublayer(sign_);
     setCursor(Cursor::pointingHand);
     setDestination(Destination::compactForm);
+    style();
+    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
+                                                                    [this](const Notification&) { style(); });
+}
+
+void FrameButton::style() {
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    layer()->setBackgroundColor(palette.shade.withAlpha(groundAlpha));
+    sign_->setStrokeColor(palette.onAccent);
 }
 
 void FrameButton::setDestination(Destination destination) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/Control.h"
+#include "platform/NotificationCenter.h"
 
 #include <memory>
 
@@ -33,10 +34,12 @@ public:
 
 private:
     void showAsNeeded();
+    void style();
 
     Destination destination_ = Destination::compactForm;
     std::shared_ptr<ShapeLayer> sign_;
     bool isPointerNear_ = false, isHovered_ = false;
+    ObservationToken themeObservation_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -40,10 +40,6 @@ private:
     bool showsImage_ = false;
 };
 
-// The largest rectangle of the proportions of an image of so many pixels that fits into `rect`: standing at the side
-// that the alignment names and in the middle of the height, never larger than `imageScale` pixels a point make it.
-Rect SituatedRectInsideRectForImage(const Rect& rect, Size pixels, double imageScale, QVMLabelAlignment alignment);
-
 // Capital letters for the ASCII letters of a text; all else stays.
 std::string capitals(std::string text);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -112,16 +113,24 @@ void OutlineView::style() {
     hoverMark_->setBackgroundColor(palette.hover);
     selectionMark_->setBackgroundColor(palette.drawerSelection);
     thumb_->setBackgroundColor(palette.tick.withAlpha(thumbAlpha));
-    const Font name = QVMUITheme::safeFontWithNameSize(nameFace, nameSize);
-    for (const Row& row : rows_) {
-        const bool isTitle = !row.id;
-        AttributedString text(row.title->string().string(), isTitle ? QVMUITheme::unitFontOfSize(titleSize) : name,
-                              isTitle ? titleColor_ : palette.value);
-        if (isTitle) text.runs.front().kern = titleKern;
-        row.title->setString(text);
-        if (row.note)
-            row.note->setString({row.note->string().string(), QVMUITheme::italicFontOfSize(noteSize), palette.note});
+    for (const Row& row : rows_)
+        styleRow(row);
+}
+
+// The chosen row's ground is of the other theme's kind, and its texts are as well.
+void OutlineView::styleRow(const Row& row) const {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    if (!row.id) {
+        AttributedString title(row.title->string().string(), QVMUITheme::unitFontOfSize(titleSize), titleColor_);
+        title.runs.front().kern = titleKern;
+        return row.title->setString(title);
     }
+    const bool isChosen = row.id == selection_;
+    row.title->setString({row.title->string().string(), QVMUITheme::safeFontWithNameSize(nameFace, nameSize),
+                          isChosen ? theme.backgroundColor : theme.textColor});
+    if (!row.note) return;
+    row.note->setString({row.note->string().string(), QVMUITheme::italicFontOfSize(noteSize),
+                         isChosen ? theme.subtleTextColor : theme.palette.note});
 }
 
 void OutlineView::themeUpdated() {
@@ -149,10 +158,12 @@ const OutlineView::Row* OutlineView::rowAt(Point point) const {
 }
 
 void OutlineView::select(std::optional<std::uint32_t> id) {
-    selection_ = id;
     layOut();
+    const Row* const left = rowOf(std::exchange(selection_, id));
+    if (left) styleRow(*left);
     placeMarks();
     const Row* row = rowOf(id);
+    if (row) styleRow(*row);
     if (!row) return;
     // With its section's title where that is next to it.
     const bool isFirst = row != rows_.data() && !(row - 1)->id;

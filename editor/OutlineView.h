@@ -66,6 +66,7 @@ private:
     void layOut();
     void addRow(const OutlineItem& item, std::size_t section, double& y);
     void style();
+    void styleRow(const Row& row) const;
     void placeMarks();
     void placeThumb();
     Rect thumbFrame() const;

@@ -79,15 +79,17 @@ void QVMABControl::updatePositionAnimated(std::uint32_t position, Animate animat
 }
 
 void QVMABControl::style() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
+    const Color label = theme.labelColorGivenInk(palette.labelInk);
     const Color accent = contrasted(colorFrom(GetMetadata()->color), palette.onAccent);
     box_->setBorder(lineWidth, palette.pillBorder);
     indicator_->setBackgroundColor(accent);
     highlight_->setStrokeNSColor(contrasted(accent, palette.sidePanel));
-    a_->resetGlyphColor(a_->symbol(), position_ == 0 ? palette.onAccent : palette.label);
-    b_->resetGlyphColor(b_->symbol(), position_ == 1 ? palette.onAccent : palette.label);
+    a_->resetGlyphColor(a_->symbol(), position_ == 0 ? palette.onAccent : label);
+    b_->resetGlyphColor(b_->symbol(), position_ == 1 ? palette.onAccent : label);
     const bool toB = position_ == 0;
-    arrow_->resetGlyphColor(std::string(toB ? icons::triangleRight : icons::triangleLeft), palette.label);
+    arrow_->resetGlyphColor(std::string(toB ? icons::triangleRight : icons::triangleLeft), theme.symbolColor);
     arrow_->setToolTip(toB ? "Copy A to B" : "Copy B to A");
 }
 

@@ -89,12 +89,13 @@ Rect QVMClumpView::newRoundedBorderRect() const {
 }
 
 void QVMClumpView::themeUpdated() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const Color label = theme.labelColorGivenInk(theme.palette.labelInk);
     for (Label& entry : labels_)
-        entry.label.setColor(entry.kind == LabelKind::heading ? headingColor() : palette.label);
+        entry.label.setColor(entry.kind == LabelKind::heading ? headingColor() : label);
     for (const auto& line : interiorBorders_)
-        line->setBackgroundColor(palette.divider);
-    if (outline_) outline_->setBorder(lineWidth, palette.boxBorder);
+        line->setBackgroundColor(theme.interiorBorderColor);
+    if (outline_) outline_->setBorder(lineWidth, theme.palette.boxBorder);
 }
 
 View* QVMClumpView::hitTest(Point pointInSuperview) {
@@ -175,8 +176,9 @@ Color QVMClumpView::headingColor() const {
     const auto slider = std::find_if(parameters.begin(), parameters.end(), [](const QVMParameter* parameter) {
         return parameter->controlType == QVMControlTypeSlider && isLaidOut(*parameter);
     });
-    if (slider == parameters.end() || chroma((*slider)->color) < leastAccentChroma) return theme.palette.heading;
-    return contrasted(colorFrom((*slider)->color), theme.palette.panel);
+    if (slider == parameters.end() || chroma((*slider)->color) < leastAccentChroma)
+        return theme.labelColorGivenInk(theme.palette.headingInk);
+    return contrasted(theme.foregroundGivenSpecified(colorFrom((*slider)->color)), theme.backgroundColor);
 }
 
 } // namespace QVM_NAMESPACE

@@ -2,6 +2,7 @@
 
 #include "controls/DescriptionRect.h"
 #include "editor/EdgeInsets.h"
+#include "editor/HeaderFooter.h"
 #include "editor/QVMBase64Decoder.h"
 
 #include <cmath>
@@ -11,7 +12,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double lineWidth = 1, bannerHeight = 30; // points
+constexpr double lineWidth = 1, headerHeight = 30; // points; as high as the preset bar beside it
 
 // Lines are given with y upwards. Each becomes a thin box whose edge, not its middle, stands on the line, so that it
 // covers whole pixels at every scale.
@@ -21,19 +22,14 @@ Rect boxForLine(const QVMLineSegment& line, double height) {
     return {left, top, width > 0 ? width : lineWidth, tall > 0 ? tall : lineWidth};
 }
 
-// What depicts the sound stands on the side panel's colour.
-Color QVMPalette::*panelColor(const QVMClump& clump) {
-    return clump.sketches.empty() ? &QVMPalette::panel : &QVMPalette::sidePanel;
-}
-
 } // namespace
 
 QVMClumpsView::QVMClumpsView(const Rect& frame, const QVMConfig& config, ClumpsArea clumpsArea)
     : ThemedView(frame), config_(config), area_(clumpsArea) {
     layer()->setName(advanced() ? "advClumpsView" : "clumpsView");
     addPanels();
+    addHeader();
     addDividers();
-    addBanner();
     themeUpdated();
 }
 
@@ -48,14 +44,16 @@ void QVMClumpsView::setDrawOutsideBorder(bool draw) {
 }
 
 void QVMClumpsView::themeUpdated() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(advanced() ? palette.sidePanel : palette.panel);
-    layer()->setBorder(drawOutsideBorder_ ? lineWidth : 0, palette.divider);
+    const QVMUITheme& theme = QVMUITheme::theme();
+    layer()->setBackgroundColor(advanced() ? theme.palette.drawer : theme.backgroundColor);
+    layer()->setBackgroundPattern(advanced() ? theme.backgroundPattern : nullptr);
+    layer()->setBorder(drawOutsideBorder_ ? lineWidth : 0, theme.interiorBorderColor);
     for (const Panel& panel : panels_)
-        panel.layer->setBackgroundColor(palette.*panel.color);
+        panel.layer->setBackgroundColor(panel.depictsSound ? theme.palette.sidePanel : theme.backgroundColor);
     for (const auto& divider : dividers_)
-        divider->setBackgroundColor(palette.divider);
-    if (banner_) banner_->setColor(palette.label);
+        divider->setBackgroundColor(theme.interiorBorderColor);
+    if (header_) QVMFillGenericHeaderFooterOnEdge(*header_, bounds(), QVMEdge::top, headerHeight);
+    if (banner_) banner_->setColor(theme.labelColorGivenInk(theme.palette.labelInk));
 }
 
 void QVMClumpsView::addPanels() {
@@ -64,7 +62,7 @@ void QVMClumpsView::addPanels() {
         auto panel = std::make_shared<Layer>();
         panel->setName("panel:" + clump.codesafeName);
         layer()->addSublayer(panel);
-        panels_.push_back({panel, rectFrom(clump.frame), panelColor(clump)});
+        panels_.push_back({panel, rectFrom(clump.frame), !clump.sketches.empty()});
     });
     layOutPanels();
 }
@@ -88,10 +86,14 @@ void QVMClumpsView::addDividers() {
     }
 }
 
-void QVMClumpsView::addBanner() {
-    if (!advanced() || !config_.metadata->advBanner.starts_with(base64LabelPrefix)) return;
+void QVMClumpsView::addHeader() {
+    if (!advanced()) return;
+    header_ = std::make_shared<Layer>();
+    header_->setName("header");
+    layer()->addSublayer(header_);
+    if (!config_.metadata->advBanner.starts_with(base64LabelPrefix)) return;
     banner_.emplace(LabelContent{
-        config_.metadata->advBanner, "", {0, 0, bounds().width, bannerHeight}, QVMLabelAlignment::left, {}});
+        config_.metadata->advBanner, "", {0, 0, bounds().width, headerHeight}, QVMLabelAlignment::left, {}});
     layer()->addSublayer(banner_->layer());
 }
 

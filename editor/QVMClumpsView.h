@@ -31,13 +31,13 @@ public:
 private:
     struct Panel {
         std::shared_ptr<Layer> layer;
-        Rect frame; // without the insets
-        Color QVMPalette::*color;
+        Rect frame;        // without the insets
+        bool depictsSound; // and stands on the side panel's colour
     };
     void addPanels();
     void layOutPanels();
     void addDividers();
-    void addBanner();
+    void addHeader();
 
     const QVMConfig& config_;
     ClumpsArea area_;
@@ -45,7 +45,8 @@ private:
     bool drawOutsideBorder_ = false;
     std::vector<Panel> panels_;
     std::vector<std::shared_ptr<Layer>> dividers_;
-    std::optional<LabelLayer> banner_; // of the advanced area
+    std::shared_ptr<Layer> header_;    // of the advanced area
+    std::optional<LabelLayer> banner_; // in the header
 };
 
 } // namespace QVM_NAMESPACE

@@ -74,9 +74,13 @@ void QVMDrawerView::setDrawsPatternedBackground(bool draws) {
 }
 
 void QVMDrawerView::themeUpdated() {
+    drawGround(*layer());
+}
+
+void QVMDrawerView::drawGround(Layer& layer) const {
     const QVMUITheme& theme = QVMUITheme::theme();
-    layer()->setBackgroundColor(theme.palette.drawer);
-    layer()->setBackgroundPattern(drawsPatternedBackground_ ? theme.backgroundPattern : nullptr);
+    layer.setBackgroundColor(theme.palette.drawer);
+    layer.setBackgroundPattern(drawsPatternedBackground_ ? theme.backgroundPattern : nullptr);
 }
 
 View* QVMDrawerView::hitTest(Point pointInSuperview) {

@@ -49,9 +49,12 @@ public:
     // The frame it had at creation, in the superview's coordinates.
     Rect originalFrame() const { return originalFrame_; }
 
-    // The theme's pattern in place of the plain colour.
+    // The theme's pattern over its colour for drawers.
     bool drawsPatternedBackground() const { return drawsPatternedBackground_; }
     void setDrawsPatternedBackground(bool draws);
+
+    // Puts this drawer's ground on a layer: its own, or one behind what it lets be seen.
+    void drawGround(Layer& layer) const;
 
     void themeUpdated() override;
     View* hitTest(Point pointInSuperview) override;

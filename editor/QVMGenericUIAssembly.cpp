@@ -23,7 +23,7 @@ namespace {
 constexpr double bandThickness = 14, bandDrop = 1;          // points
 constexpr double meterGlyphSize = 12, meterSuffixSize = 10; // points
 constexpr double meterShadowDrop = 2;                       // points
-constexpr Color meterColor = Color::white(1, 0.7f);
+constexpr float meterAlpha = 0.7f;
 
 // The band of a low/high pair: as wide as both controls together, centred on them, and a little lower.
 Rect bandFrame(const Rect& low, const Rect& high) {
@@ -166,7 +166,8 @@ void QVMGenericUI::addHudAndNumericMeter() {
     if (!config_->metadata->numericMeter) return;
     // Its frame is empty until whoever draws the sketch finds a place for it.
     powerBox_->addSubview(std::make_unique<QVMInsetShadowBox>(Rect{0, meterShadowDrop, 0, 0}));
-    numericMeter_ = &powerBox_->addSubview(std::make_unique<QVMMeterButton>(Rect{}, "", meterGlyphSize, meterColor));
+    const Color color = QVMUITheme::theme().palette.onAccent.withAlpha(meterAlpha);
+    numericMeter_ = &powerBox_->addSubview(std::make_unique<QVMMeterButton>(Rect{}, "", meterGlyphSize, color));
     numericMeter_->setAction([this](Control&) { meterTapped(); });
     numericMeter_->setToolTip(config_->metadata->numericMeter->tooltip);
     numericMeter_->setSuffixSize(meterSuffixSize);

@@ -40,6 +40,7 @@ BasicAnimation fade(const Layer& layer, double to, double seconds) {
 
 QVMDrawerView& QVMGenericUI::addDrawer(std::unique_ptr<QVMDrawerView> drawer) {
     drawer->setDelegate(this);
+    drawer->setDrawsPatternedBackground(true);
     return addSubview(std::move(drawer), presetBar_ ? Order::below : Order::above, presetBar_);
 }
 
@@ -120,7 +121,7 @@ void QVMGenericUI::presentPresetsDrawer(QVMDrawerView& drawer) {
     QVMAnimateViewToFromDuration(*clumpsView_, miniatureTransform(), std::nullopt, openSeconds);
     if (!drawerBackdrop_) {
         const Rect behind = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
-        drawerBackdrop_ = &addSubview(std::make_unique<DrawerBackdrop>(behind), Order::below, clumpsView_);
+        drawerBackdrop_ = &addSubview(std::make_unique<DrawerBackdrop>(behind, drawer), Order::below, clumpsView_);
     }
     drawerBackdrop_->setHidden(false);
     drawer.setVisibility(true);

@@ -6,25 +6,31 @@ namespace QVM_NAMESPACE {
 
 namespace {
 constexpr double cornerRadius = 4, edgeWidth = 1, rimWidth = 8; // points
-constexpr Color wellColor = Color::white(0, 0.12f), edgeColor = Color::white(0, 0.18f);
-constexpr Shadow rimShadow = {Color::white(0), 3, {0, 1}, 0.45f};
+constexpr double shadowRadius = 3;
+constexpr Point shadowOffset = {0, 1};
+constexpr float wellAlpha = 0.12f, edgeAlpha = 0.18f, shadowAlpha = 0.45f; // of the theme's shade
 } // namespace
 
-QVMInsetShadowBox::QVMInsetShadowBox(const Rect& frame) : View(frame) {
+QVMInsetShadowBox::QVMInsetShadowBox(const Rect& frame) : ThemedView(frame) {
     layer()->setName("insetShadowBox");
     layer()->setCornerRadius(cornerRadius);
-    layer()->setBackgroundColor(wellColor);
-    layer()->setBorder(edgeWidth, edgeColor);
     layer()->setMasksToBounds(true);
     // A rim around the box, outside of what is seen, throws its shadow into it.
     rim_ = std::make_shared<ShapeLayer>();
     rim_->setName("rim");
-    rim_->setFillColor(Color::clear());
-    rim_->setStrokeColor(Color::white(0));
+    rim_->setFillColor(QVMCGClearColor());
     rim_->setLineWidth(rimWidth);
-    rim_->setShadow(rimShadow);
     layer()->addSublayer(rim_);
     QVMInsetShadowBox::frameDidChange();
+    QVMInsetShadowBox::themeUpdated();
+}
+
+void QVMInsetShadowBox::themeUpdated() {
+    const Color shade = QVMUITheme::theme().palette.shade;
+    layer()->setBackgroundColor(shade.withAlpha(wellAlpha));
+    layer()->setBorder(edgeWidth, shade.withAlpha(edgeAlpha));
+    rim_->setStrokeColor(shade);
+    rim_->setShadow(QVMBlur(shade.withAlpha(shadowAlpha), shadowRadius, shadowOffset));
 }
 
 void QVMInsetShadowBox::frameDidChange() {

@@ -1,7 +1,7 @@
 // A shallow well: what stands in front of it (the numeric meter) seems to be set into the surface. Main thread only.
 #pragma once
 
-#include "platform/View.h"
+#include "editor/ThemedView.h"
 
 #include <memory>
 
@@ -9,10 +9,11 @@ namespace QVM_NAMESPACE {
 
 class ShapeLayer;
 
-class QVMInsetShadowBox final : public View {
+class QVMInsetShadowBox final : public ThemedView {
 public:
     explicit QVMInsetShadowBox(const Rect& frame);
 
+    void themeUpdated() override;
     void frameDidChange() override;
 
 private:

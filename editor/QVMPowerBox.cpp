@@ -16,7 +16,7 @@ constexpr double logoGlyphSize = 22, gearGlyphSize = 30; // points
 constexpr double underlineWidth = 32, underlineHeight = 1.5, underlineBelowLogo = 28;
 constexpr float underlineAlpha = 0.75f;
 constexpr double hiddenSignSize = 20, hiddenSignAlpha = 0.45; // points
-constexpr Color sketchPlaceShade = Color::white(0, 0.17f);    // over the product's colour
+constexpr float sketchPlaceAlpha = 0.17f; // of the shade over the product's colour
 
 } // namespace
 
@@ -66,16 +66,19 @@ void QVMPowerBox::setShowsHiddenSign(bool shows) {
 
 void QVMPowerBox::themeUpdated() {
     const Color box = colorFrom(metadata_.color);
-    const Color mark = QVMUITheme::theme().palette.onAccent;
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const Color mark = palette.onAccent;
     layer()->setBackgroundColor(box);
-    sketchPlace_->setBackgroundColor(composite(sketchPlaceShade, box));
+    sketchPlace_->setBackgroundColor(composite(palette.shade.withAlpha(sketchPlaceAlpha), box));
     underline_->setBackgroundColor(mark.withAlpha(underlineAlpha));
     hiddenSign_->setString({std::string(icons::eye), QVMUITheme::iconFontOfSize(hiddenSignSize), mark});
     logo_->resetGlyphColor(logo_->symbol(), mark);
     if (!gear_) return;
+    gear_->resetGlyphColor(gear_->symbol(), mark);
+    if (!gear_->selected()) return;
     // A spotlight behind a gear of its own kind of colour would drown it.
     const Color lit = composite(gear_->spotlight()->backgroundColor(), box);
-    gear_->resetGlyphColor(gear_->symbol(), gear_->selected() ? contrasted(box, lit) : mark);
+    gear_->resetGlyphColor(gear_->symbol(), contrasted(box, lit));
 }
 
 void QVMPowerBox::mouseDown(const Event& event) {

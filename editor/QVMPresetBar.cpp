@@ -1,6 +1,7 @@
 #include "editor/QVMPresetBar.h"
 
 #include "controls/QVMSymbolButton.h"
+#include "editor/BorderRect.h"
 #include "editor/EditorLayout.h"
 #include "editor/QVMABControl.h"
 #include "editor/QVMPresetControl.h"
@@ -13,7 +14,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr Rect undoFrame = {18, 1, 27, 27}, redoFrame = {46, 1, 27, 27};
-constexpr double toolGlyphSize = 22, lineWidth = 1; // points
+constexpr double toolGlyphSize = 22; // points
 
 } // namespace
 
@@ -21,7 +22,7 @@ QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : The
     layer()->setName("presetBar");
     edge_ = std::make_shared<Layer>();
     edge_->setName("edge");
-    edge_->setFrame({0, bounds().height - lineWidth, bounds().width, lineWidth});
+    edge_->setFrame(QVMBorderRectWithBorderSpec(bounds(), {.edge = QVMEdge::bottom}));
     layer()->addSublayer(edge_);
 
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
@@ -34,7 +35,7 @@ QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : The
     }
     ab_ = &addSubview(std::make_unique<QVMABControl>(layout.abControl));
 
-    const Color color = QVMUITheme::theme().palette.symbol;
+    const Color color = QVMUITheme::theme().symbolColor;
     undo_ = &addSubview(std::make_unique<QVMSymbolButton>(undoFrame, std::string(icons::undo), toolGlyphSize, color));
     undo_->layer()->setName("undoButton");
     undo_->setToolTip("Undo");
@@ -52,11 +53,11 @@ void QVMPresetBar::setDirty(bool dirty) {
 }
 
 void QVMPresetBar::themeUpdated() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(palette.sidePanel);
-    edge_->setBackgroundColor(palette.divider);
-    undo_->resetGlyphColor(undo_->symbol(), palette.symbol);
-    redo_->resetGlyphColor(redo_->symbol(), palette.symbol);
+    const QVMUITheme& theme = QVMUITheme::theme();
+    layer()->setBackgroundColor(theme.palette.sidePanel);
+    edge_->setBackgroundColor(theme.interiorBorderColor);
+    undo_->resetGlyphColor(undo_->symbol(), theme.symbolColor);
+    redo_->resetGlyphColor(redo_->symbol(), theme.symbolColor);
 }
 
 } // namespace QVM_NAMESPACE

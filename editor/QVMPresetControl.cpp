@@ -1,6 +1,7 @@
 #include "editor/QVMPresetControl.h"
 
 #include "description/ValueMapping.h"
+#include "editor/BorderRect.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 
@@ -47,7 +48,9 @@ std::shared_ptr<TextLayer> QVMPresetControl::addCrementerWithGlyphEdge(std::stri
 std::shared_ptr<Layer> QVMPresetControl::addDividerWithX(double x) {
     auto divider = std::make_shared<Layer>(YAxis::up);
     divider->setName("divider");
-    divider->setFrame({x, dividerInset, dividerWidth, bounds().height - 2 * dividerInset});
+    const Rect behind = {x, 0, bounds().width - x, bounds().height};
+    divider->setFrame(
+        QVMBorderRectWithBorderSpec(behind, {.edge = QVMEdge::left, .width = dividerWidth, .inset = dividerInset}));
     layer()->addSublayer(divider);
     return divider;
 }
@@ -88,7 +91,7 @@ Font QVMPresetControl::appropriateFontForValueSizeIconSize(const std::string&, d
 }
 
 QVMCycleControl::Look QVMPresetControl::lookForValue(float) const {
-    return {QVMUITheme::theme().palette.value, Color::clear(), Color::clear()};
+    return {QVMUITheme::theme().textColor, QVMCGClearColor(), QVMCGClearColor()};
 }
 
 Rect QVMPresetControl::backgroundFrame() const {
@@ -105,12 +108,12 @@ void QVMPresetControl::themeUpdated() {
 }
 
 void QVMPresetControl::styleArrows() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
     for (const auto& arrow : {inc_, dec_})
-        arrow->setString({arrow->string().string(), QVMUITheme::iconFontOfSize(arrowSize), palette.symbol});
+        arrow->setString({arrow->string().string(), QVMUITheme::iconFontOfSize(arrowSize), theme.symbolColor});
     for (const auto& divider : dividers_)
-        divider->setBackgroundColor(palette.divider);
-    arrowLight_->setBackgroundColor(palette.hover);
+        divider->setBackgroundColor(theme.interiorBorderColor);
+    arrowLight_->setBackgroundColor(theme.palette.hover);
 }
 
 void QVMPresetControl::mouseMoved(const Event& event) {

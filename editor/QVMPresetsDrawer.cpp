@@ -74,12 +74,14 @@ void QVMPresetsDrawer::setVisibility(bool visible) {
     showCurrentPreset();
 }
 
-// The base's background would hide the miniature.
+// A ground of its own would hide the miniature.
 void QVMPresetsDrawer::themeUpdated() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(Color::clear());
-    miniatureBorder_->setBorder(borderWidth, palette.trackBorder);
-    outline_->setTitleColor(contrasted(colorFrom(config().metadata->color), palette.drawer));
+    const QVMUITheme& theme = QVMUITheme::theme();
+    layer()->setBackgroundColor(QVMCGClearColor());
+    layer()->setBackgroundPattern(nullptr);
+    miniatureBorder_->setBorder(borderWidth, theme.palette.trackBorder);
+    const Color accent = theme.foregroundGivenSpecified(colorFrom(config().metadata->color));
+    outline_->setTitleColor(contrasted(accent, theme.palette.drawer));
 }
 
 bool QVMPresetsDrawer::keyDown(const Event& event) {

@@ -16,6 +16,8 @@ struct Color {
         return {r + (other.r - r) * amount, g + (other.g - g) * amount, b + (other.b - b) * amount,
                 a + (other.a - a) * amount};
     }
+    // White for black, of the same alpha.
+    constexpr Color inverted() const { return {1 - r, 1 - g, 1 - b, a}; }
     bool operator==(const Color&) const = default;
 };
 

@@ -3,6 +3,7 @@
 
 #include "description/Types.h"
 #include "platform/Color.h"
+#include "platform/Layer.h"
 
 namespace QVM_NAMESPACE {
 
@@ -12,6 +13,17 @@ inline constexpr double minimumTextContrast = 4.5;
 // A description colour; an unset one is fully transparent. Any thread, as all of this file.
 constexpr Color colorFrom(const QVMColor& color) {
     return {color.r, color.g, color.b, color.a};
+}
+
+// For what has no colour of its own: an outline's fill, a ground that lets what is behind it be seen.
+constexpr Color QVMCGClearColor() {
+    return Color::clear();
+}
+
+// The shadow of something in `ink`, whose alpha is its strength, blurred over `radius` and moved by `offset` (points, y
+// downwards).
+constexpr Shadow QVMBlur(Color ink, double radius, Point offset) {
+    return {ink, radius, offset, 1};
 }
 
 // `hex` is 0xRRGGBB.

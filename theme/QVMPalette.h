@@ -1,44 +1,55 @@
-// The colours of surfaces, lines and texts that a theme's few named colours do not reach: one table for each theme, so
-// that controls and editor agree and a change of look is a change of one file.
+// The colours that a theme's few named ones do not reach: one table for each theme, so that controls and editor agree
+// and a change of look is a change of one file.
 #pragma once
 
-#include "platform/Color.h"
+#include "theme/Colors.h"
 
 namespace QVM_NAMESPACE {
 
-// All opaque unless a comment says otherwise. Every text colour stands out from every surface by at least 4.5 to 1.
+// All opaque unless a comment says otherwise. Every text stands out by at least 4.5 to 1 from what it is written on.
 struct QVMPalette {
     // Surfaces.
-    Color panel;           // under the ordinary clumps
-    Color sidePanel;       // preset bar, output clump and advanced drawer
-    Color drawer;          // presets drawer
-    Color drawerSelection; // the chosen row in it
+    Color sidePanel;       // preset bar, output clump and the head of the advanced drawer
+    Color drawer;          // of drawers, under their pattern
+    Color drawerSelection; // the chosen row in one, whose texts are those of the other theme's ground
     Color trackFill;       // groove of a slider
     Color boxFill;         // box of a number, background of a plain cycle control
 
     // Lines.
-    Color divider;     // between clumps
     Color trackBorder; // around a groove
     Color boxBorder;   // around a box
     Color pillBorder;  // around a switch that is off
     Color tick;        // scale marks
 
-    // Texts.
-    Color heading; // clump headings, capitals
-    Color label;   // parameter labels, scale texts
-    Color value;   // numbers and names
-    Color unit;    // units beside or under them
-    Color note;    // remarks in italics
+    // Texts beside the theme's own.
+    Color unit; // beside or under a number
+    Color note; // remarks in italics
 
-    // Tool glyphs on the side panel; faded by opacity when there is nothing to do.
-    Color symbol;
     // What the meter's translucent bars shade their groove with.
     Color meterInk;
 
-    // Text and marks on an accent colour, the same in both themes.
-    Color onAccent = Color::white(1);
     // Translucent; laid over whatever the pointer is above.
     Color hover;
+
+    // The rest is the same in both themes.
+
+    // Labels as they were drawn, before a theme inverts them.
+    Color headingInk = Color::white(0.18f); // clump headings, capitals
+    Color labelInk = Color::white(0.34f);   // parameter labels, scale texts
+
+    // On the product's colour and on those of parameters; each use has its own alpha.
+    Color onAccent = Color::white(1); // texts and marks
+    Color glow = Color::white(1);     // what lights a button up
+    Color shade = Color::white(0);    // what darkens: wells, shadows, a handle under the pointer
+    // What glyphs are to stand out from while a light is on: nearly the lightest that it makes of the product's colour.
+    Color litGround = Color::white(0.65f);
+
+    // Menus and tooltips.
+    Color menu = colorFromHex(0x2A2526, 0.97f);
+    Color menuBorder = Color::white(1, 0.19f);
+    Color menuText = colorFromHex(0xEDE9E8);
+    Color menuHeading = colorFromHex(0xEDE9E8, 0.6f);
+    Color menuMark = colorFromHex(0x8E4E55); // under the chosen item
 
     static const QVMPalette& light();
     static const QVMPalette& dark();

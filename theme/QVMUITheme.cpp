@@ -45,11 +45,6 @@ std::shared_ptr<const Image> pngNamed(const char* name) {
     return Image::fromPng(BundleResources::current().find(name, "png"));
 }
 
-const QVMUITheme*& currentTheme() {
-    static const QVMUITheme* current = &QVMUITheme::light();
-    return current;
-}
-
 } // namespace
 
 Font ExternalFontNamed(const std::string& name, double size) {
@@ -91,13 +86,18 @@ const QVMUITheme& QVMUITheme::dark() {
     return theme;
 }
 
+const QVMUITheme*& QVMUITheme::current() {
+    static const QVMUITheme* theme = &light();
+    return theme;
+}
+
 const QVMUITheme& QVMUITheme::theme() {
     cachedFonts();
-    return *currentTheme();
+    return *current();
 }
 
 const QVMUITheme& QVMUITheme::toggleThemeForWindow(Window* window) {
-    currentTheme() = currentTheme() == &dark() ? &light() : &dark();
+    current() = current() == &dark() ? &light() : &dark();
     NotificationCenter::defaultCenter().post(updatedNotification, window);
     return theme();
 }

@@ -16,6 +16,7 @@
 namespace QVM_NAMESPACE {
 
 class Window;
+class ScopedTheme;
 
 // A picture that fills a layer by repetition, one image pixel a point; null where the picture is missing.
 using Pattern = std::shared_ptr<const Image>;
@@ -53,17 +54,23 @@ public:
 
     // A control's own colour, or the text colour in a theme that does not let controls bring theirs.
     Color foregroundGivenSpecified(Color specified) const { return useSpecifiedForeground ? specified : textColor; }
+    // What a label shows that was drawn in `ink`.
+    Color labelColorGivenInk(Color ink) const { return invertLabels ? ink.inverted() : ink; }
 
-    Color textColor;
-    Color subtleTextColor;
-    Color symbolColor;
-    Color backgroundColor;
-    Pattern backgroundPattern;
-    Color interiorBorderColor;
+    Color textColor;           // values and names
+    Color subtleTextColor;     // what stands beside the chosen name, on a ground of the other theme's kind
+    Color symbolColor;         // glyphs
+    Color backgroundColor;     // the ground under the controls
+    Pattern backgroundPattern; // of drawers
+    Color interiorBorderColor; // dividers; translucent
     bool useSpecifiedForeground = true;
     bool invertLabels = false;
     Font iconFont;      // 22 points
-    QVMPalette palette; // surfaces, lines and texts beyond the above
+    QVMPalette palette; // what the above leave open
+
+private:
+    friend class ScopedTheme;
+    static const QVMUITheme*& current();
 };
 
 } // namespace QVM_NAMESPACE

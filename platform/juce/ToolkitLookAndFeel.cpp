@@ -1,13 +1,13 @@
 #include "platform/juce/ToolkitLookAndFeel.h"
 
+#include "platform/juce/Conversions.h"
 #include "platform/juce/FaceTypeface.h"
+#include "theme/QVMUITheme.h"
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr juce::uint32 menuColour = 0xF82A2526, edgeColour = 0x30FFFFFF, textColour = 0xFFEDE9E8,
-                       headColour = 0x99EDE9E8, markColour = 0xFF8E4E55;
 constexpr int menuMargin = 5; // above the first item and below the last
 constexpr float menuTextPoints = 13, tooltipPoints = 12;
 constexpr int tooltipMargin = 6, tooltipBelowPointer = 20;
@@ -17,11 +17,12 @@ constexpr float tooltipWidth = 260;
 
 ToolkitLookAndFeel::ToolkitLookAndFeel(FaceLibrary& faces) : faces_(faces) {
     using Id = juce::PopupMenu::ColourIds;
-    setColour(Id::backgroundColourId, juce::Colour(menuColour));
-    setColour(Id::textColourId, juce::Colour(textColour));
-    setColour(Id::headerTextColourId, juce::Colour(headColour));
-    setColour(Id::highlightedBackgroundColourId, juce::Colour(markColour));
-    setColour(Id::highlightedTextColourId, juce::Colours::white);
+    const QVMPalette& palette = QVMUITheme::theme().palette; // of menus the same in both themes
+    setColour(Id::backgroundColourId, toToolkit(palette.menu));
+    setColour(Id::textColourId, toToolkit(palette.menuText));
+    setColour(Id::headerTextColourId, toToolkit(palette.menuHeading));
+    setColour(Id::highlightedBackgroundColourId, toToolkit(palette.menuMark));
+    setColour(Id::highlightedTextColourId, toToolkit(palette.onAccent));
 }
 
 juce::Typeface::Ptr ToolkitLookAndFeel::getTypefaceForFont(const juce::Font& font) {
@@ -38,13 +39,13 @@ int ToolkitLookAndFeel::getPopupMenuBorderSize() {
 
 void ToolkitLookAndFeel::drawPopupMenuBackground(juce::Graphics& g, int width, int height) {
     g.fillAll(findColour(juce::PopupMenu::backgroundColourId));
-    g.setColour(juce::Colour(edgeColour));
+    g.setColour(toToolkit(QVMUITheme::theme().palette.menuBorder));
     g.drawRect(0, 0, width, height);
 }
 
 juce::TextLayout ToolkitLookAndFeel::layOutTooltip(const juce::String& text) const {
     juce::AttributedString styled;
-    styled.append(text, juce::Font().withPointHeight(tooltipPoints), juce::Colour(textColour));
+    styled.append(text, juce::Font().withPointHeight(tooltipPoints), toToolkit(QVMUITheme::theme().palette.menuText));
     juce::TextLayout layout;
     layout.createLayoutWithBalancedLineLengths(styled, tooltipWidth);
     return layout;

@@ -103,7 +103,7 @@ TEST(QVMBooleanControl, Style3IsWhiteOnABoxWhenOff) {
         EXPECT_EQ(s.text(), Color::white(1, 0.5f));
         EXPECT_EQ(s.background().a, 1);
         EXPECT_EQ(s.control.bg()->opacity(), 1);
-        EXPECT_GE(contrastOn(QVMUITheme::theme().palette.panel, s), kSeen) << "the box is dark enough for white";
+        EXPECT_GE(contrastOn(QVMUITheme::theme().backgroundColor, s), kSeen) << "the box is dark enough for white";
     }
 }
 
@@ -175,7 +175,7 @@ TEST(QVMBooleanControl, WhereItIsClearItsOutlineIsSeenInBothThemes) {
             Switch s(style);
             s.set(0);
             EXPECT_TRUE(s.isOutlined());
-            EXPECT_GE(contrastRatio(s.control.bg()->borderColor(), QVMUITheme::theme().palette.panel), kSeen) << style;
+            EXPECT_GE(contrastRatio(s.control.bg()->borderColor(), QVMUITheme::theme().backgroundColor), kSeen) << style;
         }
     }
 }

@@ -152,7 +152,7 @@ TEST_F(QVMGridControlTest, FollowsTheThemeAndStaysLegible) {
     const DarkTheme dark;
     EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
     EXPECT_GE(contrast(), minimumTextContrast);
-    EXPECT_GE(contrastRatio(control.current()->backgroundColor(), QVMUITheme::dark().palette.panel), 1.5)
+    EXPECT_GE(contrastRatio(control.current()->backgroundColor(), QVMUITheme::dark().backgroundColor), 1.5)
         << "the square that is taken is seen among the others";
 }
 

@@ -120,7 +120,7 @@ TEST_F(QVMNoteSliderTest, SymbolsAreLegibleInBothThemes) {
     };
     check();
     const DarkTheme dark;
-    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
+    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().backgroundColor);
     check();
 }
 

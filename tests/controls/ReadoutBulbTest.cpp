@@ -57,7 +57,7 @@ TEST(ReadoutBulb, IsDarkEnoughForItsUnitToBeRead) {
     const ReadoutBulb bulb(colorFromHex(0x938586), BulbPointer::none);
     const Color fill = bulb.background()->fillColor();
     EXPECT_NE(fill, colorFromHex(0x938586));
-    EXPECT_GE(contrastRatio(composite(readoutUnitColor, fill), fill), minimumTextContrast);
+    EXPECT_GE(contrastRatio(composite(readoutUnitColor(), fill), fill), minimumTextContrast);
 }
 
 TEST(ReadoutBulb, TheCaretFollowsTheTypedText) {

@@ -1,7 +1,9 @@
 // Whether everything that is written in the editor can be read on what it stands on, in both themes.
 #include "EditorFixture.h"
 
+#include "editor/OutlineView.h"
 #include "editor/QVMClumpsView.h"
+#include "editor/QVMPresetsDrawer.h"
 #include "platform/LayerGeometry.h"
 #include "platform/ShapeLayer.h"
 #include "platform/TextLayer.h"
@@ -27,26 +29,28 @@ public:
         double least;
     };
 
-    void walk(const Layer& layer, const AffineTransform& toRoot, double opacity) {
+    void walk(const Layer& layer, const AffineTransform& toRoot, double opacity, Rect clip = everywhere) {
         if (layer.isHidden()) return;
         const PresentedLayer presented = layer.presentation();
         const double seen = opacity * presented.opacity;
         if (seen <= 0) return;
         const Rect box = {0, 0, presented.bounds.width, presented.bounds.height};
         addGround(toRoot.apply(box), presented.backgroundColor, seen);
+        if (layer.masksToBounds()) clip = clip.intersectionWith(toRoot.apply(box));
         const AffineTransform own = ownToBox(layer.yAxis(), presented.bounds).then(toRoot);
         if (const auto* shape = dynamic_cast<const ShapeLayer*>(&layer))
             addGround(own.apply(shape->path().bounds()), shape->fillColor(), seen);
-        if (seen >= 1) note(layer, toRoot.apply(box));
+        if (seen >= 1 && clip.contains(toRoot.apply(box).center())) note(layer, toRoot.apply(box));
         for (const auto& sublayer : layer.sublayers())
             walk(*sublayer,
                  boxToSuperBox(sublayer->presentation(), sublayer->anchorPoint(), layer.yAxis(), presented.bounds)
                      .then(toRoot),
-                 seen);
+                 seen, clip);
     }
     const std::vector<Finding>& findings() const { return findings_; }
 
 private:
+    static constexpr Rect everywhere = {-1e4, -1e4, 2e4, 2e4};
     struct Ground {
         Rect rect;
         Color color;
@@ -145,12 +149,26 @@ TEST_P(EditorContrast, ValuesUnderThePointerCanBeRead) {
     }
 }
 
+TEST_P(EditorContrast, PresetsCanBeRead) {
+    ui_->togglePresetsDrawer();
+    time_.advance(1);
+    for (const auto& [preset, note] :
+         {std::pair{14u, "Typical large diaphragm condenser"}, std::pair{22u, "Tiny, modern cellphone loudspeaker"}}) {
+        ui_->presetDrawer()->outline().select(preset);
+        const auto found = findings();
+        EXPECT_TRUE(std::any_of(found.begin(), found.end(), [sought = note](const auto& finding) {
+            return finding.what.find(sought) != std::string::npos;
+        })) << note;
+        expectLegible();
+    }
+}
+
 // The check itself: text on its own colour, and on a colour close to it, is found.
 TEST_P(EditorContrast, FindsATextThatCannotBeRead) {
     auto text = std::make_shared<TextLayer>();
     text->setName("faint");
     text->setFrame({100, 100, 60, 20});
-    text->setString({"faint", QVMUITheme::unitFontOfSize(12), QVMUITheme::theme().palette.panel});
+    text->setString({"faint", QVMUITheme::unitFontOfSize(12), QVMUITheme::theme().backgroundColor});
     ui_->clumpsView()->layer()->addSublayer(text);
     const auto found = findings();
     const auto faint =

@@ -31,20 +31,5 @@ TEST(LabelLayer, FallsBackToTextInCapitals) {
     }
 }
 
-TEST(SituatedRect, FitsAnImageInAndKeepsItsProportions) {
-    const Size image{200, 100};
-    const Rect box{0, 0, 100, 20};
-    EXPECT_EQ(SituatedRectInsideRectForImage(box, image, 1, QVMLabelAlignment::left), (Rect{0, 0, 40, 20}));
-    EXPECT_EQ(SituatedRectInsideRectForImage(box, image, 1, QVMLabelAlignment::center), (Rect{30, 0, 40, 20}));
-    EXPECT_EQ(SituatedRectInsideRectForImage(box, image, 1, QVMLabelAlignment::right), (Rect{60, 0, 40, 20}));
-    // Never larger than the image is.
-    EXPECT_EQ(SituatedRectInsideRectForImage(box, image, 10, QVMLabelAlignment::left), (Rect{0, 5, 20, 10}));
-}
-
-TEST(SituatedRect, AnEmptyBoxOrImageGivesNoArea) {
-    EXPECT_TRUE(SituatedRectInsideRectForImage({1, 2, 0, 0}, {200, 100}, 1, QVMLabelAlignment::left).isEmpty());
-    EXPECT_TRUE(SituatedRectInsideRectForImage({1, 2, 10, 10}, Size{}, 1, QVMLabelAlignment::left).isEmpty());
-}
-
 } // namespace
 } // namespace QVM_NAMESPACE

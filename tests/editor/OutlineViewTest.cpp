@@ -1,5 +1,6 @@
 #include "editor/OutlineView.h"
 
+#include "platform/TextLayer.h"
 #include "platform/VirtualTime.h"
 #include "platform/Window.h"
 
@@ -43,11 +44,41 @@ protected:
         return *outline_->layer();
     }
 
+    Color colorOf(const std::string& words) {
+        for (const auto& sublayer : outline_->layer()->sublayers().front()->sublayers()) {
+            const auto* text = dynamic_cast<const TextLayer*>(sublayer.get());
+            if (text && text->string().string() == words) return text->string().runs.front().color;
+        }
+        ADD_FAILURE() << "no text " << words;
+        return {};
+    }
+
     VirtualTime time_;
     Window window_;
     OutlineView* outline_ = nullptr;
     std::vector<std::uint32_t> chosen_;
 };
+
+TEST_F(OutlineViewTest, TheChosenRowsTextsAreThoseOfTheOtherThemesGround) {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    outline_->select(3);
+    EXPECT_EQ(colorOf("Leaf 3"), theme.backgroundColor);
+    EXPECT_EQ(colorOf("a note"), theme.subtleTextColor);
+    EXPECT_EQ(colorOf("Leaf 4"), theme.textColor);
+    outline_->select(4);
+    EXPECT_EQ(colorOf("Leaf 3"), theme.textColor);
+    EXPECT_EQ(colorOf("a note"), theme.palette.note);
+    EXPECT_EQ(colorOf("Leaf 4"), theme.backgroundColor);
+    outline_->select(std::nullopt);
+    EXPECT_EQ(colorOf("Leaf 4"), theme.textColor);
+}
+
+TEST_F(OutlineViewTest, AChosenRowThatIsFoldedAwayComesBackAsChosen) {
+    outline_->select(3);
+    outline_->setExpanded(0, false);
+    outline_->setExpanded(0, true);
+    EXPECT_EQ(colorOf("Leaf 3"), QVMUITheme::theme().backgroundColor);
+}
 
 TEST_F(OutlineViewTest, AClickChoosesALeafAlsoTheOneThatIsSelected) {
     const Point at = outline_->frameOfLeaf(1).center();

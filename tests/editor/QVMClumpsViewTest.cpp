@@ -25,6 +25,7 @@ TEST_F(QVMClumpsViewTest, APanelLiesUnderEachClump) {
     ASSERT_EQ(layersNamed(view, "panel:Tilt").size(), 1u);
     EXPECT_EQ(layersNamed(view, "panel:Tilt").front()->frame(), (Rect{0, 0, 321, 174}));
     EXPECT_EQ(layersNamed(view, "panel:Output").front()->backgroundColor(), QVMPalette::light().sidePanel);
+    EXPECT_FALSE(view.layer()->backgroundPattern()) << "only drawers have one";
     EXPECT_FALSE(view.advanced());
 }
 
@@ -33,7 +34,7 @@ TEST_F(QVMClumpsViewTest, LinesPartThePanels) {
     const auto dividers = layersNamed(view, "divider");
     ASSERT_EQ(dividers.size(), 3u);
     EXPECT_EQ(dividers[1]->frame(), (Rect{0, 174, 321, 1})); // between tilt and filter
-    EXPECT_EQ(dividers[1]->backgroundColor(), QVMPalette::light().divider);
+    EXPECT_EQ(dividers[1]->backgroundColor(), QVMUITheme::light().interiorBorderColor);
 }
 
 TEST_F(QVMClumpsViewTest, InsetsCutThePanelsAndLeaveTheLines) {
@@ -45,11 +46,15 @@ TEST_F(QVMClumpsViewTest, InsetsCutThePanelsAndLeaveTheLines) {
     EXPECT_EQ(layersNamed(view, "panel:Tilt").front()->frame(), (Rect{0, 0, 321, 174}));
 }
 
-TEST_F(QVMClumpsViewTest, TheAdvancedAreaIsOneSurfaceWithABanner) {
+TEST_F(QVMClumpsViewTest, TheAdvancedAreaIsADrawersGroundWithAHeaderAndABanner) {
     const QVMClumpsView view({480, 0, 200, 320}, *config_, ClumpsArea::advanced);
     EXPECT_TRUE(view.advanced());
-    EXPECT_EQ(view.layer()->backgroundColor(), QVMPalette::light().sidePanel);
-    ASSERT_EQ(view.layer()->sublayers().size(), 2u); // a line along the top, and the banner
+    EXPECT_EQ(view.layer()->backgroundColor(), QVMPalette::light().drawer);
+    EXPECT_EQ(view.layer()->backgroundPattern(), QVMUITheme::light().backgroundPattern);
+    ASSERT_EQ(view.layer()->sublayers().size(), 3u); // the header, the banner in it, and a line along the top
+    const Layer* header = layersNamed(view, "header").front();
+    EXPECT_EQ(header->frame(), (Rect{0, 0, 200, 30}));
+    EXPECT_EQ(header->backgroundColor(), QVMPalette::light().sidePanel);
     EXPECT_EQ(layersNamed(view, "divider").front()->frame(), (Rect{0, 0, 200, 1}));
     EXPECT_EQ(layersNamed(view, "label:").front()->frame(), (Rect{0, 0, 200, 30}));
 }
@@ -66,10 +71,12 @@ TEST_F(QVMClumpsViewTest, FollowsTheTheme) {
     Window window;
     QVMClumpsView& view = window.setContentView(std::make_unique<QVMClumpsView>(frame_, *config_));
     QVMUITheme::toggleThemeForWindow(&window);
-    EXPECT_EQ(view.layer()->backgroundColor(), QVMPalette::dark().panel);
-    EXPECT_EQ(layersNamed(view, "divider").front()->backgroundColor(), QVMPalette::dark().divider);
+    EXPECT_EQ(view.layer()->backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(layersNamed(view, "panel:Tilt").front()->backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(layersNamed(view, "panel:Output").front()->backgroundColor(), QVMPalette::dark().sidePanel);
+    EXPECT_EQ(layersNamed(view, "divider").front()->backgroundColor(), QVMUITheme::dark().interiorBorderColor);
     QVMUITheme::toggleThemeForWindow(&window);
-    EXPECT_EQ(view.layer()->backgroundColor(), QVMPalette::light().panel);
+    EXPECT_EQ(view.layer()->backgroundColor(), QVMUITheme::light().backgroundColor);
 }
 
 } // namespace

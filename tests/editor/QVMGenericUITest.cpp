@@ -118,7 +118,7 @@ TEST_F(QVMGenericUITest, AThemeChosenInOneWindowRecoloursTheEditorInAnother) {
     QVMGenericUI& other = otherWindow.setContentView(std::move(made));
     ui_->toggleUITheme();
     EXPECT_EQ(other.clumpsView()->layer()->backgroundColor(), ui_->clumpsView()->layer()->backgroundColor());
-    EXPECT_EQ(other.clumpsView()->layer()->backgroundColor(), QVMUITheme::dark().palette.panel);
+    EXPECT_EQ(other.clumpsView()->layer()->backgroundColor(), QVMUITheme::dark().backgroundColor);
     EXPECT_EQ(other.presetBar()->layer()->backgroundColor(), QVMUITheme::dark().palette.sidePanel);
 }
 

@@ -48,9 +48,9 @@ TEST_F(QVMPresetBarTest, IsCleanAtFirstAndDrawsTheNameOfAChangedPresetAsInaccura
 TEST_F(QVMPresetBarTest, TheNameStaysLegibleWhenItIsInaccurate) {
     bar_.setDirty(true);
     const auto opacity = static_cast<float>(name().value()->opacity());
-    for (const QVMPalette* palette : {&QVMPalette::light(), &QVMPalette::dark()}) {
-        const Color seen = composite(palette->value.withAlpha(opacity), palette->sidePanel);
-        EXPECT_GE(contrastRatio(seen, palette->sidePanel), minimumTextContrast);
+    for (const QVMUITheme* theme : {&QVMUITheme::light(), &QVMUITheme::dark()}) {
+        const Color bar = theme->palette.sidePanel, seen = composite(theme->textColor.withAlpha(opacity), bar);
+        EXPECT_GE(contrastRatio(seen, bar), minimumTextContrast);
     }
 }
 

@@ -142,15 +142,6 @@ TEST_F(QVMPresetsDrawerTest, ItsLineStandsAroundTheMiniature) {
     EXPECT_LE(drawer_->outline().frame().maxX(), QVMPresetsDrawer::miniatureFrame.minX());
 }
 
-TEST_F(QVMPresetsDrawerTest, ItsTextsAreLegibleOnTheGroundAndOnTheMark) {
-    for (const QVMPalette* palette : {&QVMPalette::light(), &QVMPalette::dark()}) {
-        for (const Color ground :
-             {palette->drawer, palette->drawerSelection, composite(palette->hover, palette->drawer)})
-            for (const Color text : {palette->value, palette->note})
-                EXPECT_GE(contrastRatio(text, ground), minimumTextContrast);
-    }
-}
-
 TEST_F(QVMPresetsDrawerTest, WithRestrictionsThatExcludeTheChannelsAnItemIsMissing) {
     QVMPresetStructure presets{
         {{"General",

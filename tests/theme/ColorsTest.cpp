@@ -10,6 +10,16 @@ TEST(Colors, ConvertsAColourOfTheDescription) {
     EXPECT_EQ(colorFrom(QVMColor{}), Color::clear());
 }
 
+TEST(Colors, InvertingLeavesTheAlpha) {
+    EXPECT_EQ(Color::white(0, 0.3f).inverted(), Color::white(1, 0.3f));
+    EXPECT_EQ((Color{1, 0.25f, 0, 1}).inverted(), (Color{0, 0.75f, 1, 1}));
+}
+
+TEST(Colors, AShadowTakesItsStrengthFromItsInk) {
+    EXPECT_EQ(QVMCGClearColor(), (Color{0, 0, 0, 0}));
+    EXPECT_EQ(QVMBlur(Color::white(0, 0.2f), 3, {1, 2}), (Shadow{Color::white(0, 0.2f), 3, {1, 2}, 1}));
+}
+
 TEST(Colors, CompositesOverAnOpaqueColour) {
     const Color half = composite(Color::white(1, 0.5f), Color::white(0));
     EXPECT_FLOAT_EQ(half.r, 0.5f);

@@ -89,6 +89,18 @@ TEST(QVMUITheme, DarkHasItsColours) {
     EXPECT_TRUE(dark.backgroundPattern);
 }
 
+TEST(QVMUITheme, EachHasItsOwnPattern) {
+    const auto named = [](const char* name) { return *Image::fromPng(BundleResources::current().find(name, "png")); };
+    EXPECT_EQ(QVMUITheme::light().backgroundPattern->pixels, named("noised-ottoman").pixels);
+    EXPECT_EQ(QVMUITheme::dark().backgroundPattern->pixels, named("noise_dark").pixels);
+}
+
+TEST(QVMUITheme, LabelsAreInvertedWhereTheThemeSaysSo) {
+    const Color ink = {0.1f, 0.2f, 0.3f, 0.5f};
+    EXPECT_EQ(QVMUITheme::light().labelColorGivenInk(ink), ink);
+    EXPECT_EQ(QVMUITheme::dark().labelColorGivenInk(ink), (Color{0.9f, 0.8f, 0.7f, 0.5f}));
+}
+
 TEST(QVMUITheme, ForegroundIsTheSpecifiedColourUnlessTheThemeForbidsIt) {
     QVMUITheme theme = QVMUITheme::light();
     const Color red = colorFromHex(0xFF0000);

@@ -11,8 +11,8 @@ constexpr double kGlyphSize = 22, kSmallGlyphSize = 18, kSmallButton = 36, kRead
 constexpr const char* kReading = "-12.4";
 
 Color colorOn(ExhibitSurface surface) {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    return surface == ExhibitSurface::accent ? palette.onAccent : palette.symbol;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    return surface == ExhibitSurface::accent ? theme.palette.onAccent : theme.symbolColor;
 }
 
 std::unique_ptr<QVMSymbolButton> makeButton(const ExhibitRow& row, const Rect& bounds) {

@@ -118,13 +118,14 @@ bool GalleryView::performKeyEquivalent(const Event& event) {
 }
 
 void GalleryView::redraw() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(palette.panel);
+    const QVMUITheme& theme = QVMUITheme::theme();
+    layer()->setBackgroundColor(theme.backgroundColor);
     for (const auto& bar : {header_, footer_})
-        bar->setBackgroundColor(palette.sidePanel);
+        bar->setBackgroundColor(theme.palette.sidePanel);
     for (const auto& line : {headerLine_, footerLine_})
-        line->setBackgroundColor(palette.divider);
-    statusText_->setString({status_, QVMUITheme::unitFontOfSize(kStatusSize), palette.label});
+        line->setBackgroundColor(theme.interiorBorderColor);
+    statusText_->setString(
+        {status_, QVMUITheme::unitFontOfSize(kStatusSize), theme.labelColorGivenInk(theme.palette.labelInk)});
     theme_->setFloatValue(isDark() ? 1 : 0);
 }
 

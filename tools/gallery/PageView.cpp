@@ -101,13 +101,14 @@ void PageView::addText(const std::string& text, const Rect& frame, bool isTitle)
 }
 
 void PageView::redraw() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(palette.panel);
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
+    layer()->setBackgroundColor(theme.backgroundColor);
     for (const Text& text : texts_) {
         AttributedString shown(text.text,
                                text.isTitle ? QVMUITheme::unitFontOfSize(kTitleSize)
                                             : QVMUITheme::italicFontOfSize(kCaptionSize),
-                               text.isTitle ? palette.heading : palette.note);
+                               text.isTitle ? theme.labelColorGivenInk(palette.headingInk) : palette.note);
         if (text.isTitle) shown.runs.front().kern = kTitleKern;
         text.layer->setString(shown);
     }

@@ -69,15 +69,17 @@ double SignalView::correlation() const {
 }
 
 void SignalView::setBar(const Bar& bar, double from, double to, const std::string& reading) {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
     const Rect track = bar.track->frame();
     bar.track->setBackgroundColor(palette.trackFill);
     bar.track->setBorder(1, palette.trackBorder);
     bar.fill->setBackgroundColor(galleryAccent);
     bar.fill->setFrame(
         {track.x + track.width * std::min(from, to), track.y, track.width * std::abs(to - from), track.height});
-    bar.label->setString({bar.label->name(), QVMUITheme::unitFontOfSize(12), palette.label});
-    bar.reading->setString({reading, QVMUITheme::appropriateFontForValueSizeIconSize(reading, 14, 0), palette.value});
+    bar.label->setString(
+        {bar.label->name(), QVMUITheme::unitFontOfSize(12), theme.labelColorGivenInk(palette.labelInk)});
+    bar.reading->setString({reading, QVMUITheme::appropriateFontForValueSizeIconSize(reading, 14, 0), theme.textColor});
 }
 
 void SignalView::redraw() {

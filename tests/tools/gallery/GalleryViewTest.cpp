@@ -144,7 +144,7 @@ TEST_F(GalleryViewTest, TheThemeSwitchChangesTheThemeAndFollowsIt) {
     const Point themeSwitch{GalleryView::size.width - 60, 23};
     click(themeSwitch);
     EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());
-    EXPECT_EQ(view->pageView().layer()->backgroundColor(), QVMUITheme::dark().palette.panel);
+    EXPECT_EQ(view->pageView().layer()->backgroundColor(), QVMUITheme::dark().backgroundColor);
     QVMUITheme::toggleThemeForWindow(nullptr);
     click(themeSwitch);
     EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());
