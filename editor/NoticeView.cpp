@@ -59,14 +59,16 @@ void NoticeView::layOut() {
 }
 
 void NoticeView::themeUpdated() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
     layer()->setBackgroundColor(palette.drawer);
     layer()->setBorder(borderWidth, palette.boxBorder);
-    AttributedString head(capitals(what_), QVMUITheme::unitFontOfSize(headSize), palette.heading);
+    AttributedString head(capitals(what_), QVMUITheme::unitFontOfSize(headSize),
+                          theme.labelColorGivenInk(palette.headingInk));
     head.runs.front().kern = headKern;
     head_->setString(head);
     line_->setString(AttributedString(why_, QVMUITheme::appropriateFontForValueSizeIconSize(why_, lineSize, lineSize),
-                                      palette.value));
+                                      theme.textColor));
 }
 
 } // namespace QVM_NAMESPACE

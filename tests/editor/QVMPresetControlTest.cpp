@@ -181,7 +181,7 @@ TEST_F(QVMPresetControlTest, TheArrowUnderThePointerIsLit) {
 }
 
 TEST_F(QVMPresetControlTest, TheNameHasTheColourOfAValueAndNoCapsule) {
-    EXPECT_EQ(control_->value()->string().runs.front().color, QVMUITheme::theme().palette.value);
+    EXPECT_EQ(control_->value()->string().runs.front().color, QVMUITheme::theme().textColor);
     EXPECT_EQ(control_->bg()->backgroundColor().a, 0);
 }
 
