@@ -88,7 +88,7 @@ OSStatus QVM0015_AudioUnit::prepare(double sampleRateHz, std::uint32_t maxFrames
     chanIn_ = chanIn;
     chanOut_ = chanOut;
     path_.prepare(sampleRateHz, chanIn, chanOut, renderSettings());
-    viz_.postLevels(path_.blockPeaks());
+    viz_.postLevels(path_.blockPeaks(), 0);
     return noErr;
 }
 
@@ -104,7 +104,7 @@ template <class Sample>
 void QVM0015_AudioUnit::render(const Sample* const* in, Sample* const* out, std::uint32_t frames) {
     if (frames == 0) return;
     path_.process(in, out, frames, renderSettings());
-    viz_.postLevels(path_.blockPeaks());
+    viz_.postLevels(path_.blockPeaks(), frames / sampleRateHz_.load(std::memory_order_relaxed));
 }
 
 RenderSettings QVM0015_AudioUnit::renderSettings() const {
@@ -133,11 +133,6 @@ OSStatus QVM0015_AudioUnit::setPresetName(const std::string* name) {
     const OSStatus status = settings_.setPresetName(name);
     if (status == noErr && presetIndex() != was && presetNameHandler_) presetNameHandler_();
     return status;
-}
-
-void QVM0015_AudioUnit::resetMeters() {
-    inputMeter().reset();
-    outputMeter().reset();
 }
 
 std::vector<std::uint8_t> QVM0015_AudioUnit::saveState() const {
@@ -225,7 +220,7 @@ OSStatus QVM0015_AudioUnit::setProperty(AudioUnitPropertyID id, AudioUnitScope, 
         break;
     case kQVMProperty_ResetMeters:
         if (taken<std::uint32_t>(data) != 1) return kAudioUnitErr_InvalidPropertyValue;
-        resetMeters();
+        viz_.resetLevels();
         break;
     case kQVMProperty_CloseViz:
         if (taken<std::uint32_t>(data) != 1) return kAudioUnitErr_InvalidPropertyValue;

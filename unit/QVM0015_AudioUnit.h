@@ -37,10 +37,6 @@ public:
     void process(const float* const* in, float* const* out, std::uint32_t frames);
     void process(const double* const* in, double* const* out, std::uint32_t frames);
 
-    // Peaks at the unit's input and output, for one reader on any thread.
-    Meter& inputMeter() { return path_.inputMeter(); }
-    Meter& outputMeter() { return path_.outputMeter(); }
-
     // Everything that is saved, as bytes; equal settings give equal bytes. Any thread but the render thread.
     std::vector<std::uint8_t> saveState() const;
     // All of the state, or nothing of it when the result is not ok. Listeners are not told. Any thread but the render
@@ -78,7 +74,6 @@ private:
     void render(const Sample* const* in, Sample* const* out, std::uint32_t frames);
     RenderSettings renderSettings() const;
     MeterMode meterMode() const;
-    void resetMeters();
     OSStatus setPresetName(const std::string* name);
 
     UnitParameters parameters_;

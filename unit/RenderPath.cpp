@@ -31,8 +31,6 @@ void RenderPath::prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_
     bypass_.prepare(sampleRateHz, settings.master);
     equaliser_.prepare(sampleRateHz, settings.equaliser);
     blockPeaks_.fill(0);
-    inputMeter_.reset();
-    outputMeter_.reset();
 }
 
 template <class Sample>
@@ -60,7 +58,6 @@ void RenderPath::read(const Sample* const* in, std::uint32_t offset, std::uint32
         } else {
             std::fill_n(dry[channel].begin(), frames, Sample(0));
         }
-        inputMeter_.add(channel, peakOf(dry[channel].data(), frames));
     }
     for (std::uint32_t channel = chanIn_; channel < chanOut_; ++channel) {
         if (channel > 0) {
@@ -110,17 +107,14 @@ bool RenderPath::equalise(const Frames<Sample>& signal, std::uint32_t frames, co
 template <class Sample>
 void RenderPath::addPeaks(const Frames<Sample>& dry, const Frames<Sample>& wet, std::uint32_t frames, MeterMode mode) {
     for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
-        const float after = peakOf(wet[channel].data(), frames);
-        outputMeter_.add(channel, after);
-        float shown = after;
-        if (mode == MeterMode::pre) shown = peakOf(dry[channel].data(), frames);
+        std::array<Sample, stretch> difference;
+        const Sample* shown = mode == MeterMode::pre ? dry[channel].data() : wet[channel].data();
         if (mode == MeterMode::difference) {
-            std::array<Sample, stretch> difference;
             for (std::uint32_t i = 0; i < frames; ++i)
                 difference[i] = wet[channel][i] - dry[channel][i];
-            shown = peakOf(difference.data(), frames);
+            shown = difference.data();
         }
-        blockPeaks_[channel] = std::max(blockPeaks_[channel], shown);
+        blockPeaks_[channel] = std::max(blockPeaks_[channel], peakOf(shown, frames));
     }
 }
 

@@ -1,5 +1,5 @@
-// The way of the audio through the unit: input, equaliser, output gain, master switch, output, with a peak meter at
-// either end.
+// The way of the audio through the unit: input, equaliser, output gain, master switch, output, and the peaks of what
+// the level meter is to show.
 //
 // Blocks are worked off in short stretches whose inputs are all read before any output is written. So a block may be of
 // any length, and inputs and outputs may be the same memory in any order. Render thread, except where a function says
@@ -8,7 +8,6 @@
 
 #include "unit/BypassFade.h"
 #include "unit/GainRamp.h"
-#include "unit/Meter.h"
 #include "unit/dsp/Equaliser.h"
 
 #include <array>
@@ -33,8 +32,8 @@ class RenderPath {
 public:
     static constexpr std::uint32_t maxChannels = 2;
 
-    // Not while a render call is running, and not on the render thread. Everything stands at its target at once; both
-    // meters are at 0.
+    // Not while a render call is running, and not on the render thread. Everything stands at its target at once; the
+    // peaks are 0.
     void prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_t chanOut, const RenderSettings& settings);
 
     // `in` and `out` hold a pointer for each channel of the prepared configuration. A missing input is silence, a
@@ -43,8 +42,6 @@ public:
     template <class Sample>
     void process(const Sample* const* in, Sample* const* out, std::uint32_t frames, const RenderSettings& settings);
 
-    Meter& inputMeter() { return inputMeter_; }
-    Meter& outputMeter() { return outputMeter_; }
     // The largest absolute samples of the last block of what the level meter is to show, one for each output.
     std::span<const float> blockPeaks() const { return {blockPeaks_.data(), chanOut_}; }
 
@@ -72,8 +69,6 @@ private:
     bool isEqualising_ = false;                         // it heard the signal up to now
     std::array<double, maxChannels * stretch> pairs_{}; // the equaliser's work
     std::array<float, maxChannels> blockPeaks_{};       // amplitudes
-    Meter inputMeter_;
-    Meter outputMeter_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -13,6 +13,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr QVMFloat32Range meterRange = {-96, 12}; // dB
+// A host may be so much late with the next block, or work some of them off at once, before it counts as stopped.
+constexpr double hostPatience = 0.25; // seconds
 
 } // namespace
 
@@ -21,9 +23,13 @@ VizLink::VizLink(const UnitParameters& parameters) : parameters_(parameters) {
         descriptions_[pid] = GetParameter(pid);
 }
 
-void VizLink::exchange(PBGLSketchAbstract* vizRef) {
+void VizLink::enter() {
     while (!tryEnter())
         std::this_thread::yield();
+}
+
+void VizLink::exchange(PBGLSketchAbstract* vizRef) {
+    enter();
     vizRef_ = vizRef;
     isNew_ = true;
     leave();
@@ -62,26 +68,40 @@ bool VizLink::writeState(PBGLSketchAbstract& vizRef, std::uint32_t pid) const {
     return true;
 }
 
-void VizLink::postLevels(std::span<const float> peaks) {
-    if (peaks.empty()) return;
-    if (!vizRef_) {
-        waitingPeaks_.fill(0);
-        return;
-    }
-    for (std::size_t channel = 0; channel < channels; ++channel) {
-        const float peak = peaks[std::min(channel, peaks.size() - 1)];
-        waitingPeaks_[channel] = std::max(waitingPeaks_[channel], peak);
-    }
-    if (!tryEnter()) return;
+// This product knows one kind of drawing object only.
+QVMLevelMeter* VizLink::meter() const {
     PBGLSketchAbstract* vizRef = vizRef_;
-    // This product knows one kind of drawing object only.
-    if (QVMLevelMeter* meter = vizRef ? static_cast<QVM0015GLSketch*>(vizRef)->levelMeter() : nullptr) {
-        for (std::size_t channel = 0; channel < channels; ++channel)
-            meter->processAudio(&waitingPeaks_[channel], 1, meterRange, static_cast<int>(channel));
+    return vizRef ? static_cast<QVM0015GLSketch*>(vizRef)->levelMeter() : nullptr;
+}
+
+void VizLink::postLevels(std::span<const float> peaks, double seconds) {
+    if (peaks.empty()) return;
+    if (!vizRef_) return dropWaitingPeaks();
+    for (std::size_t channel = 0; channel < channels; ++channel)
+        waitingPeaks_[channel].raiseTo(peaks[std::min(channel, peaks.size() - 1)]);
+    if (!tryEnter()) return;
+    if (QVMLevelMeter* shown = meter()) {
+        shown->setLevelSeconds(static_cast<float>(seconds + hostPatience));
+        for (std::size_t channel = 0; channel < channels; ++channel) {
+            const float peak = waitingPeaks_[channel].exchange(0);
+            shown->processAudio(&peak, 1, meterRange, static_cast<int>(channel));
+        }
     }
-    waitingPeaks_.fill(0);
     leave();
     post(0); // what was stored while this thread was inside
+}
+
+void VizLink::dropWaitingPeaks() {
+    for (SharedWord<float>& peak : waitingPeaks_)
+        peak = 0;
+}
+
+void VizLink::resetLevels() {
+    dropWaitingPeaks();
+    enter();
+    if (QVMLevelMeter* shown = meter()) shown->reset();
+    leave();
+    post(0);
 }
 
 } // namespace QVM_NAMESPACE

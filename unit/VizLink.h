@@ -7,6 +7,7 @@
 #pragma once
 
 #include "description/ParameterIDs.h"
+#include "viz/SharedWord.h"
 
 #include <array>
 #include <atomic>
@@ -17,6 +18,7 @@
 namespace QVM_NAMESPACE {
 
 class PBGLSketchAbstract;
+class QVMLevelMeter;
 class QVMParameter;
 class UnitParameters;
 
@@ -38,9 +40,11 @@ public:
     // thread too; never waits. Nothing happens for a value that is posted already.
     void parameterChanged(std::uint32_t pid) { post(std::uint32_t{1} << pid); }
     void allParametersChanged() { post(everyPid); }
-    // The peaks of one block, an amplitude for each output; a single one stands for both channels of the meter. Levels
-    // that find the object in use are kept for the next block. Render thread; never waits.
-    void postLevels(std::span<const float> peaks);
+    // The peaks of one block that lasts `seconds`, an amplitude for each output; a single one stands for both channels
+    // of the meter. Levels that find the object in use are kept for the next block. Render thread; never waits.
+    void postLevels(std::span<const float> peaks, double seconds);
+    // Has the meter forget what it shows, and what is kept for it. Any thread but the render thread.
+    void resetLevels();
 
 private:
     static constexpr std::uint32_t everyPid = (std::uint32_t{1} << QVMParameterCount) - 1;
@@ -48,6 +52,9 @@ private:
     void post(std::uint32_t changed);
     void writeStates();
     bool writeState(PBGLSketchAbstract& vizRef, std::uint32_t pid) const;
+    void dropWaitingPeaks();
+    QVMLevelMeter* meter() const; // from inside; null for none
+    void enter();
     bool tryEnter() { return !isInside_.exchange(true); }
     void leave() { isInside_ = false; }
 
@@ -61,7 +68,7 @@ private:
     std::atomic<PBGLSketchAbstract*> vizRef_ = nullptr; // written only from inside
     bool isNew_ = false;                                // nothing was posted to it yet; used only from inside
 
-    std::array<float, channels> waitingPeaks_{}; // render thread
+    std::array<SharedWord<float>, channels> waitingPeaks_; // amplitudes that found the object in use
 };
 
 } // namespace QVM_NAMESPACE

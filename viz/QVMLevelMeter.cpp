@@ -53,9 +53,10 @@ Color mix(Color at1, Color at0, float amount) {
 } // namespace
 
 QVMLevelMeter::QVMLevelMeter(PBGLCanvas canvas, int numChannels)
-    : canvas_(canvas), channels_(static_cast<std::size_t>(numChannels)), looks_(channels_.size()) {
+    : canvas_(canvas), channels_(static_cast<std::size_t>(numChannels)), looks_(channels_.size()),
+      silence_(canvas.parameter.minValue) {
     for (Channel& c : channels_)
-        c.level = c.display = canvas_.parameter.minValue;
+        c.level = c.display = silence_;
 }
 
 void QVMLevelMeter::setCanvas(const PBGLCanvas& canvas) {
@@ -65,25 +66,46 @@ void QVMLevelMeter::setCanvas(const PBGLCanvas& canvas) {
 
 void QVMLevelMeter::processAudio(const QVMAudioBuffer<float>* buffer, unsigned nFrames, QVMFloat32Range range,
                                  int index) {
-    channel(index).level = levelOf(peakOf(*buffer, nFrames), range);
+    takePeak(levelOf(peakOf(*buffer, nFrames), range), index);
 }
 
 void QVMLevelMeter::processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range,
                                  int index) {
-    channel(index).level = levelOf(peakOf(*buffer, nFrames), range);
+    takePeak(levelOf(peakOf(*buffer, nFrames), range), index);
 }
 
 void QVMLevelMeter::processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int index) {
-    channel(index).level = levelOf(peakOf(samples, nFrames, 0.0f), range);
+    takePeak(levelOf(peakOf(samples, nFrames, 0.0f), range), index);
 }
 
 void QVMLevelMeter::processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int index) {
-    channel(index).level = levelOf(peakOf(samples, nFrames, 0.0), range);
+    takePeak(levelOf(peakOf(samples, nFrames, 0.0), range), index);
+}
+
+void QVMLevelMeter::takePeak(float decibels, int index) {
+    channel(index).level = decibels;
+    channel(index).held.raiseTo(decibels);
+}
+
+void QVMLevelMeter::reset() {
+    for (Channel& c : channels_) {
+        c.level = silence_;
+        c.held = noLevel;
+    }
+    isResetAsked_ = true;
+}
+
+float QVMLevelMeter::levelOfFrame(float dt, Channel& c) const {
+    const float latest = c.level;
+    if (!(dt > 0)) return latest;
+    const float held = c.held.exchange(noLevel);
+    c.unfedSeconds = held == noLevel ? c.unfedSeconds + dt : 0;
+    return c.unfedSeconds > levelSeconds_ ? silence_ : std::max(held, latest);
 }
 
 void QVMLevelMeter::slew(float dt, int index) {
     Channel& c = channel(index);
-    const float level = c.level;
+    const float level = levelOfFrame(dt, c);
     const float milliseconds = c.display < level ? c.attackMs : c.releaseMs;
     c.display = approach(c.display, level, 1000 / milliseconds, dt);
     c.clip = level >= kClipLevel ? approach(c.clip, 1, kClipAttack, dt) : approach(c.clip, 0, kClipRelease, dt);
@@ -91,12 +113,15 @@ void QVMLevelMeter::slew(float dt, int index) {
 
 template <class Fill>
 void QVMLevelMeter::advance(float dt, Fill fillFor) {
+    const bool isReset = isResetAsked_.exchange(false);
     for (int i = 0; i < numChannels(); ++i) {
         Channel& c = channel(i);
+        if (isReset) c.display = silence_;
+        if (isReset) c.clip = 0;
         if (c.slewEnabled) {
             slew(dt, i);
         } else {
-            c.display = c.level;
+            c.display = levelOfFrame(dt, c);
         }
         const float fill = fillFor(c.display);
         c.fill = c.clampFill ? std::clamp(fill, 0.0f, 1.0f) : fill;

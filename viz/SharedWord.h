@@ -30,6 +30,14 @@ public:
     T load() const { return word_.load(std::memory_order_relaxed); }
     void store(T value) { word_.store(value, std::memory_order_relaxed); }
     operator T() const { return load(); }
+    // Puts another value in its place and gives the one there was. Any thread, no order.
+    T exchange(T value) { return word_.exchange(value, std::memory_order_relaxed); }
+    // Puts a greater value in its place; a smaller one and what is no number count for nothing. Any thread, no order:
+    // it tries again only when somebody else wrote at that very moment.
+    void raiseTo(T value) {
+        T seen = load();
+        while (value > seen && !word_.compare_exchange_weak(seen, value, std::memory_order_relaxed)) {}
+    }
 
     // Any thread; all ordered operations, on whatever words, happen in one order that every thread agrees on, and what
     // was written before an ordered store is seen after an ordered load of it.

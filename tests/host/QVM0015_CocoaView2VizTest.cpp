@@ -48,6 +48,22 @@ protected:
         for (int i = 0; i < 12; ++i)
             frame();
     }
+    void showFrames(int count) {
+        for (int i = 0; i < count; ++i) {
+            time.advance(1.0 / 60);
+            frame();
+        }
+    }
+    // Display frames with a block before each.
+    void playFrames(int count, float leftSample, float rightSample) {
+        for (int i = 0; i < count; ++i) {
+            std::vector<float> first(512, leftSample), second(512, rightSample);
+            float* channels[] = {first.data(), second.data()};
+            real.process(channels, channels, 512);
+            showFrames(1);
+        }
+    }
+    const QVMLevelMeter::Channel& left() { return editor->object().levelMeter()->channel(0); }
     PBGLSketchAbstract* unitsVizRef() {
         PBGLSketchAbstract* vizRef = nullptr;
         std::uint32_t size = sizeof(void*);
@@ -90,15 +106,38 @@ TEST_F(OnScreen, TheEditorsOwnChangeMovesTheCurve) {
 }
 
 TEST_F(OnScreen, TheMeterMovesWithRealAudio) {
-    std::vector<float> left(512, 0.5F), right(512, 0.25F);
-    float* channels[] = {left.data(), right.data()};
-    real.process(channels, channels, 512);
-    for (int i = 0; i < 60; ++i) {
-        time.advance(1.0 / 60);
-        frame();
-    }
-    EXPECT_NEAR(editor->object().levelMeter()->channel(0).display, -6.02F, 0.1F);
+    playFrames(60, 0.5F, 0.25F);
+    EXPECT_NEAR(left().display, -6.02F, 0.1F);
     EXPECT_NEAR(editor->object().levelMeter()->channel(1).display, -12.04F, 0.1F);
+}
+
+// Bypassed, stopped or without resources: the unit is not called, and nobody tells it so.
+TEST_F(OnScreen, TheMeterFallsWhenTheHostCallsTheUnitNoMore) {
+    playFrames(60, 1, 1);
+    ASSERT_GT(left().clip, 0.9F);
+    showFrames(12);
+    EXPECT_NEAR(left().display, 0, 0.1F) << "a host may be late";
+    showFrames(120);
+    EXPECT_NEAR(left().display, -96, 0.1F);
+    EXPECT_NEAR(left().fill, 0, 1e-3F);
+    EXPECT_LT(left().clip, 0.2F);
+    playFrames(60, 0.5F, 0.25F);
+    EXPECT_NEAR(left().display, -6.02F, 0.1F);
+}
+
+// What the meter's button and the menus' "Reset meter" do.
+TEST_F(OnScreen, ResettingTheMeterClearsWhatIsSeen) {
+    playFrames(60, 1, 1);
+    ASSERT_GT(left().clip, 0.9F);
+    ASSERT_GT(left().fill, 0.5F);
+    ui().meterTapped();
+    showFrames(1);
+    EXPECT_EQ(left().clip, 0);
+    EXPECT_NEAR(left().fill, 0, 1e-3F);
+    showFrames(30);
+    EXPECT_NEAR(left().fill, 0, 1e-3F) << "nothing of it comes back";
+    playFrames(60, 0.5F, 0.25F);
+    EXPECT_NEAR(left().display, -6.02F, 0.1F);
 }
 
 TEST_F(OnScreen, ChoosingAnyPresetLeavesTheSettingsEqualToIt) {

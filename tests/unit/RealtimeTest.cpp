@@ -81,15 +81,6 @@ TEST(Realtime, MonoToStereoAndMissingChannelsNeitherAllocateNorLock) {
     EXPECT_FALSE(seen.any()) << seen;
 }
 
-TEST(Realtime, ReadingAndResettingMetersIsSafeOnAnyThread) {
-    QVM0015_AudioUnit unit;
-    const realtime::Offences seen = realtime::offencesOf([&] {
-        unit.outputMeter().takePeak(0);
-        unit.inputMeter().reset();
-    });
-    EXPECT_FALSE(seen.any()) << seen;
-}
-
 // The negative control: what the unit does off the render thread is seen by the same trap.
 TEST(Realtime, SavingStateIsNotForTheRenderThread) {
     QVM0015_AudioUnit unit;

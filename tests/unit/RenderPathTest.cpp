@@ -126,7 +126,7 @@ TYPED_TEST(RenderPathOf, SilenceStaysSilence) {
     RenderPath path;
     path.prepare(rateHz, 2, 2, unity);
     EXPECT_EQ(run(path, in, 2, 100, {4, Switch::on}), in);
-    EXPECT_EQ(path.outputMeter().takePeak(0), 0.0F);
+    EXPECT_EQ(path.blockPeaks()[0], 0.0F);
 }
 
 TYPED_TEST(RenderPathOf, SwitchedOffItPassesEveryBitPattern) {
@@ -197,22 +197,24 @@ TYPED_TEST(RenderPathOf, SwitchingOnAgainStartsAtTheGainThatWasSetMeanwhile) {
     EXPECT_EQ(out[0][4799], TypeParam(2));
 }
 
-TYPED_TEST(RenderPathOf, MetersReadThePeaksAtBothEnds) {
+TYPED_TEST(RenderPathOf, PeaksAreThoseOfTheLastBlock) {
     Channels<TypeParam> in(2, std::vector<TypeParam>(1000));
     in[0][777] = TypeParam(-0.5);
     in[1][3] = TypeParam(0.25);
     const RenderSettings loud{2, Switch::on};
     RenderPath path;
     path.prepare(rateHz, 2, 2, loud);
-    run(path, in, 2, 333, loud);
-    EXPECT_EQ(path.inputMeter().takePeak(0), 0.5F);
-    EXPECT_EQ(path.inputMeter().takePeak(1), 0.25F);
-    EXPECT_EQ(path.outputMeter().takePeak(0), 1.0F);
-    EXPECT_EQ(path.outputMeter().takePeak(1), 0.5F);
-    EXPECT_EQ(path.outputMeter().takePeak(0), 0.0F);
+    run(path, in, 2, 1000, loud);
+    EXPECT_EQ(path.blockPeaks()[0], 1.0F);
+    EXPECT_EQ(path.blockPeaks()[1], 0.5F);
+    run(path, in, 2, 500, loud);
+    EXPECT_EQ(path.blockPeaks()[0], 1.0F);
+    EXPECT_EQ(path.blockPeaks()[1], 0.0F);
+    path.prepare(rateHz, 2, 2, loud);
+    EXPECT_EQ(path.blockPeaks()[0], 0.0F);
 }
 
-TYPED_TEST(RenderPathOf, ANaNSampleDoesNotStickInTheMeterOrTheSignal) {
+TYPED_TEST(RenderPathOf, ANaNSampleDoesNotStickInThePeaksOrTheSignal) {
     Channels<TypeParam> in = {tone<TypeParam>(1000, 1000, 0.5)};
     in[0][100] = std::numeric_limits<TypeParam>::quiet_NaN();
     RenderPath path;
@@ -220,8 +222,9 @@ TYPED_TEST(RenderPathOf, ANaNSampleDoesNotStickInTheMeterOrTheSignal) {
     const Channels<TypeParam> out = run(path, in, 1, 100, {2, Switch::on});
     EXPECT_EQ(out[0][100], TypeParam(0));
     EXPECT_TRUE(std::isfinite(out[0][101]));
-    EXPECT_GT(path.outputMeter().takePeak(0), 0.1F);
-    EXPECT_LT(path.outputMeter().takePeak(0), 2.0F);
+    run(path, in, 1, 1000, {2, Switch::on});
+    EXPECT_GT(path.blockPeaks()[0], 0.1F);
+    EXPECT_LT(path.blockPeaks()[0], 2.0F);
 }
 
 TEST(MeterMode, ShowsTheInputTheOutputOrWhatTheUnitAdds) {

@@ -103,20 +103,5 @@ TEST(UnitThreads, TextsAreReadWhileAnotherThreadRestores) {
     restorer.join();
 }
 
-TEST(UnitThreads, MetersAreReadAndResetWhileProcessing) {
-    QVM0015_AudioUnit unit;
-    const RenderThread render(unit);
-    const std::uint32_t one = 1;
-    float loudest = 0;
-    while (render.blocks() < 50) {
-        loudest = std::max(loudest, unit.outputMeter().takePeak(0));
-        AudioUnitSetProperty(&unit, 64007, 0, 0, &one, sizeof one);
-    }
-    while (loudest < 0.4F && render.blocks() < 100000)
-        loudest = std::max(loudest, unit.outputMeter().takePeak(0));
-    EXPECT_GE(loudest, 0.4F);
-    EXPECT_LE(loudest, 0.5F);
-}
-
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <atomic>
+#include <cmath>
 #include <memory>
 #include <random>
 #include <thread>
@@ -22,6 +23,9 @@ std::unique_ptr<QVM0015GLSketch> makeDrawing() {
     drawing->sizeStates(QVMParameterCount);
     return drawing;
 }
+
+constexpr double blockSeconds = 512.0 / 48000;
+constexpr double movingHertz = 60, restingHertz = 12; // how often an editor draws
 
 float hostValue(std::uint32_t pid, float shown) {
     return GetParameter(pid)->reverseCastValue(shown);
@@ -117,7 +121,7 @@ TEST_F(VizLinkTest, NothingIsWrittenBeforeAnObjectIsThereOrAfterItWasTaken) {
     link.exchange(nullptr);
     EXPECT_EQ(link.vizRef(), nullptr);
     set(1, 5);
-    link.postLevels(std::array{1.0f, 1.0f});
+    link.postLevels(std::array{1.0f, 1.0f}, blockSeconds);
     EXPECT_EQ(posted(1), 3);
     EXPECT_EQ(level(0), -96);
     link.exchange(drawing.get());
@@ -134,17 +138,17 @@ TEST_F(VizLinkTest, AnObjectWithFewerParametersGetsThose) {
 
 TEST_F(VizLinkTest, ABlocksPeaksAreTheMetersLevels) {
     link.exchange(drawing.get());
-    link.postLevels(std::array{1.0f, 0.1f});
+    link.postLevels(std::array{1.0f, 0.1f}, blockSeconds);
     EXPECT_NEAR(level(0), 0, 1e-4);
     EXPECT_NEAR(level(1), -20, 1e-4);
-    link.postLevels(std::array{0.0f, 8.0f});
+    link.postLevels(std::array{0.0f, 8.0f}, blockSeconds);
     EXPECT_EQ(level(0), -96);
     EXPECT_EQ(level(1), 12);
 }
 
 TEST_F(VizLinkTest, OneOutputShowsOnBothChannels) {
     link.exchange(drawing.get());
-    link.postLevels(std::array{0.5f});
+    link.postLevels(std::array{0.5f}, blockSeconds);
     EXPECT_NEAR(level(0), -6.0206f, 1e-3);
     EXPECT_EQ(level(1), level(0));
 }
@@ -153,7 +157,166 @@ TEST_F(VizLinkTest, AnObjectWithoutAMeterGetsNoLevels) {
     drawing = std::make_unique<QVM0015GLSketch>();
     drawing->sizeStates(QVMParameterCount);
     link.exchange(drawing.get());
-    link.postLevels(std::array{1.0f, 1.0f});
+    link.postLevels(std::array{1.0f, 1.0f}, blockSeconds);
+    EXPECT_EQ(drawing->levelMeter(), nullptr);
+}
+
+// A link that plays blocks at 48 kHz while an editor shows the meter, each in its own time.
+class VizLinkLevels : public VizLinkTest {
+protected:
+    void SetUp() override { link.exchange(drawing.get()); }
+    QVMLevelMeter& meter() { return *drawing->levelMeter(); }
+    void frame() {
+        drawing->prepareForDrawing({PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1},
+                                   static_cast<float>(1 / frameHertz));
+        framesShown += 1;
+    }
+    void frames(double seconds) {
+        for (int i = 0; i < seconds * frameHertz; ++i)
+            frame();
+    }
+    // A block, then the frames that are due by its end. Both channels get the amplitude.
+    void block(float amplitude) {
+        link.postLevels(std::array{amplitude, amplitude}, blockFrames / 48000);
+        played += blockFrames / 48000;
+        while (framesShown < played * frameHertz)
+            frame();
+    }
+    void blocks(double seconds, float amplitude) {
+        for (const double end = played + seconds; played < end;)
+            block(amplitude);
+    }
+    // Frames go on while nothing is played; then both begin anew.
+    void stop(double seconds) {
+        frames(seconds);
+        played = framesShown = 0;
+    }
+
+    double blockFrames = 512, frameHertz = movingHertz;
+    double played = 0, framesShown = 0; // seconds, frames
+};
+
+// Wherever in a display frame the block is that goes over.
+TEST_F(VizLinkLevels, EveryOverInASingleBlockLightsTheClipLight) {
+    for (const double hertz : {movingHertz, restingHertz}) {
+        for (const double length : {16, 64, 441, 512, 1024, 4096}) {
+            frameHertz = hertz;
+            blockFrames = length;
+            const int blocksInAFrame = static_cast<int>(std::ceil(48000 / hertz / length));
+            for (int offset = 0; offset < blocksInAFrame; ++offset) {
+                played = framesShown = 0;
+                for (int i = 0; i < offset; ++i)
+                    block(0.1f);
+                block(1.0f);
+                for (const double before = framesShown; framesShown == before;)
+                    block(0.1f);
+                for (int channel = 0; channel < 2; ++channel)
+                    ASSERT_GT(meter().channel(channel).clip, 0.75f) << length << " frames at " << hertz << " Hz";
+                meter().reset();
+                frame();
+                ASSERT_EQ(meter().channel(0).clip, 0);
+            }
+        }
+    }
+}
+
+TEST_F(VizLinkLevels, AFrameSeesTheHighestLevelSinceTheOneBefore) {
+    link.postLevels(std::array{0.5f, 0.1f}, blockSeconds);
+    link.postLevels(std::array{0.1f, 0.25f}, blockSeconds);
+    meter().channel(0).slewEnabled = meter().channel(1).slewEnabled = false;
+    frame();
+    EXPECT_NEAR(meter().channel(0).display, -6.0206f, 1e-3);
+    EXPECT_NEAR(meter().channel(1).display, -12.0412f, 1e-3);
+    frame();
+    EXPECT_NEAR(meter().channel(0).display, -20, 1e-3) << "the latest one stands";
+    EXPECT_NEAR(meter().channel(1).display, -12.0412f, 1e-3);
+}
+
+// While a parameter is being written the block's levels wait for the next one.
+TEST_F(VizLinkLevels, LevelsThatFoundTheObjectInUseComeWithTheNextBlock) {
+    std::atomic<bool> stop = false;
+    std::thread automation([&] {
+        for (int i = 0; !stop; ++i)
+            set(1, static_cast<float>(i % 18));
+    });
+    meter().channel(0).slewEnabled = false;
+    int wrong = 0, met = 0;
+    for (int i = 0; i < 20000; ++i) {
+        link.postLevels(std::array{0.5f, 0.5f}, blockSeconds);
+        met += meter().channel(0).held == QVMLevelMeter::noLevel ? 1 : 0;
+        do
+            link.postLevels(std::array{0.1f, 0.1f}, blockSeconds);
+        while (meter().channel(0).held == QVMLevelMeter::noLevel);
+        frame();
+        wrong += std::abs(meter().channel(0).display + 6.0206f) < 1e-3f ? 0 : 1;
+    }
+    stop = true;
+    automation.join();
+    EXPECT_EQ(wrong, 0);
+    RecordProperty("met", met); // how often the object was in use
+}
+
+TEST_F(VizLinkLevels, WhenTheHostStopsTheMeterFallsAsInSilence) {
+    for (const double hertz : {movingHertz, restingHertz}) {
+        for (const double length : {64, 512, 4096, 16384}) {
+            frameHertz = hertz;
+            blockFrames = length;
+            blocks(1, 0.5f);
+            stop(0.25 - 2 / hertz);
+            EXPECT_NEAR(meter().channel(0).display, -6.0206f, 0.02) << "it may only be late";
+            stop(3 / hertz + length / 48000 + 0.5);
+            EXPECT_LT(meter().channel(0).display, -6 - 90 * (1 - std::exp(-2)) + 0.1) << length << " at " << hertz;
+            stop(3);
+            EXPECT_NEAR(meter().channel(0).display, -96, 0.01);
+            EXPECT_NEAR(meter().channel(0).fill, 0, 1e-4);
+            blocks(1, 0.5f);
+            EXPECT_NEAR(meter().channel(1).display, -6.0206f, 0.02) << "it goes on";
+        }
+    }
+}
+
+TEST_F(VizLinkLevels, LongBlocksAndThoseThatComeSeveralAtATimeDoNotMakeItFall) {
+    frameHertz = movingHertz;
+    blockFrames = 32768; // 0.68 s
+    blocks(2, 0.5f);
+    for (int i = 0; i < 100; ++i) {
+        block(0.5f);
+        EXPECT_NEAR(meter().channel(0).display, -6.0206f, 0.02);
+    }
+    blockFrames = 512;
+    for (int i = 0; i < 20; ++i) { // 0.2 s worked off at once
+        for (int k = 0; k < 19; ++k)
+            link.postLevels(std::array{0.5f, 0.5f}, blockSeconds);
+        for (int k = 0; k < 12; ++k) {
+            frame();
+            EXPECT_NEAR(meter().channel(0).display, -6.0206f, 0.02);
+        }
+    }
+}
+
+TEST_F(VizLinkLevels, AResetForgetsLevelHeldPeakAndClipLight) {
+    blocks(1, 1.0f);
+    link.postLevels(std::array{2.0f, 2.0f}, blockSeconds);
+    ASSERT_GT(meter().channel(1).clip, 0.9f);
+    link.resetLevels();
+    frame();
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(level(i), -96);
+        EXPECT_EQ(meter().channel(i).display, -96);
+        EXPECT_NEAR(meter().channel(i).fill, 0, 1e-6);
+        EXPECT_EQ(meter().channel(i).clip, 0);
+    }
+    blocks(0.5, 0.5f);
+    EXPECT_NEAR(meter().channel(0).display, -6.0206f, 0.02) << "what comes afterwards is shown";
+}
+
+TEST_F(VizLinkLevels, AResetWithNothingToReset) {
+    link.exchange(nullptr);
+    link.resetLevels();
+    drawing = std::make_unique<QVM0015GLSketch>();
+    drawing->sizeStates(QVMParameterCount);
+    link.exchange(drawing.get());
+    link.resetLevels();
     EXPECT_EQ(drawing->levelMeter(), nullptr);
 }
 
@@ -199,6 +362,22 @@ TEST_F(UnitViz, TheMeterShowsTheOutput) {
     EXPECT_NEAR(drawing->levelMeter()->channel(0).level, -12.0f, 0.1) << "an empty block says nothing";
 }
 
+TEST_F(UnitViz, AResetClearsWhatTheUserSees) {
+    play(1, 512);
+    const PBGLCanvas canvas = {PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1};
+    drawing->prepareForDrawing(canvas, 0.1f);
+    QVMLevelMeter::Channel& left = drawing->levelMeter()->channel(0);
+    ASSERT_GT(left.clip, 0.9f);
+    ASSERT_GT(left.fill, 0.5f);
+    play(1, 512);
+    const std::uint32_t one = 1;
+    ASSERT_EQ(AudioUnitSetProperty(&unit, 64007, 0, 0, &one, sizeof one), noErr);
+    drawing->prepareForDrawing(canvas, 0.1f);
+    EXPECT_EQ(left.clip, 0);
+    EXPECT_NEAR(left.fill, 0, 1e-6);
+    EXPECT_EQ(left.display, -96);
+}
+
 TEST_F(UnitViz, ANewFormatStartsInSilence) {
     play(0.5f, 512);
     ASSERT_EQ(unit.prepare(48000, 512, 2, 2), noErr);
@@ -220,24 +399,27 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
         for (int i = 0; !stop; ++i)
             AudioUnitSetParameter(&unit, static_cast<std::uint32_t>(i % 24), 0, 0, static_cast<float>(i % 500), 0);
     });
-    int levelled = 0;
-    for (int i = 0; i < 3000; ++i) {
+    constexpr int exchanges = 3000, patient = 100, reset = 7;
+    const std::uint32_t one = 1;
+    const auto isLevelled = [&] { return drawing->levelMeter()->channel(0).level > -96; };
+    int levelled = 0; // of those that were waited for
+    for (int i = 0; i < exchanges; ++i) {
         auto next = makeDrawing();
         if (i % 2) close();
         give(next.get());
         drawing = std::move(next); // the earlier one is destroyed here
         drawing->performInterp();
-        levelled += drawing->levelMeter()->channel(0).level > -96 ? 1 : 0;
-        if (i % 100 == 0) {
-            const int seen = blocks;
-            while (blocks < seen + 3) // let it play into this one
-                std::this_thread::yield();
-        }
+        if (i % reset == 0) AudioUnitSetProperty(&unit, 64007, 0, 0, &one, sizeof one);
+        if (i % patient != 0) continue;
+        const int seen = blocks;
+        while (blocks < seen + 3) // let it play into this one
+            std::this_thread::yield();
+        // A level is missed only while another thread is inside.
+        for (int k = 0; k < 100000 && !isLevelled(); ++k)
+            std::this_thread::yield();
+        levelled += isLevelled() ? 1 : 0;
     }
-    // A level is missed only while another thread is inside.
-    for (int i = 0; i < 100000 && drawing->levelMeter()->channel(0).level == -96; ++i)
-        std::this_thread::yield();
-    EXPECT_GT(drawing->levelMeter()->channel(0).level, -96);
+    EXPECT_EQ(levelled, exchanges / patient);
     stop = true;
     render.join();
     automation.join();

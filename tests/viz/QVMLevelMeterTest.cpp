@@ -4,9 +4,12 @@
 #include "description/ValueMapping.h"
 #include "platform/CpuDrawingSurface.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
 #include <limits>
+#include <thread>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -137,6 +140,130 @@ TEST_F(QVMLevelMeterTest, TheClipLightDiesAwayWithinSeconds) {
     for (int i = 0; i < 60; ++i)
         meter.slew(1.0f / 60, 0);
     EXPECT_NEAR(meter.channel(0).clip, std::exp(-1.0), 1e-4);
+}
+
+TEST_F(QVMLevelMeterTest, AFrameTakesTheHighestLevelSinceTheLastOne) {
+    meter.channel(0).slewEnabled = false;
+    levelOf({0.5f});
+    levelOf({0.25f});
+    EXPECT_NEAR(meter.channel(0).level, -12.0412, 1e-3) << "the latest one";
+    frame();
+    EXPECT_NEAR(meter.channel(0).display, -6.0206, 1e-3);
+    frame();
+    EXPECT_NEAR(meter.channel(0).display, -12.0412, 1e-3) << "taken is taken";
+    levelOf({0});
+    frame();
+    EXPECT_EQ(meter.channel(0).display, -96) << "a level that is lower counts as well";
+}
+
+TEST_F(QVMLevelMeterTest, AnOverBetweenTwoFramesIsAnOver) {
+    levelOf({1});
+    levelOf({0.1f});
+    meter.slew(0.01f, 0);
+    EXPECT_NEAR(meter.channel(0).clip, 1 - std::exp(-1.0), 1e-5);
+    EXPECT_NEAR(meter.channel(0).display, -96 * std::exp(-1.0), 1e-3);
+    EXPECT_EQ(meter.channel(1).clip, 0);
+}
+
+// As when a window is moved to a display of another scale.
+TEST_F(QVMLevelMeterTest, AFrameOfNoTimeLeavesThePeakToTheNextOne) {
+    levelOf({1});
+    levelOf({0.1f});
+    frame(0);
+    EXPECT_EQ(meter.channel(0).clip, 0);
+    frame(0.1f);
+    EXPECT_NEAR(meter.channel(0).clip, 1, 1e-3);
+}
+
+TEST_F(QVMLevelMeterTest, ALevelStandsForItsTimeAndIsThenSilence) {
+    meter.channel(0).slewEnabled = false;
+    levelOf({0.5f});
+    for (int i = 0; i < 1000; ++i)
+        frame(0.1f);
+    EXPECT_NEAR(meter.channel(0).display, -6.0206, 1e-3) << "unless it has one, for ever";
+    meter.setLevelSeconds(0.35f);
+    for (int round = 0; round < 2; ++round) {
+        levelOf({0.5f});
+        for (int i = 0; i < 4; ++i) {
+            frame(0.1f);
+            EXPECT_NEAR(meter.channel(0).display, -6.0206, 1e-3) << i;
+        }
+        frame(0.1f);
+        EXPECT_EQ(meter.channel(0).display, -96);
+        EXPECT_NEAR(meter.channel(0).level, -6.0206, 1e-3) << "the word is the audio side's";
+    }
+}
+
+TEST_F(QVMLevelMeterTest, ASilencedClipLightDiesAwayAndTheBarFallsWithItsRelease) {
+    meter.setLevelSeconds(0.05f);
+    levelOf({1});
+    frame(0.1f);
+    const float lit = meter.channel(0).clip, shown = meter.channel(0).display;
+    ASSERT_GT(lit, 0.9f);
+    frame(0.25f);
+    EXPECT_NEAR(meter.channel(0).clip, lit * std::exp(-0.25), 1e-5);
+    EXPECT_NEAR(meter.channel(0).display, -96 + (shown + 96) * std::exp(-1.0), 1e-3);
+}
+
+TEST_F(QVMLevelMeterTest, AResetForgetsEverythingThatIsSeen) {
+    for (const bool slews : {true, false}) {
+        for (int i = 0; i < 2; ++i) {
+            const float over = 2;
+            meter.channel(i).slewEnabled = slews;
+            meter.processAudio(&over, 1, kRange, i);
+            meter.channel(i).clip = 1;
+        }
+        frame(0.1f);
+        levelOf({2});
+        meter.reset();
+        EXPECT_EQ(meter.channel(0).level, -96);
+        EXPECT_EQ(frame(0.1f), Redraw::yes);
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(meter.channel(i).display, -96) << i;
+            EXPECT_EQ(meter.channel(i).clip, 0) << i;
+            EXPECT_NEAR(meter.channel(i).fill, 0, 1e-6) << i;
+        }
+        levelOf({0.5f});
+        frame(0.1f);
+        EXPECT_GT(meter.channel(0).display, -7) << "once";
+    }
+}
+
+TEST_F(QVMLevelMeterTest, AnOverAfterAResetIsSeen) {
+    meter.reset();
+    levelOf({1});
+    levelOf({0.1f});
+    frame(0.1f);
+    EXPECT_GT(meter.channel(0).clip, 0.9f);
+}
+
+// What the writer raised is in this frame or in the next one.
+TEST_F(QVMLevelMeterTest, NoPeakIsLostBetweenTwoThreads) {
+    constexpr int rounds = 20000;
+    std::atomic<int> written = 0, taken = 0;
+    std::thread audio([&] {
+        for (int i = 1; i <= rounds; ++i) {
+            const float over = 1, quiet = 0.1f;
+            meter.processAudio(&over, 1, kRange, 0);
+            meter.processAudio(&quiet, 1, kRange, 0);
+            written = i;
+            while (taken < i)
+                std::this_thread::yield();
+        }
+    });
+    meter.channel(0).slewEnabled = false;
+    for (int i = 1; i <= rounds; ++i) {
+        bool isSeen = false;
+        do {
+            const bool isLast = written == i;
+            frame();
+            isSeen = isSeen || meter.channel(0).display >= 0;
+            if (isLast) break;
+        } while (true);
+        EXPECT_TRUE(isSeen) << i;
+        taken = i;
+    }
+    audio.join();
 }
 
 TEST_F(QVMLevelMeterTest, TheFillIsClampedUnlessToldOtherwise) {
