@@ -67,14 +67,20 @@ public:
         const float above = std::max(std::log(peak) * kDecibelsPerNeper - kThreshold, 0.0f);
         history_.processAudio(-above * (1 - 1 / kRatio), false);
     }
-    Redraw prepareForDrawing(float dt) override { return history_.prepareForDrawing(dt); }
+    Redraw prepareForDrawing(float dt) override {
+        const Redraw redraw = history_.prepareForDrawing(dt);
+        seconds_ = seconds_ + std::max(0.0, double{dt});
+        return redraw;
+    }
     void draw(DrawingSurface& surface) override {
         history_.drawBackground(surface);
         history_.glDraw(surface);
     }
 
 private:
-    QVMGRHistory history_;
+    // The display's own time, that of the next frame: what was heard since the last one is new however long that took.
+    SharedWord<double> seconds_ = 0;
+    QVMGRHistory history_{[this] { return seconds_.load(); }};
 };
 
 // The stereoscope's analysis, gathered in other bands.

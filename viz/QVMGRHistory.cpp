@@ -23,7 +23,12 @@ constexpr float kStraight = 0.001f;
 constexpr float kLineWidth = 1.5f; // points
 constexpr float kFillAlpha = 0.35f;
 constexpr float kGridStep = 6, kGridWidth = 0.5f; // dB, points
+constexpr float kVisibleMove = 1.0f / 16;         // device pixels
 constexpr float kGridAlpha = 0.4f, kFaintGridAlpha = 0.2f;
+
+bool isScale(QVMFloat32Range range) {
+    return std::isfinite(range.min) && std::isfinite(range.max) && range.min < range.max;
+}
 
 } // namespace
 
@@ -34,8 +39,8 @@ double hostClockSeconds() {
 void QVMGRHistory::init(PBGLCanvas canvas, QVMFloat32Range range, bool autoRange, bool flag) {
     canvas_ = canvas;
     pixel_ = 1 / std::max(1.0f, canvas.height * canvas.scale);
-    bottom_ = range.min;
-    top_ = range.max;
+    bottom_ = drawnBottom_ = isScale(range) ? range.min : kBottoms.max;
+    top_ = isScale(range) ? range.max : restValue_;
     autoRange_ = autoRange;
     flag_ = flag;
     const QVMRGBColor& rgb = canvas.sketch.color;
@@ -52,7 +57,9 @@ void QVMGRHistory::init(PBGLCanvas canvas, QVMFloat32Range range, bool autoRange
 }
 
 void QVMGRHistory::processAudio(float value, bool clamp) {
-    latest_ = clamp ? std::min(std::max(value, bottom_.load()), top_) : value;
+    const float taken = clamp ? std::min(std::max(value, bottom_.load()), top_) : value;
+    if (!std::isfinite(taken)) return;
+    latest_ = taken;
     lastTime_ = clock_();
 }
 
@@ -76,7 +83,14 @@ Redraw QVMGRHistory::prepareForDrawing(float dt) {
     const auto end = static_cast<std::ptrdiff_t>(keptPoints_);
     const bool isSame = keptPoints_ == before && std::equal(lineXs_.begin(), lineXs_.begin() + end, lastXs_.begin()) &&
                         std::equal(lineYs_.begin(), lineYs_.begin() + end, lastYs_.begin());
-    return isSame ? Redraw::no : Redraw::yes;
+    if (isSame && !hasScaleMoved()) return Redraw::no;
+    drawnBottom_ = bottom_;
+    return Redraw::yes;
+}
+
+// The grid moves with it, also where the line stays: most at the bottom.
+bool QVMGRHistory::hasScaleMoved() const {
+    return std::abs(bottom_ - drawnBottom_) > kVisibleMove * pixel_ * (top_ - bottom_);
 }
 
 // New points run straight from the newest value there was to the one there is now.
@@ -102,7 +116,8 @@ void QVMGRHistory::scrollBy(float dt) {
 void QVMGRHistory::followRange(float dt) {
     const float lowest = *std::min_element(history_.begin(), history_.end());
     const float kept = std::exp(-kRangeRate * dt);
-    bottom_ = std::clamp((lowest - kRangeMargin) * (1 - kept) + kept * bottom_, kBottoms.min, kBottoms.max);
+    const float next = (lowest - kRangeMargin) * (1 - kept) + kept * bottom_;
+    if (std::isfinite(next)) bottom_ = std::clamp(next, kBottoms.min, kBottoms.max); // time may have run backwards
 }
 
 float QVMGRHistory::heightOf(float value) const {
@@ -110,6 +125,7 @@ float QVMGRHistory::heightOf(float value) const {
 }
 
 void QVMGRHistory::drawBackground(DrawingSurface& surface) const {
+    if ((top_ - bottom_) / kGridStep > canvas_.height) return;
     const int first = static_cast<int>(std::ceil(bottom_ / kGridStep));
     const int last = static_cast<int>(std::floor(top_ / kGridStep));
     for (int step = first; step <= last; ++step) {

@@ -6,7 +6,9 @@
 #include "platform/Color.h"
 #include "viz/PBGLSketchAbstract.h"
 
+#include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -16,20 +18,22 @@ double hostClockSeconds();
 
 class QVMGRHistory {
 public:
-    using Clock = double (*)();
-    explicit QVMGRHistory(Clock clock = hostClockSeconds) : clock_(clock) {}
+    // Seconds since some fixed moment. Called on both sides.
+    using Clock = std::function<double()>;
+    explicit QVMGRHistory(Clock clock = hostClockSeconds) : clock_(std::move(clock)) {}
 
-    // `range` is the scale in dB; with `autoRange` its bottom follows what there is to see. The flag is kept, and
-    // nothing depends on it. Main thread, before audio is processed.
+    // `range` is the scale in dB, and from -12 to 0 in place of what is none; with `autoRange` its bottom follows what
+    // there is to see. The flag is kept, and nothing depends on it. Main thread, before audio is processed.
     void init(PBGLCanvas canvas, QVMFloat32Range range, bool autoRange, bool flag);
 
-    // Audio side: the gain reduction now; `clamp` keeps it within the scale as it is.
+    // Audio side: the gain reduction now; `clamp` keeps it within the scale as it is. What is no finite number then
+    // counts for nothing.
     void processAudio(float value, bool clamp);
 
     // Main thread from here on. Scrolls by `dt` seconds. Without a value for a tenth of a second the reading goes back
     // to rest, five times as slowly as it follows one.
     Redraw prepareForDrawing(float dt);
-    // A line every 6 dB, more faintly every other one.
+    // A line every 6 dB, more faintly every other one; none where they would stand closer than a point.
     void drawBackground(DrawingSurface& surface) const;
     void glDraw(DrawingSurface& surface) const;
 
@@ -47,6 +51,7 @@ public:
 private:
     void scrollBy(float dt);
     void followRange(float dt);
+    bool hasScaleMoved() const;
     float heightOf(float value) const;
     void fillFrom(DrawingSurface& surface, float rest) const;
 
@@ -56,6 +61,7 @@ private:
     float duration_ = 1.5f; // seconds across the canvas
     bool autoRange_ = false, flag_ = false;
     SharedWord<float> bottom_ = 0;    // of the scale in dB, written by the main thread
+    float drawnBottom_ = 0;           // dB, in the last picture
     float top_ = 0;                   // dB
     SharedWord<float> latest_ = 0;    // dB, written by both sides
     SharedWord<double> lastTime_ = 0; // of the latest value, seconds

@@ -1,8 +1,9 @@
 #include "viz/QVMGRHistory.h"
 
+#include "RecordingSurface.h"
 #include "StereoSignals.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cmath>
@@ -154,6 +155,120 @@ TEST_F(QVMGRHistoryTest, HeightsLeaveAPixelsMargin) {
     for (int i = 0; i < 3000; ++i)
         frame(kFrame);
     EXPECT_NEAR(history.ys()[0], margin, 1e-3);
+}
+
+TEST_F(QVMGRHistoryTest, AValueHoldsForATenthOfASecond) {
+    hold(-12, 60);
+    history.processAudio(-12, true);
+    now += 0.0999;
+    history.prepareForDrawing(0.001f);
+    EXPECT_EQ(history.latest(), -12);
+    now += 0.0002;
+    history.prepareForDrawing(0.001f);
+    EXPECT_EQ(history.latest(), 0);
+}
+
+// What it is follows it at once, whatever came before.
+TEST_F(QVMGRHistoryTest, WhatIsNoNumberCountsForNothing) {
+    hold(-12, 60);
+    for (const bool clamp : {true, false}) {
+        for (const float bad : {NAN, INFINITY, -INFINITY}) {
+            history.processAudio(bad, clamp);
+            frame(kFrame);
+            EXPECT_TRUE(std::isfinite(history.smoothed()));
+            hold(-12, 60);
+            EXPECT_NEAR(history.smoothed(), -12, 1e-3) << bad;
+            for (const float value : history.history())
+                ASSERT_TRUE(std::isfinite(value)) << bad;
+            for (const float y : history.ys())
+                ASSERT_TRUE(std::isfinite(y)) << bad;
+        }
+    }
+    history.processAudio(-INFINITY, true);
+    EXPECT_EQ(history.latest(), -24) << "within the scale it is one";
+    history.processAudio(NAN, true);
+    EXPECT_EQ(history.latest(), -24);
+}
+
+TEST_F(QVMGRHistoryTest, AutoRangeOutlivesTimeThatRunsBackwards) {
+    history.init(displayCanvas(150, 60), {-24, 0}, true, false);
+    for (const float dt : {-1000.0f, -1e30f, 1e30f, INFINITY, NAN, kFrame}) {
+        history.prepareForDrawing(dt);
+        EXPECT_GE(history.range().min, -48) << dt;
+        EXPECT_LE(history.range().min, -12) << dt;
+        for (const float value : history.history())
+            ASSERT_EQ(value, 0) << dt;
+    }
+}
+
+TEST_F(QVMGRHistoryTest, ARangeThatIsNoneIsReplaced) {
+    const float nan = NAN, infinity = INFINITY;
+    for (const QVMFloat32Range range :
+         {QVMFloat32Range{nan, 0}, {-24, nan}, {-infinity, 0}, {-24, infinity}, {0, -24}, {-6, -6}}) {
+        history.init(displayCanvas(150, 60), range, false, false);
+        EXPECT_EQ(history.range(), (QVMFloat32Range{-12, 0})) << range.min << " to " << range.max;
+    }
+}
+
+// The heights of the grid's lines, from the bottom, -1 to +1.
+std::vector<float> gridHeights(const QVMGRHistory& history) {
+    RecordingSurface surface;
+    surface.begin({150, 60}, 1);
+    history.drawBackground(surface);
+    std::vector<float> heights;
+    for (const RecordingSurface::Shape& shape : surface.shapes)
+        heights.push_back(1 - shape.line.front().from.y / 30);
+    return heights;
+}
+
+TEST_F(QVMGRHistoryTest, TheGridHasALineEverySixDecibels) {
+    history.init(displayCanvas(150, 60), {-24, 0}, false, false);
+    const float margin = 1 - 2.0f / 60;
+    EXPECT_THAT(gridHeights(history),
+                testing::Pointwise(testing::FloatNear(1e-5f), {-margin, -0.5f * margin, 0.0f, 0.5f * margin, margin}));
+}
+
+TEST_F(QVMGRHistoryTest, AGridOfTooManyLinesIsNone) {
+    for (const float bottom : {-400.0f, -1e9f, -3e38f}) {
+        history.init(displayCanvas(150, 60), {bottom, -bottom}, false, false);
+        ASSERT_THAT(gridHeights(history), testing::IsEmpty());
+    }
+    history.init(displayCanvas(150, 60), {-360, 0}, false, false);
+    EXPECT_EQ(gridHeights(history).size(), 61u) << "a point apart";
+}
+
+TEST_F(QVMGRHistoryTest, IsDrawnAgainWhenItsScaleMovesUnderALineThatStays) {
+    history.init(displayCanvas(150, 60, 2), {-24, 0}, true, false);
+    EXPECT_EQ(frame(kFrame), Redraw::yes);
+    std::vector<float> drawn = gridHeights(history);
+    int pictures = 0;
+    for (int i = 0; i < 1200; ++i) {
+        if (frame(kFrame) == Redraw::yes) {
+            ++pictures;
+            drawn = gridHeights(history);
+        }
+        const std::vector<float> present = gridHeights(history);
+        ASSERT_EQ(drawn.size(), present.size());
+        for (std::size_t k = 0; k < present.size(); ++k)
+            ASSERT_NEAR(drawn[k], present[k], 2.0 / 120 / 15) << "a fifteenth of a pixel, frame " << i;
+    }
+    EXPECT_GT(pictures, 100);
+    EXPECT_EQ(history.range().min, -12);
+    for (int i = 0; i < 60; ++i)
+        EXPECT_EQ(frame(kFrame), Redraw::no);
+}
+
+// The newest point is moved so far that the one after next turns the line by a little more, or less, than what counts.
+TEST_F(QVMGRHistoryTest, OnlyWhatTurnsTheLineByAThousandthIsAPointOfIt) {
+    const double step = 2.0 / 149, turn = 0.001 / 150 / step;
+    const double decibels = turn / (2.0 / 24 * (1 - 2.0 / 120));
+    for (const double share : {0.97, 1.03}) {
+        SetUp();
+        hold(-12, 3000, 0.01f); // a point each
+        const double taken = 1 - std::exp(-30.003 * 0.01);
+        hold(static_cast<float>(-12 + share * decibels / taken), 1, 0.01f);
+        EXPECT_NEAR(history.xs()[2], -1 + (share < 1 ? 3 : 2) * step, 1e-5) << share;
+    }
 }
 
 TEST_F(QVMGRHistoryTest, AsksToBeDrawnOnlyWhenItLooksDifferent) {
