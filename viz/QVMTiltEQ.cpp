@@ -46,6 +46,7 @@ struct Shelves {
 
 template <class T>
 T QVMTiltEQ<T>::tiltEQLoudness(const T* resp, const T* weights, const T* filterMag, T* scratch, int n) {
+    if (n == 0) return 0; // nothing is as loud as nothing
     const auto count = static_cast<std::size_t>(n);
     if (filterMag) {
         vectors::multiply(filterMag, weights, scratch, count);

@@ -1,5 +1,6 @@
 #include "viz/QVMFreqResp.h"
 
+#include "RecordingSurface.h"
 #include "SketchFixture.h"
 #include "platform/CpuDrawingSurface.h"
 
@@ -131,6 +132,116 @@ TEST(QVMFreqResp, GridLinesStandEverySixDecibelsFromTheReference) {
     EXPECT_THAT(display.gridLevels(), ElementsAre(-11, -5, 7));
     display.dbRange = {-19.5f, 19.5f};
     EXPECT_THAT(display.gridLevels(), ElementsAre(-23, -17, -11, -5, 7, 13, 19));
+}
+
+// Without smoothing; the first point is moved so far that the third turns the line by a little more, or less.
+TEST(QVMFreqResp, OnlyWhatTurnsTheLineByAHundredthIsAPointOfIt) {
+    QVMFreqResp display = makeDisplay(54, 0.4f);
+    const double step = 2.0 / 20, turn = 0.01 / 21 / step;
+    for (const double share : {0.99, 1.01}) {
+        std::vector<float> levels(21, 0.0f);
+        levels[0] = static_cast<float>(share * turn * 7.5);
+        display.prepareForDrawing(levels.data(), 0, 0);
+        EXPECT_NEAR(display.curve(0).clippedXs[2], -1 + (share < 1 ? 3 : 2) * step, 1e-5) << share;
+    }
+}
+
+TEST(QVMFreqResp, WithoutPointsThereIsNothingButTheGrid) {
+    for (const float width : {0.0f, 0.4f}) {
+        QVMFreqResp display = makeDisplay(width, 1);
+        ASSERT_EQ(display.numPoints(), 0);
+        display.prepareForDrawing(nullptr, 0, 0);
+        RecordingSurface surface;
+        surface.begin({width, 62}, 1);
+        display.glDraw(surface);
+        EXPECT_EQ(display.curve(0).pointCount, 0u);
+    }
+}
+
+TEST(QVMFreqResp, ASinglePointStandsAtTheLeft) {
+    QVMFreqResp display = makeDisplay(1, 1);
+    ASSERT_EQ(display.numPoints(), 1);
+    EXPECT_FLOAT_EQ(display.freqs()[0], 4);
+    EXPECT_EQ(display.xs()[0], -1);
+}
+
+// What is drawn of a response at 3.75 dB and an audition curve at -3.75 dB, in a colour of three different parts.
+class QVMFreqRespShapes : public testing::Test {
+protected:
+    using Shape = RecordingSurface::Shape;
+    void SetUp() override {
+        PBGLCanvas canvas = curveCanvas(60, 62, scale);
+        canvas.sketch.color = {0.8f, 0.4f, 0.2f};
+        display.init(canvas, 0.5f, {4, 24000}, {-7.5f, 7.5f}, 2);
+        display.showGrid = true;
+        for (int i = 0; i < 2; ++i) {
+            const std::vector<float> levels(static_cast<std::size_t>(display.numPoints()), i == 0 ? 3.75f : -3.75f);
+            display.prepareForDrawing(levels.data(), 0, i);
+        }
+        surface.begin({60, 62}, scale);
+    }
+    double heightOf(const Shape& shape) const { return 1 - static_cast<double>(shape.line[0].from.y) / (31 * scale); }
+
+    static constexpr float scale = 2;
+    QVMFreqResp display;
+    RecordingSurface surface;
+};
+
+TEST_F(QVMFreqRespShapes, TheReferenceComesFirstThenTheGridThenTheCurvesInTheirOrder) {
+    display.glDraw(surface);
+    const std::vector<Shape>& shapes = surface.shapes;
+    ASSERT_EQ(shapes.size(), 10u + 3 + 2); // a dash every six of sixty points
+    for (std::size_t i = 0; i < 10; ++i)
+        EXPECT_NEAR(heightOf(shapes[i]), 0, 1e-6);
+    EXPECT_NEAR(heightOf(shapes[10]), -12 / 7.5, 1e-5);
+    EXPECT_NEAR(heightOf(shapes[11]), -6 / 7.5, 1e-5);
+    EXPECT_NEAR(heightOf(shapes[12]), 6 / 7.5, 1e-5);
+    EXPECT_NEAR(heightOf(shapes[13]), 0.5, 1e-5) << "the response";
+    EXPECT_NEAR(heightOf(shapes[14]), -0.5, 1e-5) << "what is auditioned lies over it";
+}
+
+TEST_F(QVMFreqRespShapes, TheReferenceIsAPointWideAndDashedFourOnTwoOff) {
+    display.glDraw(surface);
+    for (std::size_t i = 0; i < 10; ++i) {
+        EXPECT_NEAR(surface.shapes[i].widthPixels(), 1 * scale, 1e-6);
+        EXPECT_NEAR(surface.shapes[i].lengthPixels(), 4 * scale, 1e-3);
+        EXPECT_NEAR(surface.shapes[i].line[0].from.x, static_cast<float>(i) * 6 * scale, 1e-3);
+    }
+}
+
+TEST_F(QVMFreqRespShapes, TheGridIsHalfAPointWideAndRunsAcross) {
+    display.glDraw(surface);
+    for (std::size_t i = 10; i < 13; ++i) {
+        EXPECT_NEAR(surface.shapes[i].widthPixels(), 0.5 * scale, 1e-6);
+        EXPECT_NEAR(surface.shapes[i].lengthPixels(), 60 * scale, 1e-3);
+    }
+}
+
+TEST_F(QVMFreqRespShapes, CurvesAreTwoPointsWide) {
+    display.glDraw(surface);
+    for (std::size_t i = 13; i < 15; ++i)
+        EXPECT_NEAR(surface.shapes[i].widthPixels(), 2 * scale, 1e-6);
+}
+
+// Fainter, not darker: half of the light of the sketch's colour, over whatever is behind it.
+TEST_F(QVMFreqRespShapes, ReferenceAndGridHaveHalfTheLightOfTheCurves) {
+    display.glDraw(surface);
+    for (std::size_t i = 0; i < 15; ++i) {
+        const Color colour = surface.shapes[i].color();
+        EXPECT_FLOAT_EQ(colour.r, 0.8f) << i;
+        EXPECT_FLOAT_EQ(colour.g, 0.4f) << i;
+        EXPECT_FLOAT_EQ(colour.b, 0.2f) << i;
+        EXPECT_FLOAT_EQ(colour.a, i < 13 ? 0.5f : 1.0f) << i;
+    }
+}
+
+TEST_F(QVMFreqRespShapes, ACurveIsDrawnInItsOwnColour) {
+    display.curve(0).colour = {0.28f, 0.14f, 0.07f, 0.35f};
+    display.glDraw(surface);
+    EXPECT_FLOAT_EQ(surface.shapes[13].color().r, 0.8f);
+    EXPECT_FLOAT_EQ(surface.shapes[13].color().b, 0.2f);
+    EXPECT_FLOAT_EQ(surface.shapes[13].color().a, 0.35f);
+    EXPECT_EQ(surface.shapes[14].color(), (Color{0.8f, 0.4f, 0.2f, 1}));
 }
 
 class QVMFreqRespPicture : public testing::Test {
