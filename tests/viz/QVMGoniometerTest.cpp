@@ -1,5 +1,6 @@
 #include "viz/QVMGoniometer.h"
 
+#include "RecordingSurface.h"
 #include "StereoSignals.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,23 @@ protected:
         std::fill_n(block.channels[1], 1600, right);
         goniometer.processAudio(&block, 1600, midSide);
         ASSERT_EQ(goniometer.prepareForDrawing(1601.0f / 48000), Redraw::yes);
+    }
+
+    // One block around a circle of this magnitude, then as long a frame; what is drawn of it at two pixels a point.
+    std::vector<RecordingSurface::Shape> shapesOf(float magnitude) {
+        goniometer.init(displayCanvas(240, 120, 2), 48000, 1600);
+        QVMAudioBuffer<float> block(2);
+        block.alloc(1600);
+        for (unsigned i = 0; i < 1600; ++i) {
+            block.channels[0][i] = magnitude * std::cos(static_cast<float>(i) / 200);
+            block.channels[1][i] = magnitude * std::sin(static_cast<float>(i) / 200);
+        }
+        goniometer.processAudio(&block, 1600, false);
+        EXPECT_EQ(goniometer.prepareForDrawing(1601.0f / 48000), Redraw::yes);
+        RecordingSurface surface;
+        surface.begin({240, 120}, 2);
+        goniometer.glDraw(surface, {0.3f, 0.7f, 0.95f});
+        return surface.shapes;
     }
 
     QVMGoniometer goniometer;
@@ -166,6 +184,45 @@ TEST_F(QVMGoniometerTest, WithoutNewAudioTheLastPointsStay) {
     EXPECT_EQ(goniometer.pointCount(), before.size());
     for (const float dt : {0.0f, -1.0f, NAN, 1e-6f})
         EXPECT_EQ(goniometer.prepareForDrawing(dt), Redraw::no);
+}
+
+TEST_F(QVMGoniometerTest, TheFanGoesThroughWhatIsLouderThanAThousandth) {
+    for (const float magnitude : {0.00099f, 0.00101f}) {
+        const auto shapes = shapesOf(magnitude);
+        EXPECT_EQ(!goniometer.fan().empty(), magnitude > 0.001f) << magnitude;
+        EXPECT_EQ(shapes.size(), magnitude > 0.001f ? 2u : 1u) << magnitude;
+    }
+}
+
+TEST_F(QVMGoniometerTest, EveryPointThatIsNotSilentIsASquare) {
+    for (const float magnitude : {1e-15f, 0.0005f, 0.5f}) {
+        const auto shapes = shapesOf(magnitude);
+        EXPECT_EQ(shapes.back().line.size(), 1600u) << magnitude;
+    }
+    EXPECT_TRUE(shapesOf(0).empty());
+}
+
+TEST_F(QVMGoniometerTest, TheFanLiesBehindThePointsInLessOfTheColour) {
+    const auto shapes = shapesOf(0.5f);
+    ASSERT_EQ(shapes.size(), 2u);
+    EXPECT_FALSE(shapes[0].triangles.empty());
+    EXPECT_EQ(shapes[0].color(), (Color{0.3f, 0.7f, 0.95f, 0.65f}));
+    EXPECT_FALSE(shapes[1].line.empty());
+    EXPECT_EQ(shapes[1].color(), (Color{0.3f, 0.7f, 0.95f, 1}));
+}
+
+TEST_F(QVMGoniometerTest, APointIsTwoPointsWideAndHighAroundItsPlace) {
+    const auto shapes = shapesOf(0.5f);
+    for (std::size_t i = 0; i < 1600; i += 100) {
+        const StrokeSegment& square = shapes.back().line[i];
+        EXPECT_NEAR(square.halfWidth, 2, 1e-5);
+        EXPECT_NEAR(square.to.x - square.from.x, 4, 1e-3);
+        EXPECT_EQ(square.to.y, square.from.y);
+        EXPECT_TRUE(square.isCutAtFrom && square.isCutAtTo);
+        // Two pixels a point, and the shorter side is -1 to 1.
+        EXPECT_NEAR((square.from.x + square.to.x) / 2, 240 + 120 * goniometer.x()[i], 1e-2);
+        EXPECT_NEAR(square.from.y, 120 - 120 * goniometer.y()[i], 1e-2);
+    }
 }
 
 TEST_F(QVMGoniometerTest, ASampleThatIsNoNumberIsGoneWithItsFrame) {

@@ -177,16 +177,23 @@ TEST_F(AudioSideOfAll, RunsBesideTheDrawingSide) {
             history.processAudio(-6, true);
         }
     });
-    int torn = 0; // frames in which mono is not mono
-    for (int i = 0; i < 200; ++i) {
-        goniometer.prepareForDrawing(kFrame);
+    const auto isSound = [](float x) { return x != 0; };
+    int torn = 0, sounding = 0; // frames in which mono is not mono, and in which there is something to see
+    for (int i = 0; i < 1'000'000 && sounding < 200; ++i) {
+        const bool isNew = goniometer.prepareForDrawing(kFrame) == Redraw::yes;
         stereoscope.prepareForDrawing(kFrame);
         history.prepareForDrawing(kFrame);
-        torn += std::any_of(goniometer.x().begin(), goniometer.x().end(), [](float x) { return x != 0; });
+        torn += std::any_of(goniometer.x().begin(), goniometer.x().end(), isSound);
+        sounding += isNew && std::any_of(goniometer.y().begin(), goniometer.y().end(), isSound);
+        std::this_thread::yield();
     }
     isDone = true;
     audio.join();
     EXPECT_EQ(torn, 0);
+    EXPECT_EQ(sounding, 200);
+    EXPECT_TRUE(
+        std::any_of(stereoscope.levelDb().begin(), stereoscope.levelDb().end(), [](float l) { return l > -60; }));
+    EXPECT_NEAR(history.smoothed(), -6, 0.5);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <mutex>
 #include <numeric>
 #include <thread>
@@ -72,13 +73,16 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
     QVMCircularBuffer<float> buffer(2, window, true);
     ASSERT_TRUE(buffer.init());
     std::mutex lock;
+    // The audio side stays a little ahead, so that a stamp is always a whole number that a float can hold.
+    constexpr int windows = 400, ahead = 64;
+    std::atomic<int> written = 0, seen = 0; // blocks, windows
     std::thread audio([&] {
         QVMAudioBuffer<float> block(2);
         block.alloc(blockFrames);
         float stamp = 0;
-        for (int i = 0; i < 4000; ++i) {
+        while (seen < windows) {
             const std::unique_lock held(lock, std::try_to_lock);
-            if (!held) {
+            if (!held || written > ahead * (seen + 1)) {
                 std::this_thread::yield();
                 continue;
             }
@@ -87,18 +91,24 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
                 block.channels[1][f] = -stamp;
             }
             buffer.fillAndTap(&block, blockFrames, true);
+            ++written;
         }
     });
     int wrong = 0;
-    for (int i = 0; i < 400; ++i) {
+    float newest = 0;
+    while (seen < windows) {
+        std::this_thread::yield();
         const std::lock_guard held(lock);
         wrong += buffer.availFrames != window;
+        if (buffer.taps[0][window - 1] == newest) continue; // nothing came
+        newest = buffer.taps[0][window - 1];
+        ++seen;
+        wrong += newest != static_cast<float>(written * static_cast<int>(blockFrames));
         for (unsigned f = 0; f + 1 < window; ++f) {
             const float now = buffer.taps[0][f], next = buffer.taps[0][f + 1];
             wrong += next != now + 1 && !(now == 0 && next == 0);
             wrong += buffer.taps[1][f] != -now;
         }
-        std::this_thread::yield();
     }
     audio.join();
     EXPECT_EQ(wrong, 0);
