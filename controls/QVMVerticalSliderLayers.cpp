@@ -147,6 +147,7 @@ void QVMVerticalSlider::placeInTrack(std::unique_ptr<View> view) {
 
 void QVMVerticalSlider::layOutTrackContent() {
     if (!trackContent_) return;
+    background_->setBackgroundColor(QVMUITheme::theme().palette.meterGroove);
     const Rect track = trackRect();
     trackContent_->setFrame(track);
     for (const auto& view : trackContent_->subviews())

@@ -260,7 +260,6 @@ private:
     bool isMemoizedValueHeld(std::size_t pid) const;
     void rereadMemoizedValue(const QVMParameter& parameter, float held);
     void showFocusInSketch();
-    void showThemeInSketches();
     void sketchScaleDidChange();
     void describeMeters();
 

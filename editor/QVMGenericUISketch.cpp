@@ -8,8 +8,6 @@
 #include "editor/QVMPowerBox.h"
 #include "platform/Transaction.h"
 #include "platform/Window.h"
-#include "theme/QVMUITheme.h"
-#include "viz/QVM0015GLSketch.h"
 #include "viz/QVMAuxiliarySketch.h"
 #include "viz/QVMParameterSketch.h"
 
@@ -34,15 +32,7 @@ void QVMGenericUI::addSketch() {
     addSketchWithFrameAppendView(EditorLayoutForAltFrame(altFrame_).sketchPlace, *powerBox_, settings);
     for (std::size_t i = mainSketch + 1; i < PB_Sketches.size(); ++i)
         addAuxiliarySketch(PB_Sketches[i], settings);
-    showThemeInSketches();
     describeMeters();
-    observations_.push_back(NotificationCenter::defaultCenter().observe(
-        QVMUITheme::updatedNotification, nullptr, [this](const Notification&) { showThemeInSketches(); }));
-}
-
-void QVMGenericUI::showThemeInSketches() {
-    // The object is this editor's own, of the one kind that there is.
-    static_cast<QVM0015GLSketch*>(sketch_->getVizRef())->setMeterInk(QVMUITheme::theme().palette.meterInk);
 }
 
 void QVMGenericUI::addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings) {

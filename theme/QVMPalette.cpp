@@ -17,7 +17,7 @@ const QVMPalette& QVMPalette::light() {
         .tick = colorFromHex(0x9A8F90),
         .unit = colorFromHex(0x635A5B),
         .note = colorFromHex(0x645C5C),
-        .meterInk = Color::white(0),
+        .meterGroove = colorFromHex(0xE3DEDC),
         .hover = Color::white(0, 0.05f),
     };
     return palette;
@@ -36,7 +36,7 @@ const QVMPalette& QVMPalette::dark() {
         .tick = colorFromHex(0x7A7273),
         .unit = colorFromHex(0xAFA6A7),
         .note = colorFromHex(0xB0A8A9),
-        .meterInk = Color::white(1),
+        .meterGroove = colorFromHex(0x9A9293),
         .hover = Color::white(1, 0.08f),
     };
     return palette;

@@ -25,8 +25,8 @@ struct QVMPalette {
     Color unit; // beside or under a number
     Color note; // remarks in italics
 
-    // What the meter's translucent bars shade their groove with.
-    Color meterInk;
+    // Groove of a slider with a meter in it, whose black bars shade it in either theme.
+    Color meterGroove;
 
     // Translucent; laid over whatever the pointer is above.
     Color hover;

@@ -66,14 +66,6 @@ void QVM0015GLSketch::initLevelMeter(const PBGLCanvas& canvas) {
     sharedMeter_.store(levelMeter_.get(), std::memory_order_release);
 }
 
-void QVM0015GLSketch::setMeterInk(const Color& ink) {
-    for (int i = 0; levelMeter_ && i < kMeterChannels; ++i) {
-        QVMLevelMeter::Channel& channel = levelMeter_->channel(i);
-        channel.colourEmpty = ink.withAlpha(channel.colourEmpty.a);
-        channel.colourFull = ink.withAlpha(channel.colourFull.a);
-    }
-}
-
 Redraw QVM0015GLSketch::prepareForDrawing(PBGLCanvas canvas, float duration) {
     if (canvas.sid == PBSketchResponseCurve) return prepareResponseCurve(duration);
     if (canvas.sid == PBSketchLevelMeter && levelMeter_)

@@ -46,9 +46,6 @@ public:
     std::span<const float> loudnessWeights() const { return loudnessWeights_; }
     float loudnessWeightsRms() const { return loudnessWeightsRms_; }
 
-    // Gives the meter's bars this colour instead of black; how much of it they lay over the groove stays. Seen with the
-    // next frame. Nothing happens before there is a meter.
-    void setMeterInk(const Color& ink);
     // Null until a meter's layer uses the object; from then on it stays. Any thread.
     QVMLevelMeter* levelMeter() const { return sharedMeter_.load(std::memory_order_acquire); }
 

@@ -63,7 +63,7 @@ public:
         made.invertLabels = false;
         QVMPalette& p = made.palette;
         for (Color* each : {&p.sidePanel, &p.drawer, &p.trackFill, &p.boxFill, &p.trackBorder, &p.boxBorder,
-                            &p.pillBorder, &p.shade, &p.litGround})
+                            &p.pillBorder, &p.meterGroove, &p.shade, &p.litGround})
             *each = dark();
         for (Color* each :
              {&p.drawerSelection, &p.tick, &p.unit, &p.note, &p.headingInk, &p.labelInk, &p.onAccent, &p.glow})

@@ -42,6 +42,19 @@ TEST_F(QVMGenericUIMeter, TheMetersBarsLieInsideTheTrack) {
     EXPECT_EQ(track.y + track.h, gainSlider().handleValue());
 }
 
+TEST_F(QVMGenericUIMeter, ALevelEndsAtTheMiddleOfTheHandleOfAsMuchGain) {
+    QVMLevelMeter::Channel& channel = object().levelMeter()->channel(0);
+    channel.slewEnabled = false;
+    const PBGLCanvas canvas = {PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1};
+    for (const float decibels : {-96.0f, -60.0f, -36.0f, -24.0f, -12.0f, -6.0f, -1.0f, 0.0f, 3.0f, 6.0f, 12.0f}) {
+        channel.level = decibels;
+        object().prepareForDrawing(canvas, 0.1f);
+        gainSlider().setFloatValue(decibels);
+        const PBRect bar = object().levelMeter()->barRect(canvas, 0);
+        EXPECT_NEAR(bar.y + bar.h, gainSlider().handleValue(), 0.501) << decibels << ": it stands on whole points";
+    }
+}
+
 TEST_F(QVMGenericUIMeter, TheMeterIsBelowTheHandleAndAboveTheGroove) {
     const auto& layers = gainSlider().layer()->sublayers();
     const auto indexOf = [&](const Layer* layer) {
@@ -54,21 +67,20 @@ TEST_F(QVMGenericUIMeter, TheMeterIsBelowTheHandleAndAboveTheGroove) {
     EXPECT_LT(indexOf(meter().layer().get()), indexOf(gainSlider().readoutBulb().get()));
 }
 
-TEST_F(QVMGenericUIMeter, TheMetersBarsStandOutInBothThemes) {
-    const auto contrasts = [&] {
-        const Color groove = QVMUITheme::theme().palette.trackFill;
-        const QVMLevelMeter& levels = *object().levelMeter();
-        return std::array{contrastRatio(composite(levels.barColour(0), groove), groove),
-                          contrastRatio(composite(levels.barColour(1), groove), groove)};
-    };
-    EXPECT_EQ(object().levelMeter()->barColour(1), Color::white(0, 0.5f));
-    const auto light = contrasts();
-    QVMUITheme::toggleThemeForWindow(&window_);
-    EXPECT_EQ(object().levelMeter()->barColour(1), Color::white(1, 0.5f));
-    const auto dark = contrasts();
-    for (const auto& [first, second] : {light, dark}) {
-        EXPECT_GT(first, 1.7);
-        EXPECT_GT(second, 3);
+TEST_F(QVMGenericUIMeter, TheMetersBarsAreBlackAndStandOutInBothThemes) {
+    const QVMLevelMeter& levels = *object().levelMeter();
+    for (int theme = 0; theme < 2; ++theme) {
+        for (int i = 0; i < 2; ++i) {
+            const float alpha = i == 0 ? 0.25f : 0.5f;
+            EXPECT_EQ(levels.channel(i).colourEmpty, (Color{0, 0, 0, alpha}));
+            EXPECT_EQ(levels.channel(i).colourFull, (Color{0, 0, 0, alpha}));
+            EXPECT_EQ(levels.channel(i).colourClip, (Color{1, 0, 0, alpha}));
+            const Color groove = gainSlider().background()->backgroundColor();
+            const Color panel = QVMUITheme::theme().palette.sidePanel;
+            EXPECT_GT(contrastRatio(composite(levels.barColour(i), groove), groove), i == 0 ? 1.6 : 2.9);
+            EXPECT_GT(contrastRatio(groove, panel), 1.2) << "the groove shows, too";
+        }
+        QVMUITheme::toggleThemeForWindow(&window_);
     }
 }
 
