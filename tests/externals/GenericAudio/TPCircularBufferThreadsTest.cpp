@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <mutex>
 #include <numeric>
 #include <thread>
@@ -76,11 +77,12 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
     // The audio side stays a little ahead, so that a stamp is always a whole number that a float can hold.
     constexpr int windows = 400, ahead = 64;
     std::atomic<int> written = 0, seen = 0; // blocks, windows
+    std::atomic<bool> isDone = false;
     std::thread audio([&] {
         QVMAudioBuffer<float> block(2);
         block.alloc(blockFrames);
         float stamp = 0;
-        while (seen < windows) {
+        while (!isDone) {
             const std::unique_lock held(lock, std::try_to_lock);
             if (!held || written > ahead * (seen + 1)) {
                 std::this_thread::yield();
@@ -96,7 +98,8 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
     });
     int wrong = 0;
     float newest = 0;
-    while (seen < windows) {
+    const auto patience = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (seen < windows && std::chrono::steady_clock::now() < patience) {
         std::this_thread::yield();
         const std::lock_guard held(lock);
         wrong += buffer.availFrames != window;
@@ -110,7 +113,9 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
             wrong += buffer.taps[1][f] != -now;
         }
     }
+    isDone = true;
     audio.join();
+    EXPECT_EQ(seen, windows);
     EXPECT_EQ(wrong, 0);
 }
 
