@@ -16,6 +16,12 @@ constexpr QVMFloat32Range meterRange = {-96, 12}; // dB
 // A host may be so much late with the next block, or work some of them off at once, before it counts as stopped.
 constexpr double hostPatience = 0.25; // seconds
 
+// Whether a meter at rest has something to show for it.
+bool isAboveSilence(float peak) {
+    constexpr float silence = 1.6e-5f; // amplitude, the lower end of the range
+    return peak > silence;
+}
+
 } // namespace
 
 VizLink::VizLink(const UnitParameters& parameters) : parameters_(parameters) {
@@ -30,6 +36,7 @@ void VizLink::enter() {
 
 void VizLink::exchange(PBGLSketchAbstract* vizRef) {
     enter();
+    if (PBGLSketchAbstract* const earlier = vizRef_) earlier->requestFrame(); // its editor may want to know
     vizRef_ = vizRef;
     isNew_ = true;
     leave();
@@ -54,6 +61,7 @@ void VizLink::writeStates() {
     for (std::uint32_t rest = changed_.exchange(0); rest != 0; rest &= rest - 1)
         glides |= writeState(*vizRef, static_cast<std::uint32_t>(std::countr_zero(rest)));
     if (glides) vizRef->restartGlide();
+    vizRef->requestFrame(); // also for a value that came back as it was: an editor may have sent another one
 }
 
 // True when the value is another one than before.
@@ -85,6 +93,7 @@ void VizLink::postLevels(std::span<const float> peaks, double seconds) {
         for (std::size_t channel = 0; channel < channels; ++channel) {
             const float peak = waitingPeaks_[channel].exchange(0);
             shown->processAudio(&peak, 1, meterRange, static_cast<int>(channel));
+            if (isAboveSilence(peak)) vizRef()->requestFrame();
         }
     }
     leave();
@@ -99,7 +108,10 @@ void VizLink::dropWaitingPeaks() {
 void VizLink::resetLevels() {
     dropWaitingPeaks();
     enter();
-    if (QVMLevelMeter* shown = meter()) shown->reset();
+    if (QVMLevelMeter* shown = meter()) {
+        shown->reset();
+        vizRef()->requestFrame();
+    }
     leave();
     post(0);
 }

@@ -27,6 +27,7 @@ void PBGLSketchAbstract::restartGlide() {
     // In this order: performInterp() clears isInterpolating first and then looks at interpPending again.
     interpPending.storeOrdered(true);
     isInterpolating.storeOrdered(true);
+    requestFrame();
 }
 
 void PBGLSketchAbstract::performInterp() {

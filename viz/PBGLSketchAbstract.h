@@ -46,6 +46,13 @@ public:
     // Starts the glide anew towards `interpTargets`, which are written before. One thread at a time, never waits: the
     // render thread may call it.
     void restartGlide();
+    // Asks for the next display frame: what is shown may differ then. Whoever writes something into the object says so
+    // afterwards; a frame that nobody asks for is not made. Any thread, never waits.
+    void requestFrame() { isFrameRequested_.storeOrdered(true); }
+    // Any thread.
+    bool isFrameRequested() const { return isFrameRequested_.load(); }
+    // For the frame, before it reads anything: takes the request, whether there was one.
+    bool takeFrameRequest() { return isFrameRequested_.exchangeOrdered(false); }
     // One step of the glide: an exponential approach that ends exactly at the targets with the seventh step. Main
     // thread, once a display frame. A target that is posted meanwhile is taken up by this step or by the next one.
     void performInterp();
@@ -66,6 +73,9 @@ public:
     SharedWord<const char*> numericMeterSuffix = ""; // likewise
     std::uint32_t refCount = 0;                      // layers that use the object
     bool isAlive = true;
+
+private:
+    SharedWord<bool> isFrameRequested_ = false;
 };
 
 } // namespace QVM_NAMESPACE

@@ -14,6 +14,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double kNumericMeterSeconds = 0.5;
+constexpr double kRestSeconds = 2; // in which nothing looked different, before frames rest
 
 // What a printf format for one double makes of a number.
 std::string formatted(const std::string& format, double number) {
@@ -28,6 +29,8 @@ std::string formatted(const std::string& format, double number) {
 } // namespace
 
 int MyDisplayLinkCallback(const std::shared_ptr<DisplayLink>& link, const DisplayTimeStamp& output, void* context) {
+    // While nothing moves the main thread is left alone.
+    if (!static_cast<const QVMParameterSketch*>(context)->isFrameWanted()) return 0;
     const double duration = static_cast<double>(output.videoRefreshPeriod) / output.videoTimeScale;
     const double time = static_cast<double>(output.videoTime) / output.videoTimeScale;
     link->postFrame([context, duration, time] {
@@ -97,6 +100,7 @@ void QVMParameterSketch::viewDidMoveToWindow() {
 
 void QVMParameterSketch::startDisplayLink() {
     if (displayLink_) return;
+    getVizRef()->requestFrame(); // the first one says that the sketches are ready
     displayLink_ = DisplayLink::create();
     displayLink_->setOutputCallback(MyDisplayLinkCallback, this);
     displayLink_->start();
@@ -120,22 +124,32 @@ void QVMParameterSketch::frameDidChange() {
 }
 
 void QVMParameterSketch::getFrameWithDurationAndTime(double duration, double time) {
-    const double elapsed = timestamp_ > 0 ? std::max(duration, time - timestamp_) : duration;
+    const bool isAskedFor = getVizRef()->takeFrameRequest();
+    // After a rest what moves has begun to with this frame.
+    const double elapsed = isMoving_ && timestamp_ > 0 ? std::max(duration, time - timestamp_) : duration;
     timestamp_ = time;
+    bool isChanged = false;
     if (hasGL_) {
         const auto seconds = static_cast<float>(elapsed);
         glSketch_->performInterp();
-        if (glSketch_->isInterpolating()) prepareSketches(seconds, true);
-        prepareSketches(seconds, false);
+        if (glSketch_->isInterpolating()) isChanged = prepareSketches(seconds, true) == Redraw::yes;
+        isChanged |= prepareSketches(seconds, false) == Redraw::yes;
         if (delegate_) delegate_->sketchHasUpdatedParameterStates(*this, getVizRefParameterStates());
     }
     updateNumericMeter(time);
+    // What moves slowly looks the same for some frames.
+    if (isAskedFor || isChanged || glSketch_->isInterpolating()) lastMotion_ = time;
+    isMoving_ = time - lastMotion_ < kRestSeconds;
 }
 
-void QVMParameterSketch::prepareSketches(float duration, bool parameterSketches) {
-    glSketch_->prepareForDrawingWithDurationParameterSketch(duration, parameterSketches);
-    for (QVMAuxiliarySketch* sketch : auxiliarySketches_)
-        sketch->glSketch()->prepareForDrawingWithDurationParameterSketch(duration, parameterSketches);
+Redraw QVMParameterSketch::prepareSketches(float duration, bool parameterSketches) {
+    Redraw redraw = glSketch_->prepareForDrawingWithDurationParameterSketch(duration, parameterSketches);
+    for (QVMAuxiliarySketch* sketch : auxiliarySketches_) {
+        if (sketch->glSketch()->prepareForDrawingWithDurationParameterSketch(duration, parameterSketches) ==
+            Redraw::yes)
+            redraw = Redraw::yes;
+    }
+    return redraw;
 }
 
 void QVMParameterSketch::updateNumericMeter(double time) {

@@ -20,8 +20,8 @@ namespace QVM_NAMESPACE {
 
 class QVMConfig;
 
-// The output callback of a sketch view's display link: reads the frame's duration and time and has the main queue hand
-// them to the view, which is the context. On the link's thread; returns 0.
+// The output callback of a sketch view's display link: where a frame is asked for, reads its duration and time and has
+// the main queue hand them to the view, which is the context. On the link's thread; returns 0.
 int MyDisplayLinkCallback(const std::shared_ptr<DisplayLink>& link, const DisplayTimeStamp& output, void* context);
 
 class QVMParameterSketch final : public View {
@@ -50,6 +50,9 @@ public:
     void setFocusedPid(std::int32_t pid) { focusedPid_ = pid; }
     std::int32_t focusedPid() const { return focusedPid_; }
     bool hasGL() const { return hasGL_; }
+    // Whether the next display frame has a reason: something moves, or the drawing object was asked for one. Any thread
+    // while the display link runs.
+    bool isFrameWanted() const { return isMoving_ || getVizRef()->isFrameRequested(); }
     // Whether frames are being delivered.
     bool isRunning() const { return displayLink_ != nullptr; }
     // The box that a layer fills: that of its superlayer, or the view's own for a layer without one.
@@ -63,7 +66,8 @@ public:
     void mouseUp(const Event&) override { toggleVisible(); }
 
     // One display frame: `duration` of a refresh and `time` of this one, in seconds. Where frames were left out since
-    // the last one, sketches are told the time that really went by.
+    // the last one, while something moved, sketches are told the time that really went by. As long as anything moves,
+    // and for a while longer, the next frame follows; then only one that the drawing object is asked for.
     void getFrameWithDurationAndTime(double duration, double time);
 
     void viewDidMoveToWindow() override;
@@ -73,7 +77,7 @@ public:
 private:
     void startDisplayLink();
     void stopDisplayLink();
-    void prepareSketches(float duration, bool parameterSketches);
+    Redraw prepareSketches(float duration, bool parameterSketches);
     void updateNumericMeter(double time);
 
     std::shared_ptr<QVMSketchGLLayer> glSketch_;
@@ -83,8 +87,10 @@ private:
     bool vizVisible_ = true, hasGL_ = false;
     std::int64_t numParams_ = 0;
     std::int32_t focusedPid_ = -1;
-    double timestamp_ = 0;                                            // seconds, of the last frame; 0: none yet
-    double numericMeterTimestamp_ = 0;                                // seconds, of the last reading
+    SharedWord<bool> isMoving_ = false; // the last frame is to be followed by another; written by the main thread
+    double lastMotion_ = 0;             // seconds, of the last frame that had a reason
+    double timestamp_ = 0;              // seconds, of the last frame; 0: none yet
+    double numericMeterTimestamp_ = 0;  // seconds, of the last reading
     float lastNumericMeterValue_ = std::numeric_limits<float>::max(); // no reading yet
     std::shared_ptr<DisplayLink> displayLink_; // null while the view is in no window or in a hidden one
     ObservationToken windowVisibility_;

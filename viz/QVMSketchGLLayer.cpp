@@ -74,14 +74,15 @@ bool QVMSketchGLLayer::isInterpolating() const {
     return cppSketch_ && cppSketch_->isInterpolating;
 }
 
-void QVMSketchGLLayer::prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch) {
-    if (!cppSketch_ || sketch_.parameterSketch != parameterSketch) return;
+Redraw QVMSketchGLLayer::prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch) {
+    if (!cppSketch_ || sketch_.parameterSketch != parameterSketch) return Redraw::no;
     const Redraw redraw = cppSketch_->prepareForDrawing(canvas(), duration);
-    if (redraw == Redraw::no && canRender_) return;
+    if (redraw == Redraw::no && canRender_) return Redraw::no;
     runOnMainQueueWithoutDeadlocking([this] {
         canRender_ = true;
         setNeedsDisplay();
     });
+    return Redraw::yes;
 }
 
 void QVMSketchGLLayer::backgroundDrawWithContext(DrawingSurface& surface) {

@@ -36,8 +36,8 @@ public:
     void performInterp();
     bool isInterpolating() const;
     // Computes the next frame, if the sketch is of the kind meant: one that shows parameters or one that shows audio.
-    // `duration` is in seconds. Asks to be drawn when the picture will differ.
-    void prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch);
+    // `duration` is in seconds. Asks to be drawn when the picture will differ, and tells whether it will.
+    Redraw prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch);
     void backgroundDrawWithContext(DrawingSurface& surface);
 
     // The writer's way in: copies the states of all parameters into the object. Render thread too.

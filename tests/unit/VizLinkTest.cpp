@@ -153,6 +153,34 @@ TEST_F(VizLinkTest, OneOutputShowsOnBothChannels) {
     EXPECT_EQ(level(1), level(0));
 }
 
+TEST_F(VizLinkTest, WhateverIsPostedAsksForAFrame) {
+    link.exchange(drawing.get());
+    EXPECT_TRUE(drawing->takeFrameRequest());
+    EXPECT_FALSE(drawing->takeFrameRequest());
+    set(1, 5);
+    EXPECT_TRUE(drawing->takeFrameRequest());
+    set(1, 5);
+    EXPECT_TRUE(drawing->takeFrameRequest()) << "an editor may have sent another value, which it is not";
+    link.postLevels(std::array{0.0f, 1e-3f});
+    EXPECT_TRUE(drawing->takeFrameRequest());
+}
+
+TEST_F(VizLinkTest, SilenceAsksForNoFrame) {
+    link.exchange(drawing.get());
+    drawing->takeFrameRequest();
+    link.postLevels(std::array{0.0f, 1e-6f});
+    EXPECT_FALSE(drawing->takeFrameRequest());
+}
+
+TEST_F(VizLinkTest, TheEditorWhoseObjectIsTakenAwayGetsAFrameToSeeIt) {
+    link.exchange(drawing.get());
+    drawing->takeFrameRequest();
+    const std::unique_ptr<QVM0015GLSketch> another = makeDrawing();
+    link.exchange(another.get());
+    EXPECT_TRUE(drawing->takeFrameRequest());
+    link.exchange(nullptr);
+}
+
 TEST_F(VizLinkTest, AnObjectWithoutAMeterGetsNoLevels) {
     drawing = std::make_unique<QVM0015GLSketch>();
     drawing->sizeStates(QVMParameterCount);

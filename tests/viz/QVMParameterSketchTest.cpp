@@ -125,6 +125,65 @@ TEST_F(QVMParameterSketchTest, FramesLeftOutCountForTheMetersTime) {
     (void)meter;
 }
 
+TEST_F(QVMParameterSketchTest, WhileNothingMovesNoTickReachesTheMainThread) {
+    addMeter();
+    Reader reader;
+    view.setDelegate(&reader);
+    for (int i = 0; i < 600; ++i) // ten seconds
+        frame();
+    const int before = reader.frames;
+    EXPECT_GT(before, 0);
+    for (int i = 0; i < 600; ++i)
+        frame();
+    EXPECT_EQ(reader.frames, before);
+    EXPECT_FALSE(view.isFrameWanted());
+}
+
+TEST_F(QVMParameterSketchTest, AFrameThatIsAskedForAtRestComesWithTheNextTick) {
+    addMeter();
+    Reader reader;
+    view.setDelegate(&reader);
+    for (int i = 0; i < 600; ++i)
+        frame();
+    for (int i = 0; i < 3; ++i) {
+        const int before = reader.frames;
+        object().parameterStates[1].value = static_cast<float>(i);
+        object().requestFrame();
+        frame();
+        EXPECT_EQ(reader.frames, before + 1);
+        EXPECT_EQ(reader.tiltGain, static_cast<float>(i));
+        for (int j = 0; j < 600; ++j)
+            frame();
+    }
+}
+
+TEST_F(QVMParameterSketchTest, FramesGoOnUntilTheMeterHasFallen) {
+    addMeter();
+    QVMLevelMeter::Channel& channel = object().levelMeter()->channel(0);
+    channel.level = 6;
+    object().requestFrame();
+    for (int i = 0; i < 60; ++i)
+        frame();
+    EXPECT_GT(channel.clip, 0.9f);
+    channel.level = -96;
+    for (int i = 0; i < 1200; ++i)
+        frame();
+    EXPECT_LT(channel.clip, 2.0f / 255) << "nothing of it is seen";
+    EXPECT_LT(channel.display, -95.5f);
+    EXPECT_FALSE(view.isFrameWanted());
+}
+
+TEST_F(QVMParameterSketchTest, AfterARestTheMeterMovesAsFarAsInAnyFrame) {
+    addMeter();
+    QVMLevelMeter::Channel& channel = object().levelMeter()->channel(0);
+    for (int i = 0; i < 600; ++i)
+        frame();
+    channel.level = -6;
+    object().requestFrame();
+    frame();
+    EXPECT_NEAR(channel.display, -6 - 90 * std::exp(-1000.0 / 60 / 10), 0.1);
+}
+
 TEST_F(QVMParameterSketchTest, ShowingAnOpaqueViewChangesNothing) {
     QVMAuxiliarySketch& meter = addMeter();
     meter.glSketch()->setShouldRender(false);
