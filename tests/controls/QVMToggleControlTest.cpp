@@ -178,6 +178,12 @@ TEST_F(QVMToggleControlRow, ShowsEveryValueByNameAndWhichIsTaken) {
     EXPECT_THAT(record.lines, IsEmpty()) << "a value from the model is not reported";
 }
 
+TEST_F(QVMToggleControlRow, TheSelectionIsRoundAtItsEnds) {
+    control.setFloatValue(2);
+    const Rect frame = control.selection()->frame();
+    EXPECT_EQ(control.selection()->cornerRadius(), std::min(frame.width, frame.height) / 2);
+}
+
 TEST_F(QVMToggleControlRow, TheSelectionGlidesToItsSegment) {
     control.setFloatValue(3);
     const double start = control.selection()->presentation().position.x;

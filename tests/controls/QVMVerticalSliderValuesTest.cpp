@@ -36,6 +36,16 @@ TEST_F(QVMVerticalSliderValuesTest, TheFirstValueIsThereAtOnce) {
     EXPECT_FALSE(slider.isHandleGliding());
 }
 
+TEST_F(QVMVerticalSliderValuesTest, AClickOnTheTrackCountsAsAFirstValueToo) {
+    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    press(slider, at(slider, 200));
+    EXPECT_TRUE(slider.setOnce());
+    EXPECT_FALSE(slider.isHandleGliding()) << "the first";
+    release(slider, at(slider, 200));
+    press(slider, at(slider, 60));
+    EXPECT_TRUE(slider.isHandleGliding()) << "the second";
+}
+
 TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelDuringADragAreStoredButDoNotMoveTheHandle) {
     QVMVerticalSlider slider(kLying, *GetParameter(1));
     press(slider, at(slider, slider.handleValue()));

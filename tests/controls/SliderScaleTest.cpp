@@ -41,6 +41,17 @@ TEST(SliderScale, MarksTooNearTheEndsGiveWayToThem) {
     EXPECT_THAT(valuesOf(scale), UnorderedElementsAre(0, 50, 100));
 }
 
+TEST(SliderScale, ItsLinesHaveTheThemesColourWheneverItIsLaidOut) {
+    SliderScale scale;
+    const auto lineColor = [&scale] {
+        scale.layOut(marked({0, 50, 100}), kUpright, identity);
+        return dynamic_cast<const ShapeLayer&>(*scale.layer()->sublayers().at(0)).fillColor();
+    };
+    EXPECT_EQ(lineColor(), QVMUITheme::light().palette.tick);
+    const DarkTheme dark;
+    EXPECT_EQ(lineColor(), QVMUITheme::dark().palette.tick);
+}
+
 TEST(SliderScale, TextsBelowATrackNeedMoreRoomThanTextsBesideOne) {
     SliderScale scale;
     scale.layOut(marked({0, 20, 40, 60, 80, 100}), kUpright, identity);
