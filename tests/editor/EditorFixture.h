@@ -62,7 +62,10 @@ public:
         post();
         vizRef->restartGlide();
     }
-    void interfaceWantsSampleRateMaxFrames(QVMGenericUI&, double&, std::uint32_t&) override {}
+    void interfaceWantsSampleRateMaxFrames(QVMGenericUI&, double& rate, std::uint32_t& frames) override {
+        rate = sampleRate;
+        frames = 512;
+    }
     void interfaceWantsToResetMetering(QVMGenericUI&) override { calls.push_back("reset metering"); }
     void interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI&, const std::string& key, double value) override {
         calls.push_back("preference " + key + " " + std::to_string(static_cast<int>(value)));
@@ -95,6 +98,7 @@ public:
     };
     std::vector<std::string> calls;
     std::vector<Sent> sent;
+    double sampleRate = 44100;                   // hertz
     std::string savedSlot;                       // of the A/B comparison
     std::array<float, QVMParameterCount> unit{}; // host domain
     PBGLSketchAbstract* vizRef = nullptr;        // as the unit would know it

@@ -194,6 +194,16 @@ TEST_F(QVMGenericUIDrawers, TogglingTheFrameClosesThePresetsFirst) {
     EXPECT_EQ(ui_->altFrame(), 2);
 }
 
+TEST_F(QVMGenericUIDrawers, TheFrameChangesHalfASecondAfterThePresetsWereTold) {
+    ui_->toggleDrawerForce(presets(), false);
+    drawFor(0.5);
+    ui_->toggleFrame();
+    time_.advance(0.49);
+    EXPECT_EQ(ui_->altFrame(), 0);
+    time_.advance(0.02);
+    EXPECT_EQ(ui_->altFrame(), 2);
+}
+
 TEST_F(QVMGenericUIDrawers, AStateFromTheHostThatIsCompactClosesThem) {
     ui_->toggleDrawerForce(presets(), false);
     ui_->restoreUIState(2);

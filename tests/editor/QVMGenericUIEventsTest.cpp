@@ -128,6 +128,13 @@ TEST_F(QVMGenericUIEvents, TheEditorIsFirstResponderInItsWindow) {
     EXPECT_EQ(window_.firstResponder(), ui_);
 }
 
+TEST_F(QVMGenericUIEvents, IsFirstResponderAgainWhenItsWindowComesToTheFront) {
+    window_.makeFirstResponder(nullptr);
+    ASSERT_NE(window_.firstResponder(), ui_);
+    NotificationCenter::defaultCenter().post({Window::didBecomeKeyNotification, &window_, {}});
+    EXPECT_EQ(window_.firstResponder(), ui_);
+}
+
 TEST_F(QVMGenericUIEvents, LosingTheKeyWindowFadesTheLogoAndRemembersTheFocus) {
     window_.setKeyWindow(true);
     ui_->bringParameterControlIntoFocus(&control(7));

@@ -113,6 +113,8 @@ TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocus) {
     EXPECT_EQ(ui_->focusedControl(), nullptr);
     EXPECT_FALSE(control(1).focused());
     EXPECT_FALSE(ui_->wantsKeys());
+    ui_->bringParameterControlIntoFocus(&control(23));
+    EXPECT_EQ(ui_->focusedControl(), nullptr) << "the drawer does not open here";
     EXPECT_FALSE(window_.sendEvent(keyEvent(0, Key::codeTab))) << "the key is the host's";
     EXPECT_EQ(ui_->focusedControl(), nullptr);
     ui_->presetBar()->ab().tap();

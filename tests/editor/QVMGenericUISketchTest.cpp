@@ -157,6 +157,14 @@ TEST_F(QVMGenericUISketch, ComesWhateverWasClickedBefore) {
     EXPECT_EQ(sketch().focusedPid(), -1) << "the preset's number is no parameter of the unit";
 }
 
+TEST_F(QVMGenericUISketch, IsMadeForTheUnitsSampleRate) {
+    EXPECT_EQ(object().sampleRate, 44100);
+    delegate_.sampleRate = 96000;
+    openAnew();
+    time_.advance(0.6);
+    EXPECT_EQ(object().sampleRate, 96000);
+}
+
 TEST_F(QVMGenericUISketch, IsToldTheParameterThatHadTheFocusBefore) {
     openAnew();
     ui_->bringParameterControlIntoFocus(&control(9));
