@@ -197,6 +197,7 @@ TEST_F(QVMGoniometerTest, TheFanGoesThroughWhatIsLouderThanAThousandth) {
 TEST_F(QVMGoniometerTest, EveryPointThatIsNotSilentIsASquare) {
     for (const float magnitude : {1e-15f, 0.0005f, 0.5f}) {
         const auto shapes = shapesOf(magnitude);
+        ASSERT_FALSE(shapes.empty()) << magnitude;
         EXPECT_EQ(shapes.back().line.size(), 1600u) << magnitude;
     }
     EXPECT_TRUE(shapesOf(0).empty());
