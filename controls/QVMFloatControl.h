@@ -107,6 +107,7 @@ public:
     void mouseDown(const Event& event) override; // passed on as well: the editor sees every click on a control
     void mouseDragged(const Event& event) override;
     void mouseUp(const Event& event) override;
+    void mouseCancelled(const Event& event) override { mouseUp(event); }
     void scrollWheel(const Event& event) override; // not passed on
     bool acceptsFirstMouse() const override { return true; }
 

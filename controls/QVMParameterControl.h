@@ -81,6 +81,7 @@ public:
     void mouseDown(const Event& event) override;
     void mouseDragged(const Event& event) override;
     void mouseUp(const Event& event) override;
+    void mouseCancelled(const Event& event) override { mouseUp(event); }
 
     // Reports of the inner control.
     void floatControlInteractionDidChangeToEvent(QVMFloatControl& control, QVMInteraction state,

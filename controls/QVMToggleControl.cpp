@@ -132,6 +132,11 @@ void QVMToggleControl::pressDidEnd(const QVMEvent&) {
     setSweeping(false);
 }
 
+void QVMToggleControl::mouseCancelled(const Event& event) {
+    didDrag_ = true; // else the end of the press would choose
+    mouseUp(event);
+}
+
 int QVMToggleControl::indexAt(Point point) const {
     const auto found = std::ranges::find_if(
         rValuesOriginal_, [&](const Rect& frame) { return frame.minX() <= point.x && point.x <= frame.maxX(); });

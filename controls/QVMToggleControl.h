@@ -38,6 +38,7 @@ public:
                                                   const QVMGranularities& granularities) override;
     void handleMouseUpWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void pressDidEnd(const QVMEvent& event) override;
+    void mouseCancelled(const Event& event) override;
 
 protected:
     void redraw() override;

@@ -51,6 +51,7 @@ public:
     void mouseDown(const Event& event) override;
     void mouseDragged(const Event& event) override;
     void mouseUp(const Event&) override { thumbGrip_.reset(); }
+    void mouseCancelled(const Event&) override { thumbGrip_.reset(); }
     void mouseMoved(const Event& event) override;
     void mouseExited(const Event& event) override;
     void scrollWheel(const Event& event) override;

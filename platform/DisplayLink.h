@@ -48,8 +48,8 @@ private:
     std::atomic<std::uint32_t> run_{0}; // counts starts, so that a frame of an earlier run is known
 };
 
-// How many frames a second one window has use for: those of its display, fewer while nothing moves in it. All links
-// tick at the highest rate that any window asks for, at 60 when none does. Main thread.
+// How many frames a second one window has use for: those of its display. All links tick at the highest rate that any
+// window asks for, at 60 when none does. Main thread.
 class DisplayRate {
 public:
     DisplayRate() = default;

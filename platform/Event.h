@@ -12,6 +12,7 @@ enum class EventType : std::uint8_t {
     mouseDown,
     mouseDragged,
     mouseUp,
+    mouseCancelled, // made by the window: a press that will have no release here
     rightMouseDown,
     mouseMoved,
     mouseExited,

@@ -20,10 +20,13 @@ public:
     virtual Responder* nextResponder() const { return next_; }
     void setNextResponder(Responder* next) { next_ = next; }
 
-    // Each passes the event on to the next responder unless overridden.
+    // Each passes the event on to the next responder unless overridden, but where it says otherwise.
     virtual void mouseDown(const Event& event);
     virtual void mouseDragged(const Event& event);
     virtual void mouseUp(const Event& event);
+    // In place of the release, to the view that took the press: the pointer was taken away from the window. Ends what
+    // the press began and chooses nothing. Nobody else's matter, so it is not passed on.
+    virtual void mouseCancelled(const Event&) {}
     virtual void rightMouseDown(const Event& event);
     virtual void scrollWheel(const Event& event);
     // True when handled. A key that nobody handles is the host's.

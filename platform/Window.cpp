@@ -2,6 +2,7 @@
 
 #include "platform/Menu.h"
 #include "platform/NotificationCenter.h"
+#include "platform/RunLoop.h"
 
 #include <algorithm>
 #include <utility>
@@ -128,14 +129,19 @@ void Window::setBackingScaleFactor(double scale) {
 void Window::setVisible(bool visible) {
     if (visible == visible_) return;
     visible_ = visible;
-    NotificationCenter::defaultCenter().post(didChangeVisibilityNotification, this);
+    const std::weak_ptr<const bool> alive = alive_;
+    if (!visible) cancelPress();
+    if (!alive.expired()) NotificationCenter::defaultCenter().post(didChangeVisibilityNotification, this);
 }
 
 void Window::setKeyWindow(bool key) {
     if (key == key_) return;
     isKeyHeld_ = false; // who loses the keyboard hears of no release
     key_ = key;
-    NotificationCenter::defaultCenter().post(key ? didBecomeKeyNotification : didResignKeyNotification, this);
+    const std::weak_ptr<const bool> alive = alive_;
+    if (!key) cancelPress();
+    if (!alive.expired())
+        NotificationCenter::defaultCenter().post(key ? didBecomeKeyNotification : didResignKeyNotification, this);
 }
 
 void Window::makeKey() {
@@ -189,7 +195,11 @@ bool Window::sendEvent(const Event& event) {
         return mouseReleased(event);
     case EventType::mouseDragged:
         if (!capture_) return false;
+        capturedPointer_ = event.locationInWindow;
         capture_->mouseDragged(event);
+        return true;
+    case EventType::mouseCancelled:
+        cancelPress();
         return true;
     case EventType::mouseMoved:
     case EventType::mouseExited:
@@ -219,7 +229,8 @@ bool Window::sendEvent(const Event& event) {
 bool Window::mousePressed(const Event& event) {
     if (capture_ && event.type == EventType::rightMouseDown) return true; // no menu in mid-drag
     const std::weak_ptr<const bool> alive = alive_;
-    capture_ = nullptr; // a release that never came
+    cancelPress(); // a release that never came
+    if (alive.expired()) return true;
     updateHover(event, hitTest(event.locationInWindow));
     if (alive.expired()) return true;
     if (isContextMenuPress(event) && showContextMenu(event)) return true;
@@ -231,6 +242,7 @@ bool Window::mousePressed(const Event& event) {
         return true;
     }
     capture_ = under;
+    capturedPointer_ = event.locationInWindow;
     if (under->acceptsFirstResponder()) makeFirstResponder(under);
     if (!alive.expired() && capture_ == under) under->mouseDown(event);
     return true;
@@ -238,11 +250,20 @@ bool Window::mousePressed(const Event& event) {
 
 bool Window::mouseReleased(const Event& event) {
     View* const pressed = std::exchange(capture_, nullptr);
-    if (!pressed) return false;
     const std::weak_ptr<const bool> alive = alive_;
-    pressed->mouseUp(event);
+    if (pressed) pressed->mouseUp(event);
     if (!alive.expired() && !capture_) updateHover(event, hitTest(event.locationInWindow));
-    return true;
+    return pressed != nullptr;
+}
+
+void Window::cancelPress() {
+    View* const pressed = std::exchange(capture_, nullptr);
+    if (!pressed) return;
+    Event event; // with no modifiers: what is held at the keyboard has no say in a release that there is none of
+    event.type = EventType::mouseCancelled;
+    event.locationInWindow = capturedPointer_;
+    event.timestamp = RunLoop::main().now();
+    pressed->mouseCancelled(event);
 }
 
 bool Window::keyPressed(const Event& event) {

@@ -54,12 +54,12 @@ public:
     void setBackingScaleFactor(double scale);
 
     // Whether anybody can see it: what moves by itself rests while nobody can. The host says so; until then, and with
-    // no host, it is visible. Posts the notification on a change.
+    // no host, it is visible. Posts the notification on a change; who is hidden loses the press.
     bool isVisible() const { return visible_; }
     void setVisible(bool visible);
 
     bool isKeyWindow() const { return key_; }
-    void setKeyWindow(bool key); // posts the notification on a change
+    void setKeyWindow(bool key); // posts the notification on a change; who resigns loses the press
     // Asks the host for keyboard focus (the host answers with setKeyWindow). With no host it is key at once.
     void makeKey();
 
@@ -83,6 +83,9 @@ public:
     // Whether a key that something here handled is still down, as far as the host tells: until the event of its release
     // or the loss of the keyboard.
     bool isKeyHeld() const { return isKeyHeld_; }
+    // The pointer was taken away in mid-press, and the release is another's: the view that took the press is told so
+    // in place of it, and what moves from now on drags nothing.
+    void cancelPress();
 
     void popUpMenu(std::unique_ptr<Menu> menu, Point at);
     // Cursor rectangles can be switched off while a drag shows its own cursor (nested calls count).
@@ -108,6 +111,7 @@ private:
     std::unique_ptr<View> content_;
     Responder* firstResponder_ = nullptr;
     View* capture_ = nullptr;
+    Point capturedPointer_;      // where it was last seen by that view, in the window
     std::vector<View*> hovered_; // outermost first
     std::vector<Cursor> cursorStack_;
     Cursor shownCursor_ = Cursor::arrow;

@@ -34,6 +34,14 @@ public:
             window = parentOf(window);
         return window == outer;
     }
+    bool isPointerOver(xcb_window_t window) const {
+        const auto asksPointer = xcb_query_pointer(x_, window);
+        const auto asksSize = xcb_get_geometry(x_, window);
+        const XReply<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(x_, asksPointer, nullptr));
+        const XReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(x_, asksSize, nullptr));
+        return pointer && size && pointer->same_screen != 0 && pointer->win_x >= 0 && pointer->win_y >= 0 &&
+               pointer->win_x < size->width && pointer->win_y < size->height;
+    }
     // The window that the window manager knows, which `window` is in; XCB_NONE when there is no manager.
     xcb_window_t managedWindowAround(xcb_window_t window) const {
         const std::string_view name = "WM_STATE";
@@ -109,6 +117,25 @@ private:
 };
 
 } // namespace
+
+HostFocus::Place HostFocus::place(std::uint64_t own) const {
+    const Server server(connection_, own);
+    if (!server.isThere()) return Place::here;
+    const auto window = static_cast<xcb_window_t>(own);
+    const xcb_window_t focus = server.focus();
+    if (server.isInside(focus, window)) return Place::here;
+    return server.isInside(focus, server.hostOf(window)) ? Place::withHost : Place::elsewhere;
+}
+
+bool HostFocus::isPointerOver(std::uint64_t own) const {
+    const Server server(connection_, own);
+    return server.isThere() && server.isPointerOver(static_cast<xcb_window_t>(own));
+}
+
+void HostFocus::take(std::uint64_t own) {
+    const Server server(connection_, own);
+    if (server.isThere()) server.setFocus(static_cast<xcb_window_t>(own));
+}
 
 void HostFocus::remember(std::uint64_t own) {
     const Server server(connection_, own);

@@ -20,6 +20,15 @@ public:
     // The connection is borrowed.
     explicit HostFocus(XConnection& connection) : connection_(connection) {}
 
+    // Where the keyboard focus is, as seen from the editor's X window `own`: inside it, elsewhere in the window that
+    // the window manager knows and that holds it, or with another window, another program or nobody. With no server to
+    // ask it is taken to be here.
+    enum class Place : unsigned char { here, withHost, elsewhere };
+    Place place(std::uint64_t own) const;
+    bool isPointerOver(std::uint64_t own) const;
+    // Takes the focus for `own`, however lately another took it.
+    void take(std::uint64_t own);
+
     // Call while the pointer enters, before it can press: keeps which part of the host's window has the focus. `own` is
     // the editor's X window.
     void remember(std::uint64_t own);

@@ -8,6 +8,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 constexpr double focusReturnSeconds = 0.05; // how long a click in an embedded window may be without the focus
+constexpr double answerSeconds = 0.25;      // within which a host's answer to a press has come
+constexpr int mostTimesTakenBack = 8;       // no endless quarrel with a host that always wants it
 } // namespace
 
 std::uint64_t nativeWindowOf(const juce::Component& component) {
@@ -41,11 +43,36 @@ void KeyboardFocus::settle() {
 }
 
 void KeyboardFocus::grab() {
+    takeFocus();
+    if (component_.hasKeyboardFocus(true)) window_.setKeyWindow(true); // it may have had the focus already
+}
+
+void KeyboardFocus::takeFocus() {
     if (!component_.getPeer()) return;
     component_.grabKeyboardFocus();
     // The toolkit may believe that it never lost the focus.
     if (juce::ComponentPeer* peer = component_.getPeer(); peer && !peer->isFocused()) peer->grabFocus();
-    if (component_.hasKeyboardFocus(true)) window_.setKeyWindow(true); // it may have had the focus already
+    if (embedding_ != Embedding::inHost) return;
+    // It asks with the time of its last event, and the host may have taken the focus at a later one.
+    if (juce::ComponentPeer* peer = component_.getPeer(); peer && !peer->isFocused()) {
+        hostFocus_.take(nativeWindowOf(component_));
+        component_.grabKeyboardFocus();
+    }
+    // What is taken away before the toolkit has seen that it has it, it does not tell of.
+    confirmation_.schedule(focusReturnSeconds, [this] { takeBack(); });
+}
+
+// Whether the focus was the host's, by its answer to a press here, and is here again.
+bool KeyboardFocus::takeBack() {
+    const bool isAnswer = hasMenu_ || RunLoop::main().now() - lastPress_ < answerSeconds;
+    if (embedding_ != Embedding::inHost || isPressed_ || !isAnswer || !(areWanted_ || hasMenu_)) return false;
+    if (timesTakenBack_ >= mostTimesTakenBack) return false;
+    const std::uint64_t own = nativeWindowOf(component_);
+    // Who clicks elsewhere in the host wants it there.
+    if (hostFocus_.place(own) != HostFocus::Place::withHost || !hostFocus_.isPointerOver(own)) return false;
+    ++timesTakenBack_;
+    takeFocus();
+    return component_.hasKeyboardFocus(true);
 }
 
 void KeyboardFocus::giveBack() {
@@ -66,8 +93,24 @@ void KeyboardFocus::pointerDidEnter() {
 
 void KeyboardFocus::setMenuOpen(bool isOpen) {
     hasMenu_ = isOpen;
+    timesTakenBack_ = 0;
     updateKeys();
+    if (isOpen && embedding_ == Embedding::inHost) takeFocus(); // with whose loss it closes
     if (!isOpen && !areWanted_) giveBack();
+}
+
+void KeyboardFocus::setPressed(bool isPressed) {
+    isPressed_ = isPressed;
+    lastPress_ = RunLoop::main().now();
+    timesTakenBack_ = 0;
+    wasFocusNear_ = false;
+}
+
+bool KeyboardFocus::hasLeftInMidPress() {
+    const bool isNear = hostFocus_.place(nativeWindowOf(component_)) != HostFocus::Place::elsewhere;
+    // A window that is pressed without ever having the focus has none to lose.
+    wasFocusNear_ = wasFocusNear_ || isNear;
+    return isPressed_ && wasFocusNear_ && !isNear;
 }
 
 void KeyboardFocus::wasGained() {
@@ -76,12 +119,17 @@ void KeyboardFocus::wasGained() {
 }
 
 void KeyboardFocus::wasLost() {
-    resignation_.schedule(focusReturnSeconds, [this] {
-        if (component_.hasKeyboardFocus(true)) return;
-        areWanted_ = false;
-        updateKeys();
-        window_.setKeyWindow(false);
-    });
+    if (!takeBack()) resignation_.schedule(focusReturnSeconds, [this] { resign(); });
+}
+
+void KeyboardFocus::resign() {
+    if (component_.hasKeyboardFocus(true) || takeBack()) return;
+    const bool isTheHosts =
+        embedding_ == Embedding::inHost && hostFocus_.place(nativeWindowOf(component_)) != HostFocus::Place::elsewhere;
+    if (isPressed_ && isTheHosts) return; // for the time of the press
+    areWanted_ = false;
+    updateKeys();
+    window_.setKeyWindow(false);
 }
 
 void KeyboardFocus::passKeyOn() {

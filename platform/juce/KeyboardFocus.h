@@ -32,13 +32,19 @@ public:
     // What else there is to know of: the pointer has come in, a press goes on, a menu is open, the component may be in
     // another native window.
     void pointerDidEnter();
-    void setPressed(bool isPressed) { isPressed_ = isPressed; }
+    void setPressed(bool isPressed);
+    bool isPressed() const { return isPressed_; }
+    // In mid-press, asked now and then: whether the focus has gone to another program's window or to nobody. Asks the X
+    // server.
+    bool hasLeftInMidPress();
     void setMenuOpen(bool isOpen);
     bool hasMenu() const { return hasMenu_; }
     void nativeWindowMayHaveChanged() { updateKeys(); }
 
     // The toolkit gave the component the focus, or took it away. A loss counts only when it has lasted a moment: a
-    // click in an embedded window takes the focus and gives it again.
+    // click in an embedded window takes the focus and gives it again. And what the window manager or the host takes in
+    // answer to a press in here, for the host's window as a whole, is taken back: at the end of the press, or at once
+    // when that is over or a menu is open, which would close.
     void wasGained();
     void wasLost();
 
@@ -56,6 +62,9 @@ public:
 
 private:
     void grab();
+    void takeFocus();
+    bool takeBack();
+    void resign();
     void giveBack();
     void updateKeys();
     void passKeyOn(const juce::NativeKey& key);
@@ -67,6 +76,10 @@ private:
     const Embedding embedding_;
     HostFocus hostFocus_;
     DelayedCall resignation_;                 // the loss of focus, unless it comes back at once
+    DelayedCall confirmation_;                // that what was taken is still here
+    double lastPress_ = -1e9;                 // seconds on the run loop's clock: its beginning, later its end
+    int timesTakenBack_ = 0;                  // since then, or since a menu opened
+    bool wasFocusNear_ = false;               // since the press began, here or with the host
     std::optional<juce::NativeKey> nameless_; // a press that the toolkit has not told the name of
     DelayedCall report_;                      // of it
     std::set<unsigned char> passedOn_;        // codes of held keys whose presses went to the host

@@ -87,16 +87,35 @@ void exchangeEvents() {
     });
 }
 
-bool isSuperKeyDown(ComponentPeer& peer) {
+namespace {
+
+constexpr unsigned int anyButton = Button1Mask | Button2Mask | Button3Mask;
+
+// Keys and buttons held; nothing where there is nobody to ask.
+std::optional<unsigned int> heldAt(ComponentPeer& peer) {
     const ::Window window = windowOf(peer);
-    if (window == 0) return false;
+    if (window == 0) return std::nullopt;
     const XWindowSystemUtilities::ScopedXLock lock;
     ::Window root = 0, child = 0;
     int x = 0, y = 0, rootX = 0, rootY = 0;
     unsigned int state = 0;
     const bool isAnswered = X11Symbols::getInstance()->xQueryPointer(XWindowSystem::getInstance()->getDisplay(), window,
                                                                      &root, &child, &rootX, &rootY, &x, &y, &state);
-    return isAnswered && (state & Mod4Mask) != 0;
+    return isAnswered ? std::optional(state) : std::nullopt;
+}
+
+} // namespace
+
+bool isSuperKeyDown(ComponentPeer& peer) {
+    return (heldAt(peer).value_or(0) & Mod4Mask) != 0;
+}
+
+bool areButtonsUp(ComponentPeer& peer) {
+    return (heldAt(peer).value_or(anyButton) & anyButton) == 0;
+}
+
+bool isMovedWithButtonsUp() {
+    return lastEvent.type == MotionNotify && (lastEvent.xmotion.state & anyButton) == 0;
 }
 
 } // namespace juce

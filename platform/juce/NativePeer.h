@@ -40,4 +40,10 @@ void exchangeEvents();
 // Whether a Super key is held. Asks the X server.
 bool isSuperKeyDown(ComponentPeer& peer);
 
+// Whether no button of the pointer is held, whatever the toolkit believes: it keeps to the releases that it was sent,
+// and those of a window that was hidden in mid-press go elsewhere. The one asks the X server, the other looks at the
+// event that is being dispatched and knows of moves only.
+bool areButtonsUp(ComponentPeer& peer);
+bool isMovedWithButtonsUp();
+
 } // namespace juce

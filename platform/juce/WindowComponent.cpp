@@ -19,8 +19,8 @@ constexpr double shortestFrame = 0.012;    // seconds between frames that a chan
 constexpr double restShare = 0.5;          // of the time that drawing took, during which nothing is drawn
 constexpr double wakefulSeconds = 1;       // after the last frame or pointer event
 constexpr double lookAroundSeconds = 0.25; // between looks whether the window is still to be seen, and where
-// While nothing else goes on, what is uncovered waits for the one, and sound that begins for the other.
-constexpr int idleRefreshHz = 6, idleLinkHz = 12;
+constexpr int idleRefreshHz = 6;           // while nothing else goes on, what is uncovered waits for it
+constexpr double usualHz = 60;             // of a display that does not say: a virtual one, or a far one
 
 // Free of the noise of single precision: 1.1f is 1.1.
 double cleanScale(double scale) {
@@ -95,7 +95,6 @@ void WindowComponent::refresh() {
     if ((isFrameWanted_ || renderer_.isAnimating()) && isOnScreen() && secondsToRest() <= 0) frame();
     // A window that was moved, or put on another screen, is at the display's rate again without a word.
     if (isAtRest() && (refreshRate_ == Rate::display || sinceLast < 0.5 / idleRefreshHz)) setRefreshRate(Rate::idle);
-    if (isAtRest() && now - lastFrameTime_ > wakefulSeconds) setLinkRate(Rate::idle);
     juce::exchangeEvents();
 }
 
@@ -106,7 +105,8 @@ void WindowComponent::lookAround() {
     // On its way to the screen it is about to be seen, and opening must not wait for the server's answers.
     if (!std::exchange(wasOnScreen_, true)) return;
     window_.setVisible(isShowing() && isWindowViewable(runtime_->connection(), nativeWindowOf(*this)));
-    setLinkRate(linkRate_);
+    if (isPressLost()) losePress();
+    adoptLinkRate();
 }
 
 // As far as is known: the toolkit would ask the server each time.
@@ -117,7 +117,6 @@ bool WindowComponent::isOnScreen() const {
 void WindowComponent::keepAwake() {
     lastActivity_ = RunLoop::main().now();
     if (refreshRate_ == Rate::idle) setRefreshRate(Rate::display);
-    if (linkRate_ == Rate::idle) setLinkRate(Rate::display);
 }
 
 bool WindowComponent::isAtRest() const {
@@ -129,18 +128,16 @@ void WindowComponent::setRefreshRate(Rate rate) {
     if (juce::ComponentPeer* peer = getPeer()) juce::setPeerRefreshRate(*peer, rate == Rate::idle ? idleRefreshHz : 0);
 }
 
-void WindowComponent::setLinkRate(Rate rate) {
-    linkRate_ = rate;
+void WindowComponent::adoptLinkRate() {
     const auto* const display = juce::Desktop::getInstance().getDisplays().getDisplayForRect(getScreenBounds());
     const double hertz = display ? display->verticalFrequencyHz.value_or(0) : 0;
-    linkRequest_.setHertz(rate == Rate::idle ? idleLinkHz : hertz);
+    linkRequest_.setHertz(hertz > 0 ? hertz : usualHz);
 }
 
 void WindowComponent::frame() {
     if (const juce::ComponentPeer* peer = getPeer())
         adoptScale(cleanScale(getApproximateScaleFactorForComponent(this) * peer->getPlatformScaleFactor()));
     lastFrameTime_ = RunLoop::main().now();
-    if (linkRate_ == Rate::idle) setLinkRate(Rate::display);
     isFrameWanted_ = false;
     lastFrame_ = &renderer_.update(lastFrameTime_);
     repaintDamage();
@@ -224,7 +221,31 @@ void WindowComponent::send(const juce::MouseEvent& event, EventType type) {
     window_.sendEvent(mapped);
 }
 
+// In mid-press: hidden, without the focus of its program, or the button let go where this window was not told of it.
+bool WindowComponent::isPressLost() {
+    if (!keys_.isPressed()) return false;
+    juce::ComponentPeer* const peer = getPeer();
+    return !window_.mouseCapture() || !peer || juce::areButtonsUp(*peer) || keys_.hasLeftInMidPress();
+}
+
+void WindowComponent::losePress() {
+    keys_.setPressed(false);
+    window_.cancelPress();
+    // The toolkit waits for a release that never comes: until then all moves would be drags, and the next press none.
+    toolkitRelease_.schedule(0, [this] {
+        juce::ComponentPeer* const peer = getPeer();
+        if (!peer) return;
+        juce::ModifierKeys::currentModifiers = juce::ModifierKeys::currentModifiers.withoutMouseButtons();
+        const juce::Point<float> at = juce::Desktop::getInstance().getMainMouseSource().getScreenPosition();
+        peer->handleMouseEvent(juce::MouseInputSource::InputSourceType::mouse, peer->globalToLocal(at),
+                               juce::ModifierKeys::currentModifiers, juce::MouseInputSource::defaultPressure,
+                               juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
+    });
+}
+
 void WindowComponent::mouseDown(const juce::MouseEvent& event) {
+    // A press beside a menu closes it and does no more. As far as is known here it is still open.
+    if (keys_.hasMenu()) return;
     if (event.mods.isRightButtonDown() && !event.mods.isLeftButtonDown()) {
         send(event, EventType::rightMouseDown);
     } else if (event.mods.isLeftButtonDown()) {
@@ -234,6 +255,7 @@ void WindowComponent::mouseDown(const juce::MouseEvent& event) {
 }
 
 void WindowComponent::mouseDrag(const juce::MouseEvent& event) {
+    if (keys_.isPressed() && juce::isMovedWithButtonsUp()) return losePress();
     send(event, EventType::mouseDragged);
 }
 
@@ -282,9 +304,10 @@ void WindowComponent::setCursor(Cursor shown) {
 void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
     if (!hasDisplay()) return; // the toolkit can't do without one
     const juce::Rectangle<int> target(static_cast<int>(at.x), static_cast<int>(at.y), 1, 1);
+    juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this), [this] { keys_.settle(); });
+    if (popup.getNumItems() == 0) return; // the toolkit would not say that it is closed
     keys_.setMenuOpen(true);
     keepAwake();
-    juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this), [this] { keys_.settle(); });
     popup.setLookAndFeel(&runtime_->lookAndFeel());
     popup.showMenuAsync(
         juce::PopupMenu::Options().withParentComponent(this).withDeletionCheck(*this).withTargetScreenArea(
@@ -293,6 +316,7 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
             if (self) self->keys_.setMenuOpen(false);
         });
     juce::Component* const shown = getChildComponent(getNumChildComponents() - 1);
+    if (shown) menuShield_.protect(*shown);
     if (menu->selectsFirst && shown) shown->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Window.h"
 #include "platform/juce/EventMapping.h"
 #include "platform/juce/KeyboardFocus.h"
+#include "platform/juce/MenuShield.h"
 #include "platform/juce/ToolTipWindow.h"
 #include "platform/juce/ToolkitRasterBackend.h"
 #include "platform/juce/ToolkitRuntime.h"
@@ -64,6 +65,8 @@ private:
     void popUpMenu(std::unique_ptr<Menu> menu, Point at) override;
 
     void send(const juce::MouseEvent& event, EventType type);
+    bool isPressLost();
+    void losePress();
     void handleAsyncUpdate() override;
     void refresh();
     void frame();
@@ -75,7 +78,7 @@ private:
     void adoptScale(double scale);
     enum class Rate : unsigned char { display, idle };
     void setRefreshRate(Rate rate);
-    void setLinkRate(Rate rate);
+    void adoptLinkRate();
     void keepAwake();
     void lookAround();
     bool isOnScreen() const;
@@ -91,18 +94,19 @@ private:
     Window window_{this};
     Point pointer_; // where it was last seen
     KeyboardFocus keys_;
+    MenuShield menuShield_;
     bool isFrameWanted_ = false;
     bool isShowingFrame_ = false, isFrameShown_ = true, wasUncovered_ = false;
     bool wasOnScreen_ = false;
     bool areToolTipsQuiet_ = false;    // since a key was pressed
     Rate refreshRate_ = Rate::display; // of the toolkit's window
-    Rate linkRate_ = Rate::display;    // that display links are asked for
     DisplayRate linkRequest_;
     DelayedCall frameCall_;                                         // for a frame that was wanted too soon
     double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
     double lastLookAround_ = 0;                                     // likewise
     double lastDrawingEnd_ = 0;                                     // likewise
     double drawingSeconds_ = 0;                                     // of the last frame and its painting
+    DelayedCall toolkitRelease_;                                    // of a button that is up already
     std::unique_ptr<ToolTipWindow> tooltips_;                       // while the pointer is inside
     juce::VBlankAttachment refresh_;
 };

@@ -53,6 +53,15 @@ TEST(QVMFloatControl, ControlClickReportsBeganButCallsNoHook) {
     EXPECT_THAT(b.record.lines, ElementsAre("began"));
 }
 
+TEST(QVMFloatControl, APressThatIsLostEnds) {
+    Bench b(parameterLike(1));
+    press(b.control, b.inside);
+    drag(b.control, {60, 20});
+    b.control.mouseCancelled(eventAt(EventType::mouseCancelled, b.control, {60, 20}));
+    EXPECT_THAT(b.control.hooks, ElementsAre("down 0 0", "dragged 0 0", "up 0 0"));
+    EXPECT_THAT(b.record.lines, ElementsAre("began", "ended"));
+}
+
 TEST(QVMFloatControl, ControlAtMouseUpSendsNothing) {
     Bench b(parameterLike(1));
     press(b.control, b.inside);

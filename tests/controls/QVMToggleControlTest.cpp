@@ -104,6 +104,17 @@ TEST_F(QVMToggleControlSwitch, AReleaseWithAKeyHeldLeavesNothingPending) {
     EXPECT_THAT(record.lines, ElementsAre("began"));
 }
 
+TEST_F(QVMToggleControlSwitch, APressThatIsLostEndsAndChoosesNothing) {
+    press(control, {120, 13});
+    control.mouseCancelled(eventAt(EventType::mouseCancelled, control, {120, 13}));
+    time.advance(1);
+    EXPECT_EQ(control.floatValue(), 0);
+    EXPECT_THAT(record.lines, ElementsAre("began", "ended"));
+    press(control, {120, 13});
+    release(control, {120, 13});
+    EXPECT_EQ(control.floatValue(), 1) << "the next one is as any";
+}
+
 TEST_F(QVMToggleControlSwitch, AnythingButZeroFlipsToZero) {
     control.setFloatValue(0.4f);
     press(control, {10, 13});

@@ -24,6 +24,7 @@ public:
     bool keysAreWanted = true;       // what wantsKeys answers
     bool acceptsFirst = false, mayBecomeFirst = true, mayResignFirst = true;
     std::function<void(const std::string&)> also; // runs on each event, told its word
+    Point cancelledAt;                            // in the window
     std::unique_ptr<Menu> menu;                   // given to the first that asks
 
     void mouseDown(const Event& e) override {
@@ -34,6 +35,10 @@ public:
     }
     void mouseUp(const Event& e) override {
         if (passesAfter("up")) View::mouseUp(e);
+    }
+    void mouseCancelled(const Event& e) override {
+        cancelledAt = e.locationInWindow;
+        note("cancelled");
     }
     void rightMouseDown(const Event& e) override {
         if (passesAfter("rightDown")) View::rightMouseDown(e);

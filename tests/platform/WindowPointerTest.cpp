@@ -39,6 +39,59 @@ TEST_F(WindowPointerTest, NothingIsEnteredOrLeftWhileAViewHasThePointer) {
     EXPECT_THAT(take(), ElementsAre("b up", "b exited", "a entered"));
 }
 
+TEST_F(WindowPointerTest, PressThatIsCancelledIsOverAndNothingIsDraggedAnyMore) {
+    send(EventType::mouseDown, {60, 50});
+    send(EventType::mouseDragged, {70, 90});
+    take();
+    window->cancelPress();
+    EXPECT_THAT(take(), ElementsAre("b cancelled"));
+    EXPECT_EQ(b->cancelledAt, (Point{70, 90}));
+    EXPECT_EQ(window->mouseCapture(), nullptr);
+    EXPECT_FALSE(send(EventType::mouseDragged, {80, 90}));
+    EXPECT_FALSE(send(EventType::mouseUp, {80, 90}));
+    window->cancelPress();
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(WindowPointerTest, PressIsCancelledWhenTheWindowIsHidden) {
+    send(EventType::mouseDown, {60, 50});
+    take();
+    window->setVisible(false);
+    EXPECT_THAT(take(), ElementsAre("b cancelled"));
+    window->setVisible(true);
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(WindowPointerTest, PressIsCancelledWhenTheWindowResignsTheKeyboardAndNotWhenItGetsIt) {
+    send(EventType::mouseDown, {60, 50});
+    take();
+    window->setKeyWindow(true);
+    EXPECT_THAT(take(), IsEmpty());
+    window->setKeyWindow(false);
+    EXPECT_THAT(take(), ElementsAre("b cancelled"));
+}
+
+TEST_F(WindowPointerTest, PressWhoseReleaseNeverCameIsCancelledByTheNext) {
+    send(EventType::mouseDown, {60, 50});
+    take();
+    send(EventType::mouseDown, {10, 50});
+    EXPECT_THAT(take(), ElementsAre("b cancelled", "b exited", "a entered", "a down"));
+}
+
+TEST_F(WindowPointerTest, WindowMayGoWithThePressThatIsCancelled) {
+    b->also = [this](const std::string& word) {
+        if (word == "cancelled") window.reset();
+    };
+    send(EventType::mouseDown, {60, 50});
+    window->setVisible(false);
+    EXPECT_EQ(window, nullptr);
+}
+
+TEST_F(WindowPointerTest, ReleaseOfAPressThatNobodyTookTellsWhereThePointerIs) {
+    EXPECT_FALSE(send(EventType::mouseUp, {60, 50}));
+    EXPECT_THAT(take(), ElementsAre("root entered", "b entered"));
+}
+
 TEST_F(WindowPointerTest, PressOutsideOfTheContentIsNobodys) {
     EXPECT_FALSE(send(EventType::mouseDown, {200, 50}));
     EXPECT_EQ(window->mouseCapture(), nullptr);

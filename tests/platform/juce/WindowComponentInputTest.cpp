@@ -51,6 +51,14 @@ protected:
     void move(juce::Point<float> at) { mouse(at, 0); }
     void press(juce::Point<float> at, int button = Mods::leftButtonModifier) { mouse(at, button); }
     void release(juce::Point<float> at) { mouse(at, 0); }
+    // With no display this program never has the focus, for want of which a menu closes when messages are run for long:
+    // none is before the test is through with it.
+    int openMenus() const {
+        int menus = 0;
+        for (const juce::Component* child : component->getChildren())
+            menus += child->getName().contains("menu") && child->isVisible() ? 1 : 0;
+        return menus;
+    }
     Record take() { return std::exchange(record, {}); }
 
     VirtualTime time{100};
@@ -239,11 +247,7 @@ TEST_F(WindowComponentInputTest, MenuIsShownInsideTheWindowAndClosesWithIt) {
     view->menu = std::make_unique<Menu>(Menu{"Tilt", {{"Reset", true, false, nullptr, {}}}});
     press({10, 20}, Mods::rightButtonModifier);
     release({10, 20});
-    runPostedMessages();
-    int menus = 0;
-    for (const juce::Component* child : component->getChildren())
-        menus += child->getName().contains("menu") ? 1 : 0;
-    EXPECT_EQ(menus, 1);
+    EXPECT_EQ(openMenus(), 1);
     desktop.reset();
     component.reset();
     runPostedMessages();
@@ -258,13 +262,69 @@ TEST_F(WindowComponentInputTest, ChosenItemOfTheMenuRuns) {
     view->menu = std::make_unique<Menu>(Menu{"", {{"Reset", true, false, [&] { ++runs; }, {}}}});
     press({10, 20}, Mods::rightButtonModifier);
     release({10, 20});
-    runPostedMessages();
     auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
     ASSERT_NE(menu, nullptr);
     menu->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
     menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
     runPostedMessages();
     EXPECT_EQ(runs, 1);
+}
+
+// The ways to press beside an open menu, by the button.
+class WindowComponentMenuTest : public WindowComponentInputTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(WindowComponentMenuTest, PressBesideAMenuClosesItAndDoesNoMore) {
+    const FakeDisplay display;
+    int runs = 0;
+    const MenuItem row{"Reset", true, false, [&] { ++runs; }, {}};
+    view->menu = std::make_unique<Menu>(Menu{"", {row, {"More", true, false, nullptr, {row}}}});
+    component->window().popUpMenu(std::move(view->menu), {90, 70});
+    ASSERT_EQ(openMenus(), 1);
+    view->menu = std::make_unique<Menu>(Menu{"", {row}}); // a right press would open another one
+    take();
+    press({2, 2}, GetParam());
+    press({8, 2}, GetParam());
+    release({8, 2});
+    runPostedMessages();
+    EXPECT_EQ(openMenus(), 0);
+    EXPECT_THAT(view->events, IsEmpty());
+    EXPECT_THAT(take(), ::testing::Not(::testing::Contains("v menu")));
+    EXPECT_EQ(runs, 0);
+
+    press({8, 2});
+    release({8, 2});
+    EXPECT_EQ(view->events.size(), 2u) << "the next one is a press as any";
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, WindowComponentMenuTest,
+                         ::testing::Values(int(Mods::leftButtonModifier), int(Mods::rightButtonModifier)));
+
+TEST_F(WindowComponentInputTest, MenuWithoutRowsIsNone) {
+    const FakeDisplay display;
+    component->window().popUpMenu(std::make_unique<Menu>(), {10, 20});
+    runPostedMessages();
+    press({10, 20});
+    release({10, 20});
+    EXPECT_EQ(view->events.size(), 2u);
+}
+
+TEST_F(WindowComponentInputTest, PressOfAHiddenWindowEndsThere) {
+    press({10, 20});
+    take();
+    desktop->setVisible(false);
+    component->visibilityChanged();
+    EXPECT_THAT(take(), ElementsAre("v cancelled"));
+}
+
+TEST_F(WindowComponentInputTest, AfterALostPressThePointerHoldsNothingAndTheNextPressIsOne) {
+    press({10, 20});
+    component->window().cancelPress();
+    component->parentHierarchyChanged(); // it looks around
+    time.advance(0.1);
+    take();
+    press({30, 20}); // the toolkit was told of no release
+    release({30, 20});
+    EXPECT_THAT(take(), ::testing::IsSupersetOf({std::string("v down"), std::string("v up")}));
 }
 
 TEST_F(WindowComponentInputTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
@@ -277,7 +337,6 @@ TEST_F(WindowComponentInputTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeC
         std::make_unique<Menu>(Menu{"Tilt", {row("Reset", false), row("Read", true), row("Copy", true)}, true});
     press({10, 20}, Mods::rightButtonModifier);
     release({10, 20});
-    runPostedMessages();
     auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
     ASSERT_NE(menu, nullptr);
     menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));

@@ -11,6 +11,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -91,6 +94,37 @@ TEST_F(WindowComponentTest, ItsWindowIsVisibleUntilItIsHiddenOnAScreen) {
     EXPECT_FALSE(window.isVisible());
     desktop->addAndMakeVisible(*component);
     EXPECT_TRUE(window.isVisible());
+}
+
+// The period of the next tick of all display links, in seconds.
+double linkPeriod() {
+    std::atomic<double> seconds = 0;
+    const auto link = DisplayLink::create();
+    link->setOutputCallback(
+        [](const std::shared_ptr<DisplayLink>&, const DisplayTimeStamp& stamp, void* found) {
+            *static_cast<std::atomic<double>*>(found) =
+                static_cast<double>(stamp.videoRefreshPeriod) / stamp.videoTimeScale;
+            return 0;
+        },
+        &seconds);
+    link->start();
+    while (seconds == 0)
+        std::this_thread::yield();
+    link->stop();
+    return seconds;
+}
+
+TEST_F(WindowComponentTest, DisplayThatDoesNotSayItsRateIsOneOfSixtyAlsoWhileItsWindowRests) {
+    DisplayRate another;
+    another.setHertz(24);
+    const FakeDisplay display;
+    settle();
+    EXPECT_NEAR(linkPeriod(), 1.0 / 60, 1e-6);
+    for (int i = 0; i < 20; ++i) {
+        time.advance(0.3);
+        peer().vBlank();
+    }
+    EXPECT_NEAR(linkPeriod(), 1.0 / 60, 1e-6);
 }
 
 // Of these nobody tells: a look now and then finds out.

@@ -87,6 +87,32 @@ bool XScreen::isFocusIn(unsigned long window) {
     return at == window;
 }
 
+unsigned long XScreen::showAnotherWindow(int x, int y, int width, int height) {
+    const Window window = XCreateSimpleWindow(display_, DefaultRootWindow(display_), x, y, static_cast<unsigned>(width),
+                                              static_cast<unsigned>(height), 0, 0, 0);
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = True;
+    XChangeWindowAttributes(display_, window, CWOverrideRedirect, &attributes);
+    XMapWindow(display_, window);
+    setFocus(window);
+    return window;
+}
+
+void XScreen::setFocus(unsigned long window) {
+    XSetInputFocus(display_, window, RevertToParent, CurrentTime);
+    XSync(display_, False);
+}
+
+void XScreen::minimise(unsigned long topLevel) {
+    XIconifyWindow(display_, topLevel, DefaultScreen(display_));
+    XSync(display_, False);
+}
+
+void XScreen::restore(unsigned long topLevel) {
+    XMapRaised(display_, topLevel);
+    XSync(display_, False);
+}
+
 void XScreen::blinkFocus() {
     const Window focused = focus();
     XSetInputFocus(display_, DefaultRootWindow(display_), RevertToParent, CurrentTime);

@@ -42,6 +42,11 @@ public:
     unsigned long focus();
     // Whether that window is in another one, or is it.
     bool isFocusIn(unsigned long window);
+    // A window of another program, on screen with the focus until this object goes. The window manager does not know
+    // it.
+    unsigned long showAnotherWindow(int x, int y, int width, int height);
+    // Gives the keyboard focus to a window.
+    void setFocus(unsigned long window);
     // Takes the keyboard focus away from the window that has it and gives it back at once.
     void blinkFocus();
 
@@ -54,6 +59,9 @@ public:
         unsigned long topLevel = 0;
     };
     std::optional<Found> findWindow(int width, int height);
+    // Has the window manager minimise a window, and show it again.
+    void minimise(unsigned long topLevel);
+    void restore(unsigned long topLevel);
     // Asks a window to close, as its close button does.
     void closeWindow(unsigned long topLevel);
 
