@@ -13,8 +13,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double headSize = 9, headKern = 1, lineSize = 11;                 // points
-constexpr double topGap = 8, sideGap = 8, inset = 12, headTop = 6;          // points
-constexpr double headHeight = 12, lineHeight = 16, height = 40, radius = 6; // points
+constexpr double topGap = 3, sideGap = 8, inset = 12, headTop = 4;          // points; not as far down as a handle
+constexpr double headHeight = 11, lineHeight = 15, height = 32, radius = 6; // points
 constexpr double borderWidth = 1;
 
 } // namespace
