@@ -83,6 +83,25 @@ TEST(ClumpTable, TheOutputClumpAloneCarriesAMeter) {
     EXPECT_EQ(HexTextFromColor(meter.color), "#938586");
 }
 
+TEST(ClumpTable, TheMasterClumpIsTheColumnBesideTheOthers) {
+    const QVMRect& frame = GetClump(0)->frame;
+    EXPECT_EQ(frame.x, 418);
+    EXPECT_EQ(frame.y, 0);
+    EXPECT_EQ(frame.x + frame.width, 480);
+    EXPECT_EQ(frame.height, 320);
+}
+
+TEST(ClumpTable, TheTitlesOfTheAdvancedColumnsStandSideBySideOverTheirNumbers) {
+    const QVMRect& low = GetClump(4)->taggedLabels.at("LOW").frame;
+    const QVMRect& high = GetClump(4)->taggedLabels.at("HIGH").frame;
+    EXPECT_EQ(low.y, high.y);
+    EXPECT_EQ(low.width, high.width);
+    EXPECT_EQ(low.height, high.height);
+    EXPECT_EQ(low.x, GetParameter(14)->frame.x);
+    EXPECT_EQ(high.x, GetParameter(21)->frame.x);
+    EXPECT_LE(low.y + low.height, GetParameter(14)->frame.y);
+}
+
 TEST(ClumpTable, OrdinaryClumpsTileTheirViewAndLabelsLieInside) {
     double area = 0;
     for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid) {

@@ -78,5 +78,16 @@ TEST(ParameterLayoutTable, ANormalDragOfANumberSweepsItsRangeInAHandsBreadth) {
     }
 }
 
+TEST(ParameterLayoutTable, TheNumbersOfTheAdvancedDrawerStandInRowsAndColumns) {
+    for (const auto& [low, high] : {std::pair{14u, 21u}, std::pair{15u, 22u}}) {
+        const QVMRect &left = GetParameter(low)->frame, &right = GetParameter(high)->frame;
+        EXPECT_EQ(left.y, right.y) << low;
+        EXPECT_EQ(left.width, right.width) << low;
+        EXPECT_EQ(left.height, right.height) << low;
+        EXPECT_EQ(right.x - left.x, GetParameter(21)->frame.x - GetParameter(14)->frame.x) << low;
+        EXPECT_EQ(left.x, GetParameter(14)->frame.x) << low;
+    }
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE
