@@ -52,7 +52,7 @@ double QVMBooleanControl::iconSize() const {
 QVMCycleControl::Look QVMBooleanControl::lookForValue(float value) const {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     const std::int32_t style = parameter().controlStyle;
-    const Color accent = colorFrom(parameter().color);
+    const Color accent = QVMCGColor(parameter().color);
     const bool hasStyle = style >= kTinted && style <= kOutlined;
 
     Look look{textColor(style, value, accent), accent, Color::clear(), hasStyle ? 1 : kWashOpacity};

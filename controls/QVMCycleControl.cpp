@@ -151,7 +151,7 @@ void QVMCycleControl::layOutCrementers() {
 QVMCycleControl::Look QVMCycleControl::lookForValue(float) const {
     const QVMUITheme& theme = QVMUITheme::theme();
     if (parameter().controlStyle == 1) {
-        const Color fill = contrasted(colorFrom(parameter().color), theme.palette.onAccent);
+        const Color fill = contrasted(QVMCGColor(parameter().color), theme.palette.onAccent);
         return {theme.palette.onAccent, fill, Color::clear()};
     }
     return {theme.textColor, theme.palette.boxFill, theme.palette.boxBorder};

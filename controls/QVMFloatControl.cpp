@@ -25,7 +25,7 @@ constexpr double kDisabledAlpha = 0.4;
 QVMFloatControl::QVMFloatControl(const Rect& frame, const QVMParameter& parameter)
     : Control(frame, YAxis::up), parameter_(parameter), highlight_(std::make_shared<QVMFocusBorder>()) {
     layer()->setMasksToBounds(false); // the focus border stands outside
-    highlight_->setStrokeNSColor(colorFrom(parameter.color));
+    highlight_->setStrokeNSColor(QVMCGColor(parameter.color));
     layer()->addSublayer(highlight_);
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { themeUpdated(); });

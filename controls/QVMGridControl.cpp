@@ -90,7 +90,7 @@ void QVMGridControl::redraw() {
     current_->setCornerRadius(squareRadius(squares_.front().width));
     field_->setFillColor(QVMUITheme::theme().backgroundColor);
     field_->setStrokeColor(palette.boxBorder);
-    current_->setBackgroundColor(contrasted(colorFrom(parameter().color), palette.onAccent));
+    current_->setBackgroundColor(contrasted(QVMCGColor(parameter().color), palette.onAccent));
     strValue_->setFrame(strValueRect().insetBy(kPaddingX, 0));
     showValue(Animate::no);
     showHover();

@@ -52,7 +52,7 @@ void QVMNoteSlider::redraw() {
     drawPlainBox();
     bg()->setBackgroundColor(theme.backgroundColor); // a box's fill would be too near to the glyphs
     hover()->setCornerRadius(kSelectionRadius);
-    const Color accent = contrasted(colorFrom(parameter().color), palette.onAccent);
+    const Color accent = contrasted(QVMCGColor(parameter().color), palette.onAccent);
     selection_->setBackgroundColor(accent);
     selection_->setBorder(1, accent.mixedWith(palette.boxFill, 0.25f));
     selection_->setCornerRadius(kSelectionRadius);

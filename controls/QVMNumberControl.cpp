@@ -115,7 +115,7 @@ void QVMNumberControl::redraw() {
         value_->setString(shrunkenToWidth({text, font, QVMUITheme::theme().textColor}, value_->bounds().width));
     }
     bg()->setBackgroundColor(palette.boxFill);
-    bg()->setBorder(1, displayingTransient_ ? colorFrom(parameter().color) : palette.boxBorder);
+    bg()->setBorder(1, displayingTransient_ ? QVMCGColor(parameter().color) : palette.boxBorder);
     showHover();
 }
 

@@ -36,7 +36,7 @@ QVMRangeSlider::QVMRangeSlider(const Rect& frame, const QVMParameter& parameter)
     for (const std::shared_ptr<Layer>& added : {band_, std::shared_ptr<Layer>(ticks_), hoverLight_})
         layer()->addSublayer(added);
     layer()->addSublayer(highlight()); // around the band, there being no handle
-    band_->setBackgroundColor(colorFrom(parameter.color).withAlpha(kBandAlpha));
+    band_->setBackgroundColor(QVMCGColor(parameter.color).withAlpha(kBandAlpha));
     hoverLight_->setOpacity(0);
     readoutBulb()->setHidden(true);
     QVMRangeSlider::layOut();

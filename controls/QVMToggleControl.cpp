@@ -41,7 +41,7 @@ void QVMToggleControl::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     const Rect box = bounds();
     drawPlainBox();
-    selection_->setBackgroundColor(contrasted(colorFrom(parameter().color), palette.onAccent));
+    selection_->setBackgroundColor(contrasted(QVMCGColor(parameter().color), palette.onAccent));
 
     // Whole points, so that no line falls between two pixels; the ends are the control's.
     rValuesOriginal_.clear();

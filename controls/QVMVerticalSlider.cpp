@@ -24,7 +24,7 @@ BulbPointer pointerFor(const QVMParameter& parameter) {
 
 QVMVerticalSlider::QVMVerticalSlider(const Rect& frame, const QVMParameter& parameter)
     : QVMFloatControl(frame, parameter), horizontal_(parameter.horizontal),
-      background_(std::make_shared<Layer>(YAxis::up)), bulb_(colorFrom(parameter.color), pointerFor(parameter)) {
+      background_(std::make_shared<Layer>(YAxis::up)), bulb_(QVMCGColor(parameter.color), pointerFor(parameter)) {
     background_->setName("track");
     layer()->addSublayer(background_);
     layer()->addSublayer(scale_.layer());

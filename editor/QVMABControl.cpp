@@ -82,7 +82,7 @@ void QVMABControl::style() {
     const QVMUITheme& theme = QVMUITheme::theme();
     const QVMPalette& palette = theme.palette;
     const Color label = theme.labelColorGivenInk(palette.labelInk);
-    const Color accent = contrasted(colorFrom(GetMetadata()->color), palette.onAccent);
+    const Color accent = contrasted(QVMCGColor(GetMetadata()->color), palette.onAccent);
     box_->setBorder(lineWidth, palette.pillBorder);
     indicator_->setBackgroundColor(accent);
     highlight_->setStrokeNSColor(contrasted(accent, palette.sidePanel));

@@ -178,7 +178,7 @@ Color QVMClumpView::headingColor() const {
     });
     if (slider == parameters.end() || chroma((*slider)->color) < leastAccentChroma)
         return theme.labelColorGivenInk(theme.palette.headingInk);
-    return contrasted(theme.foregroundGivenSpecified(colorFrom((*slider)->color)), theme.backgroundColor);
+    return contrasted(theme.foregroundGivenSpecified(QVMCGColor((*slider)->color)), theme.backgroundColor);
 }
 
 } // namespace QVM_NAMESPACE

@@ -16,7 +16,7 @@ constexpr double logoGlyphSize = 22, gearGlyphSize = 30; // points
 constexpr double underlineWidth = 32, underlineHeight = 1.5, underlineBelowLogo = 28;
 constexpr float underlineAlpha = 0.75f;
 constexpr double hiddenSignSize = 20, hiddenSignAlpha = 0.45; // points
-constexpr float sketchPlaceAlpha = 0.17f; // of the shade over the product's colour
+constexpr float sketchPlaceAlpha = 0.17f;                     // of the shade over the product's colour
 
 } // namespace
 
@@ -65,7 +65,7 @@ void QVMPowerBox::setShowsHiddenSign(bool shows) {
 }
 
 void QVMPowerBox::themeUpdated() {
-    const Color box = colorFrom(metadata_.color);
+    const Color box = QVMCGColor(metadata_.color);
     const QVMPalette& palette = QVMUITheme::theme().palette;
     const Color mark = palette.onAccent;
     layer()->setBackgroundColor(box);

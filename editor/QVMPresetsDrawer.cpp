@@ -80,7 +80,7 @@ void QVMPresetsDrawer::themeUpdated() {
     layer()->setBackgroundColor(QVMCGClearColor());
     layer()->setBackgroundPattern(nullptr);
     miniatureBorder_->setBorder(borderWidth, theme.palette.trackBorder);
-    const Color accent = theme.foregroundGivenSpecified(colorFrom(config().metadata->color));
+    const Color accent = theme.foregroundGivenSpecified(QVMCGColor(config().metadata->color));
     outline_->setTitleColor(contrasted(accent, theme.palette.drawer));
 }
 

@@ -11,7 +11,7 @@ namespace QVM_NAMESPACE {
 inline constexpr double minimumTextContrast = 4.5;
 
 // A description colour; an unset one is fully transparent. Any thread, as all of this file.
-constexpr Color colorFrom(const QVMColor& color) {
+constexpr Color QVMCGColor(const QVMColor& color) {
     return {color.r, color.g, color.b, color.a};
 }
 

@@ -116,9 +116,9 @@ TEST_F(BoxControlTest, TheFocusBorderHasTheParametersColourInBothThemes) {
         box.setFrame({0, 0, 90, 30}); // drawn anew
         return box.highlight()->strokeNSColor();
     };
-    EXPECT_EQ(stroke(), colorFrom(parameter.color));
+    EXPECT_EQ(stroke(), QVMCGColor(parameter.color));
     const DarkTheme dark;
-    EXPECT_EQ(stroke(), colorFrom(parameter.color));
+    EXPECT_EQ(stroke(), QVMCGColor(parameter.color));
 }
 
 TEST_F(BoxControlTest, AChoiceGlidesOnlyFromWhereItWasSeen) {

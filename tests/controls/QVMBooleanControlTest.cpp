@@ -175,7 +175,8 @@ TEST(QVMBooleanControl, WhereItIsClearItsOutlineIsSeenInBothThemes) {
             Switch s(style);
             s.set(0);
             EXPECT_TRUE(s.isOutlined());
-            EXPECT_GE(contrastRatio(s.control.bg()->borderColor(), QVMUITheme::theme().backgroundColor), kSeen) << style;
+            EXPECT_GE(contrastRatio(s.control.bg()->borderColor(), QVMUITheme::theme().backgroundColor), kSeen)
+                << style;
         }
     }
 }

@@ -149,7 +149,7 @@ TEST_F(QVMCycleControlTest, FocusStandsAroundTheBackground) {
 }
 
 TEST_F(QVMCycleControlTest, TheFocusBorderHasTheParametersColourInBothThemes) {
-    const Color stroke = colorFrom(parameter.color).withAlpha(0.7f);
+    const Color stroke = QVMCGColor(parameter.color).withAlpha(0.7f);
     EXPECT_EQ(control.highlight()->strokeColor(), stroke);
     const DarkTheme dark;
     EXPECT_EQ(control.highlight()->strokeColor(), stroke);

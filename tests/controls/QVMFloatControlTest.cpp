@@ -185,7 +185,7 @@ TEST(QVMFloatControl, BeingHighlitShowsTheFocusBorderInTheParametersColour) {
     EXPECT_DOUBLE_EQ(b.control.highlight()->opacity(), 0);
     b.control.setHighlit(true);
     EXPECT_DOUBLE_EQ(b.control.highlight()->opacity(), 1);
-    EXPECT_EQ(b.control.highlight()->strokeNSColor(), colorFrom(b.parameter.color));
+    EXPECT_EQ(b.control.highlight()->strokeNSColor(), QVMCGColor(b.parameter.color));
     b.control.setHighlit(false);
     EXPECT_DOUBLE_EQ(b.control.highlight()->opacity(), 0);
     EXPECT_FALSE(b.control.layer()->masksToBounds());

@@ -82,7 +82,7 @@ TEST_F(QVMSymbolButtonTest, SelectionIsTheSpotlight) {
 }
 
 TEST_F(QVMSymbolButtonTest, AGlyphStandsOutFromTheLightBehindIt) {
-    const Color lit = composite(button.spotlight()->backgroundColor(), colorFrom(GetMetadata()->color));
+    const Color lit = composite(button.spotlight()->backgroundColor(), QVMCGColor(GetMetadata()->color));
     const auto glyphColor = [this] { return button.glyph()->string().runs.at(0).color; };
     ASSERT_LT(contrastRatio(glyphColor(), lit), minimumTextContrast) << "a white glyph needs help there";
     for (const auto light : {&QVMSymbolButton::setSelected, &QVMSymbolButton::setWarning}) {

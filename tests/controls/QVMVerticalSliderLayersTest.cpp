@@ -210,7 +210,7 @@ TEST_F(QVMVerticalSliderLayersTest, EveryValueOfEverySliderFitsItsHandleUnshrunk
 
 TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderHasTheParametersColourInBothThemes) {
     const QVMVerticalSlider slider(kUpright, *GetParameter(7));
-    const Color stroke = colorFrom(GetParameter(7)->color).withAlpha(0.7f);
+    const Color stroke = QVMCGColor(GetParameter(7)->color).withAlpha(0.7f);
     EXPECT_EQ(slider.highlight()->strokeColor(), stroke);
     const DarkTheme dark;
     EXPECT_EQ(slider.highlight()->strokeColor(), stroke);

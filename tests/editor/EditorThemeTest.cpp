@@ -229,7 +229,7 @@ protected:
     }
     // Whether it is the product's colour, or that moved towards white, black or the theme's shade.
     static bool isTheProducts(Color color) {
-        const Color product = colorFrom(GetMetadata()->color), shade = QVMUITheme::theme().palette.shade;
+        const Color product = QVMCGColor(GetMetadata()->color), shade = QVMUITheme::theme().palette.shade;
         const auto isNear = [&color](Color there) {
             return std::max({std::abs(color.r - there.r), std::abs(color.g - there.g), std::abs(color.b - there.b)}) <
                    1.0f / 256;

@@ -29,7 +29,7 @@ TEST(QVMPowerBox, HasNoGearWithoutAdvancedControls) {
 
 TEST(QVMPowerBox, CarriesTheProductsColour) {
     const QVMPowerBox box({418, 0, 62, 320}, AdvancedControls::yes, *GetMetadata());
-    EXPECT_EQ(box.layer()->backgroundColor(), colorFrom(GetMetadata()->color));
+    EXPECT_EQ(box.layer()->backgroundColor(), QVMCGColor(GetMetadata()->color));
 }
 
 TEST(QVMLogoStamp, StaysEmptyWithoutAPicture) {

@@ -6,8 +6,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 TEST(Colors, ConvertsAColourOfTheDescription) {
-    EXPECT_EQ(colorFrom(ColorFromHexText("#A5666C")), colorFromHex(0xA5666C));
-    EXPECT_EQ(colorFrom(QVMColor{}), Color::clear());
+    EXPECT_EQ(QVMCGColor(ColorFromHexText("#A5666C")), colorFromHex(0xA5666C));
+    EXPECT_EQ(QVMCGColor(QVMColor{}), Color::clear());
 }
 
 TEST(Colors, InvertingLeavesTheAlpha) {
