@@ -196,12 +196,12 @@ TEST_F(QVMGenericUIAB, AnEmptyElementOfASavedSlotIsZeroAndWhatIsMissingStays) {
     const struct {
         const char* settings;
         std::vector<float> first;
-    } cases[] = {{"1;6.5;30;7", {1, 6.5f, 30, 7}},
-                 {"1;;40", {1, 0, 40, 7}},
-                 {"1;5;", {1, 5, 0, 7}},
-                 {";2", {0, 2, 0, 7}},
-                 {"1", {1, 2, 0, 7}},
-                 {"", {0, 2, 0, 7}}};
+    } cases[] = {{"1;6.5;30;70", {1, 6.5f, 30, 70}},
+                 {"1;;40", {1, 0, 40, 70}},
+                 {"1;5", {1, 5, 40, 70}},
+                 {";2", {0, 2, 40, 70}},
+                 {"1;", {1, 0, 40, 70}},
+                 {"", {0, 0, 40, 70}}};
     for (const auto& [settings, first] : cases) {
         ui_->restoreABStateSettings(0, settings);
         tap(ab().a()); // what it holds comes forward

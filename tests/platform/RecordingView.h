@@ -106,7 +106,7 @@ inline Event mouse(EventType type, Point at, std::uint32_t modifiers = 0) {
 inline Event key(char32_t character, std::uint32_t modifiers = 0) {
     Event event;
     event.type = EventType::keyDown;
-    event.charactersIgnoringModifiers = {character};
+    event.charactersIgnoringModifiers = std::u32string(1, character);
     event.modifierFlags = modifiers;
     return event;
 }

@@ -161,14 +161,14 @@ TEST_F(VizLinkTest, WhateverIsPostedAsksForAFrame) {
     EXPECT_TRUE(drawing->takeFrameRequest());
     set(1, 5);
     EXPECT_TRUE(drawing->takeFrameRequest()) << "an editor may have sent another value, which it is not";
-    link.postLevels(std::array{0.0f, 1e-3f});
+    link.postLevels(std::array{0.0f, 1e-3f}, blockSeconds);
     EXPECT_TRUE(drawing->takeFrameRequest());
 }
 
 TEST_F(VizLinkTest, SilenceAsksForNoFrame) {
     link.exchange(drawing.get());
     drawing->takeFrameRequest();
-    link.postLevels(std::array{0.0f, 1e-6f});
+    link.postLevels(std::array{0.0f, 1e-6f}, blockSeconds);
     EXPECT_FALSE(drawing->takeFrameRequest());
 }
 
