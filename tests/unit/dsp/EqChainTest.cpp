@@ -55,5 +55,22 @@ TEST_F(EqChainTest, AfterAResetItFiltersAsAtFirst) {
     EXPECT_EQ(impulse(), first);
 }
 
+// Otherwise every move of a filter that was used before would cost designs and a glide.
+TEST_F(EqChainTest, AFilterThatIsNoLongerInTheShapeMovesNothing) {
+    for (FilterSettings* filter : {&settings_.low, &settings_.high}) {
+        filter->state = Switch::on;
+        filter->resonance = 6;
+        impulse();
+        filter->state = Switch::off;
+        impulse();
+        ASSERT_TRUE(chain_.isFlat());
+        filter->corner *= 1.5;
+        filter->order += 1;
+        filter->resonance = 3;
+        chain_.begin(settings_, 48000, corrector_, 64);
+        EXPECT_TRUE(chain_.isFlat());
+    }
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE::dsp
