@@ -2,6 +2,7 @@
 // ends. Every question is also asked of pictures that must fail: none, a shifted one, and those of other signals.
 #include "viz/LiveDisplays.h"
 
+#include "RecordingSurface.h"
 #include "StereoSignals.h"
 #include "platform/CpuDrawingSurface.h"
 #include "platform/GlDrawingSurface.h"
@@ -213,6 +214,29 @@ bool isSpreadAroundTheMiddle(const Image& picture) {
     const double left = d.sectors[0] + d.sectors[1] + d.sectors[2], right = d.sectors[6] + d.sectors[7] + d.sectors[8];
     return d.light > 4000 && d.outside < 20 && std::abs(left - right) < 0.06 && d.sectors[3] > 0.1 &&
            d.sectors[5] > 0.1 && d.sectors.front() < 0.03 && d.sectors.back() < 0.03 && left > 0.05;
+}
+
+// What a display is given are the sides: middle and difference would stand upright.
+TEST(GoniometerDisplay, TakesItsSoundAsLeftAndRight) {
+    for (const Signal signal : {Signal::left, Signal::right}) {
+        const std::unique_ptr<LiveDisplay> display = makeGoniometerDisplay();
+        display->init(displayCanvas(kSide, kSide), float{kRate}, kBlock);
+        SignalSource source(signal, kRate);
+        play(
+            source, kRate, 60, [&](auto& block, unsigned n) { display->processAudio(block, n); },
+            [&](float dt) { display->prepareForDrawing(dt); });
+        RecordingSurface surface;
+        surface.begin({kSide, kSide}, 1);
+        display->draw(surface);
+        const float lean = signal == Signal::left ? -1 : 1, middle = kSide / 2.0f;
+        float farthest = 0;
+        for (const StrokeSegment& dot : surface.shapes.back().line) {
+            const float x = (dot.from.x + dot.to.x) / 2 - middle, up = middle - dot.from.y;
+            ASSERT_NEAR(x, lean * up, 1e-3);
+            farthest = std::max(farthest, std::abs(x));
+        }
+        EXPECT_GT(farthest, 25) << "pixels";
+    }
 }
 
 TEST_P(LiveDisplayPicture, TheStereoscopeDrawsMonoUpright) {

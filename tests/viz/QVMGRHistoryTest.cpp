@@ -279,6 +279,17 @@ TEST_F(QVMGRHistoryTest, AsksToBeDrawnOnlyWhenItLooksDifferent) {
     EXPECT_EQ(frame(kFrame), Redraw::yes);
 }
 
+// A level line becomes a slope: both are straight, of three points at the same places across.
+TEST_F(QVMGRHistoryTest, IsDrawnAgainWhenAsManyPointsAreAtOtherHeights) {
+    hold(-12, 300);
+    ASSERT_EQ(history.prepareForDrawing(0), Redraw::no);
+    const std::size_t points = history.keptPoints();
+    history.processAudio(-3, true);
+    EXPECT_EQ(history.prepareForDrawing(2), Redraw::yes);
+    EXPECT_EQ(history.keptPoints(), points);
+    EXPECT_GT(history.ys()[0], history.ys()[points - 1] + 0.5f);
+}
+
 TEST(HostClock, RunsForwards) {
     const double first = hostClockSeconds();
     EXPECT_GE(hostClockSeconds(), first);

@@ -194,6 +194,33 @@ TEST_F(QVMGoniometerTest, TheFanGoesThroughWhatIsLouderThanAThousandth) {
     }
 }
 
+// Four points of a quadrilateral that is not around the middle: of what lies between them and the middle, nothing.
+TEST_F(QVMGoniometerTest, TheFanRunsFromEachPointToTheNextOne) {
+    constexpr float sides[4][2] = {{0.5f, 0.5f}, {0.7f, 0.4f}, {0.8f, 0.8f}, {0.4f, 0.7f}};
+    goniometer.init(displayCanvas(), 48000, 1600);
+    QVMAudioBuffer<float> block(2);
+    block.alloc(1600);
+    for (std::size_t i = 0; i < 1600; ++i)
+        for (std::size_t side = 0; side < 2; ++side)
+            block.channels[side][i] = sides[std::min<std::size_t>(i, 3)][side];
+    goniometer.processAudio(&block, 1600, false);
+    ASSERT_EQ(goniometer.prepareForDrawing(4.5f / 48000), Redraw::yes);
+    ASSERT_EQ(goniometer.pointCount(), 4u);
+    double around = 0, covered = 0; // areas
+    for (std::size_t i = 0; i < 4; ++i) {
+        const std::size_t next = (i + 1) % 4;
+        around += double{goniometer.x()[i]} * double{goniometer.y()[next]} / 2;
+        around -= double{goniometer.x()[next]} * double{goniometer.y()[i]} / 2;
+    }
+    const std::vector<Vertex>& fan = goniometer.fan();
+    for (std::size_t i = 0; i + 2 < fan.size(); i += 3) {
+        const Vertex a = fan[i], b = fan[i + 1], c = fan[i + 2];
+        covered += double{std::abs((b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y))} / 2;
+    }
+    EXPECT_GT(std::abs(around), 0.03);
+    EXPECT_NEAR(covered, std::abs(around), 0.01 * std::abs(around));
+}
+
 TEST_F(QVMGoniometerTest, EveryPointThatIsNotSilentIsASquare) {
     for (const float magnitude : {1e-15f, 0.0005f, 0.5f}) {
         const auto shapes = shapesOf(magnitude);

@@ -357,6 +357,24 @@ TEST_F(QVMLevelMeterTest, AsksToBeDrawnOnlyWhenItLooksDifferent) {
     EXPECT_EQ(frame(), Redraw::yes);
 }
 
+// A move that shows on a finer display, as when a window is moved to one, may be too small to show on a coarser one.
+TEST_F(QVMLevelMeterTest, IsDrawnAtEverySixteenthOfAPixelOfTheDisplayItIsOn) {
+    QVMLevelMeter::Channel& c = meter.channel(0);
+    c.slewEnabled = false;
+    for (const float scale : {1.0f, 2.0f, 3.0f, 1.0f}) {
+        const PBGLCanvas canvas = meterCanvas(scale);
+        meter.setCanvas(canvas);
+        c.level = 0;
+        meter.prepareForDrawing(0.01f);
+        int pictures = 0;
+        for (int step = 1; step <= 1000; ++step) { // two points in all
+            c.level = static_cast<float>(step) / 500 / canvas.parameter.track.h;
+            pictures += meter.prepareForDrawing(0.01f) == Redraw::yes;
+        }
+        EXPECT_NEAR(pictures, 2 * 16 * scale, 1) << scale;
+    }
+}
+
 class QVMLevelMeterPicture : public QVMLevelMeterTest {
 protected:
     void SetUp() override {

@@ -1,5 +1,6 @@
 #include "viz/QVMStereoscope.h"
 
+#include "RecordingSurface.h"
 #include "StereoSignals.h"
 
 #include <gtest/gtest.h>
@@ -184,6 +185,32 @@ TEST_F(QVMStereoscopeTest, PlacesFrequenciesEvenlyOnALogarithmicScale) {
     EXPECT_NEAR(left.y, 0, 1e-4);
     EXPECT_NEAR(middle.x, 100, 1e-4);
     EXPECT_NEAR(middle.y, 50, 1e-4);
+}
+
+// On a display so small that a band has many bins: all of a sine is in one of them, whose level is then the sine's.
+TEST_F(QVMStereoscopeTest, BrightnessFollowsTheDecibelsFromMinus72ToMinus18) {
+    for (const double decibels : {-6.0, -18.0, -27.0, -45.0, -63.0, -71.0, -73.0, -100.0}) {
+        stereoscope.init(displayCanvas(48, 24), 48000, kBlock);
+        const double amplitude = std::pow(10, decibels / 20);
+        QVMAudioBuffer<float> block(2);
+        block.alloc(kBlock);
+        for (unsigned frame = 0; frame < 48000; frame += kBlock) {
+            for (unsigned i = 0; i < kBlock; ++i) {
+                const double angle = 2 * std::numbers::pi * 500 * (frame + i) / 4096; // in the middle of a bin
+                block.channels[0][i] = block.channels[1][i] = static_cast<float>(amplitude * std::sin(angle));
+            }
+            stereoscope.processAudio(&block, kBlock);
+            stereoscope.prepareForDrawing((kBlock + 0.5f) / 48000);
+        }
+        RecordingSurface surface;
+        surface.begin({48, 24}, 1);
+        stereoscope.glDraw(surface);
+        float brightest = 0;
+        for (const RecordingSurface::Shape& shape : surface.shapes)
+            for (const FilledTriangle& triangle : shape.triangles)
+                brightest = std::max(brightest, triangle.colors[0].a);
+        EXPECT_NEAR(brightest, std::clamp((decibels + 72) / 54, 0.0, 1.0), 2e-3) << decibels << " dB";
+    }
 }
 
 } // namespace

@@ -63,6 +63,15 @@ TEST_F(QVMTiltEQTest, TrebleModeLevelsTwentyKilohertz) {
     EXPECT_NEAR(compensation + out[6], 0, 1e-3);
 }
 
+// So steep there that a hertz more or less would be four times what is allowed.
+TEST_F(QVMTiltEQTest, TrebleModeLevelsTwentyKilohertzInTheMiddleOfASteepTilt) {
+    for (const float gain : {15.0f, -15.0f}) {
+        const float compensation = calculate(gain, 14142, 28284, QVMTiltEQ_LoudnessTreble);
+        EXPECT_NEAR(compensation + out[6], 0, 5e-4) << gain;
+        EXPECT_GT(std::abs(out[7] - out[6]), 5) << "the tilt between 20 and 24 kHz";
+    }
+}
+
 TEST_F(QVMTiltEQTest, WeightedModeKeepsTheWeightedEnergy) {
     weights = {0.1f, 0.3f, 0.8f, 1, 1, 0.7f, 0.3f, 0.1f};
     filterMag = {1, 1, 1, 0.5f, 0.1f, 0, 0, 0};
