@@ -228,6 +228,37 @@ TEST_F(QVMGRHistoryTest, TheGridHasALineEverySixDecibels) {
                 testing::Pointwise(testing::FloatNear(1e-5f), {-margin, -0.5f * margin, 0.0f, 0.5f * margin, margin}));
 }
 
+TEST_F(QVMGRHistoryTest, TheGridsLinesOfWholeTwelvesStandOut) {
+    history.init(displayCanvas(150, 60), {-24, 12}, false, false);
+    RecordingSurface surface;
+    surface.begin({150, 60}, 1);
+    history.drawBackground(surface);
+    ASSERT_EQ(surface.shapes.size(), 7u); // from -24
+    for (std::size_t i = 0; i < 6; i += 2) {
+        EXPECT_GT(surface.shapes[i].color().a, 1.5f * surface.shapes[i + 1].color().a) << i;
+        EXPECT_EQ(surface.shapes[i].color().a, surface.shapes[i + 2].color().a) << i;
+    }
+}
+
+// Where its triangles lay over each other the area would look darker.
+TEST_F(QVMGRHistoryTest, TheAreaBetweenTheLineAndRestIsFilledOnce) {
+    for (const float level : {-12.0f, 6.0f}) {
+        history.init(displayCanvas(150, 60), {-24, 12}, false, false);
+        hold(level, 300);
+        RecordingSurface surface;
+        surface.begin({150, 60}, 1);
+        history.glDraw(surface);
+        ASSERT_EQ(surface.shapes.size(), 2u) << "the area and the line";
+        double area = 0;
+        for (const FilledTriangle& triangle : surface.shapes[0].triangles) {
+            const auto& [a, b, c] = triangle.corners;
+            area += std::abs(double{b.x - a.x} * double{c.y - a.y} - double{c.x - a.x} * double{b.y - a.y}) / 2;
+        }
+        const double high = std::abs(double{level}) / 36 * (60 - 2); // a pixel's margin above and below
+        EXPECT_NEAR(area, 150 * high, 0.01 * 150 * high) << level;
+    }
+}
+
 TEST_F(QVMGRHistoryTest, AGridOfTooManyLinesIsNone) {
     for (const float bottom : {-400.0f, -1e9f, -3e38f}) {
         history.init(displayCanvas(150, 60), {bottom, -bottom}, false, false);

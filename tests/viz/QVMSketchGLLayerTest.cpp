@@ -123,6 +123,17 @@ TEST(QVMSketchGLLayer, IsTransparentWhileItShouldNotRender) {
     EXPECT_FALSE(isTransparent(*layer));
 }
 
+TEST(QVMSketchGLLayer, ShowingWhatIsShownOrHidingWhatIsHiddenDrawsNothing) {
+    const auto layer = makeLayer(PB_Sketches[0]);
+    layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, true);
+    for (const bool isShown : {true, false}) {
+        layer->setShouldRender(isShown);
+        const std::uint64_t drawn = layer->contentVersion();
+        layer->setShouldRender(isShown);
+        EXPECT_EQ(layer->contentVersion(), drawn) << isShown;
+    }
+}
+
 TEST(QVMSketchGLLayer, IsPreparedOnlyForItsOwnKindOfSketch) {
     const auto curve = makeLayer(PB_Sketches[0]);
     const auto meter = makeLayer(PB_Sketches[1], curve->getVizRef());
