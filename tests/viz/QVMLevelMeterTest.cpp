@@ -259,6 +259,7 @@ TEST_F(QVMLevelMeterTest, NoPeakIsLostBetweenTwoThreads) {
             frame();
             isSeen = isSeen || meter.channel(0).display >= 0;
             if (isLast) break;
+            std::this_thread::yield(); // the writer may be waiting for this very core
         } while (true);
         EXPECT_TRUE(isSeen) << i;
         taken = i;
