@@ -239,7 +239,7 @@ TEST_F(QVMLevelMeterTest, AnOverAfterAResetIsSeen) {
 
 // What the writer raised is in this frame or in the next one.
 TEST_F(QVMLevelMeterTest, NoPeakIsLostBetweenTwoThreads) {
-    constexpr int rounds = 20000;
+    constexpr int rounds = 60000;
     std::atomic<int> written = 0, taken = 0;
     std::thread audio([&] {
         for (int i = 1; i <= rounds; ++i) {
