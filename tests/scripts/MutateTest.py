@@ -30,16 +30,40 @@ FILES = {
     """,
 }
 
+# The count of steps can be made endless, and the count of stops makes its test wait the first time only.
+STEPS = {
+    "small/CMakeLists.txt": "add_library(small Steps.cpp)",
+    "small/Steps.cpp": "double steps(double to) {\n    double at = 0;\n    while (at < to)\n        at = at + 1;\n"
+                       "    return at;\n}\nint stops() { return 3; }\n",
+    "tests/small/CMakeLists.txt": FILES["tests/small/CMakeLists.txt"].replace("Fare", "Steps"),
+    "tests/small/StepsTest.cpp": """
+        #include <gtest/gtest.h>
+        #include <cstdio>
+        #include <unistd.h>
+        double steps(double to);
+        int stops();
+        TEST(Steps, AreCounted) { EXPECT_EQ(steps(7), 7); }
+        TEST(Steps, StopsAreCounted) {
+            if (stops() == 3) return;
+            if (FILE* waited = std::fopen("waited", "wx")) { std::fclose(waited); sleep(60); }
+            FAIL();
+        }
+    """,
+}
+
 
 class MutateTest(unittest.TestCase):
     def setUp(self):
         self.place = tempfile.TemporaryDirectory()
         self.addCleanup(self.place.cleanup)
         self.top = Path(self.place.name)
-        for name, text in FILES.items():
+        self.write(FILES)
+        subprocess.run(["git", "init", "-q"], cwd=self.top, check=True)
+
+    def write(self, files):
+        for name, text in files.items():
             (self.top / name).parent.mkdir(parents=True, exist_ok=True)
             (self.top / name).write_text(text)
-        subprocess.run(["git", "init", "-q"], cwd=self.top, check=True)
 
     def mutate(self, *arguments):
         return subprocess.run([MUTATE, "small", *arguments], cwd=self.top, check=True, stdout=subprocess.PIPE,
@@ -60,6 +84,16 @@ class MutateTest(unittest.TestCase):
 
         again = self.mutate("--again").splitlines()
         self.assertEqual(again[0], f"{'survived':13}{boundary}")
+
+    def test_tells_an_endless_loop_from_a_test_that_was_slow_once(self):
+        (self.top / "small/Fare.cpp").unlink()
+        self.write(STEPS)
+        lines = self.mutate("--sample", "0", "--patience", "2").splitlines()
+        stops = "int stops() { return 3; }"
+        self.assertIn(f"{'timed out':13}small/Steps.cpp:4: at = at + 1;  ->  {{}}", lines)
+        self.assertIn(f"{'timed out':13}small/Steps.cpp:4: at = at + 1;  ->  at = at - 1;", lines)
+        self.assertIn(f"{'caught':13}small/Steps.cpp:7: {stops}  ->  {stops.replace('3', '4')}", lines)
+        self.assertTrue(any(" 3 more timed out twice;" in line for line in lines), lines[-1])
 
     def test_the_order_is_fixed_and_comments_are_no_code(self):
         first = self.mutate("--list", "--sample", "0")
