@@ -1,63 +1,27 @@
 #include "plugin/SlantwiseProcessor.h"
 
+#include "SlantwiseProcessorBench.h"
+
 #include "description/Description.h"
-#include "description/Presets.h"
-#include "platform/Log.h"
 #include "plugin/HostRecorder.h"
 #include "support/RealtimeTrap.h"
-#include "unit/PrivateProperties.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <future>
-#include <limits>
 
 namespace QVM_NAMESPACE {
 namespace {
 
 using juce::AudioChannelSet;
 
-juce::MemoryBlock stateOf(SlantwiseProcessor& processor) {
-    juce::MemoryBlock bytes;
-    processor.getStateInformation(bytes);
-    return bytes;
-}
-
-void restore(SlantwiseProcessor& processor, const juce::MemoryBlock& bytes) {
-    processor.setStateInformation(bytes.getData(), static_cast<int>(bytes.getSize()));
-}
-
 bool supports(SlantwiseProcessor& processor, const AudioChannelSet& in, const AudioChannelSet& out) {
     juce::AudioProcessor::BusesLayout layout;
     layout.inputBuses.add(in);
     layout.outputBuses.add(out);
     return processor.checkBusesLayoutSupported(layout);
-}
-
-void prepare(SlantwiseProcessor& processor, int channelsIn, int channelsOut, int maxFrames = 512) {
-    processor.setPlayConfigDetails(channelsIn, channelsOut, 48000, maxFrames);
-    processor.prepareToPlay(48000, maxFrames);
-}
-
-template <class Sample>
-void processOnce(SlantwiseProcessor& processor, juce::AudioBuffer<Sample>& buffer) {
-    juce::MidiBuffer midi;
-    processor.processBlock(buffer, midi);
-}
-
-void processOnce(SlantwiseProcessor& processor) {
-    juce::AudioBuffer<float> buffer(2, 64);
-    buffer.clear();
-    processOnce(processor, buffer);
-}
-
-float valueOf(SlantwiseProcessor& processor, std::uint32_t pid) {
-    float value = 0;
-    EXPECT_EQ(AudioUnitGetParameter(&processor.unit(), pid, kAudioUnitScope_Global, 0, &value), noErr);
-    return value;
 }
 
 TEST(SlantwiseProcessor, OffersTheProductsParametersInOrder) {
@@ -71,17 +35,6 @@ TEST(SlantwiseProcessor, OffersTheProductsParametersInOrder) {
         EXPECT_EQ(parameter->getValue(), parameter->getDefaultValue()) << pid;
         EXPECT_TRUE(parameter->isAutomatable());
     }
-}
-
-TEST(SlantwiseProcessor, OffersTheFactoryPresetsAsPrograms) {
-    SlantwiseProcessor processor;
-    ASSERT_EQ(processor.getNumPrograms(), static_cast<int>(QVMPresetCount));
-    for (int index = 0; index < processor.getNumPrograms(); ++index)
-        EXPECT_EQ(processor.getProgramName(index).toStdString(),
-                  GetPresets()->stringValues[static_cast<std::size_t>(index)]);
-    EXPECT_EQ(processor.getCurrentProgram(), 0);
-    EXPECT_TRUE(processor.getProgramName(-1).isNotEmpty());
-    EXPECT_TRUE(processor.getProgramName(99).isNotEmpty());
 }
 
 TEST(SlantwiseProcessor, OffersTheMasterSwitchAsTheHostsBypassOutsideLv2) {
@@ -98,91 +51,6 @@ TEST(SlantwiseProcessor, OffersTheMasterSwitchAsTheHostsBypassOutsideLv2) {
     SlantwiseProcessor inLv2;
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
     EXPECT_EQ(inLv2.getBypassParameter(), nullptr);
-}
-
-TEST(SlantwiseProcessor, AProgramSetsEverythingButTheQualityMode) {
-    SlantwiseProcessor processor;
-    processor.parameter(23).setValue(1);
-    for (int index = processor.getNumPrograms() - 1; index >= 0; --index) {
-        processor.setCurrentProgram(index);
-        EXPECT_EQ(processor.getCurrentProgram(), index);
-        const auto values = PresetIndexToPresetValues(index);
-        for (std::uint32_t pid = 0; pid < 23; ++pid)
-            EXPECT_EQ(valueOf(processor, pid), GetParameter(pid)->reverseCastValue(values->at(pid)))
-                << index << " " << pid;
-        EXPECT_EQ(valueOf(processor, 23), 1);
-    }
-    processor.setCurrentProgram(8);
-    processor.setCurrentProgram(-1);
-    processor.setCurrentProgram(23);
-    EXPECT_EQ(processor.getCurrentProgram(), 8);
-}
-
-TEST(SlantwiseProcessor, AProgramIsSavedByName) {
-    SlantwiseProcessor from, to;
-    from.setCurrentProgram(22);
-    restore(to, stateOf(from));
-    EXPECT_EQ(to.getCurrentProgram(), 22);
-    EXPECT_EQ(stateOf(to), stateOf(from));
-}
-
-TEST(SlantwiseProcessor, ARestoredStateWinsOverTheProgramsThatAHostSendsWithIt) {
-    SlantwiseProcessor from, to;
-    from.setCurrentProgram(8);
-    from.parameter(1).setValue(0.9f);
-    prepare(to, 2, 2);
-    restore(to, stateOf(from));
-    to.setCurrentProgram(8); // the one that was saved
-    to.setCurrentProgram(0); // the one of the new instance
-    EXPECT_EQ(stateOf(to), stateOf(from));
-    juce::AudioBuffer<float> buffer(2, 64);
-    buffer.clear();
-    processOnce(to, buffer);
-    to.setCurrentProgram(0); // now somebody wants it
-    EXPECT_EQ(to.getCurrentProgram(), 0);
-    EXPECT_EQ(valueOf(to, 1), 0);
-}
-
-TEST(SlantwiseProcessor, AProgramsValuesAreToldByTheNextBlockOnce) {
-    SlantwiseProcessor processor;
-    prepare(processor, 2, 2);
-    slantwise_tests::HostRecorder host(processor);
-    processor.setCurrentProgram(22);
-    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
-    processOnce(processor);
-    EXPECT_EQ(host.lines.size(), QVMParameterCount);
-    EXPECT_THAT(host.lines, testing::Contains("value 1 0.694444")); // 7 dB
-    host.lines.clear();
-    processOnce(processor);
-    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
-}
-
-TEST(SlantwiseProcessor, ARestoredStateTakesAwayWhatWasToBeToldOfAProgram) {
-    SlantwiseProcessor from, to;
-    from.setCurrentProgram(8);
-    from.parameter(1).setValue(0.9f);
-    prepare(to, 2, 2);
-    slantwise_tests::HostRecorder host(to);
-    to.setCurrentProgram(8);
-    restore(to, stateOf(from));
-    processOnce(to);
-    EXPECT_TRUE(host.lines.empty()) << host.lines.front();
-    EXPECT_EQ(stateOf(to), stateOf(from));
-
-    to.setCurrentProgram(22);
-    to.setStateInformation("none", 4);
-    processOnce(to);
-    EXPECT_EQ(host.lines.size(), QVMParameterCount) << "what is no state takes nothing away";
-}
-
-// In LV2 a program comes with a state of the bundle, and the host knows values by what it is told alone.
-TEST(SlantwiseProcessor, InLv2AProgramsValuesAreToldAtOnce) {
-    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
-    SlantwiseProcessor processor;
-    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
-    slantwise_tests::HostRecorder host(processor);
-    processor.setCurrentProgram(8);
-    EXPECT_EQ(host.lines.size(), QVMParameterCount);
 }
 
 // The bypass is the master switch under another name: what the host does to the one it is told of the other, once, and
@@ -243,63 +111,6 @@ TEST(SlantwiseProcessor, ABypassedUnitPassesWhatComesIn) {
                                buffer.getReadPointer(channel)));
 }
 
-// The toolkit guards its listeners with locks, here as for every value that a host automates.
-TEST(SlantwiseProcessor, ABlockThatTellsOfAProgramNeitherAllocatesNorCallsTheSystem) {
-    SlantwiseProcessor processor;
-    prepare(processor, 2, 2);
-    juce::AudioBuffer<float> buffer(2, 64);
-    juce::MidiBuffer midi;
-    buffer.clear();
-    processor.setCurrentProgram(22);
-    realtime::Offences seen = realtime::offencesOf([&] { processor.processBlock(buffer, midi); });
-    EXPECT_EQ(seen.heapCalls, 0U) << seen;
-    EXPECT_EQ(seen.systemCalls, 0U) << seen;
-    EXPECT_LE(seen.locks, QVMParameterCount + 1) << "the toolkit's, one a parameter";
-    seen = realtime::offencesOf([&] { processor.processBlock(buffer, midi); });
-    EXPECT_FALSE(seen.any()) << seen;
-    seen = realtime::offencesOf([&] {
-        processor.parameter(0).setValue(0);
-        processor.processBlock(buffer, midi);
-    });
-    EXPECT_EQ(seen.heapCalls, 0U) << seen;
-    EXPECT_EQ(seen.systemCalls, 0U) << seen;
-    EXPECT_LE(seen.locks, 1U) << "the toolkit's, for the bypass";
-}
-
-TEST(SlantwiseProcessor, ChoosingAPresetInTheEditorTellsTheHostOfTheProgram) {
-    RunLoop::main().becomeMainThread(); // as an open editor does
-    struct Programs final : juce::AudioProcessorListener {
-        void audioProcessorParameterChanged(juce::AudioProcessor*, int, float) override {}
-        void audioProcessorChanged(juce::AudioProcessor* processor, const ChangeDetails& details) override {
-            if (details.programChanged) told.push_back(processor->getCurrentProgram());
-        }
-        std::vector<int> told;
-    } programs;
-    SlantwiseProcessor processor;
-    processor.addListener(&programs);
-    for (const char* name : {"Air", "Air", "Cellphone"}) {
-        const std::string text = name;
-        const std::string* reference = &text;
-        AudioUnitSetProperty(&processor.unit(), kQVMProperty_PresetName, kAudioUnitScope_Global, 0, &reference,
-                             sizeof reference);
-    }
-    processor.removeListener(&programs);
-    EXPECT_EQ(programs.told, (std::vector<int>{8, 22}));
-}
-
-TEST(SlantwiseProcessor, AProgramIsChosenOnTheRenderThreadWithoutAllocatingOrLocking) {
-    SlantwiseProcessor processor;
-    prepare(processor, 2, 2);
-    int program = 0;
-    const realtime::Offences seen = realtime::offencesOf([&] {
-        processor.unit().choosePreset(22);
-        program = processor.getCurrentProgram();
-    });
-    EXPECT_FALSE(seen.any()) << seen;
-    EXPECT_EQ(program, 22);
-    EXPECT_EQ(valueOf(processor, 1), 7);
-}
-
 TEST(SlantwiseProcessor, TakesMonoToMonoMonoToStereoAndStereo) {
     SlantwiseProcessor processor;
     const auto mono = AudioChannelSet::mono(), stereo = AudioChannelSet::stereo(), off = AudioChannelSet::disabled();
@@ -346,43 +157,6 @@ TEST(SlantwiseProcessor, GesturesNeverNestAndNeverEndTwice) {
         AUEventListenerNotify(nullptr, nullptr, &event);
     }
     EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "end 1"}));
-}
-
-TEST(SlantwiseProcessor, StateComesBackEqual) {
-    SlantwiseProcessor from, to;
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        from.parameter(pid).setValue(static_cast<float>(pid) / 23);
-    restore(to, stateOf(from));
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        EXPECT_EQ(to.parameter(pid).getValue(), from.parameter(pid).getValue()) << pid;
-    EXPECT_EQ(stateOf(to), stateOf(from));
-    EXPECT_NE(stateOf(to), stateOf(*std::make_unique<SlantwiseProcessor>()));
-}
-
-TEST(SlantwiseProcessor, StateThatIsNotOursChangesNothingAndIsLogged) {
-    SlantwiseProcessor processor;
-    processor.parameter(1).setValue(0.25f);
-    const juce::MemoryBlock before = stateOf(processor);
-    std::vector<juce::MemoryBlock> bad(1);
-    for (std::size_t length = 1; length < before.getSize(); length += 7)
-        bad.emplace_back(before.getData(), length);
-    bad.emplace_back(std::size_t{1} << 20, true);
-    bad.emplace_back("RIFF and then nothing", 21);
-    for (std::size_t at = 0; at < before.getSize(); ++at) {
-        bad.push_back(before);
-        bad.back()[at] = static_cast<char>(bad.back()[at] ^ 0x55);
-    }
-    std::vector<std::string> log;
-    const ScopedLogSink sink([&](const std::string& line) { log.push_back(line); });
-    for (const juce::MemoryBlock& bytes : bad) {
-        restore(processor, bytes);
-        ASSERT_EQ(stateOf(processor), before) << bytes.getSize();
-    }
-    processor.setStateInformation(nullptr, 0);
-    processor.setStateInformation(before.getData(), -1);
-    EXPECT_EQ(stateOf(processor), before);
-    EXPECT_EQ(log.size(), bad.size() + 2);
-    EXPECT_EQ(log.front().rfind("state not restored: ", 0), 0U) << log.front();
 }
 
 TEST(SlantwiseProcessor, OutputGainIsHeardInEitherPrecision) {
@@ -459,13 +233,6 @@ TEST(SlantwiseProcessor, RenderThreadNeitherAllocatesNorLocksNorCallsTheSystem) 
     expectRealtimeSafe(inLv2, 0);
 }
 
-// The negative control: what the same processor does elsewhere is seen by the same trap.
-TEST(SlantwiseProcessor, SavingStateIsNotForTheRenderThread) {
-    SlantwiseProcessor processor;
-    const realtime::Offences seen = realtime::offencesOf([&] { stateOf(processor); });
-    EXPECT_TRUE(seen.any());
-}
-
 TEST(SlantwiseProcessor, InstancesAreMadeOnSeveralThreadsAtOnce) {
     std::vector<std::future<std::size_t>> results;
     for (int i = 0; i < 8; ++i) {
@@ -478,26 +245,6 @@ TEST(SlantwiseProcessor, InstancesAreMadeOnSeveralThreadsAtOnce) {
     const std::size_t size = results.front().get();
     for (std::size_t i = 1; i < results.size(); ++i)
         EXPECT_EQ(results[i].get(), size);
-}
-
-TEST(SlantwiseProcessor, StateIsSavedWhileItIsProcessing) {
-    SlantwiseProcessor processor;
-    prepare(processor, 2, 2);
-    std::atomic<bool> done{false};
-    auto render = std::async(std::launch::async, [&] {
-        juce::AudioBuffer<float> buffer(2, 128);
-        juce::MidiBuffer midi;
-        while (!done) {
-            processor.parameter(1).setValue(0.1f);
-            processor.processBlock(buffer, midi);
-            processor.parameter(1).setValue(0.9f);
-        }
-    });
-    for (int i = 0; i < 200; ++i)
-        restore(processor, stateOf(processor));
-    done = true;
-    render.get();
-    EXPECT_FALSE(stateOf(processor).isEmpty());
 }
 
 } // namespace

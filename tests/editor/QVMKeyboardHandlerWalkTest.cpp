@@ -1,0 +1,116 @@
+// From control to control by Tab and the grave key.
+#include "KeyboardHandlerFixture.h"
+
+namespace QVM_NAMESPACE {
+namespace {
+
+TEST_F(QVMKeyboardHandlerTest, TabWalksTheTabOrderOverWhatHasNoControl) {
+    focus(1);
+    for (const std::uint32_t expected : {2u, 3u, 6u, 7u, 9u, 10u, 13u, 20u, 14u, 15u, 21u, 22u, 23u, 1u}) {
+        EXPECT_TRUE(tab());
+        ASSERT_EQ(focusedPid(), expected);
+    }
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabbingIntoTheClosedAdvancedDrawerOpensIt) {
+    focus(13);
+    tab();
+    EXPECT_EQ(ui_->altFrame(), 0);
+    tab();
+    EXPECT_EQ(focusedPid(), 14u);
+    EXPECT_EQ(ui_->altFrame(), 1);
+}
+
+TEST_F(QVMKeyboardHandlerTest, ShiftTabAndTheGraveKeyWalkBackwards) {
+    focus(1);
+    tab(EventModifier::shift);
+    EXPECT_EQ(focusedPid(), 23u);
+    key(U'`', Key::codeGrave);
+    EXPECT_EQ(focusedPid(), 22u);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabAppliesWhatWasTyped) {
+    focus(1);
+    type("4.5");
+    tab();
+    EXPECT_EQ(memoized(1), 4.5f);
+    EXPECT_EQ(focusedPid(), 2u);
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabPassesDisabledControls) {
+    focus(1);
+    control(2).primaryControl()->setPreventInteraction(true);
+    tab();
+    EXPECT_EQ(focusedPid(), 3u);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabPassesHiddenControls) {
+    focus(1);
+    control(2).setHidden(true);
+    tab();
+    EXPECT_EQ(ui_->focusedControl(), &control(3));
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabWithAllOthersDisabledRemovesFocus) {
+    focus(1);
+    for (QVMParameterControl* other : ui_->parameterControls())
+        if (other != &control(1)) other->primaryControl()->setPreventInteraction(true);
+    tab();
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabWithProcessingOffRemovesFocus) {
+    hostSets(0, 0);
+    focus(1);
+    tab();
+    EXPECT_EQ(ui_->focusedControl(), nullptr);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabFromNowhereBeginsAtTheFirst) {
+    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(nullptr, 1), &control(1));
+}
+
+TEST_F(QVMKeyboardHandlerTest, TheWalkEndsForAControlThatIsNotInTheOrder) {
+    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(&control(0), 1), nullptr);
+}
+
+TEST_F(QVMKeyboardHandlerTest, EveryFocusMoveEmptiesTheBuffer) {
+    focus(1);
+    type("12");
+    focus(1);
+    EXPECT_EQ(buffer(), "12"); // it did not move
+    focus(7);
+    EXPECT_EQ(buffer(), "");
+    type("3");
+    ui_->bringParameterControlIntoFocus(nullptr);
+    EXPECT_EQ(buffer(), "");
+}
+
+TEST_F(QVMKeyboardHandlerTest, TheWholeOrderIsWalkedAndBack) {
+    std::vector<std::uint32_t> forwards, backwards;
+    focus(1);
+    do {
+        forwards.push_back(focusedPid());
+        tab();
+    } while (focusedPid() != 1 && forwards.size() < 50);
+    do {
+        tab(EventModifier::shift);
+        backwards.insert(backwards.begin(), focusedPid());
+    } while (focusedPid() != 1 && backwards.size() < 50);
+    EXPECT_EQ(forwards, backwards);
+    EXPECT_EQ(forwards.size(), ui_->parameterControls().size() - 1); // all but the master switch
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabInAnEditorWithoutFocusBeginsTheWalk) {
+    EXPECT_TRUE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
+    EXPECT_EQ(focusedPid(), 1u);
+}
+
+TEST_F(QVMKeyboardHandlerTest, TabInAnEditorThatIsOffIsTheHosts) {
+    hostSets(0, 0);
+    EXPECT_FALSE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
