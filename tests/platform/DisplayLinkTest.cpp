@@ -5,9 +5,14 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
+#include <csignal>
 #include <mutex>
 #include <thread>
+
+#include <pthread.h>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -227,6 +232,33 @@ TEST(DisplayLinkThreadTest, AFasterRateDoesNotWaitForTheSlowersNextFrame) {
     window.setHertz(100);
     EXPECT_NEAR(nextDuration(viewer, driver), 1.0 / 100, 1e-9) << "no frame of the slow rate comes between";
     EXPECT_GE(viewer.times.front() - slow, 0.00999);
+}
+
+// A host may have signals of its own, and any thread may be the one that deals with them.
+TEST(DisplayLinkThreadTest, ASignalIsNoTick) {
+    struct sigaction before {};
+    struct sigaction ignoring {};
+    ignoring.sa_handler = [](int) {};
+    ASSERT_EQ(::sigaction(SIGUSR1, &ignoring, &before), 0);
+    std::atomic<::pthread_t> tickThread{};
+    std::atomic<int> ticks{0}, early{0};
+    ThreadTickSource source;
+    source.setRate(20);
+    source.start([&](const DisplayTimeStamp& stamp) {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        if (std::chrono::nanoseconds(now).count() < stamp.videoTime) ++early;
+        tickThread = ::pthread_self();
+        ++ticks;
+    });
+    while (ticks == 0)
+        std::this_thread::yield();
+    while (ticks < 4) {
+        ::pthread_kill(tickThread, SIGUSR1);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    source.stop();
+    EXPECT_EQ(early, 0);
+    ::sigaction(SIGUSR1, &before, nullptr);
 }
 
 TEST(DisplayLinkThreadTest, RatesThatNoDisplayHasAskForNothing) {
