@@ -32,7 +32,15 @@ TEST(DrawLabelImage, ShowsThePictureWhereItIsSituated) {
     const Size pixels = *QVMImageSizeFromBase64String(label);
     EXPECT_EQ(layer->frame(), SituatedRectInsideRectForImage(box, pixels, 6, QVMLabelAlignment::right));
     EXPECT_EQ(layer->frame().maxX(), 110);
-    EXPECT_EQ(layer->frame().height, 15) << "six pixels a point";
+    EXPECT_EQ(layer->frame().height, 15) << "as high as the box";
+}
+
+TEST(DrawLabelImage, HasSixPixelsAPointWhereThereIsRoom) {
+    const std::string label = GetClump(1)->label;
+    const Size pixels = *QVMImageSizeFromBase64String(label);
+    const auto layer = DrawLabelImage(label, {0, 0, pixels.width, pixels.height}, QVMLabelAlignment::left);
+    EXPECT_DOUBLE_EQ(layer->frame().width, pixels.width / 6);
+    EXPECT_DOUBLE_EQ(layer->frame().height, pixels.height / 6);
 }
 
 TEST(DrawLabelImage, GivesNothingForTextThatIsNoPicture) {

@@ -3,6 +3,7 @@
 #include "controls/QVMVerticalSlider.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMPowerBox.h"
+#include "resources/IconGlyphs.h"
 #include "theme/Colors.h"
 #include "viz/QVM0015GLSketch.h"
 
@@ -102,12 +103,13 @@ TEST_F(QVMGenericUIMeter, TheToolTipOfAReopenedEditorSaysWhatItShowsThen) {
 }
 
 TEST_F(QVMGenericUIMeter, HiddenTogetherWithTheCurveLeavesAnEyeAndToolTips) {
-    const Layer& eye = *ui_->powerBox()->hiddenSign();
+    const TextLayer& eye = *ui_->powerBox()->hiddenSign();
     const Point curve = middleOf(sketch());
     EXPECT_EQ(eye.opacity(), 0);
     click(curve);
     EXPECT_GT(eye.opacity(), 0.3);
     EXPECT_LT(eye.opacity(), 0.6);
+    EXPECT_EQ(eye.string().runs.front().text, icons::eye);
     EXPECT_EQ(eye.frame(), sketch().frame());
     EXPECT_EQ(window_.toolTippedViewAt(curve)->toolTip(), "Show Curve and Meter");
     EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Pre\nThe meter is hidden");

@@ -53,6 +53,16 @@ TEST_F(WindowPointerTest, PressThatIsCancelledIsOverAndNothingIsDraggedAnyMore) 
     EXPECT_THAT(take(), IsEmpty());
 }
 
+TEST_F(WindowPointerTest, PressIsCancelledByAnEventThatSaysSo) {
+    send(EventType::mouseDown, {60, 50});
+    send(EventType::mouseDragged, {70, 90});
+    take();
+    EXPECT_TRUE(send(EventType::mouseCancelled, {10, 10}));
+    EXPECT_THAT(take(), ElementsAre("b cancelled"));
+    EXPECT_EQ(b->cancelledAt, (Point{70, 90})) << "where it was last seen";
+    EXPECT_EQ(window->mouseCapture(), nullptr);
+}
+
 TEST_F(WindowPointerTest, PressIsCancelledWhenTheWindowIsHidden) {
     send(EventType::mouseDown, {60, 50});
     take();

@@ -95,8 +95,8 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
     constexpr int exchanges = 3000, patient = 100, reset = 7;
     const std::uint32_t one = 1;
     const auto isLevelled = [&] { return drawing->levelMeter()->channel(0).level > -96; };
-    int levelled = 0; // of those that were waited for
-    for (int i = 0; i < exchanges; ++i) {
+    int unlevelled = 0; // of those that were waited for
+    for (int i = 0; i < exchanges && unlevelled == 0; ++i) {
         auto next = makeDrawing();
         if (i % 2) close();
         give(next.get());
@@ -110,9 +110,9 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
         // A level is missed only while another thread is inside.
         for (int k = 0; k < 100000 && !isLevelled(); ++k)
             std::this_thread::yield();
-        levelled += isLevelled() ? 1 : 0;
+        unlevelled += isLevelled() ? 0 : 1;
     }
-    EXPECT_EQ(levelled, exchanges / patient);
+    EXPECT_EQ(unlevelled, 0);
     stop = true;
     render.join();
     automation.join();

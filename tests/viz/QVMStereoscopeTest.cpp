@@ -135,6 +135,13 @@ TEST_F(QVMStereoscopeTest, SilenceIsAtTheFloorInTheMiddle) {
     }
 }
 
+TEST_F(QVMStereoscopeTest, StandsAtTheFloorBeforeThereIsAnything) {
+    stereoscope.init(displayCanvas(), 48000, 512);
+    ASSERT_EQ(stereoscope.levelDb().size(), 2048u);
+    for (const float level : stereoscope.levelDb())
+        ASSERT_NEAR(level, kFloorDb, 1e-3);
+}
+
 TEST_F(QVMStereoscopeTest, TheNyquistTermIsNoPartOfTheConstantOne) {
     analyse([](unsigned i) { return std::array{i % 2 ? -1.0 : 1.0, 0.0}; });
     EXPECT_LT(stereoscope.levelDb()[0], -100);
