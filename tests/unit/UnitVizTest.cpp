@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -92,7 +93,9 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
         for (int i = 0; !stop; ++i)
             AudioUnitSetParameter(&unit, static_cast<std::uint32_t>(i % 24), 0, 0, static_cast<float>(i % 500), 0);
     });
-    constexpr int exchanges = 3000, patient = 100, reset = 7;
+    using Clock = std::chrono::steady_clock;
+    constexpr int exchanges = 3000, waited = 100, reset = 7;
+    constexpr std::chrono::seconds patience{30}; // where it fails, on a busy machine
     const std::uint32_t one = 1;
     const auto isLevelled = [&] { return drawing->levelMeter()->channel(0).level > -96; };
     int unlevelled = 0; // of those that were waited for
@@ -103,12 +106,12 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
         drawing = std::move(next); // the earlier one is destroyed here
         drawing->performInterp();
         if (i % reset == 0) AudioUnitSetProperty(&unit, 64007, 0, 0, &one, sizeof one);
-        if (i % patient != 0) continue;
+        if (i % waited != 0) continue;
         const int seen = blocks;
         while (blocks < seen + 3) // let it play into this one
             std::this_thread::yield();
         // A level is missed only while another thread is inside.
-        for (int k = 0; k < 100000 && !isLevelled(); ++k)
+        for (const auto givenUp = Clock::now() + patience; !isLevelled() && Clock::now() < givenUp;)
             std::this_thread::yield();
         unlevelled += isLevelled() ? 0 : 1;
     }
