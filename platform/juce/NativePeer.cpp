@@ -20,18 +20,66 @@ namespace {
 XEvent lastEvent{};
 X11Symbols::XNextEvent takeNextEvent = nullptr;
 
+std::vector<const EventWatch::Handler*> eventHandlers;
+
 int keepNextEvent(::Display* display, XEvent* event) {
     const int result = takeNextEvent(display, event);
     lastEvent = *event;
+    const ComponentPeer* const peer = event->type < LASTEvent ? getPeerFor(event->xany.window) : nullptr;
+    if (peer != nullptr) {
+        for (const auto* handler : eventHandlers)
+            (*handler)(*peer);
+    }
     return result;
+}
+
+::Display* openDisplay() {
+    const XWindowSystem* const system = XWindowSystem::getInstanceWithoutCreating();
+    return system != nullptr ? system->getDisplay() : nullptr;
+}
+
+// As a message of its own: what the events lead to may take away whoever calls.
+void dispatchWaitingEvents(::Display* display, int mode) {
+    if (X11Symbols::getInstance()->xEventsQueued(display, mode) == 0) return;
+    MessageManager::callAsync([] {
+        if (::Display* const stillOpen = openDisplay())
+            LinuxEventLoopInternal::invokeEventLoopCallbackForFd(
+                X11Symbols::getInstance()->xConnectionNumber(stillOpen));
+    });
+}
+
+// Called by Xlib after each request, on the thread that made it. What an answer brought along waits below Xlib's own
+// queue, where only reading finds it.
+int requestWasMade(::Display* display) {
+    const bool isAnswered = LastKnownRequestProcessed(display) + 1 == NextRequest(display);
+    if (isAnswered && display == openDisplay()) dispatchWaitingEvents(display, QueuedAfterReading);
+    return 0;
+}
+
+void watchRequests(::Display* display) {
+    using AfterFunction = int (*)(::Display*);
+    static DynamicLibrary xlib("libX11.so.6");
+    const auto setAfterFunction =
+        reinterpret_cast<AfterFunction (*)(::Display*, AfterFunction)>(xlib.getFunction("XSetAfterFunction"));
+    if (setAfterFunction != nullptr) setAfterFunction(display, &requestWasMade);
 }
 
 void keepEvents() {
     X11Symbols::XNextEvent& nextEvent = X11Symbols::getInstance()->xNextEvent;
-    if (nextEvent != &keepNextEvent) takeNextEvent = std::exchange(nextEvent, &keepNextEvent);
+    if (nextEvent == &keepNextEvent) return;
+    takeNextEvent = std::exchange(nextEvent, &keepNextEvent);
+    watchRequests(XWindowSystem::getInstance()->getDisplay());
 }
 
 } // namespace
+
+EventWatch::EventWatch(Handler wasToldOf) : wasToldOf_(std::move(wasToldOf)) {
+    eventHandlers.push_back(&wasToldOf_);
+}
+
+EventWatch::~EventWatch() {
+    std::erase(eventHandlers, &wasToldOf_);
+}
 
 std::optional<NativeKey> dispatchedKey() {
     const bool isDown = lastEvent.type == KeyPressEventType;
@@ -45,6 +93,7 @@ std::optional<NativeKey> dispatchedKey() {
 
 void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond) {
     if (windowOf(peer) == 0) return;
+    keepEvents();
     // The rate is taken from the display that the window is on, when its bounds are looked up again.
     auto& displays = const_cast<Displays&>(Desktop::getInstance().getDisplays()).displays;
     const Array<Displays::Display> asTheyAre = displays;
@@ -70,21 +119,10 @@ void setPeerKeys(ComponentPeer& peer, PeerKeys keys) {
 }
 
 void exchangeEvents() {
-    const auto openDisplay = []() -> ::Display* {
-        const XWindowSystem* const system = XWindowSystem::getInstanceWithoutCreating();
-        return system != nullptr ? system->getDisplay() : nullptr;
-    };
     ::Display* const display = openDisplay();
     if (display == nullptr) return;
     const XWindowSystemUtilities::ScopedXLock lock;
-    // What an answer brought along waits below Xlib's own queue, where only reading finds it.
-    if (X11Symbols::getInstance()->xEventsQueued(display, QueuedAfterFlush) == 0) return;
-    // As a message of its own: what the events lead to may take away whoever calls.
-    MessageManager::callAsync([openDisplay] {
-        if (::Display* const stillOpen = openDisplay())
-            LinuxEventLoopInternal::invokeEventLoopCallbackForFd(
-                X11Symbols::getInstance()->xConnectionNumber(stillOpen));
-    });
+    dispatchWaitingEvents(display, QueuedAfterFlush);
 }
 
 namespace {

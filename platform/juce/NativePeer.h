@@ -2,6 +2,7 @@
 // alone. Message thread.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 namespace juce {
@@ -12,6 +13,20 @@ class ComponentPeer;
 // or resized, or the next call. Zero is the display's own rate. The toolkit keeps to that rate, or a hundred times a
 // second where it is unknown, as long as the window is open, which is most of what an idle editor costs.
 void setPeerRefreshRate(ComponentPeer& peer, int timesPerSecond);
+
+// While it lives it tells when the server has told something about a window: while the event is being taken, before it
+// is dispatched. Word that a picture has arrived does not count. From when a peer's rate or keys are set.
+class EventWatch {
+public:
+    using Handler = std::function<void(const ComponentPeer&)>;
+    explicit EventWatch(Handler wasToldOf);
+    ~EventWatch();
+    EventWatch(const EventWatch&) = delete;
+    EventWatch& operator=(const EventWatch&) = delete;
+
+private:
+    Handler wasToldOf_;
+};
 
 // Whether keys come to this window. Those that do not go on to the window it is embedded in: otherwise the host would
 // get none while the pointer is over the editor, focus or not.
@@ -31,10 +46,13 @@ struct NativeKey {
 // were set for a peer once.
 std::optional<NativeKey> dispatchedKey();
 
-// Sends what the toolkit keeps for the X server, pictures among it, and sees to it that the events which it has read
-// and not dispatched are dispatched next. It reads some whenever it waits for an answer, and then sleeps until the
-// server sends more: a click that was read that way is acted on with the next one. Call after every frame and with
-// every refresh; costs next to nothing while there is nothing to do. Does nothing without an X server.
+// Sends what the toolkit keeps for the X server, pictures among it, and sees to it that the events which have arrived
+// are dispatched next. Call after every frame and with every refresh; costs next to nothing while there is nothing to
+// do. Does nothing without an X server.
+//
+// The toolkit reads events whenever it waits for an answer, and by itself sleeps on them until the server sends more: a
+// click that was read that way would be acted on with the next one. From when a peer's rate or keys are set they are
+// dispatched after each answer.
 void exchangeEvents();
 
 // Whether a Super key is held. Asks the X server.

@@ -17,9 +17,7 @@ namespace {
 
 constexpr double shortestFrame = 0.012;    // seconds between frames that a change asks for
 constexpr double restShare = 0.5;          // of the time that drawing took, during which nothing is drawn
-constexpr double wakefulSeconds = 1;       // after the last frame or pointer event
 constexpr double lookAroundSeconds = 0.25; // between looks whether the window is still to be seen, and where
-constexpr int idleRefreshHz = 6;           // while nothing else goes on, what is uncovered waits for it
 constexpr double usualHz = 60;             // of a display that does not say: a virtual one, or a far one
 
 // Free of the noise of single precision: 1.1f is 1.1.
@@ -57,7 +55,6 @@ void WindowComponent::contentViewDidChange() {
 // Frames
 
 void WindowComponent::handleAsyncUpdate() {
-    if (std::exchange(wasUncovered_, false)) keepAwake();
     drawSoon();
 }
 
@@ -66,8 +63,11 @@ void WindowComponent::drawSoon() {
     if (!isFrameWanted_ || !isOnScreen()) return;
     const double wait = std::max(secondsToRest(), lastFrameTime_ + shortestFrame - RunLoop::main().now());
     if (wait > 0) return frameCall_.schedule(wait, [this] { drawSoon(); });
-    frame();
-    if (renderer_.isAnimating()) keepAwake();
+    {
+        const RefreshPace::ScopedFrame ours(pace_);
+        frame();
+    }
+    if (renderer_.isAnimating()) pace_.keepAwake();
     show();
 }
 
@@ -75,12 +75,10 @@ void WindowComponent::show() {
     juce::ComponentPeer* const peer = getPeer();
     if (!peer) return;
     isFrameShown_ = lastFrame_->damage.empty();
-    isShowingFrame_ = true;
     peer->performAnyPendingRepaintsNow();
-    isShowingFrame_ = false;
     juce::exchangeEvents();
     // While the server is at the last picture the toolkit leaves the next one to a refresh of the display.
-    if (!isFrameShown_) keepAwake();
+    if (!isFrameShown_) pace_.keepAwake();
 }
 
 // The toolkit looks for input when its own messages have run out, and its timer posts the next one as soon as it is
@@ -90,11 +88,11 @@ double WindowComponent::secondsToRest() const {
 }
 
 void WindowComponent::refresh() {
-    const double now = RunLoop::main().now(), sinceLast = now - std::exchange(lastRefresh_, now);
-    if (now - lastLookAround_ >= lookAroundSeconds) lookAround();
+    if (RunLoop::main().now() - lastLookAround_ >= lookAroundSeconds) lookAround();
     if ((isFrameWanted_ || renderer_.isAnimating()) && isOnScreen() && secondsToRest() <= 0) frame();
-    // A window that was moved, or put on another screen, is at the display's rate again without a word.
-    if (isAtRest() && (refreshRate_ == Rate::display || sinceLast < 0.5 / idleRefreshHz)) setRefreshRate(Rate::idle);
+    // A press may be lost: that is found out by looking.
+    if (keys_.hasMenu() || keys_.isPressed() || renderer_.isAnimating()) pace_.keepAwake();
+    pace_.didRefresh();
     juce::exchangeEvents();
 }
 
@@ -112,20 +110,6 @@ void WindowComponent::lookAround() {
 // As far as is known: the toolkit would ask the server each time.
 bool WindowComponent::isOnScreen() const {
     return wasOnScreen_ && window_.isVisible() && getPeer();
-}
-
-void WindowComponent::keepAwake() {
-    lastActivity_ = RunLoop::main().now();
-    if (refreshRate_ == Rate::idle) setRefreshRate(Rate::display);
-}
-
-bool WindowComponent::isAtRest() const {
-    return !keys_.hasMenu() && !renderer_.isAnimating() && RunLoop::main().now() - lastActivity_ > wakefulSeconds;
-}
-
-void WindowComponent::setRefreshRate(Rate rate) {
-    refreshRate_ = rate;
-    if (juce::ComponentPeer* peer = getPeer()) juce::setPeerRefreshRate(*peer, rate == Rate::idle ? idleRefreshHz : 0);
 }
 
 void WindowComponent::adoptLinkRate() {
@@ -166,10 +150,6 @@ void WindowComponent::repaintDamage() {
 void WindowComponent::paint(juce::Graphics& g) {
     const double start = RunLoop::main().now();
     isFrameShown_ = true;
-    if (!isShowingFrame_ && refreshRate_ == Rate::idle) {
-        wasUncovered_ = true; // more may be, at the speed of a hand
-        triggerAsyncUpdate();
-    }
     const double scale = cleanScale(g.getInternalContext().getPhysicalPixelScaleFactor());
     // A host may change the scale without a word; and the first paint may come before the first frame.
     if (scale != renderer_.scale() || isFrameWanted_) {
@@ -217,7 +197,7 @@ void WindowComponent::send(const juce::MouseEvent& event, EventType type) {
     const Event mapped = mouseEventFrom(event, type, super);
     // The toolkit sends moves of a pointer that rests, too.
     if (std::exchange(pointer_, mapped.locationInWindow) != mapped.locationInWindow) areToolTipsQuiet_ = false;
-    keepAwake();
+    pace_.keepAwake();
     window_.sendEvent(mapped);
 }
 
@@ -307,7 +287,7 @@ void WindowComponent::popUpMenu(std::unique_ptr<Menu> menu, Point at) {
     juce::PopupMenu popup = toToolkit(*menu, SafePointer<juce::Component>(this), [this] { keys_.settle(); });
     if (popup.getNumItems() == 0) return; // the toolkit would not say that it is closed
     keys_.setMenuOpen(true);
-    keepAwake();
+    pace_.keepAwake();
     popup.setLookAndFeel(&runtime_->lookAndFeel());
     popup.showMenuAsync(
         juce::PopupMenu::Options().withParentComponent(this).withDeletionCheck(*this).withTargetScreenArea(

@@ -7,6 +7,7 @@
 #include "platform/juce/EventMapping.h"
 #include "platform/juce/KeyboardFocus.h"
 #include "platform/juce/MenuShield.h"
+#include "platform/juce/RefreshPace.h"
 #include "platform/juce/ToolTipWindow.h"
 #include "platform/juce/ToolkitRasterBackend.h"
 #include "platform/juce/ToolkitRuntime.h"
@@ -76,13 +77,9 @@ private:
     double secondsToRest() const;
     void didDraw(double since);
     void adoptScale(double scale);
-    enum class Rate : unsigned char { display, idle };
-    void setRefreshRate(Rate rate);
     void adoptLinkRate();
-    void keepAwake();
     void lookAround();
     bool isOnScreen() const;
-    bool isAtRest() const;
     void repaintDamage();
     void composeInto(juce::Graphics& g, double scale) const;
     bool isContentOpaque() const;
@@ -96,18 +93,16 @@ private:
     KeyboardFocus keys_;
     MenuShield menuShield_;
     bool isFrameWanted_ = false;
-    bool isShowingFrame_ = false, isFrameShown_ = true, wasUncovered_ = false;
+    bool isFrameShown_ = true;
     bool wasOnScreen_ = false;
-    bool areToolTipsQuiet_ = false;    // since a key was pressed
-    Rate refreshRate_ = Rate::display; // of the toolkit's window
+    bool areToolTipsQuiet_ = false; // since a key was pressed
+    RefreshPace pace_{*this};
     DisplayRate linkRequest_;
-    DelayedCall frameCall_;                                         // for a frame that was wanted too soon
-    double lastFrameTime_ = 0, lastActivity_ = 0, lastRefresh_ = 0; // seconds on the run loop's clock
-    double lastLookAround_ = 0;                                     // likewise
-    double lastDrawingEnd_ = 0;                                     // likewise
-    double drawingSeconds_ = 0;                                     // of the last frame and its painting
-    DelayedCall toolkitRelease_;                                    // of a button that is up already
-    std::unique_ptr<ToolTipWindow> tooltips_;                       // while the pointer is inside
+    DelayedCall frameCall_;                                              // for a frame that was wanted too soon
+    double lastFrameTime_ = 0, lastLookAround_ = 0, lastDrawingEnd_ = 0; // seconds on the run loop's clock
+    double drawingSeconds_ = 0;                                          // of the last frame and its painting
+    DelayedCall toolkitRelease_;                                         // of a button that is up already
+    std::unique_ptr<ToolTipWindow> tooltips_;                            // while the pointer is inside
     juce::VBlankAttachment refresh_;
 };
 

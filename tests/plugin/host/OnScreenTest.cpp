@@ -87,6 +87,44 @@ TEST_F(OnARealScreen, TheWindowIsHiddenWithTheOneAroundIt) {
     EXPECT_TRUE(becomesVisible(true));
 }
 
+// Most of what an open editor costs while nothing moves.
+TEST_F(OnARealScreen, AtRestTheWindowRefreshesOnceASecond) {
+    slantwise_tests::XScreen().movePointer(0, 0);
+    int refreshes = 0;
+    const juce::VBlankAttachment count(&editor_, [&refreshes] { ++refreshes; });
+    pump(5); // opens, and comes to rest
+    refreshes = 0;
+    pump(4);
+    EXPECT_LE(refreshes, 5);
+    EXPECT_GE(refreshes, 1) << "a window around it may be hidden without a word";
+}
+
+TEST_F(OnARealScreen, WhatIsUncoveredAtRestDoesNotWaitForTheSlowRefresh) {
+    slantwise_tests::XScreen screen;
+    screen.movePointer(0, 0);
+    pump(4);
+    const auto corner = editor_.localPointToGlobal(juce::Point<int>());
+    const auto picture = [&] { return screen.capture(corner.x, corner.y, editor_.getWidth(), editor_.getHeight()); };
+    const slantwise_tests::Picture whole = picture();
+    int refreshes = 0;
+    const juce::VBlankAttachment count(&editor_, [&refreshes] { ++refreshes; });
+    for (int i = 0; i < 3; ++i) {
+        {
+            slantwise_tests::XScreen another;
+            another.showAnotherWindow(corner.x + 20, corner.y + 20, 150, 100);
+            pump(2.5); // at rest again
+            ASSERT_GT(picture().differingPixels(whole), 1000U) << "it is covered";
+        }
+        refreshes = 0;
+        const double end = juce::Time::getMillisecondCounterHiRes() + 10000;
+        while (picture().differingPixels(whole) > 0 && juce::Time::getMillisecondCounterHiRes() < end)
+            juce::dispatchNextMessageOnSystemQueue(true);
+        EXPECT_EQ(picture().differingPixels(whole), 0U);
+        pump(0.5);
+        EXPECT_GT(refreshes, 5) << "at the display's rate, as more may be uncovered";
+    }
+}
+
 TEST_F(OnARealScreen, SlotsPresetAndLayoutOfARestoredStateReachTheOpenEditor) {
     SlantwiseProcessor saved;
     const std::string settings = "1;2;3", name = "Of another version";
