@@ -3,7 +3,6 @@
 
 add_library(slantwise_options INTERFACE)
 target_compile_features(slantwise_options INTERFACE cxx_std_20)
-target_include_directories(slantwise_options INTERFACE ${PROJECT_BINARY_DIR}/generated)
 target_compile_options(slantwise_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
     -fvisibility=hidden -fvisibility-inlines-hidden)
@@ -32,9 +31,9 @@ function(slantwise_link_headers folder view)
     endforeach()
 endfunction()
 
-# slantwise_library(name SOURCES file... LINKS target... [FOLDER folder] [SYSTEM_LINKS target...])
+# slantwise_library(name [SOURCES file...] [LINKS target...] [FOLDER folder] [SYSTEM_LINKS target...])
 # Headers are reached as "folder/Header.h" through a directory that holds links to this folder alone, so that a folder
-# sees exactly the folders it links.
+# sees exactly the folders it links. Without sources it is one of headers only.
 function(slantwise_library name)
     cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;LINKS;SYSTEM_LINKS" ${ARGN})
     if(NOT ARG_FOLDER)
@@ -42,9 +41,15 @@ function(slantwise_library name)
     endif()
     set(view ${SLANTWISE_LAYER_ROOT}/${name})
     slantwise_link_headers(${PROJECT_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER})
+    if(NOT ARG_SOURCES)
+        add_library(${name} INTERFACE)
+        target_include_directories(${name} INTERFACE ${view} ${PROJECT_BINARY_DIR}/generated)
+        target_link_libraries(${name} INTERFACE ${ARG_LINKS})
+        return()
+    endif()
     add_library(${name} STATIC ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
-    target_include_directories(${name} PUBLIC ${view})
+    target_include_directories(${name} PUBLIC ${view} ${PROJECT_BINARY_DIR}/generated)
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE slantwise_options ${ARG_SYSTEM_LINKS})
 endfunction()
 

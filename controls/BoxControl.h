@@ -5,7 +5,7 @@
 #pragma once
 
 #include "controls/QVMFloatControl.h"
-#include "platform/Transaction.h"
+#include "platform/layer/Transaction.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 // The march of dashes around an outline.
 #pragma once
 
-#include "platform/Animation.h"
+#include "platform/layer/Animation.h"
 
 namespace QVM_NAMESPACE {
 

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "controls/BoxControl.h"
-#include "platform/ShapeLayer.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/ShapeLayer.h"
+#include "platform/layer/TextLayer.h"
 
 namespace QVM_NAMESPACE {
 

@@ -1,8 +1,8 @@
 // An input event as one control sees it.
 #pragma once
 
-#include "platform/Event.h"
-#include "platform/View.h"
+#include "platform/view/Event.h"
+#include "platform/view/View.h"
 
 namespace QVM_NAMESPACE {
 

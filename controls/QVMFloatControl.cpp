@@ -2,7 +2,7 @@
 
 #include "controls/QVMFocusBorder.h"
 #include "description/ValueMapping.h"
-#include "platform/Log.h"
+#include "platform/system/Log.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>

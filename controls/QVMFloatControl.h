@@ -12,8 +12,8 @@
 #include "controls/QVMGranularities.h"
 #include "controls/QVMTransientBufferDisplay.h"
 #include "description/QVMParameter.h"
-#include "platform/Control.h"
-#include "platform/NotificationCenter.h"
+#include "platform/runloop/NotificationCenter.h"
+#include "platform/view/Control.h"
 
 namespace QVM_NAMESPACE {
 

@@ -1,7 +1,7 @@
 // What a value control tells its owner, beyond its action (which carries every value that the user makes).
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 #include <map>

@@ -5,7 +5,7 @@
 // only.
 #pragma once
 
-#include "platform/ShapeLayer.h"
+#include "platform/layer/ShapeLayer.h"
 
 namespace QVM_NAMESPACE {
 

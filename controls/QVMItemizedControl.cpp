@@ -1,6 +1,6 @@
 #include "controls/QVMItemizedControl.h"
 
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "controls/QVMCycleControl.h"
-#include "platform/DelayedCall.h"
-#include "platform/Menu.h"
+#include "platform/runloop/DelayedCall.h"
+#include "platform/view/Menu.h"
 
 #include <memory>
 

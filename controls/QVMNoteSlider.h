@@ -3,7 +3,7 @@
 #pragma once
 
 #include "controls/BoxControl.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
 
 #include <vector>
 

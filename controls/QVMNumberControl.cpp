@@ -2,7 +2,7 @@
 
 #include "controls/FineDrag.h"
 #include "controls/TextFitting.h"
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>

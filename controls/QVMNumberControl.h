@@ -6,7 +6,7 @@
 #pragma once
 
 #include "controls/BoxControl.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
 
 namespace QVM_NAMESPACE {
 

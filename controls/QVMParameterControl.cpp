@@ -1,10 +1,9 @@
 #include "controls/QVMParameterControl.h"
 
-#include "controls/DescriptionRect.h"
 #include "controls/QVMRangeControl.h"
 #include "controls/QVMVerticalSlider.h"
-#include "platform/RunLoop.h"
-#include "platform/Window.h"
+#include "platform/runloop/RunLoop.h"
+#include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
@@ -23,7 +22,7 @@ constexpr float kThousand = 1000;
 constexpr float kBeyondLimits = 1e9f; // more than any parameter holds, and little enough to reckon with
 
 Rect controlFrameOf(const QVMParameter* parameter) {
-    return parameter ? rectFrom(parameter->controlFrame) : Rect{};
+    return parameter ? parameter->controlFrame : Rect{};
 }
 
 // A decimal number with a point, beyond all limits if it is too long for a float; 0 for anything else.

@@ -1,7 +1,7 @@
 #include "controls/QVMRangeSlider.h"
 
 #include "controls/QVMFocusBorder.h"
-#include "platform/Transaction.h"
+#include "platform/layer/Transaction.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>

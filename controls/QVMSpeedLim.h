@@ -4,7 +4,7 @@
 // lock for the whole of a fire. A limiter must not outlive what it calls: destroying it cancels what is still to come.
 #pragma once
 
-#include "platform/RunLoop.h"
+#include "platform/runloop/RunLoop.h"
 
 #include <array>
 #include <cstddef>

@@ -3,8 +3,8 @@
 // It acts on the press, not on the release. A light glyph turns dark while a light stands behind it. Main thread only.
 #pragma once
 
-#include "platform/Control.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/view/Control.h"
 
 #include <optional>
 #include <string>

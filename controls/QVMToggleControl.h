@@ -6,7 +6,7 @@
 
 #include "controls/BoxControl.h"
 #include "controls/QVMToggleSegment.h"
-#include "platform/DelayedCall.h"
+#include "platform/runloop/DelayedCall.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "controls/QVMToggleSegment.h"
 
 #include "controls/TextFitting.h"
-#include "platform/TextMetrics.h"
+#include "platform/layer/TextMetrics.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 // only.
 #pragma once
 
-#include "platform/ShapeLayer.h"
-#include "platform/TextLayer.h"
-#include "platform/View.h"
+#include "platform/layer/ShapeLayer.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/view/View.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "controls/QVMTransientBufferDisplay.h"
 
-#include "platform/View.h"
+#include "platform/view/View.h"
 
 namespace QVM_NAMESPACE {
 

@@ -1,7 +1,7 @@
 // What a control implements that can show a number while it is being typed, before it becomes the value.
 #pragma once
 
-#include "platform/AttributedString.h"
+#include "platform/layer/AttributedString.h"
 
 namespace QVM_NAMESPACE {
 

@@ -2,7 +2,7 @@
 
 #include "controls/FineDrag.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/Transaction.h"
+#include "platform/layer/Transaction.h"
 #include "theme/Colors.h"
 
 #include <algorithm>

@@ -10,7 +10,7 @@
 #include "controls/QVMFloatControl.h"
 #include "controls/ReadoutBulb.h"
 #include "controls/SliderScale.h"
-#include "platform/DelayedCall.h"
+#include "platform/runloop/DelayedCall.h"
 
 namespace QVM_NAMESPACE {
 

@@ -4,8 +4,8 @@
 #include "controls/QVMFocusBorder.h"
 #include "controls/ReadoutText.h"
 #include "controls/TextFitting.h"
-#include "platform/TextMetrics.h"
-#include "platform/Transaction.h"
+#include "platform/layer/TextMetrics.h"
+#include "platform/layer/Transaction.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "controls/ReadoutText.h"
 #include "controls/TextFitting.h"
-#include "platform/TextMetrics.h"
+#include "platform/layer/TextMetrics.h"
 #include "theme/QVMUITheme.h"
 
 #include <cmath>

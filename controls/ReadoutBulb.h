@@ -5,8 +5,8 @@
 // thread.
 #pragma once
 
-#include "platform/ShapeLayer.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/ShapeLayer.h"
+#include "platform/layer/TextLayer.h"
 
 namespace QVM_NAMESPACE {
 

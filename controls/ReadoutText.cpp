@@ -1,6 +1,6 @@
 #include "controls/ReadoutText.h"
 
-#include "platform/TextMetrics.h"
+#include "platform/layer/TextMetrics.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 

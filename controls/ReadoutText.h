@@ -1,8 +1,8 @@
 // How a value looks on a handle or in a box: the number in one face, its unit as a glyph or small text behind it.
 #pragma once
 
-#include "platform/AttributedString.h"
-#include "platform/Color.h"
+#include "platform/layer/AttributedString.h"
+#include "platform/surface/Color.h"
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "description/QVMParameter.h"
-#include "platform/ShapeLayer.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/ShapeLayer.h"
+#include "platform/layer/TextLayer.h"
 
 #include <functional>
 #include <vector>

@@ -1,7 +1,7 @@
 // Fitting a value's text into the room there is for it.
 #pragma once
 
-#include "platform/AttributedString.h"
+#include "platform/layer/AttributedString.h"
 
 namespace QVM_NAMESPACE {
 

@@ -1,7 +1,7 @@
 // Numbers as text, independent of the locale that the host may have set.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <string>
 

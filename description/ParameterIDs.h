@@ -1,7 +1,7 @@
 // The numbers of this product's parameters, which are the audio unit's own.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The small records that a parameter's lists are made of.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <array>
 #include <cstdint>
@@ -36,6 +36,14 @@ enum QVMControlTypeCode : std::int32_t {
     QVMControlTypeCycle = 3,
     QVMControlTypeNumber = 4,
     QVMControlTypePresets = 8,
+};
+
+// How the tilt's change of level is compensated.
+enum QVMTiltEQ_LoudnessMode {
+    QVMTiltEQ_LoudnessWeighted = 0, // equal energy behind a loudness weighting
+    QVMTiltEQ_LoudnessHalfGain = 1, // half of the gain between the two ends
+    QVMTiltEQ_LoudnessNone = 2,
+    QVMTiltEQ_LoudnessTreble = 3, // equal level at 20 kHz
 };
 
 // Input and output channel counts.

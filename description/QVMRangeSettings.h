@@ -4,7 +4,7 @@
 // partner), so an ordered list with look-ups is all it takes.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <string>
 #include <string_view>

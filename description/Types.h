@@ -1,10 +1,8 @@
-// Plain value types that the description and everything built from it share: geometry, ranges and colours.
-//
-// Rectangles and points are 64-bit floats in points with y growing downwards, in the space that the field holding them
-// names. They are deliberately free of any toolkit's type, since the description knows no toolkit.
+// Plain value types that the description and everything built from it share: ranges and colours, and geometry under the
+// description's names. Frames are in points with y growing downwards, in the space that the field holding them names.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "geometry/Geometry.h"
 
 #include <cstdint>
 #include <string>
@@ -12,28 +10,9 @@
 
 namespace QVM_NAMESPACE {
 
-struct QVMPoint {
-    double x = 0;
-    double y = 0;
-    bool operator==(const QVMPoint&) const = default;
-};
-
-struct QVMSize {
-    double width = 0;
-    double height = 0;
-    bool operator==(const QVMSize&) const = default;
-};
-
-struct QVMRect {
-    double x = 0;
-    double y = 0;
-    double width = 0;
-    double height = 0;
-
-    // True when there is no area to lay anything out in; an unset frame is empty.
-    bool isEmpty() const { return !(width > 0 && height > 0); }
-    bool operator==(const QVMRect&) const = default;
-};
+using QVMPoint = Point;
+using QVMSize = Size;
+using QVMRect = Rect;
 
 struct QVMLineSegment {
     QVMPoint from;

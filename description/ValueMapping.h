@@ -4,7 +4,7 @@
 // and the arithmetic is 32-bit throughout, so that values agree to the bit wherever they are computed.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 

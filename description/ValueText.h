@@ -4,7 +4,7 @@
 // a point whatever the locale.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 // The lines along the edges of the editor's parts.
 #pragma once
 
-#include "platform/Geometry.h"
+#include "geometry/Geometry.h"
 
 #include <cstdint>
 

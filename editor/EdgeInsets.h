@@ -1,7 +1,7 @@
 // Insets as the description gives them: points by edge, where an edge that is not named has none.
 #pragma once
 
-#include "platform/Geometry.h"
+#include "geometry/Geometry.h"
 
 #include <map>
 #include <string>

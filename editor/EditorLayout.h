@@ -3,7 +3,7 @@
 // Frames are in points at scale 1 with y downwards, each in the coordinates of the view that the part stands in.
 #pragma once
 
-#include "platform/Geometry.h"
+#include "geometry/Geometry.h"
 
 #include <cstdint>
 

@@ -9,8 +9,8 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/Menu.h"
-#include "platform/Workspace.h"
+#include "platform/system/Workspace.h"
+#include "platform/view/Menu.h"
 #include "theme/QVMUITheme.h"
 
 #include <utility>

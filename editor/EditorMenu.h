@@ -2,7 +2,7 @@
 // pointer what the buttons do.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "editor/FrameButton.h"
 
-#include "platform/ShapeLayer.h"
+#include "platform/layer/ShapeLayer.h"
 #include "theme/QVMUITheme.h"
 
 #include <utility>

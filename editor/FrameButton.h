@@ -4,8 +4,8 @@
 // buttons do. Main thread only.
 #pragma once
 
-#include "platform/Control.h"
-#include "platform/NotificationCenter.h"
+#include "platform/runloop/NotificationCenter.h"
+#include "platform/view/Control.h"
 
 #include <memory>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editor/BorderRect.h"
-#include "platform/Layer.h"
+#include "platform/layer/Layer.h"
 
 namespace QVM_NAMESPACE {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "description/Types.h"
-#include "platform/Layer.h"
+#include "platform/layer/Layer.h"
 
 #include <memory>
 #include <string>

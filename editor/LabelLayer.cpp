@@ -1,7 +1,7 @@
 #include "editor/LabelLayer.h"
 
 #include "editor/LabelImage.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>

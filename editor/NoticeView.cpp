@@ -1,8 +1,8 @@
 #include "editor/NoticeView.h"
 
 #include "editor/LabelLayer.h"
-#include "platform/TextLayer.h"
-#include "platform/TextMetrics.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/layer/TextMetrics.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "editor/ThemedView.h"
-#include "platform/DelayedCall.h"
+#include "platform/runloop/DelayedCall.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/QVMMeterButton.h"
-#include "viz/NumericMeterDisplay.h"
+#include "viz/sketches/NumericMeterDisplay.h"
 
 #include <utility>
 

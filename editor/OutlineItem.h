@@ -1,7 +1,7 @@
 // One entry of an outline: a title that has children, or a leaf that can be chosen.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "editor/OutlineView.h"
 
 #include "editor/LabelLayer.h"
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,7 +6,7 @@
 
 #include "editor/OutlineItem.h"
 #include "editor/ThemedView.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
 
 #include <functional>
 #include <memory>

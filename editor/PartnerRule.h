@@ -3,7 +3,7 @@
 // The only place where the editor names parameters of this product.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 

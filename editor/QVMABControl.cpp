@@ -3,7 +3,7 @@
 #include "controls/QVMFocusBorder.h"
 #include "controls/QVMSymbolButton.h"
 #include "description/Description.h"
-#include "platform/Transaction.h"
+#include "platform/layer/Transaction.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 

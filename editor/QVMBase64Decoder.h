@@ -1,7 +1,7 @@
 // Pictures kept as text in the description: base64 of a PNG, with or without a word and a comma before it.
 #pragma once
 
-#include "platform/Image.h"
+#include "platform/surface/Image.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,6 +1,5 @@
 #include "editor/QVMClumpView.h"
 
-#include "controls/DescriptionRect.h"
 #include "controls/QVMParameterControl.h"
 #include "description/QVMParameter.h"
 #include "editor/EdgeInsets.h"
@@ -105,15 +104,15 @@ View* QVMClumpView::hitTest(Point pointInSuperview) {
 
 void QVMClumpView::addLabels() {
     if (!clump_.labelFrame.isEmpty())
-        addLabel({clump_.label, clump_.labelString, rectFrom(clump_.labelFrame), QVMLabelAlignment::left, headingStyle},
+        addLabel({clump_.label, clump_.labelString, clump_.labelFrame, QVMLabelAlignment::left, headingStyle},
                  LabelKind::heading);
     for (const auto& [text, tagged] : clump_.taggedLabels)
-        addLabel({"", text, rectFrom(tagged.frame), tagged.alignment, taggedLabelStyle}, LabelKind::label);
+        addLabel({"", text, tagged.frame, tagged.alignment, taggedLabelStyle}, LabelKind::label);
     for (const QVMParameter* parameter : clump_.parameters) {
         if (!isLaidOut(*parameter) || parameter->labelFrame.isEmpty()) continue;
         addLabel({parameter->label, parameter->labelString.empty() ? parameter->name : parameter->labelString,
-                  rectFrom(parameter->labelFrame).offsetBy(parameter->frame.x, parameter->frame.y),
-                  QVMLabelAlignment::center, parameterLabelStyle},
+                  parameter->labelFrame.offsetBy(parameter->frame.x, parameter->frame.y), QVMLabelAlignment::center,
+                  parameterLabelStyle},
                  LabelKind::label);
     }
 }
@@ -137,7 +136,7 @@ void QVMClumpView::addInteriorBorders() {
     if (!clump_.showInteriorBorders) return;
     std::vector<Rect> heads;
     for (const auto& [text, tagged] : clump_.taggedLabels)
-        heads.push_back(rectFrom(tagged.frame));
+        heads.push_back(tagged.frame);
     std::sort(heads.begin(), heads.end(), [](const Rect& a, const Rect& b) { return a.x < b.x; });
 
     double bottom = 0;
@@ -147,7 +146,7 @@ void QVMClumpView::addInteriorBorders() {
         if (parameter->isDisplaced)
             below = parameter;
         else
-            bottom = std::max(bottom, rectFrom(parameter->frame).maxY());
+            bottom = std::max(bottom, parameter->frame.maxY());
     }
     bool hasColumns = false;
     for (std::size_t i = 1; i < heads.size(); ++i) {

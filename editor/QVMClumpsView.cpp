@@ -1,6 +1,5 @@
 #include "editor/QVMClumpsView.h"
 
-#include "controls/DescriptionRect.h"
 #include "editor/EdgeInsets.h"
 #include "editor/HeaderFooter.h"
 #include "editor/QVMBase64Decoder.h"
@@ -62,7 +61,7 @@ void QVMClumpsView::addPanels() {
         auto panel = std::make_shared<Layer>();
         panel->setName("panel:" + clump.codesafeName);
         layer()->addSublayer(panel);
-        panels_.push_back({panel, rectFrom(clump.frame), !clump.sketches.empty()});
+        panels_.push_back({panel, clump.frame, !clump.sketches.empty()});
     });
     layOutPanels();
 }

@@ -1,6 +1,6 @@
 #include "editor/QVMDrawerView.h"
 
-#include "platform/Transaction.h"
+#include "platform/layer/Transaction.h"
 
 #include <utility>
 

@@ -11,10 +11,10 @@
 #include "editor/QVMDrawerView.h"
 #include "editor/QVMGenericUIDelegate.h"
 #include "editor/QVMHUDDisplay.h"
-#include "platform/DelayedCall.h"
-#include "platform/NotificationCenter.h"
-#include "platform/View.h"
-#include "viz/QVMParameterSketchDelegate.h"
+#include "platform/runloop/DelayedCall.h"
+#include "platform/runloop/NotificationCenter.h"
+#include "platform/view/View.h"
+#include "viz/sketches/QVMParameterSketchDelegate.h"
 
 #include <array>
 #include <limits>

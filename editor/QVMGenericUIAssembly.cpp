@@ -1,5 +1,4 @@
 // How the editor builds itself from the configuration.
-#include "controls/DescriptionRect.h"
 #include "controls/QVMMeterButton.h"
 #include "controls/QVMRangeControl.h"
 #include "editor/EditorLayout.h"
@@ -85,14 +84,13 @@ void QVMGenericUI::addAndRegisterParameterControls() {
     if (!parameterControls_.empty()) return;
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
     parameterControls_.reserve(static_cast<std::size_t>(config_->numParameters));
-    config_->enumerateClumpsOfType(
-        QVMClumpTypeOrdinary, [this](QVMClump& clump) { addClumpView(clump, rectFrom(clump.frame), *clumpsView_); });
+    config_->enumerateClumpsOfType(QVMClumpTypeOrdinary,
+                                   [this](QVMClump& clump) { addClumpView(clump, clump.frame, *clumpsView_); });
     if (config_->hasAdvancedControls()) {
         advClumpsView_ =
             &addSubview(std::make_unique<QVMClumpsView>(layout.advClumpsView, *config_, ClumpsArea::advanced));
-        config_->enumerateClumpsOfType(QVMClumpTypeAdvanced, [this](QVMClump& clump) {
-            addClumpView(clump, rectFrom(clump.frame), *advClumpsView_);
-        });
+        config_->enumerateClumpsOfType(QVMClumpTypeAdvanced,
+                                       [this](QVMClump& clump) { addClumpView(clump, clump.frame, *advClumpsView_); });
         advClumpsView_->setHidden(true); // until its layout is assumed
     }
     const std::vector<QVMClump*> masters = config_->clumpsOfType(QVMClumpTypeMaster);
@@ -110,7 +108,7 @@ void QVMGenericUI::addParameterControlsForClump(QVMClump& clump, QVMClumpView& c
     ControlList controls;
     for (const QVMParameter* parameter : clump.parameters) {
         if (parameter->hidden || parameter->frame.isEmpty()) continue;
-        auto made = std::make_unique<QVMParameterControl>(rectFrom(parameter->frame), Rect{}, parameter,
+        auto made = std::make_unique<QVMParameterControl>(parameter->frame, Rect{}, parameter,
                                                           getMemoizedPValueDirectly(parameter->pid));
         made->layer()->setName("control:" + parameter->codesafeName);
         made->setClumpView(&clumpView);

@@ -3,7 +3,7 @@
 // All calls come on the main thread, with the calling editor first. Parameter values are in the host domain.
 #pragma once
 
-#include "platform/Event.h"
+#include "platform/view/Event.h"
 
 #include <cstdint>
 #include <string>

@@ -9,8 +9,8 @@
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/Window.h"
-#include "viz/QVMParameterSketch.h"
+#include "platform/view/Window.h"
+#include "viz/sketches/QVMParameterSketch.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 
 #include <algorithm>
 #include <array>

@@ -8,10 +8,10 @@
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/Transaction.h"
-#include "platform/Window.h"
+#include "platform/layer/Transaction.h"
+#include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
-#include "viz/QVMParameterSketch.h"
+#include "viz/sketches/QVMParameterSketch.h"
 
 namespace QVM_NAMESPACE {
 

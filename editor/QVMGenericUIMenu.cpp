@@ -3,9 +3,9 @@
 #include "editor/QVMClumpView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
-#include "platform/Menu.h"
-#include "platform/Window.h"
-#include "platform/Workspace.h"
+#include "platform/system/Workspace.h"
+#include "platform/view/Menu.h"
+#include "platform/view/Window.h"
 
 namespace QVM_NAMESPACE {
 

@@ -6,10 +6,10 @@
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPowerBox.h"
-#include "platform/Transaction.h"
-#include "platform/Window.h"
-#include "viz/QVMAuxiliarySketch.h"
-#include "viz/QVMParameterSketch.h"
+#include "platform/layer/Transaction.h"
+#include "platform/view/Window.h"
+#include "viz/sketches/QVMAuxiliarySketch.h"
+#include "viz/sketches/QVMParameterSketch.h"
 
 #include <algorithm>
 #include <string>

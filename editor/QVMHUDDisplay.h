@@ -1,7 +1,7 @@
 // A place for heads-up indicators of parameter values. This product shows none, so updates change nothing visible.
 #pragma once
 
-#include "platform/View.h"
+#include "platform/view/View.h"
 
 #include <cstdint>
 #include <span>

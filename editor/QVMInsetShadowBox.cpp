@@ -1,6 +1,6 @@
 #include "editor/QVMInsetShadowBox.h"
 
-#include "platform/ShapeLayer.h"
+#include "platform/layer/ShapeLayer.h"
 
 namespace QVM_NAMESPACE {
 

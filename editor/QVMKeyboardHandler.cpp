@@ -3,7 +3,7 @@
 #include "controls/QVMParameterControl.h"
 #include "editor/MakerSite.h"
 #include "editor/QVMGenericUI.h"
-#include "platform/Workspace.h"
+#include "platform/system/Workspace.h"
 
 #include <algorithm>
 #include <array>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "editor/QVMUndoRedoStack.h"
-#include "platform/Event.h"
+#include "platform/view/Event.h"
 
 #include <cstdint>
 #include <functional>

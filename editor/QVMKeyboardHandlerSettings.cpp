@@ -3,8 +3,8 @@
 #include "editor/MakerSite.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
-#include "platform/Log.h"
-#include "platform/Workspace.h"
+#include "platform/system/Log.h"
+#include "platform/system/Workspace.h"
 #include "settings/SettingsAddress.h"
 
 namespace QVM_NAMESPACE {

@@ -1,7 +1,7 @@
 // The product's logo at the foot of the power box; it fades while the editor has no keyboard focus. Main thread only.
 #pragma once
 
-#include "platform/View.h"
+#include "platform/view/View.h"
 
 #include <string_view>
 

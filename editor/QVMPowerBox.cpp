@@ -3,7 +3,7 @@
 #include "controls/QVMSymbolButton.h"
 #include "description/QVMMetadata.h"
 #include "editor/QVMLogoStamp.h"
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 #include "resources/IconGlyphs.h"
 
 #include <string>

@@ -3,7 +3,7 @@
 // It is deliberately never trimmed; the capacity only says how much room to set aside. Main thread only.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <algorithm>
 #include <cstdint>

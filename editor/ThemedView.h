@@ -1,8 +1,8 @@
 // A view that draws with the theme and draws again when it changes.
 #pragma once
 
-#include "platform/NotificationCenter.h"
-#include "platform/View.h"
+#include "platform/runloop/NotificationCenter.h"
+#include "platform/view/View.h"
 #include "theme/QVMUITheme.h"
 
 namespace QVM_NAMESPACE {

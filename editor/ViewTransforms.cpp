@@ -1,7 +1,7 @@
 #include "editor/ViewTransforms.h"
 
-#include "platform/Transaction.h"
-#include "platform/View.h"
+#include "platform/layer/Transaction.h"
+#include "platform/view/View.h"
 
 #include <utility>
 

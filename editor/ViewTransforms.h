@@ -1,7 +1,7 @@
 // Whole views moved and scaled: transforms written as lists of steps, and the glide from one to another.
 #pragma once
 
-#include "platform/Geometry.h"
+#include "geometry/Geometry.h"
 
 #include <optional>
 #include <span>

@@ -4,8 +4,8 @@
 #include "description/Description.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <algorithm>
 #include <array>

@@ -7,8 +7,8 @@
 #pragma once
 
 #include "editor/QVMGenericUIDelegate.h"
-#include "platform/AudioUnitListeners.h"
-#include "platform/View.h"
+#include "platform/audiounit/AudioUnitListeners.h"
+#include "platform/view/View.h"
 #include "unit/PrivateProperties.h"
 
 #include <array>

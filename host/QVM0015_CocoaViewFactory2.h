@@ -1,8 +1,8 @@
 // What a host asks for the editor of an audio unit. Stateless.
 #pragma once
 
-#include "platform/AudioUnit.h"
-#include "platform/Geometry.h"
+#include "geometry/Geometry.h"
+#include "platform/audiounit/AudioUnit.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 // One line in the log for a failed call to the unit, which is all that ever happens about it.
 #pragma once
 
-#include "platform/Log.h"
+#include "platform/system/Log.h"
 
 #include <string_view>
 

@@ -4,7 +4,7 @@
 // parameter is no part of the product's list, so that the switch keeps its place and sense in every session.
 #pragma once
 
-#include "platform/AudioUnit.h"
+#include "platform/audiounit/AudioUnit.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 

@@ -5,7 +5,7 @@
 // a restore drops them.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <atomic>
 #include <cstdint>

@@ -1,9 +1,9 @@
 // The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
 #pragma once
 
-#include "platform/DelayedCall.h"
-#include "platform/juce/WindowComponent.h"
+#include "platform/runloop/DelayedCall.h"
 #include "plugin/SlantwiseProcessor.h"
+#include "toolkit/WindowComponent.h"
 
 namespace QVM_NAMESPACE {
 

@@ -2,7 +2,7 @@
 
 #include "description/Description.h"
 #include "description/Presets.h"
-#include "platform/Log.h"
+#include "platform/system/Log.h"
 #include "plugin/SlantwiseEditor.h"
 
 #include <algorithm>

@@ -6,11 +6,11 @@
 // host did itself, such as a program, it is told of by the next block (DueAnnouncements).
 #pragma once
 
-#include "platform/AudioUnitListeners.h"
-#include "platform/juce/ToolkitRuntime.h"
+#include "platform/audiounit/AudioUnitListeners.h"
 #include "plugin/BypassParameter.h"
 #include "plugin/DueAnnouncements.h"
 #include "plugin/UnitParameter.h"
+#include "toolkit/ToolkitRuntime.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <atomic>

@@ -1,7 +1,7 @@
 // One parameter of the audio unit as the host sees it: named, ranged, with text, and automatable from any thread.
 #pragma once
 
-#include "platform/AudioUnit.h"
+#include "platform/audiounit/AudioUnit.h"
 #include "plugin/HostRange.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>

@@ -2,7 +2,7 @@
 // pictures as such text.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstddef>
 #include <string_view>

@@ -1,7 +1,7 @@
 // One file of the plug-in's bundle, as the build puts it into the binary.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstddef>
 #include <span>

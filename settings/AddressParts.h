@@ -1,7 +1,7 @@
 // A web address in its parts, by a parser that keeps to the standard of addresses to the letter.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "description/Types.h"
-#include "platform/Color.h"
-#include "platform/Layer.h"
+#include "platform/layer/Layer.h"
+#include "platform/surface/Color.h"
 
 namespace QVM_NAMESPACE {
 

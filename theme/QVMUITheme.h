@@ -4,9 +4,9 @@
 // draw with the theme observe `updatedNotification`, whatever window it names, and draw again. Main thread only.
 #pragma once
 
-#include "platform/Color.h"
-#include "platform/Font.h"
-#include "platform/Image.h"
+#include "platform/layer/Font.h"
+#include "platform/surface/Color.h"
+#include "platform/surface/Image.h"
 #include "theme/Colors.h"
 #include "theme/QVMPalette.h"
 

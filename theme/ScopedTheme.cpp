@@ -1,6 +1,6 @@
 #include "theme/ScopedTheme.h"
 
-#include "platform/NotificationCenter.h"
+#include "platform/runloop/NotificationCenter.h"
 
 #include <utility>
 

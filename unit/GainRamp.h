@@ -3,7 +3,7 @@
 // Render thread only. At rest it is exactly its target: unity gain leaves every sample as it is.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 

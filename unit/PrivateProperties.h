@@ -4,7 +4,7 @@
 // reference that is set need only live during the call.
 #pragma once
 
-#include "platform/AudioUnit.h"
+#include "platform/audiounit/AudioUnit.h"
 
 #include <cstdint>
 #include <string>

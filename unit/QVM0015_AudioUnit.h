@@ -5,14 +5,14 @@
 // Parameters are words that any thread writes; the render thread reads them once a block.
 #pragma once
 
-#include "platform/AudioUnit.h"
+#include "platform/audiounit/AudioUnit.h"
+#include "unit/EqReader.h"
 #include "unit/RenderPath.h"
 #include "unit/UnitParameters.h"
 #include "unit/UnitPresets.h"
 #include "unit/UnitSettings.h"
 #include "unit/UnitState.h"
 #include "unit/VizLink.h"
-#include "unit/dsp/EqReader.h"
 
 #include <atomic>
 #include <cstdint>

@@ -6,7 +6,7 @@
 
 #include "description/ParameterIDs.h"
 #include "description/Types.h"
-#include "platform/AudioUnit.h"
+#include "platform/audiounit/AudioUnit.h"
 
 #include <array>
 #include <atomic>

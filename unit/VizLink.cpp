@@ -2,7 +2,7 @@
 
 #include "description/Description.h"
 #include "unit/UnitParameters.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <algorithm>
 #include <bit>

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "description/ParameterIDs.h"
-#include "viz/SharedWord.h"
+#include "link/SharedWord.h"
 
 #include <array>
 #include <atomic>

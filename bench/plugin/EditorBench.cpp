@@ -4,12 +4,12 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
 #include "host/QVM0015_CocoaView2.h"
-#include "platform/LayerRenderer.h"
-#include "platform/ManualTickSource.h"
-#include "platform/VirtualTime.h"
-#include "platform/juce/ToolkitRasterBackend.h"
-#include "platform/juce/ToolkitRasterTarget.h"
+#include "platform/renderer/LayerRenderer.h"
+#include "platform/runloop/ManualTickSource.h"
+#include "platform/runloop/VirtualTime.h"
 #include "plugin/SlantwiseEditor.h"
+#include "toolkit/ToolkitRasterBackend.h"
+#include "toolkit/ToolkitRasterTarget.h"
 
 #include <benchmark/benchmark.h>
 

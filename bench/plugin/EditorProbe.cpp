@@ -7,9 +7,9 @@
 // pointer dragging the tilt gain's handle and moving 100 times a second (needs xdotool). What the processing of the
 // sound takes is left out. "empty" is the toolkit's own editor class filled with one colour: the
 // floor.
-#include "platform/juce/ContentHolder.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/XScreen.h"
+#include "toolkit/ContentHolder.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,7 +1,7 @@
 // A stereo LV2 plug-in for comparison: its controls at their defaults, its filters on, its bands at 6 dB.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <lilv/lilv.h>
 #include <lv2/atom/atom.h>

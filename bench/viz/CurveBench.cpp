@@ -1,5 +1,5 @@
 #include "ScalarCurve.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <benchmark/benchmark.h>
 #include <chrono>

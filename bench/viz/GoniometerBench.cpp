@@ -1,5 +1,5 @@
-#include "platform/CpuDrawingSurface.h"
-#include "viz/QVMGoniometer.h"
+#include "platform/surface/CpuDrawingSurface.h"
+#include "viz/displays/QVMGoniometer.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

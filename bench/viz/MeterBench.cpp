@@ -1,6 +1,6 @@
 #include "description/ValueMapping.h"
-#include "platform/CpuDrawingSurface.h"
-#include "viz/QVM0015GLSketch.h"
+#include "platform/surface/CpuDrawingSurface.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <benchmark/benchmark.h>
 #include <vector>

@@ -1,5 +1,5 @@
-#include "platform/CpuDrawingSurface.h"
-#include "viz/QVMStereoscope.h"
+#include "platform/surface/CpuDrawingSurface.h"
+#include "viz/displays/QVMStereoscope.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

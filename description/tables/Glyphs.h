@@ -1,7 +1,7 @@
 // Code points of the icon font that stand for values, as UTF-8.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <string_view>
 

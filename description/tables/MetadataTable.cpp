@@ -53,10 +53,10 @@ void FillMetadata(QVMMetadata& metadata) {
     metadata.pluginName = "Slantwise";
     metadata.pluginPackageName = "qvm2-Slantwise-SW2X";
     metadata.pluginURLSlug = "slantwise";
-    metadata.version = "2.0.1";
+    metadata.version = QVM_VERSION_TEXT;
     metadata.versionHex = "0x00020001";
     metadata.versionInteger = QVM_VERSION_INTEGER;
-    metadata.sha = QVM_COMMIT;
+    metadata.sha = QVM_BUILD_MARK;
     metadata.commits = "7804";
     metadata.logo = artwork::logo;
     metadata.width = 480;

@@ -1,7 +1,7 @@
 // What only some parameters have: labels, named values, scale marks, ranges, and what is special about the switches.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 #include <span>

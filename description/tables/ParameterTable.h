@@ -3,7 +3,7 @@
 // What only few parameters have stands in ParameterExtrasTable.h, the frames in ParameterLayoutTable.h.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 #include <span>

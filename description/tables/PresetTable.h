@@ -3,7 +3,7 @@
 // A row holds only what presets differ in; the master switch is on and every other parameter 0 in all of them.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <array>
 #include <cstdint>

@@ -5,7 +5,7 @@
 // another, and integers where floats belong. Linked data adds up, so what is left out stands in a file of its own.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <string>
 

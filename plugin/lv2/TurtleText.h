@@ -1,7 +1,7 @@
 // Values as Turtle, the text that describes LV2 bundles.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <array>
 #include <charconv>

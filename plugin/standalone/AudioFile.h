@@ -1,7 +1,7 @@
 // An audio file in memory. WAV, AIFF and FLAC, read with libsndfile.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <string>
 #include <variant>

@@ -1,7 +1,7 @@
 // The stand-alone program's command line. No toolkit, no side effects.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <optional>
 #include <string>

@@ -5,9 +5,9 @@
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
 #include "host/QVM0015_CocoaView2.h"
-#include "platform/juce/Screenshot.h"
-#include "platform/juce/ToolkitWorkspace.h"
 #include "theme/QVMUITheme.h"
+#include "toolkit/Screenshot.h"
+#include "toolkit/ToolkitWorkspace.h"
 
 #include <utility>
 

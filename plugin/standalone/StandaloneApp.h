@@ -2,11 +2,11 @@
 // there is no display.
 #pragma once
 
-#include "platform/juce/ProgramWindow.h"
-#include "platform/juce/ToolkitProgram.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/standalone/LoopPlayer.h"
 #include "plugin/standalone/Options.h"
+#include "toolkit/ProgramWindow.h"
+#include "toolkit/ToolkitProgram.h"
 
 #include <memory>
 

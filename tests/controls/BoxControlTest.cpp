@@ -3,7 +3,7 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gtest/gtest.h>
 

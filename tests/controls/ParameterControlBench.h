@@ -4,7 +4,7 @@
 #include "controls/Gestures.h"
 #include "controls/QVMParameterControl.h"
 #include "controls/QVMVerticalSlider.h"
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,9 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/LayerDump.h"
-#include "platform/TextMetrics.h"
-#include "platform/VirtualTime.h"
+#include "platform/layer/LayerDump.h"
+#include "platform/layer/TextMetrics.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The gestures that all controls share, driven with synthetic events.
 #include "controls/HookedControl.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/Log.h"
+#include "platform/system/Log.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "controls/QVMFocusBorder.h"
 
-#include "platform/LayerRenderer.h"
-#include "platform/VirtualTime.h"
+#include "platform/renderer/LayerRenderer.h"
+#include "platform/runloop/VirtualTime.h"
 #include "theme/Colors.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

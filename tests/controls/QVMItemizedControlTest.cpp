@@ -1,8 +1,8 @@
 #include "controls/QVMItemizedControl.h"
 
 #include "controls/Gestures.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gtest/gtest.h>
 

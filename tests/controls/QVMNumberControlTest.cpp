@@ -2,9 +2,9 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/LayerDump.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/layer/LayerDump.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gtest/gtest.h>
 

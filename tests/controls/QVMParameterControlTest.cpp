@@ -1,7 +1,7 @@
 // The parameter control: values in and out, clicks beside the inner control, dimming.
 #include "controls/ParameterControlBench.h"
-#include "platform/RunLoop.h"
-#include "platform/Window.h"
+#include "platform/runloop/RunLoop.h"
+#include "platform/view/Window.h"
 
 #include <gmock/gmock.h>
 

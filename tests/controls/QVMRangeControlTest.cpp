@@ -4,8 +4,8 @@
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
 #include "controls/QVMRangeSlider.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 #include "controls/QVMRangeSlider.h"
 
 #include "controls/Gestures.h"
-#include "platform/LayerRenderer.h"
-#include "platform/VirtualTime.h"
+#include "platform/renderer/LayerRenderer.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The throttle in virtual time.
 #include "controls/QVMSpeedLim.h"
 
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

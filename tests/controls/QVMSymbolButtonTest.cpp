@@ -1,8 +1,8 @@
 #include "controls/QVMSymbolButton.h"
 
 #include "controls/Gestures.h"
-#include "platform/LayerRenderer.h"
-#include "platform/VirtualTime.h"
+#include "platform/renderer/LayerRenderer.h"
+#include "platform/runloop/VirtualTime.h"
 #include "resources/IconGlyphs.h"
 
 #include <gtest/gtest.h>

@@ -2,9 +2,9 @@
 
 #include "controls/Gestures.h"
 #include "controls/QVMFocusBorder.h"
-#include "platform/LayerRenderer.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/renderer/LayerRenderer.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,10 +3,10 @@
 #include "controls/QVMVerticalSlider.h"
 
 #include "controls/Gestures.h"
-#include "platform/LayerDump.h"
-#include "platform/LayerRenderer.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/layer/LayerDump.h"
+#include "platform/renderer/LayerRenderer.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

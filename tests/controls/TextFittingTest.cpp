@@ -1,6 +1,6 @@
 #include "controls/TextFitting.h"
 
-#include "platform/TextMetrics.h"
+#include "platform/layer/TextMetrics.h"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,9 @@
 #include "editor/OutlineView.h"
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/LayerGeometry.h"
-#include "platform/ShapeLayer.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/LayerGeometry.h"
+#include "platform/layer/ShapeLayer.h"
+#include "platform/layer/TextLayer.h"
 #include "resources/IconGlyphs.h"
 #include "theme/Colors.h"
 

@@ -6,11 +6,11 @@
 #include "description/Description.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
-#include "platform/ManualTickSource.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/ManualTickSource.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
-#include "viz/QVMParameterSketch.h"
+#include "viz/sketches/QVMParameterSketch.h"
 
 #include <gtest/gtest.h>
 

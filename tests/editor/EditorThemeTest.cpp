@@ -3,8 +3,8 @@
 
 #include "editor/OutlineView.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/ShapeLayer.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/ShapeLayer.h"
+#include "platform/layer/TextLayer.h"
 #include "theme/ScopedTheme.h"
 
 #include <algorithm>

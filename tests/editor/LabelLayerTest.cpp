@@ -1,7 +1,7 @@
 #include "editor/LabelLayer.h"
 
 #include "description/Description.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
 
 #include <gtest/gtest.h>
 

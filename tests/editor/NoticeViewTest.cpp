@@ -1,8 +1,8 @@
 #include "editor/NoticeView.h"
 
-#include "platform/TextLayer.h"
-#include "platform/TextMetrics.h"
-#include "platform/VirtualTime.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/layer/TextMetrics.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "editor/OutlineView.h"
 
-#include "platform/TextLayer.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "controls/QVMFocusBorder.h"
 #include "controls/QVMSymbolButton.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "controls/QVMParameterControl.h"
 #include "description/Description.h"
-#include "platform/LayerDump.h"
-#include "platform/VirtualTime.h"
+#include "platform/layer/LayerDump.h"
+#include "platform/runloop/VirtualTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "editor/QVMClumpsView.h"
 
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "editor/QVMDrawerView.h"
 
 #include "description/QVMConfig.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "RenderedEditorFixture.h"
 
 #include "controls/QVMVerticalSlider.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gmock/gmock.h>
 

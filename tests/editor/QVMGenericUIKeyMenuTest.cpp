@@ -5,7 +5,7 @@
 #include "editor/EditorLayout.h"
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetsDrawer.h"
-#include "platform/Menu.h"
+#include "platform/view/Menu.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 #include "controls/QVMSymbolButton.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMPowerBox.h"
-#include "platform/Menu.h"
+#include "platform/view/Menu.h"
 
 #include <gmock/gmock.h>
 

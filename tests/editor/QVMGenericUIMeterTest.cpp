@@ -5,7 +5,7 @@
 #include "editor/QVMPowerBox.h"
 #include "resources/IconGlyphs.h"
 #include "theme/Colors.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gmock/gmock.h>
 

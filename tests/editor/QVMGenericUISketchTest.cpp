@@ -4,7 +4,7 @@
 #include "editor/EditorLayout.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gmock/gmock.h>
 

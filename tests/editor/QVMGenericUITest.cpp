@@ -6,8 +6,8 @@
 #include "editor/QVMClumpsView.h"
 #include "editor/QVMPowerBox.h"
 #include "editor/QVMPresetBar.h"
-#include "platform/LayerDump.h"
-#include "platform/LayerRenderer.h"
+#include "platform/layer/LayerDump.h"
+#include "platform/renderer/LayerRenderer.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "editor/QVMHUDDisplay.h"
 
-#include "platform/LayerDump.h"
+#include "platform/layer/LayerDump.h"
 
 #include <gtest/gtest.h>
 

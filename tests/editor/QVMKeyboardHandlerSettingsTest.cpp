@@ -4,8 +4,8 @@
 
 #include "editor/NoticeView.h"
 #include "editor/QVMPresetBar.h"
-#include "platform/Log.h"
-#include "platform/Menu.h"
+#include "platform/system/Log.h"
+#include "platform/view/Menu.h"
 
 #include <gmock/gmock.h>
 #include <random>

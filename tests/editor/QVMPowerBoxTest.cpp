@@ -4,7 +4,7 @@
 #include "description/Description.h"
 #include "editor/QVMInsetShadowBox.h"
 #include "editor/QVMLogoStamp.h"
-#include "platform/ShapeLayer.h"
+#include "platform/layer/ShapeLayer.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "controls/Gestures.h"
 #include "description/Description.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 
 #include <gmock/gmock.h>
 

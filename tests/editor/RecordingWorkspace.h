@@ -1,7 +1,7 @@
 // A desktop that only remembers what it was asked; it is the current one while it lives.
 #pragma once
 
-#include "platform/Workspace.h"
+#include "platform/system/Workspace.h"
 
 #include <optional>
 #include <string>

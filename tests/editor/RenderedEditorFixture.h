@@ -3,7 +3,7 @@
 
 #include "EditorFixture.h"
 
-#include "platform/LayerRenderer.h"
+#include "platform/renderer/LayerRenderer.h"
 
 namespace QVM_NAMESPACE {
 

@@ -1,7 +1,7 @@
 #include "editor/ViewTransforms.h"
 
-#include "platform/View.h"
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/View.h"
 
 #include <gtest/gtest.h>
 

@@ -6,11 +6,11 @@
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
-#include "platform/AudioUnitListeners.h"
-#include "platform/Log.h"
-#include "platform/ManualTickSource.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/audiounit/AudioUnitListeners.h"
+#include "platform/runloop/ManualTickSource.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/system/Log.h"
+#include "platform/view/Window.h"
 #include "support/FakeAudioUnit.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "host/HostViewFixture.h"
 
-#include "viz/PBGLSketchAbstract.h"
+#include "viz/sketches/PBGLSketchAbstract.h"
 
 namespace QVM_NAMESPACE {
 namespace {

@@ -7,8 +7,8 @@
 #include "editor/QVMKeyboardHandler.h"
 #include "editor/QVMPresetBar.h"
 #include "unit/QVM0015_AudioUnit.h"
-#include "viz/QVM0015GLSketch.h"
-#include "viz/QVMParameterSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
+#include "viz/sketches/QVMParameterSketch.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -4,9 +4,9 @@
 #include "description/Description.h"
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
-#include "platform/ManualTickSource.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/ManualTickSource.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 #include "plugin/HostRecorder.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // What a host saves of the processor, and gives back to it.
 #include "SlantwiseProcessorBench.h"
 
-#include "platform/Log.h"
+#include "platform/system/Log.h"
 #include "support/RealtimeTrap.h"
 
 #include <gtest/gtest.h>

@@ -6,8 +6,8 @@
 #include "editor/QVMPresetBar.h"
 #include "editor/QVMPresetControl.h"
 #include "host/QVM0015_CocoaView2.h"
-#include "platform/ManualTickSource.h"
-#include "platform/VirtualTime.h"
+#include "platform/runloop/ManualTickSource.h"
+#include "platform/runloop/VirtualTime.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/ChildProcess.h"
 

@@ -1,7 +1,7 @@
 // A unit that records every call and fails on demand.
 #pragma once
 
-#include "platform/AudioUnit.h"
+#include "platform/audiounit/AudioUnit.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,9 +1,9 @@
 #include "theme/QVMUITheme.h"
 
-#include "platform/Log.h"
-#include "platform/NotificationCenter.h"
-#include "platform/TextMetrics.h"
-#include "platform/Window.h"
+#include "platform/layer/TextMetrics.h"
+#include "platform/runloop/NotificationCenter.h"
+#include "platform/system/Log.h"
+#include "platform/view/Window.h"
 #include "resources/ScopedBundleResources.h"
 
 #include <gtest/gtest.h>

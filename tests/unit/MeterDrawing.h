@@ -2,7 +2,7 @@
 #pragma once
 
 #include "description/Description.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <memory>
 

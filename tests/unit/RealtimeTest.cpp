@@ -3,7 +3,7 @@
 
 #include "support/RealtimeTrap.h"
 #include "unit/Signals.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The unit's private and standard properties, through the interface that the editor uses.
 #include "unit/QVM0015_AudioUnit.h"
 
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gtest/gtest.h>
 

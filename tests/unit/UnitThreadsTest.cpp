@@ -1,7 +1,7 @@
 // Several threads at one unit. The assertions are few; under the thread sanitizer the test is that it says nothing.
 #include "unit/QVM0015_AudioUnit.h"
 
-#include "platform/AudioUnitListeners.h"
+#include "platform/audiounit/AudioUnitListeners.h"
 #include "unit/Signals.h"
 
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 #include "unit/MeterDrawing.h"
 #include "unit/QVM0015_AudioUnit.h"
 #include "unit/Signals.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The live displays that the gallery shows. A new one is one line of the table in Displays.cpp.
 #pragma once
 
-#include "platform/View.h"
+#include "platform/view/View.h"
 #include "tools/gallery/StereoFeed.h"
 
 #include <memory>

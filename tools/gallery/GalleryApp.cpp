@@ -1,9 +1,9 @@
 #include "tools/gallery/GalleryApp.h"
 
-#include "platform/juce/Screenshot.h"
-#include "platform/juce/ToolkitWorkspace.h"
-#include "platform/juce/WindowComponent.h"
 #include "theme/QVMUITheme.h"
+#include "toolkit/Screenshot.h"
+#include "toolkit/ToolkitWorkspace.h"
+#include "toolkit/WindowComponent.h"
 #include "tools/gallery/GalleryView.h"
 #include "tools/gallery/OffscreenTime.h"
 #include "tools/gallery/TestSignal.h"

@@ -1,9 +1,9 @@
 // The gallery as a program: its view in a window of the toolkit, or off screen where there is no display.
 #pragma once
 
-#include "platform/DelayedCall.h"
-#include "platform/juce/ProgramWindow.h"
-#include "platform/juce/ToolkitProgram.h"
+#include "platform/runloop/DelayedCall.h"
+#include "toolkit/ProgramWindow.h"
+#include "toolkit/ToolkitProgram.h"
 #include "tools/gallery/GalleryOptions.h"
 #include "tools/gallery/StereoFeed.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/QVMParameterControl.h"
-#include "platform/Event.h"
+#include "platform/view/Event.h"
 
 #include <string>
 #include <vector>

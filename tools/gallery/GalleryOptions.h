@@ -1,7 +1,7 @@
 // The gallery's command line. No toolkit, no side effects.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstddef>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "controls/ControlClasses.h"
 #include "description/NumberText.h"
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
 #include "tools/gallery/Parameters.h"
 

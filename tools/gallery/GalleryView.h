@@ -3,8 +3,8 @@
 // Tabs and theme switch are controls on parameters like all that they show. Main thread only.
 #pragma once
 
-#include "platform/NotificationCenter.h"
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/runloop/NotificationCenter.h"
 #include "tools/gallery/GalleryKeys.h"
 #include "tools/gallery/PageView.h"
 

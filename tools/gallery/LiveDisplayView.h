@@ -4,11 +4,11 @@
 // while the picture stays as it is. Main thread only.
 #pragma once
 
-#include "platform/DisplayLink.h"
-#include "platform/GLLayer.h"
-#include "platform/View.h"
+#include "platform/layer/GLLayer.h"
+#include "platform/runloop/DisplayLink.h"
+#include "platform/view/View.h"
 #include "tools/gallery/StereoFeed.h"
-#include "viz/LiveDisplay.h"
+#include "viz/displays/LiveDisplay.h"
 
 namespace QVM_NAMESPACE {
 

@@ -2,8 +2,8 @@
 // shown after so many seconds is then the same each time, however busy the machine is.
 #pragma once
 
-#include "platform/DisplayLink.h"
-#include "platform/VirtualTime.h"
+#include "platform/runloop/DisplayLink.h"
+#include "platform/runloop/VirtualTime.h"
 
 namespace QVM_NAMESPACE {
 

@@ -1,7 +1,7 @@
 // One page: each row's title, its exhibits side by side and, under each, the name of its state.
 #pragma once
 
-#include "platform/TextLayer.h"
+#include "platform/layer/TextLayer.h"
 #include "tools/gallery/Exhibit.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 // What the gallery shows, as data: pages, and on each the rows of things that are shown in all their states.
 #pragma once
 
-#include "platform/Geometry.h"
+#include "geometry/Geometry.h"
 
 #include <optional>
 #include <span>

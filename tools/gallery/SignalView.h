@@ -1,8 +1,8 @@
 // What the displays are fed with: the level of each side and how alike the two are.
 #pragma once
 
-#include "platform/TextLayer.h"
-#include "platform/View.h"
+#include "platform/layer/TextLayer.h"
+#include "platform/view/View.h"
 #include "tools/gallery/StereoFeed.h"
 
 #include <array>

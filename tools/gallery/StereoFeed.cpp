@@ -1,6 +1,6 @@
 #include "tools/gallery/StereoFeed.h"
 
-#include "platform/RunLoop.h"
+#include "platform/runloop/RunLoop.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // A stereo clip played in real time to whatever wants to look at it. No sound comes of it.
 #pragma once
 
-#include "platform/DelayedCall.h"
-#include "platform/NotificationCenter.h"
+#include "platform/runloop/DelayedCall.h"
+#include "platform/runloop/NotificationCenter.h"
 #include "plugin/standalone/AudioFile.h"
 
 #include <functional>

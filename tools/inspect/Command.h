@@ -1,7 +1,7 @@
 // What a subcommand of the console tool is. A new one is a file of its own and a row in Commands.cpp.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <iosfwd>
 #include <span>

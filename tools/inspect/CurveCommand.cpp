@@ -2,7 +2,7 @@
 #include "description/Description.h"
 #include "settings/SettingsAddress.h"
 #include "tools/inspect/Command.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <array>
 #include <charconv>

@@ -1,7 +1,7 @@
 // The value arithmetic as one-line operations: "normalize 2 12345 1" is answered by "12300".
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstdint>
 #include <span>

@@ -1,6 +1,6 @@
 #include "unit/dsp/Corrector.h"
 
-#include "platform/VectorMath.h"
+#include "platform/vector/VectorMath.h"
 #include "unit/dsp/DigitalSection.h"
 
 #include <algorithm>

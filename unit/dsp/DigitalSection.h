@@ -5,8 +5,8 @@
 // Corrector. Pure functions; any thread, no allocation.
 #pragma once
 
-#include "platform/FilterMath.h"
 #include "unit/dsp/AnalogSection.h"
+#include "unit/dsp/FilterMath.h"
 
 #include <array>
 

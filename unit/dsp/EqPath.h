@@ -4,8 +4,8 @@
 // thread; nothing allocates.
 #pragma once
 
-#include "platform/FilterMath.h"
 #include "unit/dsp/Corrector.h"
+#include "unit/dsp/FilterMath.h"
 #include "unit/dsp/Stage.h"
 
 #include <array>

@@ -1,8 +1,7 @@
 // What the equaliser plays: the parameters in the units that its formulas use.
 #pragma once
 
-#include "description/BuildNamespace.h"
-#include "viz/QVMTiltEQ.h"
+#include "description/ParameterTypes.h"
 
 namespace QVM_NAMESPACE::dsp {
 

@@ -3,7 +3,7 @@
 // Render thread.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 namespace QVM_NAMESPACE::dsp {
 

@@ -1,6 +1,7 @@
 #include "unit/dsp/Loudness.h"
+#include "response/QVMTiltEQ.h"
 
-#include "platform/VectorMath.h"
+#include "platform/vector/VectorMath.h"
 
 #include <cmath>
 #include <limits>

@@ -4,7 +4,7 @@
 // A section is four values: logarithms of corner and damping of its zeros, then of its poles.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <cstddef>
 

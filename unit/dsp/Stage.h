@@ -3,10 +3,10 @@
 // Render thread; nothing allocates.
 #pragma once
 
-#include "platform/FilterMath.h"
 #include "unit/dsp/BothRemoved.h"
 #include "unit/dsp/Corrector.h"
 #include "unit/dsp/EqSettings.h"
+#include "unit/dsp/FilterMath.h"
 
 #include <array>
 #include <cstddef>

@@ -2,7 +2,7 @@
 // editor under test is another one, in a bundle, of which only the pixels can be seen.
 #pragma once
 
-#include "platform/Window.h"
+#include "platform/view/Window.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <cstdint>

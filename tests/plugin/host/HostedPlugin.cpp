@@ -1,6 +1,6 @@
 #include "plugin/host/HostedPlugin.h"
 
-#include "platform/juce/NativePeer.h"
+#include "toolkit/NativePeer.h"
 
 namespace juce {
 // The toolkit's own step of its message loop, which it declares in no public header.

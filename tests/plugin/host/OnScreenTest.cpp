@@ -2,10 +2,10 @@
 #include "description/Presets.h"
 #include "editor/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
-#include "platform/Window.h"
-#include "platform/juce/NativePeer.h"
+#include "platform/view/Window.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/XScreen.h"
+#include "toolkit/NativePeer.h"
 #include "unit/PrivateProperties.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 // back.
 #pragma once
 
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // The stand-alone program as a user starts it where there is no display.
-#include "platform/Geometry.h"
-#include "platform/Image.h"
+#include "geometry/Geometry.h"
+#include "platform/surface/Image.h"
 #include "plugin/standalone/AudioFiles.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 #include "tools/gallery/GalleryView.h"
 
 #include "controls/Gestures.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
 #include "tools/gallery/TestSignal.h"
 

@@ -1,11 +1,11 @@
 #include "tools/gallery/LiveDisplayView.h"
 
-#include "platform/ManualTickSource.h"
-#include "platform/VirtualTime.h"
-#include "platform/Window.h"
+#include "platform/runloop/ManualTickSource.h"
+#include "platform/runloop/VirtualTime.h"
+#include "platform/view/Window.h"
 #include "tools/gallery/Displays.h"
 #include "tools/gallery/TestSignal.h"
-#include "viz/LiveDisplays.h"
+#include "viz/displays/LiveDisplays.h"
 
 #include <gtest/gtest.h>
 

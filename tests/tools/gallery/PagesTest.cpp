@@ -1,6 +1,6 @@
 #include "tools/gallery/Pages.h"
 
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
 #include "tools/gallery/PageView.h"
 #include "tools/gallery/ParameterExhibit.h"
 #include "tools/gallery/Parameters.h"

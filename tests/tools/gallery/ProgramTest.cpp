@@ -1,5 +1,5 @@
 // The gallery as it is started where there is no display.
-#include "platform/Image.h"
+#include "platform/surface/Image.h"
 #include "plugin/standalone/AudioFiles.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "tools/gallery/StereoFeed.h"
 
-#include "platform/VirtualTime.h"
+#include "platform/runloop/VirtualTime.h"
 #include "tools/gallery/SignalView.h"
 #include "tools/gallery/TestSignal.h"
 

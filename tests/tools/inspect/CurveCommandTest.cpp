@@ -1,6 +1,6 @@
 #include "description/Description.h"
 #include "tools/inspect/RunTool.h"
-#include "viz/ReferenceSettings.h"
+#include "viz/sketches/ReferenceSettings.h"
 
 #include <algorithm>
 #include <cstdlib>

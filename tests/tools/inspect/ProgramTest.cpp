@@ -1,5 +1,5 @@
 // The built program, run as a user would run it in a shell with no display.
-#include "description/BuildNamespace.h"
+#include "BuildNamespace.h"
 
 #include <array>
 #include <cstdio>

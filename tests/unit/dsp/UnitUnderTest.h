@@ -3,7 +3,7 @@
 
 #include "description/Description.h"
 #include "unit/QVM0015_AudioUnit.h"
-#include "viz/QVM0015GLSketch.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <array>
 #include <cmath>

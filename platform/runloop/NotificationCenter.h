@@ -1,0 +1,59 @@
+// Post and observe by name and object. Main thread only.
+#pragma once
+
+#include "BuildNamespace.h"
+
+#include <any>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+struct Notification {
+    std::string name;
+    const void* object = nullptr; // the sender, compared by address only
+    std::map<std::string, double> userInfo;
+};
+
+// Ends the observation when it is destroyed; safe to outlive the centre. Movable.
+class ObservationToken {
+public:
+    ObservationToken() = default;
+    explicit ObservationToken(std::function<void()> end) : end_(std::make_unique<Ender>(std::move(end))) {}
+    void reset() { end_.reset(); }
+
+private:
+    struct Ender {
+        explicit Ender(std::function<void()> f) : fn(std::move(f)) {}
+        ~Ender() { fn(); }
+        Ender(const Ender&) = delete;
+        Ender& operator=(const Ender&) = delete;
+        std::function<void()> fn;
+    };
+    std::unique_ptr<Ender> end_;
+};
+
+class NotificationCenter {
+public:
+    using Handler = std::function<void(const Notification&)>;
+
+    // The process's centre.
+    static NotificationCenter& defaultCenter();
+
+    NotificationCenter();
+    ~NotificationCenter();
+
+    // Calls `handler` for each notification of that name whose object is `object`; a null object hears all of them.
+    [[nodiscard]] ObservationToken observe(std::string name, const void* object, Handler handler);
+    // Calls the handlers in order of observation. Handlers may observe and end observations meanwhile.
+    void post(const Notification& notification);
+    void post(std::string name, const void* object);
+
+private:
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,31 @@
+// A menu as data; the adapter shows it inside the editor and calls the chosen item's action.
+#pragma once
+
+#include "BuildNamespace.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+struct MenuItem {
+    std::string title; // empty: a separator
+    bool enabled = true;
+    bool checked = false;
+    std::function<void()> action;
+    std::vector<MenuItem> submenu;
+
+    static MenuItem separator() { return {}; }
+    bool isSeparator() const { return title.empty(); }
+};
+
+class Menu {
+public:
+    std::string title; // shown as a heading; may be empty
+    std::vector<MenuItem> items;
+    bool selectsFirst =
+        false; // for the keyboard: with the first row marked that can be chosen, wherever the pointer is
+};
+
+} // namespace QVM_NAMESPACE

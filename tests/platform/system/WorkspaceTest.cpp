@@ -1,0 +1,33 @@
+#include "platform/system/Workspace.h"
+
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class Desk final : public Workspace {
+public:
+    std::optional<std::string> clipboardString() override { return text; }
+    void setClipboardString(const std::string& s) override { text = s; }
+    bool openUrl(const std::string&) override { return true; }
+    std::string text;
+};
+
+TEST(Workspace, WithoutAnAdapterNothingIsThere) {
+    Workspace::install(nullptr);
+    Workspace::current().setClipboardString("lost");
+    EXPECT_EQ(Workspace::current().clipboardString(), std::nullopt);
+    EXPECT_FALSE(Workspace::current().openUrl("https://example.org"));
+}
+
+TEST(Workspace, InstalledOneIsInForceUntilItIsTakenAway) {
+    Desk desk;
+    Workspace::install(&desk);
+    Workspace::current().setClipboardString("kept");
+    EXPECT_EQ(Workspace::current().clipboardString(), "kept");
+    Workspace::install(nullptr);
+    EXPECT_EQ(Workspace::current().clipboardString(), std::nullopt);
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,19 @@
+#include "toolkit/ToolTipWindow.h"
+
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+constexpr int delayMs = 700;
+} // namespace
+
+ToolTipWindow::ToolTipWindow(juce::Component& parent, Placement placement)
+    : TooltipWindow(&parent, delayMs), placement_(std::move(placement)) {}
+
+juce::String ToolTipWindow::getTipFor(juce::Component& component) {
+    auto* const client = dynamic_cast<juce::TooltipClient*>(&component);
+    return client && !component.isCurrentlyBlockedByAnotherModalComponent() ? client->getTooltip() : juce::String();
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,37 @@
+// The desktop's clipboard and browser.
+#pragma once
+
+#include "platform/system/Workspace.h"
+#include "toolkit/ClipboardText.h"
+
+#include <cstddef>
+
+namespace QVM_NAMESPACE {
+
+class ToolkitWorkspace final : public Workspace {
+public:
+    // The connection is borrowed.
+    explicit ToolkitWorkspace(XConnection& connection) : clipboard_(connection) {}
+
+    std::optional<std::string> clipboardString() override;
+    void setClipboardString(const std::string& text) override;
+    bool openUrl(const std::string& address) override;
+
+private:
+    ClipboardText clipboard_;
+};
+
+// Whether the toolkit has a screen to show anything on. Without one its clipboard waits for an answer that can't come,
+// and it shows no menus. Main thread.
+bool hasDisplay();
+
+inline constexpr std::size_t longestClipboardText = 64 * 1024; // bytes
+
+// What may be let in of a text from the clipboard: null when there is nothing in it, when it is too long or when it is
+// not UTF-8 or holds a zero.
+std::optional<std::string> acceptedClipboardText(std::string text);
+
+// Whether an address is one of the kinds that a browser opens (http and https); nothing else is handed to the desktop.
+bool isWebAddress(const std::string& address);
+
+} // namespace QVM_NAMESPACE

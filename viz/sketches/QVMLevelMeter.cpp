@@ -1,0 +1,212 @@
+#include "viz/sketches/QVMLevelMeter.h"
+
+#include "platform/surface/DrawingSurface.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr float kDecibelsPerNeper = 8.685889f;
+constexpr float kClipLevel = 0;                      // dB
+constexpr float kClipAttack = 100, kClipRelease = 1; // a second
+constexpr float kFadeRate = 4;                       // a second
+constexpr float kFadeEnd = 0.01f;                    // as near is there
+constexpr float kLookStepsPerPixel = 16, kLookSteps = 255;
+
+template <class Sample>
+Sample peakOf(const Sample* samples, unsigned nFrames, Sample peak) {
+    for (unsigned i = 0; i < nFrames; ++i) {
+        const Sample magnitude = std::abs(samples[i]);
+        if (magnitude > peak) peak = magnitude; // false for NaN
+    }
+    return peak;
+}
+
+template <class Sample>
+Sample peakOf(const QVMAudioBuffer<Sample>& buffer, unsigned nFrames) {
+    Sample peak = 0;
+    for (std::uint32_t c = 0; c < buffer.numChannels; ++c)
+        peak = peakOf(buffer.channels[c], nFrames, peak);
+    return peak;
+}
+
+template <class Sample>
+float levelOf(Sample peak, QVMFloat32Range range) {
+    const auto decibels = static_cast<float>(std::log(peak) * Sample{kDecibelsPerNeper});
+    return std::clamp(decibels, range.min, range.max);
+}
+
+// Exponential approach: what is left of the way after `dt`.
+float approach(float value, float target, float ratePerSecond, float dt) {
+    const float kept = std::exp(-ratePerSecond * dt);
+    return value * kept + (1 - kept) * target;
+}
+
+Color mix(Color at1, Color at0, float amount) {
+    return at0.mixedWith(at1, amount);
+}
+
+} // namespace
+
+QVMLevelMeter::QVMLevelMeter(PBGLCanvas canvas, int numChannels)
+    : canvas_(canvas), channels_(static_cast<std::size_t>(numChannels)), looks_(channels_.size()),
+      silence_(canvas.parameter.minValue) {
+    for (Channel& c : channels_)
+        c.level = c.display = silence_;
+}
+
+void QVMLevelMeter::setCanvas(const PBGLCanvas& canvas) {
+    canvas_ = canvas;
+    looks_.assign(channels_.size(), {});
+}
+
+void QVMLevelMeter::processAudio(const QVMAudioBuffer<float>* buffer, unsigned nFrames, QVMFloat32Range range,
+                                 int index) {
+    takePeak(levelOf(peakOf(*buffer, nFrames), range), index);
+}
+
+void QVMLevelMeter::processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range,
+                                 int index) {
+    takePeak(levelOf(peakOf(*buffer, nFrames), range), index);
+}
+
+void QVMLevelMeter::processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int index) {
+    takePeak(levelOf(peakOf(samples, nFrames, 0.0f), range), index);
+}
+
+void QVMLevelMeter::processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int index) {
+    takePeak(levelOf(peakOf(samples, nFrames, 0.0), range), index);
+}
+
+void QVMLevelMeter::takePeak(float decibels, int index) {
+    channel(index).level = decibels;
+    channel(index).held.raiseTo(decibels);
+}
+
+void QVMLevelMeter::reset() {
+    for (Channel& c : channels_) {
+        c.level = silence_;
+        c.held = noLevel;
+    }
+    isResetAsked_ = true;
+}
+
+float QVMLevelMeter::levelOfFrame(float dt, Channel& c) const {
+    const float latest = c.level;
+    if (!(dt > 0)) return latest;
+    const float held = c.held.exchange(noLevel);
+    c.unfedSeconds = held == noLevel ? c.unfedSeconds + dt : 0;
+    return c.unfedSeconds > levelSeconds_ ? silence_ : std::max(held, latest);
+}
+
+void QVMLevelMeter::slew(float dt, int index) {
+    Channel& c = channel(index);
+    const float level = levelOfFrame(dt, c);
+    const float milliseconds = c.display < level ? c.attackMs : c.releaseMs;
+    c.display = approach(c.display, level, 1000 / milliseconds, dt);
+    c.clip = level >= kClipLevel ? approach(c.clip, 1, kClipAttack, dt) : approach(c.clip, 0, kClipRelease, dt);
+}
+
+template <class Fill>
+void QVMLevelMeter::advance(float dt, Fill fillFor) {
+    const bool isReset = isResetAsked_.exchange(false);
+    for (int i = 0; i < numChannels(); ++i) {
+        Channel& c = channel(i);
+        if (isReset) c.display = silence_;
+        if (isReset) c.clip = 0;
+        if (c.slewEnabled) {
+            slew(dt, i);
+        } else {
+            c.display = levelOfFrame(dt, c);
+        }
+        const float fill = fillFor(c.display);
+        c.fill = c.clampFill ? std::clamp(fill, 0.0f, 1.0f) : fill;
+    }
+}
+
+void QVMLevelMeter::fade(float dt) {
+    for (Channel& c : channels_) {
+        if (c.opacity != c.opacityTarget) {
+            c.opacity = approach(c.opacity, c.opacityTarget, kFadeRate, dt);
+            if (std::abs(c.opacity - c.opacityTarget) < kFadeEnd) c.opacity = c.opacityTarget;
+        }
+        c.atRest = c.opacity == 0;
+    }
+}
+
+Redraw QVMLevelMeter::prepareForDrawing(float dt) {
+    advance(dt, [](float display) { return display; });
+    return compareLooks();
+}
+
+Redraw QVMLevelMeter::prepareForDrawing(float dt, ScaleMapping toScale, unsigned pid) {
+    advance(dt, [&](float display) { return toScale(pid, display); });
+    fade(dt);
+    return compareLooks();
+}
+
+Redraw QVMLevelMeter::prepareForDrawingWithParameterValue(float dt, float parameterValue, ScaleMapping toScale,
+                                                          unsigned pid) {
+    const Redraw redraw = prepareForDrawing(dt, toScale, pid);
+    marker_ = std::clamp(toScale(pid, parameterValue), 0.0f, 1.0f);
+    return redraw;
+}
+
+Redraw QVMLevelMeter::prepareForDrawingWithMapping(float dt, float (*map)(float)) {
+    advance(dt, [&](float display) { return map(display); });
+    return compareLooks();
+}
+
+QVMLevelMeter::Look QVMLevelMeter::lookOf(int index) const {
+    const PBRect bar = barRect(canvas_, index);
+    const bool horizontal = (canvas_.parameter.flags & PBParameterHorizontal) != 0;
+    const Color colour = barColour(index);
+    const auto step = [](float component) { return static_cast<int>(std::lround(component * kLookSteps)); };
+    const float pixels = (horizontal ? bar.w : bar.h) * canvas_.scale;
+    return {static_cast<int>(std::lround(pixels * kLookStepsPerPixel)), step(colour.r), step(colour.g), step(colour.b),
+            step(colour.a)};
+}
+
+Redraw QVMLevelMeter::compareLooks() {
+    Redraw redraw = Redraw::no;
+    for (int i = 0; i < numChannels(); ++i) {
+        Look& before = looks_[static_cast<std::size_t>(i)];
+        const Look now = lookOf(i);
+        if (now == before) continue;
+        before = now;
+        redraw = Redraw::yes;
+    }
+    return redraw;
+}
+
+PBRect QVMLevelMeter::barRect(const PBGLCanvas& canvas, int index) const {
+    const Channel& c = channel(index);
+    const PBRect& track = canvas.parameter.track;
+    PBRect bar = {track.x + c.offset.x, track.y + c.offset.y, track.w, track.h};
+    const bool horizontal = (canvas.parameter.flags & PBParameterHorizontal) != 0;
+    (horizontal ? bar.w : bar.h) *= c.fill;
+    return bar;
+}
+
+Color QVMLevelMeter::barColour(int index) const {
+    const Channel& c = channel(index);
+    Color colour = mix(c.colourClip, mix(c.colourFull, c.colourEmpty, c.fill), c.clip);
+    colour.a *= c.opacity;
+    return colour;
+}
+
+void QVMLevelMeter::glDraw(PBGLCanvas canvas, DrawingSurface& surface) const {
+    surface.setProjection(0, canvas.width, 0, canvas.height);
+    for (int i = 0; i < numChannels() && !channel(i).atRest; ++i) {
+        const PBRect bar = barRect(canvas, i);
+        const float right = bar.x + bar.w, top = bar.y + bar.h;
+        const std::array<Vertex, 4> corners = {{{bar.x, bar.y}, {right, bar.y}, {bar.x, top}, {right, top}}};
+        surface.fillTriangles(corners, TriangleMode::strip, barColour(i));
+    }
+}
+
+} // namespace QVM_NAMESPACE

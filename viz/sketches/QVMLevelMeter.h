@@ -1,0 +1,113 @@
+// A peak meter of several channels on the scale of the slider that it stands in.
+//
+// The audio side hands in blocks, of which there may be many in a display frame, or none: it writes the level of the
+// latest one and raises another word to the highest one, which each frame takes. So no peak is lost between two frames,
+// and a frame knows when nothing came. Everything else, from the ballistics to the bars, is the main thread's. Levels
+// are in dB, times of `dt` in seconds, time constants in milliseconds.
+#pragma once
+
+#include "platform/surface/Color.h"
+#include "rings/QVMAudioBuffer.h"
+#include "viz/sketches/PBGLSketchAbstract.h"
+
+#include <limits>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+class QVMLevelMeter {
+public:
+    struct Offset {
+        float x = 0; // points
+        float y = 0;
+    };
+
+    static constexpr float noLevel = -std::numeric_limits<float>::infinity(); // none came
+
+    struct Channel {
+        bool clampFill = true;
+        bool slewEnabled = true;          // otherwise the display follows the level at once
+        bool atRest = false;              // faded out completely: it and all channels behind it are not drawn
+        Offset offset;                    // of the bar from the parameter's track
+        SharedWord<float> level;          // the latest peak; written by the audio side
+        SharedWord<float> held = noLevel; // the highest one that no frame has taken yet; raised by the audio side
+        float unfedSeconds = 0;           // since a frame has taken one
+        float display = 0;                // the level after the ballistics
+        float clip = 0;                   // how much the clip indicator is lit, 0 to 1
+        float fill = 0;                   // how much of the bar is filled, 0 to 1
+        float opacityTarget = 1;
+        float opacity = 1;
+        Color colourEmpty = {0, 0, 0, 0.5f};
+        Color colourFull = {0, 0, 0, 0.5f};
+        Color colourClip = {1, 0, 0, 0.5f};
+        float attackMs = 10;
+        float releaseMs = 250;
+        int style = 0; // a bar; there is no other
+    };
+
+    using ScaleMapping = float (*)(unsigned pid, float value);
+
+    // Every channel stands at the minimum of the canvas's parameter.
+    QVMLevelMeter(PBGLCanvas canvas, int numChannels);
+
+    // Takes another canvas, for example at another scale; the levels stay. Main thread, also while audio is processed.
+    void setCanvas(const PBGLCanvas& canvas);
+
+    int numChannels() const { return static_cast<int>(channels_.size()); }
+    Channel& channel(int index) { return channels_[static_cast<std::size_t>(index)]; }
+    const Channel& channel(int index) const { return channels_[static_cast<std::size_t>(index)]; }
+    float marker() const { return marker_; } // where the parameter's own value is on the scale, 0 to 1
+
+    // The largest absolute sample (NaN counts for nothing) becomes the channel's level, within `range`. One thread a
+    // channel; never waits, so the render thread may call it. The buffer and the array hold `nFrames` frames.
+    void processAudio(const QVMAudioBuffer<float>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
+    void processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
+    void processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int channel);
+    void processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int channel);
+    // How long a level stands when no other one follows; then what fed the meter has stopped, which is silence. Any
+    // length unless told. Audio side, any time.
+    void setLevelSeconds(float seconds) { levelSeconds_ = seconds; }
+    // Forgets all levels, also those that no frame has taken; with the next frame the bars begin at the bottom and no
+    // clip indicator is lit. Any thread, never waits.
+    void reset();
+
+    // Main thread from here on. One step of a channel's ballistics and of its clip indicator, towards the highest level
+    // since the last one. A step of no time takes no level.
+    void slew(float dt, int channel);
+    // One frame: ballistics, then the fill from the displayed level as it is, through a scale or through a mapping; the
+    // two that know a scale also fade. The result tells whether the bars look different now.
+    Redraw prepareForDrawing(float dt);
+    Redraw prepareForDrawing(float dt, ScaleMapping toScale, unsigned pid);
+    Redraw prepareForDrawingWithParameterValue(float dt, float parameterValue, ScaleMapping toScale, unsigned pid);
+    Redraw prepareForDrawingWithMapping(float dt, float (*map)(float));
+    void glDraw(PBGLCanvas canvas, DrawingSurface& surface) const;
+
+    // What a channel's bar covers (points, y upwards) and its colour, as they are drawn.
+    PBRect barRect(const PBGLCanvas& canvas, int channel) const;
+    Color barColour(int channel) const;
+
+private:
+    // A bar as the eye can tell it from another: ends in fractions of a device pixel, components in steps.
+    struct Look {
+        int length = 0;
+        int red = 0, green = 0, blue = 0, alpha = 0;
+        bool operator==(const Look&) const = default;
+    };
+    void takePeak(float decibels, int channel);
+    float levelOfFrame(float dt, Channel& channel) const;
+    template <class Fill>
+    void advance(float dt, Fill fillFor);
+    void fade(float dt);
+    Redraw compareLooks();
+    Look lookOf(int channel) const;
+
+    PBGLCanvas canvas_;
+    std::vector<Channel> channels_;
+    std::vector<Look> looks_; // of the frame before
+    float marker_ = 0;
+    const float silence_; // dB
+    SharedWord<float> levelSeconds_ = std::numeric_limits<float>::infinity();
+    SharedWord<bool> isResetAsked_ = false;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,76 @@
+// A layer that shows one sketch of a shared drawing object.
+//
+// Each layer counts as one user of its object, once for every time that it is set up; the last user's layer destroys
+// the object. Main thread only, except for addParameterStates().
+#pragma once
+
+#include "platform/layer/GLLayer.h"
+#include "viz/sketches/PBGLSketchAbstract.h"
+
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+class QVMSketchGLLayer final : public GLLayer {
+public:
+    QVMSketchGLLayer();
+    ~QVMSketchGLLayer() override;
+
+    // Stores the object, which somebody else's layer made, without counting. Before the layer is set up.
+    void useVizRef(PBGLSketchAbstract* vizRef) { cppSketch_ = vizRef; }
+    PBGLSketchAbstract* getVizRef() const { return cppSketch_; } // null before it is set up
+    // One for each parameter; null before the layer is set up. They live as long as the object.
+    QVMParameterState* getVizRefParameterStates() const;
+
+    // Sets the layer up for a sketch: makes a drawing object if there is none yet, has it build what this layer needs,
+    // and counts. The layer's bounds and contents scale are those to draw at. `sampleRate` is in hertz.
+    void setSampleRateMaxFramesSketchParamCountChanInChanOut(float sampleRate, unsigned maxFrames,
+                                                             const PBSketch& sketch, unsigned paramCount,
+                                                             unsigned chanIn, unsigned chanOut);
+
+    // Has the object build anew what this layer needs, after its bounds or contents scale changed, and computes the
+    // frame that is shown. Nothing happens while both are as they were. Counts nothing.
+    void canvasDidChange();
+
+    // One step of the object's glide, and whether one runs.
+    void performInterp();
+    bool isInterpolating() const;
+    // Computes the next frame, if the sketch is of the kind meant: one that shows parameters or one that shows audio.
+    // `duration` is in seconds. Asks to be drawn when the picture will differ, and tells whether it will.
+    Redraw prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch);
+    void backgroundDrawWithContext(DrawingSurface& surface);
+
+    // The writer's way in: copies the states of all parameters into the object. Render thread too.
+    void addParameterStates(const QVMParameterState* states);
+    float getNumericMeterValue() const;
+    std::string getNumericMeterFormat() const; // printf's, for one double
+    std::string getNumericMeterSuffix() const;
+    void performStaticConversionParameterValues(unsigned pid, float* values);
+
+    // Set once a frame has been prepared; before, the layer is transparent.
+    bool canRender() const { return canRender_; }
+    // Cleared while the sketch is hidden.
+    bool shouldRender() const { return shouldRender_; }
+    void setShouldRender(bool shouldRender);
+    const PBSketch& sketch() const { return sketch_; }
+
+    const char* kind() const override { return "QVMSketchGLLayer"; }
+
+protected:
+    void draw(DrawingSurface& surface) const override;
+
+private:
+    PBGLCanvas canvas() const;
+    void build();
+
+    PBGLSketchAbstract* cppSketch_ = nullptr;
+    bool counted_ = false; // among the object's users
+    bool canRender_ = false, shouldRender_ = true;
+    PBSketch sketch_;
+    float sampleRate_ = 0; // hertz; this and the next as the object was set up with them
+    unsigned maxFrames_ = 0;
+    Size builtSize_; // points
+    double builtScale_ = 0;
+};
+
+} // namespace QVM_NAMESPACE
