@@ -1,5 +1,5 @@
-// Which class of control edits which type of parameter: a table of factories, so that a class that lives above this
-// folder can take its place in it.
+// Which class of control edits which type of parameter: a table of factories. A class that lives above this folder is
+// named by who makes the control.
 #pragma once
 
 #include "controls/QVMFloatControl.h"
@@ -16,11 +16,9 @@ std::unique_ptr<QVMFloatControl> makeFloatControl(const Rect& frame, const QVMPa
     return std::make_unique<ControlType>(frame, parameter);
 }
 
-// The class for a control type, or null for a type that has none. Main thread.
+// The class for a control type, or null for a type that has none here.
 QVMFloatControlClass controlClassForType(std::int32_t controlType);
-// The class of the plug-in's power switch. Main thread.
+// The class of the plug-in's power switch.
 QVMFloatControlClass masterControlClass();
-// Fills the place of a type whose class is defined elsewhere; types beyond the table are ignored. Main thread.
-void registerControlClass(std::int32_t controlType, QVMFloatControlClass controlClass);
 
 } // namespace QVM_NAMESPACE

@@ -1,6 +1,5 @@
 #include "controls/QVMParameterControl.h"
 
-#include "controls/QVMRangeControl.h"
 #include "controls/QVMVerticalSlider.h"
 #include "platform/runloop/RunLoop.h"
 #include "platform/view/Window.h"
@@ -64,7 +63,7 @@ QVMParameterControl::QVMParameterControl(const Rect& frame, const QVMParameter* 
     if (parameter && primaryClass) {
         primaryControl_ = &addSubview(primaryClass(controlFrame.isEmpty() ? bounds() : controlFrame, *parameter));
         primaryControl_->setAction([this](Control&) {
-            updateBands();
+            tellFollowers();
             sliderUpdated();
         });
         primaryControl_->setDelegate(this);
@@ -77,8 +76,8 @@ QVMParameterControl::QVMParameterControl(const Rect& frame, const QVMParameter* 
 }
 
 QVMParameterControl::~QVMParameterControl() {
-    for (QVMRangeControl* band : bands_)
-        band->forget(*this);
+    for (ValueFollower* follower : followers_)
+        follower->forgetMember(*this);
 }
 
 Rect QVMParameterControl::controlFrame() const {
@@ -99,12 +98,12 @@ void QVMParameterControl::setFloatValue(float value) {
     if (immutableFloatValue_) shown = *immutableFloatValue_;
     if (primaryControl_->floatValue() == shown && primaryControl_->userControlling()) return;
     primaryControl_->setFloatValue(shown);
-    updateBands();
+    tellFollowers();
 }
 
-void QVMParameterControl::updateBands() {
-    for (QVMRangeControl* band : bands_)
-        band->followMember(*this);
+void QVMParameterControl::tellFollowers() {
+    for (ValueFollower* follower : followers_)
+        follower->followMember(*this);
 }
 
 void QVMParameterControl::reportValueChange() {

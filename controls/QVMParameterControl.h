@@ -7,6 +7,7 @@
 
 #include "controls/ControlClasses.h"
 #include "controls/QVMParameterControlDelegate.h"
+#include "controls/ValueFollower.h"
 
 #include <map>
 #include <optional>
@@ -22,6 +23,10 @@ public:
     // The parameter outlives the control; with none there is no inner control either. Labels are drawn by the editor:
     // their frame is not used here.
     QVMParameterControl(const Rect& frame, const Rect& labelFrame, const QVMParameter* parameter, float initialValue);
+    // As above, with an inner control of a class of the caller's choice (null for none) at a place of its own (empty:
+    // it fills the bounds).
+    QVMParameterControl(const Rect& frame, const QVMParameter* parameter, float initialValue,
+                        QVMFloatControlClass primaryClass, const Rect& controlFrame);
     ~QVMParameterControl() override;
 
     const QVMParameter* parameter() const { return parameter_; }
@@ -74,6 +79,9 @@ public:
     void setClumpView(View* clumpView) { clumpView_ = clumpView; }
     QVMRangeControl* range() const { return range_; }
     void setRange(QVMRangeControl* range) { range_ = range; }
+    // Borrowed; who follows takes itself off before it goes.
+    void addFollower(ValueFollower& follower) { followers_.push_back(&follower); }
+    void removeFollower(ValueFollower& follower) { std::erase(followers_, &follower); }
     bool handlingOutsideClick() const { return handlingOutsideClick_; }
     double lastTap() const { return lastTap_; } // seconds on the run loop's clock, counted from a time long before it
 
@@ -95,16 +103,12 @@ public:
     void floatControlDidTapMeaninglessly(QVMFloatControl& control) override;
 
 protected:
-    // For subclasses with an inner control and a place of their own.
-    QVMParameterControl(const Rect& frame, const QVMParameter* parameter, float initialValue,
-                        QVMFloatControlClass primaryClass, const Rect& controlFrame);
     // The action of the inner control.
     virtual void sliderUpdated() { reportValueChange(); }
 
 private:
-    friend class QVMRangeControl; // attaches itself to its two members
     void themeUpdated();
-    void updateBands();
+    void tellFollowers();
     // Whether a press went to the inner control first, which may reach beyond its frame, and was passed on from there.
     bool primaryControlHasPress() const;
 
@@ -118,7 +122,7 @@ private:
     QVMParameterControlDelegate* delegate_ = nullptr;
     View* clumpView_ = nullptr;
     QVMRangeControl* range_ = nullptr;
-    std::vector<QVMRangeControl*> bands_; // range controls that show this value; they detach themselves
+    std::vector<ValueFollower*> followers_;
     ObservationToken themeObservation_;
 };
 

@@ -65,16 +65,16 @@ void QVMRangeControl::setHigh(QVMParameterControl* control) {
 
 void QVMRangeControl::attach(QVMParameterControl*& member, QVMParameterControl* control) {
     if (member) {
-        std::erase(member->bands_, this);
-        if (member->range_ == this) member->range_ = nullptr;
+        member->removeFollower(*this);
+        if (member->range() == this) member->setRange(nullptr);
     }
     member = control;
     if (!member) return;
-    member->bands_.push_back(this);
+    member->addFollower(*this);
     updateRangeAnimated(Animate::no);
 }
 
-void QVMRangeControl::forget(const QVMParameterControl& member) {
+void QVMRangeControl::forgetMember(const QVMParameterControl& member) {
     if (low_ == &member) low_ = nullptr;
     if (high_ == &member) high_ = nullptr;
 }

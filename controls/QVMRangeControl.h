@@ -11,7 +11,7 @@ namespace QVM_NAMESPACE {
 
 class QVMRangeSlider;
 
-class QVMRangeControl final : public QVMParameterControl {
+class QVMRangeControl final : public QVMParameterControl, private ValueFollower {
 public:
     // `parameter` is that of either end; it gives the band its place and colour.
     QVMRangeControl(const Rect& frame, const Rect& labelFrame, const QVMParameter* parameter, float initialValue);
@@ -46,10 +46,10 @@ protected:
     void sliderUpdated() override {} // the ends report their values themselves
 
 private:
-    friend class QVMParameterControl;
     void attach(QVMParameterControl*& member, QVMParameterControl* control);
-    void forget(const QVMParameterControl& member);
-    void followMember(const QVMParameterControl& member);
+    // ValueFollower
+    void followMember(const QVMParameterControl& member) override;
+    void forgetMember(const QVMParameterControl& member) override;
 
     bool pairing_ = false;
     bool interactive_ = false;

@@ -27,9 +27,9 @@ QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : The
 
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
     if (presets) {
-        registerControlClass(QVMControlTypePresets, &makeFloatControl<QVMPresetControl>);
         presetControl_ = &addSubview(
-            std::make_unique<QVMParameterControl>(layout.presetControl, Rect{}, presets, presets->initialValue));
+            std::make_unique<QVMParameterControl>(layout.presetControl, presets, presets->initialValue,
+                                                  &makeFloatControl<QVMPresetControl>, presets->controlFrame));
         presetControl_->layer()->setName("presetControl");
         presetControl_->toggleTooltip(false); // its name says what it is
     }

@@ -56,16 +56,15 @@ TEST(ControlClasses, AParameterControlNamesTheClassForAnyType) {
 
 TEST(ControlClasses, TypesBeyondTheTableHaveNone) {
     EXPECT_EQ(controlClassForType(-1), nullptr);
-    EXPECT_EQ(controlClassForType(9), nullptr);
-    registerControlClass(9, &makeFloatControl<ElsewhereControl>);
-    EXPECT_EQ(controlClassForType(9), nullptr);
+    EXPECT_EQ(controlClassForType(8), nullptr);
+    EXPECT_EQ(classOf(parameterLike(14, [](QVMParameter& p) { p.controlType = 8; })), typeid(void));
 }
 
-TEST(ControlClasses, AClassDefinedElsewhereTakesItsPlace) {
-    const QVMFloatControlClass before = controlClassForType(8);
-    registerControlClass(8, &makeFloatControl<ElsewhereControl>);
-    EXPECT_EQ(classOf(parameterLike(14, [](QVMParameter& p) { p.controlType = 8; })), typeid(ElsewhereControl));
-    registerControlClass(8, before);
+TEST(ControlClasses, WhoMakesAControlMayNameTheClass) {
+    const QVMParameter parameter = parameterLike(14, [](QVMParameter& p) { p.controlType = 8; });
+    const QVMParameterControl control({0, 0, 80, 60}, &parameter, 0, &makeFloatControl<ElsewhereControl>, {});
+    const QVMFloatControl& inner = *control.primaryControl();
+    EXPECT_EQ(typeid(inner), typeid(ElsewhereControl));
 }
 
 } // namespace
