@@ -1,6 +1,6 @@
 // The mappings between the host's number, the shown number and a slider's position, for every parameter identifier.
 //
-// They are data: a kind of curve and its constants for each pid. The constants are 32-bit and rounded as they stand,
+// Which curve follows from the parameter's unit and scale. The constants are 32-bit and rounded as they stand,
 // and the arithmetic is 32-bit throughout, so that values agree to the bit wherever they are computed.
 #pragma once
 

@@ -2,7 +2,7 @@
 #include "controls/QVMSymbolButton.h"
 #include "editor/EditorLayout.h"
 #include "editor/ModesWithoutControl.h"
-#include "editor/PartnerRule.h"
+#include "description/PartnerRule.h"
 #include "editor/QVMClumpView.h"
 #include "editor/QVMGenericUI.h"
 #include "editor/QVMKeyboardHandler.h"
@@ -21,7 +21,7 @@ void QVMGenericUI::handleParameterControlUpdated(QVMParameterControl& control) {
     const float value = control.floatValue();
     if (value != getMemoizedPValueDirectly(pid)) keyboard_->clearNumberBuffer(); // it was dragged past what was typed
     notifyParameterUpdatedTo(pid, value);
-    const PartnerRule* rule = PartnerRuleForPid(pid);
+    const std::optional<PartnerRule> rule = PartnerRuleForPid(pid);
     if (!rule) return;
     const float partnerWas = getMemoizedPValueDirectly(rule->partner);
     const float partnerValue = rule->partnerValue(value, partnerWas);

@@ -33,8 +33,9 @@ HostRange::HostRange(const QVMParameter& parameter) {
         steps = 2;
         return;
     }
-    minimum = std::min(parameter.minValue, parameter.initialValue);
-    maximum = std::max(parameter.maxValue, parameter.initialValue);
+    const QVMFloat32Range held = parameter.heldRange();
+    minimum = held.min;
+    maximum = held.max;
     if (parameter.unit == QVMUnitIndexed) steps = static_cast<int>(maximum - minimum) + 1;
 }
 

@@ -1,7 +1,7 @@
 #include "description/tables/ParameterTable.h"
 
-#include "description/ParameterIDs.h"
-#include "description/ParameterTypes.h"
+#include "description/tables/Artwork.h"
+#include "description/tables/ValueNames.h"
 
 #include <array>
 
@@ -17,76 +17,161 @@ constexpr std::uint32_t kOutput = 2;
 constexpr std::uint32_t kFilter = 3;
 constexpr std::uint32_t kAdv = 4;
 
-// The link switches and ratios of the two frequency ranges carry the range of the frequencies beside them.
-// pid, name, codesafeName, minimalName, clump, unit and symbol, minimum, maximum, initial
-// clang-format off
-constexpr std::array<ParameterIdentity, QVMParameterCount> kIdentities = {{
-    {0, "Master On/Off", "MasterOnOff", "power", kMaster, QVMUnitSwitch, "", 0, 1, 1},
-    {1, "Tilt Gain", "TiltGain", "tg", kTilt, QVMUnitDecibels, "dB", -18, 18, 0},
-    {2, "Tilt Range Low", "TiltRangeLow", "trl", kTilt, QVMUnitHertz, "Hz", 10, 24000, 20},
-    {3, "Tilt Range High", "TiltRangeHigh", "trh", kTilt, QVMUnitHertz, "Hz", 10, 24000, 20000},
-    {4, "Tilt Range Link", "TiltRangeLink", "trlnk", kTilt, QVMUnitSwitch, "", 10, 24000, 0},
-    {5, "Tilt Range Link Ratio", "TiltRangeLinkRatio", "trrto", kTilt, QVMUnitPercent, "%", 10, 24000, 0},
-    {6, "Tilt Loudness Mode", "TiltLoudnessMode", "tal", kOutput, QVMUnitIndexed, "", 0, 3, 0},
-    {7, "Output Gain", "OutputGain", "out", kOutput, QVMUnitDecibels, "dB", -96, 12, 0},
-    {8, "Meter Mode", "MeterMode", "mm", kOutput, QVMUnitIndexed, "", 0, 2, 0},
-    {9, "Filter Range Low", "FilterRangeLow", "frl", kFilter, QVMUnitHertz, "Hz", 4, 24000, 4},
-    {10, "Filter Range High", "FilterRangeHigh", "frh", kFilter, QVMUnitHertz, "Hz", 4, 24000, 24000},
-    {11, "Filter Range Link", "FilterRangeLink", "frlnk", kFilter, QVMUnitSwitch, "", 4, 24000, 0},
-    {12, "Filter Range Link Ratio", "FilterRangeLinkRatio", "frrto", kFilter, QVMUnitPercent, "%", 4, 24000, 0},
-    {13, "Filter Listen Low", "FilterListenLow", "fll", kFilter, QVMUnitSwitch, "", 0, 1, 0},
-    {14, "Filter Slope Low", "FilterSlopeLow", "fsl", kAdv, QVMUnitDecibelsPerOctave, "dB/Oct", 6, 48, 12},
-    {15, "Filter Resonance Low", "FilterResonanceLow", "frsl", kAdv, QVMUnitDecibels, "dB", 0, 18, 0},
-    {16, "Filter Slope Link", "FilterSlopeLink", "fslnk", kAdv, QVMUnitSwitch, "", 0, 1, 0},
-    {17, "Filter Slope Link Ratio", "FilterSlopeLinkRatio", "fsrto", kAdv, QVMUnitPercent, "%", 0, 100, 0},
-    {18, "Filter Resonance Link", "FilterResonanceLink", "frelnk", kAdv, QVMUnitSwitch, "", 0, 1, 0},
-    {19, "Filter Resonance Link Ratio", "FilterResonanceLinkRatio", "frelnkr", kAdv, QVMUnitPercent, "%", 0, 100, 0},
-    {20, "Filter Listen High", "FilterListenHigh", "flh", kFilter, QVMUnitSwitch, "", 0, 1, 0},
-    {21, "Filter Slope High", "FilterSlopeHigh", "fsh", kAdv, QVMUnitDecibelsPerOctave, "dB/Oct", 6, 48, 12},
-    {22, "Filter Resonance High", "FilterResonanceHigh", "frsh", kAdv, QVMUnitDecibels, "dB", 0, 18, 0},
-    {23, "HQ Mode", "HQMode", "hq", kAdv, QVMUnitIndexed, "", 0, 1, 0},
-}};
+constexpr ValueNames<2> kOffOn = {"Off", "On"};
 
-// pid, steps (normal, fine, coarse), format, logarithmic, control type and style, label and cue symbol display,
-// horizontal, displaced, crementers, colour
-constexpr bool yes = true;
-constexpr bool no = false;
-constexpr std::array<ParameterControlRow, QVMParameterCount> kControls = {{
-    {0, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 0, 2, 2, no, no, no, "#FFFFFF"},
-    {1, 0.5f, 0.1f, 1.5f, "%0.1f", no, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#A54D55"},
-    {2, 1, 0.1f, 10, "%1.0f", yes, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#B25962"},
-    {3, 1, 0.1f, 10, "%1.0f", yes, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#B25962"},
-    {4, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 1, 2, 2, no, no, no, "#B25962"},
-    {5, 1, 1, 10, "%1.0f", no, QVMControlTypeSlider, 0, 0, 0, no, no, no, "#B25962"},
-    {6, 1, 1, 1, "%1.0f", no, QVMControlTypeCycle, 1, 0, 0, yes, no, yes, "#71343A"},
-    {7, 0.5f, 0.1f, 3, "%0.1f", no, QVMControlTypeSlider, 0, 2, 0, no, no, no, "#938586"},
-    {8, 1, 1, 1, "%1.0f", no, QVMControlTypeCycle, 1, 0, 0, yes, no, yes, "#938586"},
-    {9, 1, 0.1f, 10, "%1.0f", yes, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#877879"},
-    {10, 1, 0.1f, 10, "%1.0f", yes, QVMControlTypeSlider, 0, 2, 0, yes, no, no, "#877879"},
-    {11, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 1, 2, 2, no, no, no, "#877879"},
-    {12, 1, 1, 10, "%1.0f", no, QVMControlTypeSlider, 0, 0, 0, no, no, no, "#877879"},
-    {13, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 4, 2, 2, no, yes, no, "#5E5454"},
-    {14, 1, 0.1f, 6, "%0.1f", no, QVMControlTypeNumber, 0, 0, 0, no, no, no, "#796C6D"},
-    {15, 0.5f, 0.1f, 3, "%0.1f", no, QVMControlTypeNumber, 0, 0, 0, no, no, no, "#796C6D"},
-    {16, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 1, 2, 2, no, no, no, "#FF69B4"},
-    {17, 1, 1, 10, "%1.0f", no, QVMControlTypeSlider, 0, 0, 0, no, no, no, "#FF69B4"},
-    {18, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 1, 2, 2, no, no, no, "#FF69B4"},
-    {19, 1, 1, 10, "%1.0f", no, QVMControlTypeSlider, 0, 0, 0, no, no, no, "#FF69B4"},
-    {20, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 4, 2, 2, no, yes, no, "#5E5454"},
-    {21, 1, 0.1f, 6, "%0.1f", no, QVMControlTypeNumber, 0, 0, 0, no, no, no, "#796C6D"},
-    {22, 0.5f, 0.1f, 3, "%0.1f", no, QVMControlTypeNumber, 0, 0, 0, no, no, no, "#796C6D"},
-    {23, 1, 1, 1, "%1.0f", no, QVMControlTypeToggle, 3, 2, 0, yes, yes, no, "#B8868B"},
+// Third-octave centre frequencies in Hz.
+constexpr std::array<float, 32> kThirdOctaves = {16,   20,   25,   31,   40,   50,   63,    80,    100,   125,  160,
+                                                 200,  250,  315,  400,  500,  630,  800,   1000,  1250,  1600, 2000,
+                                                 2500, 3150, 4000, 5000, 6300, 8000, 10000, 12500, 16000, 20000};
+
+constexpr std::array<float, 1> kZeroMark = {0};
+constexpr std::array<float, 3> kTiltCueValues = {-18, 0, 18};
+constexpr std::array<std::string_view, 3> kTiltCues = {"-", "_", "+"};
+constexpr std::array<float, 7> kTiltCuePositions = {-18, -12, -6, 0, 6, 12, 18};
+constexpr std::array<float, 10> kOutputMarks = {-96, -84, -72, -60, -48, -36, -24, -12, 6, 12};
+constexpr std::array<float, 3> kOutputMinorMarks = {-24, -12, 6};
+
+constexpr std::array<Exception, 1> kSilence = {{{-96, "-Inf"}}};
+constexpr std::array<Exception, 1> kLowestFilter = {{{4, "Off"}}};
+constexpr std::array<Exception, 1> kHighestFilter = {{{24000, "Off"}}};
+
+constexpr ValueNames<2> kLowFilterControls = {"FilterSlopeLow", "FilterResonanceLow"};
+constexpr ValueNames<2> kHighFilterControls = {"FilterSlopeHigh", "FilterResonanceHigh"};
+constexpr std::array<Dimming, 1> kLowFilterOff = {{{4, kLowFilterControls}}};
+constexpr std::array<Dimming, 1> kHighFilterOff = {{{24000, kHighFilterControls}}};
+constexpr std::array<std::string_view, 1> kLowResonance = {"FilterResonanceLow"};
+constexpr std::array<std::string_view, 1> kHighResonance = {"FilterResonanceHigh"};
+constexpr std::array<Dimming, 1> kListeningLow = {{{1, kLowResonance}}};
+constexpr std::array<Dimming, 1> kListeningHigh = {{{1, kHighResonance}}};
+
+// Points of drag for the whole range: fine, normal, coarse. A drag of one and a half times the number sweeps it.
+constexpr std::array<double, 3> kNumberPoints = {240, 120, 90};
+
+constexpr QVMRect kBandSlider = {30, 0, 260, 34};
+constexpr QVMRect kNumberControl = {0, 16, 80, 44};
+constexpr QVMRect kNumberLabel = {0, 0, 80, 13};
+
+// The link switches and ratios of the two frequency ranges carry the range of the frequencies beside them.
+// clang-format off
+constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
+    {.pid = pidMasterOnOff, .name = "Master On/Off", .codesafeName = "MasterOnOff", .minimalName = "power", .cid = kMaster,
+     .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 1,
+     .controlType = QVMControlTypeToggle, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#FFFFFF", .label = "Power", .labelString = "Power",
+     .stringValues = kOffOn, .cueSymbols = kPowerGlyphs, .scope = 1,
+     .frame = {4, 116, 54, 62}, .controlFrame = {0, 0, 54, 62}},
+    {.pid = pidTiltGain, .name = "Tilt Gain", .codesafeName = "TiltGain", .minimalName = "tg", .cid = kTilt,
+     .unit = QVMUnitDecibels, .unitSymbol = "dB", .minValue = -18, .maxValue = 18, .initialValue = 0,
+     .steps = {0.5f, 0.1f, 1.5f}, .decimals = 1,
+     .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#A54D55",
+     .cueSymbols = kTiltCues, .cueSymbolPositions = kTiltCuePositions, .cueSymbolValues = kTiltCueValues, .tickmarks = kZeroMark,
+     .frame = {0, 26, 321, 56}, .controlFrame = {30, 2, 260, 54}},
+    {.pid = pidTiltRangeLow, .name = "Tilt Range Low", .codesafeName = "TiltRangeLow", .minimalName = "trl", .cid = kTilt,
+     .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 10, .maxValue = 24000, .initialValue = 20,
+     .steps = {1, 0.1f, 10}, .scale = Scale::tiltFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::low, .partner = pidTiltRangeHigh,
+     .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#B25962",
+     .frame = {0, 98, 321, 34}, .controlFrame = kBandSlider},
+    {.pid = pidTiltRangeHigh, .name = "Tilt Range High", .codesafeName = "TiltRangeHigh", .minimalName = "trh", .cid = kTilt,
+     .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 10, .maxValue = 24000, .initialValue = 20000,
+     .steps = {1, 0.1f, 10}, .scale = Scale::tiltFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::high, .partner = pidTiltRangeLow,
+     .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#B25962",
+     .frame = {0, 132, 321, 34}, .controlFrame = kBandSlider},
+    {.pid = pidTiltRangeLink, .name = "Tilt Range Link", .codesafeName = "TiltRangeLink", .minimalName = "trlnk", .cid = kTilt,
+     .unit = QVMUnitSwitch, .minValue = 10, .maxValue = 24000, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#B25962"},
+    {.pid = pidTiltRangeLinkRatio, .name = "Tilt Range Link Ratio", .codesafeName = "TiltRangeLinkRatio", .minimalName = "trrto", .cid = kTilt,
+     .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 10, .maxValue = 24000, .initialValue = 0,
+     .steps = {1, 1, 10},
+     .controlType = QVMControlTypeSlider, .color = "#B25962"},
+    {.pid = pidTiltLoudnessMode, .name = "Tilt Loudness Mode", .codesafeName = "TiltLoudnessMode", .minimalName = "tal", .cid = kOutput,
+     .unit = QVMUnitIndexed, .minValue = 0, .maxValue = 3, .initialValue = 0,
+     .controlType = QVMControlTypeCycle, .controlStyle = 1, .horizontal = true, .includeCrementers = true, .color = "#71343A", .labelString = "Loudness",
+     .stringValues = kLoudnessModes,
+     .frame = {12, 232, 73, 44}, .controlFrame = {0, 16, 73, 26}, .labelFrame = {0, 0, 73, 13}},
+    {.pid = pidOutputGain, .name = "Output Gain", .codesafeName = "OutputGain", .minimalName = "out", .cid = kOutput,
+     .unit = QVMUnitDecibels, .unitSymbol = "dB", .minValue = -96, .maxValue = 12, .initialValue = 0,
+     .steps = {0.5f, 0.1f, 3}, .decimals = 1, .scale = Scale::fader,
+     .controlType = QVMControlTypeSlider, .labelDisplay = 2, .color = "#938586", .label = "Output Gain",
+     .exceptions = kSilence, .tickmarks = kZeroMark, .minorTickmarks = kOutputMinorMarks, .displayTickmarks = kOutputMarks,
+     .frame = {0, 0, 97, 217}, .controlFrame = {0, 0, 97, 217}},
+    {.pid = pidMeterMode, .name = "Meter Mode", .codesafeName = "MeterMode", .minimalName = "mm", .cid = kOutput,
+     .unit = QVMUnitIndexed, .minValue = 0, .maxValue = 2, .initialValue = 0,
+     .controlType = QVMControlTypeCycle, .controlStyle = 1, .horizontal = true, .includeCrementers = true, .hidden = true, .color = "#938586",
+     .stringValues = kMeterModes},
+    {.pid = pidFilterRangeLow, .name = "Filter Range Low", .codesafeName = "FilterRangeLow", .minimalName = "frl", .cid = kFilter,
+     .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 4, .maxValue = 24000, .initialValue = 4,
+     .steps = {1, 0.1f, 10}, .scale = Scale::filterFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::low, .partner = pidFilterRangeHigh,
+     .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#877879",
+     .exceptions = kLowestFilter, .dims = kLowFilterOff,
+     .frame = {0, 37, 321, 34}, .controlFrame = kBandSlider},
+    {.pid = pidFilterRangeHigh, .name = "Filter Range High", .codesafeName = "FilterRangeHigh", .minimalName = "frh", .cid = kFilter,
+     .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 4, .maxValue = 24000, .initialValue = 24000,
+     .steps = {1, 0.1f, 10}, .scale = Scale::filterFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::high, .partner = pidFilterRangeLow,
+     .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#877879",
+     .exceptions = kHighestFilter, .dims = kHighFilterOff,
+     .frame = {0, 71, 321, 34}, .controlFrame = kBandSlider},
+    {.pid = pidFilterRangeLink, .name = "Filter Range Link", .codesafeName = "FilterRangeLink", .minimalName = "frlnk", .cid = kFilter,
+     .unit = QVMUnitSwitch, .minValue = 4, .maxValue = 24000, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#877879"},
+    {.pid = pidFilterRangeLinkRatio, .name = "Filter Range Link Ratio", .codesafeName = "FilterRangeLinkRatio", .minimalName = "frrto", .cid = kFilter,
+     .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 4, .maxValue = 24000, .initialValue = 0,
+     .steps = {1, 1, 10},
+     .controlType = QVMControlTypeSlider, .color = "#877879"},
+    {.pid = pidFilterListenLow, .name = "Filter Listen Low", .codesafeName = "FilterListenLow", .minimalName = "fll", .cid = kFilter,
+     .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 4, .labelDisplay = 2, .cueSymbolDisplay = 2, .isDisplaced = true, .color = "#5E5454",
+     .stringValues = kOffOn, .cueSymbols = kListenLowGlyphs, .dims = kListeningLow,
+     .frame = {245, 179, 29, 21}, .controlFrame = {0, 0, 29, 21}},
+    {.pid = pidFilterSlopeLow, .name = "Filter Slope Low", .codesafeName = "FilterSlopeLow", .minimalName = "fsl", .cid = kAdv,
+     .unit = QVMUnitDecibelsPerOctave, .unitSymbol = "dB/Oct", .minValue = 6, .maxValue = 48, .initialValue = 12,
+     .steps = {1, 0.1f, 6}, .decimals = 1,
+     .controlType = QVMControlTypeNumber, .color = "#796C6D", .labelArtwork = &artwork::labelSlope, .labelString = "Slope",
+     .frame = {10, 64, 80, 60}, .controlFrame = kNumberControl, .labelFrame = kNumberLabel, .numberOnlyPixelConstants = kNumberPoints},
+    {.pid = pidFilterResonanceLow, .name = "Filter Resonance Low", .codesafeName = "FilterResonanceLow", .minimalName = "frsl", .cid = kAdv,
+     .unit = QVMUnitDecibels, .unitSymbol = "dB", .minValue = 0, .maxValue = 18, .initialValue = 0,
+     .steps = {0.5f, 0.1f, 3}, .decimals = 1,
+     .controlType = QVMControlTypeNumber, .color = "#796C6D", .labelArtwork = &artwork::labelReso, .labelString = "Reso",
+     .frame = {10, 150, 80, 60}, .controlFrame = kNumberControl, .labelFrame = kNumberLabel, .numberOnlyPixelConstants = kNumberPoints},
+    {.pid = pidFilterSlopeLink, .name = "Filter Slope Link", .codesafeName = "FilterSlopeLink", .minimalName = "fslnk", .cid = kAdv,
+     .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#FF69B4"},
+    {.pid = pidFilterSlopeLinkRatio, .name = "Filter Slope Link Ratio", .codesafeName = "FilterSlopeLinkRatio", .minimalName = "fsrto", .cid = kAdv,
+     .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 0, .maxValue = 100, .initialValue = 0,
+     .steps = {1, 1, 10},
+     .controlType = QVMControlTypeSlider, .color = "#FF69B4"},
+    {.pid = pidFilterResonanceLink, .name = "Filter Resonance Link", .codesafeName = "FilterResonanceLink", .minimalName = "frelnk", .cid = kAdv,
+     .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#FF69B4"},
+    {.pid = pidFilterResonanceLinkRatio, .name = "Filter Resonance Link Ratio", .codesafeName = "FilterResonanceLinkRatio", .minimalName = "frelnkr", .cid = kAdv,
+     .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 0, .maxValue = 100, .initialValue = 0,
+     .steps = {1, 1, 10},
+     .controlType = QVMControlTypeSlider, .color = "#FF69B4"},
+    {.pid = pidFilterListenHigh, .name = "Filter Listen High", .codesafeName = "FilterListenHigh", .minimalName = "flh", .cid = kFilter,
+     .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 4, .labelDisplay = 2, .cueSymbolDisplay = 2, .isDisplaced = true, .color = "#5E5454",
+     .stringValues = kOffOn, .cueSymbols = kListenHighGlyphs, .dims = kListeningHigh,
+     .frame = {281, 179, 29, 21}, .controlFrame = {0, 0, 29, 21}},
+    {.pid = pidFilterSlopeHigh, .name = "Filter Slope High", .codesafeName = "FilterSlopeHigh", .minimalName = "fsh", .cid = kAdv,
+     .unit = QVMUnitDecibelsPerOctave, .unitSymbol = "dB/Oct", .minValue = 6, .maxValue = 48, .initialValue = 12,
+     .steps = {1, 0.1f, 6}, .decimals = 1,
+     .controlType = QVMControlTypeNumber, .color = "#796C6D", .labelArtwork = &artwork::labelSlope, .labelString = "Slope",
+     .frame = {110, 64, 80, 60}, .controlFrame = kNumberControl, .labelFrame = kNumberLabel, .numberOnlyPixelConstants = kNumberPoints},
+    {.pid = pidFilterResonanceHigh, .name = "Filter Resonance High", .codesafeName = "FilterResonanceHigh", .minimalName = "frsh", .cid = kAdv,
+     .unit = QVMUnitDecibels, .unitSymbol = "dB", .minValue = 0, .maxValue = 18, .initialValue = 0,
+     .steps = {0.5f, 0.1f, 3}, .decimals = 1,
+     .controlType = QVMControlTypeNumber, .color = "#796C6D", .labelArtwork = &artwork::labelReso, .labelString = "Reso",
+     .frame = {110, 150, 80, 60}, .controlFrame = kNumberControl, .labelFrame = kNumberLabel, .numberOnlyPixelConstants = kNumberPoints},
+    {.pid = pidHQMode, .name = "HQ Mode", .codesafeName = "HQMode", .minimalName = "hq", .cid = kAdv,
+     .unit = QVMUnitIndexed, .minValue = 0, .maxValue = 1, .initialValue = 0,
+     .controlType = QVMControlTypeToggle, .controlStyle = 3, .controlScale = 1.3f, .labelDisplay = 2, .horizontal = true, .isDisplaced = true, .presetWildcard = true, .color = "#B8868B",
+     .stringValues = kOffOn, .cueSymbols = kQualityGlyphs,
+     .frame = {65, 258, 70, 36}, .controlFrame = {0, 0, 70, 36}},
 }};
 // clang-format on
 
 } // namespace
 
-std::span<const ParameterIdentity> ParameterIdentities() {
-    return kIdentities;
-}
-
-std::span<const ParameterControlRow> ParameterControls() {
-    return kControls;
+std::span<const ParameterRow, QVMParameterCount> Parameters() {
+    return kParameters;
 }
 
 } // namespace tables

@@ -1,9 +1,8 @@
 #include "description/tables/RecordBuilder.h"
 
+#include "description/NumberText.h"
 #include "description/Presets.h"
 #include "description/tables/ClumpTable.h"
-#include "description/tables/ParameterExtrasTable.h"
-#include "description/tables/ParameterLayoutTable.h"
 #include "description/tables/ParameterTable.h"
 #include "description/tables/PresetTable.h"
 
@@ -21,16 +20,7 @@ std::vector<Number> Numbers(std::span<const Number> numbers) {
     return {numbers.begin(), numbers.end()};
 }
 
-// The row of a sparse table for a pid, or null.
-template <typename Row>
-const Row* RowFor(std::span<const Row> rows, std::uint32_t pid) {
-    for (const Row& row : rows) {
-        if (row.pid == pid) return &row;
-    }
-    return nullptr;
-}
-
-void FillIdentity(QVMParameter& parameter, const ParameterIdentity& row) {
+void FillIdentity(QVMParameter& parameter, const ParameterRow& row) {
     parameter.pid = row.pid;
     parameter.name = row.name;
     parameter.codesafeName = row.codesafeName;
@@ -41,32 +31,39 @@ void FillIdentity(QVMParameter& parameter, const ParameterIdentity& row) {
     parameter.minValue = row.minValue;
     parameter.maxValue = row.maxValue;
     parameter.initialValue = row.initialValue;
+    parameter.granularity = row.steps.normal;
+    parameter.fineGranularity = row.steps.fine;
+    parameter.coarseGranularity = row.steps.coarse;
+    parameter.coarseGranularityOptions = Numbers(row.coarseGranularityOptions);
+    parameter.formatString = row.decimals == 0 ? "%1.0f" : "%0." + std::to_string(row.decimals) + "f";
+    parameter.logarithmic = row.logarithmic();
+    parameter.hidden = row.hidden;
+    parameter.presetWildcard = row.presetWildcard;
 }
 
-void FillControl(QVMParameter& parameter, const ParameterControlRow& row) {
-    parameter.granularity = row.granularity;
-    parameter.fineGranularity = row.fineGranularity;
-    parameter.coarseGranularity = row.coarseGranularity;
-    parameter.formatString = row.formatString;
-    parameter.logarithmic = row.logarithmic;
+void FillControl(QVMParameter& parameter, const ParameterRow& row) {
     parameter.controlType = row.controlType;
     parameter.controlStyle = row.controlStyle;
+    parameter.controlScale = row.controlScale;
+    parameter.scope = row.scope;
     parameter.labelDisplay = row.labelDisplay;
     parameter.cueSymbolDisplay = row.cueSymbolDisplay;
     parameter.horizontal = row.horizontal;
     parameter.isDisplaced = row.isDisplaced;
     parameter.includeCrementers = row.includeCrementers;
     parameter.color = ColorFromHexText(row.color);
-}
-
-void FillExtras(QVMParameter& parameter, const ParameterExtras& row) {
     parameter.label = row.labelArtwork ? ImageText(*row.labelArtwork) : std::string(row.label);
     parameter.labelString = row.labelString;
+    parameter.frame = row.frame;
+    parameter.labelFrame = row.labelFrame;
+    parameter.controlFrame = row.controlFrame;
+    parameter.numberOnlyPixelConstants = Numbers(row.numberOnlyPixelConstants);
+}
+
+void FillValues(QVMParameter& parameter, const ParameterRow& row) {
     parameter.stringValues = Strings(row.stringValues);
-    for (const Substitution& substitution : row.substitutions) {
-        parameter.substituteStringsForValues.emplace(substitution.number, substitution.text);
-    }
-    parameter.coarseGranularityOptions = Numbers(row.coarseGranularityOptions);
+    for (const Exception& exception : row.exceptions)
+        parameter.substituteStringsForValues.emplace(FixedText(exception.value, 1), exception.text);
     parameter.tickmarks = Numbers(row.tickmarks);
     parameter.minorTickmarks = Numbers(row.minorTickmarks);
     parameter.displayTickmarks = Numbers(row.displayTickmarks);
@@ -75,31 +72,22 @@ void FillExtras(QVMParameter& parameter, const ParameterExtras& row) {
     parameter.cueSymbolValues = Numbers(row.cueSymbolValues);
     for (const Dimming& dimming : row.dims)
         parameter.dims.emplace(dimming.value, Strings(dimming.codesafeNames));
-    parameter.scope = row.scope;
-    parameter.hidden = row.hidden;
-    parameter.presetWildcard = row.presetWildcard;
-    parameter.controlScale = row.controlScale;
 }
 
-void FillRange(QVMParameter& parameter, const RangeRow& row) {
+// One end of a range: it keeps an octave from its partner, and from where the partner would have no octave left.
+void FillRange(QVMParameter& parameter, const ParameterRow& row) {
     const bool low = row.end == RangeEnd::low;
+    const char* const partner = Parameters()[*row.partner].codesafeName;
     std::vector<QVMRangeSettings::Entry> entries;
     entries.emplace_back(low ? "low" : "high", true);
     entries.emplace_back("func", std::string(low ? "max" : "min"));
     entries.emplace_back("with-name", parameter.name);
-    entries.emplace_back("factor", row.factor);
-    entries.emplace_back("limit", row.limit);
+    entries.emplace_back("factor", low ? kOctave : 1 / kOctave);
+    entries.emplace_back("limit", low ? row.maxValue / kOctave : row.minValue * kOctave);
     if (low) entries.emplace_back("high-has-label", false);
-    entries.emplace_back("with-enum", "QVM" QVM_PRODUCT_CODE "Param_" + std::string(row.partner));
+    entries.emplace_back("with-enum", "QVM" QVM_PRODUCT_CODE "Param_" + std::string(partner));
     parameter.range = QVMRangeSettings(std::move(entries));
-    if (!low) parameter.rangeWith = row.partner;
-}
-
-void FillLayout(QVMParameter& parameter, const ParameterLayout& row) {
-    parameter.frame = row.frame;
-    parameter.labelFrame = row.labelFrame;
-    parameter.controlFrame = row.controlFrame;
-    parameter.numberOnlyPixelConstants = Numbers(row.numberOnlyPixelConstants);
+    if (!low) parameter.rangeWith = partner;
 }
 
 } // namespace
@@ -109,14 +97,13 @@ std::string ImageText(const char* base64) {
 }
 
 void FillParameter(QVMParameter& parameter, std::uint32_t pid) {
-    FillIdentity(parameter, ParameterIdentities()[pid]);
-    FillControl(parameter, ParameterControls()[pid]);
+    const ParameterRow& row = Parameters()[pid];
+    FillIdentity(parameter, row);
+    FillControl(parameter, row);
+    FillValues(parameter, row);
+    if (row.partner) FillRange(parameter, row);
     parameter.automatesSmoothly = true;
     parameter.coarseGranularityShouldPreround = true;
-    parameter.controlScale = 1;
-    if (const auto* row = RowFor(ParameterExtrasRows(), pid)) FillExtras(parameter, *row);
-    if (const auto* row = RowFor(RangeRows(), pid)) FillRange(parameter, *row);
-    if (const auto* row = RowFor(ParameterLayouts(), pid)) FillLayout(parameter, *row);
 }
 
 void FillClump(QVMClump& clump, std::uint32_t cid) {

@@ -1,6 +1,5 @@
 #include "viz/sketches/PBParameter.h"
 
-#include "description/tables/ParameterLayoutTable.h"
 #include "description/tables/ParameterTable.h"
 
 namespace QVM_NAMESPACE {
@@ -23,22 +22,18 @@ PBRect rectFrom(const QVMRect& rect) {
 
 std::array<PBParameter, QVMParameterCount> buildParameters() {
     std::array<PBParameter, QVMParameterCount> rows;
-    for (const tables::ParameterIdentity& identity : tables::ParameterIdentities()) {
-        PBParameter& row = rows.at(identity.pid);
-        row.defaultValue = identity.initialValue;
-        row.minValue = identity.minValue;
-        row.maxValue = identity.maxValue;
-        row.unit = identity.unit;
+    for (const tables::ParameterRow& parameter : tables::Parameters()) {
+        PBParameter& row = rows.at(parameter.pid);
+        row.defaultValue = parameter.initialValue;
+        row.minValue = parameter.minValue;
+        row.maxValue = parameter.maxValue;
+        row.unit = parameter.unit;
+        row.flags = (parameter.horizontal ? PBParameterHorizontal : 0u) |
+                    (parameter.logarithmic() ? PBParameterLogarithmic : 0u);
+        row.color = ColorFromHexText(parameter.color).rgb();
+        row.controlType = parameter.controlType;
+        row.frame = rectFrom(parameter.frame);
     }
-    for (const tables::ParameterControlRow& control : tables::ParameterControls()) {
-        PBParameter& row = rows.at(control.pid);
-        row.flags =
-            (control.horizontal ? PBParameterHorizontal : 0u) | (control.logarithmic ? PBParameterLogarithmic : 0u);
-        row.color = ColorFromHexText(control.color).rgb();
-        row.controlType = control.controlType;
-    }
-    for (const tables::ParameterLayout& layout : tables::ParameterLayouts())
-        rows.at(layout.pid).frame = rectFrom(layout.frame);
     for (const TrackRow& track : kTracks)
         rows.at(track.pid).track = track.track;
     return rows;

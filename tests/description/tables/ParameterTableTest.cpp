@@ -97,8 +97,7 @@ TEST(ParameterTable, StepsAndControlOfEveryParameter) {
 
 TEST(ParameterTable, EveryRowStandsAtItsPid) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-        EXPECT_EQ(tables::ParameterIdentities()[pid].pid, pid);
-        EXPECT_EQ(tables::ParameterControls()[pid].pid, pid);
+        EXPECT_EQ(tables::Parameters()[pid].pid, pid);
     }
 }
 

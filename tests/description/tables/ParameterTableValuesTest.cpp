@@ -1,4 +1,4 @@
-#include "description/tables/ParameterExtrasTable.h"
+#include "description/tables/ParameterTable.h"
 
 #include "description/Description.h"
 #include "description/tables/Artwork.h"
@@ -25,7 +25,7 @@ std::vector<std::uint32_t> Pids(Predicate predicate) {
     return pids;
 }
 
-TEST(ParameterExtrasTable, LabelTexts) {
+TEST(ParameterTableValues, LabelTexts) {
     EXPECT_EQ(GetParameter(0)->labelString, "Power");
     EXPECT_EQ(GetParameter(0)->label, "Power");
     EXPECT_EQ(GetParameter(6)->labelString, "Loudness");
@@ -38,7 +38,7 @@ TEST(ParameterExtrasTable, LabelTexts) {
     EXPECT_THAT(Pids([](const auto& p) { return !p.label.empty(); }), ElementsAre(0, 7, 14, 15, 21, 22));
 }
 
-TEST(ParameterExtrasTable, LabelImages) {
+TEST(ParameterTableValues, LabelImages) {
     const std::string prefix = "base64,";
     for (const std::uint32_t pid : {14u, 21u})
         EXPECT_EQ(GetParameter(pid)->label, prefix + artwork::labelSlope);
@@ -47,7 +47,7 @@ TEST(ParameterExtrasTable, LabelImages) {
     EXPECT_TRUE(GetParameter(14)->label.starts_with("base64,iVBOR")); // how every PNG begins
 }
 
-TEST(ParameterExtrasTable, NamedValues) {
+TEST(ParameterTableValues, NamedValues) {
     EXPECT_THAT(GetParameter(6)->stringValues, ElementsAre("Auto", "Norm", "Treble", "Bass"));
     EXPECT_THAT(GetParameter(8)->stringValues, ElementsAre("Pre", "Post", "Diff"));
     for (const std::uint32_t pid : {0u, 13u, 20u, 23u}) {
@@ -56,7 +56,7 @@ TEST(ParameterExtrasTable, NamedValues) {
     EXPECT_THAT(Pids([](const auto& p) { return !p.stringValues.empty(); }), ElementsAre(0, 6, 8, 13, 20, 23));
 }
 
-TEST(ParameterExtrasTable, CueSymbols) {
+TEST(ParameterTableValues, CueSymbols) {
     EXPECT_THAT(GetParameter(0)->cueSymbols, ElementsAre("\uE101", "\uE101"));
     EXPECT_THAT(GetParameter(13)->cueSymbols, ElementsAre("\uE219", "\uE219"));
     EXPECT_THAT(GetParameter(20)->cueSymbols, ElementsAre("\uE20B", "\uE20B"));
@@ -67,7 +67,7 @@ TEST(ParameterExtrasTable, CueSymbols) {
     EXPECT_THAT(Pids([](const auto& p) { return !p.cueSymbols.empty(); }), ElementsAre(0, 1, 13, 20, 23));
 }
 
-TEST(ParameterExtrasTable, CuePositionsLieOnTheScale) {
+TEST(ParameterTableValues, CuePositionsLieOnTheScale) {
     for (const float position : GetParameter(1)->cueSymbolPositions) {
         EXPECT_GE(position, -18);
         EXPECT_LE(position, 18);
@@ -75,7 +75,7 @@ TEST(ParameterExtrasTable, CuePositionsLieOnTheScale) {
     EXPECT_FALSE(GetParameter(1)->cueSymbolPositions.empty());
 }
 
-TEST(ParameterExtrasTable, ScaleMarks) {
+TEST(ParameterTableValues, ScaleMarks) {
     EXPECT_THAT(GetParameter(1)->tickmarks, ElementsAre(0));
     EXPECT_THAT(GetParameter(7)->tickmarks, ElementsAre(0));
     EXPECT_THAT(GetParameter(7)->displayTickmarks, ElementsAre(-96, -84, -72, -60, -48, -36, -24, -12, 6, 12));
@@ -84,7 +84,7 @@ TEST(ParameterExtrasTable, ScaleMarks) {
     EXPECT_THAT(Pids([](const auto& p) { return !p.displayTickmarks.empty(); }), ElementsAre(7));
 }
 
-TEST(ParameterExtrasTable, CoarseStepsOfFrequenciesAreThirdOctaves) {
+TEST(ParameterTableValues, CoarseStepsOfFrequenciesAreThirdOctaves) {
     const std::vector<float> thirds = {16,   20,   25,   31,   40,   50,   63,    80,    100,   125,  160,
                                        200,  250,  315,  400,  500,  630,  800,   1000,  1250,  1600, 2000,
                                        2500, 3150, 4000, 5000, 6300, 8000, 10000, 12500, 16000, 20000};
@@ -94,14 +94,14 @@ TEST(ParameterExtrasTable, CoarseStepsOfFrequenciesAreThirdOctaves) {
     EXPECT_THAT(Pids([](const auto& p) { return !p.coarseGranularityOptions.empty(); }), ElementsAre(2, 3, 9, 10));
 }
 
-TEST(ParameterExtrasTable, SubstitutedTextsAreKeyedByTheNumberWithOneDecimal) {
+TEST(ParameterTableValues, SubstitutedTextsAreKeyedByTheNumberWithOneDecimal) {
     EXPECT_THAT(GetParameter(7)->substituteStringsForValues, UnorderedElementsAre(Pair("-96.0", "-Inf")));
     EXPECT_THAT(GetParameter(9)->substituteStringsForValues, UnorderedElementsAre(Pair("4.0", "Off")));
     EXPECT_THAT(GetParameter(10)->substituteStringsForValues, UnorderedElementsAre(Pair("24000.0", "Off")));
     EXPECT_THAT(Pids([](const auto& p) { return !p.substituteStringsForValues.empty(); }), ElementsAre(7, 9, 10));
 }
 
-TEST(ParameterExtrasTable, FiltersThatAreOffDimTheirControls) {
+TEST(ParameterTableValues, FiltersThatAreOffDimTheirControls) {
     EXPECT_THAT(GetParameter(9)->dims, ElementsAre(Pair(4, Names{"FilterSlopeLow", "FilterResonanceLow"})));
     EXPECT_THAT(GetParameter(10)->dims, ElementsAre(Pair(24000, Names{"FilterSlopeHigh", "FilterResonanceHigh"})));
     EXPECT_THAT(GetParameter(13)->dims, ElementsAre(Pair(1, Names{"FilterResonanceLow"})));
@@ -111,7 +111,7 @@ TEST(ParameterExtrasTable, FiltersThatAreOffDimTheirControls) {
 
 using RangeEntries = std::vector<QVMRangeSettings::Entry>;
 
-TEST(ParameterExtrasTable, LowEndsOfRanges) {
+TEST(ParameterTableValues, LowEndsOfRanges) {
     const auto expected = [](const char* name, const char* key) {
         return RangeEntries{
             {"low", true},       {"func", std::string("max")}, {"with-name", std::string(name)}, {"factor", 2.0f},
@@ -121,7 +121,7 @@ TEST(ParameterExtrasTable, LowEndsOfRanges) {
     EXPECT_EQ(GetParameter(9)->range.entries(), expected("Filter Range Low", "QVM0015Param_FilterRangeHigh"));
 }
 
-TEST(ParameterExtrasTable, HighEndsOfRanges) {
+TEST(ParameterTableValues, HighEndsOfRanges) {
     const auto expected = [](const char* name, float limit, const char* key) {
         return RangeEntries{
             {"high", true},   {"func", std::string("min")},   {"with-name", std::string(name)}, {"factor", 0.5f},
@@ -135,7 +135,7 @@ TEST(ParameterExtrasTable, HighEndsOfRanges) {
     EXPECT_THAT(Pids([](const auto& p) { return !p.rangeWith.empty(); }), ElementsAre(3, 10));
 }
 
-TEST(ParameterExtrasTable, FieldsThatTheProductDoesNotUseAreEmpty) {
+TEST(ParameterTableValues, FieldsThatTheProductDoesNotUseAreEmpty) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const QVMParameter& parameter = *GetParameter(pid);
         EXPECT_THAT(parameter.staticConversions, IsEmpty());

@@ -1,4 +1,4 @@
-#include "description/tables/ParameterLayoutTable.h"
+#include "description/tables/ParameterTable.h"
 
 #include "description/Description.h"
 
@@ -23,7 +23,7 @@ QVMSize RoomOf(const QVMParameter& parameter) {
     return parameter.clump->clumpType == QVMClumpTypeAdvanced ? QVMSize{200, 320} : QVMSize{418, 290};
 }
 
-TEST(ParameterLayoutTable, LinksAndTheHiddenParameterHaveNoFrame) {
+TEST(ParameterTableLayout, LinksAndTheHiddenParameterHaveNoFrame) {
     const std::set<std::uint32_t> without = {4, 5, 8, 11, 12, 16, 17, 18, 19};
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         EXPECT_EQ(GetParameter(pid)->frame.isEmpty(), without.contains(pid)) << pid;
@@ -31,7 +31,7 @@ TEST(ParameterLayoutTable, LinksAndTheHiddenParameterHaveNoFrame) {
     }
 }
 
-TEST(ParameterLayoutTable, EveryFrameLiesInsideItsRoomAndEveryControlInsideItsFrame) {
+TEST(ParameterTableLayout, EveryFrameLiesInsideItsRoomAndEveryControlInsideItsFrame) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const QVMParameter& parameter = *GetParameter(pid);
         EXPECT_TRUE(Inside(parameter.frame, RoomOf(parameter))) << pid;
@@ -42,7 +42,7 @@ TEST(ParameterLayoutTable, EveryFrameLiesInsideItsRoomAndEveryControlInsideItsFr
     }
 }
 
-TEST(ParameterLayoutTable, ControlsOfAClumpDoNotOverlap) {
+TEST(ParameterTableLayout, ControlsOfAClumpDoNotOverlap) {
     for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid) {
         const auto& parameters = GetClump(cid)->parameters;
         for (std::size_t a = 0; a < parameters.size(); ++a) {
@@ -55,7 +55,7 @@ TEST(ParameterLayoutTable, ControlsOfAClumpDoNotOverlap) {
     }
 }
 
-TEST(ParameterLayoutTable, TheEndsOfARangeShareTheirColumnAndStackTheLowEndOnTop) {
+TEST(ParameterTableLayout, TheEndsOfARangeShareTheirColumnAndStackTheLowEndOnTop) {
     for (const auto& [low, high] : {std::pair{2u, 3u}, std::pair{9u, 10u}}) {
         EXPECT_EQ(GetParameter(low)->controlFrame, GetParameter(high)->controlFrame);
         EXPECT_EQ(GetParameter(low)->frame.x, GetParameter(high)->frame.x);
@@ -63,7 +63,7 @@ TEST(ParameterLayoutTable, TheEndsOfARangeShareTheirColumnAndStackTheLowEndOnTop
     }
 }
 
-TEST(ParameterLayoutTable, ANormalDragOfANumberSweepsItsRangeInAHandsBreadth) {
+TEST(ParameterTableLayout, ANormalDragOfANumberSweepsItsRangeInAHandsBreadth) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const auto& points = GetParameter(pid)->numberOnlyPixelConstants;
         if (GetParameter(pid)->controlType != QVMControlTypeNumber) {
@@ -78,7 +78,7 @@ TEST(ParameterLayoutTable, ANormalDragOfANumberSweepsItsRangeInAHandsBreadth) {
     }
 }
 
-TEST(ParameterLayoutTable, TheNumbersOfTheAdvancedDrawerStandInRowsAndColumns) {
+TEST(ParameterTableLayout, TheNumbersOfTheAdvancedDrawerStandInRowsAndColumns) {
     for (const auto& [low, high] : {std::pair{14u, 21u}, std::pair{15u, 22u}}) {
         const QVMRect &left = GetParameter(low)->frame, &right = GetParameter(high)->frame;
         EXPECT_EQ(left.y, right.y) << low;
