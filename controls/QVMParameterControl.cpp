@@ -1,12 +1,12 @@
 #include "controls/QVMParameterControl.h"
 
 #include "controls/QVMVerticalSlider.h"
+#include "description/NumberText.h"
 #include "platform/runloop/RunLoop.h"
 #include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
@@ -24,17 +24,10 @@ Rect controlFrameOf(const QVMParameter* parameter) {
     return parameter ? parameter->controlFrame : Rect{};
 }
 
-// A decimal number with a point, beyond all limits if it is too long for a float; 0 for anything else.
+// A decimal number with a point, as large as one cares to type; 0 for anything else.
 float parsedNumber(const std::string& text) {
-    if (text.empty() || text.find_first_not_of("-.0123456789") != std::string::npos) return 0;
-    float number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    if (rest != end) return 0;
-    if (error == std::errc()) return std::clamp(number, -kBeyondLimits, kBeyondLimits);
-    const bool isHuge = text.substr(0, text.find('.')).find_first_of("123456789") != std::string::npos;
-    if (!isHuge) return 0; // too near to 0
-    return text.front() == '-' ? -kBeyondLimits : kBeyondLimits;
+    if (text.find_first_not_of("-.0123456789") != std::string::npos) return 0;
+    return std::clamp(NumberFromText<float>(text).value_or(0), -kBeyondLimits, kBeyondLimits);
 }
 
 // The master switch has a class of its own, whatever its type says.

@@ -1,9 +1,11 @@
-// Numbers as text, independent of the locale that the host may have set.
+// Numbers as text and back, independent of the locale that the host may have set: the decimal sign is a point.
 #pragma once
 
 #include "BuildNamespace.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace QVM_NAMESPACE {
 
@@ -16,5 +18,21 @@ std::string ShortestText(double value);
 // At most so many significant digits and no trailing zeros, with an exponent where the number calls for one, as
 // printf's "%.*g".
 std::string SignificantText(double value, int digits);
+
+// A number that a text begins with, and what stands behind it.
+template <class Number>
+struct ReadNumber {
+    Number value;
+    std::string_view rest;
+};
+
+// The nearest `Number` (float or double) to what the text begins with, or none where it begins with no number. An
+// exponent may follow; "inf" and "nan" are read as such. What is beyond all numbers is the largest there is, and what
+// is nearer to 0 than the smallest is 0, both with their sign.
+template <class Number>
+std::optional<ReadNumber<Number>> NumberAtStart(std::string_view text);
+// The same of a text that is a number and nothing else.
+template <class Number>
+std::optional<Number> NumberFromText(std::string_view text);
 
 } // namespace QVM_NAMESPACE

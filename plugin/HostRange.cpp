@@ -1,9 +1,9 @@
 #include "plugin/HostRange.h"
 
+#include "description/NumberText.h"
 #include "description/ParameterTypes.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
@@ -73,11 +73,10 @@ float hostValueForText(const QVMParameter& parameter, const std::string& text) {
     }
     std::replace(number.begin(), number.end(), ',', '.');
     if (!number.empty() && number.front() == '+') number.erase(0, 1);
-    float shown = 0;
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), shown);
-    if (error != std::errc{} || !std::isfinite(shown)) return parameter.reverseCastValue(parameter.initialValue);
-    const std::string rest = trimmed(number.substr(static_cast<std::size_t>(end - number.data())));
-    if (!rest.empty() && rest.front() == 'k') shown *= 1000;
+    const auto read = NumberAtStart<float>(number);
+    if (!read || !std::isfinite(read->value)) return parameter.reverseCastValue(parameter.initialValue);
+    const bool isKilo = trimmed(std::string(read->rest)).starts_with('k');
+    const float shown = isKilo ? read->value * 1000 : read->value;
     // Both ends of a range are the same number in both domains.
     const HostRange range(parameter);
     return parameter.reverseCastValue(std::clamp(shown, range.minimum, range.maximum));

@@ -4,7 +4,6 @@
 #include "settings/AddressParts.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -23,16 +22,12 @@ struct QueryForm {
 };
 constexpr QueryForm currentForm{'/', ':'}, olderForm{'&', '='};
 
-// All of the text as a decimal number with a point, or none. Beyond single precision it is the largest there is, which
-// no range reaches.
+// All of the text as a number. Beyond single precision it is the largest there is, which no range reaches.
 std::optional<float> finiteNumber(std::string_view text) {
-    double number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || rest != end) return std::nullopt;
-    if (!std::isfinite(number)) return std::nullopt; // written out, as "nan"
+    const std::optional<double> number = NumberFromText<double>(text);
+    if (!number || !std::isfinite(*number)) return std::nullopt; // written out, as "nan"
     constexpr double largest = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(number, -largest, largest));
+    return static_cast<float>(std::clamp(*number, -largest, largest));
 }
 
 void put(std::vector<SettingsEntry>& entries, SettingsEntry entry) {

@@ -91,5 +91,37 @@ TEST(NumberText, DecimalSignIsAPointInALocaleWithCommas) {
     EXPECT_EQ(SignificantText(1.5, 9), "1.5");
 }
 
+TEST(NumberText, ReadsTheNumberThatATextBeginsWith) {
+    const auto read = NumberAtStart<float>("-12.5e1 kHz");
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->value, -125);
+    EXPECT_EQ(read->rest, " kHz");
+    EXPECT_EQ(NumberAtStart<float>("1,5")->value, 1);
+    for (const char* none : {"", "x1", "+1", " 1", ".", "-", "e5"})
+        EXPECT_FALSE(NumberAtStart<float>(none)) << none;
+}
+
+TEST(NumberText, ReadsATextThatIsANumberAndNothingElse) {
+    EXPECT_EQ(NumberFromText<double>("0.1"), 0.1);
+    EXPECT_EQ(NumberFromText<float>("0.1"), 0.1f);
+    EXPECT_EQ(NumberFromText<float>("1 "), std::nullopt);
+    EXPECT_TRUE(std::isinf(*NumberFromText<float>("inf")));
+    EXPECT_TRUE(std::isnan(*NumberFromText<float>("nan")));
+}
+
+TEST(NumberText, NumbersBeyondAllNumbersAreTheLargestAndThoseTooNearToZeroAreZero) {
+    constexpr float largest = std::numeric_limits<float>::max();
+    for (const char* huge : {"1e39", "1e999", "1e99999999999999999999", "1000000000000000000000000000000000000000.0",
+                             "0.001E+999", "000099e38"})
+        EXPECT_EQ(NumberFromText<float>(huge), largest) << huge;
+    EXPECT_EQ(NumberFromText<float>("-1e39"), -largest);
+    EXPECT_EQ(NumberFromText<double>("1e39"), 1e39);
+    EXPECT_EQ(NumberFromText<double>("1e400"), std::numeric_limits<double>::max());
+    for (const char* tiny :
+         {"1e-60", "1e-99999999999999999999", "1000e-99", "0.00000000000000000000000000000000000000000000000001"})
+        EXPECT_EQ(NumberFromText<float>(tiny), 0.0f) << tiny;
+    EXPECT_TRUE(std::signbit(*NumberFromText<float>("-1e-60")));
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -74,42 +75,30 @@ constexpr std::array kOperations = {
     ValueOperation{"suffix", kPidValue, false, Suffix},
 };
 
+// Half a step beyond the largest 32-bit number: up to there that one is the nearest.
+constexpr double kRoundsToTheLargest = 0x1.ffffffp127;
+
 std::string Quoted(std::string_view word) {
     return "'" + std::string(word) + "'";
-}
-
-// The whole word as a number, or none.
-template <typename Type>
-std::optional<Type> Parsed(std::string_view word, std::errc* error) {
-    Type value{};
-    const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), value);
-    *error = end == word.data() + word.size() ? code : std::errc::invalid_argument;
-    if (*error != std::errc()) return std::nullopt;
-    return value;
 }
 
 // Numbers too small for 32 bits are 0; those too large are refused.
 std::string ParseFloat(std::string_view word, float* value) {
     std::string_view digits = word;
     if (digits.starts_with('+') && !digits.starts_with("+-")) digits.remove_prefix(1);
-    std::errc error{};
-    if (const auto parsed = Parsed<float>(digits, &error)) {
-        *value = *parsed;
-        return {};
-    }
-    if (error != std::errc::result_out_of_range) return Quoted(word) + " is not a number";
-    const auto wide = Parsed<double>(digits, &error);
-    if (!wide || std::abs(*wide) > 1) return Quoted(word) + " is out of range";
-    *value = std::copysign(0.0f, *wide < 0 ? -1.0f : 1.0f);
+    const std::optional<float> number = NumberFromText<float>(digits);
+    if (!number) return Quoted(word) + " is not a number";
+    const bool isLargest = std::abs(*number) == std::numeric_limits<float>::max();
+    if (isLargest && std::abs(*NumberFromText<double>(digits)) > kRoundsToTheLargest)
+        return Quoted(word) + " is out of range";
+    *value = *number;
     return {};
 }
 
 std::string ParseWhole(std::string_view word, std::uint32_t* value) {
-    std::errc error{};
-    const auto parsed = Parsed<std::uint32_t>(word, &error);
-    if (!parsed) return Quoted(word) + " is not a whole number";
-    *value = *parsed;
-    return {};
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), *value);
+    const bool isWhole = error == std::errc() && end == word.data() + word.size();
+    return isWhole ? std::string() : Quoted(word) + " is not a whole number";
 }
 
 std::string ParseType(std::string_view word, std::uint32_t* value) {
