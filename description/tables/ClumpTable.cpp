@@ -1,6 +1,7 @@
 #include "description/tables/ClumpTable.h"
 
 #include "description/tables/Artwork.h"
+#include "description/tables/Frames.h"
 
 #include <array>
 
@@ -32,17 +33,7 @@ constexpr std::array<SketchRow, 1> kOutputSketches = {{{"InputOutputMeter", "Out
 constexpr QVMRect kHeading = {11, 7, 100, 15};
 
 constexpr std::array<ClumpRow, 5> kClumps = {{
-    {0,
-     "MasterOn/Off",
-     "MasterOnOff",
-     "MasterOn/Off",
-     nullptr,
-     QVMClumpTypeMaster,
-     kMasterPids,
-     {418, 0, 62, 320},
-     {},
-     {},
-     {}},
+    {0, "MasterOn/Off", "MasterOnOff", "MasterOn/Off", nullptr, QVMClumpTypeMaster, kMasterPids, kPowerBox, {}, {}, {}},
     {1,
      "Tilt",
      "Tilt",
@@ -50,7 +41,7 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
      &artwork::headingTilt,
      QVMClumpTypeOrdinary,
      kTiltPids,
-     {0, 0, 321, 174},
+     kTiltPanel,
      kHeading,
      kTiltLabels,
      {}},
@@ -61,7 +52,7 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
      &artwork::headingOutput,
      QVMClumpTypeOrdinary,
      kOutputPids,
-     {321, 0, 97, 290},
+     kOutputPanel,
      kHeading,
      {},
      kOutputSketches},
@@ -72,7 +63,7 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
      &artwork::headingFilter,
      QVMClumpTypeOrdinary,
      kFilterPids,
-     {0, 174, 321, 116},
+     kFilterPanel,
      kHeading,
      kFilterLabels,
      {}},
@@ -83,7 +74,7 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
      &artwork::headingAdvFilter,
      QVMClumpTypeAdvanced,
      kAdvancedPids,
-     {0, 0, 200, 320},
+     {0, 0, kAdvancedWidth, kEditorSize.height},
      {11, 8, 120, 15},
      kAdvancedLabels,
      {}},

@@ -1,4 +1,5 @@
 #include "description/tables/Artwork.h"
+#include "description/tables/Frames.h"
 #include "description/tables/RecordBuilder.h"
 
 namespace QVM_NAMESPACE {
@@ -40,9 +41,10 @@ const std::vector<std::string>& ParameterOrder() {
 
 // The dividers between the panels, with y upwards from the bottom of the panels, then the edge of the drawer.
 std::vector<std::vector<QVMLineSegment>> LayoutEdges() {
+    constexpr double right = kOutputPanel.x, middle = kFilterPanel.height, top = kOutputPanel.height;
     return {
-        {{{321, 0}, {321, 116}}, {{0, 116}, {321, 116}}, {{321, 116}, {321, 290}}},
-        {{{0, 320}, {200, 320}}},
+        {{{right, 0}, {right, middle}}, {{0, middle}, {right, middle}}, {{right, middle}, {right, top}}},
+        {{{0, kEditorSize.height}, {kAdvancedWidth, kEditorSize.height}}},
     };
 }
 
@@ -54,13 +56,13 @@ void FillMetadata(QVMMetadata& metadata) {
     metadata.pluginPackageName = "qvm2-Slantwise-SW2X";
     metadata.pluginURLSlug = "slantwise";
     metadata.version = QVM_VERSION_TEXT;
-    metadata.versionHex = "0x00020001";
+    metadata.versionHex = QVM_VERSION_HEX;
     metadata.versionInteger = QVM_VERSION_INTEGER;
     metadata.sha = QVM_BUILD_MARK;
     metadata.commits = "7804";
     metadata.logo = artwork::logo;
-    metadata.width = 480;
-    metadata.height = 320;
+    metadata.width = static_cast<float>(kEditorSize.width);
+    metadata.height = static_cast<float>(kEditorSize.height);
     metadata.color = ColorFromHexText("#A5666C");
     metadata.hasAdvancedControls = true;
     metadata.hasGenericHQMode = true;

@@ -1,6 +1,7 @@
 #include "description/tables/ParameterTable.h"
 
 #include "description/tables/Artwork.h"
+#include "description/tables/Frames.h"
 #include "description/tables/ValueNames.h"
 
 #include <array>
@@ -58,7 +59,7 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 1,
      .controlType = QVMControlTypeToggle, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#FFFFFF", .label = "Power", .labelString = "Power",
      .stringValues = kOffOn, .cueSymbols = kPowerGlyphs, .scope = 1,
-     .frame = {4, 116, 54, 62}, .controlFrame = {0, 0, 54, 62}},
+     .frame = kPowerSwitch, .controlFrame = {0, 0, 54, 62}},
     {.pid = pidTiltGain, .name = "Tilt Gain", .codesafeName = "TiltGain", .minimalName = "tg", .cid = kTilt,
      .unit = QVMUnitDecibels, .unitSymbol = "dB", .minValue = -18, .maxValue = 18, .initialValue = 0,
      .steps = {0.5f, 0.1f, 1.5f}, .decimals = 1,
@@ -92,7 +93,7 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .steps = {0.5f, 0.1f, 3}, .decimals = 1, .scale = Scale::fader,
      .controlType = QVMControlTypeSlider, .labelDisplay = 2, .color = "#938586", .label = "Output Gain",
      .exceptions = kSilence, .tickmarks = kZeroMark, .minorTickmarks = kOutputMinorMarks, .displayTickmarks = kOutputMarks,
-     .frame = {0, 0, 97, 217}, .controlFrame = {0, 0, 97, 217}},
+     .frame = kOutputSlider, .controlFrame = kOutputSlider},
     {.pid = pidMeterMode, .name = "Meter Mode", .codesafeName = "MeterMode", .minimalName = "mm", .cid = kOutput,
      .unit = QVMUnitIndexed, .minValue = 0, .maxValue = 2, .initialValue = 0,
      .controlType = QVMControlTypeCycle, .controlStyle = 1, .horizontal = true, .includeCrementers = true, .hidden = true, .color = "#938586",

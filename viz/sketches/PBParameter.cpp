@@ -15,11 +15,6 @@ struct TrackRow {
 // 14 points around x = 48; two channels of 6 points fill the groove but for one point at either side.
 constexpr std::array<TrackRow, 1> kTracks = {{{pidOutputGain, {45, 26, 6, 165}}}};
 
-PBRect rectFrom(const QVMRect& rect) {
-    return {static_cast<float>(rect.x), static_cast<float>(rect.y), static_cast<float>(rect.width),
-            static_cast<float>(rect.height)};
-}
-
 std::array<PBParameter, QVMParameterCount> buildParameters() {
     std::array<PBParameter, QVMParameterCount> rows;
     for (const tables::ParameterRow& parameter : tables::Parameters()) {
@@ -32,7 +27,7 @@ std::array<PBParameter, QVMParameterCount> buildParameters() {
                     (parameter.logarithmic() ? PBParameterLogarithmic : 0u);
         row.color = ColorFromHexText(parameter.color).rgb();
         row.controlType = parameter.controlType;
-        row.frame = rectFrom(parameter.frame);
+        row.frame = PBRectFrom(parameter.frame);
     }
     for (const TrackRow& track : kTracks)
         rows.at(track.pid).track = track.track;

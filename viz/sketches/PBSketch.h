@@ -3,7 +3,9 @@
 // Plain records, copied by value. Coordinates are points with y downwards.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "description/Types.h"
+#include "description/tables/Frames.h"
 
 #include <array>
 #include <cstdint>
@@ -17,6 +19,11 @@ struct PBRect {
     float h = 0;
     bool operator==(const PBRect&) const = default;
 };
+
+constexpr PBRect PBRectFrom(const Rect& rect) {
+    return {static_cast<float>(rect.x), static_cast<float>(rect.y), static_cast<float>(rect.width),
+            static_cast<float>(rect.height)};
+}
 
 // The pictures that the drawing object knows; a sketch with another id stays empty.
 enum PBSketchID : std::uint32_t {
@@ -37,8 +44,13 @@ struct PBSketch {
 // This product's sketches: the response curve in the power box, and the meter that stands exactly over the output
 // gain's slider in the view around the clumps.
 inline constexpr std::array<PBSketch, 2> PB_Sketches = {{
-    {PBSketchResponseCurve, -1, {4, 196, 54, 62}, true, {1.0f, 1.0f, 1.0f}, false},
-    {PBSketchLevelMeter, 7, {321, 0, 97, 217}, false, {0.5764706f, 0.5215687f, 0.5254902f}, false},
+    {PBSketchResponseCurve, -1, PBRectFrom(tables::kCurvePlace), true, {1.0f, 1.0f, 1.0f}, false},
+    {PBSketchLevelMeter,
+     pidOutputGain,
+     PBRectFrom(tables::kMeterPlace),
+     false,
+     {0.5764706f, 0.5215687f, 0.5254902f},
+     false},
 }};
 
 } // namespace QVM_NAMESPACE
