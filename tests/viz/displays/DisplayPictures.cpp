@@ -2,7 +2,7 @@
 //
 //   display_pictures FOLDER [gl]
 #include "LiveDisplays.h"
-#include "StereoSignals.h"
+#include "viz/analysis/StereoSignals.h"
 
 #include "platform/surface/CpuDrawingSurface.h"
 #include "platform/surface/GlDrawingSurface.h"

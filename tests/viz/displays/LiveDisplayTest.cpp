@@ -2,12 +2,12 @@
 // ends. Every question is also asked of pictures that must fail: none, a shifted one, and those of other signals.
 #include "viz/displays/LiveDisplays.h"
 
-#include "RecordingSurface.h"
-#include "StereoSignals.h"
 #include "platform/surface/CpuDrawingSurface.h"
 #include "platform/surface/GlDrawingSurface.h"
+#include "viz/analysis/StereoSignals.h"
 #include "viz/displays/QVMGoniometer.h"
 #include "viz/displays/QVMStereoscope.h"
+#include "viz/sketches/RecordingSurface.h"
 
 #include <gtest/gtest.h>
 

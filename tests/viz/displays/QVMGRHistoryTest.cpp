@@ -1,7 +1,7 @@
 #include "viz/displays/QVMGRHistory.h"
 
-#include "RecordingSurface.h"
-#include "StereoSignals.h"
+#include "viz/analysis/StereoSignals.h"
+#include "viz/sketches/RecordingSurface.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 #include "viz/displays/QVMGoniometer.h"
 
-#include "RecordingSurface.h"
-#include "StereoSignals.h"
+#include "viz/analysis/StereoSignals.h"
+#include "viz/sketches/RecordingSurface.h"
 
 #include <gtest/gtest.h>
 

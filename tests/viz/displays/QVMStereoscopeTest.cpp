@@ -1,7 +1,7 @@
 #include "viz/displays/QVMStereoscope.h"
 
-#include "RecordingSurface.h"
-#include "StereoSignals.h"
+#include "viz/analysis/StereoSignals.h"
+#include "viz/sketches/RecordingSurface.h"
 
 #include <gtest/gtest.h>
 
