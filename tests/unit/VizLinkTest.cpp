@@ -266,10 +266,10 @@ TEST_F(VizLinkLevels, LevelsThatFoundTheObjectInUseComeWithTheNextBlock) {
     int wrong = 0, met = 0; // how often the object was in use
     for (int i = 0; met < enough && i < patience; ++i) {
         link.postLevels(std::array{0.5f, 0.5f}, blockSeconds);
-        met += meter().channel(0).held == QVMLevelMeter::noLevel ? 1 : 0;
+        met += drawing->sharedState.levels.highest(0) == LevelWords::noLevel ? 1 : 0;
         do
             link.postLevels(std::array{0.1f, 0.1f}, blockSeconds);
-        while (meter().channel(0).held == QVMLevelMeter::noLevel);
+        while (drawing->sharedState.levels.highest(0) == LevelWords::noLevel);
         frame();
         wrong += std::abs(meter().channel(0).display + 6.0206f) < 1e-3f ? 0 : 1;
     }

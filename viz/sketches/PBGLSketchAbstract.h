@@ -1,14 +1,9 @@
-// The drawing object that an editor shares with its audio unit.
+// The drawing object that the sketches of an editor share: draws from what the audio unit writes into its shared state.
 //
-// The unit's render thread writes parameter states, glide targets and audio levels into it; the editor's main thread
-// lets the values glide and draws. Nothing locks: what both sides touch are single words.
-//
-// Who writes what: `parameterStates[i].value` and `auxValue`, `interpTargets`, the numeric meter's words and whatever a
-// derived class takes from audio are written by the unit's side and read by the main thread. `interpAmount` and the two
-// glide flags are written by both (restartGlide, performInterp). All else is the main thread's alone.
+// The state's words are touched by other threads, and it says which; all else here is the main thread's alone.
 #pragma once
 
-#include "link/QVMParameterState.h"
+#include "link/SharedState.h"
 #include "viz/sketches/PBGLCanvas.h"
 
 #include <vector>
@@ -41,41 +36,33 @@ public:
     virtual void performStaticConversion(unsigned /*pid*/, float* /*values*/) {}
     virtual ~PBGLSketchAbstract() = default;
 
-    // Gives every parameter a state and a place in the glide, all 0. Main thread, before the object is shared.
-    void sizeStates(std::uint32_t count);
-    // Starts the glide anew towards `interpTargets`, which are written before. One thread at a time, never waits: the
-    // render thread may call it.
-    void restartGlide();
-    // Asks for the next display frame: what is shown may differ then. Whoever writes something into the object says so
-    // afterwards; a frame that nobody asks for is not made. Any thread, never waits.
-    void requestFrame() { isFrameRequested_.storeOrdered(true); }
-    // Any thread.
-    bool isFrameRequested() const { return isFrameRequested_.load(); }
-    // For the frame, before it reads anything: takes the request, whether there was one.
-    bool takeFrameRequest() { return isFrameRequested_.exchangeOrdered(false); }
-    // One step of the glide: an exponential approach that ends exactly at the targets with the seventh step. Main
-    // thread, once a display frame. A target that is posted meanwhile is taken up by this step or by the next one.
-    void performInterp();
+    // These ask the shared state; each is described there.
+    void sizeStates(std::uint32_t count) { sharedState.glide.sizeStates(count); }
+    void restartGlide() { sharedState.restartGlide(); }
+    void performInterp() { sharedState.glide.performInterp(); }
+    void requestFrame() { sharedState.frameRequest.ask(); }
+    bool isFrameRequested() const { return sharedState.frameRequest.isAsked(); }
+    bool takeFrameRequest() { return sharedState.frameRequest.take(); }
 
+    // What the object shares with an audio unit, and all that the unit knows of it. Lives as long as the object.
+    SharedState sharedState;
     std::uint32_t chanIn = 0;
     std::uint32_t chanOut = 0;
     double sampleRate = 0; // hertz
-    std::uint32_t paramCount = 0;
-    std::vector<QVMParameterState> parameterStates;
-    std::vector<SharedWord<float>> interpTargets;
-    std::vector<float> interpValues;
-    std::vector<float> interpScratch;
-    SharedWord<float> interpAmount = 0;       // 0 at a glide's start, 1 at its end
-    SharedWord<bool> isInterpolating = false; // a glide runs
-    SharedWord<bool> interpPending = false;   // it has not reached its targets yet
-    SharedWord<float> numericMeterValue = 0;
-    SharedWord<const char*> numericMeterFormat = ""; // printf's, for one double; the text lives as long as the process
-    SharedWord<const char*> numericMeterSuffix = ""; // likewise
-    std::uint32_t refCount = 0;                      // layers that use the object
+    // The shared state's words under the names that a drawing object has them by.
+    const std::uint32_t& paramCount = sharedState.glide.paramCount;
+    std::vector<QVMParameterState>& parameterStates = sharedState.glide.parameterStates;
+    std::vector<SharedWord<float>>& interpTargets = sharedState.glide.interpTargets;
+    std::vector<float>& interpValues = sharedState.glide.interpValues;
+    std::vector<float>& interpScratch = sharedState.glide.interpScratch;
+    SharedWord<float>& interpAmount = sharedState.glide.interpAmount;
+    SharedWord<bool>& isInterpolating = sharedState.glide.isInterpolating;
+    SharedWord<bool>& interpPending = sharedState.glide.interpPending;
+    SharedWord<float>& numericMeterValue = sharedState.numericMeter.value;
+    SharedWord<const char*>& numericMeterFormat = sharedState.numericMeter.format;
+    SharedWord<const char*>& numericMeterSuffix = sharedState.numericMeter.suffix;
+    std::uint32_t refCount = 0; // layers that use the object
     bool isAlive = true;
-
-private:
-    SharedWord<bool> isFrameRequested_ = false;
 };
 
 } // namespace QVM_NAMESPACE

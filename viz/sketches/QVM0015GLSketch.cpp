@@ -17,7 +17,7 @@ constexpr int kResponse = 0, kAudition = 1, kCurves = 2;
 constexpr float kBackgroundShare = 0.35f;        // of the response's colour and alpha while something is auditioned
 constexpr float kRadiansPerHertz = 6.544984e-5f; // pi / 48000
 
-constexpr int kMeterChannels = 2;
+constexpr int kMeterChannels = SharedState::meterChannels;
 constexpr float kMeterAlphas[kMeterChannels] = {0.25f, 0.5f};
 constexpr float kMeterSides[kMeterChannels] = {-0.5f, 0.5f}; // times the track's width
 
@@ -54,16 +54,14 @@ void QVM0015GLSketch::initResponseCurve(const PBGLCanvas& canvas) {
 }
 
 void QVM0015GLSketch::initLevelMeter(const PBGLCanvas& canvas) {
-    // The render thread may be writing to the meter that there is, so it stays.
     if (levelMeter_) return levelMeter_->setCanvas(canvas);
-    levelMeter_ = std::make_unique<QVMLevelMeter>(canvas, kMeterChannels);
+    levelMeter_ = std::make_unique<QVMLevelMeter>(canvas, sharedState.levels);
     for (int i = 0; i < kMeterChannels; ++i) {
         QVMLevelMeter::Channel& channel = levelMeter_->channel(i);
         channel.offset.x = kMeterSides[i] * canvas.parameter.track.w;
         channel.colourEmpty = channel.colourFull = {0, 0, 0, kMeterAlphas[i]};
         channel.colourClip = {1, 0, 0, kMeterAlphas[i]};
     }
-    sharedMeter_.store(levelMeter_.get(), std::memory_order_release);
 }
 
 Redraw QVM0015GLSketch::prepareForDrawing(PBGLCanvas canvas, float duration) {

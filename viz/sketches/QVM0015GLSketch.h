@@ -2,7 +2,7 @@
 //
 // The curve is a model of the effect at 48 kHz, whatever the host's rate is, computed from the display values of the
 // parameter states. It reads whether a filter is on from the raw values, so that a filter comes and goes at once while
-// its corner glides. Main thread, except for levelMeter().
+// its corner glides. Main thread only.
 #pragma once
 
 #include "description/ParameterIDs.h"
@@ -11,7 +11,6 @@
 #include "viz/sketches/QVMFreqResp.h"
 #include "viz/sketches/QVMLevelMeter.h"
 
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <span>
@@ -46,8 +45,8 @@ public:
     std::span<const float> loudnessWeights() const { return loudnessWeights_; }
     float loudnessWeightsRms() const { return loudnessWeightsRms_; }
 
-    // Null until a meter's layer uses the object; from then on it stays. Any thread.
-    QVMLevelMeter* levelMeter() const { return sharedMeter_.load(std::memory_order_acquire); }
+    // Shows the levels of the shared state. Null until a meter's layer uses the object; from then on it stays.
+    QVMLevelMeter* levelMeter() const { return levelMeter_.get(); }
 
 private:
     struct Filter {
@@ -74,7 +73,6 @@ private:
 
     QVMFreqResp responseDisplay_;
     std::unique_ptr<QVMLevelMeter> levelMeter_;
-    std::atomic<QVMLevelMeter*> sharedMeter_ = nullptr; // the same, for the render thread
 
     // One value a grid point each.
     int numPoints_ = 0;

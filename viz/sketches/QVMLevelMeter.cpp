@@ -1,16 +1,17 @@
 #include "viz/sketches/QVMLevelMeter.h"
 
+#include "link/PeakLevel.h"
 #include "platform/surface/DrawingSurface.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr float kDecibelsPerNeper = 8.685889f;
 constexpr float kClipLevel = 0;                      // dB
 constexpr float kClipAttack = 100, kClipRelease = 1; // a second
 constexpr float kFadeRate = 4;                       // a second
@@ -34,12 +35,6 @@ Sample peakOf(const QVMAudioBuffer<Sample>& buffer, unsigned nFrames) {
     return peak;
 }
 
-template <class Sample>
-float levelOf(Sample peak, QVMFloat32Range range) {
-    const auto decibels = static_cast<float>(std::log(peak) * Sample{kDecibelsPerNeper});
-    return std::clamp(decibels, range.min, range.max);
-}
-
 // Exponential approach: what is left of the way after `dt`.
 float approach(float value, float target, float ratePerSecond, float dt) {
     const float kept = std::exp(-ratePerSecond * dt);
@@ -52,11 +47,24 @@ Color mix(Color at1, Color at0, float amount) {
 
 } // namespace
 
+QVMLevelMeter::QVMLevelMeter(PBGLCanvas canvas, LevelWords& words) : canvas_(canvas), words_(words) {
+    addChannels();
+}
+
+QVMLevelMeter::QVMLevelMeter(PBGLCanvas canvas, std::unique_ptr<LevelWords> words)
+    : canvas_(canvas), ownWords_(std::move(words)), words_(*ownWords_) {
+    addChannels();
+}
+
 QVMLevelMeter::QVMLevelMeter(PBGLCanvas canvas, int numChannels)
-    : canvas_(canvas), channels_(static_cast<std::size_t>(numChannels)), looks_(channels_.size()),
-      silence_(canvas.parameter.minValue) {
-    for (Channel& c : channels_)
-        c.level = c.display = silence_;
+    : QVMLevelMeter(canvas,
+                    std::make_unique<LevelWords>(static_cast<std::size_t>(numChannels), canvas.parameter.minValue)) {}
+
+void QVMLevelMeter::addChannels() {
+    looks_.resize(words_.channels());
+    channels_.reserve(words_.channels());
+    for (std::size_t i = 0; i < words_.channels(); ++i)
+        channels_.emplace_back(words_.latest(i)).display = words_.silence();
 }
 
 void QVMLevelMeter::setCanvas(const PBGLCanvas& canvas) {
@@ -66,46 +74,34 @@ void QVMLevelMeter::setCanvas(const PBGLCanvas& canvas) {
 
 void QVMLevelMeter::processAudio(const QVMAudioBuffer<float>* buffer, unsigned nFrames, QVMFloat32Range range,
                                  int index) {
-    takePeak(levelOf(peakOf(*buffer, nFrames), range), index);
+    post(peakLevel(peakOf(*buffer, nFrames), range), index);
 }
 
 void QVMLevelMeter::processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range,
                                  int index) {
-    takePeak(levelOf(peakOf(*buffer, nFrames), range), index);
+    post(peakLevel(peakOf(*buffer, nFrames), range), index);
 }
 
 void QVMLevelMeter::processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int index) {
-    takePeak(levelOf(peakOf(samples, nFrames, 0.0f), range), index);
+    post(peakLevel(peakOf(samples, nFrames, 0.0f), range), index);
 }
 
 void QVMLevelMeter::processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int index) {
-    takePeak(levelOf(peakOf(samples, nFrames, 0.0), range), index);
+    post(peakLevel(peakOf(samples, nFrames, 0.0), range), index);
 }
 
-void QVMLevelMeter::takePeak(float decibels, int index) {
-    channel(index).level = decibels;
-    channel(index).held.raiseTo(decibels);
-}
-
-void QVMLevelMeter::reset() {
-    for (Channel& c : channels_) {
-        c.level = silence_;
-        c.held = noLevel;
-    }
-    isResetAsked_ = true;
-}
-
-float QVMLevelMeter::levelOfFrame(float dt, Channel& c) const {
+float QVMLevelMeter::levelOfFrame(float dt, int index) {
+    Channel& c = channel(index);
     const float latest = c.level;
     if (!(dt > 0)) return latest;
-    const float held = c.held.exchange(noLevel);
-    c.unfedSeconds = held == noLevel ? c.unfedSeconds + dt : 0;
-    return c.unfedSeconds > levelSeconds_ ? silence_ : std::max(held, latest);
+    const float highest = words_.takeHighest(static_cast<std::size_t>(index));
+    c.unfedSeconds = highest == LevelWords::noLevel ? c.unfedSeconds + dt : 0;
+    return c.unfedSeconds > words_.standingSeconds() ? words_.silence() : std::max(highest, latest);
 }
 
 void QVMLevelMeter::slew(float dt, int index) {
     Channel& c = channel(index);
-    const float level = levelOfFrame(dt, c);
+    const float level = levelOfFrame(dt, index);
     const float milliseconds = c.display < level ? c.attackMs : c.releaseMs;
     c.display = approach(c.display, level, 1000 / milliseconds, dt);
     c.clip = level >= kClipLevel ? approach(c.clip, 1, kClipAttack, dt) : approach(c.clip, 0, kClipRelease, dt);
@@ -113,15 +109,15 @@ void QVMLevelMeter::slew(float dt, int index) {
 
 template <class Fill>
 void QVMLevelMeter::advance(float dt, Fill fillFor) {
-    const bool isReset = isResetAsked_.exchange(false);
+    const bool isReset = words_.takeReset();
     for (int i = 0; i < numChannels(); ++i) {
         Channel& c = channel(i);
-        if (isReset) c.display = silence_;
+        if (isReset) c.display = words_.silence();
         if (isReset) c.clip = 0;
         if (c.slewEnabled) {
             slew(dt, i);
         } else {
-            c.display = levelOfFrame(dt, c);
+            c.display = levelOfFrame(dt, i);
         }
         const float fill = fillFor(c.display);
         c.fill = c.clampFill ? std::clamp(fill, 0.0f, 1.0f) : fill;

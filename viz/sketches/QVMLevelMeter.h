@@ -1,16 +1,16 @@
 // A peak meter of several channels on the scale of the slider that it stands in.
 //
-// The audio side hands in blocks, of which there may be many in a display frame, or none: it writes the level of the
-// latest one and raises another word to the highest one, which each frame takes. So no peak is lost between two frames,
-// and a frame knows when nothing came. Everything else, from the ballistics to the bars, is the main thread's. Levels
-// are in dB, times of `dt` in seconds, time constants in milliseconds.
+// The audio side writes levels into words that the meter may share with it, and each frame takes the highest one since
+// the last. Everything else, from the ballistics to the bars, is the main thread's. Levels are in dB, times of `dt` in
+// seconds, time constants in milliseconds.
 #pragma once
 
+#include "link/LevelWords.h"
 #include "platform/surface/Color.h"
 #include "rings/QVMAudioBuffer.h"
 #include "viz/sketches/PBGLSketchAbstract.h"
 
-#include <limits>
+#include <memory>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -22,19 +22,18 @@ public:
         float y = 0;
     };
 
-    static constexpr float noLevel = -std::numeric_limits<float>::infinity(); // none came
-
     struct Channel {
+        explicit Channel(SharedWord<float>& word) : level(word) {}
+
         bool clampFill = true;
-        bool slewEnabled = true;          // otherwise the display follows the level at once
-        bool atRest = false;              // faded out completely: it and all channels behind it are not drawn
-        Offset offset;                    // of the bar from the parameter's track
-        SharedWord<float> level;          // the latest peak; written by the audio side
-        SharedWord<float> held = noLevel; // the highest one that no frame has taken yet; raised by the audio side
-        float unfedSeconds = 0;           // since a frame has taken one
-        float display = 0;                // the level after the ballistics
-        float clip = 0;                   // how much the clip indicator is lit, 0 to 1
-        float fill = 0;                   // how much of the bar is filled, 0 to 1
+        bool slewEnabled = true;  // otherwise the display follows the level at once
+        bool atRest = false;      // faded out completely: it and all channels behind it are not drawn
+        Offset offset;            // of the bar from the parameter's track
+        SharedWord<float>& level; // the latest peak, a word of LevelWords; written by the audio side
+        float unfedSeconds = 0;   // since a frame has taken one
+        float display = 0;        // the level after the ballistics
+        float clip = 0;           // how much the clip indicator is lit, 0 to 1
+        float fill = 0;           // how much of the bar is filled, 0 to 1
         float opacityTarget = 1;
         float opacity = 1;
         Color colourEmpty = {0, 0, 0, 0.5f};
@@ -47,8 +46,10 @@ public:
 
     using ScaleMapping = float (*)(unsigned pid, float value);
 
-    // Every channel stands at the minimum of the canvas's parameter.
+    // Every channel stands at the minimum of the canvas's parameter. The levels are in words of the meter's own.
     QVMLevelMeter(PBGLCanvas canvas, int numChannels);
+    // Shows the levels in `words`, which outlive the meter: a bar for each of their channels.
+    QVMLevelMeter(PBGLCanvas canvas, LevelWords& words);
 
     // Takes another canvas, for example at another scale; the levels stay. Main thread, also while audio is processed.
     void setCanvas(const PBGLCanvas& canvas);
@@ -64,12 +65,10 @@ public:
     void processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
     void processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int channel);
     void processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int channel);
-    // How long a level stands when no other one follows; then what fed the meter has stopped, which is silence. Any
-    // length unless told. Audio side, any time.
-    void setLevelSeconds(float seconds) { levelSeconds_ = seconds; }
-    // Forgets all levels, also those that no frame has taken; with the next frame the bars begin at the bottom and no
-    // clip indicator is lit. Any thread, never waits.
-    void reset();
+    // These two ask the words: LevelWords::setStandingSeconds() and reset(). With the next frame after a reset the bars
+    // begin at the bottom and no clip indicator is lit.
+    void setLevelSeconds(float seconds) { words_.setStandingSeconds(seconds); }
+    void reset() { words_.reset(); }
 
     // Main thread from here on. One step of a channel's ballistics and of its clip indicator, towards the highest level
     // since the last one. A step of no time takes no level.
@@ -93,8 +92,10 @@ private:
         int red = 0, green = 0, blue = 0, alpha = 0;
         bool operator==(const Look&) const = default;
     };
-    void takePeak(float decibels, int channel);
-    float levelOfFrame(float dt, Channel& channel) const;
+    QVMLevelMeter(PBGLCanvas canvas, std::unique_ptr<LevelWords> words);
+    void addChannels();
+    void post(float decibels, int channel) { words_.post(static_cast<std::size_t>(channel), decibels); }
+    float levelOfFrame(float dt, int channel);
     template <class Fill>
     void advance(float dt, Fill fillFor);
     void fade(float dt);
@@ -102,12 +103,11 @@ private:
     Look lookOf(int channel) const;
 
     PBGLCanvas canvas_;
+    const std::unique_ptr<LevelWords> ownWords_; // null when they are somebody else's
+    LevelWords& words_;
     std::vector<Channel> channels_;
     std::vector<Look> looks_; // of the frame before
     float marker_ = 0;
-    const float silence_; // dB
-    SharedWord<float> levelSeconds_ = std::numeric_limits<float>::infinity();
-    SharedWord<bool> isResetAsked_ = false;
 };
 
 } // namespace QVM_NAMESPACE

@@ -361,7 +361,16 @@ TEST_F(QVM0015GLSketchTest, SetsUpAMeterOfTwoBarsSideBySide) {
     EXPECT_EQ(meter->barRect(meterCanvas(), 0).x + 6, meter->barRect(meterCanvas(), 1).x);
 }
 
-// The render thread may be writing to it.
+TEST_F(QVM0015GLSketchTest, ItsMeterShowsTheSharedLevels) {
+    sketch->init(meterCanvas(), 44100, 512);
+    sketch->sharedState.levels.post(0, -6);
+    sketch->sharedState.levels.post(0, -20);
+    sketch->levelMeter()->channel(0).slewEnabled = false;
+    sketch->prepareForDrawing(meterCanvas(), 0.1f);
+    EXPECT_EQ(sketch->levelMeter()->channel(0).display, -6);
+    EXPECT_EQ(sketch->levelMeter()->channel(0).level, -20);
+}
+
 TEST_F(QVM0015GLSketchTest, AnotherLayerKeepsTheMeterAndItsLevels) {
     sketch->init(meterCanvas(1), 44100, 512);
     QVMLevelMeter* meter = sketch->levelMeter();

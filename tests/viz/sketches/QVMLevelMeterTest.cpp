@@ -212,6 +212,40 @@ TEST_F(QVMLevelMeterTest, AnOverAfterAResetIsSeen) {
     EXPECT_GT(meter.channel(0).clip, 0.9f);
 }
 
+TEST_F(QVMLevelMeterTest, ShowsTheLevelsThatItShares) {
+    LevelWords words(2, -96);
+    QVMLevelMeter shared(meterCanvas(), words);
+    ASSERT_EQ(shared.numChannels(), 2);
+    EXPECT_EQ(&shared.channel(1).level, &words.latest(1));
+    EXPECT_EQ(shared.channel(1).display, -96);
+    shared.channel(0).slewEnabled = shared.channel(1).slewEnabled = false;
+    words.post(1, -6);
+    words.post(1, -40);
+    shared.prepareForDrawing(0.1f);
+    EXPECT_EQ(shared.channel(1).display, -6);
+    EXPECT_EQ(shared.channel(0).display, -96);
+    shared.prepareForDrawing(0.1f);
+    EXPECT_EQ(shared.channel(1).display, -40);
+    const float half = 0.5f;
+    shared.processAudio(&half, 1, kRange, 0);
+    EXPECT_NEAR(words.latest(0), -6.0206, 1e-3) << "it posts into them as well";
+    words.setStandingSeconds(0.15f);
+    shared.prepareForDrawing(0.1f);
+    shared.prepareForDrawing(0.1f);
+    shared.prepareForDrawing(0.1f);
+    EXPECT_EQ(shared.channel(0).display, -96) << "nothing came for longer than a level stands";
+    words.post(0, 3);
+    words.reset();
+    shared.prepareForDrawing(0.1f);
+    EXPECT_EQ(shared.channel(0).display, -96);
+}
+
+TEST_F(QVMLevelMeterTest, MetersThatShareNothingAreKeptApart) {
+    QVMLevelMeter other(meterCanvas(), 2);
+    levelOf({0.5f});
+    EXPECT_EQ(other.channel(0).level, -96);
+}
+
 // What the writer raised is in this frame or in the next one.
 // Each round takes two turns of the processor, which on a busy machine are milliseconds apart: as many as there is time
 // for.
