@@ -17,6 +17,16 @@ endif()
 
 set(SLANTWISE_LAYER_ROOT ${PROJECT_BINARY_DIR}/layers)
 
+# Fails unless all of these are targets already: a name that is misspelt, or that of a library which stands above, would be
+# taken for a library of the system's. Names with colons are checked by CMake itself; a library of the system's has its path.
+function(slantwise_require_targets name)
+    foreach(link IN LISTS ARGN)
+        if(NOT TARGET ${link} AND NOT link MATCHES "::|^/")
+            message(FATAL_ERROR "${name} links \"${link}\", which is no target, or one that stands above it")
+        endif()
+    endforeach()
+endfunction()
+
 # Makes `view` show what is in `folder`, but for the folders in it that are libraries of their own.
 function(slantwise_link_headers folder view)
     if(IS_SYMLINK ${view})
@@ -31,16 +41,16 @@ function(slantwise_link_headers folder view)
     endforeach()
 endfunction()
 
-# slantwise_library(name [SOURCES file...] [LINKS target...] [FOLDER folder] [SYSTEM_LINKS target...])
+# slantwise_library(name [SOURCES file...] [LINKS target...] [SYSTEM_LINKS target...])
 # Headers are reached as "folder/Header.h" through a directory that holds links to this folder alone, so that a folder
 # sees exactly the folders it links. Without sources it is one of headers only.
 function(slantwise_library name)
-    cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;LINKS;SYSTEM_LINKS" ${ARGN})
-    if(NOT ARG_FOLDER)
-        file(RELATIVE_PATH ARG_FOLDER ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
-    endif()
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;SYSTEM_LINKS" ${ARGN})
+    file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    slantwise_require_targets(${name} ${ARG_LINKS})
+    set_property(GLOBAL APPEND PROPERTY SLANTWISE_TARGETS ${name})
     set(view ${SLANTWISE_LAYER_ROOT}/${name})
-    slantwise_link_headers(${PROJECT_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER})
+    slantwise_link_headers(${CMAKE_CURRENT_SOURCE_DIR} ${view}/${folder})
     if(NOT ARG_SOURCES)
         add_library(${name} INTERFACE)
         target_include_directories(${name} INTERFACE ${view} ${PROJECT_BINARY_DIR}/generated)
@@ -56,6 +66,8 @@ endfunction()
 # slantwise_program(name SOURCES file... LINKS target...)
 function(slantwise_program name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    slantwise_require_targets(${name} ${ARG_LINKS})
+    set_property(GLOBAL APPEND PROPERTY SLANTWISE_TARGETS ${name})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} slantwise_options)
 endfunction()
