@@ -3,7 +3,8 @@
 # The toolkit's modules come as sources that every target linking them would compile again. Here they are compiled into
 # one static library, `juce_toolkit`, which hands its include directories and definitions on: the adapter, the tests,
 # the gallery and all plug-in formats link the same objects. Nothing else may link a `juce::juce_*` module.
-find_package(JUCE CONFIG REQUIRED)
+# The very version: the adapter knows what this one does with focus, windows and drawing, and adds to one of its sources.
+find_package(JUCE 7.0.5 EXACT CONFIG REQUIRED)
 
 add_library(juce_toolkit STATIC)
 target_link_libraries(juce_toolkit PRIVATE
