@@ -1,28 +1,19 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
+#include "plugin/standalone/CommandLine.h"
 #include "settings/SettingsAddress.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <functional>
 #include <map>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-// Applies one option's value; answers what is wrong with it, or nothing.
-using Setter = std::function<std::string(Options&, const std::string& value)>;
-
-std::optional<double> parseNumber(const std::string& text, double least, double most) {
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size() || !(number >= least && number <= most)) return {};
-    return number;
-}
-
+// What is wrong with each value, or nothing.
 std::string setPreset(Options& options, const std::string& value) {
     const auto& names = GetPresets()->stringValues;
     const auto found = std::find(names.begin(), names.end(), value);
@@ -54,66 +45,55 @@ std::string setLayout(Options& options, const std::string& value) {
     return {};
 }
 
-Setter numberSetter(std::string name, double least, double most, std::function<void(Options&, double)> set) {
-    return [name = std::move(name), least, most, set = std::move(set)](Options& options, const std::string& value) {
-        const auto number = parseNumber(value, least, most);
-        if (!number) return name + " takes a number, not \"" + value + "\"";
-        set(options, *number);
-        return std::string();
-    };
-}
+// The program's command line; what it says goes to the options, which live as long.
+class OptionsLine {
+public:
+    explicit OptionsLine(Options& options) : options_(options) {
+        app.set_help_flag(); // an option like the others, so that what stands beside it is still looked at
+        add({"--play", "FILE", "loop a WAV, AIFF or FLAC file through the unit"},
+            [](Options& o, const std::string& v) { return o.playFile = v, std::string(); });
+        addBareFile(app, "the same as --play FILE", [this](const std::string& value) {
+            if (!options_.playFile.empty()) return unknownArgument(value);
+            return options_.playFile = value, std::string();
+        });
+        add({"--settings", "ADDRESS", "start with the settings of an address, as copied from an editor"}, setSettings);
+        add({"--preset", "NAME", "start with a factory preset"}, setPreset);
+        add({"--theme", "light|dark", "start in a theme"}, setTheme);
+        add({"--layout", "NAME", "start normal, wide (with the advanced drawer) or compact"}, setLayout);
+        addNumber(app, {"--scale", "N", "device pixels a point, 0.5 to 4 (otherwise the desktop's)"}, 0.5, 4,
+                  [this](double v) { options_.scale = v; });
+        add({"--screenshot", "FILE", "write a PNG of the editor; works without a display"},
+            [](Options& o, const std::string& v) { return o.screenshotFile = v, std::string(); });
+        addNumber(app, {"--after", "SECONDS", "when to write it (2)"}, 0, 3600,
+                  [this](double v) { options_.afterSeconds = v; });
+        addNumber(app, {"--quit-after", "SECONDS", "close by itself"}, 0, 1e6,
+                  [this](double v) { options_.quitAfterSeconds = v; });
+        addFlag(app, "-h,--help", options.showHelp, "print this");
+        addFlag(app, "--version", options.showVersion, "print the version");
+    }
 
-const std::map<std::string, Setter>& valueOptions() {
-    static const std::map<std::string, Setter> table = {
-        {"--play", [](Options& o, const std::string& v) { return o.playFile = v, std::string(); }},
-        {"--settings", setSettings},
-        {"--preset", setPreset},
-        {"--theme", setTheme},
-        {"--layout", setLayout},
-        {"--scale", numberSetter("--scale", 0.5, 4, [](Options& o, double v) { o.scale = v; })},
-        {"--screenshot", [](Options& o, const std::string& v) { return o.screenshotFile = v, std::string(); }},
-        {"--after", numberSetter("--after", 0, 3600, [](Options& o, double v) { o.afterSeconds = v; })},
-        {"--quit-after", numberSetter("--quit-after", 0, 1e6, [](Options& o, double v) { o.quitAfterSeconds = v; })},
-    };
-    return table;
-}
+    CLI::App app{"Opens the editor on an audio unit that processes the file, or built-in pink noise.", "Slantwise"};
+
+private:
+    void add(const OptionText& text, std::string (*set)(Options&, const std::string&)) {
+        addOption(app, text, [this, set](const std::string& value) { return set(options_, value); });
+    }
+
+    Options& options_;
+};
 
 } // namespace
 
 std::variant<Options, OptionsError> parseOptions(const std::vector<std::string>& arguments) {
     Options options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        if (argument == "--help") {
-            options.showHelp = true;
-        } else if (argument == "--version") {
-            options.showVersion = true;
-        } else if (const auto option = valueOptions().find(argument); option != valueOptions().end()) {
-            if (i + 1 == arguments.size()) return OptionsError{argument + " needs a value"};
-            if (std::string wrong = option->second(options, arguments[++i]); !wrong.empty()) return OptionsError{wrong};
-        } else if (!argument.empty() && argument.front() != '-' && options.playFile.empty()) {
-            options.playFile = argument;
-        } else {
-            return OptionsError{"unknown argument \"" + argument + "\" (--help lists the options)"};
-        }
-    }
+    OptionsLine line(options);
+    if (std::string wrong = parseCommandLine(line.app, arguments); !wrong.empty()) return OptionsError{wrong};
     return options;
 }
 
 std::string helpText() {
-    return "Usage: Slantwise [OPTIONS] [AUDIO FILE]\n"
-           "Opens the editor on an audio unit that processes the file, or built-in pink noise.\n"
-           "\n"
-           "  --play FILE           loop a WAV, AIFF or FLAC file through the unit\n"
-           "  --settings ADDRESS    start with the settings of an address, as copied from an editor\n"
-           "  --preset NAME         start with a factory preset\n"
-           "  --theme light|dark    start in a theme\n"
-           "  --layout NAME         start normal, wide (with the advanced drawer) or compact\n"
-           "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's)\n"
-           "  --screenshot FILE     write a PNG of the editor; works without a display\n"
-           "  --after SECONDS       when to write it (2)\n"
-           "  --quit-after SECONDS  close by itself\n"
-           "  --help, --version     print this or the version\n";
+    Options options;
+    return commandLineHelp(OptionsLine(options).app);
 }
 
 std::string versionText() {

@@ -1,32 +1,18 @@
 #include "tools/gallery/GalleryOptions.h"
 
+#include "plugin/standalone/CommandLine.h"
 #include "tools/gallery/Pages.h"
 #include "tools/gallery/TestSignal.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
-#include <charconv>
-#include <functional>
-#include <map>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-// Applies one option's value; answers what is wrong with it, or nothing.
-using Setter = std::function<std::string(GalleryOptions&, const std::string& value)>;
-
-Setter numberSetter(std::string name, double least, double most, std::function<void(GalleryOptions&, double)> set) {
-    return [name = std::move(name), least, most, set = std::move(set)](GalleryOptions& o, const std::string& value) {
-        double number = 0;
-        const char* const last = value.data() + value.size();
-        const auto [end, error] = std::from_chars(value.data(), last, number);
-        if (error != std::errc{} || end != last || !(number >= least && number <= most))
-            return name + " takes a number, not \"" + value + "\"";
-        set(o, number);
-        return std::string();
-    };
-}
-
+// What is wrong with each value, or nothing.
 std::string setTheme(GalleryOptions& options, const std::string& value) {
     if (value != "light" && value != "dark") return "--theme takes light or dark, not \"" + value + "\"";
     options.theme = value == "dark" ? GalleryOptions::Theme::dark : GalleryOptions::Theme::light;
@@ -47,62 +33,56 @@ std::string setSignal(GalleryOptions& options, const std::string& value) {
     return {};
 }
 
-const std::map<std::string, Setter>& valueOptions() {
-    using O = GalleryOptions;
-    static const std::map<std::string, Setter> table = {
-        {"--page", setPage},
-        {"--theme", setTheme},
-        {"--signal", setSignal},
-        {"--scale", numberSetter("--scale", 0.5, 4, [](O& o, double v) { o.scale = v; })},
-        {"--screenshot", [](O& o, const std::string& v) { return o.screenshotFile = v, std::string(); }},
-        {"--after", numberSetter("--after", 0, 3600, [](O& o, double v) { o.afterSeconds = v; })},
-        {"--quit-after", numberSetter("--quit-after", 0, 1e6, [](O& o, double v) { o.quitAfterSeconds = v; })},
-    };
-    return table;
+std::string setScreenshot(GalleryOptions& options, const std::string& value) {
+    options.screenshotFile = value;
+    return {};
 }
 
-const std::map<std::string, bool GalleryOptions::*>& flags() {
-    static const std::map<std::string, bool GalleryOptions::*> table = {{"--events", &GalleryOptions::printEvents},
-                                                                        {"--pages", &GalleryOptions::listPages},
-                                                                        {"--help", &GalleryOptions::showHelp}};
-    return table;
-}
+// The gallery's command line; what it says goes to the options, which live as long.
+class GalleryLine {
+public:
+    explicit GalleryLine(GalleryOptions& options) : options_(options) {
+        app.set_help_flag(); // an option like the others, so that what stands beside it is still looked at
+        addBareFile(app, "an audio file for the displays, in place of a signal",
+                    [this](const std::string& value) { return options_.audioFile = value, std::string(); });
+        add({"--page", "NAME", "start on a page"}, setPage);
+        addFlag(app, "--pages", options.listPages, "print the names of the pages");
+        add({"--theme", "light|dark", "start in a theme"}, setTheme);
+        addNumber(app, {"--scale", "N", "device pixels a point, 0.5 to 4 (otherwise the desktop's; 1 for a picture)"},
+                  0.5, 4, [this](double v) { options_.scale = v; });
+        add({"--signal", "NAME", "sine, noise, mono, wide or antiphase (noise)"}, setSignal);
+        addFlag(app, "--events", options.printEvents, "print where each control stands and what happens to it");
+        add({"--screenshot", "FILE", "write a PNG of the page and end; works without a display"}, setScreenshot);
+        addNumber(app, {"--after", "SECONDS", "of the signal until it is taken, which takes less (0.5)"}, 0, 3600,
+                  [this](double v) { options_.afterSeconds = v; });
+        addNumber(app, {"--quit-after", "SECONDS", "close by itself"}, 0, 1e6,
+                  [this](double v) { options_.quitAfterSeconds = v; });
+        addFlag(app, "-h,--help", options.showHelp, "print this");
+    }
+
+    CLI::App app{"Shows every control in all its states, and displays fed by the file or a built-in signal.",
+                 "slantwise-gallery"};
+
+private:
+    void add(const OptionText& text, std::string (*set)(GalleryOptions&, const std::string&)) {
+        addOption(app, text, [this, set](const std::string& value) { return set(options_, value); });
+    }
+
+    GalleryOptions& options_;
+};
 
 } // namespace
 
 std::variant<GalleryOptions, GalleryOptionsError> parseGalleryOptions(const std::vector<std::string>& arguments) {
     GalleryOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        if (const auto flag = flags().find(argument); flag != flags().end()) {
-            options.*flag->second = true;
-        } else if (const auto option = valueOptions().find(argument); option != valueOptions().end()) {
-            if (i + 1 == arguments.size()) return GalleryOptionsError{argument + " needs a value"};
-            if (std::string wrong = option->second(options, arguments[++i]); !wrong.empty())
-                return GalleryOptionsError{wrong};
-        } else if (!argument.empty() && argument.front() != '-' && options.audioFile.empty()) {
-            options.audioFile = argument;
-        } else {
-            return GalleryOptionsError{"unknown argument \"" + argument + "\" (--help lists the options)"};
-        }
-    }
+    GalleryLine line(options);
+    if (std::string wrong = parseCommandLine(line.app, arguments); !wrong.empty()) return GalleryOptionsError{wrong};
     return options;
 }
 
 std::string galleryHelpText() {
-    return "Usage: slantwise-gallery [OPTIONS] [AUDIO FILE]\n"
-           "Shows every control in all its states, and displays fed by the file or a built-in signal.\n"
-           "\n"
-           "  --page NAME           start on a page\n"
-           "  --pages               print the names of the pages\n"
-           "  --theme light|dark    start in a theme\n"
-           "  --scale N             device pixels a point, 0.5 to 4 (otherwise the desktop's; 1 for a picture)\n"
-           "  --signal NAME         sine, noise, mono, wide or antiphase (noise)\n"
-           "  --events              print where each control stands and what happens to it\n"
-           "  --screenshot FILE     write a PNG of the page and end; works without a display\n"
-           "  --after SECONDS       of the signal until it is taken, which takes less (0.5)\n"
-           "  --quit-after SECONDS  close by itself\n"
-           "  --help                print this\n";
+    GalleryOptions options;
+    return commandLineHelp(GalleryLine(options).app);
 }
 
 } // namespace QVM_NAMESPACE

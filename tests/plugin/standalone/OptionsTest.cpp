@@ -50,10 +50,29 @@ TEST(Options, ABareArgumentIsTheFileToPlay) {
 
 TEST(Options, ASecondBareArgumentIsAnError) {
     EXPECT_NE(errorOf({"a.wav", "b.wav"}).find("b.wav"), std::string::npos);
+    EXPECT_NE(errorOf({"--play", "a.wav", "b.wav"}).find("\"b.wav\""), std::string::npos);
+}
+
+TEST(Options, AValueMayStandBehindAnEqualsSign) {
+    EXPECT_EQ(parsed({"--scale=1.25"}).scale, 1.25);
+    EXPECT_EQ(parsed({"--play=a=b.wav"}).playFile, "a=b.wav");
+    EXPECT_EQ(errorOf({"--theme=pink"}), "--theme takes light or dark, not \"pink\"");
+}
+
+TEST(Options, BehindTwoDashesAFileMayBeginWithOne) {
+    EXPECT_EQ(parsed({"--", "-x.wav"}).playFile, "-x.wav");
+    EXPECT_EQ(parsed({"--theme", "dark", "--"}).theme, Options::Theme::dark);
+    EXPECT_EQ(errorOf({"--", "a.wav", "--theme"}), "unknown argument \"--theme\" (--help lists the options)");
+}
+
+TEST(Options, OfSeveralTheLastOneCounts) {
+    EXPECT_EQ(parsed({"--theme", "light", "--theme", "dark"}).theme, Options::Theme::dark);
+    EXPECT_EQ(parsed({"--play", "a.wav", "--play", "b.wav"}).playFile, "b.wav");
 }
 
 TEST(Options, HelpAndVersionNeedNothingElse) {
     EXPECT_TRUE(parsed({"--help"}).showHelp);
+    EXPECT_TRUE(parsed({"-h"}).showHelp);
     EXPECT_TRUE(parsed({"--version"}).showVersion);
 }
 
@@ -62,7 +81,8 @@ TEST(Options, MistakesAreNamed) {
     EXPECT_EQ(errorOf({"--preset", "Nope"}), "there is no preset named \"Nope\"");
     EXPECT_NE(errorOf({"--theme", "pink"}).find("pink"), std::string::npos);
     EXPECT_NE(errorOf({"--frobnicate"}).find("--frobnicate"), std::string::npos);
-    EXPECT_NE(errorOf({""}).find("unknown argument"), std::string::npos);
+    for (const char* text : {"", "-", "-x", "-theme"})
+        EXPECT_EQ(errorOf({text}), "unknown argument \"" + std::string(text) + "\" (--help lists the options)");
     for (const char* option :
          {"--play", "--settings", "--preset", "--theme", "--scale", "--screenshot", "--after", "--quit-after"})
         EXPECT_EQ(errorOf({option}), std::string(option) + " needs a value");

@@ -52,6 +52,12 @@ TEST(GalleryOptions, SaysWhatIsWrong) {
     EXPECT_EQ(mistake({"one.wav", "two.wav"}), "unknown argument \"two.wav\" (--help lists the options)");
 }
 
+TEST(GalleryOptions, TakesShortHelpAndEqualsSignsAndDashedFiles) {
+    EXPECT_TRUE(parsed({"-h"}).showHelp);
+    EXPECT_EQ(parsed({"--scale=2"}).scale, 2);
+    EXPECT_EQ(parsed({"--", "-a.wav"}).audioFile, "-a.wav");
+}
+
 TEST(GalleryOptions, TheHelpNamesEverySignal) {
     for (const std::string_view name : testSignalNames())
         EXPECT_NE(galleryHelpText().find(name), std::string::npos) << name;

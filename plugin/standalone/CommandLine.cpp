@@ -1,0 +1,90 @@
+#include "plugin/standalone/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr std::size_t columnOfHelp = 24; // in characters
+
+// The library reads numbers as the C library does: in the user's locale, and "nan" and "0x1p3" with them.
+bool isNumberWithin(const std::string& text, double least, double most, double& number) {
+    const char* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, number);
+    return error == std::errc{} && end == last && number >= least && number <= most;
+}
+
+// The first argument that nothing has taken. The mark behind which all arguments are bare is none.
+std::string firstLeftOver(const CLI::App& app) {
+    const std::vector<std::string> left = app.remaining();
+    const auto found = std::ranges::find_if(left, [](const std::string& argument) { return argument != "--"; });
+    return found == left.end() ? std::string() : unknownArgument(*found);
+}
+
+// The library's way for a setter to refuse a value, which parseCommandLine catches.
+std::function<void(const std::string&)> refusing(OptionSetter setter) {
+    return [setter = std::move(setter)](const std::string& value) {
+        if (const std::string wrong = setter(value); !wrong.empty()) throw CLI::ValidationError(wrong);
+    };
+}
+
+} // namespace
+
+std::string unknownArgument(const std::string& argument) {
+    return "unknown argument \"" + argument + "\" (--help lists the options)";
+}
+
+void addOption(CLI::App& app, const OptionText& text, OptionSetter setter) {
+    app.add_option_function<std::string>(text.name, refusing(std::move(setter)), text.help)
+        ->type_name(text.value)
+        ->take_last();
+}
+
+void addNumber(CLI::App& app, const OptionText& text, double least, double most, std::function<void(double)> set) {
+    addOption(app, text, [name = text.name, least, most, set = std::move(set)](const std::string& value) {
+        double number = 0;
+        if (!isNumberWithin(value, least, most, number)) return name + " takes a number, not \"" + value + "\"";
+        set(number);
+        return std::string();
+    });
+}
+
+void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::string& help) {
+    app.add_flag(names, flag, help);
+}
+
+void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter) {
+    const auto check = [](const std::string& file) {
+        return file.empty() || file == "-" ? unknownArgument(file) : std::string();
+    };
+    app.add_option_function<std::string>("file", refusing(std::move(setter)), help)->type_name("")->check(check);
+}
+
+std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& arguments) {
+    app.allow_extras();         // named by us, in the words of the other mistakes
+    app.validate_positionals(); // what is no file is left over
+    std::vector<std::string> fromLast(arguments.rbegin(), arguments.rend());
+    try {
+        app.parse(std::move(fromLast));
+    } catch (const CLI::ArgumentMismatch& mismatch) {
+        const std::string said = mismatch.what();
+        return said.substr(0, said.find(':')) + " needs a value";
+    } catch (const CLI::ParseError& error) {
+        return error.what();
+    }
+    return firstLeftOver(app);
+}
+
+std::string commandLineHelp(const CLI::App& app) {
+    CLI::Formatter formatter;
+    formatter.column_width(columnOfHelp);
+    return formatter.make_usage(&app, app.get_name()) + app.get_description() + '\n' +
+           formatter.make_positionals(&app) + formatter.make_groups(&app, CLI::AppFormatMode::Normal);
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,42 @@
+// What the programs' command lines have in common, over the library that reads them. No toolkit, no side effects.
+#pragma once
+
+#include "BuildNamespace.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace QVM_NAMESPACE {
+
+// Applies an option's value; answers what is wrong with it, or nothing.
+using OptionSetter = std::function<std::string(const std::string& value)>;
+
+// What one option looks like in the help: its name, what stands for its value, and what it does.
+struct OptionText {
+    std::string name, value, help;
+};
+
+// Adds an option with a value; of several the last one counts. The setter is called by parseCommandLine.
+void addOption(CLI::App& app, const OptionText& text, OptionSetter setter);
+// Adds one whose value is a number within limits, in the C locale's form and nothing after it.
+void addNumber(CLI::App& app, const OptionText& text, double least, double most, std::function<void(double)> set);
+// Adds an option without a value, by all its names ("-h,--help"). The flag lives as long as the app is used.
+void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::string& help);
+// Adds the one argument without a name: a file, and never an empty text. Setters are called in the order in which what
+// they belong to was added.
+void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter);
+// What is said of an argument that has no place.
+std::string unknownArgument(const std::string& argument);
+
+// Reads the arguments behind the program's name and sets what they say. Answers what is wrong in one line without a
+// newline, or nothing.
+[[nodiscard]] std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& arguments);
+// How to call the program, what it does, and its options in the order in which they were added.
+std::string commandLineHelp(const CLI::App& app);
+
+} // namespace QVM_NAMESPACE

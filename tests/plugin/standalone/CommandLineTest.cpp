@@ -1,0 +1,74 @@
+#include "plugin/standalone/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <gtest/gtest.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+struct CommandLine : testing::Test {
+    CommandLine() {
+        app.set_help_flag();
+        addOption(app, {"--word", "WORD", "says a word"}, [this](const std::string& value) {
+            said += "word " + value + ";";
+            return value == "bad" ? std::string("that is a bad word") : std::string();
+        });
+        addNumber(app, {"--size", "N", "sets a size"}, 1, 2, [this](double value) { size = value; });
+        addFlag(app, "-l,--loud", loud, "is loud");
+        addBareFile(app, "reads a file",
+                    [this](const std::string& value) { return said += "file " + value + ";", std::string(); });
+    }
+
+    std::string parse(const std::vector<std::string>& arguments) { return parseCommandLine(app, arguments); }
+
+    CLI::App app{"Does things.", "program"};
+    std::string said;
+    double size = 0;
+    bool loud = false;
+};
+
+TEST_F(CommandLine, SettersAreCalledInTheOrderInWhichTheyWereAdded) {
+    EXPECT_EQ(parse({"a.wav", "--word", "hello"}), "");
+    EXPECT_EQ(said, "word hello;file a.wav;");
+}
+
+TEST_F(CommandLine, WhatASetterSaysIsTheMistake) {
+    EXPECT_EQ(parse({"--word", "bad"}), "that is a bad word");
+}
+
+TEST_F(CommandLine, AValueIsWhateverComesNext) {
+    EXPECT_EQ(parse({"--word", "--loud"}), "");
+    EXPECT_EQ(said, "word --loud;");
+    EXPECT_FALSE(loud);
+}
+
+TEST_F(CommandLine, NumbersAreReadInTheCLocaleAndWhole) {
+    EXPECT_EQ(parse({"--size", "1.5"}), "");
+    EXPECT_EQ(size, 1.5);
+    for (const char* text : {"1,5", "nan", "0x1p0", "1.5 ", " 1.5", "0.9", "2.1", ""})
+        EXPECT_EQ(parse({"--size", text}), "--size takes a number, not \"" + std::string(text) + "\"");
+}
+
+TEST_F(CommandLine, FlagsHaveSeveralNames) {
+    EXPECT_EQ(parse({"-l"}), "");
+    EXPECT_TRUE(loud);
+}
+
+TEST_F(CommandLine, ASecondBareArgumentHasNoPlace) {
+    EXPECT_EQ(parse({"a.wav", "b.wav"}), unknownArgument("b.wav"));
+}
+
+TEST_F(CommandLine, MissingValuesNameTheOption) {
+    EXPECT_EQ(parse({"--loud", "--size"}), "--size needs a value");
+}
+
+TEST_F(CommandLine, TheHelpBeginsWithHowToCallTheProgram) {
+    EXPECT_EQ(commandLineHelp(app), "Usage: program [OPTIONS] [file]\nDoes things.\n\n"
+                                    "Positionals:\n  file                  reads a file\n\n"
+                                    "Options:\n  --word WORD           says a word\n"
+                                    "  --size N              sets a size\n"
+                                    "  -l,--loud             is loud\n");
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
