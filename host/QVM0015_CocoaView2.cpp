@@ -1,7 +1,7 @@
 #include "host/QVM0015_CocoaView2.h"
 
 #include "description/QVMConfig.h"
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/UnitLog.h"
 
 namespace QVM_NAMESPACE {

@@ -6,7 +6,7 @@
 // at display rate. Main thread only, no locks. The unit is borrowed and must outlive the view or its next binding.
 #pragma once
 
-#include "editor/QVMGenericUIDelegate.h"
+#include "editor/surface/QVMGenericUIDelegate.h"
 #include "platform/audiounit/AudioUnitListeners.h"
 #include "platform/view/View.h"
 #include "unit/PrivateProperties.h"

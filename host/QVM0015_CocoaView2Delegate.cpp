@@ -1,5 +1,5 @@
 // What the editor asks of the unit.
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/UnitLog.h"
 

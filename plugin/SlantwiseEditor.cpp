@@ -1,6 +1,6 @@
 #include "plugin/SlantwiseEditor.h"
 
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 

@@ -1,7 +1,7 @@
 // An editor whose layers are followed as a screen would, without any pixels: for what is drawn, and drawn again.
 #pragma once
 
-#include "EditorFixture.h"
+#include "editor/EditorFixture.h"
 
 #include "platform/renderer/LayerRenderer.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "description/Description.h"
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 #include "platform/audiounit/AudioUnitListeners.h"

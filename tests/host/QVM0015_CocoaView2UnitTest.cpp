@@ -2,7 +2,7 @@
 #include "host/HostViewFixture.h"
 
 #include "controls/QVMCycleControl.h"
-#include "editor/QVMPresetBar.h"
+#include "editor/surface/QVMPresetBar.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 namespace QVM_NAMESPACE {

@@ -2,7 +2,7 @@
 
 #include "controls/QVMVerticalSlider.h"
 #include "description/Description.h"
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/runloop/ManualTickSource.h"
 #include "platform/runloop/VirtualTime.h"

@@ -1,7 +1,7 @@
 #include "plugin/host/EditorMap.h"
 
 #include "controls/QVMVerticalSlider.h"
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 

@@ -1,6 +1,6 @@
 // An editor of this program's own, in a real window: what it learns about being seen, and of the pointer.
 #include "description/Presets.h"
-#include "editor/QVMGenericUI.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/view/Window.h"
 #include "plugin/SlantwiseEditor.h"

@@ -1,0 +1,283 @@
+#include "editor/surface/OutlineView.h"
+
+#include "editor/surface/LabelLayer.h"
+#include "platform/view/Window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+// All in points.
+constexpr double topPadding = 8, bottomPadding = 12, sectionGap = 9;
+constexpr double titleHeight = 19, nameHeight = 17, noteHeight = 13, noteOverlap = 1;
+constexpr double titleX = 14, nameX = 18, textRight = 12;
+constexpr double markInset = 8, markRadius = 5;
+constexpr double thumbWidth = 3, thumbInset = 3, thumbGrasp = 10, shortestThumb = 24;
+constexpr double pointsALine = 17;
+constexpr double titleSize = 11, titleKern = 1, nameSize = 14, noteSize = 10.5;
+constexpr float thumbAlpha = 0.55f;
+constexpr const char* nameFace = "HelveticaNeue-Medium";
+
+std::shared_ptr<TextLayer> makeText(const Rect& frame) {
+    auto text = std::make_shared<TextLayer>();
+    text->setAlignment(TextAlignment::left, TextPlacement::middle);
+    text->setFrame(frame);
+    return text;
+}
+
+std::shared_ptr<Layer> makeLayer(const char* name, double radius, Layer& parent) {
+    auto made = std::make_shared<Layer>();
+    made->setName(name);
+    made->setCornerRadius(radius);
+    parent.addSublayer(made);
+    return made;
+}
+
+void place(Layer& mark, const std::optional<Rect>& frame) {
+    mark.setHidden(!frame);
+    if (frame) mark.setFrame(*frame);
+}
+
+} // namespace
+
+OutlineView::OutlineView(const Rect& frame) : ThemedView(frame) {
+    layer()->setName("outline");
+    layer()->setMasksToBounds(true);
+    list_ = makeLayer("list", 0, *layer());
+    hoverMark_ = makeLayer("hoverMark", markRadius, *list_);
+    selectionMark_ = makeLayer("selectionMark", markRadius, *list_);
+    thumb_ = makeLayer("thumb", thumbWidth / 2, *layer());
+    for (const auto& mark : {hoverMark_, selectionMark_, thumb_})
+        mark->setHidden(true);
+}
+
+void OutlineView::setItems(std::vector<OutlineItem> items) {
+    items_ = std::move(items);
+    folded_.clear();
+    isLaidOut_ = false;
+}
+
+void OutlineView::setTitleColor(Color color) {
+    titleColor_ = color;
+    style();
+}
+
+void OutlineView::layOut() {
+    if (isLaidOut_) return;
+    isLaidOut_ = true;
+    for (const Row& row : rows_) {
+        row.title->removeFromSuperlayer();
+        if (row.note) row.note->removeFromSuperlayer();
+    }
+    rows_.clear();
+    hovered_.reset();
+    double y = topPadding;
+    for (std::size_t section = 0; section < items_.size(); ++section) {
+        if (section > 0) y += sectionGap;
+        addRow(items_[section], section, y);
+        if (!isExpanded(section)) continue;
+        for (const OutlineItem& item : items_[section].children)
+            addRow(item, section, y);
+    }
+    height_ = y + bottomPadding;
+    style();
+    scrollTo(offset_);
+    placeMarks();
+}
+
+void OutlineView::addRow(const OutlineItem& item, std::size_t section, double& y) {
+    const bool isTitle = !item.id;
+    const double x = isTitle ? titleX : nameX, width = bounds().width - x - textRight;
+    const double height = isTitle ? titleHeight : nameHeight;
+    Row row{section, item.id, {markInset, y, bounds().width - 2 * markInset, height}, nullptr, nullptr};
+    row.title = makeText({x, y, width, height});
+    row.title->setName(item.title);
+    row.title->setString({isTitle ? capitals(item.title) : item.title, {}, {}});
+    list_->addSublayer(row.title);
+    if (!item.note.empty()) {
+        row.note = makeText({x, y + height - noteOverlap, width, noteHeight});
+        row.note->setString({item.note, {}, {}});
+        list_->addSublayer(row.note);
+        row.frame.height += noteHeight;
+    }
+    y += row.frame.height;
+    rows_.push_back(std::move(row));
+}
+
+void OutlineView::style() {
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    hoverMark_->setBackgroundColor(palette.hover);
+    selectionMark_->setBackgroundColor(palette.drawerSelection);
+    thumb_->setBackgroundColor(palette.tick.withAlpha(thumbAlpha));
+    for (const Row& row : rows_)
+        styleRow(row);
+}
+
+// The chosen row's ground is of the other theme's kind, and its texts are as well.
+void OutlineView::styleRow(const Row& row) const {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    if (!row.id) {
+        AttributedString title(row.title->string().string(), QVMUITheme::unitFontOfSize(titleSize), titleColor_);
+        title.runs.front().kern = titleKern;
+        return row.title->setString(title);
+    }
+    const bool isChosen = row.id == selection_;
+    row.title->setString({row.title->string().string(), QVMUITheme::safeFontWithNameSize(nameFace, nameSize),
+                          isChosen ? theme.backgroundColor : theme.textColor});
+    if (!row.note) return;
+    row.note->setString({row.note->string().string(), QVMUITheme::italicFontOfSize(noteSize),
+                         isChosen ? theme.subtleTextColor : theme.palette.note});
+}
+
+void OutlineView::themeUpdated() {
+    style();
+}
+
+void OutlineView::placeMarks() {
+    const Row* selected = rowOf(selection_);
+    place(*selectionMark_, selected ? std::optional(selected->frame) : std::nullopt);
+    const bool hovers = hovered_ && *hovered_ < rows_.size() && rows_[*hovered_].id != selection_;
+    place(*hoverMark_, hovers ? std::optional(rows_[*hovered_].frame) : std::nullopt);
+}
+
+const OutlineView::Row* OutlineView::rowOf(std::optional<std::uint32_t> id) const {
+    if (!id) return nullptr;
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.id == id; });
+    return found == rows_.end() ? nullptr : &*found;
+}
+
+const OutlineView::Row* OutlineView::rowAt(Point point) const {
+    const Point inList = {point.x, point.y + offset_};
+    const auto found =
+        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.frame.contains(inList); });
+    return found == rows_.end() ? nullptr : &*found;
+}
+
+void OutlineView::select(std::optional<std::uint32_t> id) {
+    layOut();
+    const Row* const left = rowOf(std::exchange(selection_, id));
+    if (left) styleRow(*left);
+    placeMarks();
+    const Row* row = rowOf(id);
+    if (row) styleRow(*row);
+    if (!row) return;
+    // With its section's title where that is next to it.
+    const bool isFirst = row != rows_.data() && !(row - 1)->id;
+    const double top = isFirst ? (row - 1)->frame.minY() - topPadding : row->frame.minY() - sectionGap;
+    const double bottom = row->frame.maxY() + sectionGap;
+    if (top < offset_) scrollTo(top);
+    if (bottom > offset_ + bounds().height) scrollTo(bottom - bounds().height);
+}
+
+bool OutlineView::moveSelection(int places) {
+    layOut();
+    std::vector<std::uint32_t> ids;
+    for (const Row& row : rows_)
+        if (row.id) ids.push_back(*row.id);
+    if (ids.empty()) return false;
+    const auto present = selection_ ? std::find(ids.begin(), ids.end(), *selection_) : ids.end();
+    std::ptrdiff_t index = places > 0 ? 0 : std::ssize(ids) - 1;
+    if (present != ids.end())
+        index = std::clamp<std::ptrdiff_t>(present - ids.begin() + places, 0, std::ssize(ids) - 1);
+    const std::uint32_t id = ids[static_cast<std::size_t>(index)];
+    if (selection_ == id) return true;
+    select(id);
+    if (chosen_) chosen_(id);
+    return true;
+}
+
+Rect OutlineView::frameOfLeaf(std::uint32_t id) {
+    layOut();
+    const Row* row = rowOf(id);
+    return row ? row->frame.offsetBy(0, -offset_) : Rect{};
+}
+
+Rect OutlineView::frameOfSection(std::size_t section) {
+    layOut();
+    for (const Row& row : rows_)
+        if (!row.id && row.section == section) return row.frame.offsetBy(0, -offset_);
+    return {};
+}
+
+void OutlineView::setExpanded(std::size_t section, bool expanded) {
+    if (isExpanded(section) == expanded) return;
+    if (expanded)
+        folded_.erase(section);
+    else
+        folded_.insert(section);
+    isLaidOut_ = false;
+    layOut();
+}
+
+double OutlineView::contentHeight() {
+    layOut();
+    return height_;
+}
+
+double OutlineView::greatestOffset() const {
+    return std::max(0.0, height_ - bounds().height);
+}
+
+void OutlineView::scrollTo(double offset) {
+    offset_ = std::round(std::clamp(offset, 0.0, greatestOffset()));
+    list_->setFrame({0, -offset_, bounds().width, height_});
+    placeThumb();
+}
+
+Rect OutlineView::thumbFrame() const {
+    const double track = bounds().height - 2 * thumbInset;
+    const double length = std::max(shortestThumb, track * bounds().height / std::max(height_, 1.0));
+    const double travelled = greatestOffset() > 0 ? offset_ / greatestOffset() : 0;
+    return {bounds().width - thumbInset - thumbWidth, thumbInset + travelled * (track - length), thumbWidth, length};
+}
+
+void OutlineView::placeThumb() {
+    place(*thumb_, greatestOffset() > 0 ? std::optional(thumbFrame()) : std::nullopt);
+}
+
+void OutlineView::scrollWheel(const Event& event) {
+    const double points = event.hasPreciseScrollingDeltas ? 1 : pointsALine;
+    scrollTo(offset_ - event.scrollingDeltaY * points);
+    mouseMoved(event); // another row is under the pointer now
+}
+
+void OutlineView::mouseDown(const Event& event) {
+    if (window() && !window()->isKeyWindow()) window()->makeKey();
+    const Point at = convertFromWindow(event.locationInWindow);
+    if (greatestOffset() > 0 && at.x >= bounds().width - thumbGrasp) {
+        const Rect thumb = thumbFrame();
+        const bool isOnThumb = at.y >= thumb.minY() && at.y < thumb.maxY();
+        thumbGrip_ = isOnThumb ? at.y - thumb.y : thumb.height / 2;
+        return mouseDragged(event);
+    }
+    const Row* row = rowAt(at);
+    if (!row) return;
+    if (!row->id) return setExpanded(row->section, !isExpanded(row->section));
+    const std::uint32_t id = *row->id;
+    select(id);
+    if (chosen_) chosen_(id);
+}
+
+void OutlineView::mouseDragged(const Event& event) {
+    if (!thumbGrip_) return;
+    const double travel = bounds().height - 2 * thumbInset - thumbFrame().height;
+    const double top = convertFromWindow(event.locationInWindow).y - *thumbGrip_ - thumbInset;
+    scrollTo(travel > 0 ? top / travel * greatestOffset() : 0);
+}
+
+void OutlineView::mouseMoved(const Event& event) {
+    const Row* row = rowAt(convertFromWindow(event.locationInWindow));
+    hovered_ = row ? std::optional(static_cast<std::size_t>(row - rows_.data())) : std::nullopt;
+    placeMarks();
+}
+
+void OutlineView::mouseExited(const Event&) {
+    hovered_.reset();
+    placeMarks();
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,134 @@
+#include "editor/surface/QVMABControl.h"
+
+#include "controls/QVMFocusBorder.h"
+#include "controls/QVMSymbolButton.h"
+#include "description/Description.h"
+#include "platform/layer/Transaction.h"
+#include "resources/IconGlyphs.h"
+#include "theme/QVMUITheme.h"
+
+#include <string>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr Rect boxFrame = {4, 4, 50, 21};
+constexpr double lineWidth = 1, indicatorInset = 1.5; // points
+constexpr Rect aFrame = {1, 0, 26, 29}, bFrame = {31, 0, 26, 29}, arrowFrame = {24, 0, 10, 29};
+constexpr const char* letterFace = "HelveticaNeue-Medium";
+constexpr double letterSize = 12, arrowSize = 9;
+constexpr double glideSeconds = 0.15;
+constexpr double focusDistance = 2; // leaves air to the bar's edges
+
+Rect indicatorFrame(std::uint32_t position) {
+    const Rect inner = boxFrame.insetBy(indicatorInset, indicatorInset);
+    return {position == 0 ? inner.x : inner.maxX() - inner.height, inner.y, inner.height, inner.height};
+}
+
+} // namespace
+
+QVMABControl::QVMABControl(const Rect& frame)
+    : QVMParameterControl(frame, Rect{}, nullptr, 0), box_(std::make_shared<Layer>()),
+      indicator_(std::make_shared<Layer>()), highlight_(std::make_shared<QVMFocusBorder>(YAxis::down)) {
+    layer()->setName("abControl");
+    box_->setName("box");
+    box_->setFrame(boxFrame);
+    box_->setCornerRadius(boxFrame.height / 2);
+    indicator_->setName("indicator");
+    indicator_->setFrame(indicatorFrame(position_));
+    indicator_->setCornerRadius(indicator_->bounds().height / 2);
+    for (const std::shared_ptr<Layer>& each : {box_, indicator_, std::shared_ptr<Layer>(highlight_)})
+        layer()->addSublayer(each);
+    const Rect border = boxFrame.insetBy(-focusDistance, -focusDistance);
+    highlight_->updateWithFrameRounding(border, border.height / 2);
+
+    a_ = &addButton("aButton", aFrame, "A");
+    b_ = &addButton("bButton", bFrame, "B");
+    arrow_ = &addButton("arrowButton", arrowFrame, std::string(icons::triangleRight));
+    a_->setToolTip("Settings A");
+    b_->setToolTip("Settings B");
+    for (QVMSymbolButton* letter : {a_, b_})
+        letter->setFont(QVMUITheme::safeFontWithNameSize(letterFace, letterSize));
+    style();
+}
+
+QVMSymbolButton& QVMABControl::addButton(const char* name, const Rect& frame, std::string symbol) {
+    const double size = frame == arrowFrame ? arrowSize : letterSize;
+    QVMSymbolButton& button = addSubview(std::make_unique<QVMSymbolButton>(frame, std::move(symbol), size, Color{}));
+    button.layer()->setName(name);
+    button.setAction([this, &button](Control&) { handleTap(button); });
+    return button;
+}
+
+void QVMABControl::handleTap(const View& tapped) {
+    report(&tapped == b_ ? QVMABButtonB : &tapped == arrow_ ? QVMABButtonArrow : QVMABButtonA);
+}
+
+void QVMABControl::report(std::uint32_t button) {
+    if (abDelegate_) abDelegate_->abControlChangeTriggeredByButton(*this, button);
+}
+
+void QVMABControl::updatePositionAnimated(std::uint32_t position, Animate animate) {
+    position_ = position == 0 ? 0 : 1;
+    const auto transaction = animate == Animate::yes ? Transaction::animated(glideSeconds, TimingFunction::easeOut)
+                                                     : Transaction::disablingActions();
+    indicator_->setFrame(indicatorFrame(position_));
+    style();
+}
+
+void QVMABControl::style() {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    const QVMPalette& palette = theme.palette;
+    const Color label = theme.labelColorGivenInk(palette.labelInk);
+    const Color accent = contrasted(QVMCGColor(GetMetadata()->color), palette.onAccent);
+    box_->setBorder(lineWidth, palette.pillBorder);
+    indicator_->setBackgroundColor(accent);
+    highlight_->setStrokeNSColor(contrasted(accent, palette.sidePanel));
+    a_->resetGlyphColor(a_->symbol(), position_ == 0 ? palette.onAccent : label);
+    b_->resetGlyphColor(b_->symbol(), position_ == 1 ? palette.onAccent : label);
+    const bool toB = position_ == 0;
+    arrow_->resetGlyphColor(std::string(toB ? icons::triangleRight : icons::triangleLeft), theme.symbolColor);
+    arrow_->setToolTip(toB ? "Copy A to B" : "Copy B to A");
+}
+
+bool QVMABControl::incrementWithArrowGranularity(char32_t, std::int32_t) {
+    report(QVMABButtonA);
+    return true;
+}
+
+bool QVMABControl::toggleBooleanControl() {
+    report(QVMABButtonA);
+    return true;
+}
+
+bool QVMABControl::tap() {
+    report(QVMABButtonA);
+    return true;
+}
+
+void QVMABControl::setTransientStringValue(const std::string&) {
+    report(QVMABButtonA);
+}
+
+void QVMABControl::setFocused(bool focused) {
+    QVMParameterControl::setFocused(focused);
+    highlight_->setOpacity(focused ? 1 : 0);
+}
+
+// Not as the base has it, to which a double click is the start of typing.
+void QVMABControl::mouseDown(const Event& event) {
+    if (Responder* next = nextResponder()) next->mouseDown(event);
+}
+
+void QVMABControl::viewDidMoveToWindow() {
+    QVMParameterControl::viewDidMoveToWindow();
+    themeObservation_.reset();
+    if (!window()) return;
+    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
+                                                                    [this](const Notification&) { style(); });
+    style();
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,131 @@
+#include "editor/surface/QVMGenericUI.h"
+
+#include "editor/surface/NumericMeterReading.h"
+#include "editor/surface/QVMClumpView.h"
+#include "editor/surface/QVMClumpsView.h"
+#include "editor/surface/QVMKeyboardHandler.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double backingScaleDelay = 0.35, sketchDelay = 0.5; // seconds
+
+} // namespace
+
+QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config, std::uint32_t chanIn,
+                           std::uint32_t chanOut)
+    : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut),
+      keyboard_(std::make_unique<QVMKeyboardHandler>()) {
+    layer()->setName("editor");
+    const auto count = static_cast<std::size_t>(config_->numParameters);
+    memoizedPValues_.resize(count);
+    memoizedPValuesChanged_.assign(count, 1);
+    receivedPValues_.assign(count, nothingReceived);
+    heldRanges_.resize(count);
+    scratchPValues_.resize(count);
+    interactionStates_.assign(count, QVMInteractionDiscrete);
+    config_->enumerateParametersWithBlock([this](QVMParameter& parameter, QVMClump&) {
+        setMemoizedPValueDirectlyValue(parameter.pid, parameter.initialValue);
+        if (parameter.pid < heldRanges_.size()) heldRanges_[parameter.pid] = parameter.heldRange();
+    });
+    config_->chanIn = chanIn_;
+    config_->chanOut = chanOut_;
+    keyboard_->setConfig(config_.get());
+    advFlashLim_.setTrailing(false);
+}
+
+// Subviews go here, not in the base's destructor: the controls report to this object while they live.
+QVMGenericUI::~QVMGenericUI() {
+    observations_.clear();
+    while (!subviews().empty())
+        subviews().back()->removeFromSuperview();
+}
+
+void QVMGenericUI::completeInterfaceSetup() {
+    if (config_->presets) {
+        config_->presets->chanIn = chanIn_;
+        config_->presets->chanOut = chanOut_;
+    }
+    config_->enumerateParametersWithBlock([this](QVMParameter& parameter, QVMClump&) {
+        parameter.chanIn = chanIn_;
+        parameter.chanOut = chanOut_;
+    });
+    setConfig(config_);
+    addPresetDrawer();
+    addFrameButton();
+    syncUndoRedoButtonsToStackState();
+    potentiallySaveToUndoRedoStack();
+    applyChannelLayoutRules();
+    observePreferences();
+    addHudAndNumericMeter();
+    sketchCall_.schedule(sketchDelay, [this] { addSketch(); });
+    backingScaleCall_.schedule(backingScaleDelay, [this] { viewDidChangeBackingProperties(); });
+}
+
+void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
+    config_ = std::move(config);
+    keyboard_->setUi(this);
+    addPowerBox();
+    addClumpsView();
+    addPresetBar();
+    addAndRegisterParameterControls();
+    resetABState(memoizedPValues_);
+}
+
+void QVMGenericUI::resetABState(std::span<const float> values) {
+    undoRedoABState(0);
+    for (std::vector<float>& slot : abValues_) {
+        slot.assign(values.begin(), values.end());
+        slot.resize(memoizedPValues_.size());
+        slot.push_back(static_cast<float>(currentPreset()));
+    }
+    potentiallySaveToUndoRedoStack();
+}
+
+void QVMGenericUI::applyChannelLayoutRules() {
+    const QVMChannelPair channels = {chanIn_, chanOut_};
+    config_->enumerateParametersWithBlock([this, channels](QVMParameter& parameter, QVMClump&) {
+        for (const QVMChannelLayoutRule& rule : parameter.channelLayoutRules) {
+            if (rule.map != channels) continue;
+            QVMParameterControl* control = parameterControlWithPid(parameter.pid);
+            if (!control) continue;
+            constexpr unsigned priority = 1000;
+            if (rule.disabled) {
+                control->setDimmedDelayPriorityKey(true, 0, priority, "Absolute");
+                if (control->primaryControl()) control->primaryControl()->setPreventInteraction(true);
+            }
+            if (rule.immutable) control->setImmutableFloatValue(rule.immutable);
+        }
+    });
+}
+
+QVMParameterControl* QVMGenericUI::parameterControlWithPid(std::uint32_t pid) const {
+    const auto found = std::find_if(parameterControls_.begin(), parameterControls_.end(),
+                                    [pid](const auto* control) { return control->parameter()->pid == pid; });
+    return found == parameterControls_.end() ? nullptr : *found;
+}
+
+QVMParameterControl* QVMGenericUI::parameterControlWithCodename(std::string_view codesafeName) const {
+    const auto found = std::find_if(parameterControls_.begin(), parameterControls_.end(), [&](const auto* control) {
+        return control->parameter()->codesafeName == codesafeName;
+    });
+    return found == parameterControls_.end() ? nullptr : *found;
+}
+
+QVMClumpView* QVMGenericUI::clumpViewWithCodename(std::string_view codesafeName) const {
+    for (const View* container : {static_cast<View*>(clumpsView_), static_cast<View*>(advClumpsView_)}) {
+        if (!container) continue;
+        for (const auto& subview : container->subviews()) {
+            auto* clumpView = dynamic_cast<QVMClumpView*>(subview.get());
+            if (clumpView && clumpView->clump().codesafeName == codesafeName) return clumpView;
+        }
+    }
+    return masterClump_ && masterClump_->clump().codesafeName == codesafeName ? masterClump_ : nullptr;
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,63 @@
+#include "editor/surface/QVMPresetBar.h"
+
+#include "controls/QVMSymbolButton.h"
+#include "editor/surface/BorderRect.h"
+#include "editor/surface/EditorLayout.h"
+#include "editor/surface/QVMABControl.h"
+#include "editor/surface/QVMPresetControl.h"
+#include "resources/IconGlyphs.h"
+
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr Rect undoFrame = {18, 1, 27, 27}, redoFrame = {46, 1, 27, 27};
+constexpr double toolGlyphSize = 22; // points
+
+} // namespace
+
+QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : ThemedView(frame) {
+    layer()->setName("presetBar");
+    edge_ = std::make_shared<Layer>();
+    edge_->setName("edge");
+    edge_->setFrame(QVMBorderRectWithBorderSpec(bounds(), {.edge = QVMEdge::bottom}));
+    layer()->addSublayer(edge_);
+
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
+    if (presets) {
+        presetControl_ = &addSubview(
+            std::make_unique<QVMParameterControl>(layout.presetControl, presets, presets->initialValue,
+                                                  &makeFloatControl<QVMPresetControl>, presets->controlFrame));
+        presetControl_->layer()->setName("presetControl");
+        presetControl_->toggleTooltip(false); // its name says what it is
+    }
+    ab_ = &addSubview(std::make_unique<QVMABControl>(layout.abControl));
+
+    const Color color = QVMUITheme::theme().symbolColor;
+    undo_ = &addSubview(std::make_unique<QVMSymbolButton>(undoFrame, std::string(icons::undo), toolGlyphSize, color));
+    undo_->layer()->setName("undoButton");
+    undo_->setToolTip("Undo");
+    redo_ = &addSubview(std::make_unique<QVMSymbolButton>(redoFrame, std::string(icons::redo), toolGlyphSize, color));
+    redo_->layer()->setName("redoButton");
+    redo_->setToolTip("Redo");
+    QVMPresetBar::themeUpdated();
+}
+
+void QVMPresetBar::setDirty(bool dirty) {
+    if (dirty == dirty_) return;
+    dirty_ = dirty;
+    auto* name = presetControl_ ? dynamic_cast<QVMCycleControl*>(presetControl_->primaryControl()) : nullptr;
+    if (name) name->setInaccurate(dirty);
+}
+
+void QVMPresetBar::themeUpdated() {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    layer()->setBackgroundColor(theme.palette.sidePanel);
+    edge_->setBackgroundColor(theme.interiorBorderColor);
+    undo_->resetGlyphColor(undo_->symbol(), theme.symbolColor);
+    redo_->resetGlyphColor(redo_->symbol(), theme.symbolColor);
+}
+
+} // namespace QVM_NAMESPACE

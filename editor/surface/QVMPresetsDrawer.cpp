@@ -1,0 +1,120 @@
+#include "editor/surface/QVMPresetsDrawer.h"
+
+#include "controls/QVMParameterControl.h"
+#include "description/QVMConfig.h"
+#include "description/ValueMapping.h"
+#include "editor/surface/OutlineView.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr double listWidth = 195, borderWidth = 1, borderRadius = 2; // points
+
+std::vector<OutlineItem> outlineItemsOf(const std::vector<QVMPresetSection>& sections) {
+    std::vector<OutlineItem> items;
+    for (const QVMPresetSection& section : sections) {
+        OutlineItem& title = items.emplace_back(OutlineItem{section.section, {}, std::nullopt, {}});
+        for (const QVMPresetEntry& preset : section.presets)
+            title.children.push_back({preset.name, preset.note.value_or(""), preset.presetID, {}});
+    }
+    return items;
+}
+
+} // namespace
+
+QVMPresetsDrawer::QVMPresetsDrawer(const Rect& frame, const QVMConfig& config, const QVMPresetStructure& presets)
+    : QVMDrawerView(frame, config), chanIn_(config.chanIn), chanOut_(config.chanOut) {
+    layer()->setName("presetsDrawer");
+    for (const QVMPresetSection& section : presets.sections) {
+        QVMPresetSection offered{section.section, {}};
+        std::ranges::copy_if(section.presets, std::back_inserter(offered.presets),
+                             [this](const QVMPresetEntry& item) { return itemValidForCurrentChannels(item); });
+        if (!offered.presets.empty()) sections_.push_back(std::move(offered));
+    }
+    miniatureBorder_ = std::make_shared<Layer>();
+    miniatureBorder_->setName("miniatureBorder");
+    miniatureBorder_->setFrame(miniatureFrame.insetBy(-borderWidth, -borderWidth));
+    miniatureBorder_->setCornerRadius(borderRadius);
+    layer()->addSublayer(miniatureBorder_);
+    outline_ = &addSubview(std::make_unique<OutlineView>(Rect{0, 0, listWidth, bounds().height}));
+    outline_->setItems(outlineItemsOf(sections_));
+    outline_->setChoiceHandler([this](std::uint32_t presetID) { choose(presetID); });
+    QVMPresetsDrawer::themeUpdated();
+}
+
+bool QVMPresetsDrawer::itemValidForCurrentChannels(const QVMPresetEntry& item) const {
+    if (item.channelRestrictions.empty()) return true;
+    return std::ranges::find(item.channelRestrictions, QVMChannelPair{chanIn_, chanOut_}) !=
+           item.channelRestrictions.end();
+}
+
+void QVMPresetsDrawer::setPresetControl(QVMParameterControl* control) {
+    presetControl_ = control;
+    setToggle(control);
+}
+
+void QVMPresetsDrawer::choose(std::uint32_t presetID) {
+    if (!presetControl_) return;
+    presetControl_->setFloatValue(static_cast<float>(presetID));
+    presetControl_->reportValueChange();
+}
+
+void QVMPresetsDrawer::showCurrentPreset() {
+    if (!visible() || !presetControl_) return;
+    const std::int32_t index = IntegerPart(presetControl_->floatValue());
+    outline_->select(index < 0 ? std::nullopt : std::optional(static_cast<std::uint32_t>(index)));
+}
+
+void QVMPresetsDrawer::setVisibility(bool visible) {
+    QVMDrawerView::setVisibility(visible);
+    showCurrentPreset();
+}
+
+// A ground of its own would hide the miniature.
+void QVMPresetsDrawer::themeUpdated() {
+    const QVMUITheme& theme = QVMUITheme::theme();
+    layer()->setBackgroundColor(QVMCGClearColor());
+    layer()->setBackgroundPattern(nullptr);
+    miniatureBorder_->setBorder(borderWidth, theme.palette.trackBorder);
+    const Color accent = theme.foregroundGivenSpecified(QVMCGColor(config().metadata->color));
+    outline_->setTitleColor(contrasted(accent, theme.palette.drawer));
+}
+
+bool QVMPresetsDrawer::keyDown(const Event& event) {
+    if (!visible() || event.has(EventModifier::command)) return false;
+    switch (event.keyCode) {
+    case Key::codeEscape:
+    case Key::codeReturn:
+    case Key::codeEnter:
+        tapMiniature();
+        return true;
+    case Key::codeTab: // would walk through controls that cannot be used now
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool QVMPresetsDrawer::performKeyEquivalent(const Event& event) {
+    const bool isArrow = event.has(EventModifier::numericPad) && !event.charactersIgnoringModifiers.empty();
+    if (!visible() || !isArrow) return false;
+    const char32_t arrow = event.charactersIgnoringModifiers.front();
+    if (arrow != Key::up && arrow != Key::down) return false;
+    return outline_->moveSelection(arrow == Key::down ? 1 : -1);
+}
+
+void QVMPresetsDrawer::mouseDown(const Event& event) {
+    tapMiniature();
+    QVMDrawerView::mouseDown(event);
+}
+
+void QVMPresetsDrawer::tapMiniature() {
+    constexpr std::int32_t code = 1;
+    if (miniatureDelegate_) miniatureDelegate_->drawerDidTapMiniature(*this, code);
+}
+
+} // namespace QVM_NAMESPACE

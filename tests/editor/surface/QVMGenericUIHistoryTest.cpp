@@ -1,0 +1,352 @@
+#include "editor/EditorFixture.h"
+
+#include "controls/QVMSymbolButton.h"
+#include "editor/surface/QVMPresetBar.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <random>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::IsEmpty;
+
+class QVMGenericUIHistory : public EditorFixture {
+protected:
+    void change(std::uint32_t pid, float value) {
+        userSets(pid, value);
+        frame();
+        time_.advance(1);
+    }
+};
+
+// Hears what is sent while a snapshot is put in place.
+class LockWitness final : public RecordingDelegate {
+public:
+    explicit LockWitness(const QVMUndoRedoStack& stack) : stack_(stack) {}
+    void interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t, float) override { note(); }
+    void interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI&, const std::string&, std::uint32_t) override {
+        note();
+    }
+    int heard = 0, heardLocked = 0;
+
+private:
+    void note() {
+        ++heard;
+        heardLocked += stack_.locks() ? 1 : 0;
+    }
+    const QVMUndoRedoStack& stack_;
+};
+
+TEST_F(QVMGenericUIHistory, TheInitialStateIsOnTheStack) {
+    ASSERT_EQ(stack().stack().size(), 1u);
+    EXPECT_EQ(stack().stack().front().values.size(), QVMParameterCount);
+    EXPECT_FALSE(ui_->presetBar()->undo().buttonEnabled());
+    EXPECT_FALSE(ui_->presetBar()->redo().buttonEnabled());
+}
+
+TEST_F(QVMGenericUIHistory, TenQuickChangesMakeOneSnapshot) {
+    for (int i = 1; i <= 10; ++i) {
+        userSets(1, static_cast<float>(i));
+        frame();
+        time_.advance(0.04);
+    }
+    EXPECT_EQ(stack().stack().size(), 1u);
+    time_.advance(0.5);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_EQ(stack().currentValues()->values.at(1), 10);
+}
+
+TEST_F(QVMGenericUIHistory, UndoAndRedoBringTheValuesBackToUnitAndControl) {
+    change(1, 6);
+    change(7, -3);
+    ui_->keyboard().keyboardShortcutUndo();
+    frame();
+    EXPECT_EQ(control(7).floatValue(), 0);
+    EXPECT_EQ(control(1).floatValue(), 6);
+    EXPECT_EQ(delegate_.unit[7], 0);
+    ui_->keyboard().keyboardShortcutUndo();
+    frame();
+    EXPECT_EQ(control(1).floatValue(), 0);
+    ui_->keyboard().keyboardShortcutRedo();
+    frame();
+    EXPECT_EQ(control(1).floatValue(), 6);
+}
+
+TEST_F(QVMGenericUIHistory, UndoMakesNoSnapshotOfItsOwn) {
+    change(1, 6);
+    ui_->keyboard().keyboardShortcutUndo();
+    frame();
+    time_.advance(2);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_TRUE(stack().canRedo());
+}
+
+TEST_F(QVMGenericUIHistory, TheStackIsLockedForAsLongAsASnapshotIsPutInPlace) {
+    ui_->requestPresetNamed("Air");
+    frames(1);
+    LockWitness witness(stack());
+    ui_->setDelegate(&witness);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(witness.heard, static_cast<int>(QVMParameterCount) + 1);
+    EXPECT_EQ(witness.heardLocked, witness.heard);
+    EXPECT_FALSE(stack().locks());
+    ui_->setDelegate(&delegate_);
+}
+
+// Whatever the values are by then: none of them is a step of the user's.
+TEST_F(QVMGenericUIHistory, NoSnapshotFollowsAnUndo) {
+    change(1, 6);
+    ui_->keyboard().keyboardShortcutUndo();
+    ui_->setMemoizedPValueDirectlyValue(1, 3);
+    time_.advance(2);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_TRUE(stack().canRedo());
+}
+
+TEST_F(QVMGenericUIHistory, ASnapshotIsTakenHalfASecondAfterTheChange) {
+    userSets(1, 6);
+    time_.advance(0.49);
+    EXPECT_EQ(stack().stack().size(), 1u);
+    time_.advance(0.02);
+    EXPECT_EQ(stack().stack().size(), 2u);
+}
+
+TEST_F(QVMGenericUIHistory, AChangeThatIsTakenBackAtOnceIsNoStep) {
+    userSets(1, 6);
+    frame();
+    time_.advance(0.2);
+    change(1, 0);
+    EXPECT_EQ(stack().stack().size(), 1u);
+}
+
+TEST_F(QVMGenericUIHistory, TheSidesOfTheComparisonAreTwoStates) {
+    ui_->restoreABStateSettings(0, "1");
+    time_.advance(1);
+    EXPECT_EQ(stack().stack().size(), 2u) << "with the same values";
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->abState(), 0u);
+    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
+}
+
+TEST_F(QVMGenericUIHistory, ThePresetFollowsUndoAndRedo) {
+    ui_->requestPresetNamed("Air");
+    frames(1);
+    ui_->requestPresetNamed("Cellphone");
+    frames(1);
+    delegate_.calls.clear();
+    ui_->keyboard().keyboardShortcutUndo();
+    frames(1);
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+    EXPECT_EQ(delegate_.calls.back(), "preset Air 8");
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    ui_->keyboard().keyboardShortcutRedo();
+    ui_->keyboard().keyboardShortcutRedo();
+    frames(1);
+    EXPECT_EQ(ui_->currentPreset(), 22u);
+    EXPECT_FALSE(ui_->presetBar()->dirty());
+}
+
+TEST_F(QVMGenericUIHistory, ThePresetThatUndoComesBackToIsNotApplied) {
+    ui_->requestPresetNamed("Air");
+    frames(1);
+    change(1, -2);
+    ui_->requestPresetNamed("Cellphone");
+    frames(1);
+    delegate_.sent.clear();
+    ui_->keyboard().keyboardShortcutUndo();
+    frames(1);
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+    EXPECT_EQ(memoized(1), -2) << "as it was, and not as the preset has it";
+    EXPECT_EQ(delegate_.sent.size(), QVMParameterCount) << "the snapshot's values alone";
+    EXPECT_TRUE(ui_->presetBar()->dirty());
+}
+
+TEST_F(QVMGenericUIHistory, AnUndoThatStaysWithinAPresetReportsNone) {
+    change(1, 6);
+    delegate_.calls.clear();
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_THAT(delegate_.calls, testing::Each(testing::StartsWith("updated")));
+}
+
+TEST_F(QVMGenericUIHistory, ANameAloneIsNoStepAndIsTheOneToComeBackTo) {
+    ui_->lastSavedPresetWasKeyed(8);
+    frames(1);
+    EXPECT_EQ(stack().stack().size(), 1u);
+    change(1, 6);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+}
+
+TEST_F(QVMGenericUIHistory, ANameThatComesBeforeItsValuesBelongsToThem) {
+    ui_->lastSavedPresetWasKeyed(8);
+    frame();
+    hostSets(1, 7.5f);
+    frames(1);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    ui_->keyboard().keyboardShortcutRedo();
+    EXPECT_EQ(ui_->currentPreset(), 8u);
+}
+
+TEST_F(QVMGenericUIHistory, AChangeAfterUndoDiscardsWhatWasUndone) {
+    change(1, 6);
+    change(1, 7);
+    ui_->keyboard().keyboardShortcutUndo();
+    frame();
+    change(7, -3);
+    EXPECT_FALSE(stack().canRedo());
+    EXPECT_EQ(stack().stack().size(), 3u);
+}
+
+TEST_F(QVMGenericUIHistory, TheButtonsFollowTheStack) {
+    change(1, 6);
+    QVMSymbolButton& undo = ui_->presetBar()->undo();
+    QVMSymbolButton& redo = ui_->presetBar()->redo();
+    EXPECT_TRUE(undo.buttonEnabled());
+    EXPECT_FALSE(redo.buttonEnabled());
+    click(middleOf(undo));
+    EXPECT_EQ(memoized(1), 0);
+    EXPECT_FALSE(undo.buttonEnabled());
+    EXPECT_TRUE(redo.buttonEnabled());
+    click(middleOf(redo));
+    EXPECT_EQ(memoized(1), 6);
+    EXPECT_TRUE(undo.buttonEnabled());
+    EXPECT_FALSE(redo.buttonEnabled());
+}
+
+TEST_F(QVMGenericUIHistory, UndoAcrossAnABSwitchRestoresTheIndicator) {
+    change(1, 6);
+    ui_->undoRedoABState(1);
+    change(1, 9);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(ui_->abState(), 0u);
+    EXPECT_EQ(memoized(1), 6);
+    ui_->keyboard().keyboardShortcutRedo();
+    EXPECT_EQ(ui_->abState(), 1u);
+}
+
+TEST_F(QVMGenericUIHistory, RestoringASlotMakesTheOtherOneActiveAndAppliesNothing) {
+    ui_->restoreABStateSettings(0, "1;6.5;30");
+    EXPECT_EQ(ui_->abState(), 1u);
+    EXPECT_EQ(ui_->presetBar()->ab().position(), 1u);
+    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
+    EXPECT_EQ(memoized(1), 0);
+    EXPECT_THAT(delegate_.calls, IsEmpty());
+    ui_->restoreABStateSettings(2, "1;2");
+    EXPECT_EQ(ui_->abState(), 1u);
+}
+
+TEST_F(QVMGenericUIHistory, HostAutomationMakesOneSnapshotAfterItRests) {
+    for (int i = 0; i < 20; ++i) {
+        hostSets(1, static_cast<float>(i) * 0.1f);
+        time_.advance(0.02);
+    }
+    time_.advance(1);
+    EXPECT_EQ(stack().stack().size(), 2u);
+}
+
+TEST_F(QVMGenericUIHistory, TenQuickChangesAndAUndoBringBackWhatWasBeforeAll) {
+    change(1, 2);
+    for (int i = 1; i <= 10; ++i) {
+        userSets(7, static_cast<float>(-i));
+        frame();
+        time_.advance(0.04);
+    }
+    time_.advance(1);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(memoized(7), 0);
+    EXPECT_EQ(memoized(1), 2);
+}
+
+TEST_F(QVMGenericUIHistory, ADragOfTheMouseIsOneStepAndOneGesture) {
+    const QVMParameterControl& gain = control(1);
+    const Point start = middleOf(gain);
+    delegate_.calls.clear();
+    window_.sendEvent(mouseEvent(EventType::mouseDown, start));
+    for (int i = 1; i <= 40; ++i) {
+        window_.sendEvent(mouseEvent(EventType::mouseDragged, {start.x + i, start.y}));
+        frame();
+        time_.advance(0.05); // longer in all than it takes to make a snapshot
+    }
+    EXPECT_EQ(stack().stack().size(), 1u);
+    window_.sendEvent(mouseEvent(EventType::mouseUp, {start.x + 40, start.y}));
+    time_.advance(1);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), "began 1"), 1);
+    EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), "ended 1"), 1);
+    EXPECT_GT(memoized(1), 0);
+    ui_->keyboard().keyboardShortcutUndo();
+    EXPECT_EQ(memoized(1), 0);
+}
+
+TEST_F(QVMGenericUIHistory, OneDragMakesOneUndoStep) {
+    userSets(2, 8000);
+    frame();
+    time_.advance(1);
+    const std::size_t before = stack().stack().size();
+    for (const float value : {6789.1f, 1234.6f, 333.3f, 125.7f}) {
+        userSets(3, value);
+        frame();
+    }
+    frames(2);
+    EXPECT_EQ(stack().stack().size(), before + 1);
+    EXPECT_EQ(memoized(3), 125.7f);
+    EXPECT_EQ(memoized(2), 0.5f * 125.7f) << "the pushed partner, beside the fine step, keeps its value too";
+}
+
+TEST_F(QVMGenericUIHistory, AnUndoCancelsASnapshotThatIsPending) {
+    change(1, 6);
+    userSets(1, 9);
+    ui_->keyboard().keyboardShortcutUndo();
+    frame();
+    EXPECT_EQ(memoized(1), 0);
+    ui_->setMemoizedPValueDirectlyValue(1, 3); // what it would record
+    time_.advance(2);
+    EXPECT_EQ(stack().stack().size(), 2u);
+    EXPECT_TRUE(stack().canRedo());
+}
+
+// Random changes, pauses, undos and redos, against a history that is two plain lists.
+TEST_F(QVMGenericUIHistory, AgreesWithASimpleModelOverRandomOperations) {
+    std::mt19937 random(7);
+    std::vector<std::vector<float>> done = {memoized()}, undone;
+    for (int step = 0; step < 300; ++step) {
+        switch (random() % 4) {
+        case 0:
+        case 1: {
+            const std::uint32_t pid = random() % 2 ? 1 : 7;
+            change(pid, static_cast<float>(random() % 5) * -1.5f);
+            if (memoized() == done.back()) break;
+            done.push_back(memoized());
+            undone.clear();
+            break;
+        }
+        case 2:
+            ui_->keyboard().keyboardShortcutUndo();
+            frame();
+            if (done.size() > 1) {
+                undone.push_back(done.back());
+                done.pop_back();
+            }
+            break;
+        default:
+            ui_->keyboard().keyboardShortcutRedo();
+            frame();
+            if (!undone.empty()) {
+                done.push_back(undone.back());
+                undone.pop_back();
+            }
+        }
+        ASSERT_EQ(memoized(), done.back()) << "step " << step;
+        ASSERT_EQ(ui_->presetBar()->undo().buttonEnabled(), done.size() > 1) << "step " << step;
+        ASSERT_EQ(ui_->presetBar()->redo().buttonEnabled(), !undone.empty()) << "step " << step;
+    }
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
