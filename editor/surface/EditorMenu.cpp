@@ -74,15 +74,15 @@ MenuItem modeItem(QVMGenericUI& ui, const QVMParameter& mode) {
 }
 
 void addSettingsItems(Menu& menu, QVMGenericUI& ui) {
-    const auto copy = [](QVMGenericUI& editor) { editor.keyboard().keyboardShortcutHandleCopy(); };
-    const auto paste = [](QVMGenericUI& editor) { editor.keyboard().keyboardShortcutHandlePaste(); };
+    const auto copy = [](QVMGenericUI& editor) { editor.session().settings().copy(); };
+    const auto paste = [](QVMGenericUI& editor) { editor.session().settings().paste(); };
     const auto reset = [](QVMGenericUI& editor) {
         editor.lastSavedPresetWasKeyed(defaultPreset);
         editor.presetUpdated();
     };
     menu.items.push_back(item("Copy all settings as URL to Clipboard", onEditor(ui, copy)));
     menu.items.push_back(
-        item("Paste all settings from Clipboard", onEditor(ui, paste), ui.keyboard().canPasteSettings()));
+        item("Paste all settings from Clipboard", onEditor(ui, paste), ui.session().settings().canPaste()));
     menu.items.push_back(item("Reset all settings to default", onEditor(ui, reset)));
 }
 
@@ -94,7 +94,7 @@ MenuItem operation(QVMGenericUI& ui, std::string title, bool (QVMKeyboardHandler
 
 std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
     using Keyboard = QVMKeyboardHandler;
-    const QVMUndoRedoStack& history = ui.keyboard().undoRedoStack();
+    const QVMUndoRedoStack& history = ui.session().history().stack();
     const std::string here = ui.abState() == 0 ? "A" : "B", there = ui.abState() == 0 ? "B" : "A";
     const QVMPresetsDrawer* const presets = ui.presetDrawer();
     const auto flip = [](QVMGenericUI& editor) {

@@ -6,7 +6,6 @@
 #include "editor/surface/QVMKeyboardHandler.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -19,20 +18,10 @@ constexpr double backingScaleDelay = 0.35, sketchDelay = 0.5; // seconds
 
 QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config, std::uint32_t chanIn,
                            std::uint32_t chanOut)
-    : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut),
-      keyboard_(std::make_unique<QVMKeyboardHandler>()) {
+    : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), session_(*config_, *this),
+      interactionStates_(session_.values().count(), QVMInteractionDiscrete),
+      keyboard_(std::make_unique<QVMKeyboardHandler>(session_)) {
     layer()->setName("editor");
-    const auto count = static_cast<std::size_t>(config_->numParameters);
-    memoizedPValues_.resize(count);
-    memoizedPValuesChanged_.assign(count, 1);
-    receivedPValues_.assign(count, nothingReceived);
-    heldRanges_.resize(count);
-    scratchPValues_.resize(count);
-    interactionStates_.assign(count, QVMInteractionDiscrete);
-    config_->enumerateParametersWithBlock([this](QVMParameter& parameter, QVMClump&) {
-        setMemoizedPValueDirectlyValue(parameter.pid, parameter.initialValue);
-        if (parameter.pid < heldRanges_.size()) heldRanges_[parameter.pid] = parameter.heldRange();
-    });
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
     keyboard_->setConfig(config_.get());
@@ -74,17 +63,7 @@ void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
     addClumpsView();
     addPresetBar();
     addAndRegisterParameterControls();
-    resetABState(memoizedPValues_);
-}
-
-void QVMGenericUI::resetABState(std::span<const float> values) {
-    undoRedoABState(0);
-    for (std::vector<float>& slot : abValues_) {
-        slot.assign(values.begin(), values.end());
-        slot.resize(memoizedPValues_.size());
-        slot.push_back(static_cast<float>(currentPreset()));
-    }
-    potentiallySaveToUndoRedoStack();
+    resetABState(session_.values().memoized());
 }
 
 void QVMGenericUI::applyChannelLayoutRules() {

@@ -7,6 +7,7 @@
 #include "controls/QVMParameterControl.h"
 #include "controls/QVMSpeedLim.h"
 #include "description/QVMConfig.h"
+#include "editor/session/EditorSession.h"
 #include "editor/surface/QVMABControl.h"
 #include "editor/surface/QVMDrawerView.h"
 #include "editor/surface/QVMGenericUIDelegate.h"
@@ -16,8 +17,6 @@
 #include "platform/view/View.h"
 #include "viz/sketches/QVMParameterSketchDelegate.h"
 
-#include <array>
-#include <limits>
 #include <memory>
 #include <span>
 #include <string>
@@ -40,15 +39,16 @@ class QVMPowerBox;
 class QVMPresetBar;
 class QVMPresetsDrawer;
 class QVMRangeControl;
+struct SideEffects;
 struct PBSketch;
-struct QVMSnapshot;
 
 class QVMGenericUI : public View,
                      private QVMParameterControlDelegate,
                      private QVMHUDDisplayDelegate,
                      private QVMParameterSketchDelegate,
                      private QVMABControlDelegate,
-                     private QVMDrawerViewDelegate {
+                     private QVMDrawerViewDelegate,
+                     private SessionSurface {
 public:
     // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
     static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
@@ -65,26 +65,28 @@ public:
 
     // A value from anywhere in the editor: restricted, told to the delegate in the host domain, memoized. The control
     // follows when the value comes back from the unit; before there is a sketch, by which it comes, at once.
-    void notifyParameterUpdatedTo(std::uint32_t pid, float value);
+    void notifyParameterUpdatedTo(std::uint32_t pid, float value) { session_.values().send(pid, value); }
     // The user moved a control: as above, then the partner of a low/high pair is pushed an octave away.
     void handleParameterControlUpdated(QVMParameterControl& control);
     // Stores a value without telling the delegate. An equal one changes nothing.
-    void updateMemoizedValueForParameter(float value, std::uint32_t pid);
+    void updateMemoizedValueForParameter(float value, std::uint32_t pid) { session_.values().memoize(pid, value); }
     // A value as the unit posted it (QVMParameter::heldValueFromHostValue). It reaches its control, and nothing is
     // sent back. What the unit makes of the memoized value counts as the memoized value, if the unit can hold that.
-    void updateParameterFromSketchState(std::uint32_t pid, float value);
+    void updateParameterFromSketchState(std::uint32_t pid, float value) { session_.values().receive(pid, value); }
 
     // Several values by codename; unknown names are skipped.
-    void setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs);
+    void setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs) {
+        session_.values().sendPairs(pairs);
+    }
     // Every control's parameter to its initial value.
     void resetInitialValues();
     // The scratch values that differ from the memoized ones, except those of disabled controls.
     void applyScratchValues();
-    std::span<float> scratchPValues() { return scratchPValues_; }
+    std::span<float> scratchPValues() { return session_.values().scratch(); }
     // Reads or stores a memoized value with no consequence at all. An unknown pid reads as 0.
-    void setMemoizedPValueDirectlyValue(std::uint32_t pid, float value);
-    float getMemoizedPValueDirectly(std::uint32_t pid) const;
-    std::uint32_t receivedParamUpdateCount() const { return receivedParamUpdateCount_; }
+    void setMemoizedPValueDirectlyValue(std::uint32_t pid, float value) { session_.values().setDirectly(pid, value); }
+    float getMemoizedPValueDirectly(std::uint32_t pid) const { return session_.values().memoized(pid); }
+    std::uint32_t receivedParamUpdateCount() const { return session_.values().receivedFrames(); }
 
     // Presets, by index or by name. Choosing one sets every parameter that is no preset wildcard. A name that no preset
     // has cannot be chosen.
@@ -92,29 +94,30 @@ public:
     // The preset control has another value, or the same one again: applies that preset and reports it.
     void presetUpdated();
     // One value for each parameter that is no preset wildcard, in pid order. What is no number leaves its parameter.
-    void applyPresetValues(std::span<const float> values);
+    void applyPresetValues(std::span<const float> values) { session_.presets().apply(values); }
     // Names the current preset and applies nothing. A name or index that no preset has is shown as such.
     void lastSavedPresetWasNamed(const std::string& name);
-    void lastSavedPresetWasKeyed(std::uint32_t index);
-    // The preset control's value; 0 in a product without presets.
-    std::uint32_t currentPreset() const;
+    void lastSavedPresetWasKeyed(std::uint32_t index) { session_.presets().setCurrent(index); }
+    // 0 in a product without presets.
+    std::uint32_t currentPreset() const { return session_.presets().current(); }
     // Opens or closes the presets drawer; false when there is no preset bar.
     bool togglePresetsDrawer();
     QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
 
     // Undo snapshots follow half a second after the last change, unless the stack is locked, and after the end of the
     // gesture that is under way then.
-    void potentiallySaveToUndoRedoStack();
+    void potentiallySaveToUndoRedoStack() { session_.history().scheduleSnapshot(); }
     void syncUndoRedoButtonsToStackState();
-    // What belongs to a snapshot beside the values: the side, and the preset by name. Nothing is copied or applied.
-    void undoRedoABState(std::uint32_t state);
-    void undoRedoPreset(std::uint32_t index);
-    std::uint32_t abState() const { return abState_; }
+    // The side that belongs to a snapshot. Nothing is copied or applied.
+    void undoRedoABState(std::uint32_t state) { session_.comparison().setActive(state); }
+    std::uint32_t abState() const { return session_.comparison().active(); }
     // Slot `state` gets the values of the text, 0 where an element is empty or no number; the other slot becomes the
     // active one. State 2 means nothing was saved.
-    void restoreABStateSettings(std::uint32_t state, std::string_view settings);
+    void restoreABStateSettings(std::uint32_t state, std::string_view settings) {
+        session_.restoreSide(state, settings);
+    }
     // The comparison starts anew: A is active, and both slots have these values, by pid.
-    void resetABState(std::span<const float> values);
+    void resetABState(std::span<const float> values) { session_.resetComparison(values); }
 
     // Layout variants: 0 normal, 1 with the advanced drawer, 2 compact. `requestFrame` asks the delegate, which answers
     // with `assumeAltFrameScaleChanged`.
@@ -176,6 +179,7 @@ public:
     const QVMConfig& config() const { return *config_; }
     // Expires with the editor: for what may be called after it has gone, as a menu's items.
     std::weak_ptr<const bool> lifetime() const { return alive_; }
+    EditorSession& session() { return session_; }
     QVMKeyboardHandler& keyboard() { return *keyboard_; }
     QVMClumpsView* clumpsView() const { return clumpsView_; }
     QVMClumpsView* advClumpsView() const { return advClumpsView_; }
@@ -246,7 +250,6 @@ private:
     void layOutNotice();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
-    static constexpr float nothingReceived = std::numeric_limits<float>::max();
     // How the sketches' drawing object is set up.
     struct SketchSettings {
         double sampleRate = 44100; // hertz
@@ -257,8 +260,6 @@ private:
     void addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings);
     void addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings);
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
-    bool isMemoizedValueHeld(std::size_t pid) const;
-    void rereadMemoizedValue(const QVMParameter& parameter, float held);
     void showFocusInSketch();
     void sketchScaleDidChange();
     void describeMeters();
@@ -266,18 +267,8 @@ private:
     // Whether a parameter's control stands in the advanced drawer while that is closed. Null does not.
     bool isInClosedDrawer(const QVMParameter* parameter) const;
 
-    // Value flow.
-    void handleSideEffectsOfUpdatedControl(QVMParameterControl& control, float value, float was);
-    void dimByScope(const QVMParameterControl& control, float value);
-    void dimDisableAndHide(const QVMParameter& cause, float value);
-    void schedulePresetDirtyCheck();
-    void checkPresetDirtyState();
-    bool equalsPreset(std::span<const float> presetValues) const;
-    void notifyPresetChange(std::uint32_t index);
-    void saveParametersToUndoRedoStack();
-    QVMSnapshot presentSnapshot() const;
-    bool isGestureUnderWay() const;
-    void copyValuesToPreset(std::vector<float>& slot, float preset) const;
+    void applySideEffects(const SideEffects& effects, QVMParameterControl& cause);
+    void dimScope(const SideEffects& effects, const QVMParameterControl& cause);
 
     void assumeNextFrame();
     void assumeFrames();
@@ -315,24 +306,28 @@ private:
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
 
+    // SessionSurface
+    void sendValueToUnit(std::uint32_t pid, float hostValue) override;
+    void showValue(std::uint32_t pid, float value) override;
+    void valueDidChange(std::uint32_t pid) override;
+    void valueWasReceived(std::uint32_t pid, float value, float was) override;
+    std::vector<ShownValue> shownValues() const override;
+    bool isGestureUnderWay() const override;
+    void historyDidChange() override { syncUndoRedoButtonsToStackState(); }
+    void sideDidChange(std::uint32_t side, SideMove move) override;
+    void showPreset(std::uint32_t index) override;
+    void showPresetDirty(bool dirty) override;
+    void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override;
+    void settingsWereRefused(const std::string& why) override { showNotice("Not pasted", why); }
+
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
     float currentScale_ = 1;
     std::int32_t altFrame_ = 0;
 
-    // One entry for each parameter, by pid.
-    std::vector<float> memoizedPValues_;
-    std::vector<std::uint8_t> memoizedPValuesChanged_;
-    std::vector<float> receivedPValues_;      // by `nothingReceived` at first
-    std::vector<QVMFloat32Range> heldRanges_; // QVMParameter::heldRange()
-    std::vector<float> scratchPValues_;
-    std::vector<QVMInteraction> interactionStates_;
-    std::uint32_t receivedParamUpdateCount_ = 0;
-
-    std::uint32_t abState_ = 0;
-    std::array<std::vector<float>, 2> abValues_; // each parameter by pid, then the preset's index
-
+    EditorSession session_;
+    std::vector<QVMInteraction> interactionStates_; // by pid
     std::unique_ptr<QVMKeyboardHandler> keyboard_;
     ControlList parameterControls_; // in order of registration; owned by their superviews
     QVMClumpsView* clumpsView_ = nullptr;
@@ -356,7 +351,7 @@ private:
     QVMParameterControl* lastRightClickedControl_ = nullptr; // or the one with the focus, for a menu by key
     bool hasFocus_ = false;
 
-    DelayedCall undoCall_, dirtyCall_, toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
+    DelayedCall toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::vector<ObservationToken> observations_, windowObservations_;
 };

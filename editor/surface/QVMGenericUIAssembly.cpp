@@ -159,7 +159,7 @@ void QVMGenericUI::addRangeControls(QVMParameterControl& low, QVMParameterContro
 
 void QVMGenericUI::addHudAndNumericMeter() {
     if (hud_) return;
-    hud_ = &addSubview(std::make_unique<QVMHUDDisplay>(Rect{}, memoizedPValues_));
+    hud_ = &addSubview(std::make_unique<QVMHUDDisplay>(Rect{}, session_.values().memoized()));
     hud_->setDelegate(this);
     if (!config_->metadata->numericMeter) return;
     // Its frame is empty until whoever draws the sketch finds a place for it.

@@ -2,7 +2,6 @@
 #include "editor/surface/EditorMenu.h"
 #include "editor/surface/QVMClumpView.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "platform/system/Workspace.h"
 #include "platform/view/Menu.h"
 #include "platform/view/Window.h"
@@ -55,13 +54,13 @@ bool QVMGenericUI::popUpMenuForKey(const Event& event) {
 }
 
 void QVMGenericUI::presetSaveTapped() {
-    const std::string address = keyboard_->currentParametersURLEncoded();
+    const std::string address = session_.settings().address();
     Workspace::current().openUrl(address);
     Workspace::current().setClipboardString(address);
 }
 
 void QVMGenericUI::openManualWithExtension(const std::string& extension) {
-    Workspace::current().openUrl(keyboard_->baseURLForPluginVersion() + "/manual/" + extension);
+    Workspace::current().openUrl(session_.settings().baseAddress() + "/manual/" + extension);
 }
 
 // The manual has an anchor for each parameter.

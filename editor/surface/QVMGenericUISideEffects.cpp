@@ -1,16 +1,15 @@
-// What a new value does to other controls: dimming, disabling, hiding, and what follows half a second later.
+// What the session has found out about the controls is done to them: dimming, disabling, hiding.
+#include "controls/QVMParameterControl.h"
 #include "controls/QVMRangeControl.h"
+#include "editor/session/SideEffects.h"
 #include "editor/surface/QVMClumpView.h"
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
-
-#include <algorithm>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::int32_t scopeGlobal = 1, scopeClump = 2;
 constexpr unsigned globalPriority = 0, dimPriority = 10, clumpPriority = 5;
 constexpr const char* clumpDimKey = "Clump";
 
@@ -31,58 +30,34 @@ void dimSubviews(const View* container, bool dimmed) {
 
 } // namespace
 
-void QVMGenericUI::handleSideEffectsOfUpdatedControl(QVMParameterControl& control, float value, float was) {
-    const QVMParameter& cause = *control.parameter();
-    dimByScope(control, value);
-    dimDisableAndHide(cause, value);
-    schedulePresetDirtyCheck();
-    if (control.range()) control.range()->updateRangeAnimated(Animate::yes);
-
-    if (receivedParamUpdateCount_ == 0 || value != 0 || value == was) return;
-    for (const std::vector<std::string>& link : cause.links) {
-        const QVMParameterControl* linked = link.empty() ? nullptr : parameterControlWithCodename(link.front());
-        if (linked) propagateLinkForPidNotify(linked->parameter()->pid, true);
+void QVMGenericUI::applySideEffects(const SideEffects& effects, QVMParameterControl& cause) {
+    dimScope(effects, cause);
+    if (effects.dimsControls)
+        for (QVMParameterControl* control : parameterControls_)
+            control->setDimmedDelayPriorityKey(effects.dims(control->parameter()->codesafeName), 0, dimPriority,
+                                               cause.parameter()->codesafeName);
+    for (const auto& [codename, prevents] : effects.prevented) {
+        QVMParameterControl* control = parameterControlWithCodename(codename);
+        preventInteraction(control, prevents);
+        if (control) preventInteraction(control->range(), prevents);
     }
+    for (const auto& [codename, hides] : effects.hidden)
+        if (QVMParameterControl* control = parameterControlWithCodename(codename)) control->setHidden(hides);
 }
 
-void QVMGenericUI::dimByScope(const QVMParameterControl& control, float value) {
-    const bool dimmed = static_cast<std::int32_t>(value) == 0;
-    switch (control.parameter()->scope) {
-    case scopeGlobal:
-        dimSubviews(clumpsView_, dimmed);
-        dimSubviews(advClumpsView_, dimmed);
+void QVMGenericUI::dimScope(const SideEffects& effects, const QVMParameterControl& cause) {
+    switch (effects.scope) {
+    case SideEffects::Scope::none:
         break;
-    case scopeClump:
-        if (auto* clumpView = dynamic_cast<QVMClumpView*>(control.clumpView()))
-            clumpView->setDimmedDelayPriority(dimmed, 0, clumpPriority);
+    case SideEffects::Scope::editor:
+        dimSubviews(clumpsView_, effects.dimsScope);
+        dimSubviews(advClumpsView_, effects.dimsScope);
         break;
-    default:
+    case SideEffects::Scope::clump:
+        if (auto* clumpView = dynamic_cast<QVMClumpView*>(cause.clumpView()))
+            clumpView->setDimmedDelayPriority(effects.dimsScope, 0, clumpPriority);
         break;
     }
-}
-
-void QVMGenericUI::dimDisableAndHide(const QVMParameter& cause, float value) {
-    if (!cause.dims.empty()) {
-        const auto named = cause.dims.find(value);
-        for (QVMParameterControl* control : parameterControls_) {
-            const bool dimmed =
-                named != cause.dims.end() && std::find(named->second.begin(), named->second.end(),
-                                                       control->parameter()->codesafeName) != named->second.end();
-            control->setDimmedDelayPriorityKey(dimmed, 0, dimPriority, cause.codesafeName);
-        }
-    }
-    for (std::size_t index = 0; index < cause.disables.size(); ++index) {
-        for (const std::string& codename : cause.disables[index]) {
-            QVMParameterControl* control = parameterControlWithCodename(codename);
-            const bool prevent = static_cast<float>(index) == value;
-            preventInteraction(control, prevent);
-            if (control) preventInteraction(control->range(), prevent);
-        }
-    }
-    for (std::size_t index = 0; index < cause.hides.size(); ++index)
-        for (const std::string& codename : cause.hides[index])
-            if (QVMParameterControl* control = parameterControlWithCodename(codename))
-                control->setHidden(static_cast<float>(index) == value);
 }
 
 } // namespace QVM_NAMESPACE

@@ -4,7 +4,6 @@
 #include "editor/surface/EditorLayout.h"
 #include "editor/surface/NumericMeterReading.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "platform/layer/Transaction.h"
 #include "platform/view/Window.h"
@@ -13,7 +12,7 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 
@@ -40,6 +39,7 @@ void QVMGenericUI::addSketchWithFrameAppendView(const Rect& frame, View& appendV
                                                      settings.maxFrames, settings.scale, chanIn_, chanOut_);
     sketch_ = made.get();
     sketch_->setDelegate(this);
+    session_.values().setComesBack();
     sketch_->setNumericMeter(numericMeterReading_.get());
     showFocusInSketch();
     showMemoizedValues(*sketch_->getVizRef());
@@ -62,10 +62,11 @@ void QVMGenericUI::addAuxiliarySketch(const PBSketch& description, const SketchS
 
 // So that the first glide starts from what the controls show.
 void QVMGenericUI::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
-    const std::size_t count = std::min<std::size_t>(vizRef.paramCount, memoizedPValues_.size());
+    const std::vector<float>& values = session_.values().memoized();
+    const std::size_t count = std::min<std::size_t>(vizRef.paramCount, values.size());
     for (std::size_t pid = 0; pid < count; ++pid) {
-        vizRef.parameterStates[pid].value = vizRef.parameterStates[pid].displayValue = memoizedPValues_[pid];
-        vizRef.interpTargets[pid] = vizRef.interpValues[pid] = memoizedPValues_[pid];
+        vizRef.parameterStates[pid].value = vizRef.parameterStates[pid].displayValue = values[pid];
+        vizRef.interpTargets[pid] = vizRef.interpValues[pid] = values[pid];
     }
 }
 
@@ -110,52 +111,10 @@ void QVMGenericUI::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, c
     if (!delegate_) return;
     PBGLSketchAbstract* vizRef = sketch.getVizRef();
     if (delegate_->interfaceWantsVizRef(*this) != vizRef) return delegate_->interfaceHasReadiedVizRef(*this, vizRef);
-    const std::size_t count = std::min<std::size_t>(vizRef->paramCount, receivedPValues_.size());
-    for (std::size_t pid = 0; pid < count; ++pid) {
-        const float value = states[pid].value;
-        if (value != receivedPValues_[pid] || !isMemoizedValueHeld(pid))
-            updateParameterFromSketchState(static_cast<std::uint32_t>(pid), value);
-    }
-    ++receivedParamUpdateCount_;
-}
-
-void QVMGenericUI::updateParameterFromSketchState(std::uint32_t pid, float value) {
-    const QVMParameter* parameter = config_->parameterForPid(pid);
-    if (!parameter || pid >= receivedPValues_.size()) return;
-    const float was = std::exchange(receivedPValues_[pid], value);
-    if (was == nothingReceived) rereadMemoizedValue(*parameter, value);
-    // The unit stores less than the editor sends: fewer bits of a frequency, and no value beside the fine step. What it
-    // makes of a value that was sent is that value, but not where it has moved it to an end of its range.
-    const float memoized = memoizedPValues_[pid];
-    const bool isEcho =
-        isMemoizedValueHeld(pid) && parameter->heldValueFromHostValue(parameter->reverseCastValue(memoized)) == value;
-    const bool isWhole = parameter->unit == QVMUnitIndexed || parameter->unit == QVMUnitSwitch;
-    if (isEcho && !isWhole) value = memoized; // what is whole is as the unit made it
-
-    QVMParameterControl* control = parameterControlWithPid(pid);
-    if (control) control->setFloatValue(value);
-    updateMemoizedValueForParameter(value, pid);
-    if (control)
-        handleSideEffectsOfUpdatedControl(*control, value, was);
-    else
-        schedulePresetDirtyCheck();
-}
-
-// A value that was sent outside the unit's range, as by the rule that pushes partners apart, is another in the unit,
-// which may have held that one all along and then posts nothing new.
-bool QVMGenericUI::isMemoizedValueHeld(std::size_t pid) const {
-    return heldRanges_[pid].contains(memoizedPValues_[pid]);
-}
-
-// What was memoized at the opening is the unit's value inside the parameter's range, and the range links start below
-// theirs. The value as the unit holds it then takes that one's place, wherever it was kept: nobody changed anything.
-void QVMGenericUI::rereadMemoizedValue(const QVMParameter& parameter, float held) {
-    const float read = memoizedPValues_[parameter.pid];
-    if (read == held || parameter.shownValueFromHostValue(parameter.reverseCastValue(held)) != read) return;
-    memoizedPValues_[parameter.pid] = held;
-    for (std::vector<float>& slot : abValues_)
-        if (parameter.pid < slot.size() && slot[parameter.pid] == read) slot[parameter.pid] = held;
-    keyboard_->undoRedoStack().replaceValue(parameter.pid, read, held);
+    const std::size_t count = std::min<std::size_t>(vizRef->paramCount, session_.values().count());
+    for (std::uint32_t pid = 0; pid < count; ++pid)
+        session_.values().receiveIfNew(pid, states[pid].value);
+    session_.values().frameWasReceived();
 }
 
 } // namespace QVM_NAMESPACE

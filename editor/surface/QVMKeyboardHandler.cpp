@@ -1,11 +1,8 @@
 #include "editor/surface/QVMKeyboardHandler.h"
 
 #include "controls/QVMParameterControl.h"
-#include "editor/session/MakerSite.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "platform/system/Workspace.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -14,17 +11,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::uint64_t undoCapacity = 100;
 constexpr std::u32string_view numberCharacters = U",.0123456789";
-
-// Two snapshots are the same when the later one has every value of the earlier one.
-bool countAsSame(const QVMSnapshot& previous, const QVMSnapshot& next) {
-    const auto kept = [&next](const auto& entry) {
-        const auto found = next.values.find(entry.first);
-        return found != next.values.end() && found->second == entry.second;
-    };
-    return std::all_of(previous.values.begin(), previous.values.end(), kept) && previous.abState == next.abState;
-}
 
 char32_t characterOf(const Event& event) {
     return event.charactersIgnoringModifiers.empty() ? U'\0' : event.charactersIgnoringModifiers.front();
@@ -41,7 +28,7 @@ bool isArrow(char32_t character) {
 
 } // namespace
 
-QVMKeyboardHandler::QVMKeyboardHandler() : undoRedoStack_(undoCapacity, countAsSame) {}
+QVMKeyboardHandler::QVMKeyboardHandler(EditorSession& session) : session_(session) {}
 
 bool QVMKeyboardHandler::handleKeyDownEvent(const Event& event) {
     QVMParameterControl* control = focused();
@@ -98,23 +85,23 @@ bool QVMKeyboardHandler::keyboardShortcutAttemptTap() {
     return control && control->tap();
 }
 
+bool QVMKeyboardHandler::keyboardShortcutHandleCopy() {
+    session_.settings().copy();
+    return true;
+}
+
 bool QVMKeyboardHandler::keyboardShortcutUndo() {
-    return applyUndoRedoStackValues(undoRedoStack_.undo());
+    session_.history().undo();
+    return true;
 }
 
 bool QVMKeyboardHandler::keyboardShortcutRedo() {
-    return applyUndoRedoStackValues(undoRedoStack_.redo());
+    session_.history().redo();
+    return true;
 }
 
 bool QVMKeyboardHandler::applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot) {
-    ui_->syncUndoRedoButtonsToStackState();
-    if (!snapshot) return true;
-    undoRedoStack_.setLocks(true);
-    for (const auto& [pid, value] : snapshot->values)
-        ui_->notifyParameterUpdatedTo(pid, value);
-    ui_->undoRedoABState(snapshot->abState);
-    ui_->undoRedoPreset(snapshot->preset);
-    undoRedoStack_.setLocks(false);
+    session_.history().apply(snapshot);
     return true;
 }
 

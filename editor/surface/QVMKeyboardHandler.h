@@ -1,10 +1,10 @@
-// Drives the editor from the keyboard: steps and types values, walks the focus, undoes and redoes, and hands settings
-// to the clipboard and back.
+// Drives the editor from the keyboard: steps and types values, and walks the focus. Undo and settings are the
+// session's; what of them a key or a menu may ask for is passed on.
 //
 // The editor hands it key events; what it does not handle is the host's. Main thread only.
 #pragma once
 
-#include "editor/session/QVMUndoRedoStack.h"
+#include "editor/session/EditorSession.h"
 #include "platform/view/Event.h"
 
 #include <cstdint>
@@ -21,7 +21,8 @@ class QVMParameterControl;
 
 class QVMKeyboardHandler {
 public:
-    QVMKeyboardHandler();
+    // The session is borrowed and outlives the handler.
+    explicit QVMKeyboardHandler(EditorSession& session);
 
     // Both are borrowed and outlive the handler, which belongs to the editor.
     void setConfig(const QVMConfig* config) { config_ = config; }
@@ -53,24 +54,18 @@ public:
     bool escapeFocusedControl();
     bool keyboardShortcutAttemptTap();
 
-    // All settings as one address. What is read from the clipboard changes nothing unless all of it can be read, and
-    // the log and a notice say why; what it does not name returns to its initial value, and the whole is one undo step.
-    std::string currentParametersURLEncoded() const;
-    std::string baseURLForPluginVersion() const;
-    bool applyURLEncodedPreset(const std::string& text);
-    // Always true.
+    // All settings as one address (SettingsClipboard).
+    std::string currentParametersURLEncoded() const { return session_.settings().address(); }
+    std::string baseURLForPluginVersion() const { return session_.settings().baseAddress(); }
+    bool applyURLEncodedPreset(const std::string& text) { return session_.settings().apply(text); }
     bool keyboardShortcutHandleCopy();
-    // Any product's address; false when nothing was applied.
-    bool keyboardShortcutHandlePaste();
-    // Whether the clipboard's text begins as an address of this very product: for the menu. What is behind that is
-    // looked at when it is pasted. Reads the clipboard, which may block.
-    bool canPasteSettings() const;
+    bool keyboardShortcutHandlePaste() { return session_.settings().paste(); }
 
+    // The history (EditorHistory). Keys that ask for it are always consumed.
     bool keyboardShortcutUndo();
     bool keyboardShortcutRedo();
-    // Puts a snapshot's values in place without recording them as a change. Always true.
     bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
-    QVMUndoRedoStack& undoRedoStack() { return undoRedoStack_; }
+    QVMUndoRedoStack& undoRedoStack() { return session_.history().stack(); }
 
     // For the editor's buttons and menus; no key is bound to them. Each tells whether there was anything to do.
     bool keyboardShortcutToggleAdvancedDrawer();
@@ -89,13 +84,12 @@ private:
     using Shortcut = std::function<bool()>;
     QVMParameterControl* focused() const;
     void showNumberBuffer();
-    void refuseSettings(const std::string& why);
 
+    EditorSession& session_;
     const QVMConfig* config_ = nullptr;
     QVMGenericUI* ui_ = nullptr;
     std::string numberBuffer_;
     std::map<char32_t, Shortcut> cmdShortcutMap_; // deliberately empty in this product
-    QVMUndoRedoStack undoRedoStack_;
 };
 
 } // namespace QVM_NAMESPACE

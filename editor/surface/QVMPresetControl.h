@@ -5,6 +5,7 @@
 #pragma once
 
 #include "controls/QVMCycleControl.h"
+#include "editor/session/PresetSession.h"
 
 #include <array>
 #include <memory>
@@ -17,7 +18,7 @@ enum class PresetEdge : unsigned char { left, right };
 class QVMPresetControl final : public QVMCycleControl {
 public:
     // What a preset that does not exist is called.
-    static constexpr const char* unknownName = "N/A";
+    static constexpr const char* unknownName = PresetSession::unknownName;
 
     // `presets` has the preset's index as its value and their names as its texts; it outlives the control.
     QVMPresetControl(const Rect& frame, const QVMParameter& presets);

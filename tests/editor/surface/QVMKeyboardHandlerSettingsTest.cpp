@@ -193,7 +193,7 @@ TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
 TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
     makeAMess();
     desktop_.clipboard.reset();
-    EXPECT_FALSE(keyboard().canPasteSettings());
+    EXPECT_FALSE(ui_->session().settings().canPaste());
     EXPECT_FALSE(keyboard().keyboardShortcutHandlePaste());
     EXPECT_EQ(ui_->notice()->why(), "there is no text in the clipboard");
     EXPECT_THAT(delegate_.calls, IsEmpty());
@@ -202,7 +202,7 @@ TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
 TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteWhatBeginsAsThisProductsAddress) {
     const auto isOffered = [this](std::optional<std::string> text) {
         desktop_.clipboard = std::move(text);
-        return keyboard().canPasteSettings();
+        return ui_->session().settings().canPaste();
     };
     EXPECT_TRUE(isOffered(base + "/?"));
     EXPECT_TRUE(isOffered(page + "/1.0/?tg=6"));

@@ -1,0 +1,59 @@
+// Which preset is the current one, what choosing one does, and whether the settings still are those of it.
+//
+// Presets are known by their index. Main thread only.
+#pragma once
+
+#include "editor/session/EditorValues.h"
+#include "platform/runloop/DelayedCall.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace QVM_NAMESPACE {
+
+class PresetSession {
+public:
+    // The name of an index that no preset has.
+    static constexpr const char* unknownName = "N/A";
+
+    // All borrowed; `settled` is called half a second after the last change of a value or a name, when the two have
+    // been compared.
+    PresetSession(const QVMConfig& config, EditorValues& values, SessionSurface& surface,
+                  std::function<void()> settled);
+
+    // 0 in a product without presets.
+    std::uint32_t current() const { return current_; }
+    // The index of the preset with a name; with none, one that no preset has. None in a product without presets.
+    std::optional<std::uint32_t> indexOf(const std::string& name) const;
+    // Whether an index is that of a preset of this product.
+    bool isKnown(std::uint32_t index) const;
+
+    // Names the current preset and applies nothing, whether there is such a preset or not.
+    void setCurrent(std::uint32_t index);
+    // The same for a state that the user came to by another way than the list; whoever keeps the name hears of it.
+    void switchTo(std::uint32_t index);
+    // The user chose a preset, or the same one again: its values are sent, and it is announced.
+    void choose(std::uint32_t index);
+    // One value for each parameter that is no preset wildcard, in pid order. What is no number leaves its parameter.
+    void apply(std::span<const float> presetValues);
+
+    // Whether the values differ from those of the current preset. No settings equal a preset that does not exist.
+    bool isDirty() const;
+    // A value is another one: whether it is dirty shows half a second after the last.
+    void scheduleDirtyCheck();
+
+private:
+    void announce() const;
+    void checkDirtyState();
+
+    const QVMConfig& config_;
+    EditorValues& values_;
+    SessionSurface& surface_;
+    std::function<void()> settled_;
+    std::uint32_t current_ = 0;
+    DelayedCall dirtyCall_;
+};
+
+} // namespace QVM_NAMESPACE

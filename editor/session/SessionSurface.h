@@ -1,0 +1,56 @@
+// What the session asks of whatever shows it and connects it to the unit. It sees no more of it than this.
+//
+// All calls come on the main thread. Values are in the shown domain unless a name says host.
+#pragma once
+
+#include "BuildNamespace.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+
+// What a parameter's control shows; the control may show less than the editor keeps.
+struct ShownValue {
+    std::uint32_t pid = 0;
+    float value = 0;
+};
+
+// How the sign of the active side comes to its place.
+enum class SideMove : bool { jumps, glides };
+
+class SessionSurface {
+public:
+    virtual ~SessionSurface() = default;
+
+    // A value was accepted, changed or not: on to the unit.
+    virtual void sendValueToUnit(std::uint32_t pid, float hostValue) = 0;
+    // The parameter's control, if it has one, shows this value.
+    virtual void showValue(std::uint32_t pid, float value) = 0;
+    // The editor has another value for the parameter: for what shows it beside its control.
+    virtual void valueDidChange(std::uint32_t pid) = 0;
+    // A value came from the unit and is shown: what it means for other controls follows. `was` is what had come before.
+    virtual void valueWasReceived(std::uint32_t pid, float value, float was) = 0;
+    // The controls' values in the order in which they were made.
+    virtual std::vector<ShownValue> shownValues() const = 0;
+
+    // Whether anything is held down that may still change values.
+    virtual bool isGestureUnderWay() const = 0;
+    // There may be something else to undo or redo.
+    virtual void historyDidChange() = 0;
+    // The other side of the comparison is the active one: 0 is A, 1 is B.
+    virtual void sideDidChange(std::uint32_t side, SideMove move) = 0;
+
+    // The preset's name shows as the current one; an index that no preset has is shown as such.
+    virtual void showPreset(std::uint32_t index) = 0;
+    // Whether the values differ from those of the current preset.
+    virtual void showPresetDirty(bool dirty) = 0;
+    // A preset became the current one by being chosen.
+    virtual void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) = 0;
+
+    // Settings were offered and not taken, and why: one line in plain words.
+    virtual void settingsWereRefused(const std::string& why) = 0;
+};
+
+} // namespace QVM_NAMESPACE
