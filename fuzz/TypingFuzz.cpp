@@ -2,8 +2,8 @@
 // keeps its form and every value stays in its range.
 #include "Fuzz.h"
 #include "description/Description.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "platform/runloop/VirtualTime.h"
 #include "platform/view/Window.h"
 

@@ -1,7 +1,7 @@
 // What an open, a refresh and a frame cost, with no display: pixels go to a picture in memory.
 #include "controls/QVMSymbolButton.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "platform/renderer/LayerRenderer.h"

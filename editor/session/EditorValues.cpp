@@ -1,6 +1,7 @@
 #include "editor/session/EditorValues.h"
 
 #include "description/PartnerRule.h"
+
 namespace QVM_NAMESPACE {
 
 EditorValues::EditorValues(const QVMConfig& config, SessionSurface& surface, EditorValuesObserver& observer)

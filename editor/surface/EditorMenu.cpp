@@ -2,11 +2,11 @@
 
 #include "controls/QVMSymbolButton.h"
 #include "description/ParameterIDs.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/session/MakerSite.h"
 #include "editor/session/ModesWithoutControl.h"
 #include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
 #include "platform/system/Workspace.h"

@@ -3,7 +3,6 @@
 #include "editor/surface/NumericMeterReading.h"
 #include "editor/surface/QVMClumpView.h"
 #include "editor/surface/QVMClumpsView.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,12 +18,11 @@ constexpr double backingScaleDelay = 0.35, sketchDelay = 0.5; // seconds
 QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config, std::uint32_t chanIn,
                            std::uint32_t chanOut)
     : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), session_(*config_, *this),
-      interactionStates_(session_.values().count(), QVMInteractionDiscrete),
-      keyboard_(std::make_unique<QVMKeyboardHandler>(session_)) {
+      focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
+      interactionStates_(session_.values().count(), QVMInteractionDiscrete) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
-    keyboard_->setConfig(config_.get());
     advFlashLim_.setTrailing(false);
 }
 
@@ -58,7 +56,6 @@ void QVMGenericUI::completeInterfaceSetup() {
 
 void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
     config_ = std::move(config);
-    keyboard_->setUi(this);
     addPowerBox();
     addClumpsView();
     addPresetBar();

@@ -7,6 +7,9 @@
 #include "controls/QVMParameterControl.h"
 #include "controls/QVMSpeedLim.h"
 #include "description/QVMConfig.h"
+#include "editor/keyboard/EditorFocus.h"
+#include "editor/keyboard/KeyboardSurface.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/session/EditorSession.h"
 #include "editor/surface/QVMABControl.h"
 #include "editor/surface/QVMDrawerView.h"
@@ -33,7 +36,6 @@ class NoticeView;
 class NumericMeterReading;
 class PBGLSketchAbstract;
 class QVMClumpView;
-class QVMKeyboardHandler;
 class QVMMeterButton;
 class QVMPowerBox;
 class QVMPresetBar;
@@ -48,7 +50,9 @@ class QVMGenericUI : public View,
                      private QVMParameterSketchDelegate,
                      private QVMABControlDelegate,
                      private QVMDrawerViewDelegate,
-                     private SessionSurface {
+                     private SessionSurface,
+                     private FocusSurface,
+                     private KeyboardSurface {
 public:
     // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
     static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
@@ -79,7 +83,7 @@ public:
         session_.values().sendPairs(pairs);
     }
     // Every control's parameter to its initial value.
-    void resetInitialValues();
+    void resetInitialValues() override;
     // The scratch values that differ from the memoized ones, except those of disabled controls.
     void applyScratchValues();
     std::span<float> scratchPValues() { return session_.values().scratch(); }
@@ -101,7 +105,7 @@ public:
     // 0 in a product without presets.
     std::uint32_t currentPreset() const { return session_.presets().current(); }
     // Opens or closes the presets drawer; false when there is no preset bar.
-    bool togglePresetsDrawer();
+    bool togglePresetsDrawer() override;
     QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
 
     // Undo snapshots follow half a second after the last change, unless the stack is locked, and after the end of the
@@ -125,11 +129,9 @@ public:
     void assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged);
     void restoreUIState(std::uint32_t state);
     // An open presets drawer is closed first, and the layout changes half a second later.
-    void toggleFrame();
-    void toggleDoubleWide() { gearTapped(); }
+    void toggleFrame() override;
+    void toggleDoubleWide() override { gearTapped(); }
     void gearTapped();
-    // Opens the advanced drawer when the control with the focus is in there: whoever tabs to it sees where he is.
-    void revealFocusedControl();
     std::int32_t altFrame() const { return altFrame_; }
     // What the delegate multiplies the size of a layout variant with.
     float currentScale() const { return currentScale_; }
@@ -144,7 +146,7 @@ public:
     // Closes every open drawer but one, and opens that one, which may be null; true when it closed any.
     bool hideVisibleDrawersPresenting(QVMDrawerView* drawer);
     bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted);
-    bool hideAllDrawers() { return hideVisibleDrawersPresenting(nullptr); }
+    bool hideAllDrawers() override { return hideVisibleDrawersPresenting(nullptr); }
     void hideDrawerIfVisible(QVMDrawerView* drawer);
     // Nothing of it is seen behind a drawer that covers it.
     void hideClumpsView();
@@ -156,7 +158,7 @@ public:
     // The user chooses a value for a parameter that has no control: one discrete gesture.
     void chooseValueForParameter(float value, std::uint32_t pid);
 
-    void toggleUITheme();
+    void toggleUITheme() override;
     // Posts the preference notification with both numbers.
     void updateLayoutKeyNumerical(std::int32_t key, double number);
     void meterTapped();
@@ -172,15 +174,16 @@ public:
     NoticeView* notice() const { return notice_; }
 
     // Look-ups; null when there is none.
-    QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const;
-    QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const;
+    QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const override;
+    QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const override;
     QVMClumpView* clumpViewWithCodename(std::string_view codesafeName) const;
-    const std::vector<QVMParameterControl*>& parameterControls() const { return parameterControls_; }
+    const std::vector<QVMParameterControl*>& parameterControls() const override { return parameterControls_; }
     const QVMConfig& config() const { return *config_; }
     // Expires with the editor: for what may be called after it has gone, as a menu's items.
     std::weak_ptr<const bool> lifetime() const { return alive_; }
     EditorSession& session() { return session_; }
-    QVMKeyboardHandler& keyboard() { return *keyboard_; }
+    EditorFocus& focus() { return focus_; }
+    QVMKeyboardHandler& keyboard() { return keyboard_; }
     QVMClumpsView* clumpsView() const { return clumpsView_; }
     QVMClumpsView* advClumpsView() const { return advClumpsView_; }
     QVMClumpView* masterClump() const { return masterClump_; }
@@ -194,17 +197,14 @@ public:
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
     }
 
-    // Keyboard focus. A control of the master clump never takes it; null, or one that cannot be shown, takes it away
-    // from all.
-    void bringParameterControlIntoFocus(QVMParameterControl* control);
-    // Whether nothing hides a control, itself or a view around it, but the advanced drawer, which opens for the focus.
-    bool canBeShown(const QVMParameterControl& control) const;
-    QVMParameterControl* focusedControl() const { return focusedControl_; }
+    // Keyboard focus (EditorFocus).
+    void bringParameterControlIntoFocus(QVMParameterControl* control) { focus_.bring(control); }
+    QVMParameterControl* focusedControl() const { return focus_.focused(); }
     // The control that the last context menu was about; null when it was about none.
     QVMParameterControl* lastRightClickedControl() const { return lastRightClickedControl_; }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.
     void setHasFocus(bool hasFocus);
-    bool hasFocus() const { return hasFocus_; }
+    bool hasFocus() const { return focus_.hasFocus(); }
     void ensureFirstResponder();
 
     // Deliberately empty in this product. The first is told of each parameter that a parameter with links is linked to,
@@ -212,8 +212,8 @@ public:
     virtual void propagateLinkForPidNotify(std::uint32_t, bool) {}
     void parameterControlWantsToChangeMultipleValuesMotion(QVMParameterControl&, const std::map<std::uint32_t, float>&,
                                                            double) {}
-    void freakout() {}
-    void hideAllControls() {}
+    void freakout() override {}
+    void hideAllControls() override {}
 
     bool acceptsFirstResponder() const override { return true; }
     bool acceptsFirstMouse() const override { return true; }
@@ -246,7 +246,6 @@ private:
     void addFrameButton();
     void layOutSketch();
     void layOutFrameButton();
-    void dropHiddenFocus();
     void layOutNotice();
     void addHudAndNumericMeter();
     void applyChannelLayoutRules();
@@ -260,12 +259,9 @@ private:
     void addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings);
     void addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings);
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
-    void showFocusInSketch();
+    std::int32_t focusedPid() const; // -1 for none
     void sketchScaleDidChange();
     void describeMeters();
-
-    // Whether a parameter's control stands in the advanced drawer while that is closed. Null does not.
-    bool isInClosedDrawer(const QVMParameter* parameter) const;
 
     void applySideEffects(const SideEffects& effects, QVMParameterControl& cause);
     void dimScope(const SideEffects& effects, const QVMParameterControl& cause);
@@ -320,6 +316,12 @@ private:
     void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override;
     void settingsWereRefused(const std::string& why) override { showNotice("Not pasted", why); }
 
+    // FocusSurface
+    const View* closedDrawer() const override;
+    void openClosedDrawer() override;
+    void focusWillMove() override { keyboard_.clearNumberBuffer(); }
+    void focusDidMove(QVMParameterControl* control) override;
+
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
@@ -327,9 +329,10 @@ private:
     std::int32_t altFrame_ = 0;
 
     EditorSession session_;
+    EditorFocus focus_;
+    QVMKeyboardHandler keyboard_;
     std::vector<QVMInteraction> interactionStates_; // by pid
-    std::unique_ptr<QVMKeyboardHandler> keyboard_;
-    ControlList parameterControls_; // in order of registration; owned by their superviews
+    ControlList parameterControls_;                 // in order of registration; owned by their superviews
     QVMClumpsView* clumpsView_ = nullptr;
     QVMClumpsView* advClumpsView_ = nullptr;
     QVMClumpView* masterClump_ = nullptr;
@@ -346,10 +349,7 @@ private:
     QVMParameterSketch* sketch_ = nullptr;
     QVMSpeedLim advFlashLim_;
 
-    QVMParameterControl* focusedControl_ = nullptr;
-    QVMParameterControl* rememberedFocus_ = nullptr;
     QVMParameterControl* lastRightClickedControl_ = nullptr; // or the one with the focus, for a menu by key
-    bool hasFocus_ = false;
 
     DelayedCall toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

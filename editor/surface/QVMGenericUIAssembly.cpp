@@ -8,7 +8,6 @@
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMInsetShadowBox.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
@@ -67,8 +66,8 @@ void QVMGenericUI::addPresetBar() {
         presets->setDelegate(this);
     }
     presetBar_->ab().setABDelegate(this);
-    presetBar_->undo().setAction([this](Control&) { keyboard_->keyboardShortcutUndo(); });
-    presetBar_->redo().setAction([this](Control&) { keyboard_->keyboardShortcutRedo(); });
+    presetBar_->undo().setAction([this](Control&) { keyboard_.keyboardShortcutUndo(); });
+    presetBar_->redo().setAction([this](Control&) { keyboard_.keyboardShortcutRedo(); });
 }
 
 void QVMGenericUI::addPresetDrawer() {

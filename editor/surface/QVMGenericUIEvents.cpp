@@ -4,7 +4,6 @@
 #include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "editor/surface/QVMLogoStamp.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
@@ -20,62 +19,34 @@ namespace {
 
 constexpr double unfocusedLogoAlpha = 0.5;
 
-bool isInClumpOfType(const QVMParameter* parameter, std::int32_t type) {
-    return parameter && parameter->clump && parameter->clump->clumpType == type;
-}
-
 } // namespace
 
-void QVMGenericUI::bringParameterControlIntoFocus(QVMParameterControl* control) {
-    if (control && isInClumpOfType(control->parameter(), QVMClumpTypeMaster)) return;
-    if (control && !canBeShown(*control)) control = nullptr;
-    if (control != focusedControl_) keyboard_->clearNumberBuffer();
-    focusedControl_ = control;
-    for (QVMParameterControl* each : parameterControls_)
-        each->setFocused(each == control);
-    showFocusInSketch();
+void QVMGenericUI::focusDidMove(QVMParameterControl* control) {
+    if (sketch_) sketch_->setFocusedPid(focusedPid());
     if (!presetBar_) return;
     presetBar_->ab().setFocused(&presetBar_->ab() == control);
     if (presetBar_->presetControl()) presetBar_->presetControl()->setFocused(presetBar_->presetControl() == control);
 }
 
 // The A/B control stands for no parameter, and the preset control's is none of the unit's.
-void QVMGenericUI::showFocusInSketch() {
-    if (!sketch_) return;
+std::int32_t QVMGenericUI::focusedPid() const {
+    const QVMParameterControl* focused = focus_.focused();
     const bool isOfUnit =
-        std::find(parameterControls_.begin(), parameterControls_.end(), focusedControl_) != parameterControls_.end();
-    sketch_->setFocusedPid(isOfUnit ? static_cast<std::int32_t>(focusedControl_->parameter()->pid) : -1);
+        std::find(parameterControls_.begin(), parameterControls_.end(), focused) != parameterControls_.end();
+    return isOfUnit ? static_cast<std::int32_t>(focused->parameter()->pid) : -1;
 }
 
 void QVMGenericUI::setHasFocus(bool hasFocus) {
-    hasFocus_ = hasFocus;
     if (powerBox_) powerBox_->logoStamp().setAlpha(hasFocus ? 1 : unfocusedLogoAlpha);
-    if (!hasFocus) {
-        if (focusedControl_) rememberedFocus_ = focusedControl_;
-        bringParameterControlIntoFocus(nullptr);
-        return;
-    }
-    QVMParameterControl* remembered = rememberedFocus_;
-    rememberedFocus_ = nullptr;
-    // A click on a control that brought the window to the front has chosen already.
-    if (!remembered || focusedControl_) return;
-    if (!isInClosedDrawer(remembered->parameter())) bringParameterControlIntoFocus(remembered);
+    focus_.setHasFocus(hasFocus);
 }
 
-bool QVMGenericUI::isInClosedDrawer(const QVMParameter* parameter) const {
-    return altFrame_ == QVMAltFrameNormal && isInClumpOfType(parameter, QVMClumpTypeAdvanced);
+const View* QVMGenericUI::closedDrawer() const {
+    return altFrame_ == QVMAltFrameNormal ? advClumpsView_ : nullptr;
 }
 
-bool QVMGenericUI::canBeShown(const QVMParameterControl& control) const {
-    for (const View* view = &control; view && view != this; view = view->superview()) {
-        const bool isClosedDrawer = view == advClumpsView_ && altFrame_ == QVMAltFrameNormal;
-        if (view->isHidden() && !isClosedDrawer) return false;
-    }
-    return true;
-}
-
-void QVMGenericUI::revealFocusedControl() {
-    if (focusedControl_ && isInClosedDrawer(focusedControl_->parameter())) requestFrame(QVMAltFrameDoubleWide);
+void QVMGenericUI::openClosedDrawer() {
+    requestFrame(QVMAltFrameDoubleWide);
 }
 
 void QVMGenericUI::ensureFirstResponder() {
@@ -96,19 +67,19 @@ void QVMGenericUI::viewDidMoveToWindow() {
 }
 
 bool QVMGenericUI::wantsKeys() const {
-    return focusedControl_ || (presetDrawer_ && presetDrawer_->visible());
+    return focusedControl() || (presetDrawer_ && presetDrawer_->visible());
 }
 
 bool QVMGenericUI::keyDown(const Event& event) {
     // The list that covers the controls takes the keys as well.
     if (presetDrawer_ && presetDrawer_->keyDown(event)) return true;
-    return keyboard_->handleKeyDownEvent(event) || keyboard_->handleUnfocusedKeyEvent(event) ||
-           popUpMenuForKey(event) || View::keyDown(event);
+    return keyboard_.handleKeyDownEvent(event) || keyboard_.handleUnfocusedKeyEvent(event) || popUpMenuForKey(event) ||
+           View::keyDown(event);
 }
 
 bool QVMGenericUI::performKeyEquivalent(const Event& event) {
     if (presetDrawer_ && presetDrawer_->performKeyEquivalent(event)) return true;
-    return keyboard_->handlePerformKeyEquivalent(event) || View::performKeyEquivalent(event);
+    return keyboard_.handlePerformKeyEquivalent(event) || View::performKeyEquivalent(event);
 }
 
 void QVMGenericUI::mouseDown(const Event&) {
@@ -132,7 +103,7 @@ QVMParameterControl* QVMGenericUI::controlAtWindowPoint(Point pointInWindow) con
 void QVMGenericUI::parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
                                                                   const Event* event) {
     // The release of a double-click leaves the empty field that its press has opened.
-    if (state != QVMInteractionEnded || !keyboard_->numberBuffer().empty()) keyboard_->clearNumberBuffer();
+    if (state != QVMInteractionEnded || !keyboard_.numberBuffer().empty()) keyboard_.clearNumberBuffer();
     // A range's gesture is performed, and reported, by its two ends.
     if (std::find(parameterControls_.begin(), parameterControls_.end(), &control) == parameterControls_.end()) return;
     const std::uint32_t pid = control.parameter()->pid;

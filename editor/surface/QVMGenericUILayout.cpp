@@ -59,14 +59,7 @@ void QVMGenericUI::assumeFrames() {
     layOutSketch();
     layOutFrameButton();
     layOutNotice();
-    dropHiddenFocus();
-}
-
-// What is typed would change a control that the layout has taken away.
-void QVMGenericUI::dropHiddenFocus() {
-    if (!focusedControl_) return;
-    if (!canBeShown(*focusedControl_) || isInClosedDrawer(focusedControl_->parameter()))
-        bringParameterControlIntoFocus(nullptr);
+    focus_.dropIfHidden();
 }
 
 void QVMGenericUI::layOutSketch() {

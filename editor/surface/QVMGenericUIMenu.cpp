@@ -38,7 +38,7 @@ const QVMClump* QVMGenericUI::clumpAtWindowPoint(Point pointInWindow) const {
 }
 
 std::unique_ptr<Menu> QVMGenericUI::menuForKeyboard() {
-    return makeKeyboardMenu(*this, menuSubject(focusedControl_));
+    return makeKeyboardMenu(*this, menuSubject(focusedControl()));
 }
 
 QVMParameterControl* QVMGenericUI::menuSubject(QVMParameterControl* control) {
@@ -47,9 +47,9 @@ QVMParameterControl* QVMGenericUI::menuSubject(QVMParameterControl* control) {
 
 bool QVMGenericUI::popUpMenuForKey(const Event& event) {
     if (!isMenuKey(event) || !window()) return false;
-    const View& about = focusedControl_ ? static_cast<const View&>(*focusedControl_) : *this;
+    const View& about = focusedControl() ? static_cast<const View&>(*focusedControl()) : *this;
     const Rect frame = about.convertToWindow(about.bounds());
-    window()->popUpMenu(menuForKeyboard(), {frame.minX(), focusedControl_ ? frame.maxY() : frame.minY()});
+    window()->popUpMenu(menuForKeyboard(), {frame.minX(), focusedControl() ? frame.maxY() : frame.minY()});
     return true;
 }
 

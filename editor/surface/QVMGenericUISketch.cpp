@@ -41,7 +41,7 @@ void QVMGenericUI::addSketchWithFrameAppendView(const Rect& frame, View& appendV
     sketch_->setDelegate(this);
     session_.values().setComesBack();
     sketch_->setNumericMeter(numericMeterReading_.get());
-    showFocusInSketch();
+    sketch_->setFocusedPid(focusedPid());
     showMemoizedValues(*sketch_->getVizRef());
     sketch_->layer()->setMasksToBounds(true); // lines end at the rounded corners
     layOutSketch();

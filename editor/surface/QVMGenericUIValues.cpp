@@ -4,7 +4,6 @@
 #include "editor/session/ModesWithoutControl.h"
 #include "editor/session/SideEffects.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "editor/surface/QVMPowerBox.h"
 
 namespace QVM_NAMESPACE {
@@ -18,7 +17,7 @@ constexpr double gearFlashLimit = 0.2; // seconds
 void QVMGenericUI::handleParameterControlUpdated(QVMParameterControl& control) {
     const std::uint32_t pid = control.parameter()->pid;
     const float value = control.floatValue();
-    if (value != getMemoizedPValueDirectly(pid)) keyboard_->clearNumberBuffer(); // it was dragged past what was typed
+    if (value != getMemoizedPValueDirectly(pid)) keyboard_.clearNumberBuffer(); // it was dragged past what was typed
     session_.values().sendFromControl(pid, value);
 }
 
@@ -59,7 +58,7 @@ void QVMGenericUI::valueDidChange(std::uint32_t pid) {
     if (hud_) hud_->updateWithParamsChanges(session_.values().memoized(), session_.values().changed());
     const QVMParameter* parameter = config_->parameterForPid(pid);
     if (parameter && isModeWithoutControl(*parameter)) describeMeters();
-    QVMSymbolButton* gear = isInClosedDrawer(parameter) && powerBox_ ? powerBox_->gear() : nullptr;
+    QVMSymbolButton* gear = focus_.isInClosedDrawer(parameter) && powerBox_ ? powerBox_->gear() : nullptr;
     if (gear) advFlashLim_.fireWithLimitTargetSelector(gearFlashLimit, *gear, &QVMSymbolButton::flash);
 }
 

@@ -1,9 +1,9 @@
 #include "plugin/standalone/StandaloneApp.h"
 
 #include "description/Description.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "theme/QVMUITheme.h"
 #include "toolkit/Screenshot.h"

@@ -5,7 +5,7 @@
 #include "controls/QVMFloatControl.h"
 #include "description/Description.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMKeyboardHandler.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "platform/runloop/ManualTickSource.h"
 #include "platform/runloop/VirtualTime.h"
 #include "platform/view/Window.h"

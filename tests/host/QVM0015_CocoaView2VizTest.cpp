@@ -4,7 +4,7 @@
 #include "controls/QVMVerticalSlider.h"
 #include "description/Description.h"
 #include "description/Presets.h"
-#include "editor/surface/QVMKeyboardHandler.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "unit/QVM0015_AudioUnit.h"
 #include "viz/sketches/QVM0015GLSketch.h"

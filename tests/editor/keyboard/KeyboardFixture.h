@@ -1,7 +1,11 @@
-// An editor whose keyboard is used.
+// An editor that is driven by keys.
 #pragma once
 
 #include "editor/EditorFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <string_view>
 
 namespace QVM_NAMESPACE {
 

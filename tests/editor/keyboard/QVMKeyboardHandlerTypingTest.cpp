@@ -1,9 +1,23 @@
-#include "KeyboardHandlerFixture.h"
+// A number that is being typed, and all that ends it.
+#include "editor/keyboard/KeyboardFixture.h"
 
 #include "controls/QVMVerticalSlider.h"
 
 namespace QVM_NAMESPACE {
 namespace {
+
+TEST_F(QVMKeyboardHandlerTest, ATypedNumberShowsInTheFocusedControlWhileItIsTyped) {
+    for (const std::uint32_t pid : {1u, 14u}) {
+        focus(pid);
+        auto* display = dynamic_cast<QVMTransientBufferDisplay*>(control(pid).primaryControl());
+        EXPECT_FALSE(display->displayingTransientBufferValue());
+        type("12");
+        EXPECT_TRUE(display->displayingTransientBufferValue());
+        key(0, Key::codeReturn);
+        EXPECT_FALSE(display->displayingTransientBufferValue());
+        EXPECT_EQ(memoized(pid), 12);
+    }
+}
 
 // A number half typed into a slider of the editor, and the real gestures that may come in between.
 class HalfTypedNumber : public QVMKeyboardHandlerTest {

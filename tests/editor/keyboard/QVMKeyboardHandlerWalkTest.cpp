@@ -1,5 +1,5 @@
-// From control to control by Tab and the grave key.
-#include "KeyboardHandlerFixture.h"
+// The walk of the focus by keys.
+#include "editor/keyboard/KeyboardFixture.h"
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -73,18 +73,6 @@ TEST_F(QVMKeyboardHandlerTest, TabFromNowhereBeginsAtTheFirst) {
 
 TEST_F(QVMKeyboardHandlerTest, TheWalkEndsForAControlThatIsNotInTheOrder) {
     EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(&control(0), 1), nullptr);
-}
-
-TEST_F(QVMKeyboardHandlerTest, EveryFocusMoveEmptiesTheBuffer) {
-    focus(1);
-    type("12");
-    focus(1);
-    EXPECT_EQ(buffer(), "12"); // it did not move
-    focus(7);
-    EXPECT_EQ(buffer(), "");
-    type("3");
-    ui_->bringParameterControlIntoFocus(nullptr);
-    EXPECT_EQ(buffer(), "");
 }
 
 TEST_F(QVMKeyboardHandlerTest, TheWholeOrderIsWalkedAndBack) {

@@ -1,13 +1,13 @@
-// Drives the editor from the keyboard: steps and types values, and walks the focus. Undo and settings are the
-// session's; what of them a key or a menu may ask for is passed on.
+// Drives the editor from the keyboard: steps the focused value, types a number into it, and walks the focus.
 //
-// The editor hands it key events; what it does not handle is the host's. Main thread only.
+// The editor hands it key events; what it does not handle is the host's. It owns nothing but the number being typed:
+// undo and settings are the session's, and are passed on to it. Main thread only.
 #pragma once
 
+#include "editor/keyboard/NumberBuffer.h"
 #include "editor/session/EditorSession.h"
 #include "platform/view/Event.h"
 
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -15,18 +15,14 @@
 
 namespace QVM_NAMESPACE {
 
-class QVMConfig;
-class QVMGenericUI;
+class EditorFocus;
+class KeyboardSurface;
 class QVMParameterControl;
 
 class QVMKeyboardHandler {
 public:
-    // The session is borrowed and outlives the handler.
-    explicit QVMKeyboardHandler(EditorSession& session);
-
-    // Both are borrowed and outlive the handler, which belongs to the editor.
-    void setConfig(const QVMConfig* config) { config_ = config; }
-    void setUi(QVMGenericUI* ui) { ui_ = ui; }
+    // All are borrowed and outlive the handler.
+    QVMKeyboardHandler(EditorSession& session, EditorFocus& focus, KeyboardSurface& surface);
 
     // The plain keys of a focused control; true when handled.
     bool handleKeyDownEvent(const Event& event);
@@ -35,33 +31,31 @@ public:
     // The keys that mean something while no control has the focus: Tab begins the walk, Escape closes the drawers.
     bool handleUnfocusedKeyEvent(const Event& event);
 
-    // The number being typed. Each tells whether it did anything.
+    // The number being typed, which shows on the focused control. Each tells whether it did anything.
     bool appendToNumberBuffer(char32_t character);
     bool deleteLastCharacterInNumberBuffer();
     // Toggles a switch; gives any other control what was typed.
     bool sendCompletedNumberBuffer();
-    // Forgets what was typed, here and where the focused control shows it: what is seen is what Return applies.
     bool resetNumberBuffer();
     bool clearNumberBuffer() { return resetNumberBuffer(); }
-    const std::string& numberBuffer() const { return numberBuffer_; }
+    const std::string& numberBuffer() const { return numberBuffer_.text(); }
 
-    // Focus walk along the description's tab order; -1 is backwards.
+    // The walk of the focus (EditorFocus); -1 is backwards. What was typed is sent first.
     bool tabToNextControlWithEvent(const Event& event);
     bool tabToNextControlWithDirection(int direction);
-    // The next control that can be used, or null. There is none while processing is off.
     QVMParameterControl* adjacentParameterControlDirection(QVMParameterControl* focused, int direction) const;
     // Forgets what was typed and takes the focus away; where there is none, closes the drawers.
     bool escapeFocusedControl();
     bool keyboardShortcutAttemptTap();
 
-    // All settings as one address (SettingsClipboard).
+    // All settings as one address (SettingsClipboard); whether anything was copied or applied.
     std::string currentParametersURLEncoded() const { return session_.settings().address(); }
     std::string baseURLForPluginVersion() const { return session_.settings().baseAddress(); }
     bool applyURLEncodedPreset(const std::string& text) { return session_.settings().apply(text); }
     bool keyboardShortcutHandleCopy();
     bool keyboardShortcutHandlePaste() { return session_.settings().paste(); }
 
-    // The history (EditorHistory). Keys that ask for it are always consumed.
+    // The history (EditorHistory). Whoever asks for a step is always told yes.
     bool keyboardShortcutUndo();
     bool keyboardShortcutRedo();
     bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
@@ -73,22 +67,25 @@ public:
     bool keyboardShortcutToggleTheme();
     bool keyboardShortcutTogglePower();
     bool keyboardShortcutRefreshInitialParameterValues();
+    bool keyboardShortcutResizeWindow();
+
+    // Nothing in this product: no controls to hide, no files to work on.
     bool keyboardShortcutHideControls();
     bool keyboardShortcutFreakout();
-    bool keyboardShortcutResizeWindow();
-    // This product works on no files.
     bool keyboardShortcutLoadFile() { return false; }
     bool keyboardShortcutLoadListedFile() { return false; }
 
 private:
     using Shortcut = std::function<bool()>;
+
     QVMParameterControl* focused() const;
+    bool handleKeyCode(const Event& event);
     void showNumberBuffer();
 
     EditorSession& session_;
-    const QVMConfig* config_ = nullptr;
-    QVMGenericUI* ui_ = nullptr;
-    std::string numberBuffer_;
+    EditorFocus& focus_;
+    KeyboardSurface& surface_;
+    NumberBuffer numberBuffer_;
     std::map<char32_t, Shortcut> cmdShortcutMap_; // deliberately empty in this product
 };
 

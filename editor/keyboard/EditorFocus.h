@@ -1,0 +1,49 @@
+// Which control has the keyboard, which had it when the window lost it, and where it goes from there.
+//
+// What is hidden has no focus: canBeShown() is the one question that the focus, the walk and the layout ask. Main
+// thread only.
+#pragma once
+
+#include "controls/QVMParameterControl.h"
+#include "editor/keyboard/FocusSurface.h"
+#include "editor/session/EditorValues.h"
+
+namespace QVM_NAMESPACE {
+
+class EditorFocus {
+public:
+    // All are borrowed; the controls stand in `root` or below it.
+    EditorFocus(const QVMConfig& config, const EditorValues& values, const View& root, FocusSurface& surface);
+
+    // Null for none.
+    QVMParameterControl* focused() const { return focused_; }
+    // A control of the master clump never takes it; null, or one that cannot be shown, takes it away from all.
+    void bring(QVMParameterControl* control);
+    // Whether nothing hides a control, itself or a view around it, but the drawer, which opens for the focus.
+    bool canBeShown(const QVMParameterControl& control) const;
+    // Whether a parameter's control stands in the drawer while that is closed. Null does not.
+    bool isInClosedDrawer(const QVMParameter* parameter) const;
+    // Opens the drawer when the focus is in there: whoever walks to it sees where he is.
+    void reveal();
+    // Takes the focus from a control that the layout has taken away: what is typed would change it.
+    void dropIfHidden();
+
+    // Follows the window: without the keyboard the focused control is remembered for later.
+    void setHasFocus(bool hasFocus);
+    bool hasFocus() const { return hasFocus_; }
+
+    // The next control along the description's tab order that can be used, or null; -1 is backwards. There is none
+    // while processing is off.
+    QVMParameterControl* adjacent(const QVMParameterControl* from, int direction) const;
+
+private:
+    const QVMConfig& config_;
+    const EditorValues& values_;
+    const View& root_;
+    FocusSurface& surface_;
+    QVMParameterControl* focused_ = nullptr;
+    QVMParameterControl* remembered_ = nullptr;
+    bool hasFocus_ = false;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,88 @@
+// The keys by themselves: what they ask of a focus and a surface that are no editor's.
+#include "editor/keyboard/FocusFixture.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class KeysWithoutEditor : public FocusFixture {
+protected:
+    static Event keyEvent(char32_t character, std::uint16_t code = 0) {
+        Event event;
+        event.type = EventType::keyDown;
+        if (character != 0) event.charactersIgnoringModifiers = std::u32string(1, character);
+        event.keyCode = code;
+        return event;
+    }
+    bool key(char32_t character, std::uint16_t code = 0) {
+        return handler_.handleKeyDownEvent(keyEvent(character, code));
+    }
+
+    QVMKeyboardHandler handler_{session_, focus_, *this};
+};
+
+TEST_F(KeysWithoutEditor, WhatIsTypedIsShownAndReturnGivesItToTheControl) {
+    focus_.bring(&control(1));
+    EXPECT_TRUE(key(U'3'));
+    EXPECT_EQ(handler_.numberBuffer(), "3");
+    EXPECT_TRUE(key(0, Key::codeReturn));
+    EXPECT_EQ(control(1).floatValue(), 3);
+    EXPECT_EQ(handler_.numberBuffer(), "");
+}
+
+TEST_F(KeysWithoutEditor, TabSendsWhatWasTypedAndMovesOn) {
+    focus_.bring(&control(1));
+    key(U'4');
+    EXPECT_TRUE(key(0, Key::codeTab));
+    EXPECT_EQ(control(1).floatValue(), 4);
+    EXPECT_EQ(focus_.focused(), &control(2));
+}
+
+TEST_F(KeysWithoutEditor, EscapeLeavesTheControlAndThenTheDrawers) {
+    focus_.bring(&control(1));
+    EXPECT_TRUE(key(0, Key::codeEscape));
+    EXPECT_EQ(focus_.focused(), nullptr);
+    told_.clear();
+    EXPECT_FALSE(handler_.handleUnfocusedKeyEvent(keyEvent(0, Key::codeEscape)));
+    hidesDrawers_ = true;
+    EXPECT_TRUE(handler_.handleUnfocusedKeyEvent(keyEvent(0, Key::codeEscape)));
+    EXPECT_THAT(told_, ElementsAre("hide drawers", "hide drawers"));
+}
+
+TEST_F(KeysWithoutEditor, WhatButtonsAndMenusAskForIsPassedOn) {
+    handler_.keyboardShortcutToggleAdvancedDrawer();
+    handler_.keyboardShortcutTogglePresetDrawer();
+    handler_.keyboardShortcutToggleTheme();
+    handler_.keyboardShortcutRefreshInitialParameterValues();
+    handler_.keyboardShortcutResizeWindow();
+    handler_.keyboardShortcutHideControls();
+    handler_.keyboardShortcutFreakout();
+    EXPECT_THAT(told_, ElementsAre("double wide", "presets", "theme", "reset", "frame", "hide controls", "freak out"));
+}
+
+TEST_F(KeysWithoutEditor, PowerIsTheMasterSwitch) {
+    ASSERT_EQ(control(0).floatValue(), 1);
+    EXPECT_TRUE(handler_.keyboardShortcutTogglePower());
+    EXPECT_EQ(control(0).floatValue(), 0);
+}
+
+TEST_F(KeysWithoutEditor, UndoIsTheHistorysAndAlwaysConsumed) {
+    open();
+    EXPECT_TRUE(handler_.keyboardShortcutUndo());
+    set(1, 5);
+    time_.advance(1);
+    EXPECT_TRUE(handler_.keyboardShortcutUndo());
+    EXPECT_EQ(values().memoized(1), GetParameter(1)->initialValue);
+    EXPECT_TRUE(handler_.keyboardShortcutRedo());
+    EXPECT_EQ(values().memoized(1), 5);
+    EXPECT_TRUE(handler_.applyUndoRedoStackValues(std::nullopt));
+    EXPECT_EQ(&handler_.undoRedoStack(), &session_.history().stack());
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
