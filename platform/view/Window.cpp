@@ -168,11 +168,13 @@ void Window::forgetResponder(const Responder& responder) {
 
 void Window::forget(const View& view) {
     const auto leaves = [&view](const View* candidate) { return candidate && candidate->isDescendantOf(view); };
-    if (leaves(capture_)) capture_ = nullptr;
+    const bool isPressLost = leaves(capture_);
+    if (isPressLost) capture_ = nullptr;
     if (const auto* first = dynamic_cast<View*>(firstResponder_); leaves(first)) forgetResponder(*first);
     std::erase_if(hovered_, leaves);
     if (walks_) walks_->forget(view);
     updateCursor();
+    if (isPressLost) pressDidEnd();
 }
 
 View* Window::hitTest(Point pointInWindow) const {
@@ -252,8 +254,13 @@ bool Window::mouseReleased(const Event& event) {
     View* const pressed = std::exchange(capture_, nullptr);
     const std::weak_ptr<const bool> alive = alive_;
     if (pressed) pressed->mouseUp(event);
+    if (pressed && !alive.expired()) pressDidEnd();
     if (!alive.expired() && !capture_) updateHover(event, hitTest(event.locationInWindow));
     return pressed != nullptr;
+}
+
+void Window::pressDidEnd() {
+    if (!capture_) NotificationCenter::defaultCenter().post(didEndPressNotification, this);
 }
 
 void Window::cancelPress() {
@@ -263,7 +270,9 @@ void Window::cancelPress() {
     event.type = EventType::mouseCancelled;
     event.locationInWindow = capturedPointer_;
     event.timestamp = RunLoop::main().now();
+    const std::weak_ptr<const bool> alive = alive_;
     pressed->mouseCancelled(event);
+    if (!alive.expired()) pressDidEnd();
 }
 
 bool Window::keyPressed(const Event& event) {

@@ -30,6 +30,9 @@ public:
     static constexpr const char* didBecomeKeyNotification = "WindowDidBecomeKey";
     static constexpr const char* didResignKeyNotification = "WindowDidResignKey";
     static constexpr const char* didChangeVisibilityNotification = "WindowDidChangeVisibility";
+    // Nothing is pressed any more: the view that took the press was told so before, or is just leaving the window; who
+    // hears of it leaves the views alone.
+    static constexpr const char* didEndPressNotification = "WindowDidEndPress";
 
     // The host is borrowed, may be null (tests), and must be cleared before it goes.
     explicit Window(WindowHost* host = nullptr);
@@ -102,6 +105,7 @@ private:
     void forgetResponder(const Responder& responder);
     bool mousePressed(const Event& event);
     bool mouseReleased(const Event& event);
+    void pressDidEnd();
     bool keyPressed(const Event& event);
     bool showContextMenu(const Event& event);
     void updateHover(const Event& event, View* under);

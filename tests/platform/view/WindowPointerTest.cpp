@@ -1,6 +1,7 @@
 // The pointer: presses, hover, menus, tooltips and cursors.
 #include "platform/view/Window.h"
 
+#include "platform/runloop/NotificationCenter.h"
 #include "platform/view/Menu.h"
 #include "platform/view/WindowFixture.h"
 
@@ -95,6 +96,68 @@ TEST_F(WindowPointerTest, WindowMayGoWithThePressThatIsCancelled) {
     send(EventType::mouseDown, {60, 50});
     window->setVisible(false);
     EXPECT_EQ(window, nullptr);
+}
+
+class WindowPressEnd : public WindowPointerTest {
+protected:
+    ObservationToken observation =
+        NotificationCenter::defaultCenter().observe(Window::didEndPressNotification, window.get(), [this](const auto&) {
+            record.push_back(window->mouseCapture() ? "still held" : "press over");
+        });
+};
+
+TEST_F(WindowPressEnd, IsToldAfterTheViewWasAndBeforeAnythingElse) {
+    send(EventType::mouseDown, {60, 50});
+    send(EventType::mouseDragged, {10, 50});
+    take();
+    send(EventType::mouseUp, {10, 50});
+    EXPECT_THAT(take(), ElementsAre("b up", "press over", "b exited", "a entered"));
+    send(EventType::mouseDown, {10, 50});
+    take();
+    window->cancelPress();
+    EXPECT_THAT(take(), ElementsAre("a cancelled", "press over"));
+}
+
+TEST_F(WindowPressEnd, IsToldOnceForEachPressAndNeverWithoutOne) {
+    send(EventType::mouseUp, {60, 50});
+    window->cancelPress();
+    send(EventType::mouseDown, {200, 50}); // outside
+    send(EventType::mouseUp, {200, 50});
+    send(EventType::mouseMoved, {60, 50});
+    take();
+    send(EventType::mouseDown, {60, 50});
+    send(EventType::mouseDown, {60, 50}); // the release never came
+    EXPECT_THAT(take(), ElementsAre("b down", "b cancelled", "press over", "b down"));
+    send(EventType::mouseUp, {60, 50});
+    window->setVisible(false);
+    window->setKeyWindow(true);
+    window->setKeyWindow(false);
+    EXPECT_THAT(take(), ElementsAre("b up", "press over"));
+}
+
+TEST_F(WindowPressEnd, IsToldWhenThePressedViewLeaves) {
+    send(EventType::mouseDown, {10, 10});
+    take();
+    b->removeFromSuperview();
+    EXPECT_THAT(take(), ElementsAre("b willLeaveWindow", "b outOfWindow")) << "another view";
+    a->removeFromSuperview(); // the pressed one is in it
+    EXPECT_EQ(take().front(), "press over");
+    send(EventType::mouseDown, {10, 10});
+    take();
+    window->takeContentView();
+    EXPECT_EQ(take().front(), "press over");
+}
+
+TEST_F(WindowPressEnd, IsNotToldWhileTheViewHasBegunAnother) {
+    b->also = [this](const std::string& word) {
+        if (word == "up") send(EventType::mouseDown, {10, 50});
+    };
+    send(EventType::mouseDown, {60, 50});
+    take();
+    send(EventType::mouseUp, {60, 50});
+    EXPECT_THAT(take(), ElementsAre("b up", "b exited", "a entered", "a down"));
+    send(EventType::mouseUp, {10, 50});
+    EXPECT_THAT(take(), ElementsAre("a up", "press over"));
 }
 
 TEST_F(WindowPointerTest, ReleaseOfAPressThatNobodyTookTellsWhereThePointerIs) {
