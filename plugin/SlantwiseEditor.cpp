@@ -8,12 +8,6 @@
 
 namespace QVM_NAMESPACE {
 
-namespace {
-
-constexpr double gestureCheckSeconds = 1.0 / 60;
-
-} // namespace
-
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
     : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding),
       restores_(owner.unit().restoreCount()) {
@@ -21,15 +15,14 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
     RunLoop::main().becomeMainThread();
     view_ =
         &component_.window().setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&owner.unit(), {}));
-    owner.setGestureHandler([this] { endGesturesSoon(); });
+    presses_ = owner.gestures().follow(component_.window());
     addAndMakeVisible(component_);
     setSize(component_.getWidth(), component_.getHeight());
     setResizable(false, false);
 }
 
 SlantwiseEditor::~SlantwiseEditor() {
-    processor_.setGestureHandler(nullptr);
-    processor_.endOpenGestures();
+    presses_.reset();
     component_.window().takeContentView();
 }
 
@@ -47,13 +40,6 @@ void SlantwiseEditor::resized() {
 
 void SlantwiseEditor::childBoundsChanged(juce::Component* child) {
     if (child == &component_) setSize(component_.getWidth(), component_.getHeight());
-}
-
-void SlantwiseEditor::endGesturesSoon() {
-    gestureEnd_.schedule(gestureCheckSeconds, [this] {
-        if (component_.window().mouseCapture()) return endGesturesSoon();
-        processor_.endOpenGestures();
-    });
 }
 
 } // namespace QVM_NAMESPACE

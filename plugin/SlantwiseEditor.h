@@ -1,7 +1,6 @@
 // The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
 #pragma once
 
-#include "platform/runloop/DelayedCall.h"
 #include "plugin/SlantwiseProcessor.h"
 #include "toolkit/WindowComponent.h"
 
@@ -23,8 +22,6 @@ public:
     const RenderStatistics& lastFrame() const { return component_.lastFrame(); }
 
 private:
-    // Ends the gestures that nothing holds any more, as soon as the pointer lets go.
-    void endGesturesSoon();
     // Takes over a state that the host has restored meanwhile and a program that it has chosen, if any. With every
     // refresh of the window, which comes anyway, and so never before there is one: until then another thread may be
     // serving the timers.
@@ -35,8 +32,8 @@ private:
     SlantwiseProcessor& processor_;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
-    DelayedCall gestureEnd_;
-    std::uint32_t restores_; // of the unit, as far as the editor has followed them
+    ObservationToken presses_;           // that hold gestures
+    std::uint32_t restores_;             // of the unit, as far as the editor has followed them
     juce::VBlankAttachment refresh_{this, [this] { followHost(); }};
 };
 

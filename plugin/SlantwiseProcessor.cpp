@@ -24,19 +24,12 @@ constexpr std::uint32_t bitOf(std::uint32_t pid) {
 SlantwiseProcessor::SlantwiseProcessor()
     : juce::AudioProcessor(BusesProperties()
                                .withInput("Input", juce::AudioChannelSet::stereo())
-                               .withOutput("Output", juce::AudioChannelSet::stereo())),
-      gestureOpen_(QVMParameterCount) {
-    AUEventListenerCreate(&unitEvent, this, &RunLoop::main(), 0, AUEventDelivery::immediate, &listener_);
+                               .withOutput("Output", juce::AudioChannelSet::stereo())) {
     // The host's list of programs follows what is chosen in the editor.
     unit_.setPresetNameHandler([this] { updateHostDisplay(ChangeDetails().withProgramChanged(true)); });
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         parameters_.push_back(new UnitParameter(*GetParameter(pid), unit_));
         addParameter(parameters_.back());
-        for (const auto type : {kAudioUnitEvent_ParameterValueChange, kAudioUnitEvent_BeginParameterChangeGesture,
-                                kAudioUnitEvent_EndParameterChangeGesture}) {
-            const AudioUnitEvent event{type, {&unit_, pid, kAudioUnitScope_Global, 0}};
-            AUEventListenerAddEventType(listener_, this, &event);
-        }
     }
     if (!isLv2()) offerBypass();
 }
@@ -95,44 +88,9 @@ bool SlantwiseProcessor::buildDescription() {
     return true;
 }
 
-SlantwiseProcessor::~SlantwiseProcessor() {
-    AUListenerDispose(listener_);
-}
-
-void SlantwiseProcessor::unitEvent(void* self, void*, const AudioUnitEvent* event, float) {
-    static_cast<SlantwiseProcessor*>(self)->handleUnitEvent(*event);
-}
-
-void SlantwiseProcessor::handleUnitEvent(const AudioUnitEvent& event) {
-    const std::uint32_t pid = event.mArgument.mParameterID;
-    switch (event.mEventType) {
-    case kAudioUnitEvent_BeginParameterChangeGesture:
-        return openGesture(pid);
-    case kAudioUnitEvent_ParameterValueChange:
-        openGesture(pid);
-        if (pid == pidMasterOnOff) due_.add(bypassBit);
-        return parameters_[pid]->announceValue();
-    case kAudioUnitEvent_EndParameterChangeGesture:
-        return closeGesture(pid);
-    }
-}
-
-void SlantwiseProcessor::openGesture(std::uint32_t pid) {
-    if (gestureOpen_[pid]) return;
-    gestureOpen_[pid] = true;
-    parameters_[pid]->beginChangeGesture();
-    if (gestureHandler_) gestureHandler_();
-}
-
-void SlantwiseProcessor::closeGesture(std::uint32_t pid) {
-    if (!gestureOpen_[pid]) return;
-    gestureOpen_[pid] = false;
-    parameters_[pid]->endChangeGesture();
-}
-
-void SlantwiseProcessor::endOpenGestures() {
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        closeGesture(pid);
+void SlantwiseProcessor::valueChanged(std::uint32_t pid) {
+    if (pid == pidMasterOnOff) due_.add(bypassBit);
+    parameters_[pid]->announceValue();
 }
 
 bool SlantwiseProcessor::isBusesLayoutSupported(const BusesLayout& layout) const {

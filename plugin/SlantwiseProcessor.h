@@ -1,12 +1,11 @@
 // The plug-in as the toolkit's wrappers see it: an audio processor that owns one audio unit and adds nothing to it.
 //
-// Values and gestures from the editor reach the host through the unit's event listeners; values from the host go
-// straight into the unit on whatever thread the host uses. Neither comes back to where it started. Whatever the editor
-// does, the host sees gestures that begin once, hold the value changes, and end. What follows from something that the
-// host did itself, such as a program, it is told of by the next block (DueAnnouncements).
+// Values and gestures from the editor reach the host as the ledger of host/ has them; values from the host go straight
+// into the unit on whatever thread the host uses. Neither comes back to where it started. What follows from something
+// that the host did itself, such as a program, it is told of by the next block (DueAnnouncements).
 #pragma once
 
-#include "platform/audiounit/AudioUnitListeners.h"
+#include "host/GestureLedger.h"
 #include "plugin/BypassParameter.h"
 #include "plugin/DueAnnouncements.h"
 #include "plugin/UnitParameter.h"
@@ -14,27 +13,20 @@
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <atomic>
-#include <functional>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
 
-class SlantwiseProcessor final : public juce::AudioProcessor {
+class SlantwiseProcessor final : public juce::AudioProcessor, private GestureListener {
 public:
     SlantwiseProcessor();
-    ~SlantwiseProcessor() override;
 
     QVM0015_AudioUnit& unit() { return unit_; }
     UnitParameter& parameter(std::uint32_t pid) { return *parameters_[pid]; }
 
-    // Ends every gesture that is still open. The editor calls this once the pointer holds nothing: some of its gestures
-    // (a reset by click, a preset) begin or change a value and never end, but a host must see each one end. Main
-    // thread.
-    void endOpenGestures();
-    // Called whenever a gesture opened; null: by nobody. Main thread.
-    void setGestureHandler(std::function<void()> handler) { gestureHandler_ = std::move(handler); }
+    // What the host hears of gestures. An editor has it follow its window. Main thread.
+    GestureLedger& gestures() { return gestures_; }
 
     // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log, save that in a
     // block that has something to announce the toolkit takes its locks of listeners, as for each automated value.
@@ -71,10 +63,10 @@ public:
 private:
     // Hosts make instances on any thread, several at once; the records that describe the product are built by one.
     static bool buildDescription();
-    static void unitEvent(void* self, void*, const AudioUnitEvent* event, float value);
-    void handleUnitEvent(const AudioUnitEvent& event);
-    void openGesture(std::uint32_t pid);
-    void closeGesture(std::uint32_t pid);
+    // GestureListener: to the host as it comes.
+    void gestureBegan(std::uint32_t pid) override { parameters_[pid]->beginChangeGesture(); }
+    void valueChanged(std::uint32_t pid) override;
+    void gestureEnded(std::uint32_t pid) override { parameters_[pid]->endChangeGesture(); }
     bool isLv2() const { return wrapperType == wrapperType_LV2; }
     void offerBypass();
     void announceAll();
@@ -89,9 +81,7 @@ private:
     std::vector<UnitParameter*> parameters_;  // owned by the base class, by pid
     std::unique_ptr<BypassParameter> bypass_; // null where it is not offered
     DueAnnouncements due_;
-    std::vector<bool> gestureOpen_; // by pid; main thread
-    std::function<void()> gestureHandler_;
-    AUEventListenerRef listener_ = nullptr;
+    GestureLedger gestures_{unit_, *this};
     // The program that a restored state has overruled, until audio has run since; -1 for none. Written by the thread
     // that restores and by the render thread, in no order with anything else.
     std::atomic<int> overruledProgram_ = -1;

@@ -1,72 +1,18 @@
 #include "plugin/SlantwiseEditor.h"
 
-#include "controls/QVMVerticalSlider.h"
 #include "description/Description.h"
-#include "editor/surface/QVMGenericUI.h"
-#include "host/QVM0015_CocoaView2.h"
-#include "platform/runloop/ManualTickSource.h"
-#include "platform/runloop/VirtualTime.h"
-#include "platform/view/Window.h"
-#include "plugin/HostRecorder.h"
-
-#include <gtest/gtest.h>
+#include "plugin/SlantwiseEditorFixture.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class SlantwiseEditorTest : public testing::Test {
-protected:
-    void SetUp() override { open(); }
-
-    void open() {
-        editor_ = std::make_unique<SlantwiseEditor>(processor_);
-        settle();
-        host_.lines.clear();
-    }
-    // Until the pictures have come and the editor has taken on the unit's values.
-    void settle() {
-        time_.advance(1);
-        for (int i = 0; i < 3; ++i)
-            frame();
-    }
-    // One display frame.
-    void frame() {
-        time_.advance(1.0 / 60);
-        ticks_.tick(time_.now());
-        time_.settle();
-    }
-
-    QVMVerticalSlider& slider(std::uint32_t pid) {
-        return dynamic_cast<QVMVerticalSlider&>(*editor_->view().ui().parameterControlWithPid(pid)->primaryControl());
-    }
-    // The middle of a slider's handle in the window.
-    Point handle(std::uint32_t pid) { return slider(pid).convertToWindow(slider(pid).readoutBulb()->position()); }
-    void send(EventType type, Point at, std::uint32_t modifiers = 0) {
-        Event event;
-        event.type = type;
-        event.locationInWindow = at;
-        event.modifierFlags = modifiers;
-        event.clickCount = 1;
-        event.timestamp = RunLoop::main().now();
-        editor_->window().sendEvent(event);
-    }
-    void drag(Point from, double dx, double dy) {
-        send(EventType::mouseDown, from);
-        for (const double part : {0.25, 0.5, 0.75, 1.0})
-            send(EventType::mouseDragged, {from.x + part * dx, from.y + part * dy});
-        send(EventType::mouseUp, {from.x + dx, from.y + dy});
-    }
-
-    ManualTickSource ticks_;
-    VirtualTime time_;
-    SlantwiseProcessor processor_;
-    slantwise_tests::HostRecorder host_{processor_};
-    std::unique_ptr<SlantwiseEditor> editor_;
-};
+using SlantwiseEditorTest = SlantwiseEditorFixture;
 
 TEST_F(SlantwiseEditorTest, OpensAtItsSize) {
     EXPECT_EQ(editor_->getWidth(), 480);
@@ -118,6 +64,34 @@ TEST_F(SlantwiseEditorTest, AResetByClickEndsOnceThePointerIsFree) {
     frame();
     EXPECT_EQ(host_.kinds(), (Lines{"begin 1", "value 1", "end 1"}));
     EXPECT_EQ(editor_->view().valueForParameterID(1), 0);
+}
+
+TEST_F(SlantwiseEditorTest, APartnerThatADragPushesHasAGestureThatEndsWithThePress) {
+    drag(handle(2), 300, 0); // the low end past the high one
+    const Lines kinds = host_.kinds();
+    ASSERT_GE(kinds.size(), 4U);
+    EXPECT_EQ(kinds.front(), "begin 2");
+    EXPECT_EQ(std::count(kinds.begin(), kinds.end(), "begin 3"), 1);
+    EXPECT_EQ(kinds[kinds.size() - 2], "end 2");
+    EXPECT_EQ(kinds.back(), "end 3") << "without waiting";
+    frame();
+    EXPECT_EQ(host_.kinds(), kinds);
+}
+
+TEST_F(SlantwiseEditorTest, AStepByAKeyIsOneGesture) {
+    send(EventType::mouseDown, handle(1));
+    send(EventType::mouseUp, handle(1)); // gives it the focus
+    host_.lines.clear();
+    Event event;
+    event.charactersIgnoringModifiers = std::u32string(1, Key::up);
+    event.modifierFlags = EventModifier::numericPad;
+    event.type = EventType::keyDown;
+    editor_->window().sendEvent(event);
+    EXPECT_EQ(host_.kinds(), (Lines{"begin 1", "value 1", "value 1", "end 1"}));
+    event.type = EventType::keyUp;
+    editor_->window().sendEvent(event);
+    frame();
+    EXPECT_EQ(host_.lines.size(), 4U);
 }
 
 TEST_F(SlantwiseEditorTest, ClosingInMidGestureEndsIt) {

@@ -3,6 +3,7 @@
 #include "SlantwiseProcessorBench.h"
 
 #include "description/Description.h"
+#include "platform/runloop/VirtualTime.h"
 #include "plugin/HostRecorder.h"
 #include "support/RealtimeTrap.h"
 
@@ -61,7 +62,7 @@ TEST(SlantwiseProcessor, TheHostIsToldOfTheOtherNameOfTheMasterSwitch) {
         void parameterGestureChanged(int, bool) override {}
         std::vector<float> told;
     } bypass;
-    RunLoop::main().becomeMainThread(); // as an open editor does
+    VirtualTime time;
     SlantwiseProcessor processor;
     prepare(processor, 2, 2);
     slantwise_tests::HostRecorder host(processor);
@@ -82,7 +83,7 @@ TEST(SlantwiseProcessor, TheHostIsToldOfTheOtherNameOfTheMasterSwitch) {
     processOnce(processor);
     processOnce(processor);
     EXPECT_EQ(bypass.told, (std::vector<float>{0, 1}));
-    processor.endOpenGestures();
+    time.settle();
     EXPECT_EQ(host.lines, (std::vector<std::string>{"value 0 0", "begin 0", "value 0 0", "end 0"}));
     processor.getBypassParameter()->removeListener(&bypass);
 }
@@ -134,19 +135,18 @@ TEST(SlantwiseProcessor, AValueFromTheHostReachesTheUnitAndIsNotSentBack) {
 }
 
 TEST(SlantwiseProcessor, AValueOfTheEditorsReachesTheHostInsideAGesture) {
-    RunLoop::main().becomeMainThread(); // as an open editor does
+    VirtualTime time;
     SlantwiseProcessor processor;
     slantwise_tests::HostRecorder host(processor);
     const AudioUnitParameter gain{&processor.unit(), 1, kAudioUnitScope_Global, 0};
     AUParameterSet(nullptr, nullptr, &gain, 9, 0);
     EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "value 1 0.75"}));
-    processor.endOpenGestures();
-    processor.endOpenGestures();
+    time.settle();
     EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "value 1 0.75", "end 1"}));
 }
 
 TEST(SlantwiseProcessor, GesturesNeverNestAndNeverEndTwice) {
-    RunLoop::main().becomeMainThread(); // as an open editor does
+    VirtualTime time;
     SlantwiseProcessor processor;
     slantwise_tests::HostRecorder host(processor);
     const AudioUnitParameter gain{&processor.unit(), 1, kAudioUnitScope_Global, 0};
