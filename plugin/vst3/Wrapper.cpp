@@ -1,0 +1,42 @@
+// The toolkit's VST3 wrapper, whose edit controller is given a base class of ours: nothing less than this source, which
+// has the class to itself, lets the host's handler be replaced before the wrapper keeps it.
+#include <juce_core/system/juce_TargetPlatform.h>
+// In the wrapper's own order: each needs the one before.
+#include <juce_core/system/juce_CompilerWarnings.h>
+// And the format's sources, which are compiled here.
+#include <juce_audio_processors/format_types/juce_VST3Headers.h>
+
+#include "plugin/vst3/DeferredHandler.h"
+
+namespace Steinberg::Vst {
+
+class DeferringController : public EditController {
+public:
+    ~DeferringController() override { detach(); }
+
+    tresult PLUGIN_API setComponentHandler(IComponentHandler* host) override {
+        if (host != nullptr && handler_ && handler_->isFor(host)) return kResultTrue;
+        detach();
+        if (host != nullptr) handler_ = owned(new slantwise::DeferredHandler(*host));
+        return EditController::setComponentHandler(handler_);
+    }
+
+    tresult PLUGIN_API terminate() override {
+        detach();
+        return EditController::terminate();
+    }
+
+private:
+    void detach() {
+        if (handler_) handler_->detach();
+        handler_ = nullptr;
+    }
+
+    IPtr<slantwise::DeferredHandler> handler_; // the base class calls and counts it as well
+};
+
+} // namespace Steinberg::Vst
+
+#define EditController DeferringController
+#include <juce_audio_plugin_client/juce_audio_plugin_client_VST3.cpp> // NOLINT(bugprone-suspicious-include): see above
+#undef EditController
