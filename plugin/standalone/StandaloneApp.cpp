@@ -25,7 +25,7 @@ StandaloneApp::~StandaloneApp() = default;
 
 void StandaloneApp::initialise(const juce::String&) {
     const bool display = hasDisplay();
-    if (!display && options_.screenshotFile.empty() && !options_.quitAfterSeconds) {
+    if (!display && options_.screenshotFile.empty()) {
         return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
     }
     AudioClip clip;

@@ -104,22 +104,25 @@ TEST_F(StandaloneProgram, SettingsThatCannotBeReadAreAMistakeWithAReason) {
 }
 
 TEST_F(StandaloneProgram, WithNoDisplayItSaysSo) {
-    const Outcome outcome = run("");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.output.find("there is no display"), std::string::npos) << outcome.output;
+    for (const char* arguments : {"", "--quit-after 0.1", "--preset Air --after 0 --quit-after 0"}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_NE(outcome.output.find("there is no display"), std::string::npos) << arguments << outcome.output;
+    }
 }
 
 TEST_F(StandaloneProgram, AnUnreadableAudioFileIsNamed) {
     const std::string garbage = directory_.bytes("garbage.wav", std::string(3000, 'x'));
     for (const std::string& file : {garbage, directory_.file("missing.wav")}) {
-        const Outcome outcome = run("--quit-after 0 --play " + file);
+        const Outcome outcome = run("--screenshot " + directory_.file("shot.png") + " --play " + file);
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.output.rfind("Slantwise: cannot read \"" + file + "\": ", 0), 0U) << outcome.output;
     }
 }
 
 TEST_F(StandaloneProgram, PlaysAFileForATime) {
-    const Outcome outcome = run("--quit-after 0.3 --play " + tone());
+    const Outcome outcome =
+        run("--after 0 --screenshot " + directory_.file("shot.png") + " --quit-after 0.3 --play " + tone());
     EXPECT_EQ(outcome.status, 0) << outcome.output;
 }
 
