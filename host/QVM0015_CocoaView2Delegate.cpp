@@ -1,19 +1,12 @@
 // What the editor asks of the unit.
+#include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/UnitLog.h"
 
-#include <array>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
-
-namespace {
-
-// The view's size in each layout variant, in points at scale 1.
-constexpr std::array<Size, 3> altFrameSizes = {{{480, 320}, {680, 320}, {200, 200}}};
-
-} // namespace
 
 void QVM0015_CocoaView2::notifyEventTypeForPid(AudioUnitEventType type, std::uint32_t pid) {
     if (pid >= parameterCount) return;
@@ -62,8 +55,7 @@ void QVM0015_CocoaView2::interfaceWantsToSaveUIState(QVMGenericUI&, std::uint32_
 }
 
 void QVM0015_CocoaView2::interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t index) {
-    const bool known = index >= 0 && index < static_cast<std::int32_t>(altFrameSizes.size());
-    const Size size = known ? altFrameSizes[static_cast<std::size_t>(index)] : Size{};
+    const Size size = EditorLayoutForAltFrame(index).editor.size();
     const double scale = static_cast<double>(ui.currentScale());
     setFrame({frame().x, frame().y, std::floor(size.width * scale), std::floor(size.height * scale)});
     ui.assumeAltFrameScaleChanged(index, false);

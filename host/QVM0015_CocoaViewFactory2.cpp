@@ -1,5 +1,6 @@
 #include "host/QVM0015_CocoaViewFactory2.h"
 
+#include "editor/surface/EditorLayout.h"
 #include "host/QVM0015_CocoaView2.h"
 
 namespace QVM_NAMESPACE {
@@ -13,7 +14,7 @@ const char* QVM0015_CocoaViewFactory2::description() const {
 }
 
 std::unique_ptr<QVM0015_CocoaView2> QVM0015_CocoaViewFactory2::uiViewForAudioUnitWithSize(AudioUnit unit, Size) const {
-    auto view = std::make_unique<QVM0015_CocoaView2>(Rect{0, 0, 480, 320});
+    auto view = std::make_unique<QVM0015_CocoaView2>(EditorLayoutForAltFrame(QVMAltFrameNormal).editor);
     view->setAU(unit);
     return view;
 }

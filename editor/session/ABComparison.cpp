@@ -1,5 +1,6 @@
 #include "editor/session/ABComparison.h"
 
+#include "description/NumberText.h"
 #include "description/ValueMapping.h"
 #include "editor/session/PresetSession.h"
 
@@ -11,11 +12,10 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-// A leading number, the decimal sign a point whatever the locale; 0 where there is none.
+// A leading number; 0 where there is none.
 float numberFrom(std::string_view text) {
-    float number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return std::isfinite(number) ? number : 0;
+    const auto read = NumberAtStart<float>(text);
+    return read && std::isfinite(read->value) ? read->value : 0;
 }
 
 // Decimal numbers that read back as the same values.
