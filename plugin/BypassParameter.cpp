@@ -1,7 +1,5 @@
 #include "plugin/BypassParameter.h"
 
-#include "description/ParameterIDs.h"
-
 #include <cmath>
 #include <utility>
 
@@ -17,20 +15,17 @@ bool isBypass(float normalisedValue) {
 
 } // namespace
 
-BypassParameter::BypassParameter(AudioUnitInstance& unit, std::function<void()> hostChangedIt)
-    : juce::AudioProcessorParameterWithID(juce::ParameterID("Bypass", 1), "Bypass"), unit_(unit),
+BypassParameter::BypassParameter(UnitParameter& master, std::function<void()> hostChangedIt)
+    : juce::AudioProcessorParameterWithID(juce::ParameterID("Bypass", 1), "Bypass"), master_(master),
       hostChangedIt_(std::move(hostChangedIt)) {}
 
 float BypassParameter::getValue() const {
-    float master = 1;
-    AudioUnitGetParameter(&unit_, pidMasterOnOff, kAudioUnitScope_Global, 0, &master);
-    return master != 0 ? 0 : 1;
+    return master_.getValue() != 0 ? 0 : 1;
 }
 
 void BypassParameter::setValue(float normalisedValue) {
-    if (!std::isfinite(normalisedValue) || isBypass(normalisedValue) == isBypass(getValue())) return;
-    AudioUnitSetParameter(&unit_, pidMasterOnOff, kAudioUnitScope_Global, 0, isBypass(normalisedValue) ? 0 : 1, 0);
-    hostChangedIt_();
+    if (!std::isfinite(normalisedValue)) return;
+    if (master_.takeFromHost(isBypass(normalisedValue) ? 0 : 1)) hostChangedIt_();
 }
 
 juce::String BypassParameter::getText(float normalisedValue, int maximumLength) const {

@@ -4,7 +4,7 @@
 // parameter is no part of the product's list, so that the switch keeps its place and sense in every session.
 #pragma once
 
-#include "platform/audiounit/AudioUnit.h"
+#include "plugin/UnitParameter.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -14,9 +14,9 @@ namespace QVM_NAMESPACE {
 
 class BypassParameter final : public juce::AudioProcessorParameterWithID {
 public:
-    // The unit is borrowed and outlives the parameter. `hostChangedIt` is called when the host has used the bypass, on
+    // The master switch is borrowed and outlives this. `hostChangedIt` is called when the host has used the bypass, on
     // the host's thread, the render thread included.
-    BypassParameter(AudioUnitInstance& unit, std::function<void()> hostChangedIt);
+    BypassParameter(UnitParameter& master, std::function<void()> hostChangedIt);
 
     // 1 while the master switch is off; any thread, no locks.
     float getValue() const override;
@@ -33,7 +33,7 @@ public:
     float getValueForText(const juce::String& text) const override;
 
 private:
-    AudioUnitInstance& unit_;
+    UnitParameter& master_;
     const std::function<void()> hostChangedIt_;
 };
 

@@ -36,7 +36,8 @@ SlantwiseProcessor::SlantwiseProcessor()
 
 // One value under two names: a change of the one by the host has to reach the host as a change of the other.
 void SlantwiseProcessor::offerBypass() {
-    bypass_ = std::make_unique<BypassParameter>(unit_, [this] { due_.add(bitOf(pidMasterOnOff)); });
+    bypass_ =
+        std::make_unique<BypassParameter>(*parameters_[pidMasterOnOff], [this] { due_.add(bitOf(pidMasterOnOff)); });
     parameters_[pidMasterOnOff]->setHostChangeHandler([this] { due_.add(bypassBit); });
 }
 

@@ -33,9 +33,13 @@ float UnitParameter::getValue() const {
 }
 
 void UnitParameter::setValue(float normalisedValue) {
-    if (!std::isfinite(normalisedValue) || isEcho(normalisedValue, getValue())) return;
+    if (takeFromHost(normalisedValue) && hostChangeHandler_) hostChangeHandler_();
+}
+
+bool UnitParameter::takeFromHost(float normalisedValue) {
+    if (!std::isfinite(normalisedValue) || isEcho(normalisedValue, getValue())) return false;
     AudioUnitSetParameter(&unit_, parameter_.pid, kAudioUnitScope_Global, 0, range_.hostValue(normalisedValue), 0);
-    if (hostChangeHandler_) hostChangeHandler_();
+    return true;
 }
 
 float UnitParameter::getDefaultValue() const {

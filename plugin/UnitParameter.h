@@ -16,10 +16,13 @@ public:
     // Both are borrowed and outlive the parameter. The identifier is the description's code-safe name.
     UnitParameter(const QVMParameter& parameter, AudioUnitInstance& unit);
 
-    // 0 to 1, read from and written to the unit itself; any thread, no locks. An echo of the present value changes
-    // nothing, so that a host never wears down the bits the editor sent; neither does a value that is no finite number.
+    // 0 to 1, read from and written to the unit itself; any thread, no locks.
     float getValue() const override;
     void setValue(float normalisedValue) override;
+    // What the host gives the unit, whoever it gives it to; true when it is another value than the unit's. The one
+    // place that knows a host's echo: it changes nothing, so that a host never wears down the bits the editor sent, and
+    // nobody is told of it. Neither does a value that is no finite number. Any thread, no locks.
+    bool takeFromHost(float normalisedValue);
     float getDefaultValue() const override;
     // The host-domain range, linear: what a host shows that has numbers of its own and no text from us.
     const juce::NormalisableRange<float>& getNormalisableRange() const override { return hostRange_; }

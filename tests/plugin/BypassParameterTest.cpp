@@ -1,5 +1,6 @@
 #include "plugin/BypassParameter.h"
 
+#include "description/Description.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,8 @@ protected:
 
     QVM0015_AudioUnit unit_;
     int told_ = 0;
-    BypassParameter bypass_{unit_, [this] { ++told_; }};
+    UnitParameter master_{*GetParameter(pidMasterOnOff), unit_};
+    BypassParameter bypass_{master_, [this] { ++told_; }};
 };
 
 TEST_F(BypassParameterTest, IsTheMasterSwitchTheOtherWayRound) {
@@ -45,6 +47,22 @@ TEST_F(BypassParameterTest, SaysWhenTheHostChangedItAndOnlyThen) {
     EXPECT_EQ(told_, 1);
     bypass_.setValue(std::numeric_limits<float>::quiet_NaN());
     EXPECT_EQ(told_, 1);
+    EXPECT_EQ(master(), 1);
+}
+
+// What the host is told of the one name it gives back under either: it is the same value.
+TEST_F(BypassParameterTest, AnEchoUnderEitherNameChangesNothing) {
+    int masterTold = 0;
+    master_.setHostChangeHandler([&] { ++masterTold; });
+    setMaster(0); // from the editor
+    bypass_.setValue(bypass_.getValue());
+    master_.setValue(master_.getValue());
+    EXPECT_EQ(told_, 0);
+    EXPECT_EQ(masterTold, 0);
+    bypass_.setValue(0);
+    master_.setValue(1);
+    EXPECT_EQ(told_, 1);
+    EXPECT_EQ(masterTold, 0) << "it is on already";
     EXPECT_EQ(master(), 1);
 }
 

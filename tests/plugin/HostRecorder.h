@@ -3,6 +3,7 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -18,11 +19,11 @@ public:
     std::vector<std::string> lines;
 
     // Without the values.
-    std::vector<std::string> kinds() const {
-        std::vector<std::string> result;
-        for (const std::string& line : lines)
-            result.push_back(line.substr(0, line.find(' ', line.find(' ') + 1)));
-        return result;
+    std::vector<std::string> kinds() const { return kindsOf(lines); }
+    static std::vector<std::string> kindsOf(std::vector<std::string> lines) {
+        for (std::string& line : lines)
+            line.resize(std::min(line.size(), line.find(' ', line.find(' ') + 1)));
+        return lines;
     }
 
 private:

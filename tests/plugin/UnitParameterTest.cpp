@@ -7,9 +7,16 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace QVM_NAMESPACE {
 namespace {
+
+// A value that the unit can hold, whether or not the way to the host and back leads to it.
+float anyValue(const HostRange& range, float between) {
+    const float value = range.minimum * (1 - between) + range.maximum * between;
+    return range.steps > 0 ? std::round(value) : value;
+}
 
 class UnitParameterOfEach : public testing::TestWithParam<std::uint32_t> {
 protected:
@@ -58,13 +65,32 @@ TEST_P(UnitParameterOfEach, NoNumberChangesNothing) {
 // A host that stores the value in its own range, as LV2 hosts do, sends it back rounded.
 TEST_P(UnitParameterOfEach, AnEchoLeavesTheUnitsBitsAlone) {
     const HostRange range(description());
+    std::minstd_rand random(1); // as far as that is any value: the editor's are no multiples of anything here
     for (int i = 0; i <= 1000; ++i) {
-        const float value = range.hostValue(static_cast<float>(i) / 1000);
-        setUnitValue(value);
-        const float echoed = parameter_.convertTo0to1(parameter_.convertFrom0to1(parameter_.getValue()));
-        parameter_.setValue(echoed);
-        ASSERT_EQ(unitValue(), value) << i;
+        const float position = static_cast<float>(i) / 1000;
+        const float between = static_cast<float>(random()) / static_cast<float>(std::minstd_rand::max());
+        for (const float value : {range.hostValue(position), anyValue(range, between)}) {
+            setUnitValue(value);
+            const float normalised = parameter_.getValue();
+            for (const float echoed : {normalised, parameter_.convertTo0to1(parameter_.convertFrom0to1(normalised))}) {
+                parameter_.setValue(echoed);
+                ASSERT_EQ(unitValue(), value) << i;
+            }
+        }
     }
+}
+
+// Otherwise the test above could not fail: the arithmetic alone does not give every value back.
+TEST(UnitParameter, TheHostsNumberIsNotAlwaysTheUnits) {
+    const HostRange range(*GetParameter(pidTiltRangeLow));
+    int changed = 0;
+    std::minstd_rand random(1);
+    for (int i = 0; i < 1000; ++i) {
+        const float between = static_cast<float>(random()) / static_cast<float>(std::minstd_rand::max());
+        const float value = anyValue(range, between);
+        changed += range.hostValue(range.normalised(value)) != value;
+    }
+    EXPECT_GT(changed, 10);
 }
 
 TEST_P(UnitParameterOfEach, EveryOtherValueArrives) {
