@@ -1,0 +1,182 @@
+// The way of one drag: which classes a value passes from the slider to the unit, and from there back to the slider. The
+// real objects are asked, by a look at who calls whom at either end.
+#include "host/HostViewFixture.h"
+
+#include "controls/QVMVerticalSlider.h"
+#include "platform/layer/TextMetrics.h"
+#include "support/CallStack.h"
+#include "unit/QVM0015_AudioUnit.h"
+#include "viz/sketches/PBGLSketchAbstract.h"
+#include "viz/sketches/QVMParameterSketch.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using ::testing::ElementsAre;
+
+// The real unit, and who sets a parameter of it.
+class WatchedUnit final : public AudioUnitInstance {
+public:
+    QVM0015_AudioUnit real;
+    std::function<void()> onSet;
+
+    OSStatus getParameter(AudioUnitParameterID id, AudioUnitScope scope, AudioUnitElement element,
+                          float* value) const override {
+        return real.getParameter(id, scope, element, value);
+    }
+    OSStatus setParameter(AudioUnitParameterID id, AudioUnitScope scope, AudioUnitElement element, float value,
+                          std::uint32_t offset) override {
+        if (onSet) onSet();
+        return real.setParameter(id, scope, element, value, offset);
+    }
+    OSStatus propertyInfo(AudioUnitPropertyID id, AudioUnitScope scope, AudioUnitElement element,
+                          AudioUnitPropertyInfo* info) const override {
+        return real.propertyInfo(id, scope, element, info);
+    }
+    OSStatus getProperty(AudioUnitPropertyID id, AudioUnitScope scope, AudioUnitElement element, void* data) override {
+        return real.getProperty(id, scope, element, data);
+    }
+    OSStatus setProperty(AudioUnitPropertyID id, AudioUnitScope scope, AudioUnitElement element,
+                         const void* data) override {
+        return real.setProperty(id, scope, element, data);
+    }
+};
+
+// Who has a text measured: a slider does that with its value when it shows one.
+class WatchedMetrics final : public TextMetrics {
+public:
+    WatchedMetrics() { install(this); }
+    ~WatchedMetrics() override { install(nullptr); }
+    std::function<void()> onWidth;
+
+    double width(const AttributedString& text) const override {
+        if (onWidth) onWidth();
+        return nominal_.width(text);
+    }
+    double ascent(const Font& font) const override { return nominal_.ascent(font); }
+    double descent(const Font& font) const override { return nominal_.descent(font); }
+    bool hasFace(const std::string& face) const override { return nominal_.hasFace(face); }
+
+private:
+    const TextMetrics& nominal_ = TextMetrics::current();
+};
+
+using Classes = std::vector<std::string>;
+
+// Adds what the way has not passed yet: a class that hands on to its own base has one name in it.
+void append(Classes& way, const Classes& more) {
+    for (const std::string& each : more)
+        if (std::find(way.begin(), way.end(), each) == way.end()) way.push_back(each);
+}
+
+// Who calls, the outermost first, without what the platform carries.
+Classes callers() {
+    Classes way, all = call_stack::classes(SLANTWISE_SOURCE);
+    std::erase_if(all, [](const std::string& each) { return each.starts_with("platform/"); });
+    append(way, all);
+    return way;
+}
+
+bool isAboveControls(const std::string& each) {
+    return !each.starts_with("controls/");
+}
+
+class DragTrace : public HostView {
+protected:
+    DragTrace() {
+        view = QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&watched_, {});
+        ui_ = &view->ui();
+        window_.setContentView(std::move(view));
+        settle();
+    }
+    // Until the pictures are there and at rest.
+    void settle() {
+        time.advance(1);
+        for (int i = 0; i < 12; ++i)
+            frame();
+    }
+    QVMParameterControl& control() { return *ui_->parameterControlWithPid(pidTiltGain); }
+    QVMVerticalSlider& slider() { return dynamic_cast<QVMVerticalSlider&>(*control().primaryControl()); }
+    void drag(double dx) {
+        Event event;
+        event.locationInWindow = slider().convertToWindow(slider().readoutBulb()->position());
+        event.clickCount = 1;
+        for (const EventType type : {EventType::mouseDown, EventType::mouseDragged, EventType::mouseUp}) {
+            event.type = type;
+            window_.sendEvent(event);
+            if (type == EventType::mouseDown) event.locationInWindow.x += dx;
+        }
+    }
+
+    // Has what follows on the way to the unit, and the unit itself, appended to `way_`.
+    void watchTheUnit() {
+        watched_.onSet = [this] {
+            ++sets_;
+            const Classes all = callers();
+            append(way_, {std::find_if(all.begin(), all.end(), isAboveControls), all.end()});
+            append(way_, {"unit/QVM0015_AudioUnit"});
+        };
+    }
+
+    Classes way_;
+    int sets_ = 0; // of a parameter of the unit
+    WatchedMetrics metrics_;
+    WatchedUnit watched_;
+    Window window_;
+    QVMGenericUI* ui_ = nullptr;
+};
+
+// The parameter control may jump to whom it calls and leave no trace, so it is met where its action arrives.
+TEST_F(DragTrace, FromTheSliderToTheUnitAValuePassesSixClasses) {
+    control().setAction([this](Control& sender) {
+        append(way_, callers());
+        append(way_, {dynamic_cast<QVMParameterControl*>(&sender) ? "controls/QVMParameterControl" : "another"});
+        ui_->handleParameterControlUpdated(control());
+    });
+    watchTheUnit();
+    drag(40);
+    ASSERT_EQ(sets_, 1);
+    EXPECT_THAT(way_,
+                ElementsAre("controls/QVMFloatControl", "controls/QVMVerticalSlider", "controls/QVMParameterControl",
+                            "editor/QVMGenericUI", "host/QVM0015_CocoaView2", "unit/QVM0015_AudioUnit"));
+    EXPECT_LE(way_.size(), 6U);
+}
+
+// What the trace is worth: another way gives another one.
+TEST_F(DragTrace, WhatTheHostAsksForPassesNoControl) {
+    watchTheUnit();
+    ui_->setParameterValuePairs({{"TiltGain", 3.0F}});
+    ASSERT_EQ(sets_, 1);
+    EXPECT_THAT(way_, ElementsAre("editor/QVMGenericUI", "host/QVM0015_CocoaView2", "unit/QVM0015_AudioUnit"));
+}
+
+// The unit's end of what it shares with the editor has written the value before the frame comes.
+TEST_F(DragTrace, FromTheUnitToTheSliderAValuePassesFiveClasses) {
+    constexpr float value = -5;
+    metrics_.onWidth = [this] {
+        if (way_.empty()) way_ = callers();
+    };
+    AudioUnitSetParameter(&watched_, pidTiltGain, kAudioUnitScope_Global, 0, value, 0);
+    PBGLSketchAbstract* shared = ui_->sketch()->getVizRef();
+    ASSERT_EQ(shared->parameterStates[pidTiltGain].value, value) << "VizLink has been";
+    ASSERT_TRUE(way_.empty());
+    ASSERT_NE(slider().floatValue(), value);
+    frame();
+    ASSERT_EQ(slider().floatValue(), value);
+    const auto slider = std::find(way_.begin(), way_.end(), "controls/QVMVerticalSlider");
+    ASSERT_NE(slider, way_.end());
+    way_.erase(slider + 1, way_.end()); // what it shows the value with
+    EXPECT_THAT(way_, ElementsAre("viz/sketches/QVMParameterSketch", "editor/QVMGenericUI",
+                                  "controls/QVMParameterControl", "controls/QVMVerticalSlider"));
+    EXPECT_LE(way_.size() + 1, 5U) << "with VizLink";
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
