@@ -17,7 +17,7 @@ using slantwise_tests::XScreen;
 
 class InHost : public testing::TestWithParam<Format> {
 protected:
-    static constexpr std::uint32_t tiltGain = 1;
+    static constexpr std::uint32_t tiltGain = 1, tiltRangeLow = 2;
     static constexpr std::uint32_t gainColour = 0xA54D55;
 
     void SetUp() override {
