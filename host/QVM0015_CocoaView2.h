@@ -81,8 +81,8 @@ private:
                                                     const std::string& settings) override;
     void interfaceWantsToSaveUIState(QVMGenericUI& ui, std::uint32_t state) override;
     void interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t frame) override;
-    PBGLSketchAbstract* interfaceWantsVizRef(QVMGenericUI& ui) override;
-    void interfaceHasReadiedVizRef(QVMGenericUI& ui, PBGLSketchAbstract* vizRef) override;
+    SharedState* interfaceWantsVizRef(QVMGenericUI& ui) override;
+    void interfaceHasReadiedVizRef(QVMGenericUI& ui, SharedState* vizRef) override;
     void interfaceWantsSampleRateMaxFrames(QVMGenericUI& ui, double& sampleRate, std::uint32_t& maxFrames) override;
     void interfaceWantsToResetMetering(QVMGenericUI& ui) override;
     void interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI& ui, const std::string& key, double value) override;

@@ -61,13 +61,13 @@ void QVM0015_CocoaView2::interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int3
     ui.assumeAltFrameScaleChanged(index, false);
 }
 
-PBGLSketchAbstract* QVM0015_CocoaView2::interfaceWantsVizRef(QVMGenericUI&) {
-    PBGLSketchAbstract* vizRef = nullptr;
+SharedState* QVM0015_CocoaView2::interfaceWantsVizRef(QVMGenericUI&) {
+    SharedState* vizRef = nullptr;
     logIfFailed("get-vizref", getProperty(kQVMProperty_VizRef, vizRef));
     return vizRef;
 }
 
-void QVM0015_CocoaView2::interfaceHasReadiedVizRef(QVMGenericUI&, PBGLSketchAbstract* vizRef) {
+void QVM0015_CocoaView2::interfaceHasReadiedVizRef(QVMGenericUI&, SharedState* vizRef) {
     logIfFailed("vizCallback", setProperty(kQVMProperty_VizRef, vizRef));
 }
 

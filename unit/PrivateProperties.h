@@ -20,7 +20,7 @@ enum QVMPrivateProperty : AudioUnitPropertyID {
     kQVMProperty_ABState = 64008,             // set, get: QVMABRecord
     kQVMProperty_BufferPath = 64009,          // set: const std::string*, a file path
     kQVMProperty_InterfaceState = 64010,      // set, get: unsigned 32-bit
-    kQVMProperty_VizRef = 64011,              // set, get: PBGLSketchAbstract*, the shared drawing object
+    kQVMProperty_VizRef = 64011,              // set, get: SharedState*, lent until CloseViz or another one
     kQVMProperty_CloseViz = 64012,            // set: unsigned 32-bit 1
 };
 

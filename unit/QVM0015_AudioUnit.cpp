@@ -195,7 +195,7 @@ OSStatus QVM0015_AudioUnit::getProperty(AudioUnitPropertyID id, AudioUnitScope, 
     case kQVMProperty_InterfaceState:
         return give(settings_.uiState(), data);
     case kQVMProperty_VizRef:
-        return give(viz_.vizRef(), data);
+        return give(viz_.state(), data);
     default:
         return kAudioUnitErr_InvalidProperty;
     }
@@ -216,7 +216,7 @@ OSStatus QVM0015_AudioUnit::setProperty(AudioUnitPropertyID id, AudioUnitScope, 
         settings_.setUIState(taken<std::uint32_t>(data));
         break;
     case kQVMProperty_VizRef:
-        viz_.exchange(taken<PBGLSketchAbstract*>(data));
+        viz_.exchange(taken<SharedState*>(data));
         break;
     case kQVMProperty_ResetMeters:
         if (taken<std::uint32_t>(data) != 1) return kAudioUnitErr_InvalidPropertyValue;

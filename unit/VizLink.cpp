@@ -1,8 +1,8 @@
 #include "unit/VizLink.h"
 
 #include "description/Description.h"
+#include "link/PeakLevel.h"
 #include "unit/UnitParameters.h"
-#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <algorithm>
 #include <bit>
@@ -12,7 +12,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr QVMFloat32Range meterRange = {-96, 12}; // dB
 // A host may be so much late with the next block, or work some of them off at once, before it counts as stopped.
 constexpr double hostPatience = 0.25; // seconds
 
@@ -34,10 +33,10 @@ void VizLink::enter() {
         std::this_thread::yield();
 }
 
-void VizLink::exchange(PBGLSketchAbstract* vizRef) {
+void VizLink::exchange(SharedState* state) {
     enter();
-    if (PBGLSketchAbstract* const earlier = vizRef_) earlier->requestFrame(); // its editor may want to know
-    vizRef_ = vizRef;
+    if (SharedState* const earlier = state_) earlier->frameRequest.ask(); // its editor may want to know
+    state_ = state;
     isNew_ = true;
     leave();
     allParametersChanged();
@@ -45,7 +44,7 @@ void VizLink::exchange(PBGLSketchAbstract* vizRef) {
 
 void VizLink::post(std::uint32_t changed) {
     changed_.fetch_or(changed);
-    while (changed_ != 0 && vizRef_ && tryEnter()) {
+    while (changed_ != 0 && state_ && tryEnter()) {
         writeStates();
         leave();
     }
@@ -53,47 +52,34 @@ void VizLink::post(std::uint32_t changed) {
 
 // From inside.
 void VizLink::writeStates() {
-    PBGLSketchAbstract* vizRef = vizRef_;
-    if (!vizRef) return;
+    SharedState* state = state_;
+    if (!state) return;
     bool glides = isNew_;
     isNew_ = false;
     // The bits go before the values are read, so that a value which is stored meanwhile is posted again.
     for (std::uint32_t rest = changed_.exchange(0); rest != 0; rest &= rest - 1)
-        glides |= writeState(*vizRef, static_cast<std::uint32_t>(std::countr_zero(rest)));
-    if (glides) vizRef->restartGlide();
-    vizRef->requestFrame(); // also for a value that came back as it was: an editor may have sent another one
+        glides |= writeState(*state, static_cast<std::uint32_t>(std::countr_zero(rest)));
+    if (glides) state->restartGlide();
+    state->frameRequest.ask(); // also for a value that came back as it was: an editor may have sent another one
 }
 
 // True when the value is another one than before.
-bool VizLink::writeState(PBGLSketchAbstract& vizRef, std::uint32_t pid) const {
-    if (pid >= vizRef.paramCount) return false;
-    const float value = descriptions_[pid]->heldValueFromHostValue(parameters_.value(pid));
-    QVMParameterState& state = vizRef.parameterStates[pid];
-    if (state.value == value && vizRef.interpTargets[pid] == value) return false;
-    state.value = value;
-    state.interpolating = true;
-    vizRef.interpTargets[pid] = value;
-    return true;
-}
-
-// This product knows one kind of drawing object only.
-QVMLevelMeter* VizLink::meter() const {
-    PBGLSketchAbstract* vizRef = vizRef_;
-    return vizRef ? static_cast<QVM0015GLSketch*>(vizRef)->levelMeter() : nullptr;
+bool VizLink::writeState(SharedState& state, std::uint32_t pid) const {
+    return state.glide.post(pid, descriptions_[pid]->heldValueFromHostValue(parameters_.value(pid)));
 }
 
 void VizLink::postLevels(std::span<const float> peaks, double seconds) {
     if (peaks.empty()) return;
-    if (!vizRef_) return dropWaitingPeaks();
+    if (!state_) return dropWaitingPeaks();
     for (std::size_t channel = 0; channel < channels; ++channel)
         waitingPeaks_[channel].raiseTo(peaks[std::min(channel, peaks.size() - 1)]);
     if (!tryEnter()) return;
-    if (QVMLevelMeter* shown = meter()) {
-        shown->setLevelSeconds(static_cast<float>(seconds + hostPatience));
+    if (SharedState* const state = state_) {
+        state->levels.setStandingSeconds(static_cast<float>(seconds + hostPatience));
         for (std::size_t channel = 0; channel < channels; ++channel) {
             const float peak = waitingPeaks_[channel].exchange(0);
-            shown->processAudio(&peak, 1, meterRange, static_cast<int>(channel));
-            if (isAboveSilence(peak)) vizRef()->requestFrame();
+            state->levels.post(channel, peakLevel(peak, SharedState::meterRange));
+            if (isAboveSilence(peak)) state->frameRequest.ask();
         }
     }
     leave();
@@ -108,9 +94,9 @@ void VizLink::dropWaitingPeaks() {
 void VizLink::resetLevels() {
     dropWaitingPeaks();
     enter();
-    if (QVMLevelMeter* shown = meter()) {
-        shown->reset();
-        vizRef()->requestFrame();
+    if (SharedState* const state = state_) {
+        state->levels.reset();
+        state->frameRequest.ask();
     }
     leave();
     post(0);

@@ -11,7 +11,7 @@
 namespace QVM_NAMESPACE {
 
 class QVMGenericUI;
-class PBGLSketchAbstract;
+struct SharedState;
 
 class QVMGenericUIDelegate {
 public:
@@ -42,8 +42,8 @@ public:
     virtual void interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t frame) = 0;
 
     // The drawing object shared with the unit: borrowed, null when there is none yet.
-    virtual PBGLSketchAbstract* interfaceWantsVizRef(QVMGenericUI& ui) = 0;
-    virtual void interfaceHasReadiedVizRef(QVMGenericUI& ui, PBGLSketchAbstract* vizRef) = 0;
+    virtual SharedState* interfaceWantsVizRef(QVMGenericUI& ui) = 0;
+    virtual void interfaceHasReadiedVizRef(QVMGenericUI& ui, SharedState* vizRef) = 0;
 
     // Fills in the unit's sample rate (hertz) and largest number of frames a render call.
     virtual void interfaceWantsSampleRateMaxFrames(QVMGenericUI& ui, double& sampleRate, std::uint32_t& maxFrames) = 0;

@@ -109,9 +109,9 @@ void QVMGenericUI::sketchScaleDidChange() {
 
 void QVMGenericUI::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) {
     if (!delegate_) return;
-    PBGLSketchAbstract* vizRef = sketch.getVizRef();
-    if (delegate_->interfaceWantsVizRef(*this) != vizRef) return delegate_->interfaceHasReadiedVizRef(*this, vizRef);
-    const std::size_t count = std::min<std::size_t>(vizRef->paramCount, session_.values().count());
+    SharedState* shared = &sketch.getVizRef()->sharedState;
+    if (delegate_->interfaceWantsVizRef(*this) != shared) return delegate_->interfaceHasReadiedVizRef(*this, shared);
+    const std::size_t count = std::min<std::size_t>(shared->glide.paramCount, session_.values().count());
     for (std::uint32_t pid = 0; pid < count; ++pid)
         session_.values().receiveIfNew(pid, states[pid].value);
     session_.values().frameWasReceived();

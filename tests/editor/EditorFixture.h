@@ -55,8 +55,8 @@ public:
         calls.push_back("frame " + std::to_string(frame));
         ui.assumeAltFrameScaleChanged(frame, false);
     }
-    PBGLSketchAbstract* interfaceWantsVizRef(QVMGenericUI&) override { return vizRef; }
-    void interfaceHasReadiedVizRef(QVMGenericUI&, PBGLSketchAbstract* readied) override {
+    SharedState* interfaceWantsVizRef(QVMGenericUI&) override { return vizRef; }
+    void interfaceHasReadiedVizRef(QVMGenericUI&, SharedState* readied) override {
         calls.push_back("viz");
         vizRef = readied;
         post();
@@ -85,8 +85,8 @@ public:
         bool glides = false;
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
             const float value = GetParameter(pid)->heldValueFromHostValue(unit[pid]);
-            if (vizRef->parameterStates[pid].value == value) continue;
-            vizRef->parameterStates[pid].value = vizRef->interpTargets[pid] = value;
+            if (vizRef->glide.parameterStates[pid].value == value) continue;
+            vizRef->glide.parameterStates[pid].value = vizRef->glide.interpTargets[pid] = value;
             glides = true;
         }
         if (glides) vizRef->restartGlide();
@@ -101,7 +101,7 @@ public:
     double sampleRate = 44100;                   // hertz
     std::string savedSlot;                       // of the A/B comparison
     std::array<float, QVMParameterCount> unit{}; // host domain
-    PBGLSketchAbstract* vizRef = nullptr;        // as the unit would know it
+    SharedState* vizRef = nullptr;               // as the unit would know it
 };
 
 class EditorFixture : public testing::Test {

@@ -1,6 +1,6 @@
 #include "host/HostViewFixture.h"
 
-#include "viz/sketches/PBGLSketchAbstract.h"
+#include "link/SharedState.h"
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -88,11 +88,11 @@ TEST_F(AsDelegate, AutomationIsNotEchoed) {
     window.setContentView(std::move(view));
     time.advance(1);
     frame();
-    auto* vizRef = unit.property<PBGLSketchAbstract*>(64011);
+    auto* vizRef = unit.property<SharedState*>(64011);
     ASSERT_NE(vizRef, nullptr);
     frame();
     AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, -7, 0);
-    vizRef->parameterStates[1].value = -7; // as a unit that draws does
+    vizRef->glide.parameterStates[1].value = -7; // as a unit that draws does
     takeCalls();
     frame();
     time.advance(2);
@@ -125,7 +125,7 @@ TEST_F(AsDelegate, ResettingTheMetersSetsOne) {
 
 TEST_F(AsDelegate, TheVizRefIsSetAndReadBack) {
     EXPECT_EQ(delegate().interfaceWantsVizRef(ui()), nullptr);
-    auto* drawing = reinterpret_cast<PBGLSketchAbstract*>(&unit);
+    auto* drawing = reinterpret_cast<SharedState*>(&unit);
     delegate().interfaceHasReadiedVizRef(ui(), drawing);
     EXPECT_EQ(delegate().interfaceWantsVizRef(ui()), drawing);
 }

@@ -64,8 +64,8 @@ protected:
         }
     }
     const QVMLevelMeter::Channel& left() { return editor->object().levelMeter()->channel(0); }
-    PBGLSketchAbstract* unitsVizRef() {
-        PBGLSketchAbstract* vizRef = nullptr;
+    SharedState* unitsVizRef() {
+        SharedState* vizRef = nullptr;
         std::uint32_t size = sizeof(void*);
         EXPECT_EQ(AudioUnitGetProperty(&real, 64011, 0, 0, &vizRef, &size), noErr);
         return vizRef;
@@ -79,8 +79,8 @@ protected:
     std::unique_ptr<OpenEditor> editor = std::make_unique<OpenEditor>(&real);
 };
 
-TEST_F(OnScreen, TheUnitHasTheEditorsDrawingObject) {
-    EXPECT_EQ(unitsVizRef(), &editor->object());
+TEST_F(OnScreen, TheUnitHasWhatTheEditorsDrawingObjectShares) {
+    EXPECT_EQ(unitsVizRef(), &editor->object().sharedState);
     EXPECT_EQ(editor->object().sampleRate, 44100);
     EXPECT_TRUE(logged.empty());
 }

@@ -3,7 +3,6 @@
 
 #include "support/RealtimeTrap.h"
 #include "unit/Signals.h"
-#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <gtest/gtest.h>
 
@@ -44,13 +43,12 @@ TEST(Realtime, NoPathAllocatesLocksOrCallsTheSystem) {
     }
 }
 
-// As above, with an editor open: parameters and levels go into its drawing object.
+// As above, with an editor open: parameters and levels go into the state it shares.
 TEST(Realtime, PostingToAnEditorNeitherAllocatesNorLocks) {
-    QVM0015GLSketch drawing;
-    drawing.init({PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1}, 44100, 512);
-    drawing.sizeStates(UnitParameters::count);
+    SharedState state;
+    state.glide.sizeStates(UnitParameters::count);
     QVM0015_AudioUnit unit;
-    PBGLSketchAbstract* vizRef = &drawing;
+    SharedState* vizRef = &state;
     ASSERT_EQ(AudioUnitSetProperty(&unit, 64011, kAudioUnitScope_Global, 0, &vizRef, sizeof(void*)), noErr);
     everyPath<float>(unit, {2, 2});
     everyPath<double>(unit, {2, 2});
@@ -59,11 +57,11 @@ TEST(Realtime, PostingToAnEditorNeitherAllocatesNorLocks) {
             AudioUnitSetParameter(&unit, pid, kAudioUnitScope_Global, 0, 5, 0);
     });
     EXPECT_FALSE(seen.any()) << seen;
-    EXPECT_EQ(drawing.parameterStates[1].value, 5);
+    EXPECT_EQ(state.glide.parameterStates[1].value, 5);
     std::vector<float> in = signals::tone<float>(5000, 1000, 0.5);
     float* channels[] = {in.data(), in.data()};
     unit.process(channels, channels, 5000);
-    EXPECT_GT(drawing.levelMeter()->channel(0).level, -20);
+    EXPECT_GT(state.levels.latest(0), -20);
 }
 
 TEST(Realtime, MonoToStereoAndMissingChannelsNeitherAllocateNorLock) {

@@ -1,8 +1,6 @@
 // The unit's private and standard properties, through the interface that the editor uses.
 #include "unit/QVM0015_AudioUnit.h"
 
-#include "viz/sketches/QVM0015GLSketch.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -187,8 +185,8 @@ TEST_F(UnitProperties, ResettingTheMetersTakesOneForAnAnswer) {
 
 TEST_F(UnitProperties, ClosingTheVisualisationDropsTheReference) {
     EXPECT_EQ(get<void*>(64011), nullptr);
-    QVM0015GLSketch drawing;
-    ASSERT_EQ(set<PBGLSketchAbstract*>(64011, &drawing), noErr);
+    SharedState drawing;
+    ASSERT_EQ(set<SharedState*>(64011, &drawing), noErr);
     EXPECT_EQ(get<void*>(64011), &drawing);
     EXPECT_EQ(set(64012, std::uint32_t{7}), kAudioUnitErr_InvalidPropertyValue);
     EXPECT_EQ(get<void*>(64011), &drawing);

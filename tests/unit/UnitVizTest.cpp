@@ -1,4 +1,4 @@
-// The unit and the drawing object that an editor hands it, through the unit's own interface.
+// The unit and the state that an editor's drawing object shares with it, through the unit's own interface.
 #include "unit/MeterDrawing.h"
 #include "unit/QVM0015_AudioUnit.h"
 #include "unit/Signals.h"
@@ -16,9 +16,12 @@ namespace {
 
 class UnitViz : public testing::Test {
 protected:
-    void SetUp() override { give(drawing.get()); }
+    void SetUp() override { give(drawing->sharedState); }
     ~UnitViz() override { close(); }
-    void give(PBGLSketchAbstract* vizRef) { AudioUnitSetProperty(&unit, 64011, 0, 0, &vizRef, sizeof(void*)); }
+    void give(SharedState& state) {
+        SharedState* vizRef = &state;
+        AudioUnitSetProperty(&unit, 64011, 0, 0, &vizRef, sizeof(void*));
+    }
     void close() {
         const std::uint32_t one = 1;
         AudioUnitSetProperty(&unit, 64012, 0, 0, &one, sizeof one);
@@ -102,7 +105,7 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
     for (int i = 0; i < exchanges && unlevelled == 0; ++i) {
         auto next = makeDrawing();
         if (i % 2) close();
-        give(next.get());
+        give(next->sharedState);
         drawing = std::move(next); // the earlier one is destroyed here
         drawing->performInterp();
         if (i % reset == 0) AudioUnitSetProperty(&unit, 64007, 0, 0, &one, sizeof one);

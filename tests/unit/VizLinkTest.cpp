@@ -45,8 +45,8 @@ protected:
 
 TEST_F(VizLinkTest, ANewObjectGetsEveryParameterAndGlidesThere) {
     set(1, -7);
-    link.exchange(drawing.get());
-    EXPECT_EQ(link.vizRef(), drawing.get());
+    link.exchange(&drawing->sharedState);
+    EXPECT_EQ(link.state(), &drawing->sharedState);
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const float shown = GetParameter(pid)->heldValueFromHostValue(parameters.value(pid));
         EXPECT_EQ(posted(pid), shown) << pid;
@@ -62,12 +62,12 @@ TEST_F(VizLinkTest, AnObjectThatShowsTheValuesAlreadyGlidesAllTheSame) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         drawing->parameterStates[pid].value = drawing->interpTargets[pid] =
             GetParameter(pid)->heldValueFromHostValue(parameters.value(pid));
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     EXPECT_TRUE(drawing->isInterpolating) << "its first picture is made in a glide";
 }
 
 TEST_F(VizLinkTest, AChangeIsPostedAtOnceInTheShownDomain) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     endGlide();
     ASSERT_FALSE(drawing->isInterpolating);
     set(2, 12005);
@@ -79,7 +79,7 @@ TEST_F(VizLinkTest, AChangeIsPostedAtOnceInTheShownDomain) {
 }
 
 TEST_F(VizLinkTest, AValueThatIsThereAlreadyStartsNoGlide) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     set(2, 12005);
     endGlide();
     set(2, 12005);
@@ -90,7 +90,7 @@ TEST_F(VizLinkTest, AValueThatIsThereAlreadyStartsNoGlide) {
 
 // What any control of the editor can send, for every parameter but the hidden link switches, which read clamped.
 TEST_F(VizLinkTest, AValueThatTheEditorSentComesBackBitForBit) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     std::mt19937 random(15);
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const QVMParameter& parameter = *GetParameter(pid);
@@ -110,28 +110,28 @@ TEST_F(VizLinkTest, AValueThatTheEditorSentComesBackBitForBit) {
 
 TEST_F(VizLinkTest, NothingIsWrittenBeforeAnObjectIsThereOrAfterItWasTaken) {
     set(1, 3);
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     EXPECT_EQ(posted(1), 3);
     link.exchange(nullptr);
-    EXPECT_EQ(link.vizRef(), nullptr);
+    EXPECT_EQ(link.state(), nullptr);
     set(1, 5);
     link.postLevels(std::array{1.0f, 1.0f}, blockSeconds);
     EXPECT_EQ(posted(1), 3);
     EXPECT_EQ(level(0), -96);
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     EXPECT_EQ(posted(1), 5) << "the next one is up to date";
 }
 
 TEST_F(VizLinkTest, AnObjectWithFewerParametersGetsThose) {
     drawing->sizeStates(2);
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     set(7, -3);
     set(1, 4);
     EXPECT_EQ(posted(1), 4);
 }
 
 TEST_F(VizLinkTest, ABlocksPeaksAreTheMetersLevels) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     link.postLevels(std::array{1.0f, 0.1f}, blockSeconds);
     EXPECT_NEAR(level(0), 0, 1e-4);
     EXPECT_NEAR(level(1), -20, 1e-4);
@@ -141,14 +141,14 @@ TEST_F(VizLinkTest, ABlocksPeaksAreTheMetersLevels) {
 }
 
 TEST_F(VizLinkTest, OneOutputShowsOnBothChannels) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     link.postLevels(std::array{0.5f}, blockSeconds);
     EXPECT_NEAR(level(0), -6.0206f, 1e-3);
     EXPECT_EQ(level(1), level(0));
 }
 
 TEST_F(VizLinkTest, WhateverIsPostedAsksForAFrame) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     EXPECT_TRUE(drawing->takeFrameRequest());
     EXPECT_FALSE(drawing->takeFrameRequest());
     set(1, 5);
@@ -160,25 +160,25 @@ TEST_F(VizLinkTest, WhateverIsPostedAsksForAFrame) {
 }
 
 TEST_F(VizLinkTest, SilenceAsksForNoFrame) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     drawing->takeFrameRequest();
     link.postLevels(std::array{0.0f, 1e-6f}, blockSeconds);
     EXPECT_FALSE(drawing->takeFrameRequest());
 }
 
 TEST_F(VizLinkTest, TheEditorWhoseObjectIsTakenAwayGetsAFrameToSeeIt) {
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     drawing->takeFrameRequest();
     const std::unique_ptr<QVM0015GLSketch> another = makeDrawing();
-    link.exchange(another.get());
+    link.exchange(&another->sharedState);
     EXPECT_TRUE(drawing->takeFrameRequest());
     link.exchange(nullptr);
 }
 
-TEST_F(VizLinkTest, AnObjectWithoutAMeterGetsNoLevels) {
+TEST_F(VizLinkTest, ADrawingWithoutAMeterTakesLevelsAndShowsNone) {
     drawing = std::make_unique<QVM0015GLSketch>();
     drawing->sizeStates(QVMParameterCount);
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     link.postLevels(std::array{1.0f, 1.0f}, blockSeconds);
     EXPECT_EQ(drawing->levelMeter(), nullptr);
 }
@@ -186,7 +186,7 @@ TEST_F(VizLinkTest, AnObjectWithoutAMeterGetsNoLevels) {
 // A link that plays blocks at 48 kHz while an editor shows the meter, each in its own time.
 class VizLinkLevels : public VizLinkTest {
 protected:
-    void SetUp() override { link.exchange(drawing.get()); }
+    void SetUp() override { link.exchange(&drawing->sharedState); }
     QVMLevelMeter& meter() { return *drawing->levelMeter(); }
     void frame() {
         drawing->prepareForDrawing({PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1},
@@ -338,7 +338,7 @@ TEST_F(VizLinkLevels, AResetWithNothingToReset) {
     link.resetLevels();
     drawing = std::make_unique<QVM0015GLSketch>();
     drawing->sizeStates(QVMParameterCount);
-    link.exchange(drawing.get());
+    link.exchange(&drawing->sharedState);
     link.resetLevels();
     EXPECT_EQ(drawing->levelMeter(), nullptr);
 }

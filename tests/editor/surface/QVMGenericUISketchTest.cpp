@@ -94,7 +94,7 @@ TEST_F(QVMGenericUISketch, HandsItsObjectOverBeforeItTakesAnyValue) {
     const std::uint32_t count = ui_->receivedParamUpdateCount();
     frame();
     EXPECT_THAT(delegate_.calls, ElementsAre("viz"));
-    EXPECT_EQ(delegate_.vizRef, &object());
+    EXPECT_EQ(delegate_.vizRef, &object().sharedState);
     EXPECT_EQ(memoized(1), 0);
     EXPECT_EQ(ui_->receivedParamUpdateCount(), count);
     frame();
