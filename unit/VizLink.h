@@ -3,7 +3,7 @@
 // Whoever changes a parameter posts it at once, so that an editor also follows a host that plays no audio; the render
 // thread posts its levels, and what another thread had to leave behind. A flag says that a thread is inside the state.
 // The one that finds it set goes on without waiting, and the one inside takes over what came meanwhile. Only who
-// exchanges the object waits for the flag, so that the object may be destroyed as soon as it was given up here.
+// exchanges the state waits for the flag, so that it may be destroyed as soon as it was given up here.
 #pragma once
 
 #include "description/ParameterIDs.h"

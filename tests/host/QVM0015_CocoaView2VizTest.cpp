@@ -237,6 +237,38 @@ TEST_F(OnScreen, AnEditorThatClosesBeforeItsSketchCameLeavesNothing) {
     EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt);
 }
 
+// Each takes the unit from the other with every frame. Whichever goes first, and whichever the unit has then, nothing
+// of the unit's goes to what is no more, and the one that is left is followed again.
+TEST_F(OnScreen, TwoEditorsOnOneUnitCloseInAnyOrder) {
+    for (const bool firstGoesFirst : {true, false}) {
+        for (int meeting = 0; meeting < 3; ++meeting) {
+            editor = std::make_unique<OpenEditor>(&real);
+            settle();
+            auto other = std::make_unique<OpenEditor>(&real);
+            settle();
+            for (int i = 0; i < meeting; ++i)
+                playFrames(1, 0.5F, 0.5F);
+            const VizRef shares[] = {editor->ui().sketch()->getVizRef(), other->ui().sketch()->getVizRef()};
+            EXPECT_TRUE(unitsVizRef() == &shares[0]->sharedState || unitsVizRef() == &shares[1]->sharedState);
+            (firstGoesFirst ? editor : other).reset();
+            EXPECT_EQ(unitsVizRef(), nullptr) << "whoever closes has the unit let go";
+            playFrames(30, 0.5F, 0.5F);
+            OpenEditor& left = firstGoesFirst ? *other : *editor;
+            EXPECT_EQ(unitsVizRef(), &left.object().sharedState);
+            automate(1, 6);
+            showFrames(10);
+            EXPECT_EQ(left.ui().getMemoizedPValueDirectly(1), 6);
+            EXPECT_NEAR(left.object().levelMeter()->channel(0).display, -6.02F, 0.1F);
+            EXPECT_EQ(shares[firstGoesFirst ? 0 : 1]->refCount, 0U) << "no layer of the closed one is left";
+            automate(1, 0);
+            other.reset();
+            editor.reset();
+            EXPECT_EQ(unitsVizRef(), nullptr);
+            playFrames(1, 0.5F, 0.5F);
+        }
+    }
+}
+
 TEST_F(OnScreen, TwentyEditorsOpenAndCloseInAnyOrder) {
     editor.reset();
     std::mt19937 random(20);
@@ -265,11 +297,10 @@ TEST_F(OnScreen, TwentyEditorsOpenAndCloseInAnyOrder) {
 }
 
 #ifdef __SANITIZE_ADDRESS__
-// Closes the editor while somebody still counts as a user of its object. What is returned does not look like a pointer,
+// Closes the editor while somebody still has a share of its object. What is returned does not look like a pointer,
 // and nothing in the caller's stack does.
 [[gnu::noinline]] std::uintptr_t loseObject(std::unique_ptr<OpenEditor>& editor) {
-    QVM0015GLSketch* const lost = &editor->object();
-    ++lost->refCount;
+    auto* const lost = new VizRef(editor->ui().sketch()->getVizRef());
     editor.reset();
     return ~reinterpret_cast<std::uintptr_t>(lost);
 }
@@ -278,7 +309,7 @@ TEST_F(OnScreen, TwentyEditorsOpenAndCloseInAnyOrder) {
 TEST_F(OnScreen, ADrawingObjectThatNobodyReleasesIsNoticed) {
     const std::uintptr_t hidden = loseObject(editor);
     EXPECT_EQ(__lsan_do_recoverable_leak_check(), 1);
-    delete reinterpret_cast<QVM0015GLSketch*>(~hidden);
+    delete reinterpret_cast<VizRef*>(~hidden);
 }
 #endif
 

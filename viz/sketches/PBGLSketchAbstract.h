@@ -61,7 +61,7 @@ public:
     SharedWord<float>& numericMeterValue = sharedState.numericMeter.value;
     SharedWord<const char*>& numericMeterFormat = sharedState.numericMeter.format;
     SharedWord<const char*>& numericMeterSuffix = sharedState.numericMeter.suffix;
-    std::uint32_t refCount = 0; // layers that use the object
+    std::uint32_t refCount = 0; // layers that were set up with the object; tells, and keeps nothing alive
     bool isAlive = true;
 };
 

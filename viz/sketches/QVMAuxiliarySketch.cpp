@@ -2,16 +2,18 @@
 
 #include "viz/sketches/QVMParameterSketch.h"
 
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 QVMAuxiliarySketch::QVMAuxiliarySketch(const Rect& frame, float sampleRate, unsigned maxFrames, const PBSketch& sketch,
-                                       unsigned paramCount, PBGLSketchAbstract* vizRef, float scale, unsigned inChan,
+                                       unsigned paramCount, VizRef vizRef, float scale, unsigned inChan,
                                        unsigned outChan)
     : View(frame), glSketch_(std::make_shared<QVMSketchGLLayer>()) {
     layer()->setName("auxiliarySketch");
     glSketch_->setFrame(bounds());
     glSketch_->setContentsScale(scale);
-    glSketch_->useVizRef(vizRef);
+    glSketch_->useVizRef(std::move(vizRef));
     glSketch_->setSampleRateMaxFramesSketchParamCountChanInChanOut(sampleRate, maxFrames, sketch, paramCount, inChan,
                                                                    outChan);
 }

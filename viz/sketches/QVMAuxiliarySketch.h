@@ -12,9 +12,9 @@ class QVMParameterSketch;
 
 class QVMAuxiliarySketch final : public View {
 public:
-    // Counts as a user of `vizRef`, which the main sketch's layer made. `scale` is in device pixels a point.
+    // Shares `vizRef` with the main sketch, which was given it first. `scale` is in device pixels a point.
     QVMAuxiliarySketch(const Rect& frame, float sampleRate, unsigned maxFrames, const PBSketch& sketch,
-                       unsigned paramCount, PBGLSketchAbstract* vizRef, float scale, unsigned inChan, unsigned outChan);
+                       unsigned paramCount, VizRef vizRef, float scale, unsigned inChan, unsigned outChan);
     // Takes itself off the main sketch's list.
     ~QVMAuxiliarySketch() override;
 

@@ -26,7 +26,7 @@ int MyDisplayLinkCallback(const std::shared_ptr<DisplayLink>& link, const Displa
 
 class QVMParameterSketch final : public View {
 public:
-    // Makes the drawing object and sets it up for the response curve. `sampleRate` is in hertz, `scale` in device
+    // Gets the drawing object made and sets it up for the response curve. `sampleRate` is in hertz, `scale` in device
     // pixels a point.
     QVMParameterSketch(const Rect& frame, const QVMConfig& config, float sampleRate, unsigned maxFrames, float scale,
                        unsigned inChan, unsigned outChan);
@@ -42,7 +42,7 @@ public:
     void removeAuxiliarySketch(QVMAuxiliarySketch& sketch);
 
     const std::shared_ptr<QVMSketchGLLayer>& glSketch() const { return glSketch_; }
-    PBGLSketchAbstract* getVizRef() const { return glSketch_->getVizRef(); }
+    const VizRef& getVizRef() const { return glSketch_->getVizRef(); }
     QVMParameterState* getVizRefParameterStates() const { return glSketch_->getVizRefParameterStates(); }
     void performParameterConversionWithValues(unsigned pid, float* values);
     std::int64_t numParams() const { return numParams_; }

@@ -1,7 +1,6 @@
 #include "viz/sketches/QVMSketchGLLayer.h"
 
 #include "viz/sketches/MainQueue.h"
-#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <algorithm>
 
@@ -12,8 +11,7 @@ QVMSketchGLLayer::QVMSketchGLLayer() {
 }
 
 QVMSketchGLLayer::~QVMSketchGLLayer() {
-    if (!counted_) return;
-    if (--cppSketch_->refCount == 0) delete cppSketch_;
+    if (isSetUp_) --cppSketch_->refCount;
 }
 
 QVMParameterState* QVMSketchGLLayer::getVizRefParameterStates() const {
@@ -29,16 +27,12 @@ void QVMSketchGLLayer::setSampleRateMaxFramesSketchParamCountChanInChanOut(float
     if (cppSketch_) {
         build();
     } else {
-        cppSketch_ = new QVM0015GLSketch; // released by the last layer that uses it
-        cppSketch_->chanIn = chanIn;
-        cppSketch_->chanOut = chanOut;
-        cppSketch_->sampleRate = sampleRate;
-        cppSketch_->initNumericMeter();
+        cppSketch_ = makeVizRef(sampleRate, chanIn, chanOut);
         build();
         cppSketch_->sizeStates(paramCount);
     }
     ++cppSketch_->refCount;
-    counted_ = true;
+    isSetUp_ = true;
 }
 
 void QVMSketchGLLayer::build() {
@@ -48,7 +42,7 @@ void QVMSketchGLLayer::build() {
 }
 
 void QVMSketchGLLayer::canvasDidChange() {
-    if (!counted_ || (builtSize_ == bounds().size() && builtScale_ == contentsScale())) return;
+    if (!isSetUp_ || (builtSize_ == bounds().size() && builtScale_ == contentsScale())) return;
     build();
     if (canRender_) cppSketch_->prepareForDrawing(canvas(), 0);
     setNeedsDisplay();

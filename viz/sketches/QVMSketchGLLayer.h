@@ -1,13 +1,14 @@
 // A layer that shows one sketch of a shared drawing object.
 //
-// Each layer counts as one user of its object, once for every time that it is set up; the last user's layer destroys
-// the object. Main thread only, except for addParameterStates().
+// Each layer holds a share of its object, which goes with the last of them (VizRef). Main thread only, except for
+// addParameterStates().
 #pragma once
 
 #include "platform/layer/GLLayer.h"
-#include "viz/sketches/PBGLSketchAbstract.h"
+#include "viz/sketches/VizRef.h"
 
 #include <string>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -16,14 +17,14 @@ public:
     QVMSketchGLLayer();
     ~QVMSketchGLLayer() override;
 
-    // Stores the object, which somebody else's layer made, without counting. Before the layer is set up.
-    void useVizRef(PBGLSketchAbstract* vizRef) { cppSketch_ = vizRef; }
-    PBGLSketchAbstract* getVizRef() const { return cppSketch_; } // null before it is set up
+    // Takes a share of the object that another layer was set up with, without counting. Before the layer is set up.
+    void useVizRef(VizRef vizRef) { cppSketch_ = std::move(vizRef); }
+    const VizRef& getVizRef() const { return cppSketch_; } // null before it is set up
     // One for each parameter; null before the layer is set up. They live as long as the object.
     QVMParameterState* getVizRefParameterStates() const;
 
-    // Sets the layer up for a sketch: makes a drawing object if there is none yet, has it build what this layer needs,
-    // and counts. The layer's bounds and contents scale are those to draw at. `sampleRate` is in hertz.
+    // Sets the layer up for a sketch: gets a drawing object made if there is none yet, has it build what this layer
+    // needs, and counts. The layer's bounds and contents scale are those to draw at. `sampleRate` is in hertz.
     void setSampleRateMaxFramesSketchParamCountChanInChanOut(float sampleRate, unsigned maxFrames,
                                                              const PBSketch& sketch, unsigned paramCount,
                                                              unsigned chanIn, unsigned chanOut);
@@ -63,8 +64,8 @@ private:
     PBGLCanvas canvas() const;
     void build();
 
-    PBGLSketchAbstract* cppSketch_ = nullptr;
-    bool counted_ = false; // among the object's users
+    VizRef cppSketch_;
+    bool isSetUp_ = false;
     bool canRender_ = false, shouldRender_ = true;
     PBSketch sketch_;
     float sampleRate_ = 0; // hertz; this and the next as the object was set up with them

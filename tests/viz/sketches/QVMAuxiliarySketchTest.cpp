@@ -22,9 +22,18 @@ TEST_F(QVMAuxiliarySketchTest, SharesItsObjectWithTheAuxiliaryViews) {
 TEST_F(QVMAuxiliarySketchTest, TheObjectSurvivesTheMainView) {
     QVMAuxiliarySketch& meter = addMeter();
     view.removeFromSuperview().reset();
-    const PBGLSketchAbstract* left = meter.glSketch()->getVizRef();
+    const PBGLSketchAbstract* left = meter.glSketch()->getVizRef().get();
     EXPECT_EQ(left->refCount, 1u);
     EXPECT_EQ(left->paramCount, 24u);
+}
+
+TEST_F(QVMAuxiliarySketchTest, TheObjectGoesWithTheLastOfTheViews) {
+    QVMAuxiliarySketch& meter = addMeter();
+    const std::weak_ptr<PBGLSketchAbstract> watched = view.getVizRef();
+    view.removeFromSuperview().reset();
+    EXPECT_FALSE(watched.expired());
+    meter.removeFromSuperview().reset();
+    EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(QVMAuxiliarySketchTest, AnAuxiliaryViewThatGoesLeavesTheList) {

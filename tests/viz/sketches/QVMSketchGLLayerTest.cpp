@@ -2,6 +2,7 @@
 
 #include "SketchFixture.h"
 #include "platform/runloop/RunLoop.h"
+#include "viz/sketches/QVM0015GLSketch.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -28,11 +29,11 @@ private:
     bool& alive_;
 };
 
-std::shared_ptr<QVMSketchGLLayer> makeLayer(const PBSketch& sketch, PBGLSketchAbstract* vizRef = nullptr) {
+std::shared_ptr<QVMSketchGLLayer> makeLayer(const PBSketch& sketch, VizRef vizRef = nullptr) {
     auto layer = std::make_shared<QVMSketchGLLayer>();
     layer->setFrame({0, 0, sketch.outer.w, sketch.outer.h});
     layer->setContentsScale(2);
-    if (vizRef) layer->useVizRef(vizRef);
+    if (vizRef) layer->useVizRef(std::move(vizRef));
     layer->setSampleRateMaxFramesSketchParamCountChanInChanOut(48000, 512, sketch, 24, 1, 2);
     return layer;
 }
@@ -45,7 +46,7 @@ bool isTransparent(const QVMSketchGLLayer& layer) {
 
 TEST(QVMSketchGLLayer, MakesTheDrawingObjectAndCountsItself) {
     const auto layer = makeLayer(PB_Sketches[0]);
-    const PBGLSketchAbstract* object = layer->getVizRef();
+    const PBGLSketchAbstract* object = layer->getVizRef().get();
     ASSERT_NE(object, nullptr);
     EXPECT_EQ(object->refCount, 1u);
     EXPECT_EQ(object->chanIn, 1u);
@@ -62,7 +63,7 @@ TEST(QVMSketchGLLayer, MakesTheDrawingObjectAndCountsItself) {
 
 TEST(QVMSketchGLLayer, BuildsItsCanvasFromItsSketchAndSize) {
     bool alive = false;
-    auto* object = new MortalSketch(alive);
+    auto object = std::make_shared<MortalSketch>(alive);
     const auto layer = makeLayer(PB_Sketches[1], object);
     ASSERT_EQ(object->canvases.size(), 1u);
     const PBGLCanvas& canvas = object->canvases[0];
@@ -76,7 +77,7 @@ TEST(QVMSketchGLLayer, BuildsItsCanvasFromItsSketchAndSize) {
 
 TEST(QVMSketchGLLayer, EverySetUpCountsAndOnlyTheEndOfTheLayerTakesOneBack) {
     bool alive = false;
-    auto* object = new MortalSketch(alive);
+    auto object = std::make_shared<MortalSketch>(alive);
     auto layer = makeLayer(PB_Sketches[0], object);
     layer->setSampleRateMaxFramesSketchParamCountChanInChanOut(48000, 512, PB_Sketches[0], 24, 1, 2);
     EXPECT_EQ(object->refCount, 2u);
@@ -84,20 +85,41 @@ TEST(QVMSketchGLLayer, EverySetUpCountsAndOnlyTheEndOfTheLayerTakesOneBack) {
     layer.reset();
     ASSERT_TRUE(alive);
     EXPECT_EQ(object->refCount, 1u);
-    delete object;
 }
 
 TEST(QVMSketchGLLayer, TheObjectOutlivesTheFirstOfTwoLayers) {
     bool alive = false;
-    auto* object = new MortalSketch(alive);
+    auto object = std::make_shared<MortalSketch>(alive);
     auto first = makeLayer(PB_Sketches[0], object);
     auto second = makeLayer(PB_Sketches[1], first->getVizRef());
     EXPECT_EQ(object->refCount, 2u);
+    const std::weak_ptr<MortalSketch> watched = object;
+    object.reset();
     first.reset();
     ASSERT_TRUE(alive);
-    EXPECT_EQ(object->refCount, 1u);
+    EXPECT_EQ(watched.lock()->refCount, 1u);
     second.reset();
     EXPECT_FALSE(alive);
+}
+
+// However often it was set up: a share is a share.
+TEST(QVMSketchGLLayer, TheObjectGoesWithTheLastLayerThoughOneWasSetUpTwice) {
+    auto layer = makeLayer(PB_Sketches[0]);
+    layer->setSampleRateMaxFramesSketchParamCountChanInChanOut(48000, 512, PB_Sketches[0], 24, 1, 2);
+    const std::weak_ptr<PBGLSketchAbstract> watched = layer->getVizRef();
+    EXPECT_EQ(watched.lock()->refCount, 2u);
+    layer.reset();
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST(QVMSketchGLLayer, ALayerThatWasNeverSetUpCountsNothing) {
+    bool alive = false;
+    const auto object = std::make_shared<MortalSketch>(alive);
+    auto layer = std::make_shared<QVMSketchGLLayer>();
+    layer->useVizRef(object);
+    EXPECT_EQ(object->refCount, 0u);
+    layer.reset();
+    EXPECT_EQ(object->refCount, 0u);
 }
 
 TEST(QVMSketchGLLayer, IsTransparentUntilItsFirstFrameIsPrepared) {
@@ -154,7 +176,7 @@ TEST(QVMSketchGLLayer, AFrameThatLooksTheSameIsNotDrawnAgain) {
     for (int frame = 0; frame < 100; ++frame)
         layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, false);
     EXPECT_EQ(layer->contentVersion(), drawn);
-    static_cast<QVM0015GLSketch*>(layer->getVizRef())->levelMeter()->channel(0).level = -6;
+    static_cast<QVM0015GLSketch&>(*layer->getVizRef()).levelMeter()->channel(0).level = -6;
     layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, false);
     EXPECT_NE(layer->contentVersion(), drawn);
 }
