@@ -1,10 +1,12 @@
 #include "editor/surface/QVMGenericUI.h"
 
-#include "editor/surface/NumericMeterReading.h"
-#include "editor/surface/QVMClumpView.h"
+#include "controls/QVMSymbolButton.h"
+#include "editor/surface/FrameButton.h"
 #include "editor/surface/QVMClumpsView.h"
+#include "editor/surface/QVMPowerBox.h"
+#include "editor/surface/QVMPresetBar.h"
+#include "editor/surface/QVMPresetsDrawer.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -17,18 +19,19 @@ constexpr double backingScaleDelay = 0.35, sketchDelay = 0.5; // seconds
 
 QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config, std::uint32_t chanIn,
                            std::uint32_t chanOut)
-    : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), session_(*config_, *this),
-      focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
+    : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), shown_(*this),
+      session_(*config_, shown_), focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
+      controls_(*this, [this](QVMParameterControl& control) { handleParameterControlUpdated(control); }),
+      parts_(*this, *config_), drawers_(*this, *this), sketches_(*config_, session_.values(), controls_), menus_(*this),
       interactionStates_(session_.values().count(), QVMInteractionDiscrete) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
-    advFlashLim_.setTrailing(false);
 }
 
 // Subviews go here, not in the base's destructor: the controls report to this object while they live.
 QVMGenericUI::~QVMGenericUI() {
-    observations_.clear();
+    preferences_.stop();
     while (!subviews().empty())
         subviews().back()->removeFromSuperview();
 }
@@ -47,7 +50,7 @@ void QVMGenericUI::completeInterfaceSetup() {
     addFrameButton();
     syncUndoRedoButtonsToStackState();
     potentiallySaveToUndoRedoStack();
-    applyChannelLayoutRules();
+    controls_.applyChannelLayoutRules(*config_, {chanIn_, chanOut_});
     observePreferences();
     addHudAndNumericMeter();
     sketchCall_.schedule(sketchDelay, [this] { addSketch(); });
@@ -56,52 +59,48 @@ void QVMGenericUI::completeInterfaceSetup() {
 
 void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
     config_ = std::move(config);
-    addPowerBox();
-    addClumpsView();
-    addPresetBar();
-    addAndRegisterParameterControls();
+    parts_.addFrame();
+    wireParts();
+    parts_.addClumps(controls_, session_.values());
+    drawers_.setClumpsView(*clumpsView());
     resetABState(session_.values().memoized());
 }
 
-void QVMGenericUI::applyChannelLayoutRules() {
-    const QVMChannelPair channels = {chanIn_, chanOut_};
-    config_->enumerateParametersWithBlock([this, channels](QVMParameter& parameter, QVMClump&) {
-        for (const QVMChannelLayoutRule& rule : parameter.channelLayoutRules) {
-            if (rule.map != channels) continue;
-            QVMParameterControl* control = parameterControlWithPid(parameter.pid);
-            if (!control) continue;
-            constexpr unsigned priority = 1000;
-            if (rule.disabled) {
-                control->setDimmedDelayPriorityKey(true, 0, priority, "Absolute");
-                if (control->primaryControl()) control->primaryControl()->setPreventInteraction(true);
-            }
-            if (rule.immutable) control->setImmutableFloatValue(rule.immutable);
-        }
-    });
-}
-
-QVMParameterControl* QVMGenericUI::parameterControlWithPid(std::uint32_t pid) const {
-    const auto found = std::find_if(parameterControls_.begin(), parameterControls_.end(),
-                                    [pid](const auto* control) { return control->parameter()->pid == pid; });
-    return found == parameterControls_.end() ? nullptr : *found;
-}
-
-QVMParameterControl* QVMGenericUI::parameterControlWithCodename(std::string_view codesafeName) const {
-    const auto found = std::find_if(parameterControls_.begin(), parameterControls_.end(), [&](const auto* control) {
-        return control->parameter()->codesafeName == codesafeName;
-    });
-    return found == parameterControls_.end() ? nullptr : *found;
-}
-
-QVMClumpView* QVMGenericUI::clumpViewWithCodename(std::string_view codesafeName) const {
-    for (const View* container : {static_cast<View*>(clumpsView_), static_cast<View*>(advClumpsView_)}) {
-        if (!container) continue;
-        for (const auto& subview : container->subviews()) {
-            auto* clumpView = dynamic_cast<QVMClumpView*>(subview.get());
-            if (clumpView && clumpView->clump().codesafeName == codesafeName) return clumpView;
-        }
+void QVMGenericUI::wireParts() {
+    powerBox()->logo().setAction([this](Control&) { logoTapped(); });
+    if (QVMSymbolButton* gear = powerBox()->gear()) gear->setAction([this](Control&) { gearTapped(); });
+    QVMPresetBar& bar = *presetBar();
+    if (QVMParameterControl* presets = bar.presetControl()) {
+        presets->setAction([this](Control&) { presetUpdated(); });
+        presets->setDelegate(this);
     }
-    return masterClump_ && masterClump_->clump().codesafeName == codesafeName ? masterClump_ : nullptr;
+    bar.ab().setABDelegate(this);
+    bar.undo().setAction([this](Control&) { keyboard_.keyboardShortcutUndo(); });
+    bar.redo().setAction([this](Control&) { keyboard_.keyboardShortcutRedo(); });
+}
+
+void QVMGenericUI::addPresetDrawer() {
+    if (presetDrawer() || !config_->presets) return;
+    const Rect frame = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
+    drawers_.addPresets(std::make_unique<QVMPresetsDrawer>(frame, *config_), presetBar())
+        .setPresetControl(presetBar()->presetControl());
+}
+
+QVMDrawerView& QVMGenericUI::addDrawer(std::unique_ptr<QVMDrawerView> drawer) {
+    return drawers_.add(std::move(drawer), presetBar());
+}
+
+void QVMGenericUI::addFrameButton() {
+    parts_.addFrameButton().setAction([this](Control&) { toggleFrame(); });
+    powerBox()->setFrameToggle([this] { toggleFrame(); });
+    powerBox()->setHoverHandler([this](bool isInside) { frameButton()->setPointerNear(isInside); });
+}
+
+void QVMGenericUI::addHudAndNumericMeter() {
+    if (hud_) return;
+    hud_ = &addSubview(std::make_unique<QVMHUDDisplay>(Rect{}, session_.values().memoized()));
+    hud_->setDelegate(this);
+    sketches_.addNumericMeter(*powerBox(), [this] { meterTapped(); });
 }
 
 } // namespace QVM_NAMESPACE

@@ -1,23 +1,26 @@
-// The whole editor surface: a view that builds itself from the description, and the one funnel that every value passes
-// on its way to the audio unit and back.
+// The whole editor surface: a view that builds itself from the description, lays itself out, and passes on what it
+// hears.
 //
-// It knows no audio unit, only a delegate. Values are in the shown domain unless a name says host. Main thread only.
+// What it knows is the session's, what has the keyboard is the focus's, and each kind of thing that is seen has a class
+// of its own; the names here are fronts of theirs. It knows no audio unit, only a delegate. Values are in the shown
+// domain unless a name says host. Main thread only.
 #pragma once
 
-#include "controls/QVMParameterControl.h"
-#include "controls/QVMSpeedLim.h"
-#include "description/QVMConfig.h"
 #include "editor/keyboard/EditorFocus.h"
 #include "editor/keyboard/KeyboardSurface.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/session/EditorSession.h"
+#include "editor/surface/EditorDrawers.h"
+#include "editor/surface/EditorMenus.h"
+#include "editor/surface/EditorParts.h"
+#include "editor/surface/EditorSketches.h"
+#include "editor/surface/InterfacePreferences.h"
+#include "editor/surface/ParameterControls.h"
 #include "editor/surface/QVMABControl.h"
-#include "editor/surface/QVMDrawerView.h"
 #include "editor/surface/QVMGenericUIDelegate.h"
 #include "editor/surface/QVMHUDDisplay.h"
-#include "platform/runloop/DelayedCall.h"
+#include "editor/surface/ShownSession.h"
 #include "platform/runloop/NotificationCenter.h"
-#include "platform/view/View.h"
 #include "viz/sketches/QVMParameterSketchDelegate.h"
 
 #include <memory>
@@ -29,102 +32,80 @@
 
 namespace QVM_NAMESPACE {
 
-class DrawerBackdrop;
-class FrameButton;
-class QVMClumpsView;
-class NoticeView;
-class NumericMeterReading;
-class PBGLSketchAbstract;
-class QVMClumpView;
-class QVMMeterButton;
-class QVMPowerBox;
-class QVMPresetBar;
-class QVMPresetsDrawer;
-class QVMRangeControl;
-struct SideEffects;
-struct PBSketch;
-
 class QVMGenericUI : public View,
                      private QVMParameterControlDelegate,
                      private QVMHUDDisplayDelegate,
                      private QVMParameterSketchDelegate,
                      private QVMABControlDelegate,
-                     private QVMDrawerViewDelegate,
-                     private SessionSurface,
                      private FocusSurface,
-                     private KeyboardSurface {
+                     private KeyboardSurface,
+                     private EditorDrawersDelegate {
 public:
-    // Names of the notifications about interface preferences; the first carries the numbers "major" and "minor".
-    static constexpr const char* preferenceNotification = "kQVMInterfacePreferenceNotification";
-    static constexpr const char* preferencesSavedNotification = "kQVMInterfacePreferencesSavedNotification";
+    // Names of the notifications about interface preferences.
+    static constexpr const char* preferenceNotification = InterfacePreferences::changedNotification;
+    static constexpr const char* preferencesSavedNotification = InterfacePreferences::savedNotification;
 
     // Nothing is built yet; every memoized value is the parameter's initial one.
     QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config, std::uint32_t chanIn, std::uint32_t chanOut);
     ~QVMGenericUI() override;
 
     // Borrowed; null is allowed and hears nothing. The delegate clears it before it goes.
+    QVMGenericUIDelegate* delegate() const { return delegate_; }
     void setDelegate(QVMGenericUIDelegate* delegate) { delegate_ = delegate; }
     // Builds everything from the configuration and the memoized values. Once.
     void completeInterfaceSetup();
 
-    // A value from anywhere in the editor: restricted, told to the delegate in the host domain, memoized. The control
-    // follows when the value comes back from the unit; before there is a sketch, by which it comes, at once.
-    void notifyParameterUpdatedTo(std::uint32_t pid, float value) { session_.values().send(pid, value); }
-    // The user moved a control: as above, then the partner of a low/high pair is pushed an octave away.
-    void handleParameterControlUpdated(QVMParameterControl& control);
-    // Stores a value without telling the delegate. An equal one changes nothing.
-    void updateMemoizedValueForParameter(float value, std::uint32_t pid) { session_.values().memoize(pid, value); }
-    // A value as the unit posted it (QVMParameter::heldValueFromHostValue). It reaches its control, and nothing is
-    // sent back. What the unit makes of the memoized value counts as the memoized value, if the unit can hold that.
-    void updateParameterFromSketchState(std::uint32_t pid, float value) { session_.values().receive(pid, value); }
+    // What it is put together from.
+    EditorSession& session() { return session_; }
+    EditorFocus& focus() { return focus_; }
+    QVMKeyboardHandler& keyboard() { return keyboard_; }
+    ParameterControls& controls() { return controls_; }
+    EditorParts& parts() { return parts_; }
+    EditorDrawers& drawers() { return drawers_; }
+    EditorSketches& sketches() { return sketches_; }
+    const QVMConfig& config() const { return *config_; }
+    // Expires with the editor: for what may be called after it has gone, as a menu's items.
+    std::weak_ptr<const bool> lifetime() const { return alive_; }
 
-    // Several values by codename; unknown names are skipped.
+    // Values (EditorValues): from anywhere in the editor; from a control that the user moved; without telling the
+    // delegate; from the unit; with no consequence at all.
+    void notifyParameterUpdatedTo(std::uint32_t pid, float value) { session_.values().send(pid, value); }
+    void handleParameterControlUpdated(QVMParameterControl& control);
+    void updateMemoizedValueForParameter(float value, std::uint32_t pid) { session_.values().memoize(pid, value); }
+    void updateParameterFromSketchState(std::uint32_t pid, float value) { session_.values().receive(pid, value); }
+    void setMemoizedPValueDirectlyValue(std::uint32_t pid, float value) { session_.values().setDirectly(pid, value); }
+    float getMemoizedPValueDirectly(std::uint32_t pid) const { return session_.values().memoized(pid); }
+    std::uint32_t receivedParamUpdateCount() const { return session_.values().receivedFrames(); }
     void setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs) {
         session_.values().sendPairs(pairs);
     }
     // Every control's parameter to its initial value.
     void resetInitialValues() override;
-    // The scratch values that differ from the memoized ones, except those of disabled controls.
-    void applyScratchValues();
-    std::span<float> scratchPValues() { return session_.values().scratch(); }
-    // Reads or stores a memoized value with no consequence at all. An unknown pid reads as 0.
-    void setMemoizedPValueDirectlyValue(std::uint32_t pid, float value) { session_.values().setDirectly(pid, value); }
-    float getMemoizedPValueDirectly(std::uint32_t pid) const { return session_.values().memoized(pid); }
-    std::uint32_t receivedParamUpdateCount() const { return session_.values().receivedFrames(); }
+    // The user chooses a value for a parameter that has no control: one discrete gesture.
+    void chooseValueForParameter(float value, std::uint32_t pid);
 
-    // Presets, by index or by name. Choosing one sets every parameter that is no preset wildcard. A name that no preset
-    // has cannot be chosen.
+    // Presets (PresetSession), by index or by name. A name that no preset has cannot be chosen.
     void requestPresetNamed(const std::string& name);
     // The preset control has another value, or the same one again: applies that preset and reports it.
     void presetUpdated();
-    // One value for each parameter that is no preset wildcard, in pid order. What is no number leaves its parameter.
     void applyPresetValues(std::span<const float> values) { session_.presets().apply(values); }
     // Names the current preset and applies nothing. A name or index that no preset has is shown as such.
     void lastSavedPresetWasNamed(const std::string& name);
     void lastSavedPresetWasKeyed(std::uint32_t index) { session_.presets().setCurrent(index); }
-    // 0 in a product without presets.
     std::uint32_t currentPreset() const { return session_.presets().current(); }
-    // Opens or closes the presets drawer; false when there is no preset bar.
-    bool togglePresetsDrawer() override;
-    QVMPresetsDrawer* presetDrawer() const { return presetDrawer_; }
 
-    // Undo snapshots follow half a second after the last change, unless the stack is locked, and after the end of the
-    // gesture that is under way then.
+    // Undo (EditorHistory) and the two sides (ABComparison).
     void potentiallySaveToUndoRedoStack() { session_.history().scheduleSnapshot(); }
-    void syncUndoRedoButtonsToStackState();
-    // The side that belongs to a snapshot. Nothing is copied or applied.
+    void syncUndoRedoButtonsToStackState() { shown_.historyDidChange(); }
     void undoRedoABState(std::uint32_t state) { session_.comparison().setActive(state); }
     std::uint32_t abState() const { return session_.comparison().active(); }
-    // Slot `state` gets the values of the text, 0 where an element is empty or no number; the other slot becomes the
-    // active one. State 2 means nothing was saved.
     void restoreABStateSettings(std::uint32_t state, std::string_view settings) {
         session_.restoreSide(state, settings);
     }
-    // The comparison starts anew: A is active, and both slots have these values, by pid.
     void resetABState(std::span<const float> values) { session_.resetComparison(values); }
 
-    // Layout variants: 0 normal, 1 with the advanced drawer, 2 compact. `requestFrame` asks the delegate, which answers
-    // with `assumeAltFrameScaleChanged`.
+    // Layout variants (QVMAltFrame). `requestFrame` asks the delegate, which answers with
+    // `assumeAltFrameScaleChanged`.
     void requestFrame(std::int32_t altFrame);
     void assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged);
     void restoreUIState(std::uint32_t state);
@@ -139,59 +120,54 @@ public:
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
 
-    // Drawers, of which one at most is open. Opening one closes the others first; while the presets drawer is the one
-    // to close, the other waits for its end, unless it is forced.
-    QVMDrawerView& addDrawer(std::unique_ptr<QVMDrawerView> drawer); // below the preset bar, with the editor told of it
-    void toggleDrawerForce(QVMDrawerView& drawer, bool force);
-    // Closes every open drawer but one, and opens that one, which may be null; true when it closed any.
-    bool hideVisibleDrawersPresenting(QVMDrawerView* drawer);
-    bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted);
-    bool hideAllDrawers() override { return hideVisibleDrawersPresenting(nullptr); }
-    void hideDrawerIfVisible(QVMDrawerView* drawer);
-    // Nothing of it is seen behind a drawer that covers it.
-    void hideClumpsView();
-    QVMDrawerView* waitingDrawer() const { return waitingDrawer_; }
+    // Drawers (EditorDrawers).
+    QVMDrawerView& addDrawer(std::unique_ptr<QVMDrawerView> drawer);
+    void toggleDrawerForce(QVMDrawerView& drawer, bool force) { drawers_.toggle(drawer, force); }
+    bool hideVisibleDrawersPresenting(QVMDrawerView* drawer) { return drawers_.hideVisiblePresenting(drawer); }
+    bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted) {
+        return EditorDrawers::hideUnlessEqual(drawer, excepted);
+    }
+    bool hideAllDrawers() override { return drawers_.hideVisiblePresenting(nullptr); }
+    void hideDrawerIfVisible(QVMDrawerView* drawer) { drawers_.hideIfVisible(drawer); }
+    void hideClumpsView() { drawers_.hideClumpsView(); }
+    // False when there is no preset bar.
+    bool togglePresetsDrawer() override;
+    QVMPresetsDrawer* presetDrawer() const { return drawers_.presets(); }
 
-    // Shows or hides the curve and the meter, as a click on the curve does. Nothing before there are any.
-    void toggleSketchVisibility();
-    bool areSketchesHidden() const;
-    // The user chooses a value for a parameter that has no control: one discrete gesture.
-    void chooseValueForParameter(float value, std::uint32_t pid);
+    // The live pictures (EditorSketches). The curve is null until half a second after the setup.
+    QVMParameterSketch* sketch() const { return sketches_.main(); }
+    void toggleSketchVisibility() { sketches_.toggleVisibility(); }
+    bool areSketchesHidden() const { return sketches_.areHidden(); }
+    void meterTapped();
 
     void toggleUITheme() override;
-    // Posts the preference notification with both numbers.
-    void updateLayoutKeyNumerical(std::int32_t key, double number);
-    void meterTapped();
     // Opens the address of the current settings in the browser and copies it to the clipboard.
     void presetSaveTapped();
     void logoTapped() { presetSaveTapped(); }
     // Opens the manual; the extension is put behind its address, and may be empty.
     void openManualWithExtension(const std::string& extension);
-
     // Says for a few seconds why a thing that was asked for did not happen.
-    void showNotice(std::string what, std::string why);
-    // The last notice, hidden when its time is over. Null before the first.
-    NoticeView* notice() const { return notice_; }
+    void showNotice(std::string what, std::string why) { parts_.showNotice(std::move(what), std::move(why)); }
 
     // Look-ups; null when there is none.
-    QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const override;
-    QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const override;
-    QVMClumpView* clumpViewWithCodename(std::string_view codesafeName) const;
-    const std::vector<QVMParameterControl*>& parameterControls() const override { return parameterControls_; }
-    const QVMConfig& config() const { return *config_; }
-    // Expires with the editor: for what may be called after it has gone, as a menu's items.
-    std::weak_ptr<const bool> lifetime() const { return alive_; }
-    EditorSession& session() { return session_; }
-    EditorFocus& focus() { return focus_; }
-    QVMKeyboardHandler& keyboard() { return keyboard_; }
-    QVMClumpsView* clumpsView() const { return clumpsView_; }
-    QVMClumpsView* advClumpsView() const { return advClumpsView_; }
-    QVMClumpView* masterClump() const { return masterClump_; }
-    QVMPowerBox* powerBox() const { return powerBox_; }
-    FrameButton* frameButton() const { return frameButton_; }
-    QVMPresetBar* presetBar() const { return presetBar_; }
-    // The response curve, which hands its frames to the meter too. Null until half a second after the setup.
-    QVMParameterSketch* sketch() const { return sketch_; }
+    QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const override { return controls_.withPid(pid); }
+    QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const override {
+        return controls_.withCodename(codesafeName);
+    }
+    QVMClumpView* clumpViewWithCodename(std::string_view codesafeName) const {
+        return parts_.clumpViewWithCodename(codesafeName);
+    }
+    const std::vector<QVMParameterControl*>& parameterControls() const override { return controls_.all(); }
+    QVMClumpsView* clumpsView() const { return parts_.clumpsView(); }
+    QVMClumpsView* advClumpsView() const { return parts_.advClumpsView(); }
+    QVMClumpView* masterClump() const { return parts_.masterClump(); }
+    QVMPowerBox* powerBox() const { return parts_.powerBox(); }
+    FrameButton* frameButton() const { return parts_.frameButton(); }
+    QVMPresetBar* presetBar() const { return parts_.presetBar(); }
+    NoticeView* notice() const { return parts_.notice(); }
+    QVMHUDDisplay* hud() const { return hud_; }
+    // The parameter's control that stands at a point, in the window's coordinates.
+    QVMParameterControl* controlAtWindowPoint(Point pointInWindow) const;
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
     QVMInteraction interactionState(std::uint32_t pid) const {
         return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
@@ -200,78 +176,52 @@ public:
     // Keyboard focus (EditorFocus).
     void bringParameterControlIntoFocus(QVMParameterControl* control) { focus_.bring(control); }
     QVMParameterControl* focusedControl() const { return focus_.focused(); }
-    // The control that the last context menu was about; null when it was about none.
-    QVMParameterControl* lastRightClickedControl() const { return lastRightClickedControl_; }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.
     void setHasFocus(bool hasFocus);
     bool hasFocus() const { return focus_.hasFocus(); }
     void ensureFirstResponder();
+    // The control that the last context menu was about; null when it was about none.
+    QVMParameterControl* lastRightClickedControl() const { return menus_.subject(); }
 
-    // Deliberately empty in this product. The first is told of each parameter that a parameter with links is linked to,
-    // when that one's value comes to 0.
+    // Named by the contract and not used in this product. The scratch values that differ from the memoized ones are
+    // sent, except those of disabled controls; the layout key is posted as a preference, with both numbers; the first
+    // of the hooks is told of each parameter that a parameter with links is linked to, when that one's value comes to
+    // 0.
+    std::span<float> scratchPValues() { return session_.values().scratch(); }
+    void applyScratchValues();
+    void updateLayoutKeyNumerical(std::int32_t key, double number) { InterfacePreferences::post(this, key, number); }
     virtual void propagateLinkForPidNotify(std::uint32_t, bool) {}
     void parameterControlWantsToChangeMultipleValuesMotion(QVMParameterControl&, const std::map<std::uint32_t, float>&,
                                                            double) {}
     void freakout() override {}
     void hideAllControls() override {}
 
+    // View and responder. With nothing in focus every key is the host's.
     bool acceptsFirstResponder() const override { return true; }
     bool acceptsFirstMouse() const override { return true; }
-    // With nothing in focus every key is the host's.
     bool wantsKeys() const override; // with a focused control or an open list
     bool keyDown(const Event& event) override;
     bool performKeyEquivalent(const Event& event) override;
     void mouseDown(const Event& event) override;
     void mouseUp(const Event& event) override;
     std::unique_ptr<Menu> menuForEvent(const Event& event) override;
-    // That of the control with the focus, and everything in it that otherwise takes a click on a button.
     std::unique_ptr<Menu> menuForKeyboard();
     void viewDidMoveToWindow() override;
     void viewDidChangeBackingProperties() override;
 
 private:
-    using ControlList = std::vector<QVMParameterControl*>;
-
     // Assembly.
     void setConfig(std::shared_ptr<QVMConfig> config);
-    void addPowerBox();
-    void addClumpsView();
-    void addPresetBar();
-    void addAndRegisterParameterControls();
-    QVMClumpView& addClumpView(QVMClump& clump, const Rect& frame, View& container);
-    void addParameterControlsForClump(QVMClump& clump, QVMClumpView& clumpView);
-    void registerParameterControls(const ControlList& controls, QVMClumpView& clumpView);
-    void addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView);
+    void wireParts();
     void addPresetDrawer();
     void addFrameButton();
-    void layOutSketch();
-    void layOutFrameButton();
-    void layOutNotice();
     void addHudAndNumericMeter();
-    void applyChannelLayoutRules();
-    // How the sketches' drawing object is set up.
-    struct SketchSettings {
-        double sampleRate = 44100; // hertz
-        std::uint32_t maxFrames = 512;
-        float scale = 1; // device pixels a point
-    };
     void addSketch();
-    void addSketchWithFrameAppendView(const Rect& frame, View& appendView, const SketchSettings& settings);
-    void addAuxiliarySketch(const PBSketch& description, const SketchSettings& settings);
-    void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
-    std::int32_t focusedPid() const; // -1 for none
-    void sketchScaleDidChange();
-    void describeMeters();
-
-    void applySideEffects(const SideEffects& effects, QVMParameterControl& cause);
-    void dimScope(const SideEffects& effects, const QVMParameterControl& cause);
 
     void assumeNextFrame();
     void assumeFrames();
     void observePreferences();
-    void interfacePreferencesUpdated(const Notification& notification);
-    QVMParameterControl* controlAtWindowPoint(Point pointInWindow) const;
-    const QVMClump* clumpAtWindowPoint(Point pointInWindow) const;
+    std::int32_t focusedPid() const; // -1 for none
 
     // QVMParameterControlDelegate
     void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
@@ -286,74 +236,39 @@ private:
     void sketchDidChangeVisibility(QVMParameterSketch& sketch) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
-    // QVMDrawerViewDelegate
-    bool canDrawerViewToggleVisibilityToVisibility(QVMDrawerView& drawer, bool visible) override;
-    void drawerDidTapMiniature(QVMDrawerView& drawer, std::int32_t code) override;
-
-    void presentPresetsDrawer(QVMDrawerView& drawer);
-    void dismissPresetsDrawer(QVMDrawerView& drawer);
-    void animationDidStopFinished(QVMDrawerView& drawer, bool finished);
-    void showClumpsView();
-    std::vector<QVMDrawerView*> drawers() const;
-    // What a menu about a control is about: nothing where there is no value to change.
-    QVMParameterControl* menuSubject(QVMParameterControl* control);
-    bool popUpMenuForKey(const Event& event);
-
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
-
-    // SessionSurface
-    void sendValueToUnit(std::uint32_t pid, float hostValue) override;
-    void showValue(std::uint32_t pid, float value) override;
-    void valueDidChange(std::uint32_t pid) override;
-    void valueWasReceived(std::uint32_t pid, float value, float was) override;
-    std::vector<ShownValue> shownValues() const override;
-    bool isGestureUnderWay() const override;
-    void historyDidChange() override { syncUndoRedoButtonsToStackState(); }
-    void sideDidChange(std::uint32_t side, SideMove move) override;
-    void showPreset(std::uint32_t index) override;
-    void showPresetDirty(bool dirty) override;
-    void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override;
-    void settingsWereRefused(const std::string& why) override { showNotice("Not pasted", why); }
-
     // FocusSurface
     const View* closedDrawer() const override;
     void openClosedDrawer() override;
     void focusWillMove() override { keyboard_.clearNumberBuffer(); }
     void focusDidMove(QVMParameterControl* control) override;
+    // EditorDrawersDelegate
+    void drawerWillOpen() override { focus_.bring(nullptr); }
+    void presetsDrawerWillClose() override { ensureFirstResponder(); }
 
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
     float currentScale_ = 1;
-    std::int32_t altFrame_ = 0;
+    std::int32_t altFrame_ = QVMAltFrameNormal;
 
+    ShownSession shown_;
     EditorSession session_;
     EditorFocus focus_;
     QVMKeyboardHandler keyboard_;
+    ParameterControls controls_;
+    EditorParts parts_;
+    EditorDrawers drawers_;
+    EditorSketches sketches_;
+    EditorMenus menus_;
+    InterfacePreferences preferences_;
+
     std::vector<QVMInteraction> interactionStates_; // by pid
-    ControlList parameterControls_;                 // in order of registration; owned by their superviews
-    QVMClumpsView* clumpsView_ = nullptr;
-    QVMClumpsView* advClumpsView_ = nullptr;
-    QVMClumpView* masterClump_ = nullptr;
-    QVMPowerBox* powerBox_ = nullptr;
-    QVMPresetBar* presetBar_ = nullptr;
-    QVMPresetsDrawer* presetDrawer_ = nullptr; // none without presets
-    QVMDrawerView* waitingDrawer_ = nullptr;   // opens when the presets drawer has closed
-    DrawerBackdrop* drawerBackdrop_ = nullptr;
-    FrameButton* frameButton_ = nullptr;
     QVMHUDDisplay* hud_ = nullptr;
-    NoticeView* notice_ = nullptr; // none before the first notice
-    QVMMeterButton* numericMeter_ = nullptr;
-    std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
-    QVMParameterSketch* sketch_ = nullptr;
-    QVMSpeedLim advFlashLim_;
-
-    QVMParameterControl* lastRightClickedControl_ = nullptr; // or the one with the focus, for a menu by key
-
-    DelayedCall toggleFrameCall_, backingScaleCall_, hideClumpsViewCall_, sketchCall_;
+    DelayedCall toggleFrameCall_, backingScaleCall_, sketchCall_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
-    std::vector<ObservationToken> observations_, windowObservations_;
+    std::vector<ObservationToken> windowObservations_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -1,7 +1,4 @@
 // Keyboard focus, clicks, gestures of the controls, and notifications.
-#include "controls/QVMRangeControl.h"
-#include "description/NumberText.h"
-#include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMLogoStamp.h"
@@ -9,9 +6,6 @@
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
 #include "platform/view/Window.h"
-#include "viz/sketches/QVMParameterSketch.h"
-
-#include <algorithm>
 
 namespace QVM_NAMESPACE {
 
@@ -22,27 +16,25 @@ constexpr double unfocusedLogoAlpha = 0.5;
 } // namespace
 
 void QVMGenericUI::focusDidMove(QVMParameterControl* control) {
-    if (sketch_) sketch_->setFocusedPid(focusedPid());
-    if (!presetBar_) return;
-    presetBar_->ab().setFocused(&presetBar_->ab() == control);
-    if (presetBar_->presetControl()) presetBar_->presetControl()->setFocused(presetBar_->presetControl() == control);
+    sketches_.setFocusedPid(focusedPid());
+    if (!presetBar()) return;
+    presetBar()->ab().setFocused(&presetBar()->ab() == control);
+    if (presetBar()->presetControl()) presetBar()->presetControl()->setFocused(presetBar()->presetControl() == control);
 }
 
 // The A/B control stands for no parameter, and the preset control's is none of the unit's.
 std::int32_t QVMGenericUI::focusedPid() const {
     const QVMParameterControl* focused = focus_.focused();
-    const bool isOfUnit =
-        std::find(parameterControls_.begin(), parameterControls_.end(), focused) != parameterControls_.end();
-    return isOfUnit ? static_cast<std::int32_t>(focused->parameter()->pid) : -1;
+    return controls_.contains(focused) ? static_cast<std::int32_t>(focused->parameter()->pid) : -1;
 }
 
 void QVMGenericUI::setHasFocus(bool hasFocus) {
-    if (powerBox_) powerBox_->logoStamp().setAlpha(hasFocus ? 1 : unfocusedLogoAlpha);
+    if (powerBox()) powerBox()->logoStamp().setAlpha(hasFocus ? 1 : unfocusedLogoAlpha);
     focus_.setHasFocus(hasFocus);
 }
 
 const View* QVMGenericUI::closedDrawer() const {
-    return altFrame_ == QVMAltFrameNormal ? advClumpsView_ : nullptr;
+    return altFrame_ == QVMAltFrameNormal ? advClumpsView() : nullptr;
 }
 
 void QVMGenericUI::openClosedDrawer() {
@@ -67,18 +59,18 @@ void QVMGenericUI::viewDidMoveToWindow() {
 }
 
 bool QVMGenericUI::wantsKeys() const {
-    return focusedControl() || (presetDrawer_ && presetDrawer_->visible());
+    return focusedControl() || drawers_.arePresetsOpen();
 }
 
 bool QVMGenericUI::keyDown(const Event& event) {
     // The list that covers the controls takes the keys as well.
-    if (presetDrawer_ && presetDrawer_->keyDown(event)) return true;
-    return keyboard_.handleKeyDownEvent(event) || keyboard_.handleUnfocusedKeyEvent(event) || popUpMenuForKey(event) ||
-           View::keyDown(event);
+    if (presetDrawer() && presetDrawer()->keyDown(event)) return true;
+    return keyboard_.handleKeyDownEvent(event) || keyboard_.handleUnfocusedKeyEvent(event) ||
+           menus_.popUpForKey(event) || View::keyDown(event);
 }
 
 bool QVMGenericUI::performKeyEquivalent(const Event& event) {
-    if (presetDrawer_ && presetDrawer_->performKeyEquivalent(event)) return true;
+    if (presetDrawer() && presetDrawer()->performKeyEquivalent(event)) return true;
     return keyboard_.handlePerformKeyEquivalent(event) || View::performKeyEquivalent(event);
 }
 
@@ -92,12 +84,7 @@ void QVMGenericUI::mouseUp(const Event& event) {
 }
 
 QVMParameterControl* QVMGenericUI::controlAtWindowPoint(Point pointInWindow) const {
-    const View* hit = window() ? window()->hitTest(pointInWindow) : nullptr;
-    for (; hit; hit = hit->superview()) {
-        const auto found = std::find(parameterControls_.begin(), parameterControls_.end(), hit);
-        if (found != parameterControls_.end()) return *found;
-    }
-    return nullptr;
+    return controls_.around(window() ? window()->hitTest(pointInWindow) : nullptr);
 }
 
 void QVMGenericUI::parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
@@ -105,7 +92,7 @@ void QVMGenericUI::parameterControlDidChangeInteractionStateEvent(QVMParameterCo
     // The release of a double-click leaves the empty field that its press has opened.
     if (state != QVMInteractionEnded || !keyboard_.numberBuffer().empty()) keyboard_.clearNumberBuffer();
     // A range's gesture is performed, and reported, by its two ends.
-    if (std::find(parameterControls_.begin(), parameterControls_.end(), &control) == parameterControls_.end()) return;
+    if (!controls_.contains(&control)) return;
     const std::uint32_t pid = control.parameter()->pid;
     interactionStates_.at(pid) = state;
     switch (state) {
@@ -123,26 +110,26 @@ void QVMGenericUI::parameterControlDidChangeInteractionStateEvent(QVMParameterCo
     }
 }
 
+bool QVMGenericUI::togglePresetsDrawer() {
+    if (!presetBar()) return false;
+    if (presetDrawer()) toggleDrawerForce(*presetDrawer(), false);
+    return true;
+}
+
+void QVMGenericUI::parameterControlDidTapMeaninglessly(QVMParameterControl& control) {
+    if (!presetBar() || &control != presetBar()->presetControl()) return;
+    bringParameterControlIntoFocus(drawers_.arePresetsOpen() ? &control : nullptr);
+    togglePresetsDrawer();
+}
+
 void QVMGenericUI::observePreferences() {
-    NotificationCenter& center = NotificationCenter::defaultCenter();
-    observations_.push_back(center.observe(preferenceNotification, nullptr, [this](const Notification& notification) {
-        interfacePreferencesUpdated(notification);
-    }));
-    observations_.push_back(center.observe(preferencesSavedNotification, nullptr, [this](const Notification&) {
-        if (delegate_) delegate_->interfaceShouldRequestUpdatedLayout(*this);
-    }));
-}
-
-void QVMGenericUI::interfacePreferencesUpdated(const Notification& notification) {
-    const auto major = notification.userInfo.find("major"), minor = notification.userInfo.find("minor");
-    const auto end = notification.userInfo.end();
-    if (!delegate_ || major == end || minor == end) return;
-    delegate_->interfaceDidUpdateInterfacePreferenceValue(*this, ShortestText(major->second), minor->second);
-}
-
-void QVMGenericUI::updateLayoutKeyNumerical(std::int32_t key, double number) {
-    NotificationCenter::defaultCenter().post(
-        {preferenceNotification, this, {{"major", static_cast<double>(key)}, {"minor", number}}});
+    preferences_.observe(
+        [this](const std::string& key, double value) {
+            if (delegate_) delegate_->interfaceDidUpdateInterfacePreferenceValue(*this, key, value);
+        },
+        [this] {
+            if (delegate_) delegate_->interfaceShouldRequestUpdatedLayout(*this);
+        });
 }
 
 } // namespace QVM_NAMESPACE

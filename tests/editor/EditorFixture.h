@@ -4,8 +4,8 @@
 
 #include "controls/QVMFloatControl.h"
 #include "description/Description.h"
-#include "editor/surface/QVMGenericUI.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "platform/runloop/ManualTickSource.h"
 #include "platform/runloop/VirtualTime.h"
 #include "platform/view/Window.h"

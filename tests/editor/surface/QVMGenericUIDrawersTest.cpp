@@ -110,10 +110,10 @@ TEST_F(QVMGenericUIDrawers, AnotherDrawerWaitsUntilThePresetsHaveClosed) {
     ui_->toggleDrawerForce(other, false);
     EXPECT_FALSE(presets().visible());
     EXPECT_FALSE(other.visible());
-    EXPECT_EQ(ui_->waitingDrawer(), &other);
+    EXPECT_EQ(ui_->drawers().waiting(), &other);
     drawFor(0.5);
     EXPECT_TRUE(other.visible());
-    EXPECT_EQ(ui_->waitingDrawer(), nullptr);
+    EXPECT_EQ(ui_->drawers().waiting(), nullptr);
 }
 
 TEST_F(QVMGenericUIDrawers, AForcedDrawerDoesNotWait) {

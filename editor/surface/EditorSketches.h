@@ -1,0 +1,71 @@
+// The live pictures: the response curve, the meter in the track of its slider, and the numeric meter; where they stand,
+// and what is said about them.
+//
+// Made half a second after the editor; before that there are none, and nothing here does anything. Main thread only.
+#pragma once
+
+#include "editor/session/EditorValues.h"
+#include "editor/surface/EditorLayout.h"
+
+#include <functional>
+#include <memory>
+
+namespace QVM_NAMESPACE {
+
+class NumericMeterReading;
+class PBGLSketchAbstract;
+class ParameterControls;
+class QVMMeterButton;
+class QVMParameterSketch;
+class QVMParameterSketchDelegate;
+class QVMPowerBox;
+struct PBSketch;
+
+class EditorSketches {
+public:
+    // How the sketches' drawing object is set up.
+    struct Settings {
+        double sampleRate = 44100; // hertz
+        std::uint32_t maxFrames = 512;
+        float scale = 1; // device pixels a point
+        std::uint32_t chanIn = 0, chanOut = 0;
+    };
+
+    // All borrowed.
+    EditorSketches(const QVMConfig& config, const EditorValues& values, const ParameterControls& controls);
+    ~EditorSketches();
+
+    // The button of the numeric meter, where the description has one; a press on it is `tapped`. To be made before the
+    // sketches.
+    void addNumericMeter(QVMPowerBox& box, std::function<void()> tapped);
+    // Makes the curve in the box, and each further sketch in the track of its parameter's slider. They show what the
+    // controls show, and fade in.
+    void add(QVMPowerBox& box, const QVMEditorLayout& layout, QVMParameterSketchDelegate& delegate,
+             const Settings& settings);
+    // The response curve, which hands its frames to the meter too. Null before there are sketches.
+    QVMParameterSketch* main() const { return sketch_; }
+
+    void assumeLayout(const QVMEditorLayout& layout);
+    void scaleDidChange();
+    // -1 for none.
+    void setFocusedPid(std::int32_t pid);
+
+    // Shows or hides the curve and the meter, as a click on the curve does; then visibilityDidChange() follows.
+    void toggleVisibility();
+    bool areHidden() const;
+    void visibilityDidChange(QVMPowerBox& box);
+    // A meter's mode, which has no control, is told with the name of the slider that the meter stands in.
+    void describeMeters();
+
+private:
+    void addAuxiliarySketch(const PBSketch& description, const Settings& settings);
+    void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
+
+    const QVMConfig& config_;
+    const EditorValues& values_;
+    const ParameterControls& controls_;
+    QVMParameterSketch* sketch_ = nullptr;                     // owned by the power box
+    std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,42 @@
+// Shows what the session decides: values on their controls, what they mean for other controls, the history on its
+// buttons, the side and the preset in the bar. What is for the unit goes on to the editor's delegate. Main thread only.
+#pragma once
+
+#include "controls/QVMSpeedLim.h"
+#include "editor/session/SessionSurface.h"
+
+namespace QVM_NAMESPACE {
+
+class EditorSession;
+class QVMGenericUI;
+class QVMParameter;
+class QVMParameterControl;
+
+class ShownSession final : public SessionSurface {
+public:
+    // The editor is borrowed; nothing is asked of it here.
+    explicit ShownSession(QVMGenericUI& ui);
+
+    // Undo and redo can be pressed when there is anything to come back to.
+    void historyDidChange() override;
+
+    void sendValueToUnit(std::uint32_t pid, float hostValue) override;
+    void showValue(std::uint32_t pid, float value) override;
+    void valueDidChange(std::uint32_t pid) override;
+    void valueWasReceived(std::uint32_t pid, float value, float was) override;
+    std::vector<ShownValue> shownValues() const override;
+    bool isGestureUnderWay() const override;
+    void sideDidChange(std::uint32_t side, SideMove move) override;
+    void showPreset(std::uint32_t index) override;
+    void showPresetDirty(bool dirty) override;
+    void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override;
+    void settingsWereRefused(const std::string& why) override;
+
+private:
+    void flashGearFor(const QVMParameter* parameter);
+
+    QVMGenericUI& ui_;
+    QVMSpeedLim gearFlashes_;
+};
+
+} // namespace QVM_NAMESPACE
