@@ -7,7 +7,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr const char* kSource = "externals/GenericAudio/QVMCircularBuffer.cpp";
+constexpr const char* kSource = "rings/QVMCircularBuffer.cpp";
 
 // Saturates, so that a size no ring can have fails where rings are made.
 template <class T>

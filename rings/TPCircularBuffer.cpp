@@ -10,19 +10,22 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr int kAttempts = 3;
-constexpr const char* kSource = "externals/GenericAudio/TPCircularBuffer.cpp";
+constexpr const char* kSource = "rings/TPCircularBuffer.cpp";
 
-// The steps that can fail, with the line number that each message is known by.
+// The number that a message has in place of a line's: a fixed mark, by which the message is found whatever moves.
+enum MessageMark : int { allocationMark = 60, deallocationMark = 73, remapMark = 97 };
+
+// The steps that can fail.
 struct Step {
-    int line;
+    MessageMark mark;
     const char* operation;
 };
-constexpr Step kAllocation{60, "Buffer allocation"};
-constexpr Step kDeallocation{73, "Buffer deallocation"};
-constexpr Step kRemap{97, "Remap buffer memory"};
+constexpr Step kAllocation{allocationMark, "Buffer allocation"};
+constexpr Step kDeallocation{deallocationMark, "Buffer deallocation"};
+constexpr Step kRemap{remapMark, "Remap buffer memory"};
 
 void report(const Step& step, int error) {
-    std::fprintf(stderr, "%s:%d: %s: %s\n", kSource, step.line, step.operation, std::strerror(error));
+    std::fprintf(stderr, "%s:%d: %s: %s\n", kSource, step.mark, step.operation, std::strerror(error));
 }
 
 enum class Outcome { mapped, allocationFailed, deallocationFailed, remapFailed, landedElsewhere };

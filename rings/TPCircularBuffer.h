@@ -23,7 +23,7 @@ struct TPCircularBuffer {
 };
 static_assert(sizeof(void*) != 8 || sizeof(TPCircularBuffer) == 24);
 
-inline constexpr const char* kTPCircularBufferSource = "externals/GenericAudio/TPCircularBuffer.h";
+inline constexpr const char* kTPCircularBufferSource = "rings/TPCircularBuffer.h";
 
 // Makes an empty ring of at least `length` bytes. False, with a line on the error stream, when three attempts to map
 // the memory failed; the record is then still empty. Not for the render thread.

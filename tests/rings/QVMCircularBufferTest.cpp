@@ -68,7 +68,7 @@ TYPED_TEST(QVMCircularBufferDeathTest, OneFrameBeyondCapacityWithoutConsumeIsFat
     ASSERT_TRUE(buffer.init());
     const auto all = this->block(1, this->capacity, 0), one = this->block(1, 1, 0);
     buffer.fillAndTap(&all, this->capacity, false);
-    EXPECT_DEATH(buffer.fillAndTap(&one, 1, false), "GenericAudio/QVMCircularBuffer.cpp:[0-9]+: fillAndTap: "
+    EXPECT_DEATH(buffer.fillAndTap(&one, 1, false), "rings/QVMCircularBuffer.cpp:[0-9]+: fillAndTap: "
                                                     "nSampleFrames \\+ mAvailFrames <= mMaxFrames\n");
 }
 

@@ -117,7 +117,7 @@ TEST_F(TPCircularBufferDeathTest, ConsumingMoreThanIsReadableIsFatal) {
     ASSERT_TRUE(TPCircularBufferInit(&ring, page));
     TPCircularBufferProduce(&ring, 8);
     EXPECT_DEATH(TPCircularBufferConsume(&ring, 9),
-                 "GenericAudio/TPCircularBuffer.h:[0-9]+: TPCircularBufferConsume: buffer->fillCount >= 0\n");
+                 "rings/TPCircularBuffer.h:[0-9]+: TPCircularBufferConsume: buffer->fillCount >= 0\n");
 }
 
 TEST_F(TPCircularBufferDeathTest, ProducingMoreThanIsFreeIsFatal) {
@@ -125,7 +125,7 @@ TEST_F(TPCircularBufferDeathTest, ProducingMoreThanIsFreeIsFatal) {
     TPCircularBufferProduce(&ring, page);
     EXPECT_DEATH(
         TPCircularBufferProduce(&ring, 1),
-        "GenericAudio/TPCircularBuffer.h:[0-9]+: TPCircularBufferProduce: buffer->fillCount <= buffer->length\n");
+        "rings/TPCircularBuffer.h:[0-9]+: TPCircularBufferProduce: buffer->fillCount <= buffer->length\n");
 }
 
 TEST_F(TPCircularBufferTest, TwoFailuresAreOvercomeInSilence) {
@@ -150,11 +150,11 @@ TEST_F(TPCircularBufferTest, ThirdFailedAllocationIsReported) {
     std::string said;
     mapper.failingCreations = 3;
     EXPECT_FALSE(initSaying(&said));
-    EXPECT_EQ(said, "externals/GenericAudio/TPCircularBuffer.cpp:60: Buffer allocation: Cannot allocate memory\n");
+    EXPECT_EQ(said, "rings/TPCircularBuffer.cpp:60: Buffer allocation: Cannot allocate memory\n");
     EXPECT_EQ(mapper.creations, 3);
     mapper.failingMaps = 3;
     EXPECT_FALSE(initSaying(&said));
-    EXPECT_EQ(said, "externals/GenericAudio/TPCircularBuffer.cpp:60: Buffer allocation: Cannot allocate memory\n");
+    EXPECT_EQ(said, "rings/TPCircularBuffer.cpp:60: Buffer allocation: Cannot allocate memory\n");
     expectNothingHeld();
 }
 
@@ -177,7 +177,7 @@ TEST_F(TPCircularBufferTest, ThirdFailedReleaseOfTheSecondHalfIsReported) {
     testing::internal::CaptureStderr();
     EXPECT_FALSE(TPCircularBufferInit(&ring, 1, failing));
     said = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(said, "externals/GenericAudio/TPCircularBuffer.cpp:73: Buffer deallocation: Invalid argument\n");
+    EXPECT_EQ(said, "rings/TPCircularBuffer.cpp:73: Buffer deallocation: Invalid argument\n");
     EXPECT_EQ(mapper.creations, 3);
     expectNothingHeld();
 }
@@ -186,7 +186,7 @@ TEST_F(TPCircularBufferTest, ThirdFailedRemapIsReported) {
     std::string said;
     mapper.failingRemaps = 3;
     EXPECT_FALSE(initSaying(&said));
-    EXPECT_EQ(said, "externals/GenericAudio/TPCircularBuffer.cpp:97: Remap buffer memory: File exists\n");
+    EXPECT_EQ(said, "rings/TPCircularBuffer.cpp:97: Remap buffer memory: File exists\n");
     EXPECT_EQ(mapper.creations, 3);
     expectNothingHeld();
 }
