@@ -25,7 +25,7 @@ private:
 // and it shows no menus. Main thread.
 bool hasDisplay();
 
-inline constexpr std::size_t longestClipboardText = 64 * 1024; // bytes
+inline constexpr std::size_t longestClipboardText = std::size_t{64} * 1024; // bytes
 
 // What may be let in of a text from the clipboard: null when there is nothing in it, when it is too long or when it is
 // not UTF-8 or holds a zero.

@@ -27,26 +27,26 @@ RasterCache::Entry& RasterCache::find(const Layer& layer, const PresentedLayer& 
     Entry& entry = entries_[&layer];
     const Entry::Look look{layer.contentVersion(), presented.bounds, presented.cornerRadius, presented.lineDashPhase,
                            presented.backgroundColor};
-    if (entry.look == look) return entry;
+    if (entry.look_ == look) return entry;
     const AffineTransform toPixels =
         ownToBox(layer.yAxis(), presented.bounds).then(AffineTransform::scale(scale_, scale_));
-    entry.layer = layer.weak_from_this();
-    entry.look = look;
+    entry.layer_ = layer.weak_from_this();
+    entry.look_ = look;
     entry.raster = nullptr;
     entry.pixels = touchedPixels(toPixels.apply(layer.lookBounds(presented)).intersectionWith(reachable));
-    entry.lookBounds = toPixels.inverted().apply(entry.pixels);
+    entry.lookBounds_ = toPixels.inverted().apply(entry.pixels);
     return entry;
 }
 
 bool RasterCache::rasterise(Entry& entry, const Layer& layer, const PresentedLayer& presented) {
     if (entry.raster) return false;
-    entry.raster = backend_.rasterise(layer, presented, entry.lookBounds, scale_);
+    entry.raster = backend_.rasterise(layer, presented, entry.lookBounds_, scale_);
     return true;
 }
 
 void RasterCache::keepOnly(const Layer* root) {
     std::erase_if(entries_, [root](const auto& item) {
-        const auto layer = item.second.layer.lock();
+        const auto layer = item.second.layer_.lock();
         return !root || !layer || !isBelow(layer.get(), root);
     });
 }

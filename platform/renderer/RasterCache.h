@@ -27,9 +27,9 @@ public:
             Color backgroundColor;
             bool operator==(const Look&) const = default;
         };
-        std::weak_ptr<const Layer> layer;
-        Look look;
-        Rect lookBounds; // own coordinates
+        std::weak_ptr<const Layer> layer_;
+        Look look_;
+        Rect lookBounds_; // own coordinates
     };
 
     // The backend is borrowed.

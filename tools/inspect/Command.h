@@ -12,9 +12,9 @@ namespace inspect {
 
 // Exit statuses of the program.
 enum ExitStatus : int {
-    ExitSuccess = 0,
-    ExitBadInput = 1, // the command ran, but some of what it read was wrong
-    ExitUsage = 2,    // the command line was wrong; nothing ran
+    exitSuccess = 0,
+    exitBadInput = 1, // the command ran, but some of what it read was wrong
+    exitUsage = 2,    // the command line was wrong; nothing ran
 };
 
 // Where a command reads and writes; owned by the caller.

@@ -111,10 +111,10 @@ int RunCurveCommand(Arguments arguments, const Streams& streams) {
     Settings settings;
     if (const std::string problem = ReadAddress(request.address, settings); !problem.empty()) {
         streams.err << "slantwise-inspect: cannot read the settings: " << problem << '\n';
-        return ExitBadInput;
+        return exitBadInput;
     }
     PrintCurve(settings, request.points, streams.out);
-    return ExitSuccess;
+    return exitSuccess;
 }
 
 } // namespace inspect

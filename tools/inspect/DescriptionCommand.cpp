@@ -22,7 +22,7 @@ int RunDescriptionCommand(Arguments arguments, const Streams& streams) {
         {"presets", PresetsJson()},
     };
     streams.out << description.dump(2) << '\n';
-    return ExitSuccess;
+    return exitSuccess;
 }
 
 } // namespace inspect

@@ -33,7 +33,7 @@ void PrintHelp(std::ostream& out) {
 
 int ReportUsageError(const Streams& streams, std::string_view message) {
     streams.err << "slantwise-inspect: " << message << "\nTry `slantwise-inspect --help`.\n";
-    return ExitUsage;
+    return exitUsage;
 }
 
 int RunInspect(Arguments arguments, const Streams& streams) {
@@ -42,7 +42,7 @@ int RunInspect(Arguments arguments, const Streams& streams) {
     if (name == "--help") {
         if (arguments.size() > 1) return ReportUsageError(streams, "--help takes no arguments");
         PrintHelp(streams.out);
-        return ExitSuccess;
+        return exitSuccess;
     }
     for (const Command& command : Commands()) {
         if (command.name == name) return command.run(arguments.subspan(1), streams);

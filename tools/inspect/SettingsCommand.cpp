@@ -20,14 +20,14 @@ int RunSettingsCommand(Arguments arguments, const Streams& streams) {
     const auto result = readSettingsAddress(arguments.front(), *config);
     if (const auto* refusal = std::get_if<SettingsRefusal>(&result)) {
         streams.err << "slantwise-inspect: cannot read the settings: " << refusal->text() << '\n';
-        return ExitBadInput;
+        return exitBadInput;
     }
     for (const SettingsEntry& entry : std::get<SettingsAddress>(result).entries) {
         if (!entry.value) continue; // it would stay as it is
         const float value = settingsValueFor(*config->parameterForCodename(entry.key), *entry.value);
         streams.out << entry.key << ' ' << SignificantText(double{value}, kSignificantDigits) << '\n';
     }
-    return ExitSuccess;
+    return exitSuccess;
 }
 
 } // namespace inspect

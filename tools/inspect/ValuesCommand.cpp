@@ -10,12 +10,12 @@ namespace inspect {
 
 int RunValuesCommand(Arguments arguments, const Streams& streams) {
     if (!arguments.empty()) return ReportUsageError(streams, "values takes no arguments; it reads standard input");
-    int status = ExitSuccess;
+    int status = exitSuccess;
     std::string line;
     while (std::getline(streams.in, line)) {
         const OperationAnswer answer = AnswerOperation(line);
         streams.out << (answer.succeeded ? "" : "error: ") << answer.text << '\n';
-        if (!answer.succeeded) status = ExitBadInput;
+        if (!answer.succeeded) status = exitBadInput;
     }
     return status;
 }
