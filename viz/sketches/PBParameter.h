@@ -29,7 +29,7 @@ struct PBParameter {
     std::int32_t controlType = 0; // QVMControlTypeCode
     bool operator==(const PBParameter&) const = default;
 };
-static_assert(sizeof(PBParameter) == 17 * 4);
+static_assert(sizeof(PBParameter) == 17 * sizeof(float));
 
 // One row a parameter, by pid. Built before main() from the parameter tables, never changed.
 extern const std::array<PBParameter, QVMParameterCount> PB_Parameters;
