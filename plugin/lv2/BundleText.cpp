@@ -2,11 +2,13 @@
 
 #include "description/Description.h"
 #include "plugin/HostRange.h"
+#include "plugin/lv2/TurtleStatements.h"
 #include "plugin/lv2/TurtleText.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
-#include <regex>
+#include <set>
 
 namespace QVM_NAMESPACE {
 
@@ -80,6 +82,31 @@ std::string parameterText(const QVMParameter& parameter, const std::string& plug
     return text.empty() ? text : "<" + pluginUri + ":" + parameter.codesafeName + ">\n" + text + " .\n\n";
 }
 
+// What the toolkit's statements are about.
+#define LV2_CORE "http://lv2plug.in/ns/lv2core#"
+const std::set<std::string> lv2Limits = {LV2_CORE "default", LV2_CORE "minimum", LV2_CORE "maximum"};
+constexpr const char* lv2ScalePoint = LV2_CORE "scalePoint";
+#undef LV2_CORE
+constexpr const char* stateState = "http://lv2plug.in/ns/ext/state#state";
+constexpr const char* seeAlso = "http://www.w3.org/2000/01/rdf-schema#seeAlso";
+constexpr const char* xsdInteger = "http://www.w3.org/2001/XMLSchema#integer";
+constexpr const char* xsdDecimal = "http://www.w3.org/2001/XMLSchema#decimal";
+
+// Whoever is described in dsp.ttl is so in the extra file.
+void referToExtraFile(TurtleText& manifest) {
+    auto& statements = manifest.statements;
+    const auto refersTo = [&](const char* file) {
+        return std::ranges::find_if(statements, [&, file](const TurtleStatement& statement) {
+            return manifest.full(statement.predicate) == seeAlso && statement.object.text == file;
+        });
+    };
+    const auto found = refersTo("dsp.ttl");
+    if (found == statements.end() || refersTo(lv2ExtraFile) != statements.end()) return;
+    TurtleStatement reference = *found;
+    reference.object.text = lv2ExtraFile;
+    statements.insert(found + 1, reference);
+}
+
 } // namespace
 
 std::string lv2ExtraText(const std::string& pluginUri) {
@@ -95,17 +122,29 @@ std::string lv2ExtraText(const std::string& pluginUri) {
     return text;
 }
 
-std::string repairedLv2Manifest(const std::string& text) {
-    static const std::regex preset("<[^>]*>\\s*a pset:Preset ;(?:[^\\]]*)\\] \\.\\s*");
-    static const std::regex reference("(rdfs:seeAlso <dsp\\.ttl>) \\.");
-    const std::string without = std::regex_replace(text, preset, "");
-    return std::regex_replace(without, reference, std::string("$1 , <") + lv2ExtraFile + "> .");
+std::optional<std::string> repairedLv2Manifest(const std::string& text) {
+    std::optional<TurtleText> manifest = readTurtle(text);
+    if (!manifest) return {};
+    // A preset of ours says what it holds in a file of its own.
+    std::set<std::string> presets;
+    for (const TurtleStatement& statement : manifest->statements)
+        if (manifest->full(statement.predicate) == stateState) presets.insert(statement.subject.text);
+    manifest->erase([&](const TurtleStatement& statement) { return presets.contains(statement.subject.text); });
+    referToExtraFile(*manifest);
+    return writeTurtle(*manifest);
 }
 
-std::string repairedLv2Dsp(const std::string& text) {
-    static const std::regex scalePoints("\\s*;\\s*lv2:scalePoint (?:\\[[^\\]]*\\](?:\\s*,\\s*)?)+");
-    static const std::regex wholeLimit("(lv2:(?:default|minimum|maximum)) (-?[0-9]+)(?![0-9.])");
-    return std::regex_replace(std::regex_replace(text, scalePoints, ""), wholeLimit, "$1 $2.0");
+std::optional<std::string> repairedLv2Dsp(const std::string& text) {
+    std::optional<TurtleText> dsp = readTurtle(text);
+    if (!dsp) return {};
+    dsp->erase([&](const TurtleStatement& statement) { return dsp->full(statement.predicate) == lv2ScalePoint; });
+    for (TurtleStatement& statement : dsp->statements) {
+        if (!lv2Limits.contains(dsp->full(statement.predicate))) continue;
+        if (dsp->full(statement.datatype) != xsdInteger) continue;
+        statement.object.text += ".0";
+        statement.datatype.text = xsdDecimal;
+    }
+    return writeTurtle(*dsp);
 }
 
 } // namespace QVM_NAMESPACE

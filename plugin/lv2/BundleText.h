@@ -7,6 +7,7 @@
 
 #include "BuildNamespace.h"
 
+#include <optional>
 #include <string>
 
 namespace QVM_NAMESPACE {
@@ -27,10 +28,10 @@ std::string lv2PresetsText(const std::string& pluginUri);
 std::string lv2PresetsManifestText(const std::string& pluginUri);
 
 // manifest.ttl as the toolkit wrote it, without its preset and with a reference to the extra file. Text that was
-// repaired already comes back as it is; so it does below.
-std::string repairedLv2Manifest(const std::string& text);
+// repaired already says the same afterwards; so it does below. Absent where it is no Turtle.
+std::optional<std::string> repairedLv2Manifest(const std::string& text);
 
 // dsp.ttl as the toolkit wrote it, without its scale points and with every limit a float.
-std::string repairedLv2Dsp(const std::string& text);
+std::optional<std::string> repairedLv2Dsp(const std::string& text);
 
 } // namespace QVM_NAMESPACE

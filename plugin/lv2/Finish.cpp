@@ -6,6 +6,8 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <optional>
+#include <string>
 
 namespace {
 
@@ -15,12 +17,13 @@ bool write(const fs::path& file, const std::string& text) {
     return static_cast<bool>(std::ofstream(file, std::ios::binary) << text << std::flush);
 }
 
-bool rewrite(const fs::path& file, const std::function<std::string(const std::string&)>& repaired) {
+bool rewrite(const fs::path& file, const std::function<std::optional<std::string>(const std::string&)>& repaired) {
     std::ifstream in(file, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(in), {}};
     if (!in || text.empty()) return false;
     in.close();
-    return write(file, repaired(text));
+    const std::optional<std::string> better = repaired(text);
+    return better && write(file, *better);
 }
 
 } // namespace
@@ -32,10 +35,12 @@ int main(int argumentCount, char* arguments[]) {
     if (!write(bundle / slantwise::lv2ExtraFile, slantwise::lv2ExtraText(uri)) ||
         !write(bundle / slantwise::lv2PresetsFile, slantwise::lv2PresetsText(uri)) ||
         !rewrite(bundle / "manifest.ttl",
-                 [&uri](const std::string& text) {
+                 [&uri](const std::string& text) -> std::optional<std::string> {
                      const bool isFinished = text.find(slantwise::lv2PresetsFile) != std::string::npos;
-                     return isFinished ? text
-                                       : slantwise::repairedLv2Manifest(text) + slantwise::lv2PresetsManifestText(uri);
+                     if (isFinished) return text;
+                     std::optional<std::string> manifest = slantwise::repairedLv2Manifest(text);
+                     if (manifest) *manifest += slantwise::lv2PresetsManifestText(uri);
+                     return manifest;
                  }) ||
         !rewrite(bundle / "dsp.ttl", slantwise::repairedLv2Dsp)) {
         return std::fprintf(stderr, "Finish: cannot rewrite the text of %s\n", bundle.c_str()), 1;
