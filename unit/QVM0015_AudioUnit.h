@@ -1,8 +1,8 @@
 // The effect itself: 24 parameters, the private properties, state, and the audio path.
 //
 // One object a plug-in instance. The shell that owns it calls `prepare` and `process`; the editor reaches it through
-// the plug-in interface of platform/audiounit/AudioUnit.h, and sees what happens here in the shared state that it lends.
-// Parameters are words that any thread writes; the render thread reads them once a block.
+// the plug-in interface of platform/audiounit/AudioUnit.h, and sees what happens here in the shared state that it
+// lends. Parameters are words that any thread writes; the render thread reads them once a block.
 #pragma once
 
 #include "platform/audiounit/AudioUnit.h"

@@ -1,7 +1,7 @@
 // Hosts give back what they are told: at once or later, on the thread that told them or on another, and not always the
 // number they were told. Whichever it is, nothing of it goes out again, and what is the same value changes nothing.
 #include "description/Description.h"
-#include "editor/QVMKeyboardHandler.h"
+#include "editor/keyboard/QVMKeyboardHandler.h"
 #include "plugin/SlantwiseEditorFixture.h"
 
 #include <algorithm>

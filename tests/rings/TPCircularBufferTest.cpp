@@ -123,9 +123,8 @@ TEST_F(TPCircularBufferDeathTest, ConsumingMoreThanIsReadableIsFatal) {
 TEST_F(TPCircularBufferDeathTest, ProducingMoreThanIsFreeIsFatal) {
     ASSERT_TRUE(TPCircularBufferInit(&ring, page));
     TPCircularBufferProduce(&ring, page);
-    EXPECT_DEATH(
-        TPCircularBufferProduce(&ring, 1),
-        "rings/TPCircularBuffer.h:[0-9]+: TPCircularBufferProduce: buffer->fillCount <= buffer->length\n");
+    EXPECT_DEATH(TPCircularBufferProduce(&ring, 1),
+                 "rings/TPCircularBuffer.h:[0-9]+: TPCircularBufferProduce: buffer->fillCount <= buffer->length\n");
 }
 
 TEST_F(TPCircularBufferTest, TwoFailuresAreOvercomeInSilence) {
