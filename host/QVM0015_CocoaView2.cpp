@@ -56,19 +56,23 @@ void QVM0015_CocoaView2::createEditor() {
     logIfFailed("out", getProperty(kQVMProperty_OutputChannels, chanOut));
     auto editor = std::make_unique<QVMGenericUI>(bounds(), QVMConfig::inlinedConfig(), chanIn, chanOut);
     ui_ = editor.get();
-    readParameters();
+    const std::array<float, parameterCount> held = readParameters();
     editor->completeInterfaceSetup();
+    editor->resetABState(held); // before a preset that is asked for at once can take the place of what was read
     editor->setDelegate(this);
     addSubview(std::move(editor));
 }
 
-void QVM0015_CocoaView2::readParameters() {
+std::array<float, QVM0015_CocoaView2::parameterCount> QVM0015_CocoaView2::readParameters() {
+    std::array<float, parameterCount> held{};
     for (std::uint32_t pid = 0; pid < parameterCount; ++pid) {
         float value = 0;
         logIfFailed("get", AudioUnitGetParameter(mAU, pid, kAudioUnitScope_Global, 0, &value));
         const QVMParameter* parameter = ui_->config().parameterForPid(pid);
         ui_->setMemoizedPValueDirectlyValue(pid, parameter->shownValueFromHostValue(value));
+        held[pid] = parameter->heldValueFromHostValue(value);
     }
+    return held;
 }
 
 void QVM0015_CocoaView2::adoptRestoredState() {

@@ -49,7 +49,8 @@ private:
     void addListeners();
     void removeListeners();
     void createEditor();
-    void readParameters();
+    // Gives the editor the unit's values inside the parameters' ranges; returns them as the unit holds them.
+    std::array<float, parameterCount> readParameters();
     void synchronise();
     void adoptAlternateState();
     void release();

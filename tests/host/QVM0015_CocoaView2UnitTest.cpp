@@ -59,6 +59,22 @@ TEST_F(OnTheRealUnit, AReopenedEditorFindsWhatItLeft) {
     EXPECT_EQ(view->frame(), (Rect{0, 0, 680, 320}));
 }
 
+// Before the unit's first frame, as the stand-alone program asks for it. The range links start below their range.
+TEST_F(OnTheRealUnit, APresetThatIsAskedForAtOnceLeavesWhatTheUnitHeldOnTheOtherSide) {
+    const auto held = [this] {
+        std::vector<float> values;
+        for (std::uint32_t pid = 0; pid < 24; ++pid)
+            values.push_back(view->valueForParameterID(pid));
+        return values;
+    };
+    const std::vector<float> before = held();
+    view->requestPresetNamed("Air");
+    ASSERT_NE(held(), before);
+    ui().presetBar()->ab().tap();
+    EXPECT_EQ(held(), before);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 0);
+}
+
 TEST_F(OnTheRealUnit, ASavedStateCarriesTheEditorsSettingsToAnotherUnit) {
     view->requestPresetNamed("Sub Love");
     const auto saved = real.saveState();
