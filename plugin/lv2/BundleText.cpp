@@ -18,6 +18,7 @@ constexpr const char* prefixes = "@prefix doap:  <http://usefulinc.com/ns/doap#>
                                  "@prefix lv2:   <http://lv2plug.in/ns/lv2core#> .\n"
                                  "@prefix rdf:   <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
                                  "@prefix rdfs:  <http://www.w3.org/2000/01/rdf-schema#> .\n"
+                                 "@prefix ui:    <http://lv2plug.in/ns/extensions/ui#> .\n"
                                  "@prefix units: <http://lv2plug.in/ns/extensions/units#> .\n\n";
 
 constexpr const char* comment =
@@ -117,6 +118,9 @@ std::string lv2ExtraText(const std::string& pluginUri) {
             "GPL-3.0-or-later> ;\n\tlv2:project <" +
             pluginUri + ":project> ;\n\trdfs:comment \"" + comment + "\" .\n\n";
     text += "<" + pluginUri + ":project>\n\ta doap:Project ;\n\tdoap:name \"" + product + "\" .\n\n";
+    // The toolkit says so as well, in a file on the editor alone, which hosts need not read before they make its
+    // window.
+    text += "<" + pluginUri + ":UI>\n\tlv2:optionalFeature ui:noUserResize .\n\n";
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         text += parameterText(*GetParameter(pid), pluginUri);
     return text;

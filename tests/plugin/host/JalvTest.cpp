@@ -22,6 +22,19 @@ TEST_F(Jalv, ShowsTheEditorAndPointerAndKeysWorkInIt) {
     EXPECT_EQ(close(), 0) << textOf(log_);
 }
 
+TEST_F(Jalv, ItsWindowFollowsTheEditorWhenItGetsWiderAndNarrower) {
+    constexpr Point gear{449, 95};
+    ASSERT_NO_FATAL_FAILURE(openEditor());
+    for (const int width : {680, 480}) {
+        pointAt(gear);
+        click();
+        EXPECT_TRUE(comesTrue([&] { return screen_.widthOf(window_->topLevel) == width; }))
+            << width << ", but " << screen_.widthOf(window_->topLevel);
+        rest(0.5); // the drawer slides
+    }
+    EXPECT_EQ(close(), 0) << textOf(log_);
+}
+
 TEST_F(Jalv, ClosesAndOpensAgain) {
     for (int i = 0; i < 2; ++i) {
         ASSERT_NO_FATAL_FAILURE(openEditor());

@@ -133,6 +133,11 @@ Picture XScreen::capture(int x, int y, int width, int height) {
     return picture;
 }
 
+int XScreen::widthOf(unsigned long window) {
+    XWindowAttributes attributes;
+    return XGetWindowAttributes(display_, window, &attributes) ? attributes.width : 0;
+}
+
 std::optional<XScreen::Found> XScreen::findWindow(int width, int height) {
     return findBelow(DefaultRootWindow(display_), 0, width, height);
 }

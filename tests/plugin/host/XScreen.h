@@ -59,6 +59,7 @@ public:
         unsigned long topLevel = 0;
     };
     std::optional<Found> findWindow(int width, int height);
+    int widthOf(unsigned long window);
     // Has the window manager minimise a window, and show it again.
     void minimise(unsigned long topLevel);
     void restore(unsigned long topLevel);

@@ -78,6 +78,12 @@ TEST(Lv2Extra, SaysWhatThePluginIs) {
         EXPECT_NE(text.find(part), std::string::npos) << part;
 }
 
+// A host whose window the user may drag does not take it back when the editor gets smaller.
+TEST(Lv2Extra, SaysThatTheEditorSetsItsOwnSize) {
+    const std::string text = lv2ExtraText("https://a.example/p");
+    EXPECT_NE(text.find("<https://a.example/p:UI>\n\tlv2:optionalFeature ui:noUserResize ."), std::string::npos);
+}
+
 TEST(Lv2Extra, GivesUnitsAndNamesOnTheParametersOwnScale) {
     const std::string text = lv2ExtraText("https://a.example/p");
     EXPECT_NE(text.find("<https://a.example/p:TiltGain>\n\tunits:unit units:db ."), std::string::npos);
