@@ -69,7 +69,7 @@ public:
     bool keyboardShortcutRefreshInitialParameterValues();
     bool keyboardShortcutResizeWindow();
 
-    // Nothing in this product: no controls to hide, no files to work on.
+    // Named by the contract and not used in this product, which has no controls to hide and works on no files.
     bool keyboardShortcutHideControls();
     bool keyboardShortcutFreakout();
     bool keyboardShortcutLoadFile() { return false; }

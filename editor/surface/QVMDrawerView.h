@@ -31,9 +31,6 @@ public:
     // Borrowed; null for none, which allows everything.
     QVMDrawerViewDelegate* delegate() const { return delegate_; }
     void setDelegate(QVMDrawerViewDelegate* delegate) { delegate_ = delegate; }
-    // The control that opens it, borrowed; null for none.
-    View* toggle() const { return toggle_; }
-    void setToggle(View* toggle) { toggle_ = toggle; }
 
     // Opens it if it is closed and closes it if it is open, when the delegate allows that.
     void toggleVisibility();
@@ -64,6 +61,10 @@ public:
     void mouseDragged(const Event&) override {}
     void scrollWheel(const Event&) override {}
     bool acceptsFirstMouse() const override { return true; }
+
+    // Named by the contract and not used in this product: the control that opens it, borrowed; null for none.
+    View* toggle() const { return toggle_; }
+    void setToggle(View* toggle) { toggle_ = toggle; }
 
 private:
     void fade(bool visible);

@@ -21,9 +21,10 @@ QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config,
                            std::uint32_t chanOut)
     : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), shown_(*this),
       session_(*config_, shown_), focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
-      controls_(*this, [this](QVMParameterControl& control) { handleParameterControlUpdated(control); }),
-      parts_(*this, *config_), drawers_(*this, *this), sketches_(*config_, session_.values(), controls_), menus_(*this),
-      interactionStates_(session_.values().count(), QVMInteractionDiscrete) {
+      reports_(*this, session_.values().count()),
+      controls_(reports_, [this](QVMParameterControl& control) { handleParameterControlUpdated(control); }),
+      parts_(*this, *config_), drawers_(*this, *this), sketches_(*config_, session_.values(), controls_),
+      menus_(*this) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
@@ -72,7 +73,7 @@ void QVMGenericUI::wireParts() {
     QVMPresetBar& bar = *presetBar();
     if (QVMParameterControl* presets = bar.presetControl()) {
         presets->setAction([this](Control&) { presetUpdated(); });
-        presets->setDelegate(this);
+        presets->setDelegate(&reports_);
     }
     bar.ab().setABDelegate(this);
     bar.undo().setAction([this](Control&) { keyboard_.keyboardShortcutUndo(); });

@@ -10,6 +10,7 @@
 #include "editor/keyboard/KeyboardSurface.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/session/EditorSession.h"
+#include "editor/surface/ControlReports.h"
 #include "editor/surface/EditorDrawers.h"
 #include "editor/surface/EditorMenus.h"
 #include "editor/surface/EditorParts.h"
@@ -33,7 +34,6 @@
 namespace QVM_NAMESPACE {
 
 class QVMGenericUI : public View,
-                     private QVMParameterControlDelegate,
                      private QVMHUDDisplayDelegate,
                      private QVMParameterSketchDelegate,
                      private QVMABControlDelegate,
@@ -169,9 +169,7 @@ public:
     // The parameter's control that stands at a point, in the window's coordinates.
     QVMParameterControl* controlAtWindowPoint(Point pointInWindow) const;
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
-    QVMInteraction interactionState(std::uint32_t pid) const {
-        return pid < interactionStates_.size() ? interactionStates_[pid] : QVMInteractionDiscrete;
-    }
+    QVMInteraction interactionState(std::uint32_t pid) const { return reports_.state(pid); }
 
     // Keyboard focus (EditorFocus).
     void bringParameterControlIntoFocus(QVMParameterControl* control) { focus_.bring(control); }
@@ -223,13 +221,6 @@ private:
     void observePreferences();
     std::int32_t focusedPid() const; // -1 for none
 
-    // QVMParameterControlDelegate
-    void parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
-                                                        const Event* event) override;
-    void parameterControlHasRequestedDocumentation(QVMParameterControl& control) override;
-    void parameterControlDidTapMeaninglessly(QVMParameterControl& control) override;
-    void parameterControlWantsToPerformStaticConversion(QVMParameterControl&, std::int32_t) override {}
-    void parameterControlWantsToDisplayModal(QVMParameterControl&, View&) override {}
     // QVMParameterSketchDelegate: the drawing object is handed over first; then the states that differ from the last
     // ones received are adopted.
     void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
@@ -257,6 +248,7 @@ private:
     EditorSession session_;
     EditorFocus focus_;
     QVMKeyboardHandler keyboard_;
+    ControlReports reports_;
     ParameterControls controls_;
     EditorParts parts_;
     EditorDrawers drawers_;
@@ -264,7 +256,6 @@ private:
     EditorMenus menus_;
     InterfacePreferences preferences_;
 
-    std::vector<QVMInteraction> interactionStates_; // by pid
     QVMHUDDisplay* hud_ = nullptr;
     DelayedCall toggleFrameCall_, backingScaleCall_, sketchCall_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

@@ -55,7 +55,7 @@ public:
     // Preferences were saved; a layout that depends on them should be asked for again.
     virtual void interfaceShouldRequestUpdatedLayout(QVMGenericUI& ui) = 0;
 
-    // Hands the unit the path of an audio file.
+    // Named by the contract and not used in this product: hands the unit the path of an audio file.
     virtual void interfaceWantsToUploadBufferAtURL(QVMGenericUI& ui, const std::string& path) = 0;
 };
 

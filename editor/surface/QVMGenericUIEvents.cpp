@@ -1,4 +1,4 @@
-// Keyboard focus, clicks, gestures of the controls, and notifications.
+// Keyboard focus, keys, clicks, and notifications.
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMLogoStamp.h"
@@ -87,39 +87,10 @@ QVMParameterControl* QVMGenericUI::controlAtWindowPoint(Point pointInWindow) con
     return controls_.around(window() ? window()->hitTest(pointInWindow) : nullptr);
 }
 
-void QVMGenericUI::parameterControlDidChangeInteractionStateEvent(QVMParameterControl& control, QVMInteraction state,
-                                                                  const Event* event) {
-    // The release of a double-click leaves the empty field that its press has opened.
-    if (state != QVMInteractionEnded || !keyboard_.numberBuffer().empty()) keyboard_.clearNumberBuffer();
-    // A range's gesture is performed, and reported, by its two ends.
-    if (!controls_.contains(&control)) return;
-    const std::uint32_t pid = control.parameter()->pid;
-    interactionStates_.at(pid) = state;
-    switch (state) {
-    case QVMInteractionBegan:
-        if (delegate_) delegate_->interfaceBeganInteractionWithParameterKeyedEvent(*this, pid, event);
-        bringParameterControlIntoFocus(&control);
-        break;
-    case QVMInteractionEnded:
-        if (delegate_) delegate_->interfaceEndedInteractionWithParameterKeyed(*this, pid);
-        potentiallySaveToUndoRedoStack();
-        break;
-    case QVMInteractionDiscrete:
-        if (delegate_) delegate_->interfaceDiscretelyInteractedWithParameterKeyed(*this, pid);
-        break;
-    }
-}
-
 bool QVMGenericUI::togglePresetsDrawer() {
     if (!presetBar()) return false;
     if (presetDrawer()) toggleDrawerForce(*presetDrawer(), false);
     return true;
-}
-
-void QVMGenericUI::parameterControlDidTapMeaninglessly(QVMParameterControl& control) {
-    if (!presetBar() || &control != presetBar()->presetControl()) return;
-    bringParameterControlIntoFocus(drawers_.arePresetsOpen() ? &control : nullptr);
-    togglePresetsDrawer();
 }
 
 void QVMGenericUI::observePreferences() {

@@ -23,9 +23,4 @@ void QVMGenericUI::openManualWithExtension(const std::string& extension) {
     Workspace::current().openUrl(session_.settings().baseAddress() + "/manual/" + extension);
 }
 
-// The manual has an anchor for each parameter.
-void QVMGenericUI::parameterControlHasRequestedDocumentation(QVMParameterControl& control) {
-    openManualWithExtension("#" + control.parameter()->codesafeName);
-}
-
 } // namespace QVM_NAMESPACE

@@ -24,7 +24,8 @@ public:
 
     // Borrowed; may be null.
     void setDelegate(QVMHUDDisplayDelegate* delegate) { delegate_ = delegate; }
-    // New values, by pid, and which of them changed since the last time. Deliberately does nothing.
+    // Named by the contract and not used in this product: new values, by pid, and which of them changed since the last
+    // time; and a press on an indicator.
     void updateWithParamsChanges(std::span<const float> values, std::span<const std::uint8_t> changes);
     void indicatorTapped(std::uint32_t pid);
 

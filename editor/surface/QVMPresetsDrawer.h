@@ -34,8 +34,6 @@ public:
     void setPresetControl(QVMParameterControl* control);
     void setMiniatureDelegate(QVMDrawerViewDelegate* delegate) { miniatureDelegate_ = delegate; }
 
-    // A preset was chosen somewhere. Deliberately empty: what the list marks is the preset control's value.
-    void presetSelected(std::uint32_t) {}
     // Marks the preset control's present value in the list, when the drawer is open.
     void showCurrentPreset();
 
@@ -48,6 +46,10 @@ public:
     bool keyDown(const Event& event) override;
     bool performKeyEquivalent(const Event& event) override;
     void mouseDown(const Event& event) override;
+
+    // Named by the contract and not used in this product: a preset was chosen somewhere. What the list marks is the
+    // preset control's value.
+    void presetSelected(std::uint32_t) {}
 
 private:
     void choose(std::uint32_t presetID);

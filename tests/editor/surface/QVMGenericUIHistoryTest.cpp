@@ -1,4 +1,4 @@
-#include "editor/EditorFixture.h"
+#include "editor/surface/HistoryFixture.h"
 
 #include "controls/QVMSymbolButton.h"
 #include "editor/surface/QVMPresetBar.h"
@@ -10,17 +10,6 @@
 
 namespace QVM_NAMESPACE {
 namespace {
-
-using testing::IsEmpty;
-
-class QVMGenericUIHistory : public EditorFixture {
-protected:
-    void change(std::uint32_t pid, float value) {
-        userSets(pid, value);
-        frame();
-        time_.advance(1);
-    }
-};
 
 // Hears what is sent while a snapshot is put in place.
 class LockWitness final : public RecordingDelegate {
@@ -122,77 +111,6 @@ TEST_F(QVMGenericUIHistory, AChangeThatIsTakenBackAtOnceIsNoStep) {
     EXPECT_EQ(stack().stack().size(), 1u);
 }
 
-TEST_F(QVMGenericUIHistory, TheSidesOfTheComparisonAreTwoStates) {
-    ui_->restoreABStateSettings(0, "1");
-    time_.advance(1);
-    EXPECT_EQ(stack().stack().size(), 2u) << "with the same values";
-    ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(ui_->abState(), 0u);
-    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
-}
-
-TEST_F(QVMGenericUIHistory, ThePresetFollowsUndoAndRedo) {
-    ui_->requestPresetNamed("Air");
-    frames(1);
-    ui_->requestPresetNamed("Cellphone");
-    frames(1);
-    delegate_.calls.clear();
-    ui_->keyboard().keyboardShortcutUndo();
-    frames(1);
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_FALSE(ui_->presetBar()->dirty());
-    EXPECT_EQ(delegate_.calls.back(), "preset Air 8");
-    ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(ui_->currentPreset(), 0u);
-    ui_->keyboard().keyboardShortcutRedo();
-    ui_->keyboard().keyboardShortcutRedo();
-    frames(1);
-    EXPECT_EQ(ui_->currentPreset(), 22u);
-    EXPECT_FALSE(ui_->presetBar()->dirty());
-}
-
-TEST_F(QVMGenericUIHistory, ThePresetThatUndoComesBackToIsNotApplied) {
-    ui_->requestPresetNamed("Air");
-    frames(1);
-    change(1, -2);
-    ui_->requestPresetNamed("Cellphone");
-    frames(1);
-    delegate_.sent.clear();
-    ui_->keyboard().keyboardShortcutUndo();
-    frames(1);
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_EQ(memoized(1), -2) << "as it was, and not as the preset has it";
-    EXPECT_EQ(delegate_.sent.size(), QVMParameterCount) << "the snapshot's values alone";
-    EXPECT_TRUE(ui_->presetBar()->dirty());
-}
-
-TEST_F(QVMGenericUIHistory, AnUndoThatStaysWithinAPresetReportsNone) {
-    change(1, 6);
-    delegate_.calls.clear();
-    ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_THAT(delegate_.calls, testing::Each(testing::StartsWith("updated")));
-}
-
-TEST_F(QVMGenericUIHistory, ANameAloneIsNoStepAndIsTheOneToComeBackTo) {
-    ui_->lastSavedPresetWasKeyed(8);
-    frames(1);
-    EXPECT_EQ(stack().stack().size(), 1u);
-    change(1, 6);
-    ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-}
-
-TEST_F(QVMGenericUIHistory, ANameThatComesBeforeItsValuesBelongsToThem) {
-    ui_->lastSavedPresetWasKeyed(8);
-    frame();
-    hostSets(1, 7.5f);
-    frames(1);
-    ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(ui_->currentPreset(), 0u);
-    ui_->keyboard().keyboardShortcutRedo();
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-}
-
 TEST_F(QVMGenericUIHistory, AChangeAfterUndoDiscardsWhatWasUndone) {
     change(1, 6);
     change(1, 7);
@@ -217,28 +135,6 @@ TEST_F(QVMGenericUIHistory, TheButtonsFollowTheStack) {
     EXPECT_EQ(memoized(1), 6);
     EXPECT_TRUE(undo.buttonEnabled());
     EXPECT_FALSE(redo.buttonEnabled());
-}
-
-TEST_F(QVMGenericUIHistory, UndoAcrossAnABSwitchRestoresTheIndicator) {
-    change(1, 6);
-    ui_->undoRedoABState(1);
-    change(1, 9);
-    ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(ui_->abState(), 0u);
-    EXPECT_EQ(memoized(1), 6);
-    ui_->keyboard().keyboardShortcutRedo();
-    EXPECT_EQ(ui_->abState(), 1u);
-}
-
-TEST_F(QVMGenericUIHistory, RestoringASlotMakesTheOtherOneActiveAndAppliesNothing) {
-    ui_->restoreABStateSettings(0, "1;6.5;30");
-    EXPECT_EQ(ui_->abState(), 1u);
-    EXPECT_EQ(ui_->presetBar()->ab().position(), 1u);
-    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
-    EXPECT_EQ(memoized(1), 0);
-    EXPECT_THAT(delegate_.calls, IsEmpty());
-    ui_->restoreABStateSettings(2, "1;2");
-    EXPECT_EQ(ui_->abState(), 1u);
 }
 
 TEST_F(QVMGenericUIHistory, HostAutomationMakesOneSnapshotAfterItRests) {
