@@ -54,6 +54,7 @@ TEST_F(EditorHistoryTest, PuttingASnapshotInPlaceIsNoStepAndCancelsOneThatIsDue)
     set(1, 5); // its snapshot is due
     history().undo();
     frame();
+    values().setDirectly(7, -3); // a snapshot would be another state
     time_.advance(2);
     EXPECT_EQ(steps(), 2u);
     EXPECT_EQ(history().stack().insertionPoint(), 1);
