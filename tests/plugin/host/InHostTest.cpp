@@ -138,37 +138,30 @@ TEST_P(InHost, WhatAPressHoldsEndsWithIt) {
         const auto& lines = plugin_.recorder().lines;
         return std::count_if(lines.begin(), lines.end(), [&](const auto& line) { return line.starts_with(kind); });
     };
-    const int gestures = GetParam() == Format::vst3 ? 1 : 0;
+    const auto hears = [&](int begins, int ends) {
+        if (GetParam() == Format::lv2) begins = ends = 0;
+        return comesTrue([&] { return count("begin") == begins && count("end") == ends && count("value") > 0; });
+    };
     pointAt(gainHandle(9));
     hold("Alt_L");
     press();
+    EXPECT_TRUE(hears(1, 0));
     plugin_.run(0.5);
-    EXPECT_EQ(count("begin"), gestures);
     EXPECT_EQ(count("end"), 0) << "the button is down";
     release();
     letGo("Alt_L");
-    EXPECT_EQ(count("begin"), gestures);
-    EXPECT_EQ(count("end"), gestures);
-    EXPECT_GE(count("value"), 1);
+    EXPECT_TRUE(hears(1, 1));
     EXPECT_NEAR(gainDb(), 0, 0.001);
 
     plugin_.recorder().lines.clear();
     pointAt(map_.handleOf(tiltRangeLow, 100));
     press();
     glideTo(map_.handleOf(tiltRangeLow, 20000)); // past half of what the high end has
+    EXPECT_TRUE(hears(2, 0));
     plugin_.run(0.5);
-    EXPECT_EQ(count("begin"), 2 * gestures);
     EXPECT_EQ(count("end"), 0) << "the button is down";
     release();
-    EXPECT_EQ(count("begin"), 2 * gestures);
-    EXPECT_EQ(count("end"), 2 * gestures);
-
-    plugin_.recorder().lines.clear();
-    type("Down");
-    plugin_.run(0.3);
-    EXPECT_EQ(count("begin"), count("end")) << "a step that pushes nothing, or its partner";
-    EXPECT_GE(count("begin"), gestures);
-    EXPECT_GE(count("value"), 1);
+    EXPECT_TRUE(hears(2, 2));
 }
 
 // The same way of the hand, three times.
