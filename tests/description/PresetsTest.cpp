@@ -114,7 +114,7 @@ TEST(Presets, WhiteNoiseToPinkTiltsTheWholeBandAndItsMirrorTheOtherWay) {
 }
 
 TEST(Presets, NudgingTheTiltGainByAFineStepAndBackRestoresEveryPresetExactly) {
-    const QVMParameter* gain = GetParameter(1);
+    const QVMParameter* gain = GetParameter(pidTiltGain);
     for (std::int64_t index = 0; index < 23; ++index) {
         const float chosen = PresetIndexToPresetValues(index).value()[1];
         const float nudged = gain->normalizeFloatValue(chosen + gain->fineGranularity, QVMGranularityFine);

@@ -111,20 +111,20 @@ TEST_F(QVMConfigTest, ABlockRunsForTheParameterOfAPidAndForNoneOfAnUnknownOne) {
 }
 
 TEST_F(QVMConfigTest, ParametersAreFoundByPid) {
-    for (std::uint32_t pid = 0; pid < 24; ++pid)
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         EXPECT_EQ(config_->parameterForPid(pid), GetParameter(pid));
     EXPECT_EQ(config_->parameterForPid(24), nullptr);
 }
 
 TEST_F(QVMConfigTest, ParametersAreFoundByTheirExactName) {
-    EXPECT_EQ(config_->parameterForName("Tilt Gain"), GetParameter(1));
+    EXPECT_EQ(config_->parameterForName("Tilt Gain"), GetParameter(pidTiltGain));
     EXPECT_EQ(config_->parameterForName("tilt gain"), nullptr);
     EXPECT_EQ(config_->parameterForName("TiltGain"), nullptr);
 }
 
 TEST_F(QVMConfigTest, FullAndMinimalCodenameFindTheSameParameter) {
-    EXPECT_EQ(config_->parameterForCodename("tg"), GetParameter(1));
-    EXPECT_EQ(config_->parameterForCodename("TiltGain"), GetParameter(1));
+    EXPECT_EQ(config_->parameterForCodename("tg"), GetParameter(pidTiltGain));
+    EXPECT_EQ(config_->parameterForCodename("TiltGain"), GetParameter(pidTiltGain));
     EXPECT_EQ(config_->parameterForCodename("Tilt Gain"), nullptr);
     EXPECT_EQ(config_->parameterForCodename(""), nullptr);
 }

@@ -27,25 +27,25 @@ TEST(QVMParameterCycling, ForwardFromTheTopWrapsToTheBottomAndBackwardTheOtherWa
 }
 
 TEST(QVMParameterCycling, PercentagesStepByTheirGranularity) {
-    const QVMParameter* ratio = GetParameter(17);
+    const QVMParameter* ratio = GetParameter(pidFilterSlopeLinkRatio);
     EXPECT_EQ(ratio->floatValueAfter(99, true), 100);
     EXPECT_EQ(ratio->floatValueAfter(100, true), 0);
     EXPECT_EQ(ratio->floatValueAfter(0, false), 100);
 }
 
 TEST(QVMParameterCycling, SwitchesToggleOnTheirWholePart) {
-    const QVMParameter* power = GetParameter(0);
+    const QVMParameter* power = GetParameter(pidMasterOnOff);
     for (const bool forward : {true, false}) {
         EXPECT_EQ(power->floatValueAfter(0, forward), 1);
         EXPECT_EQ(power->floatValueAfter(0.9f, forward), 1);
         EXPECT_EQ(power->floatValueAfter(1, forward), 0);
-        EXPECT_EQ(GetParameter(4)->floatValueAfter(24000, forward), 0);
+        EXPECT_EQ(GetParameter(pidTiltRangeLink)->floatValueAfter(24000, forward), 0);
     }
 }
 
 TEST(QVMParameterCycling, OtherUnitsStayWhereTheyAre) {
-    EXPECT_EQ(GetParameter(1)->floatValueAfter(4.5f, true), 4.5f);
-    EXPECT_EQ(GetParameter(2)->floatValueAfter(440, false), 440);
+    EXPECT_EQ(GetParameter(pidTiltGain)->floatValueAfter(4.5f, true), 4.5f);
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->floatValueAfter(440, false), 440);
 }
 
 TEST(QVMParameterCycling, AValueAllowedInNoConfigurationIsSkipped) {
@@ -95,11 +95,11 @@ TEST(QVMParameterCycling, AValueThatTheConfigurationMovesIsSteppedOnFrom) {
 TEST(QVMParameterCycling, NaNCyclesFromTheBottom) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     EXPECT_EQ(Mode(3).floatValueAfter(nan, true), 1);
-    EXPECT_EQ(GetParameter(1)->floatValueAfter(nan, true), -18);
+    EXPECT_EQ(GetParameter(pidTiltGain)->floatValueAfter(nan, true), -18);
 }
 
 TEST(QVMParameterCycling, EveryModeOfTheProductIsVisitedOnceAround) {
-    for (const std::uint32_t pid : {6u, 8u, 23u}) {
+    for (const std::uint32_t pid : {pidTiltLoudnessMode, pidMeterMode, pidHQMode}) {
         const QVMParameter* mode = GetParameter(pid);
         float value = mode->minValue;
         for (float expected = 1; expected <= mode->maxValue; ++expected) {

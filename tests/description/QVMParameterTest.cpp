@@ -13,7 +13,7 @@ constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 
 QVMParameter FrequencyParameter() {
     QVMParameter parameter;
-    parameter.pid = 2;
+    parameter.pid = pidTiltRangeLow;
     parameter.unit = QVMUnitHertz;
     parameter.logarithmic = true;
     parameter.minValue = 10;
@@ -25,20 +25,20 @@ QVMParameter FrequencyParameter() {
 }
 
 TEST(QVMParameter, CastMapsTheEndsOfAFrequencyRangeOntoThemselves) {
-    const QVMParameter* low = GetParameter(2);
+    const QVMParameter* low = GetParameter(pidTiltRangeLow);
     EXPECT_FLOAT_EQ(low->castValue(10), 10);
     EXPECT_NEAR(low->castValue(24000), 24000, 0.05);
-    const QVMParameter* filter = GetParameter(9);
+    const QVMParameter* filter = GetParameter(pidFilterRangeLow);
     EXPECT_FLOAT_EQ(filter->castValue(4), 4);
     EXPECT_NEAR(filter->castValue(24000), 24000, 0.05);
 }
 
 TEST(QVMParameter, CastOfTheMiddleOfATiltRangeIsItsGeometricMean) {
-    EXPECT_NEAR(GetParameter(2)->castValue(12005), 489.9, 0.05);
+    EXPECT_NEAR(GetParameter(pidTiltRangeLow)->castValue(12005), 489.9, 0.05);
 }
 
 TEST(QVMParameter, ReverseCastUndoesCast) {
-    for (const std::uint32_t pid : {2u, 3u, 9u, 10u}) {
+    for (const std::uint32_t pid : {pidTiltRangeLow, pidTiltRangeHigh, pidFilterRangeLow, pidFilterRangeHigh}) {
         for (float host = 10; host <= 24000; host += 997) {
             EXPECT_NEAR(GetParameter(pid)->reverseCastValue(GetParameter(pid)->castValue(host)), host, 0.02);
         }
@@ -46,22 +46,23 @@ TEST(QVMParameter, ReverseCastUndoesCast) {
 }
 
 TEST(QVMParameter, SwitchGivenThreeTenthsCastsToOn) {
-    for (const std::uint32_t pid : {0u, 4u, 11u, 13u, 16u, 18u, 20u})
+    for (const std::uint32_t pid : {pidMasterOnOff, pidTiltRangeLink, pidFilterRangeLink, pidFilterListenLow,
+                                    pidFilterSlopeLink, pidFilterResonanceLink, pidFilterListenHigh})
         EXPECT_EQ(GetParameter(pid)->castValue(0.3f), 1);
 }
 
 TEST(QVMParameter, SwitchGivenNegativeZeroCastsToOff) {
-    const float off = GetParameter(0)->castValue(-0.0f);
+    const float off = GetParameter(pidMasterOnOff)->castValue(-0.0f);
     EXPECT_EQ(off, 0);
     EXPECT_FALSE(std::signbit(off));
 }
 
 TEST(QVMParameter, SwitchGivenNaNCastsToOn) {
-    EXPECT_EQ(GetParameter(13)->castValue(kNaN), 1);
+    EXPECT_EQ(GetParameter(pidFilterListenLow)->castValue(kNaN), 1);
 }
 
 TEST(QVMParameter, ModesAreCutToWholeNumbersOnTheWayInOnly) {
-    for (const std::uint32_t pid : {6u, 8u, 23u}) {
+    for (const std::uint32_t pid : {pidTiltLoudnessMode, pidMeterMode, pidHQMode}) {
         EXPECT_EQ(GetParameter(pid)->castValue(1.9f), 1);
         EXPECT_EQ(GetParameter(pid)->castValue(-1.9f), -1);
         EXPECT_EQ(GetParameter(pid)->reverseCastValue(1.9f), 1.9f);
@@ -69,37 +70,42 @@ TEST(QVMParameter, ModesAreCutToWholeNumbersOnTheWayInOnly) {
 }
 
 TEST(QVMParameter, PlainParametersKeepTheirValueBothWays) {
-    for (const std::uint32_t pid : {1u, 5u, 7u, 12u, 14u, 15u, 17u, 19u, 21u, 22u}) {
+    for (const std::uint32_t pid : {pidTiltGain, pidTiltRangeLinkRatio, pidOutputGain, pidFilterRangeLinkRatio,
+                                    pidFilterSlopeLow, pidFilterResonanceLow, pidFilterSlopeLinkRatio,
+                                    pidFilterResonanceLinkRatio, pidFilterSlopeHigh, pidFilterResonanceHigh}) {
         EXPECT_EQ(GetParameter(pid)->castValue(3.3f), 3.3f);
         EXPECT_EQ(GetParameter(pid)->reverseCastValue(3.3f), 3.3f);
     }
 }
 
 TEST(QVMParameter, CoercionRoundsTheCastValueToTheFineStep) {
-    EXPECT_FLOAT_EQ(GetParameter(1)->coerceValue(3.26f), 3.3f);
-    EXPECT_FLOAT_EQ(GetParameter(2)->coerceValue(12005), 489.9f);
-    EXPECT_EQ(GetParameter(0)->coerceValue(0.3f), 1);
+    EXPECT_FLOAT_EQ(GetParameter(pidTiltGain)->coerceValue(3.26f), 3.3f);
+    EXPECT_FLOAT_EQ(GetParameter(pidTiltRangeLow)->coerceValue(12005), 489.9f);
+    EXPECT_EQ(GetParameter(pidMasterOnOff)->coerceValue(0.3f), 1);
 }
 
 TEST(QVMParameter, TheUnitsValuesAreCastRoundedToTheFineStepAndClamped) {
-    EXPECT_FLOAT_EQ(GetParameter(2)->shownValueFromHostValue(12005), 489.9f);
-    const float above = GetParameter(3)->reverseCastValue(1234.56f);
-    EXPECT_FLOAT_EQ(GetParameter(3)->shownValueFromHostValue(above), 1234.6f); // no coarser from 1 kHz up
-    EXPECT_EQ(GetParameter(0)->shownValueFromHostValue(0.3f), 1);
-    EXPECT_EQ(GetParameter(1)->shownValueFromHostValue(-500), -18);
-    EXPECT_EQ(GetParameter(7)->shownValueFromHostValue(1e30f), 12);
-    EXPECT_EQ(GetParameter(4)->shownValueFromHostValue(1), 10); // a link switch stands below its range
-    EXPECT_EQ(GetParameter(1)->shownValueFromHostValue(std::nanf("")), -18);
+    EXPECT_FLOAT_EQ(GetParameter(pidTiltRangeLow)->shownValueFromHostValue(12005), 489.9f);
+    const float above = GetParameter(pidTiltRangeHigh)->reverseCastValue(1234.56f);
+    EXPECT_FLOAT_EQ(GetParameter(pidTiltRangeHigh)->shownValueFromHostValue(above),
+                    1234.6f); // no coarser from 1 kHz up
+    EXPECT_EQ(GetParameter(pidMasterOnOff)->shownValueFromHostValue(0.3f), 1);
+    EXPECT_EQ(GetParameter(pidTiltGain)->shownValueFromHostValue(-500), -18);
+    EXPECT_EQ(GetParameter(pidOutputGain)->shownValueFromHostValue(1e30f), 12);
+    EXPECT_EQ(GetParameter(pidTiltRangeLink)->shownValueFromHostValue(1), 10); // a link switch stands below its range
+    EXPECT_EQ(GetParameter(pidTiltGain)->shownValueFromHostValue(std::nanf("")), -18);
 }
 
 TEST(QVMParameter, TheUnitHoldsInitialValuesThatStandOutsideTheirRange) {
-    for (const std::uint32_t pid : {4u, 5u, 11u, 12u}) {
+    for (const std::uint32_t pid :
+         {pidTiltRangeLink, pidTiltRangeLinkRatio, pidFilterRangeLink, pidFilterRangeLinkRatio}) {
         const QVMParameter& parameter = *GetParameter(pid);
         EXPECT_EQ(parameter.heldValueFromHostValue(0), 0) << pid;
         EXPECT_EQ(parameter.shownValueFromHostValue(0), parameter.minValue) << pid;
-        EXPECT_EQ(parameter.heldValueFromHostValue(-1e9f), pid == 4 || pid == 11 ? 1 : 0) << pid;
+        EXPECT_EQ(parameter.heldValueFromHostValue(-1e9f), pid == pidTiltRangeLink || pid == pidFilterRangeLink ? 1 : 0)
+            << pid;
     }
-    EXPECT_EQ(GetParameter(5)->heldValueFromHostValue(1e9f), 24000);
+    EXPECT_EQ(GetParameter(pidTiltRangeLinkRatio)->heldValueFromHostValue(1e9f), 24000);
 }
 
 TEST(QVMParameter, BothReadingsOfTheUnitAgreeToTheBitInsideTheRange) {
@@ -126,7 +132,7 @@ TEST(QVMParameter, HalvesOfModesAndSwitchesRoundAwayFromZero) {
 }
 
 TEST(QVMParameter, RoundingGoesToTheStepOfTheTypeWithHalvesAwayFromZero) {
-    const QVMParameter* gain = GetParameter(1);
+    const QVMParameter* gain = GetParameter(pidTiltGain);
     EXPECT_EQ(gain->roundFloatValue(1.25f, QVMGranularityNormal), 1.5f);
     EXPECT_EQ(gain->roundFloatValue(-1.25f, QVMGranularityNormal), -1.5f);
     EXPECT_FLOAT_EQ(gain->roundFloatValue(1.23f, QVMGranularityFine), 1.2f);
@@ -178,15 +184,17 @@ TEST(QVMParameter, NearestCoarseOptionOfNoneIsZeroAtIndexZero) {
 
 TEST(QVMParameter, NearestCoarseOptionOfNoNumberIsTheFirst) {
     std::size_t index = 99;
-    EXPECT_EQ(GetParameter(2)->closestCoarseGranularityOptionToValue(kNaN, &index), 16);
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->closestCoarseGranularityOptionToValue(kNaN, &index), 16);
     EXPECT_EQ(index, 0u);
-    EXPECT_EQ(GetParameter(2)->normalizeFloatValue(kNaN, QVMGranularityCoarse), 20); // 16 to the coarse step
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->normalizeFloatValue(kNaN, QVMGranularityCoarse),
+              20); // 16 to the coarse step
 }
 
 TEST(QVMParameter, CoarseNormalisationGoesThroughTheOptions) {
-    EXPECT_EQ(GetParameter(2)->normalizeFloatValue(110, QVMGranularityCoarse), 100);
-    EXPECT_EQ(GetParameter(2)->normalizeFloatValue(290, QVMGranularityCoarse), 320); // 315 to the coarse step
-    EXPECT_EQ(GetParameter(2)->normalizeFloatValue(290, QVMGranularityNormal), 290);
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->normalizeFloatValue(110, QVMGranularityCoarse), 100);
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->normalizeFloatValue(290, QVMGranularityCoarse),
+              320); // 315 to the coarse step
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->normalizeFloatValue(290, QVMGranularityNormal), 290);
 }
 
 TEST(QVMParameter, NormalisationClampsAfterRounding) {
@@ -201,7 +209,7 @@ TEST(QVMParameter, NormalisationClampsAfterRounding) {
 }
 
 TEST(QVMParameter, OutputGainReachesBothEndsOfItsSlider) {
-    const QVMParameter* gain = GetParameter(7);
+    const QVMParameter* gain = GetParameter(pidOutputGain);
     EXPECT_FLOAT_EQ(gain->normalizedFloatValueFromPercent(0, QVMGranularityFine), -96);
     EXPECT_FLOAT_EQ(gain->normalizedFloatValueFromPercent(1, QVMGranularityFine), 12);
     EXPECT_NEAR(gain->normalizedFloatValueFromPercent(0.5f, QVMGranularityFine), -10.5, 0.051);
@@ -216,7 +224,7 @@ TEST(QVMParameter, PositionOfAParameterThatDoesNotExistIsZero) {
 }
 
 TEST(QVMParameter, DerivedFieldsFollowTheStoredOnes) {
-    const QVMParameter* gain = GetParameter(1);
+    const QVMParameter* gain = GetParameter(pidTiltGain);
     EXPECT_EQ(gain->valueRange(), 36);
     EXPECT_EQ(gain->labelEdge(), 1);
     EXPECT_STREQ(gain->C_codename(), "Tilt Gain");

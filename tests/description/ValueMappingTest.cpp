@@ -1,5 +1,7 @@
 #include "description/ValueMapping.h"
 
+#include "description/ParameterIDs.h"
+
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -59,8 +61,9 @@ TEST(ValueMapping, APidThatDoesNotExistKeepsOrZeroesTheValue) {
 }
 
 TEST(ValueMapping, OnlyFrequenciesAreTransformedBothWays) {
-    for (std::uint32_t pid = 0; pid < 24; ++pid) {
-        const bool frequency = pid == 2 || pid == 3 || pid == 9 || pid == 10;
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const bool frequency =
+            pid == pidTiltRangeLow || pid == pidTiltRangeHigh || pid == pidFilterRangeLow || pid == pidFilterRangeHigh;
         EXPECT_EQ(ShownValueToHostValue(pid, 1000.5f) != 1000.5f, frequency) << pid;
     }
 }

@@ -181,7 +181,7 @@ TEST_F(SettingsAddressTest, TheBaseIsSiteSlugAndVersion) {
 }
 
 TEST_F(SettingsAddressTest, TheKeyIsTheMinimalNameIfThereIsOne) {
-    QVMParameter parameter = *GetParameter(1);
+    QVMParameter parameter = *GetParameter(pidTiltGain);
     EXPECT_EQ(settingsKeyFor(parameter), "tg");
     parameter.minimalName.clear();
     EXPECT_EQ(settingsKeyFor(parameter), "TiltGain");

@@ -44,8 +44,8 @@ TEST(ClumpTable, IdentityAndParametersOfEveryClump) {
 TEST(ClumpTable, TheFilterClumpListsTheHighListenSwitchAfterTheLowOne) {
     const auto& parameters = GetClump(3)->parameters;
     ASSERT_EQ(parameters.size(), 6u);
-    EXPECT_EQ(parameters[4]->pid, 13u);
-    EXPECT_EQ(parameters[5]->pid, 20u);
+    EXPECT_EQ(parameters[4]->pid, pidFilterListenLow);
+    EXPECT_EQ(parameters[5]->pid, pidFilterListenHigh);
 }
 
 TEST(ClumpTable, HeadingsAreImagesButForTheMasterClump) {
@@ -97,9 +97,9 @@ TEST(ClumpTable, TheTitlesOfTheAdvancedColumnsStandSideBySideOverTheirNumbers) {
     EXPECT_EQ(low.y, high.y);
     EXPECT_EQ(low.width, high.width);
     EXPECT_EQ(low.height, high.height);
-    EXPECT_EQ(low.x, GetParameter(14)->frame.x);
-    EXPECT_EQ(high.x, GetParameter(21)->frame.x);
-    EXPECT_LE(low.y + low.height, GetParameter(14)->frame.y);
+    EXPECT_EQ(low.x, GetParameter(pidFilterSlopeLow)->frame.x);
+    EXPECT_EQ(high.x, GetParameter(pidFilterSlopeHigh)->frame.x);
+    EXPECT_LE(low.y + low.height, GetParameter(pidFilterSlopeLow)->frame.y);
 }
 
 TEST(ClumpTable, OrdinaryClumpsTileTheirViewAndLabelsLieInside) {

@@ -56,7 +56,8 @@ TEST(ParameterTableLayout, ControlsOfAClumpDoNotOverlap) {
 }
 
 TEST(ParameterTableLayout, TheEndsOfARangeShareTheirColumnAndStackTheLowEndOnTop) {
-    for (const auto& [low, high] : {std::pair{2u, 3u}, std::pair{9u, 10u}}) {
+    for (const auto& [low, high] :
+         {std::pair{pidTiltRangeLow, pidTiltRangeHigh}, std::pair{pidFilterRangeLow, pidFilterRangeHigh}}) {
         EXPECT_EQ(GetParameter(low)->controlFrame, GetParameter(high)->controlFrame);
         EXPECT_EQ(GetParameter(low)->frame.x, GetParameter(high)->frame.x);
         EXPECT_EQ(GetParameter(low)->frame.y + GetParameter(low)->frame.height, GetParameter(high)->frame.y);
@@ -79,13 +80,16 @@ TEST(ParameterTableLayout, ANormalDragOfANumberSweepsItsRangeInAHandsBreadth) {
 }
 
 TEST(ParameterTableLayout, TheNumbersOfTheAdvancedDrawerStandInRowsAndColumns) {
-    for (const auto& [low, high] : {std::pair{14u, 21u}, std::pair{15u, 22u}}) {
+    for (const auto& [low, high] :
+         {std::pair{pidFilterSlopeLow, pidFilterSlopeHigh}, std::pair{pidFilterResonanceLow, pidFilterResonanceHigh}}) {
         const QVMRect &left = GetParameter(low)->frame, &right = GetParameter(high)->frame;
         EXPECT_EQ(left.y, right.y) << low;
         EXPECT_EQ(left.width, right.width) << low;
         EXPECT_EQ(left.height, right.height) << low;
-        EXPECT_EQ(right.x - left.x, GetParameter(21)->frame.x - GetParameter(14)->frame.x) << low;
-        EXPECT_EQ(left.x, GetParameter(14)->frame.x) << low;
+        EXPECT_EQ(right.x - left.x,
+                  GetParameter(pidFilterSlopeHigh)->frame.x - GetParameter(pidFilterSlopeLow)->frame.x)
+            << low;
+        EXPECT_EQ(left.x, GetParameter(pidFilterSlopeLow)->frame.x) << low;
     }
 }
 

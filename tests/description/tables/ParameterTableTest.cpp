@@ -102,8 +102,8 @@ TEST(ParameterTable, EveryRowStandsAtItsPid) {
 }
 
 TEST(ParameterTable, StepsAreTheNearest32BitNumbers) {
-    EXPECT_EQ(GetParameter(1)->fineGranularity, 0.1f);
-    EXPECT_EQ(GetParameter(23)->controlScale, 1.3f);
+    EXPECT_EQ(GetParameter(pidTiltGain)->fineGranularity, 0.1f);
+    EXPECT_EQ(GetParameter(pidHQMode)->controlScale, 1.3f);
 }
 
 TEST(ParameterTable, WhatAllParametersHaveInCommon) {
@@ -114,16 +114,16 @@ TEST(ParameterTable, WhatAllParametersHaveInCommon) {
         EXPECT_EQ(parameter.controlFocusShape, 0);
         EXPECT_EQ(parameter.highlightInsetX, 0);
         EXPECT_FALSE(parameter.meteringOnly);
-        EXPECT_EQ(parameter.controlScale, pid == 23 ? 1.3f : 1.0f);
-        EXPECT_EQ(parameter.scope, pid == 0 ? 1 : 0);
-        EXPECT_EQ(parameter.hidden, pid == 8);
+        EXPECT_EQ(parameter.controlScale, pid == pidHQMode ? 1.3f : 1.0f);
+        EXPECT_EQ(parameter.scope, pid == pidMasterOnOff ? 1 : 0);
+        EXPECT_EQ(parameter.hidden, pid == pidMeterMode);
         EXPECT_EQ(parameter.chanIn, 0u);
     }
 }
 
 TEST(ParameterTable, OnlyTheQualityModeIsAPresetWildcard) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-        EXPECT_EQ(GetParameter(pid)->presetWildcard, pid == 23);
+        EXPECT_EQ(GetParameter(pid)->presetWildcard, pid == pidHQMode);
     }
 }
 

@@ -26,13 +26,13 @@ std::vector<std::uint32_t> Pids(Predicate predicate) {
 }
 
 TEST(ParameterTableValues, LabelTexts) {
-    EXPECT_EQ(GetParameter(0)->labelString, "Power");
-    EXPECT_EQ(GetParameter(0)->label, "Power");
-    EXPECT_EQ(GetParameter(6)->labelString, "Loudness");
-    EXPECT_EQ(GetParameter(7)->label, "Output Gain");
-    for (const std::uint32_t pid : {14u, 21u})
+    EXPECT_EQ(GetParameter(pidMasterOnOff)->labelString, "Power");
+    EXPECT_EQ(GetParameter(pidMasterOnOff)->label, "Power");
+    EXPECT_EQ(GetParameter(pidTiltLoudnessMode)->labelString, "Loudness");
+    EXPECT_EQ(GetParameter(pidOutputGain)->label, "Output Gain");
+    for (const std::uint32_t pid : {pidFilterSlopeLow, pidFilterSlopeHigh})
         EXPECT_EQ(GetParameter(pid)->labelString, "Slope");
-    for (const std::uint32_t pid : {15u, 22u})
+    for (const std::uint32_t pid : {pidFilterResonanceLow, pidFilterResonanceHigh})
         EXPECT_EQ(GetParameter(pid)->labelString, "Reso");
     EXPECT_THAT(Pids([](const auto& p) { return !p.labelString.empty(); }), ElementsAre(0, 6, 14, 15, 21, 22));
     EXPECT_THAT(Pids([](const auto& p) { return !p.label.empty(); }), ElementsAre(0, 7, 14, 15, 21, 22));
@@ -40,46 +40,47 @@ TEST(ParameterTableValues, LabelTexts) {
 
 TEST(ParameterTableValues, LabelImages) {
     const std::string prefix = "base64,";
-    for (const std::uint32_t pid : {14u, 21u})
+    for (const std::uint32_t pid : {pidFilterSlopeLow, pidFilterSlopeHigh})
         EXPECT_EQ(GetParameter(pid)->label, prefix + artwork::labelSlope);
-    for (const std::uint32_t pid : {15u, 22u})
+    for (const std::uint32_t pid : {pidFilterResonanceLow, pidFilterResonanceHigh})
         EXPECT_EQ(GetParameter(pid)->label, prefix + artwork::labelReso);
-    EXPECT_TRUE(GetParameter(14)->label.starts_with("base64,iVBOR")); // how every PNG begins
+    EXPECT_TRUE(GetParameter(pidFilterSlopeLow)->label.starts_with("base64,iVBOR")); // how every PNG begins
 }
 
 TEST(ParameterTableValues, NamedValues) {
-    EXPECT_THAT(GetParameter(6)->stringValues, ElementsAre("Auto", "Norm", "Treble", "Bass"));
-    EXPECT_THAT(GetParameter(8)->stringValues, ElementsAre("Pre", "Post", "Diff"));
-    for (const std::uint32_t pid : {0u, 13u, 20u, 23u}) {
+    EXPECT_THAT(GetParameter(pidTiltLoudnessMode)->stringValues, ElementsAre("Auto", "Norm", "Treble", "Bass"));
+    EXPECT_THAT(GetParameter(pidMeterMode)->stringValues, ElementsAre("Pre", "Post", "Diff"));
+    for (const std::uint32_t pid : {pidMasterOnOff, pidFilterListenLow, pidFilterListenHigh, pidHQMode}) {
         EXPECT_THAT(GetParameter(pid)->stringValues, ElementsAre("Off", "On"));
     }
     EXPECT_THAT(Pids([](const auto& p) { return !p.stringValues.empty(); }), ElementsAre(0, 6, 8, 13, 20, 23));
 }
 
 TEST(ParameterTableValues, CueSymbols) {
-    EXPECT_THAT(GetParameter(0)->cueSymbols, ElementsAre("\uE101", "\uE101"));
-    EXPECT_THAT(GetParameter(13)->cueSymbols, ElementsAre("\uE219", "\uE219"));
-    EXPECT_THAT(GetParameter(20)->cueSymbols, ElementsAre("\uE20B", "\uE20B"));
-    EXPECT_THAT(GetParameter(23)->cueSymbols, ElementsAre("\uE205", "\uE206"));
-    EXPECT_EQ(GetParameter(1)->cueSymbols.size(), 3u);
-    EXPECT_THAT(GetParameter(1)->cueSymbols, testing::Contains("_").Times(1));
-    EXPECT_THAT(GetParameter(1)->cueSymbolValues, ElementsAre(-18, 0, 18));
+    EXPECT_THAT(GetParameter(pidMasterOnOff)->cueSymbols, ElementsAre("\uE101", "\uE101"));
+    EXPECT_THAT(GetParameter(pidFilterListenLow)->cueSymbols, ElementsAre("\uE219", "\uE219"));
+    EXPECT_THAT(GetParameter(pidFilterListenHigh)->cueSymbols, ElementsAre("\uE20B", "\uE20B"));
+    EXPECT_THAT(GetParameter(pidHQMode)->cueSymbols, ElementsAre("\uE205", "\uE206"));
+    EXPECT_EQ(GetParameter(pidTiltGain)->cueSymbols.size(), 3u);
+    EXPECT_THAT(GetParameter(pidTiltGain)->cueSymbols, testing::Contains("_").Times(1));
+    EXPECT_THAT(GetParameter(pidTiltGain)->cueSymbolValues, ElementsAre(-18, 0, 18));
     EXPECT_THAT(Pids([](const auto& p) { return !p.cueSymbols.empty(); }), ElementsAre(0, 1, 13, 20, 23));
 }
 
 TEST(ParameterTableValues, CuePositionsLieOnTheScale) {
-    for (const float position : GetParameter(1)->cueSymbolPositions) {
+    for (const float position : GetParameter(pidTiltGain)->cueSymbolPositions) {
         EXPECT_GE(position, -18);
         EXPECT_LE(position, 18);
     }
-    EXPECT_FALSE(GetParameter(1)->cueSymbolPositions.empty());
+    EXPECT_FALSE(GetParameter(pidTiltGain)->cueSymbolPositions.empty());
 }
 
 TEST(ParameterTableValues, ScaleMarks) {
-    EXPECT_THAT(GetParameter(1)->tickmarks, ElementsAre(0));
-    EXPECT_THAT(GetParameter(7)->tickmarks, ElementsAre(0));
-    EXPECT_THAT(GetParameter(7)->displayTickmarks, ElementsAre(-96, -84, -72, -60, -48, -36, -24, -12, 6, 12));
-    EXPECT_THAT(GetParameter(7)->minorTickmarks, ElementsAre(-24, -12, 6));
+    EXPECT_THAT(GetParameter(pidTiltGain)->tickmarks, ElementsAre(0));
+    EXPECT_THAT(GetParameter(pidOutputGain)->tickmarks, ElementsAre(0));
+    EXPECT_THAT(GetParameter(pidOutputGain)->displayTickmarks,
+                ElementsAre(-96, -84, -72, -60, -48, -36, -24, -12, 6, 12));
+    EXPECT_THAT(GetParameter(pidOutputGain)->minorTickmarks, ElementsAre(-24, -12, 6));
     EXPECT_THAT(Pids([](const auto& p) { return !p.tickmarks.empty(); }), ElementsAre(1, 7));
     EXPECT_THAT(Pids([](const auto& p) { return !p.displayTickmarks.empty(); }), ElementsAre(7));
 }
@@ -89,23 +90,26 @@ TEST(ParameterTableValues, CoarseStepsOfFrequenciesAreThirdOctaves) {
                                        200,  250,  315,  400,  500,  630,  800,   1000,  1250,  1600, 2000,
                                        2500, 3150, 4000, 5000, 6300, 8000, 10000, 12500, 16000, 20000};
     ASSERT_EQ(thirds.size(), 32u);
-    for (const std::uint32_t pid : {2u, 3u, 9u, 10u})
+    for (const std::uint32_t pid : {pidTiltRangeLow, pidTiltRangeHigh, pidFilterRangeLow, pidFilterRangeHigh})
         EXPECT_EQ(GetParameter(pid)->coarseGranularityOptions, thirds);
     EXPECT_THAT(Pids([](const auto& p) { return !p.coarseGranularityOptions.empty(); }), ElementsAre(2, 3, 9, 10));
 }
 
 TEST(ParameterTableValues, SubstitutedTextsAreKeyedByTheNumberWithOneDecimal) {
-    EXPECT_THAT(GetParameter(7)->substituteStringsForValues, UnorderedElementsAre(Pair("-96.0", "-Inf")));
-    EXPECT_THAT(GetParameter(9)->substituteStringsForValues, UnorderedElementsAre(Pair("4.0", "Off")));
-    EXPECT_THAT(GetParameter(10)->substituteStringsForValues, UnorderedElementsAre(Pair("24000.0", "Off")));
+    EXPECT_THAT(GetParameter(pidOutputGain)->substituteStringsForValues, UnorderedElementsAre(Pair("-96.0", "-Inf")));
+    EXPECT_THAT(GetParameter(pidFilterRangeLow)->substituteStringsForValues, UnorderedElementsAre(Pair("4.0", "Off")));
+    EXPECT_THAT(GetParameter(pidFilterRangeHigh)->substituteStringsForValues,
+                UnorderedElementsAre(Pair("24000.0", "Off")));
     EXPECT_THAT(Pids([](const auto& p) { return !p.substituteStringsForValues.empty(); }), ElementsAre(7, 9, 10));
 }
 
 TEST(ParameterTableValues, FiltersThatAreOffDimTheirControls) {
-    EXPECT_THAT(GetParameter(9)->dims, ElementsAre(Pair(4, Names{"FilterSlopeLow", "FilterResonanceLow"})));
-    EXPECT_THAT(GetParameter(10)->dims, ElementsAre(Pair(24000, Names{"FilterSlopeHigh", "FilterResonanceHigh"})));
-    EXPECT_THAT(GetParameter(13)->dims, ElementsAre(Pair(1, Names{"FilterResonanceLow"})));
-    EXPECT_THAT(GetParameter(20)->dims, ElementsAre(Pair(1, Names{"FilterResonanceHigh"})));
+    EXPECT_THAT(GetParameter(pidFilterRangeLow)->dims,
+                ElementsAre(Pair(4, Names{"FilterSlopeLow", "FilterResonanceLow"})));
+    EXPECT_THAT(GetParameter(pidFilterRangeHigh)->dims,
+                ElementsAre(Pair(24000, Names{"FilterSlopeHigh", "FilterResonanceHigh"})));
+    EXPECT_THAT(GetParameter(pidFilterListenLow)->dims, ElementsAre(Pair(1, Names{"FilterResonanceLow"})));
+    EXPECT_THAT(GetParameter(pidFilterListenHigh)->dims, ElementsAre(Pair(1, Names{"FilterResonanceHigh"})));
     EXPECT_THAT(Pids([](const auto& p) { return !p.dims.empty(); }), ElementsAre(9, 10, 13, 20));
 }
 
@@ -117,8 +121,9 @@ TEST(ParameterTableValues, LowEndsOfRanges) {
             {"low", true},       {"func", std::string("max")}, {"with-name", std::string(name)}, {"factor", 2.0f},
             {"limit", 12000.0f}, {"high-has-label", false},    {"with-enum", std::string(key)}};
     };
-    EXPECT_EQ(GetParameter(2)->range.entries(), expected("Tilt Range Low", "QVM0015Param_TiltRangeHigh"));
-    EXPECT_EQ(GetParameter(9)->range.entries(), expected("Filter Range Low", "QVM0015Param_FilterRangeHigh"));
+    EXPECT_EQ(GetParameter(pidTiltRangeLow)->range.entries(), expected("Tilt Range Low", "QVM0015Param_TiltRangeHigh"));
+    EXPECT_EQ(GetParameter(pidFilterRangeLow)->range.entries(),
+              expected("Filter Range Low", "QVM0015Param_FilterRangeHigh"));
 }
 
 TEST(ParameterTableValues, HighEndsOfRanges) {
@@ -127,10 +132,12 @@ TEST(ParameterTableValues, HighEndsOfRanges) {
             {"high", true},   {"func", std::string("min")},   {"with-name", std::string(name)}, {"factor", 0.5f},
             {"limit", limit}, {"with-enum", std::string(key)}};
     };
-    EXPECT_EQ(GetParameter(3)->range.entries(), expected("Tilt Range High", 20, "QVM0015Param_TiltRangeLow"));
-    EXPECT_EQ(GetParameter(10)->range.entries(), expected("Filter Range High", 8, "QVM0015Param_FilterRangeLow"));
-    EXPECT_EQ(GetParameter(3)->rangeWith, "TiltRangeLow");
-    EXPECT_EQ(GetParameter(10)->rangeWith, "FilterRangeLow");
+    EXPECT_EQ(GetParameter(pidTiltRangeHigh)->range.entries(),
+              expected("Tilt Range High", 20, "QVM0015Param_TiltRangeLow"));
+    EXPECT_EQ(GetParameter(pidFilterRangeHigh)->range.entries(),
+              expected("Filter Range High", 8, "QVM0015Param_FilterRangeLow"));
+    EXPECT_EQ(GetParameter(pidTiltRangeHigh)->rangeWith, "TiltRangeLow");
+    EXPECT_EQ(GetParameter(pidFilterRangeHigh)->rangeWith, "FilterRangeLow");
     EXPECT_THAT(Pids([](const auto& p) { return !p.range.empty(); }), ElementsAre(2, 3, 9, 10));
     EXPECT_THAT(Pids([](const auto& p) { return !p.rangeWith.empty(); }), ElementsAre(3, 10));
 }
