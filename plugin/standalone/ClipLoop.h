@@ -1,9 +1,12 @@
-// Plays a clip round and round at any sample rate, by windowed-sinc interpolation: good enough to listen to.
+// Plays a clip round and round at any sample rate.
 #pragma once
 
 #include "plugin/standalone/AudioFile.h"
 
+#include <memory>
 #include <vector>
+
+struct SRC_STATE_tag; // the resampling library's
 
 namespace QVM_NAMESPACE {
 
@@ -11,6 +14,8 @@ class ClipLoop {
 public:
     // The clip has at least one frame. Not for the audio thread.
     explicit ClipLoop(AudioClip clip);
+    ClipLoop(const ClipLoop&) = delete; // the converter calls back to this object
+    ClipLoop& operator=(const ClipLoop&) = delete;
 
     double clipRateHz() const { return clip_.sampleRateHz; }
     // From now on plays at this rate, from the clip's start. While nobody reads; allocates nothing.
@@ -20,16 +25,19 @@ public:
     void read(float* left, float* right, int frames);
 
 private:
-    struct Pair {
-        float left = 0, right = 0;
+    struct Freeing {
+        void operator()(SRC_STATE_tag* converter) const;
     };
-    Pair interpolated() const;
-    double kernel(double x) const;
+
+    // The next stretch of the clip, interleaved; the two ends of the clip are neighbours.
+    long nextStretch(float** samples);
+    void readInterleaved(float* out, int frames);
 
     const AudioClip clip_;
-    const std::vector<float> kernel_; // one side of it, many values a sample
-    double step_ = 1;                 // clip frames for each frame that is read
-    double at_ = 0;                   // clip frames
+    std::vector<float> stretch_, block_; // interleaved: what the converter reads, and what it writes
+    std::unique_ptr<SRC_STATE_tag, Freeing> converter_;
+    double ratio_ = 1;   // frames that are read for each of the clip's
+    std::size_t at_ = 0; // clip frames
 };
 
 } // namespace QVM_NAMESPACE
