@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
-#include <samplerate.h>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -19,7 +18,7 @@ constexpr double leadSeconds = 0.1;
 
 } // namespace
 
-void ClipLoop::Freeing::operator()(SRC_STATE_tag* converter) const {
+void ClipLoop::Freeing::operator()(SRC_STATE* converter) const {
     src_delete(converter);
 }
 

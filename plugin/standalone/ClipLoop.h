@@ -4,9 +4,8 @@
 #include "plugin/standalone/AudioFile.h"
 
 #include <memory>
+#include <samplerate.h>
 #include <vector>
-
-struct SRC_STATE_tag; // the resampling library's
 
 namespace QVM_NAMESPACE {
 
@@ -26,7 +25,7 @@ public:
 
 private:
     struct Freeing {
-        void operator()(SRC_STATE_tag* converter) const;
+        void operator()(SRC_STATE* converter) const;
     };
 
     // The next stretch of the clip, interleaved; the two ends of the clip are neighbours.
@@ -35,7 +34,7 @@ private:
 
     const AudioClip clip_;
     std::vector<float> stretch_, block_; // interleaved: what the converter reads, and what it writes
-    std::unique_ptr<SRC_STATE_tag, Freeing> converter_;
+    std::unique_ptr<SRC_STATE, Freeing> converter_;
     double ratio_ = 1;   // frames that are read for each of the clip's
     std::size_t at_ = 0; // clip frames
 };
