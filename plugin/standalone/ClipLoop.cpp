@@ -36,7 +36,8 @@ void ClipLoop::start(double sampleRateHz) {
     if (ratio_ == 1) return;
     src_reset(converter_.get());
     const auto lead = static_cast<std::size_t>(std::lround(clip_.sampleRateHz * leadSeconds));
-    at_ = (clip_.frames() - lead % clip_.frames()) % clip_.frames();
+    const std::size_t length = std::max<std::size_t>(clip_.frames(), 1);
+    at_ = (length - lead % length) % length;
     for (auto left = static_cast<int>(std::lround(sampleRateHz * leadSeconds)); left > 0;) {
         const int frames = std::min(left, static_cast<int>(blockFrames));
         readInterleaved(block_.data(), frames);
