@@ -21,10 +21,12 @@ public:
     // Both tell whether there was anything to do.
     virtual bool hideAllDrawers() = 0;
     virtual bool togglePresetsDrawer() = 0;
+    // The drawer of advanced controls; the compact form; light and dark.
     virtual void toggleDoubleWide() = 0;
     virtual void toggleFrame() = 0;
     virtual void toggleUITheme() = 0;
 
+    // Named by the contract and not used in this product.
     virtual void hideAllControls() = 0;
     virtual void freakout() = 0;
 };

@@ -20,6 +20,7 @@ public:
     // Both are borrowed and outlive the session. The surface is not called before something is asked of the session.
     EditorSession(const QVMConfig& config, SessionSurface& surface);
 
+    // Each lives as long as the session.
     EditorValues& values() { return values_; }
     const EditorValues& values() const { return values_; }
     PresetSession& presets() { return presets_; }
@@ -37,7 +38,8 @@ public:
     void restoreSide(std::uint32_t side, std::string_view settings);
 
 private:
-    // EditorValuesObserver
+    // EditorValuesObserver: a changed value is a step of the history, what was read otherwise at the opening is so
+    // wherever it was kept, and what the unit holds is compared with the preset.
     void memoizedValueDidChange(std::uint32_t pid) override;
     void valueWasReread(std::uint32_t pid, float read, float held) override;
     void receivedValueWasAdopted(std::uint32_t pid) override;

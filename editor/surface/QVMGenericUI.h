@@ -67,15 +67,19 @@ public:
     // Expires with the editor: for what may be called after it has gone, as a menu's items.
     std::weak_ptr<const bool> lifetime() const { return alive_; }
 
-    // Values (EditorValues): from anywhere in the editor; from a control that the user moved; without telling the
-    // delegate; from the unit; with no consequence at all.
+    // Values (EditorValues). The first takes a value from anywhere in the editor, the second from a control that the
+    // user moved: both tell the delegate, and the control shows what comes back from the unit.
     void notifyParameterUpdatedTo(std::uint32_t pid, float value) { session_.values().send(pid, value); }
     void handleParameterControlUpdated(QVMParameterControl& control);
+    // Without telling the delegate; and a value as the unit holds it, of which nothing is sent back.
     void updateMemoizedValueForParameter(float value, std::uint32_t pid) { session_.values().memoize(pid, value); }
     void updateParameterFromSketchState(std::uint32_t pid, float value) { session_.values().receive(pid, value); }
+    // With no consequence at all, as before the setup. An unknown pid reads as 0.
     void setMemoizedPValueDirectlyValue(std::uint32_t pid, float value) { session_.values().setDirectly(pid, value); }
     float getMemoizedPValueDirectly(std::uint32_t pid) const { return session_.values().memoized(pid); }
+    // Frames whose values came from the unit.
     std::uint32_t receivedParamUpdateCount() const { return session_.values().receivedFrames(); }
+    // Several values by codename; unknown names are skipped.
     void setParameterValuePairs(const std::vector<std::pair<std::string, float>>& pairs) {
         session_.values().sendPairs(pairs);
     }
@@ -94,7 +98,8 @@ public:
     void lastSavedPresetWasKeyed(std::uint32_t index) { session_.presets().setCurrent(index); }
     std::uint32_t currentPreset() const { return session_.presets().current(); }
 
-    // Undo (EditorHistory) and the two sides (ABComparison).
+    // Undo (EditorHistory): a snapshot follows half a second after the last change. The two sides (ABComparison): which
+    // is the active one; a side that was kept elsewhere; and both anew with these values, by pid.
     void potentiallySaveToUndoRedoStack() { session_.history().scheduleSnapshot(); }
     void syncUndoRedoButtonsToStackState() { shown_.historyDidChange(); }
     void undoRedoABState(std::uint32_t state) { session_.comparison().setActive(state); }
@@ -117,10 +122,11 @@ public:
     // What the delegate multiplies the size of a layout variant with.
     float currentScale() const { return currentScale_; }
     void setCurrentScale(float scale) { currentScale_ = scale; }
+    // The window's device pixels a point, for every layer; nothing without a window.
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
 
-    // Drawers (EditorDrawers).
+    // Drawers (EditorDrawers), of which one at most is open. A new one stands below the preset bar.
     QVMDrawerView& addDrawer(std::unique_ptr<QVMDrawerView> drawer);
     void toggleDrawerForce(QVMDrawerView& drawer, bool force) { drawers_.toggle(drawer, force); }
     bool hideVisibleDrawersPresenting(QVMDrawerView* drawer) { return drawers_.hideVisiblePresenting(drawer); }
@@ -149,7 +155,7 @@ public:
     // Says for a few seconds why a thing that was asked for did not happen.
     void showNotice(std::string what, std::string why) { parts_.showNotice(std::move(what), std::move(why)); }
 
-    // Look-ups; null when there is none.
+    // Look-ups; null when there is none, or not yet. What is found is owned by the view that it stands in.
     QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const override { return controls_.withPid(pid); }
     QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const override {
         return controls_.withCodename(codesafeName);
@@ -171,7 +177,7 @@ public:
     // What the parameter's control reported last; discrete for one that has not, or does not exist.
     QVMInteraction interactionState(std::uint32_t pid) const { return reports_.state(pid); }
 
-    // Keyboard focus (EditorFocus).
+    // Keyboard focus (EditorFocus). Null takes it away from all.
     void bringParameterControlIntoFocus(QVMParameterControl* control) { focus_.bring(control); }
     QVMParameterControl* focusedControl() const { return focus_.focused(); }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.

@@ -62,7 +62,7 @@ std::vector<ShownValue> ShownSession::shownValues() const {
     return ui_.controls().shownValues();
 }
 
-// By what is held, whoever was told of it: a reset by a modifier is never reported to have ended.
+// A reset by a modifier is never reported to have ended.
 bool ShownSession::isGestureUnderWay() const {
     const Window* const window = ui_.window();
     if (!window) return false;

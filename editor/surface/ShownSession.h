@@ -17,15 +17,18 @@ public:
     // The editor is borrowed; nothing is asked of it here.
     explicit ShownSession(QVMGenericUI& ui);
 
-    // Undo and redo can be pressed when there is anything to come back to.
-    void historyDidChange() override;
-
+    // SessionSurface. Before there are any controls, a bar or a delegate, there is nobody to show anything to.
     void sendValueToUnit(std::uint32_t pid, float hostValue) override;
     void showValue(std::uint32_t pid, float value) override;
+    // The indicators, the meters' tool tips, and the gear where the control stands in the closed drawer.
     void valueDidChange(std::uint32_t pid) override;
+    // Side effects, the band of a range, and links.
     void valueWasReceived(std::uint32_t pid, float value, float was) override;
     std::vector<ShownValue> shownValues() const override;
+    // Asks the window what is held: whoever was told of it.
     bool isGestureUnderWay() const override;
+    // Undo and redo can be pressed when there is anything to come back to.
+    void historyDidChange() override;
     void sideDidChange(std::uint32_t side, SideMove move) override;
     void showPreset(std::uint32_t index) override;
     void showPresetDirty(bool dirty) override;
