@@ -27,7 +27,7 @@ void EditorFocus::bring(QVMParameterControl* control) {
     if (control != focused_) surface_.focusWillMove();
     focused_ = control;
     for (QVMParameterControl* each : surface_.parameterControls())
-        each->setFocused(each == control);
+        each->setFocused(control && each == control);
     surface_.focusDidMove(control);
 }
 
