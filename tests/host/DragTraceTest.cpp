@@ -19,7 +19,11 @@
 namespace QVM_NAMESPACE {
 namespace {
 
-using ::testing::ElementsAre;
+using ::testing::Contains;
+using ::testing::IsSupersetOf;
+using ::testing::Not;
+using ::testing::PrintToString;
+using ::testing::StartsWith;
 
 // The real unit, and who sets a parameter of it.
 class WatchedUnit final : public AudioUnitInstance {
@@ -84,6 +88,27 @@ Classes callers() {
     return way;
 }
 
+// The stations of a drag, out and back, as ARCHITECTURE.md tells them.
+const Classes wayOut = {
+    "controls/QVMFloatControl",         "controls/QVMVerticalSlider",  "controls/QVMParameterControl",
+    "editor/surface/ParameterControls", "editor/surface/QVMGenericUI", "editor/session/EditorValues",
+    "editor/surface/ShownSession",      "host/QVM0015_CocoaView2",     "unit/QVM0015_AudioUnit"};
+const Classes wayBack = {"viz/sketches/QVMParameterSketch", "editor/surface/QVMGenericUI",
+                         "editor/session/EditorValues",     "editor/surface/ShownSession",
+                         "controls/QVMParameterControl",    "controls/QVMVerticalSlider"};
+
+// Whether `seen` has nothing but stations of the way, in its order. One whose last act is the call of the next leaves
+// no trace in an optimised build.
+bool keepsTo(const Classes& way, const Classes& seen) {
+    auto station = way.begin();
+    for (const std::string& each : seen) {
+        station = std::find(station, way.end(), each);
+        if (station == way.end()) return false;
+        ++station;
+    }
+    return true;
+}
+
 bool isAboveControls(const std::string& each) {
     return !each.starts_with("controls/");
 }
@@ -134,7 +159,7 @@ protected:
 };
 
 // The parameter control may jump to whom it calls and leave no trace, so it is met where its action arrives.
-TEST_F(DragTrace, FromTheSliderToTheUnitAValuePassesSixClasses) {
+TEST_F(DragTrace, FromTheSliderToTheUnitAValuePassesTheStationsThatAreTold) {
     control().setAction([this](Control& sender) {
         append(way_, callers());
         append(way_, {dynamic_cast<QVMParameterControl*>(&sender) ? "controls/QVMParameterControl" : "another"});
@@ -143,10 +168,10 @@ TEST_F(DragTrace, FromTheSliderToTheUnitAValuePassesSixClasses) {
     watchTheUnit();
     drag(40);
     ASSERT_EQ(sets_, 1);
+    EXPECT_TRUE(keepsTo(wayOut, way_)) << PrintToString(way_);
     EXPECT_THAT(way_,
-                ElementsAre("controls/QVMFloatControl", "controls/QVMVerticalSlider", "controls/QVMParameterControl",
-                            "editor/QVMGenericUI", "host/QVM0015_CocoaView2", "unit/QVM0015_AudioUnit"));
-    EXPECT_LE(way_.size(), 6U);
+                IsSupersetOf({"controls/QVMVerticalSlider", "controls/QVMParameterControl",
+                              "editor/session/EditorValues", "host/QVM0015_CocoaView2", "unit/QVM0015_AudioUnit"}));
 }
 
 // What the trace is worth: another way gives another one.
@@ -154,17 +179,19 @@ TEST_F(DragTrace, WhatTheHostAsksForPassesNoControl) {
     watchTheUnit();
     ui_->setParameterValuePairs({{"TiltGain", 3.0F}});
     ASSERT_EQ(sets_, 1);
-    EXPECT_THAT(way_, ElementsAre("editor/QVMGenericUI", "host/QVM0015_CocoaView2", "unit/QVM0015_AudioUnit"));
+    EXPECT_FALSE(way_.empty());
+    EXPECT_FALSE(keepsTo({wayOut.begin(), wayOut.begin() + 4}, way_));
+    EXPECT_THAT(way_, Not(Contains(StartsWith("controls/"))));
 }
 
 // The unit's end of what it shares with the editor has written the value before the frame comes.
-TEST_F(DragTrace, FromTheUnitToTheSliderAValuePassesFiveClasses) {
+TEST_F(DragTrace, FromTheUnitToTheSliderAValuePassesTheStationsThatAreTold) {
     constexpr float value = -5;
     metrics_.onWidth = [this] {
         if (way_.empty()) way_ = callers();
     };
     AudioUnitSetParameter(&watched_, pidTiltGain, kAudioUnitScope_Global, 0, value, 0);
-    PBGLSketchAbstract* shared = ui_->sketch()->getVizRef();
+    const VizRef shared = ui_->sketch()->getVizRef();
     ASSERT_EQ(shared->parameterStates[pidTiltGain].value, value) << "VizLink has been";
     ASSERT_TRUE(way_.empty());
     ASSERT_NE(slider().floatValue(), value);
@@ -173,9 +200,9 @@ TEST_F(DragTrace, FromTheUnitToTheSliderAValuePassesFiveClasses) {
     const auto slider = std::find(way_.begin(), way_.end(), "controls/QVMVerticalSlider");
     ASSERT_NE(slider, way_.end());
     way_.erase(slider + 1, way_.end()); // what it shows the value with
-    EXPECT_THAT(way_, ElementsAre("viz/sketches/QVMParameterSketch", "editor/QVMGenericUI",
-                                  "controls/QVMParameterControl", "controls/QVMVerticalSlider"));
-    EXPECT_LE(way_.size() + 1, 5U) << "with VizLink";
+    EXPECT_TRUE(keepsTo(wayBack, way_)) << PrintToString(way_);
+    EXPECT_THAT(way_, IsSupersetOf({"viz/sketches/QVMParameterSketch", "editor/session/EditorValues",
+                                    "controls/QVMParameterControl", "controls/QVMVerticalSlider"}));
 }
 
 } // namespace
