@@ -102,7 +102,8 @@ void TurtleText::eraseAt(std::size_t index) {
 std::optional<TurtleText> readTurtle(const std::string& text) {
     TurtleText turtle;
     const Reader reader(serd_reader_new(SERD_TURTLE, &turtle, nullptr, nullptr, takePrefix, takeStatement, takeEnd));
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.c_str());
+    const std::string lines = text + "\n"; // the library reads beyond the end of a text of no bytes
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(lines.c_str());
     if (serd_reader_read_string(reader.get(), bytes) != SERD_SUCCESS) return {};
     return turtle;
 }

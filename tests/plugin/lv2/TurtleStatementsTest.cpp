@@ -32,8 +32,9 @@ TEST(TurtleStatements, WhatStandsInBracketsGoesWithItsStatement) {
 }
 
 TEST(TurtleStatements, TextThatIsNoTurtleIsRefused) {
-    for (const char* wrong : {"", "a:one a:two", "<x> <y> \"z .", "{}"})
+    for (const char* wrong : {"a:one a:two", "<x> <y> \"z .", "{}"})
         EXPECT_FALSE(readTurtle(wrong)) << wrong;
+    EXPECT_TRUE(readTurtle("")->statements.empty());
 }
 
 TEST(TurtleStatements, AStatementWithoutAnObjectIsNotWritten) {
