@@ -1,7 +1,6 @@
 // Pointer and keys, from the toolkit to the window of views.
 #include "platform/view/ToolTipPlacement.h"
 #include "toolkit/Conversions.h"
-#include "toolkit/NativePeer.h"
 #include "toolkit/ToolkitMenu.h"
 #include "toolkit/WindowComponent.h"
 #include "toolkit/WindowMapState.h"
