@@ -10,7 +10,9 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double wakefulSeconds = 1; // after the last activity
-constexpr int restHz = 1;            // the slowest that the toolkit knows
+// Slower would cost less, but what Xlib has read while it sent something waits for the next refresh: not every way it
+// can come is known to be caught (NativePeer).
+constexpr int restHz = 6;
 
 } // namespace
 
