@@ -61,12 +61,12 @@ private:
     // `Value` has the property's exact size. A failed read leaves the value as it was.
     template <class Value>
     OSStatus getProperty(AudioUnitPropertyID id, Value& value, AudioUnitScope scope = kAudioUnitScope_Global) const {
-        std::uint32_t size = sizeof value;
+        std::uint32_t size = sizeof(Value);
         return AudioUnitGetProperty(mAU, id, scope, 0, &value, &size);
     }
     template <class Value>
     OSStatus setProperty(AudioUnitPropertyID id, const Value& value) const {
-        return AudioUnitSetProperty(mAU, id, kAudioUnitScope_Global, 0, &value, sizeof value);
+        return AudioUnitSetProperty(mAU, id, kAudioUnitScope_Global, 0, &value, sizeof(Value));
     }
     void notifyEventTypeForPid(AudioUnitEventType type, std::uint32_t pid);
 
