@@ -58,7 +58,8 @@ private:
     // Deliberately empty, see above.
     void parameterListenerParameterValue(const AudioUnitParameter&, float) {}
 
-    // `Value` has the property's exact size. A failed read leaves the value as it was.
+    // `Value` has the property's exact size, also where it is a reference to something. A failed read leaves the value
+    // as it was. NOLINTBEGIN(bugprone-sizeof-expression)
     template <class Value>
     OSStatus getProperty(AudioUnitPropertyID id, Value& value, AudioUnitScope scope = kAudioUnitScope_Global) const {
         std::uint32_t size = sizeof(Value);
@@ -68,6 +69,7 @@ private:
     OSStatus setProperty(AudioUnitPropertyID id, const Value& value) const {
         return AudioUnitSetProperty(mAU, id, kAudioUnitScope_Global, 0, &value, sizeof(Value));
     }
+    // NOLINTEND(bugprone-sizeof-expression)
     void notifyEventTypeForPid(AudioUnitEventType type, std::uint32_t pid);
 
     // QVMGenericUIDelegate
