@@ -44,7 +44,7 @@ private:
     struct Key {
         const void* target = nullptr;
         std::array<std::byte, sizeof(void (QVMSpeedLim::*)())> selector{};
-        auto operator<=>(const Key&) const = default;
+        auto operator<=>(const Key&) const = default; // NOLINT(modernize-use-nullptr): the compiler wrote the 0
     };
     template <class Target>
     static Key keyFor(const void* target, void (Target::*selector)()) {
