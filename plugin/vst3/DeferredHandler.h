@@ -12,6 +12,7 @@
 
 namespace QVM_NAMESPACE {
 
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): who releases the last reference destroys it
 class DeferredHandler final : public Steinberg::Vst::IComponentHandler {
 public:
     // Counted as any object of the format is; begins with one reference. Holds one to the host's until detached.
