@@ -37,6 +37,6 @@ private:
 
 } // namespace Steinberg::Vst
 
-#define EditController DeferringController
+#define EditController DeferringController // NOLINT(readability-identifier-naming): the name of the base class
 #include <juce_audio_plugin_client/juce_audio_plugin_client_VST3.cpp> // NOLINT(bugprone-suspicious-include): see above
 #undef EditController
