@@ -1,9 +1,11 @@
 #include "plugin/standalone/CommandLine.h"
 
+#include "description/NumberText.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
+#include <optional>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -13,10 +15,9 @@ namespace {
 constexpr std::size_t columnOfHelp = 24; // in characters
 
 // The library reads numbers as the C library does: in the user's locale, and "nan" and "0x1p3" with them.
-bool isNumberWithin(const std::string& text, double least, double most, double& number) {
-    const char* const last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, number);
-    return error == std::errc{} && end == last && number >= least && number <= most;
+std::optional<double> numberWithin(const std::string& text, double least, double most) {
+    const std::optional<double> number = NumberFromText<double>(text);
+    return number && *number >= least && *number <= most ? number : std::nullopt;
 }
 
 // The first argument that nothing has taken. The mark behind which all arguments are bare is none.
@@ -47,9 +48,9 @@ void addOption(CLI::App& app, const OptionText& text, OptionSetter setter) {
 
 void addNumber(CLI::App& app, const OptionText& text, double least, double most, std::function<void(double)> set) {
     addOption(app, text, [name = text.name, least, most, set = std::move(set)](const std::string& value) {
-        double number = 0;
-        if (!isNumberWithin(value, least, most, number)) return name + " takes a number, not \"" + value + "\"";
-        set(number);
+        const std::optional<double> number = numberWithin(value, least, most);
+        if (!number) return name + " takes a number, not \"" + value + "\"";
+        set(*number);
         return std::string();
     });
 }

@@ -27,10 +27,9 @@ struct CurveRequest {
     int points = kDisplayPoints;
 };
 
-// Reads all of a text as a number; none when it is anything else.
-template <class Number>
-std::optional<Number> NumberFrom(std::string_view text) {
-    Number number{};
+// Reads all of a text as a whole number; none when it is anything else.
+std::optional<int> WholeNumberFrom(std::string_view text) {
+    int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
     return number;
@@ -63,7 +62,7 @@ std::string ReadArguments(Arguments arguments, CurveRequest& request) {
             request.address = value;
             continue;
         }
-        const std::optional<int> points = NumberFrom<int>(value);
+        const std::optional<int> points = WholeNumberFrom(value);
         if (!points || *points < kFewestPoints || *points > kMostPoints) {
             return "--points is a number from " + std::to_string(kFewestPoints) + " to " + std::to_string(kMostPoints);
         }
