@@ -1,14 +1,19 @@
-// The toolkit's message thread for every test of the program that lists this file. Needs no display.
+// The toolkit's message thread for every test of the program that lists this file. Needs no display, and takes none but
+// the one that it is given.
 #include <gtest/gtest.h>
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <cstdlib>
 #include <optional>
 
 namespace {
 
 class ToolkitEnvironment final : public testing::Environment {
-    void SetUp() override { toolkit_.emplace(); }
+    void SetUp() override {
+        setenv("DISPLAY", "none", 0); // without the variable the toolkit would try the first screen of the machine
+        toolkit_.emplace();
+    }
     void TearDown() override { toolkit_.reset(); }
     std::optional<juce::ScopedJuceInitialiser_GUI> toolkit_;
 };
