@@ -48,11 +48,10 @@ void dispatchWaitingEvents(::Display* display, int mode) {
     });
 }
 
-// Called by Xlib after each request, on the thread that made it. What an answer brought along waits below Xlib's own
-// queue, where only reading finds it.
+// Called by Xlib after each request, on the thread that made it. What an answer brought along, or what came while there
+// was no room to send, waits below Xlib's own queue, where only reading finds it.
 int requestWasMade(::Display* display) {
-    const bool isAnswered = LastKnownRequestProcessed(display) + 1 == NextRequest(display);
-    if (isAnswered && display == openDisplay()) dispatchWaitingEvents(display, QueuedAfterReading);
+    if (display == openDisplay()) dispatchWaitingEvents(display, QueuedAfterReading);
     return 0;
 }
 
@@ -64,10 +63,28 @@ void watchRequests(::Display* display) {
     if (setAfterFunction != nullptr) setAfterFunction(display, &requestWasMade);
 }
 
+// These two read without making a request.
+X11Symbols::XFlush flushNow = nullptr;
+X11Symbols::XCheckTypedWindowEvent checkNow = nullptr;
+
+int flush(::Display* display) {
+    const int result = flushNow(display);
+    dispatchWaitingEvents(display, QueuedAfterReading);
+    return result;
+}
+
+int checkTypedWindowEvent(::Display* display, ::Window window, int type, XEvent* event) {
+    const int isFound = checkNow(display, window, type, event);
+    if (!isFound) dispatchWaitingEvents(display, QueuedAlready);
+    return isFound;
+}
+
 void keepEvents() {
-    X11Symbols::XNextEvent& nextEvent = X11Symbols::getInstance()->xNextEvent;
-    if (nextEvent == &keepNextEvent) return;
-    takeNextEvent = std::exchange(nextEvent, &keepNextEvent);
+    X11Symbols& x11 = *X11Symbols::getInstance();
+    if (x11.xNextEvent == &keepNextEvent) return;
+    takeNextEvent = std::exchange(x11.xNextEvent, &keepNextEvent);
+    flushNow = std::exchange(x11.xFlush, &flush);
+    checkNow = std::exchange(x11.xCheckTypedWindowEvent, &checkTypedWindowEvent);
     watchRequests(XWindowSystem::getInstance()->getDisplay());
 }
 

@@ -50,9 +50,9 @@ std::optional<NativeKey> dispatchedKey();
 // are dispatched next. Call after every frame and with every refresh; costs next to nothing while there is nothing to
 // do. Does nothing without an X server.
 //
-// The toolkit reads events whenever it waits for an answer, and by itself sleeps on them until the server sends more: a
-// click that was read that way would be acted on with the next one. From when a peer's rate or keys are set they are
-// dispatched after each answer.
+// The toolkit reads events whenever it sends something or waits for an answer, and by itself sleeps on them until the
+// server sends more: a click that was read that way would be acted on with the next one. From when a peer's rate or
+// keys are set they are dispatched after each such call.
 void exchangeEvents();
 
 // Whether a Super key is held. Asks the X server.

@@ -10,9 +10,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double wakefulSeconds = 1; // after the last activity
-// Slower would cost less, but what Xlib has read while it sent something waits for the next refresh: not every way it
-// can come is known to be caught (NativePeer).
-constexpr int restHz = 6;
+constexpr int restHz = 1;
 
 } // namespace
 

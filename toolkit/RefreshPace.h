@@ -1,7 +1,7 @@
 // How often the toolkit's window refreshes: looks whether it has something to paint, and calls back.
 //
-// At the display's rate while something goes on, and six times a second when nothing has for one: these refreshes are
-// most of what an open editor costs while nobody looks at it. Little waits for a slow one. What a component draws by
+// At the display's rate while something goes on, and once a second when nothing has for one: these refreshes are most
+// of what an open editor costs while nobody looks at it. Little waits for a slow one. What a component draws by
 // itself it shows by itself; and whatever the server tells of the window, be it a key or that a part was uncovered,
 // ends the rest, as does the toolkit when it marks a part of the component.
 #pragma once
