@@ -2,6 +2,7 @@
 
 #include "platform/vector/VectorMath.h"
 #include "unit/dsp/DigitalSection.h"
+#include "unit/dsp/FilterMath.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "unit/dsp/AnalogSection.h"
-#include "unit/dsp/FilterMath.h"
+#include "unit/dsp/SvfCascade.h"
 
 #include <array>
 

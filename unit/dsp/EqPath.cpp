@@ -1,5 +1,7 @@
 #include "unit/dsp/EqPath.h"
 
+#include "unit/dsp/FilterMath.h"
+
 #include <algorithm>
 #include <cmath>
 

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "unit/dsp/Corrector.h"
-#include "unit/dsp/FilterMath.h"
 #include "unit/dsp/Stage.h"
+#include "unit/dsp/SvfCascade.h"
 
 #include <array>
 #include <cstddef>

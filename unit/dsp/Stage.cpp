@@ -1,6 +1,7 @@
 #include "unit/dsp/Stage.h"
 
 #include "unit/dsp/DigitalSection.h"
+#include "unit/dsp/FilterMath.h"
 
 #include <algorithm>
 #include <cmath>

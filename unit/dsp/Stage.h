@@ -6,7 +6,7 @@
 #include "unit/dsp/BothRemoved.h"
 #include "unit/dsp/Corrector.h"
 #include "unit/dsp/EqSettings.h"
-#include "unit/dsp/FilterMath.h"
+#include "unit/dsp/SvfCascade.h"
 
 #include <array>
 #include <cstddef>
