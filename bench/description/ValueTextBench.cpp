@@ -22,7 +22,7 @@ void BM_ValueString(benchmark::State& state) {
 }
 
 void BM_CueText(benchmark::State& state) {
-    const QVMParameter& output = *GetParameter(7);
+    const QVMParameter& output = *GetParameter(pidOutputGain);
     for (auto _ : state) {
         for (const float mark : output.displayTickmarks) {
             benchmark::DoNotOptimize(output.displayStringFromCueValue(mark));

@@ -48,9 +48,9 @@ void ours(benchmark::State& state) {
     for (auto _ : state) {
         if (moves) {
             const float phase = static_cast<float>(std::sin(6.2832 * (block++ % blocksRound) / blocksRound));
-            set(1, 6 + phase);
-            set(9, 60 + 10 * phase);
-            set(10, 12000 + 1000 * phase);
+            set(pidTiltGain, 6 + phase);
+            set(pidFilterRangeLow, 60 + 10 * phase);
+            set(pidFilterRangeHigh, 12000 + 1000 * phase);
         }
         unit.process(in, out, frames);
         benchmark::ClobberMemory();

@@ -17,7 +17,7 @@ void processBlock(benchmark::State& state) {
     const auto way = static_cast<Way>(state.range(1));
     QVM0015_AudioUnit unit;
     if (unit.prepare(48000, frames, 2, 2) != noErr) return state.SkipWithError("format refused");
-    unit.setParameter(0, kAudioUnitScope_Global, 0, way == switchedOff ? 0 : 1, 0);
+    unit.setParameter(pidMasterOnOff, kAudioUnitScope_Global, 0, way == switchedOff ? 0 : 1, 0);
     std::vector<Sample> left(frames), right(frames), outLeft(frames), outRight(frames);
     for (std::uint32_t i = 0; i < frames; ++i)
         left[i] = right[i] = static_cast<Sample>(std::sin(0.1 * i));
@@ -26,7 +26,7 @@ void processBlock(benchmark::State& state) {
     float gainDb = -3;
     for (auto _ : state) {
         // A new target every block keeps the gain moving.
-        if (way == ramping) unit.setParameter(7, kAudioUnitScope_Global, 0, gainDb = -9 - gainDb, 0);
+        if (way == ramping) unit.setParameter(pidOutputGain, kAudioUnitScope_Global, 0, gainDb = -9 - gainDb, 0);
         unit.process(in, out, frames);
         benchmark::DoNotOptimize(outLeft.data());
         benchmark::ClobberMemory();

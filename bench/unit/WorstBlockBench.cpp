@@ -46,20 +46,20 @@ void worstBlock(benchmark::State& state) {
         const bool leaps = storm == leaping && times.size() % 10 == 0;
         const float far = storm == leaping ? (leaps ? 1.0F : 0.0F) : 0.1F;
         if (far > 0) {
-            set(1, far * 18 * (uniform() * 2 - 1));
-            set(9, 60 * (1 + far * 50 * uniform()));
-            set(10, 12000 / (1 + far * 20 * uniform()));
-            set(14, 24 + far * 24 * uniform());
-            set(15, 6 + far * 12 * uniform());
-            set(21, 24 + far * 24 * uniform());
-            set(22, 6 + far * 12 * uniform());
+            set(pidTiltGain, far * 18 * (uniform() * 2 - 1));
+            set(pidFilterRangeLow, 60 * (1 + far * 50 * uniform()));
+            set(pidFilterRangeHigh, 12000 / (1 + far * 20 * uniform()));
+            set(pidFilterSlopeLow, 24 + far * 24 * uniform());
+            set(pidFilterResonanceLow, 6 + far * 12 * uniform());
+            set(pidFilterSlopeHigh, 24 + far * 24 * uniform());
+            set(pidFilterResonanceHigh, 6 + far * 12 * uniform());
         }
         if (times.empty() && storm == listening) {
-            set(13, 1);
-            set(20, 1);
+            set(pidFilterListenLow, 1);
+            set(pidFilterListenHigh, 1);
         }
         if (leaps) {
-            for (const std::uint32_t pid : {13U, 20U, 23U})
+            for (const std::uint32_t pid : {pidFilterListenLow, pidFilterListenHigh, pidHQMode})
                 set(pid, static_cast<float>(random() % 2));
         }
         const double start = threadMicroseconds();

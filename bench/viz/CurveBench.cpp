@@ -38,16 +38,16 @@ struct Display {
         canvas.scale = 2;
         sketch.init(canvas, 48000, 512);
         sketch.sizeStates(24);
-        set(1, s.gain);
-        set(2, s.low);
-        set(3, s.high);
-        set(6, s.mode);
-        set(9, s.lowOn ? s.lowCorner : 4);
-        set(10, s.highOn ? s.highCorner : 24000);
-        set(14, 6 * s.lowOrder);
-        set(15, s.lowReso);
-        set(21, 6 * s.highOrder);
-        set(22, s.highReso);
+        set(pidTiltGain, s.gain);
+        set(pidTiltRangeLow, s.low);
+        set(pidTiltRangeHigh, s.high);
+        set(pidTiltLoudnessMode, s.mode);
+        set(pidFilterRangeLow, s.lowOn ? s.lowCorner : 4);
+        set(pidFilterRangeHigh, s.highOn ? s.highCorner : 24000);
+        set(pidFilterSlopeLow, 6 * s.lowOrder);
+        set(pidFilterResonanceLow, s.lowReso);
+        set(pidFilterSlopeHigh, 6 * s.highOrder);
+        set(pidFilterResonanceHigh, s.highReso);
     }
     void set(std::size_t pid, double value) {
         sketch.parameterStates[pid].value = sketch.parameterStates[pid].displayValue = static_cast<float>(value);

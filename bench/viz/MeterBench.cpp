@@ -12,7 +12,7 @@ PBGLCanvas meterCanvas(float scale) {
     PBGLCanvas canvas;
     canvas.sketch = PB_Sketches[1];
     canvas.sid = canvas.sketch.sid;
-    canvas.parameter = PB_Parameters[7];
+    canvas.parameter = PB_Parameters[pidOutputGain];
     canvas.width = canvas.sketch.outer.w;
     canvas.height = canvas.sketch.outer.h;
     canvas.scale = scale;

@@ -72,7 +72,10 @@ TEST(Presets, ValuesOfEveryPreset) {
         ASSERT_EQ(values->size(), 23u);
         EXPECT_EQ(ShownValues(*values), kPresets[index].values) << index;
         EXPECT_EQ(values->at(0), 1) << "the master switch is on";
-        for (const std::size_t pid : {4, 5, 6, 7, 8, 11, 12, 13, 16, 17, 18, 19, 20})
+        for (const std::size_t pid :
+             {pidTiltRangeLink, pidTiltRangeLinkRatio, pidTiltLoudnessMode, pidOutputGain, pidMeterMode,
+              pidFilterRangeLink, pidFilterRangeLinkRatio, pidFilterListenLow, pidFilterSlopeLink,
+              pidFilterSlopeLinkRatio, pidFilterResonanceLink, pidFilterResonanceLinkRatio, pidFilterListenHigh})
             EXPECT_EQ(values->at(pid), 0);
     }
 }

@@ -1,8 +1,8 @@
 // A drawing object with a level meter and room for every parameter, as an editor of this product hands it to the unit.
 #pragma once
 
-#include "description/Description.h"
 #include "viz/sketches/QVM0015GLSketch.h"
+#include "viz/sketches/SketchFixture.h"
 
 #include <memory>
 
@@ -10,7 +10,7 @@ namespace QVM_NAMESPACE {
 
 inline std::unique_ptr<QVM0015GLSketch> makeDrawing() {
     auto drawing = std::make_unique<QVM0015GLSketch>();
-    drawing->init({PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1}, 44100, 512);
+    drawing->init(meterCanvas(1), 44100, 512);
     drawing->sizeStates(QVMParameterCount);
     return drawing;
 }

@@ -32,8 +32,8 @@ protected:
 };
 
 TEST_F(Unit, ASetParameterIsThereAtOnce) {
-    setParameter(1, 4.5F);
-    EXPECT_EQ(parameter(1), 4.5F);
+    setParameter(pidTiltGain, 4.5F);
+    EXPECT_EQ(parameter(pidTiltGain), 4.5F);
 }
 
 TEST_F(Unit, UnknownParametersScopesAndElementsGiveErrors) {
@@ -49,9 +49,9 @@ TEST_F(Unit, UnknownParametersScopesAndElementsGiveErrors) {
 }
 
 TEST_F(Unit, NaNFromTheHostIsRefused) {
-    setParameter(7, -3);
+    setParameter(pidOutputGain, -3);
     EXPECT_NE(AudioUnitSetParameter(&unit, 7, global, 0, std::nanf(""), 0), noErr);
-    EXPECT_EQ(parameter(7), -3.0F);
+    EXPECT_EQ(parameter(pidOutputGain), -3.0F);
 }
 
 TEST_F(Unit, PlaysAtOnceWithTheFormatItIsMadeWith) {
@@ -77,7 +77,7 @@ TEST_F(Unit, FormatsThatAreNotSupportedChangeNothing) {
 }
 
 TEST_F(Unit, OutputGainIsHeard) {
-    setParameter(7, -6.0205999F);
+    setParameter(pidOutputGain, -6.0205999F);
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
     const std::vector<float> dry = signals::tone<float>(4800, 1000, 0.5), wet = processedTone();
     for (std::size_t i = 0; i < wet.size(); ++i)
@@ -85,34 +85,34 @@ TEST_F(Unit, OutputGainIsHeard) {
 }
 
 TEST_F(Unit, TheLowestOutputGainIsSilence) {
-    setParameter(7, -96);
+    setParameter(pidOutputGain, -96);
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
     EXPECT_EQ(processedTone(), std::vector<float>(4800));
 }
 
 TEST_F(Unit, TheMasterSwitchTurnsTheGainOff) {
-    setParameter(7, 12);
-    setParameter(0, 0);
+    setParameter(pidOutputGain, 12);
+    setParameter(pidMasterOnOff, 0);
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
     EXPECT_EQ(processedTone(), signals::tone<float>(4800, 1000, 0.5));
 }
 
 TEST_F(Unit, AnyMasterValueButZeroIsOn) {
-    setParameter(7, -96);
-    setParameter(0, 0.3F);
+    setParameter(pidOutputGain, -96);
+    setParameter(pidMasterOnOff, 0.3F);
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
     EXPECT_EQ(processedTone(), std::vector<float>(4800));
 }
 
 TEST_F(Unit, PrepareStartsWithoutARamp) {
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
-    setParameter(7, -96);
+    setParameter(pidOutputGain, -96);
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
     EXPECT_EQ(processedTone(480), std::vector<float>(480));
 }
 
 TEST_F(Unit, DoublePrecisionBlocksAreProcessedToo) {
-    setParameter(7, 6);
+    setParameter(pidOutputGain, 6);
     ASSERT_EQ(unit.prepare(48000, 480, 1, 1), noErr);
     std::vector<double> signal = signals::tone<double>(1000, 1000, 0.5);
     const std::vector<double> dry = signal;

@@ -57,7 +57,7 @@ TEST(Realtime, PostingToAnEditorNeitherAllocatesNorLocks) {
             AudioUnitSetParameter(&unit, pid, kAudioUnitScope_Global, 0, 5, 0);
     });
     EXPECT_FALSE(seen.any()) << seen;
-    EXPECT_EQ(state.glide.parameterStates[1].value, 5);
+    EXPECT_EQ(state.glide.parameterStates[pidTiltGain].value, 5);
     std::vector<float> in = signals::tone<float>(5000, 1000, 0.5);
     float* channels[] = {in.data(), in.data()};
     unit.process(channels, channels, 5000);

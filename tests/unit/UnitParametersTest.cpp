@@ -16,7 +16,8 @@ TEST(UnitParameters, StartAtTheInitialValuesInTheHostDomain) {
         const QVMParameter& description = *GetParameter(pid);
         EXPECT_EQ(parameters.value(pid), description.reverseCastValue(description.initialValue)) << pid;
     }
-    EXPECT_NEAR(parameters.value(2), std::log(2.0F) * 3082.2703F + 10, 0.01F) << "20 Hz is not 20 for the host";
+    EXPECT_NEAR(parameters.value(pidTiltRangeLow), std::log(2.0F) * 3082.2703F + 10, 0.01F)
+        << "20 Hz is not 20 for the host";
 }
 
 TEST(UnitParameters, StoreEveryValueOfTheRangeAsItIs) {
@@ -34,16 +35,17 @@ TEST(UnitParameters, StoreEveryValueOfTheRangeAsItIs) {
 
 TEST(UnitParameters, ValuesOutsideTheRangeBecomeItsEnds) {
     UnitParameters parameters;
-    EXPECT_EQ(parameters.set(1, 100), noErr);
-    EXPECT_EQ(parameters.value(1), 18.0F);
-    EXPECT_EQ(parameters.set(1, -100), noErr);
-    EXPECT_EQ(parameters.value(1), -18.0F);
+    EXPECT_EQ(parameters.set(pidTiltGain, 100), noErr);
+    EXPECT_EQ(parameters.value(pidTiltGain), 18.0F);
+    EXPECT_EQ(parameters.set(pidTiltGain, -100), noErr);
+    EXPECT_EQ(parameters.value(pidTiltGain), -18.0F);
     EXPECT_FALSE(parameters.holds(1, 18.5F));
 }
 
 TEST(UnitParameters, TheRangeLinksKeepTheirInitialValueBelowTheirRange) {
     UnitParameters parameters;
-    for (const std::uint32_t pid : {4U, 5U, 11U, 12U}) {
+    for (const std::uint32_t pid :
+         {pidTiltRangeLink, pidTiltRangeLinkRatio, pidFilterRangeLink, pidFilterRangeLinkRatio}) {
         EXPECT_EQ(parameters.set(pid, 1), noErr);
         EXPECT_EQ(parameters.value(pid), 1.0F) << pid;
         EXPECT_TRUE(parameters.holds(pid, 0));
@@ -52,11 +54,11 @@ TEST(UnitParameters, TheRangeLinksKeepTheirInitialValueBelowTheirRange) {
 
 TEST(UnitParameters, NaNAndInfinityAreRefused) {
     UnitParameters parameters;
-    const float before = parameters.value(7);
+    const float before = parameters.value(pidOutputGain);
     for (const float bad : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
                             -std::numeric_limits<float>::infinity()}) {
-        EXPECT_NE(parameters.set(7, bad), noErr);
-        EXPECT_EQ(parameters.value(7), before);
+        EXPECT_NE(parameters.set(pidOutputGain, bad), noErr);
+        EXPECT_EQ(parameters.value(pidOutputGain), before);
         EXPECT_FALSE(parameters.holds(7, bad));
     }
 }

@@ -176,7 +176,7 @@ protected:
 };
 
 TEST_F(UnitSavesAndRestores, EverythingThatIsSavedComesBackInAnotherUnit) {
-    for (std::uint32_t pid = 0; pid < 24; ++pid) {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         AudioUnitSetParameter(&unit, pid, kAudioUnitScope_Global, 0, 10.5F + float(pid), 0);
     }
     const std::string name = "Sub Love", settings = "1;2;3";
@@ -192,7 +192,7 @@ TEST_F(UnitSavesAndRestores, EverythingThatIsSavedComesBackInAnotherUnit) {
     ASSERT_NE(other.saveState(), saved);
     ASSERT_EQ(other.restoreState(saved), UnitStateResult::ok);
     EXPECT_EQ(other.saveState(), saved);
-    for (std::uint32_t pid = 0; pid < 24; ++pid) {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         float here = 0, there = 1;
         AudioUnitGetParameter(&unit, pid, 0, 0, &here);
         AudioUnitGetParameter(&other, pid, 0, 0, &there);

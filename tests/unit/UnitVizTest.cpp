@@ -38,14 +38,14 @@ protected:
 
 TEST_F(UnitViz, AChangeOfTheHostsIsPostedWithNoAudio) {
     AudioUnitSetParameter(&unit, 1, 0, 0, -4, 0);
-    EXPECT_EQ(drawing->parameterStates[1].value, -4);
+    EXPECT_EQ(drawing->parameterStates[pidTiltGain].value, -4);
 }
 
 TEST_F(UnitViz, ARestoredStateIsPosted) {
     QVM0015_AudioUnit other;
     AudioUnitSetParameter(&other, 1, 0, 0, 9, 0);
     ASSERT_EQ(unit.restoreState(other.saveState()), UnitStateResult::ok);
-    EXPECT_EQ(drawing->parameterStates[1].value, 9);
+    EXPECT_EQ(drawing->parameterStates[pidTiltGain].value, 9);
 }
 
 TEST_F(UnitViz, TheMeterShowsTheOutput) {
@@ -61,7 +61,7 @@ TEST_F(UnitViz, TheMeterShowsTheOutput) {
 
 TEST_F(UnitViz, AResetClearsWhatTheUserSees) {
     play(1, 512);
-    const PBGLCanvas canvas = {PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1};
+    const PBGLCanvas canvas = meterCanvas(1);
     drawing->prepareForDrawing(canvas, 0.1f);
     QVMLevelMeter::Channel& left = drawing->levelMeter()->channel(0);
     ASSERT_GT(left.clip, 0.9f);
@@ -133,7 +133,7 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
 TEST_F(UnitViz, NoChangeIsLeftBehindByThreadsThatMeet) {
     for (int round = 0; round < 200; ++round) {
         std::vector<std::thread> writers;
-        for (std::uint32_t pid : {1u, 7u, 15u}) {
+        for (std::uint32_t pid : {pidTiltGain, pidOutputGain, pidFilterResonanceLow}) {
             writers.emplace_back([this, pid, round] {
                 for (int i = 0; i <= 20; ++i)
                     AudioUnitSetParameter(&unit, pid, 0, 0, static_cast<float>((round + i) % 10), 0);
@@ -141,7 +141,7 @@ TEST_F(UnitViz, NoChangeIsLeftBehindByThreadsThatMeet) {
         }
         for (std::thread& writer : writers)
             writer.join();
-        for (const std::uint32_t pid : {1u, 7u, 15u}) {
+        for (const std::uint32_t pid : {pidTiltGain, pidOutputGain, pidFilterResonanceLow}) {
             float now = 0;
             AudioUnitGetParameter(&unit, pid, 0, 0, &now);
             ASSERT_EQ(drawing->parameterStates[pid].value, GetParameter(pid)->heldValueFromHostValue(now));

@@ -64,7 +64,7 @@ TEST(Loudness, ModeAutoKeepsTheWeightedLevelOfPinkNoiseForEveryPreset) {
 TEST(Loudness, ModeTrebleDoesNotKeepIt) {
     ShownValues values = presetValues(1);
     const double matched = weightedLevel(values);
-    values[6] = QVMTiltEQ_LoudnessNone;
+    values[pidTiltLoudnessMode] = QVMTiltEQ_LoudnessNone;
     EXPECT_GT(std::abs(weightedLevel(values) - matched), 2);
 }
 

@@ -65,7 +65,7 @@ protected:
 
     // The largest difference from the display's curve where that is not too faint.
     void measure(ShownValues values, Worst& worst) const {
-        values[23] = GetParam().isHigh ? 1 : 0;
+        values[pidHQMode] = GetParam().isHigh ? 1 : 0;
         const Curve curve = curveOf(values);
         const Response response(values, GetParam().rateHz);
         const double allowed = isWhole(values) ? closely : fractionally;
@@ -166,12 +166,12 @@ TEST(Response, Table) {
 // The negative control: plain and high quality do differ where only one of them is held to the curve.
 TEST(Response, OnlyHighQualityHoldsTheTopOctaveAtTheLowestRate) {
     ShownValues values = initialValues();
-    values[10] = 20000;
-    values[21] = 48;
+    values[pidFilterRangeHigh] = 20000;
+    values[pidFilterSlopeHigh] = 48;
     const Curve curve = curveOf(values, 2000);
     double normal = 0, high = 0;
     for (const bool isHigh : {false, true}) {
-        values[23] = isHigh ? 1 : 0;
+        values[pidHQMode] = isHigh ? 1 : 0;
         const Response response(values, 44100);
         for (std::size_t i = 0; i < curve.hertz.size(); ++i) {
             if (curve.hertz[i] < 16000 || curve.hertz[i] > 20000) continue;
@@ -191,9 +191,9 @@ TEST_P(ListenAt, OneFilterSoundsLikeTheSecondCurve) {
     Worst worst;
     for (int i = 0; i < 40; ++i) {
         ShownValues values = randomValues(random);
-        values[23] = GetParam().isHigh ? 1 : 0;
+        values[pidHQMode] = GetParam().isHigh ? 1 : 0;
         values[i % 2 ? 13 : 20] = 1;
-        const bool isOn = i % 2 ? values[9] > 4.0F : values[10] < 24000.0F;
+        const bool isOn = i % 2 ? values[pidFilterRangeLow] > 4.0F : values[pidFilterRangeHigh] < 24000.0F;
         const Curve curve = curveOf(values);
         const Response response(values, GetParam().rateHz);
         for (std::size_t k = 0; k < curve.hertz.size(); ++k) {
@@ -220,10 +220,11 @@ TEST_P(ListenAt, BothFiltersSoundLikeTheSecondCurve) {
         const auto hertz = [&](double low, double high) {
             return static_cast<float>(low * std::pow(high / low, static_cast<double>(random() % 1000) / 1000));
         };
-        values[9] = hertz(4.2, 12000);
-        values[10] = i % 2 ? hertz(12, 23900) : std::clamp(values[9] * hertz(0.5, 16), 12.0F, 23900.0F);
-        values[13] = values[20] = 1;
-        values[23] = GetParam().isHigh ? 1 : 0;
+        values[pidFilterRangeLow] = hertz(4.2, 12000);
+        values[pidFilterRangeHigh] =
+            i % 2 ? hertz(12, 23900) : std::clamp(values[pidFilterRangeLow] * hertz(0.5, 16), 12.0F, 23900.0F);
+        values[pidFilterListenLow] = values[pidFilterListenHigh] = 1;
+        values[pidHQMode] = GetParam().isHigh ? 1 : 0;
         const Curve curve = curveOf(values);
         const Response response(values, GetParam().rateHz);
         Worst own;

@@ -43,16 +43,17 @@ inline ShownValues randomValues(std::mt19937& random) {
     const auto slope = [&] { return static_cast<float>(random() % 2 ? std::ceil(uniform(0, 8)) * 6 : uniform(6, 48)); };
     const auto resonance = [&] { return random() % 2 ? static_cast<float>(uniform(0, 18)) : 0.0F; };
     ShownValues values = initialValues();
-    values[1] = static_cast<float>(uniform(-18, 18));
-    values[2] = hertz(10, 12000);
-    values[3] = hertz(2 * static_cast<double>(values[2]), 24000);
-    values[6] = static_cast<float>(random() % 4);
-    if (random() % 3) values[9] = hertz(4.2, 12000);
-    if (random() % 3) values[10] = hertz(std::max(8.0, 2 * static_cast<double>(values[9])), 23990);
-    values[14] = slope();
-    values[15] = resonance();
-    values[21] = slope();
-    values[22] = resonance();
+    values[pidTiltGain] = static_cast<float>(uniform(-18, 18));
+    values[pidTiltRangeLow] = hertz(10, 12000);
+    values[pidTiltRangeHigh] = hertz(2 * static_cast<double>(values[pidTiltRangeLow]), 24000);
+    values[pidTiltLoudnessMode] = static_cast<float>(random() % 4);
+    if (random() % 3) values[pidFilterRangeLow] = hertz(4.2, 12000);
+    if (random() % 3)
+        values[pidFilterRangeHigh] = hertz(std::max(8.0, 2 * static_cast<double>(values[pidFilterRangeLow])), 23990);
+    values[pidFilterSlopeLow] = slope();
+    values[pidFilterResonanceLow] = resonance();
+    values[pidFilterSlopeHigh] = slope();
+    values[pidFilterResonanceHigh] = resonance();
     return values;
 }
 

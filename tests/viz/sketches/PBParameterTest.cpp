@@ -35,9 +35,9 @@ TEST(PBParameters, RepeatTheDescription) {
 
 class MeterTrack : public testing::Test {
 protected:
-    const QVMParameter& parameter = *GetParameter(7);
+    const QVMParameter& parameter = *GetParameter(pidOutputGain);
     QVMVerticalSlider slider{{0, 0, parameter.controlFrame.width, parameter.controlFrame.height}, parameter};
-    const PBRect& track = PB_Parameters[7].track;
+    const PBRect& track = PB_Parameters[pidOutputGain].track;
 };
 
 TEST_F(MeterTrack, AValueStandsAtTheSameHeightOnMeterAndSlider) {

@@ -73,7 +73,7 @@ TEST_F(QVMParameterSketchTest, AFrameThatArrivesAfterTheLinkStoppedIsDropped) {
 TEST_F(QVMParameterSketchTest, TellsItsDelegateTheStatesOnceAFrame) {
     Reader reader;
     view.setDelegate(&reader);
-    object().parameterStates[1].value = 4.5f;
+    object().parameterStates[pidTiltGain].value = 4.5f;
     frame();
     EXPECT_EQ(reader.frames, 1);
     EXPECT_EQ(reader.tiltGain, 4.5f);
@@ -147,7 +147,7 @@ TEST_F(QVMParameterSketchTest, AFrameThatIsAskedForAtRestComesWithTheNextTick) {
         frame();
     for (int i = 0; i < 3; ++i) {
         const int before = reader.frames;
-        object().parameterStates[1].value = static_cast<float>(i);
+        object().parameterStates[pidTiltGain].value = static_cast<float>(i);
         object().requestFrame();
         frame();
         EXPECT_EQ(reader.frames, before + 1);

@@ -69,7 +69,7 @@ TEST(QVMSketchGLLayer, BuildsItsCanvasFromItsSketchAndSize) {
     const PBGLCanvas& canvas = object->canvases[0];
     EXPECT_EQ(canvas.sid, 1u);
     EXPECT_EQ(canvas.sketch, PB_Sketches[1]);
-    EXPECT_EQ(canvas.parameter, PB_Parameters[7]);
+    EXPECT_EQ(canvas.parameter, PB_Parameters[pidOutputGain]);
     EXPECT_EQ(canvas.width, 97);
     EXPECT_EQ(canvas.height, 217);
     EXPECT_EQ(canvas.scale, 2);

@@ -2,6 +2,8 @@
 // alone: what the curve is measured against.
 #pragma once
 
+#include "description/ParameterIDs.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,10 +11,10 @@
 #include <numbers>
 #include <vector>
 
-namespace reference {
+namespace QVM_NAMESPACE::reference {
 
 // By parameter number, in the shown domain.
-using Settings = std::array<double, 24>;
+using Settings = std::array<double, QVMParameterCount>;
 
 struct Response {
     std::vector<double> frequency; // hertz
@@ -54,8 +56,8 @@ inline Response evaluate(const Settings& s, int points) {
         result.frequency.push_back(4 * std::exp(ratio * i / (points - 1)));
     }
 
-    const double g = s[1], gain = 2 * g, m = std::max(std::abs(gain), 12.0);
-    const double low = s[2], high = std::max(s[3], 2 * low);
+    const double g = s[pidTiltGain], gain = 2 * g, m = std::max(std::abs(gain), 12.0);
+    const double low = s[pidTiltRangeLow], high = std::max(s[pidTiltRangeHigh], 2 * low);
     const double e = std::pow(10, -m / 20);
     const double p = std::log(1 / (e * e) - 1) / std::log(high / low);
     const double k = 1 / (std::pow(high / low, p) + 1);
@@ -64,11 +66,16 @@ inline Response evaluate(const Settings& s, int points) {
         return std::pow(std::sqrt(k * std::sqrt(1 / (b + 1)) + 1 / (a + 1)), gain / -m);
     };
 
-    const bool lowOn = s[9] > 4, highOn = s[10] < 24000;
-    const auto highPass = [&](double f) { return lowOn ? 1 / std::sqrt(1 + std::pow(s[9] / f, 2 * s[14] / 6)) : 1.0; };
-    const auto lowPass = [&](double f) { return highOn ? 1 / std::sqrt(1 + std::pow(f / s[10], 2 * s[21] / 6)) : 1.0; };
+    const bool lowOn = s[pidFilterRangeLow] > 4, highOn = s[pidFilterRangeHigh] < 24000;
+    const auto highPass = [&](double f) {
+        return lowOn ? 1 / std::sqrt(1 + std::pow(s[pidFilterRangeLow] / f, 2 * s[pidFilterSlopeLow] / 6)) : 1.0;
+    };
+    const auto lowPass = [&](double f) {
+        return highOn ? 1 / std::sqrt(1 + std::pow(f / s[pidFilterRangeHigh], 2 * s[pidFilterSlopeHigh] / 6)) : 1.0;
+    };
 
-    const int mode = s[6] >= 0 && s[6] < 4 ? static_cast<int>(s[6]) : 0;
+    const int mode =
+        s[pidTiltLoudnessMode] >= 0 && s[pidTiltLoudnessMode] < 4 ? static_cast<int>(s[pidTiltLoudnessMode]) : 0;
     double compensation = 0;
     if (mode == 0) {
         double flat = 0, tilted = 0;
@@ -84,12 +91,14 @@ inline Response evaluate(const Settings& s, int points) {
     result.reference = -compensation - g;
     result.axis = std::max(7.5, std::abs(g) + 1.5);
 
-    const bool listenLow = s[13] == 1, listenHigh = s[20] == 1;
+    const bool listenLow = s[pidFilterListenLow] == 1, listenHigh = s[pidFilterListenHigh] == 1;
     for (const double f : result.frequency) {
         const double tilted = decibels(tilt(f)) - g;
         double total = tilted + decibels(highPass(f)) + decibels(lowPass(f));
-        if (highOn && s[22] > 0) total += resonance(f, s[10], s[22], s[21] / 6);
-        if (lowOn && s[15] > 0) total += resonance(f, s[9], s[15], s[14] / 6);
+        if (highOn && s[pidFilterResonanceHigh] > 0)
+            total += resonance(f, s[pidFilterRangeHigh], s[pidFilterResonanceHigh], s[pidFilterSlopeHigh] / 6);
+        if (lowOn && s[pidFilterResonanceLow] > 0)
+            total += resonance(f, s[pidFilterRangeLow], s[pidFilterResonanceLow], s[pidFilterSlopeLow] / 6);
         result.total.push_back(total);
         if (!listenLow && !listenHigh) continue;
         const double kept = (listenLow ? highPass(f) : 1) * (listenHigh ? lowPass(f) : 1);
@@ -98,4 +107,4 @@ inline Response evaluate(const Settings& s, int points) {
     return result;
 }
 
-} // namespace reference
+} // namespace QVM_NAMESPACE::reference

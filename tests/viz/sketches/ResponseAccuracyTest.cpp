@@ -32,8 +32,8 @@ class ResponseAccuracy : public testing::Test {
 protected:
     // `listens`: 1 for the low filter, 2 for the high one, 3 for both.
     void compare(Settings settings, int listens) {
-        settings[13] = listens & 1;
-        settings[20] = listens >> 1;
+        settings[pidFilterListenLow] = listens & 1;
+        settings[pidFilterListenHigh] = listens >> 1;
         setSettings(*sketch, settings);
         calculate(*sketch);
         const reference::Response expected = reference::evaluate(settings, sketch->numPoints());
@@ -59,7 +59,7 @@ TEST_F(ResponseAccuracy, EveryFactoryPresetInEveryLoudnessModeAndListen) {
     for (std::uint32_t preset = 0; preset < QVMPresetCount; ++preset) {
         Settings settings = presetSettings(preset);
         for (int mode = 0; mode < 4; ++mode) {
-            settings[6] = mode;
+            settings[pidTiltLoudnessMode] = mode;
             for (int listens = 0; listens < 4; ++listens)
                 compare(settings, listens);
         }
@@ -78,16 +78,16 @@ TEST_F(ResponseAccuracy, HundredsOfRandomSettings) {
     };
     for (int i = 0; i < 1000; ++i) {
         Settings settings = initialSettings();
-        settings[1] = static_cast<float>(between(-18, 18));
-        settings[2] = frequency(10);
-        settings[3] = frequency(10);
-        settings[6] = i % 4;
-        settings[9] = i % 5 ? frequency(4) : 4;
-        settings[10] = i % 7 ? frequency(4) : 24000;
-        settings[14] = static_cast<float>(between(6, 48));
-        settings[21] = static_cast<float>(between(6, 48));
-        settings[15] = i % 3 ? static_cast<float>(between(0, 18)) : 0;
-        settings[22] = i % 2 ? static_cast<float>(between(0, 18)) : 0;
+        settings[pidTiltGain] = static_cast<float>(between(-18, 18));
+        settings[pidTiltRangeLow] = frequency(10);
+        settings[pidTiltRangeHigh] = frequency(10);
+        settings[pidTiltLoudnessMode] = i % 4;
+        settings[pidFilterRangeLow] = i % 5 ? frequency(4) : 4;
+        settings[pidFilterRangeHigh] = i % 7 ? frequency(4) : 24000;
+        settings[pidFilterSlopeLow] = static_cast<float>(between(6, 48));
+        settings[pidFilterSlopeHigh] = static_cast<float>(between(6, 48));
+        settings[pidFilterResonanceLow] = i % 3 ? static_cast<float>(between(0, 18)) : 0;
+        settings[pidFilterResonanceHigh] = i % 2 ? static_cast<float>(between(0, 18)) : 0;
         compare(settings, i / 4 % 4);
     }
     RecordProperty("largest", std::to_string(largest));
@@ -99,13 +99,13 @@ TEST_F(ResponseAccuracy, TheEndsOfEveryRange) {
             for (const double lowSlope : {6.0, 48.0}) {
                 for (const double lowCorner : {4.1, 23999.0}) {
                     Settings settings = initialSettings();
-                    settings[1] = gain;
-                    settings[2] = low;
-                    settings[3] = low;
-                    settings[9] = lowCorner;
-                    settings[10] = 24004.0 - lowCorner;
-                    settings[14] = settings[21] = lowSlope;
-                    settings[15] = settings[22] = 18;
+                    settings[pidTiltGain] = gain;
+                    settings[pidTiltRangeLow] = low;
+                    settings[pidTiltRangeHigh] = low;
+                    settings[pidFilterRangeLow] = lowCorner;
+                    settings[pidFilterRangeHigh] = 24004.0 - lowCorner;
+                    settings[pidFilterSlopeLow] = settings[pidFilterSlopeHigh] = lowSlope;
+                    settings[pidFilterResonanceLow] = settings[pidFilterResonanceHigh] = 18;
                     for (std::size_t pid = 0; pid < settings.size(); ++pid)
                         settings[pid] = static_cast<float>(settings[pid]);
                     for (int listens = 0; listens < 4; ++listens)
@@ -118,9 +118,9 @@ TEST_F(ResponseAccuracy, TheEndsOfEveryRange) {
 
 TEST_F(ResponseAccuracy, HoldsForEveryNumberOfPoints) {
     Settings settings = initialSettings();
-    settings[1] = 9.5f;
-    settings[9] = 120;
-    settings[15] = 12;
+    settings[pidTiltGain] = 9.5f;
+    settings[pidFilterRangeLow] = 120;
+    settings[pidFilterResonanceLow] = 12;
     for (const int points : {2, 3, 7, 54, 109, 1080}) {
         sketch = makeCurve(points);
         ASSERT_EQ(sketch->numPoints(), points);
@@ -131,7 +131,7 @@ TEST_F(ResponseAccuracy, HoldsForEveryNumberOfPoints) {
 // The comparison itself must notice a curve that is a little off, or shifted by one point.
 TEST_F(ResponseAccuracy, TheComparisonNoticesAWrongCurve) {
     Settings settings = initialSettings();
-    settings[1] = 6;
+    settings[pidTiltGain] = 6;
     setSettings(*sketch, settings);
     calculate(*sketch);
     const reference::Response expected = reference::evaluate(settings, 108);

@@ -13,12 +13,12 @@ inline PBGLCanvas curveCanvas(float width = 54, float height = 62, float scale =
     return {PBSketchResponseCurve, PB_Sketches[0], {}, width, height, scale};
 }
 
+// The meter as it stands in the editor, in points.
 inline PBGLCanvas meterCanvas(float scale = 2) {
-    return {PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, scale};
+    return {PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[pidOutputGain], 97, 217, scale};
 }
 
-// Every parameter at its initial value.
-// A response curve's object over `points` frequencies at scale 1.
+// A response curve's object over `points` frequencies at scale 1, all parameters at 0.
 inline std::unique_ptr<QVM0015GLSketch> makeCurve(int points) {
     auto sketch = std::make_unique<QVM0015GLSketch>();
     sketch->init(curveCanvas(static_cast<float>(points), 62, 1), 44100, 512);
