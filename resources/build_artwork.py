@@ -198,7 +198,7 @@ def write_artwork(pictures):
     for name, path in pictures:
         text = base64.b64encode(path.read_bytes()).decode()
         lines += ["", f"const char* const {name} ="]
-        lines += [f'    "{text[i:i + 108]}"' for i in range(0, len(text), 108)]
+        lines += [f'    "{text[i:i + 112]}"' for i in range(0, len(text), 112)]
         lines[-1] += ";"
     lines += ["", "} // namespace artwork", "} // namespace QVM_NAMESPACE", "// clang-format on", ""]
     ARTWORK.parent.mkdir(parents=True, exist_ok=True)
