@@ -70,6 +70,24 @@ TEST_F(AudioUnitListeners, AGestureEndsTheWaitForTheInterval) {
     EXPECT_EQ(ear.heard, (Heard{"value 1 = 0.1", "value 1 = 0.2", "end 1"}));
 }
 
+// The round that was due before the gesture's own does not come any more.
+TEST_F(AudioUnitListeners, AGestureBeginsTheIntervalAnew) {
+    Ear& ear = eventListener(AUEventDelivery::queued, 0.1F);
+    set(1, 0.1F);
+    time.settle();
+    time.advance(0.02);
+    set(1, 0.2F);
+    time.advance(0.03);
+    notify(2, 1);
+    time.settle();
+    EXPECT_EQ(ear.heard, (Heard{"value 1 = 0.1", "value 1 = 0.2", "end 1"}));
+    set(1, 0.3F);
+    time.advance(0.07);
+    EXPECT_EQ(ear.heard.size(), 3U) << "the next round is a whole interval after the gesture's";
+    time.advance(0.04);
+    EXPECT_EQ(ear.heard.back(), "value 1 = 0.3");
+}
+
 TEST_F(AudioUnitListeners, ImmediateDeliveryHappensBeforeTheCallReturns) {
     Ear& ear = eventListener(AUEventDelivery::immediate);
     notify(1, 1);

@@ -107,6 +107,10 @@ TEST(AnimationTest, InterpolatesEachKindOfValue) {
     EXPECT_EQ(interpolate(Color{0, 0, 0, 0}, Color{1, 0.5f, 0, 1}, 0.5), AnimatableValue(Color{0.5f, 0.25f, 0, 0.5f}));
 }
 
+TEST(AnimationTest, EndsExactlyWhereItGoesHoweverFarItCame) {
+    EXPECT_EQ(interpolate(1e16, 1.0, 1), AnimatableValue(1.0)) << "their difference is rounded";
+}
+
 TEST(AnimationTest, OfDifferentKindsTheSecondCounts) {
     EXPECT_EQ(interpolate(1.0, Point{4, 0}, 0.25), AnimatableValue(Point{4, 0}));
     EXPECT_EQ(interpolate(1.0, Point{4, 0}, 0), AnimatableValue(Point{4, 0}));

@@ -117,5 +117,23 @@ TEST_F(LayerRendererAnimationTest, CompletionsRunEvenForWhatIsHiddenAndMayChange
     EXPECT_EQ(asked, 0); // it was part of this update
 }
 
+TEST_F(LayerRendererAnimationTest, WhatNobodySeesMarchesWithoutFrames) {
+    BasicAnimation march;
+    march.duration = 1;
+    const auto ants = addMarchingAnts(march);
+    update();
+    EXPECT_TRUE(renderer.isAnimating());
+    ants->setHidden(true);
+    update();
+    EXPECT_FALSE(renderer.isAnimating());
+    ants->setHidden(false);
+    root->setHidden(true);
+    update();
+    EXPECT_FALSE(renderer.isAnimating());
+    root->setHidden(false);
+    update();
+    EXPECT_TRUE(renderer.isAnimating());
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -75,5 +75,14 @@ TEST_F(WindowPointerTest, PushedCursorHidesTheViewsOwn) {
                 ElementsAre(Cursor::pointingHand, Cursor::closedHand, Cursor::none, Cursor::closedHand, Cursor::arrow));
 }
 
+TEST_F(WindowPointerTest, NewHostShowsAnArrowUntilItIsToldOtherwise) {
+    a->setCursor(Cursor::pointingHand);
+    send(EventType::mouseMoved, {10, 10});
+    RecordingHost other;
+    window->setHost(&other);
+    EXPECT_THAT(other.cursors, ElementsAre(Cursor::pointingHand));
+    window->setHost(nullptr);
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE
