@@ -1,6 +1,7 @@
 // The master switch as a cross-fade between the unprocessed and the processed signal.
 //
-// Render thread only. At either end nothing is mixed, so that the switched-off unit passes samples bit for bit.
+// Render thread; `prepare` while nothing renders. At either end nothing is mixed, so that the switched-off unit passes
+// samples bit for bit.
 #pragma once
 
 #include "unit/GainRamp.h"

@@ -1,6 +1,7 @@
 // A gain that moves to its target in a straight line, sample by sample, so that no change of it clicks.
 //
-// Render thread only. At rest it is exactly its target: unity gain leaves every sample as it is.
+// Render thread; `prepare` while nothing renders. At rest it is exactly its target: unity gain leaves every sample as
+// it is.
 #pragma once
 
 #include "BuildNamespace.h"

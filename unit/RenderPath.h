@@ -37,8 +37,9 @@ public:
     void prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_t chanOut, const RenderSettings& settings);
 
     // `in` and `out` hold a pointer for each channel of the prepared configuration. A missing input is silence, a
-    // missing output is left out. An output channel without an input of its own gets the last input. While the master
-    // switch is on, a sample that is no finite number counts as silence.
+    // missing output is left out. An output channel without an input of its own gets the last input. To the
+    // equaliser, and in the processed signal, a sample that is no finite number is silence; a unit that is switched off
+    // passes it on.
     template <class Sample>
     void process(const Sample* const* in, Sample* const* out, std::uint32_t frames, const RenderSettings& settings);
 

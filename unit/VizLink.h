@@ -3,7 +3,8 @@
 // Whoever changes a parameter posts it at once, so that an editor also follows a host that plays no audio; the render
 // thread posts its levels, and what another thread had to leave behind. A flag says that a thread is inside the state.
 // The one that finds it set goes on without waiting, and the one inside takes over what came meanwhile. Only who
-// exchanges the state waits for the flag, so that it may be destroyed as soon as it was given up here.
+// exchanges the state or resets its levels waits for the flag: so a state may be destroyed as soon as it was given up
+// here.
 #pragma once
 
 #include "description/ParameterIDs.h"
@@ -35,11 +36,12 @@ public:
     SharedState* state() const { return state_.load(); }
 
     // After a parameter was stored: posts it in the shown domain, as the editor reads the unit. Any thread, the render
-    // thread too; never waits. Nothing happens for a value that is posted already.
+    // thread too; never waits. A value that is posted already starts no glide; a frame is asked for all the same.
     void parameterChanged(std::uint32_t pid) { post(std::uint32_t{1} << pid); }
     void allParametersChanged() { post(everyPid); }
     // The peaks of one block that lasts `seconds`, an amplitude for each output; a single one stands for both channels
-    // of the meter. Levels that find the state in use are kept for the next block. Render thread; never waits.
+    // of the meter. Levels that find the state in use are kept for the next block. Render thread, or who prepares the
+    // unit while nothing renders; never waits.
     void postLevels(std::span<const float> peaks, double seconds);
     // Has the meter forget what it shows, and what is kept for it. Any thread but the render thread.
     void resetLevels();

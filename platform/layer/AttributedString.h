@@ -1,4 +1,4 @@
-// Styled text: a list of runs, each with one font and one colour, set on one baseline.
+// Styled text: a list of runs, each with one font and one colour, set on one baseline. A plain value; any thread.
 #pragma once
 
 #include "platform/layer/Font.h"
@@ -27,16 +27,19 @@ struct AttributedString {
     AttributedString(std::string text, Font font, Color color) {
         runs.push_back({std::move(text), std::move(font), color, 0, 0});
     }
+    // The other one's runs come behind these, each as it is: equal neighbours are not joined.
     AttributedString& append(const AttributedString& other) {
         runs.insert(runs.end(), other.runs.begin(), other.runs.end());
         return *this;
     }
+    // The text of all runs without their style, UTF-8.
     std::string string() const {
         std::string all;
         for (const TextRun& run : runs)
             all += run.text;
         return all;
     }
+    // There is no character to show, though there may be runs.
     bool isEmpty() const {
         return std::all_of(runs.begin(), runs.end(), [](const TextRun& run) { return run.text.empty(); });
     }

@@ -1,4 +1,5 @@
-// An outline made of lines, curves and closed figures, in the coordinates of the layer that shows it.
+// An outline made of lines, curves and closed figures, in the coordinates of the layer that shows it (points). A plain
+// value; any thread.
 #pragma once
 
 #include "geometry/Geometry.h"
@@ -35,6 +36,7 @@ public:
     bool isEmpty() const { return elements_.empty(); }
     // The box of all end and control points.
     Rect bounds() const;
+    // Every point through the transform; an arc of this path is curves by then and goes with it.
     Path transformed(const AffineTransform& t) const;
     bool operator==(const Path&) const = default;
 

@@ -1,4 +1,7 @@
-// A layer that fills and strokes a path.
+// A layer that fills a path and strokes it on top. Main thread, like all layers.
+//
+// Setting what is set already changes nothing, so it costs no raster. Lengths are points of the layer's own
+// coordinates.
 #pragma once
 
 #include "platform/layer/Layer.h"
@@ -23,6 +26,7 @@ public:
     void setLineWidth(double width);
     const std::vector<double>& lineDashPattern() const { return dashes_; } // points on, off, ...; empty: solid
     void setLineDashPattern(std::vector<double> pattern);
+    // How far into the pattern the line begins, points. What marching dashes animate.
     double lineDashPhase() const { return lineDashPhase_; }
     void setLineDashPhase(double phase);
     LineCap lineCap() const { return cap_; }

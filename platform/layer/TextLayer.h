@@ -1,4 +1,5 @@
-// A layer that shows one line of styled text inside its bounds.
+// A layer that shows one line of styled text, placed by its bounds. Text that does not fit is neither shortened nor
+// wrapped: it reaches beyond them. Main thread, like all layers.
 #pragma once
 
 #include "platform/layer/AttributedString.h"

@@ -1,4 +1,5 @@
-// Whether setting a layer's property moves there at once or glides. Scoped; transactions nest; main thread only.
+// Whether setting a layer's property moves there at once or glides. Scoped; transactions nest; main thread only. It
+// lives on the stack of who makes the changes, and is of no effect on what was changed before it.
 #pragma once
 
 #include "platform/layer/Animation.h"

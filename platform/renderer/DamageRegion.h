@@ -1,4 +1,7 @@
-// The part of a window that must be composed again, as a few rectangles.
+// The part of a window that must be composed again, as a few rectangles. A plain value; any thread.
+//
+// Few, because each costs a walk over all placements; not one, because two changes at opposite ends would be
+// everything.
 #pragma once
 
 #include "geometry/Geometry.h"

@@ -1,4 +1,8 @@
-// Post and observe by name and object. Main thread only.
+// Post and observe by name and object: for what many may want to hear of and the sender need not know. Main thread
+// only.
+//
+// Delivery is a call: `post` returns when all have heard it. A handler may end any observation, its own too, and what
+// it ends is not called any more; what it begins hears from the next post on.
 #pragma once
 
 #include "BuildNamespace.h"
@@ -22,6 +26,7 @@ class ObservationToken {
 public:
     ObservationToken() = default;
     explicit ObservationToken(std::function<void()> end) : end_(std::make_unique<Ender>(std::move(end))) {}
+    // Ends it now; a token that ended or observes nothing does nothing.
     void reset() { end_.reset(); }
 
 private:
@@ -45,9 +50,10 @@ public:
     NotificationCenter();
     ~NotificationCenter();
 
-    // Calls `handler` for each notification of that name whose object is `object`; a null object hears all of them.
+    // Until the token goes, calls `handler` for each notification of that name whose object is `object`; a null object
+    // hears all of them.
     [[nodiscard]] ObservationToken observe(std::string name, const void* object, Handler handler);
-    // Calls the handlers in order of observation. Handlers may observe and end observations meanwhile.
+    // Calls the handlers in order of observation.
     void post(const Notification& notification);
     void post(std::string name, const void* object);
 

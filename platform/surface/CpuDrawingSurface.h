@@ -1,4 +1,7 @@
 // Draws on the processor: analytic coverage, one pass over the pixels that a shape touches.
+//
+// A shape is collected on its own, the greatest or the summed coverage of its parts in each pixel, and laid over the
+// picture as one: so a translucent line is not darker where it crosses itself. One thread at a time.
 #pragma once
 
 #include "platform/surface/DrawingSurface.h"

@@ -1,4 +1,7 @@
-// Arithmetic on premultiplied 8-bit pixels in one 0xAARRGGBB word.
+// Arithmetic on premultiplied 8-bit pixels in one 0xAARRGGBB word (T. Porter, T. Duff, "Compositing digital images",
+// 1984). Pure functions; any thread.
+//
+// Alpha and green, red and blue are worked on two at a time: each of the two has eight bits of room above it.
 #pragma once
 
 #include "platform/surface/Color.h"

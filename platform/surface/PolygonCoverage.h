@@ -1,4 +1,4 @@
-// The exact area that triangles cover in a pixel.
+// The exact area that triangles cover in a pixel. All lengths are pixels, y downwards; plain values, any thread.
 #pragma once
 
 #include "platform/surface/StrokeGeometry.h"
@@ -41,6 +41,7 @@ struct PolygonCoverage {
         }
         return false;
     }
+    // The same corners so that all triangles run round alike: a shared edge then leads to and fro.
     static std::array<Vertex, 3> turnedOneWay(std::array<Vertex, 3> t) {
         const float turn = (t[1].x - t[0].x) * (t[2].y - t[0].y) - (t[1].y - t[0].y) * (t[2].x - t[0].x);
         if (turn < 0) std::swap(t[1], t[2]);
@@ -51,7 +52,8 @@ struct PolygonCoverage {
     struct EdgeInRow {
         float height = 0, x0 = 0, x1 = 0;
     };
-    // From now on `at` is about the row of pixels between `y` and `y + 1`. Returns the x that it spans there.
+    // To be called when all triangles are in. From now on `at` is about the row of pixels between `y` and `y + 1`.
+    // Returns the x that it spans there.
     std::array<float, 2> setRow(float y) {
         std::array<float, 2> spanned{1e9f, -1e9f};
         rowCount = 0;
@@ -84,7 +86,7 @@ struct PolygonCoverage {
         }
         return next;
     }
-    // For the pixel between 0 and 1.
+    // The area at the right of a part of an edge, within the pixel from 0 to 1.
     static float areaAtTheRight(const EdgeInRow& e) {
         const float least = std::min(e.x0, e.x1), most = std::max(e.x0, e.x1);
         if (least >= 1) return 0;
@@ -99,8 +101,8 @@ struct PolygonCoverage {
         return e.height * (1 - mean);
     }
 
-    std::array<Edge, 4> edges;
-    std::size_t count = 3; // of edges
+    std::array<Edge, 4> edges; // the first `count` of them
+    std::size_t count = 3;     // of edges
     std::array<EdgeInRow, 4> row;
     std::size_t rowCount = 0; // of the parts in `row`
 };

@@ -1,4 +1,8 @@
 // A walk over views of a window that may leave it meanwhile. For the window's own sources.
+//
+// What a walk calls is the views' own code, which may take views out, begin another walk or destroy the window itself.
+// So the window knows the walks under way and strikes out of them what leaves. Main thread; a walk lives on the stack
+// of who walks, walks end in the opposite order of their beginnings.
 #pragma once
 
 #include "platform/view/Window.h"
@@ -29,6 +33,8 @@ public:
         }
         return false;
     }
+    // The window says that a view leaves it: neither it nor what is in it is called any more, by this walk or those
+    // around it.
     void forget(const View& gone) {
         for (View*& view : views_) {
             if (view && view->isDescendantOf(gone)) view = nullptr;
@@ -38,11 +44,12 @@ public:
 
 private:
     Window& window_;
-    const std::weak_ptr<const bool> alive_;
-    std::vector<View*> views_;
-    Walk* const outer_;
+    const std::weak_ptr<const bool> alive_; // expired: the window was destroyed meanwhile
+    std::vector<View*> views_;              // null where one left
+    Walk* const outer_;                     // the walk that this one interrupts, or null
 };
 
+// Whether a hidden view, and with it all that it hides, is part of a tree.
 enum class Include : unsigned char { all, visible };
 
 // The view, then all that is in it.
@@ -53,6 +60,7 @@ inline void collect(View& view, Include include, std::vector<View*>& found) {
         collect(*subview, include, found);
 }
 
+// None for no root. The pointers are good until a view leaves: a walk is what keeps them so.
 inline std::vector<View*> treeOf(View* root, Include include) {
     std::vector<View*> found;
     if (root) collect(*root, include, found);

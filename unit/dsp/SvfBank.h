@@ -29,6 +29,7 @@ constexpr std::size_t lanes = hn::MaxLanes(wide), room = lanes / 2; // sections 
 constexpr std::size_t lag = 2;
 constexpr std::size_t edge = lag * (room - 1); // steps in which not all sections have something to do
 
+// The two samples in the lowest lanes, which are the last section's.
 template <class D, class V>
 HWY_INLINE void storeLowestPair(D d, V v, double* to) {
     if constexpr (hn::MaxLanes(d) > 2) {
@@ -47,7 +48,8 @@ class Bank {
 public:
     using Vector = hn::Vec<Wide>;
 
-    // The first `count` sections, which must have room, and after them others that pass what they get.
+    // The first `count` sections, which must have room, and after them others that pass what they get. `steps` is read
+    // only where the bank glides.
     HWY_INLINE Bank(const vectors::SvfCoefficients* sections, const vectors::SvfCoefficients* steps,
                     const vectors::SvfState* states, std::size_t count) {
         static constexpr vectors::SvfCoefficients through, still{0, 0, 0, 0, 0, 0};
@@ -114,6 +116,7 @@ public:
         if (at >= edge) storeLowestPair(wide, last_, samples + 2 * (at - edge));
     }
 
+    // What the first `count` sections hold, for the next stretch: their integrators, and where their coefficients are.
     HWY_INLINE void get(vectors::SvfState* states, std::size_t count) const {
         alignas(64) double first[lanes], second[lanes];
         hn::Store(first_, wide, first);
@@ -132,6 +135,7 @@ public:
     }
 
 private:
+    // The lower of a section's two lanes.
     static constexpr std::size_t laneOf(std::size_t section) { return 2 * (room - 1 - section); }
     // A vector from one for each section, of which its lanes count.
     template <class VectorOf>

@@ -1,4 +1,4 @@
-// The points of a circle, for a line through them.
+// The points of a circle, for a line through them. In whatever unit the radius has; any thread.
 #pragma once
 
 #include "platform/surface/StrokeGeometry.h"

@@ -1,4 +1,5 @@
-// A colour by hue, saturation and lightness, to derive others from it.
+// A colour by hue, saturation and lightness, to derive others from it (G. H. Joblove, D. Greenberg, "Color spaces for
+// computer graphics", 1978). A plain value; any thread.
 #pragma once
 
 #include "platform/surface/Color.h"
@@ -9,11 +10,11 @@
 namespace QVM_NAMESPACE {
 
 struct HueAndLightness {
-    float hue = 0; // turns; whole ones do not matter
-    float saturation = 0;
-    float lightness = 0;
+    float hue = 0;        // turns; whole ones do not matter
+    float saturation = 0; // 0 to 1
+    float lightness = 0;  // 0 black to 1 white
 
-    // A grey has hue 0.
+    // Of components from 0 to 1. A grey has hue 0.
     static HueAndLightness of(float r, float g, float b) {
         const float most = std::max({r, g, b}), least = std::min({r, g, b}), range = most - least;
         HueAndLightness result{0, 0, (most + least) / 2};
@@ -23,6 +24,7 @@ struct HueAndLightness {
         result.hue = sixths / 6;
         return result;
     }
+    // And back. Each component is a trapezium over the hue, a third of a turn from the next one's.
     Color color(float alpha) const {
         const float chroma = (1 - std::abs(2 * lightness - 1)) * saturation;
         const auto component = [&](float offset) {
