@@ -1,6 +1,7 @@
 #include "unit/dsp/Corrector.h"
 
 #include "platform/vector/VectorMath.h"
+#include "response/ResponseModel.h"
 #include "unit/dsp/DigitalSection.h"
 #include "unit/dsp/FilterMath.h"
 
@@ -13,7 +14,6 @@ namespace QVM_NAMESPACE::dsp {
 namespace {
 
 constexpr double kNormalTop = 16500, kHighTop = 20500; // hertz, up to which the response is held
-constexpr double kModelTop = 24000;                    // where the model ends
 constexpr double kLongAbove = 60000;
 constexpr double kBeyond = 0.03;     // weight above the top
 constexpr double kSmoothness = 2e-7; // of the sum of k^4 c_k^2
@@ -26,7 +26,7 @@ void Corrector::prepare(double sampleRateHz, Quality quality) {
     const bool isLong = quality == Quality::high || sampleRateHz > kLongAbove;
     terms_ = isLong ? 16 : 9;
     tapCount_ = isLong ? 32 : 20;
-    const double end = std::min(sampleRateHz / 2, kModelTop);
+    const double end = std::min(sampleRateHz / 2, model::highestHertz);
     const double top = quality == Quality::high ? kHighTop : kNormalTop;
     std::array<std::array<double, points>, maxTerms> basis{};
     solution_ = {};

@@ -1,5 +1,7 @@
 #include "unit/dsp/DigitalSection.h"
 
+#include "response/ResponseModel.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -10,7 +12,6 @@ namespace {
 
 using std::numbers::pi;
 
-constexpr double kModelRate = 48000, kHighestPeak = 23760;       // hertz
 constexpr double kHighestPeakMatch = 0.48, kHighestMatch = 0.36; // of the sample rate
 constexpr double kNextMatch = 0.6;                               // of the higher one
 
@@ -109,9 +110,10 @@ DigitalSection digitalFrom(const AnalogSection& analog, double sampleRateHz) {
     return section;
 }
 
-Peak::Peak(double hertz, double gain, double order) : hertz_(std::min(hertz, kHighestPeak)), isFlat_(!(gain > 1e-6)) {
+Peak::Peak(double hertz, double gain, double order)
+    : hertz_(std::min(hertz, model::highestPeakHertz)), isFlat_(!(gain > 1e-6)) {
     const double quality = 1 + 2 / std::max(order, 2.0), amplitude = std::pow(10, gain / 40);
-    const double angle = 2 * pi * hertz_ / kModelRate;
+    const double angle = 2 * pi * hertz_ / model::peakRateHz;
     const double alpha = std::sin(angle) / (2 * quality), a0 = 1 + alpha / amplitude;
     const double s = std::sin(angle / 2), c = std::cos(angle / 2);
     num_ = Polynomial{4 * s * s, 4 * c * c, 2 * alpha * amplitude}.scaled(1 / a0);
@@ -122,12 +124,12 @@ Peak::Peak(double hertz, double gain, double order) : hertz_(std::min(hertz, kHi
 }
 
 double Peak::modelPosition(double hertz) {
-    const double s = std::sin(pi * std::min(hertz / kModelRate, 0.5));
+    const double s = std::sin(pi * std::min(hertz / model::peakRateHz, 0.5));
     return s * s;
 }
 
 DigitalSection Peak::digital(double sampleRateHz) const {
-    const double ratio = kModelRate / sampleRateHz;
+    const double ratio = model::peakRateHz / sampleRateHz;
     DigitalSection section;
     section.den = conjugate(radius_ * ratio, angle_ * ratio, kPeakEdge);
     section.num = section.den;

@@ -1,7 +1,8 @@
 #include "unit/dsp/Loudness.h"
-#include "response/QVMTiltEQ.h"
 
 #include "platform/vector/VectorMath.h"
+#include "response/QVMTiltEQ.h"
+#include "response/ResponseModel.h"
 
 #include <cmath>
 #include <limits>
@@ -10,24 +11,17 @@ namespace QVM_NAMESPACE::dsp {
 
 namespace {
 
-constexpr double kLowest = 4, kHighest = 24000; // hertz: the band of the response curve
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
-
-// How much of the loudness a frequency makes, as the response curve weights it.
-double weightAt(double hertz) {
-    return 1 / std::sqrt(1 + std::pow(500 / hertz, 2)) / std::sqrt(1 + std::pow(63 / hertz, 2.7)) /
-           std::sqrt(1 + std::pow(hertz / 5000, 4.8)) / std::sqrt(1 + std::pow(hertz / 20, 2));
-}
 
 } // namespace
 
 Loudness::Loudness() {
     for (std::size_t i = 0; i < points; ++i) {
         const double at = static_cast<double>(i) / (points - 1);
-        const double hertz = kLowest * std::pow(kHighest / kLowest, at);
+        const double hertz = model::lowestHertz * std::pow(model::highestHertz / model::lowestHertz, at);
         hertz_[i] = static_cast<float>(hertz);
         logs_[i] = static_cast<float>(std::log(hertz));
-        weights_[i] = static_cast<float>(weightAt(hertz));
+        weights_[i] = static_cast<float>(model::loudnessWeight(hertz));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "description/ValueMapping.h"
 #include "platform/vector/VectorMath.h"
+#include "response/ResponseModel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +12,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr float kResolution = 0.5f; // a point of the curve for each device pixel
-constexpr QVMFloat32Range kFrequencies = {4, 24000};
+constexpr QVMFloat32Range kFrequencies = {static_cast<float>(model::lowestHertz),
+                                          static_cast<float>(model::highestHertz)};
 constexpr float kLeastAxis = 7.5f, kAxisMargin = 1.5f; // dB
 constexpr int kResponse = 0, kAudition = 1, kCurves = 2;
 constexpr float kBackgroundShare = 0.35f;        // of the response's colour and alpha while something is auditioned
@@ -20,13 +22,6 @@ constexpr float kRadiansPerHertz = 6.544984e-5f; // pi / 48000
 constexpr int kMeterChannels = SharedState::meterChannels;
 constexpr float kMeterAlphas[kMeterChannels] = {0.25f, 0.5f};
 constexpr float kMeterSides[kMeterChannels] = {-0.5f, 0.5f}; // times the track's width
-
-// How loud a frequency counts: three slopes that leave the middle, and one more at the bottom that is of first order
-// only.
-double loudnessWeight(double hertz) {
-    const auto slope = [](double ratio, double power) { return 1 / std::sqrt(1 + std::pow(ratio, power)); };
-    return slope(500 / hertz, 2) * slope(63 / hertz, 2.7) * slope(hertz / 5000, 4.8) * slope(hertz / 20, 2);
-}
 
 } // namespace
 
@@ -48,7 +43,7 @@ void QVM0015GLSketch::initResponseCurve(const PBGLCanvas& canvas) {
         const float sine = std::sin(hertz * kRadiansPerHertz);
         sinSq_[i] = sine * sine;
         sinQuad_[i] = sinSq_[i] * sinSq_[i];
-        loudnessWeights_[i] = static_cast<float>(loudnessWeight(hertz));
+        loudnessWeights_[i] = static_cast<float>(model::loudnessWeight(hertz));
     }
     loudnessWeightsRms_ = vectors::rms(loudnessWeights_.data(), count);
 }

@@ -4,6 +4,7 @@
 // what would be a small difference of two large numbers is rewritten as a product, so that single precision is enough
 // from the loudest to the faintest level: a filter that passes all but a millionth still has its audition curve right.
 #include "platform/vector/VectorMath.h"
+#include "response/ResponseModel.h"
 #include "viz/sketches/QVM0015GLSketch.h"
 
 #include <algorithm>
@@ -16,11 +17,12 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr float kDecibelsPerNeper = 8.685889f;
-constexpr float kLowFilterOff = 4, kHighFilterOff = 24000; // hertz: the ends of their ranges
+// Hertz: a filter at its end of the band is off.
+constexpr float kLowFilterOff = static_cast<float>(model::lowestHertz),
+                kHighFilterOff = static_cast<float>(model::highestHertz);
 constexpr float kDecibelsPerOctaveAndOrder = 6;
 constexpr float kLargestExponent = 80; // its exponential is within a float's range
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
-constexpr double kModelRate = 48000, kHighestResonance = 23760; // hertz
 constexpr double kLeastResonanceOrder = 2;
 constexpr int kLoudnessModes = 4;
 
@@ -132,7 +134,7 @@ void QVM0015GLSketch::calcReso(float* out, float freq, float reso, float order) 
     const auto count = static_cast<std::size_t>(numPoints_);
     const double quality = 1 + 2 / std::max(double{order}, kLeastResonanceOrder);
     const double amplitude = std::pow(10.0, reso / 40.0);
-    const double angle = 2 * std::numbers::pi * std::min(double{freq}, kHighestResonance) / kModelRate;
+    const double angle = 2 * std::numbers::pi * std::min(double{freq}, model::highestPeakHertz) / model::peakRateHz;
     const double alpha = std::sin(angle) / (2 * quality);
     const double center = std::pow(std::sin(angle / 2), 2);
     const auto squared = [](double x) { return static_cast<float>(x * x); };
