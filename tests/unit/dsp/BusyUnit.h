@@ -25,6 +25,12 @@ inline ShownValues busyValues() {
     return values;
 }
 
+// One channel at `rateHz`, standing at the values from the first sample on.
+inline void makeMono(QVM0015_AudioUnit& unit, const ShownValues& values) {
+    setAll(unit, values);
+    unit.prepare(rateHz, 512, 1, 1);
+}
+
 // Sends one channel through the unit in place, a block of so many samples at a time.
 template <class Sample>
 void render(QVM0015_AudioUnit& unit, std::vector<Sample>& signal, std::size_t block = 512) {

@@ -24,8 +24,7 @@ TEST(Equaliser, SwitchedOffItPassesEveryBitWhateverElseIsSet) {
     ShownValues values = busyValues();
     values[pidMasterOnOff] = 0;
     QVM0015_AudioUnit unit;
-    setAll(unit, values);
-    unit.prepare(rateHz, 512, 1, 1);
+    makeMono(unit, values);
     const std::vector<double> in = signals::tone<double>(20000, 997, 0.7);
     std::vector<double> out = in;
     render(unit, out);
@@ -34,8 +33,7 @@ TEST(Equaliser, SwitchedOffItPassesEveryBitWhateverElseIsSet) {
 
 TEST(Equaliser, OnceEverythingIsBackAtItsInitialValueTheBitsPassAgain) {
     QVM0015_AudioUnit unit;
-    setAll(unit, busyValues());
-    unit.prepare(rateHz, 512, 1, 1);
+    makeMono(unit, busyValues());
     std::vector<float> out = signals::tone<float>(20000, 997, 0.7);
     render(unit, out);
     setAll(unit, initialValues());

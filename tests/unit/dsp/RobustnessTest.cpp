@@ -23,15 +23,13 @@ TYPED_TEST(Strange, SamplesDoNotPoisonTheState) {
     using Limits = std::numeric_limits<TypeParam>;
     for (const TypeParam odd : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), Limits::max()}) {
         QVM0015_AudioUnit unit;
-        setAll(unit, busyValues());
-        unit.prepare(rateHz, 512, 1, 1);
+        makeMono(unit, busyValues());
         std::vector<TypeParam> in = signals::tone<TypeParam>(96000, 500, 0.5), clean = in;
         in[1000] = odd;
         in[1001] = odd;
         render(unit, in);
         QVM0015_AudioUnit other;
-        setAll(other, busyValues());
-        other.prepare(rateHz, 512, 1, 1);
+        makeMono(other, busyValues());
         render(other, clean);
         if (odd == Limits::max()) {
             in.assign(480000, TypeParam(0));
@@ -52,8 +50,7 @@ TYPED_TEST(Strange, AnOverflowLeavesNothingBehind) {
     ShownValues values = busyValues();
     values[pidTiltLoudnessMode] = QVMTiltEQ_LoudnessNone;
     QVM0015_AudioUnit unit;
-    setAll(unit, values);
-    unit.prepare(rateHz, 512, 1, 1);
+    makeMono(unit, values);
     std::vector<TypeParam> signal(9600, Limits::max());
     render(unit, signal);
     signal.assign(480000, TypeParam(0));
@@ -70,8 +67,7 @@ TEST(Equaliser, SilenceEndsInZerosAndNotInDenormals) {
     ShownValues values = busyValues();
     values[pidFilterRangeLow] = 4.2F;
     QVM0015_AudioUnit unit;
-    setAll(unit, values);
-    unit.prepare(rateHz, 512, 1, 1);
+    makeMono(unit, values);
     std::vector<double> signal(3000000);
     signal[0] = 1;
     render(unit, signal);
