@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <mutex>
 #include <numeric>
 #include <thread>
@@ -74,17 +73,22 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
     QVMCircularBuffer<float> buffer(2, window, true);
     ASSERT_TRUE(buffer.init());
     std::mutex lock;
-    // The audio side stays a little ahead, so that a stamp is always a whole number that a float can hold.
-    constexpr int windows = 400, ahead = 64;
+    // The audio side runs ahead far enough to be at work while a window is looked at, and not so far that a stamp is
+    // more than the whole numbers that a float can hold. Who has to wait for the other sleeps, and never with the lock
+    // in hand: on a busy machine neither would get to the other's turn.
+    constexpr int windows = 400, ahead = 1000;
     std::atomic<int> written = 0, seen = 0; // blocks, windows
-    std::atomic<bool> isDone = false;
     std::thread audio([&] {
         QVMAudioBuffer<float> block(2);
         block.alloc(blockFrames);
         float stamp = 0;
-        while (!isDone) {
+        for (int taken = 0; taken < windows; taken = seen) {
+            if (written > ahead * (taken + 1)) {
+                seen.wait(taken);
+                continue;
+            }
             const std::unique_lock held(lock, std::try_to_lock);
-            if (!held || written > ahead * (seen + 1)) {
+            if (!held) {
                 std::this_thread::yield();
                 continue;
             }
@@ -94,28 +98,28 @@ TEST(QVMCircularBufferThreadsTest, SlidingWindowIsWholeUnderTheSharedLock) {
             }
             buffer.fillAndTap(&block, blockFrames, true);
             ++written;
+            written.notify_one();
         }
     });
-    int wrong = 0;
+    int wrong = 0, blocks = 0;
     float newest = 0;
-    const auto patience = std::chrono::steady_clock::now() + std::chrono::minutes(1);
-    while (seen < windows && std::chrono::steady_clock::now() < patience) {
-        std::this_thread::yield();
+    while (seen < windows) {
+        written.wait(blocks); // until something has come
         const std::lock_guard held(lock);
-        wrong += buffer.availFrames != window;
-        if (buffer.taps[0][window - 1] == newest) continue; // nothing came
-        newest = buffer.taps[0][window - 1];
+        blocks = written;
         ++seen;
-        wrong += newest != static_cast<float>(written * static_cast<int>(blockFrames));
+        seen.notify_one(); // before the look, so that the audio side runs into the lock
+        wrong += buffer.availFrames != window;
+        wrong += buffer.taps[0][window - 1] == newest;
+        newest = buffer.taps[0][window - 1];
+        wrong += newest != static_cast<float>(blocks * static_cast<int>(blockFrames));
         for (unsigned f = 0; f + 1 < window; ++f) {
             const float now = buffer.taps[0][f], next = buffer.taps[0][f + 1];
             wrong += next != now + 1 && !(now == 0 && next == 0);
             wrong += buffer.taps[1][f] != -now;
         }
     }
-    isDone = true;
     audio.join();
-    EXPECT_EQ(seen, windows);
     EXPECT_EQ(wrong, 0);
 }
 
