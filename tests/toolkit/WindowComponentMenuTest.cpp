@@ -1,0 +1,118 @@
+// Menus and tool tips of a window's views.
+#include "toolkit/WindowComponent.h"
+
+#include "toolkit/WindowInput.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using ::testing::IsEmpty;
+using Mods = juce::ModifierKeys;
+using WindowComponentMenuTest = WindowInput;
+
+TEST_F(WindowComponentMenuTest, ThereIsNoToolTipFromAKeyUntilThePointerMoves) {
+    view->setToolTip("Tilt");
+    move({50, 40});
+    component->keyPressed(juce::KeyPress('5'));
+    EXPECT_EQ(component->getTooltip(), "");
+    move({50, 40}); // it rests
+    EXPECT_EQ(component->getTooltip(), "");
+    move({52, 40});
+    EXPECT_EQ(component->getTooltip(), "Tilt");
+}
+
+TEST_F(WindowComponentMenuTest, ToolTipIsTheViewsAndThereIsNoneInMidDrag) {
+    view->setToolTip("Tilt");
+    EXPECT_EQ(component->getTooltip(), "Tilt");
+    press({50, 40});
+    EXPECT_EQ(component->getTooltip(), "");
+    release({50, 40});
+}
+
+TEST_F(WindowComponentMenuTest, MenuIsShownInsideTheWindowAndClosesWithIt) {
+    const FakeDisplay display;
+    view->menu = std::make_unique<Menu>(Menu{"Tilt", {{"Reset", true, false, nullptr, {}}}});
+    press({10, 20}, Mods::rightButtonModifier);
+    release({10, 20});
+    EXPECT_EQ(openMenus(), 1);
+    desktop.reset();
+    component.reset();
+    runPostedMessages();
+    EXPECT_FALSE(juce::PopupMenu::dismissAllActiveMenus());
+    component = std::make_unique<WindowComponent>(WindowComponent::Embedding::inHost);
+    desktop = std::make_unique<FakeDesktopWindow>(*component);
+}
+
+TEST_F(WindowComponentMenuTest, ChosenItemOfTheMenuRuns) {
+    const FakeDisplay display;
+    int runs = 0;
+    view->menu = std::make_unique<Menu>(Menu{"", {{"Reset", true, false, [&] { ++runs; }, {}}}});
+    press({10, 20}, Mods::rightButtonModifier);
+    release({10, 20});
+    auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
+    ASSERT_NE(menu, nullptr);
+    menu->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
+    menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
+    runPostedMessages();
+    EXPECT_EQ(runs, 1);
+}
+
+// The ways to press beside an open menu, by the button.
+class WindowComponentMenuPressTest : public WindowComponentMenuTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(WindowComponentMenuPressTest, PressBesideAMenuClosesItAndDoesNoMore) {
+    const FakeDisplay display;
+    int runs = 0;
+    const MenuItem row{"Reset", true, false, [&] { ++runs; }, {}};
+    view->menu = std::make_unique<Menu>(Menu{"", {row, {"More", true, false, nullptr, {row}}}});
+    component->window().popUpMenu(std::move(view->menu), {90, 70});
+    ASSERT_EQ(openMenus(), 1);
+    view->menu = std::make_unique<Menu>(Menu{"", {row}}); // a right press would open another one
+    take();
+    press({2, 2}, GetParam());
+    press({8, 2}, GetParam());
+    release({8, 2});
+    runPostedMessages();
+    EXPECT_EQ(openMenus(), 0);
+    EXPECT_THAT(view->events, IsEmpty());
+    EXPECT_THAT(take(), ::testing::Not(::testing::Contains("v menu")));
+    EXPECT_EQ(runs, 0);
+
+    press({8, 2});
+    release({8, 2});
+    EXPECT_EQ(view->events.size(), 2u) << "the next one is a press as any";
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, WindowComponentMenuPressTest,
+                         ::testing::Values(int(Mods::leftButtonModifier), int(Mods::rightButtonModifier)));
+
+TEST_F(WindowComponentMenuTest, MenuWithoutRowsIsNone) {
+    const FakeDisplay display;
+    component->window().popUpMenu(std::make_unique<Menu>(), {10, 20});
+    runPostedMessages();
+    press({10, 20});
+    release({10, 20});
+    EXPECT_EQ(view->events.size(), 2u);
+}
+
+TEST_F(WindowComponentMenuTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
+    const FakeDisplay display;
+    std::string chosen;
+    const auto row = [&](const char* title, bool isEnabled) {
+        return MenuItem{title, isEnabled, false, [&chosen, title] { chosen = title; }, {}};
+    };
+    view->menu =
+        std::make_unique<Menu>(Menu{"Tilt", {row("Reset", false), row("Read", true), row("Copy", true)}, true});
+    press({10, 20}, Mods::rightButtonModifier);
+    release({10, 20});
+    auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
+    ASSERT_NE(menu, nullptr);
+    menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
+    runPostedMessages();
+    EXPECT_EQ(chosen, "Read");
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
