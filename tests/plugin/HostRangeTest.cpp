@@ -91,22 +91,22 @@ TEST_P(HostRangeOfEach, UnreadableTextGivesTheInitialValue) {
 }
 
 TEST(HostRange, LinksSpanWhatTheirSwitchesAndInitialValuesNeed) {
-    EXPECT_EQ(HostRange(*GetParameter(4)).minimum, 0);
-    EXPECT_EQ(HostRange(*GetParameter(4)).maximum, 1);
-    EXPECT_EQ(HostRange(*GetParameter(4)).steps, 2);
-    EXPECT_EQ(HostRange(*GetParameter(5)).minimum, 0);
-    EXPECT_EQ(HostRange(*GetParameter(5)).maximum, 24000);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltRangeLink)).minimum, 0);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltRangeLink)).maximum, 1);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltRangeLink)).steps, 2);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltRangeLinkRatio)).minimum, 0);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltRangeLinkRatio)).maximum, 24000);
 }
 
 TEST(HostRange, ModesHaveAStepForEachName) {
-    EXPECT_EQ(HostRange(*GetParameter(6)).steps, 4);
-    EXPECT_EQ(HostRange(*GetParameter(8)).steps, 3);
-    EXPECT_EQ(HostRange(*GetParameter(23)).steps, 2);
-    EXPECT_EQ(HostRange(*GetParameter(1)).steps, 0);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltLoudnessMode)).steps, 4);
+    EXPECT_EQ(HostRange(*GetParameter(pidMeterMode)).steps, 3);
+    EXPECT_EQ(HostRange(*GetParameter(pidHQMode)).steps, 2);
+    EXPECT_EQ(HostRange(*GetParameter(pidTiltGain)).steps, 0);
 }
 
 TEST(HostRange, FrequencyAutomationIsLinearInTheHostsValueAndExponentialInHertz) {
-    const QVMParameter& low = *GetParameter(2);
+    const QVMParameter& low = *GetParameter(pidTiltRangeLow);
     const HostRange range(low);
     const float quarter = low.castValue(range.hostValue(0.25f)), half = low.castValue(range.hostValue(0.5f)),
                 threeQuarters = low.castValue(range.hostValue(0.75f));
@@ -115,36 +115,36 @@ TEST(HostRange, FrequencyAutomationIsLinearInTheHostsValueAndExponentialInHertz)
 }
 
 TEST(HostText, HasNumberAndUnit) {
-    EXPECT_EQ(hostTextForValue(*GetParameter(1), -3), "-3.0 dB");
-    EXPECT_EQ(hostTextForValue(*GetParameter(2), 12005), "490 Hz");
-    EXPECT_EQ(hostTextForValue(*GetParameter(14), 12), "12.0 dB/Oct");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidTiltGain), -3), "-3.0 dB");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidTiltRangeLow), 12005), "490 Hz");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidFilterSlopeLow), 12), "12.0 dB/Oct");
 }
 
 TEST(HostText, HasNamesInPlaceOfGlyphs) {
-    EXPECT_EQ(hostTextForValue(*GetParameter(0), 1), "On");
-    EXPECT_EQ(hostTextForValue(*GetParameter(13), 0), "Off");
-    EXPECT_EQ(hostTextForValue(*GetParameter(6), 2), "Treble");
-    EXPECT_EQ(hostTextForValue(*GetParameter(7), -96), "-Inf");
-    EXPECT_EQ(hostTextForValue(*GetParameter(9), 4), "Off");
-    EXPECT_EQ(hostTextForValue(*GetParameter(10), 24000), "Off");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidMasterOnOff), 1), "On");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidFilterListenLow), 0), "Off");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidTiltLoudnessMode), 2), "Treble");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidOutputGain), -96), "-Inf");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidFilterRangeLow), 4), "Off");
+    EXPECT_EQ(hostTextForValue(*GetParameter(pidFilterRangeHigh), 24000), "Off");
 }
 
 TEST(HostText, TypedFrequenciesTakeKiloAndEitherDecimalMark) {
-    const QVMParameter& low = *GetParameter(2);
+    const QVMParameter& low = *GetParameter(pidTiltRangeLow);
     for (const char* text : {"1.5k", "1.5 kHz", "1,5K", "+1500", "1500 Hz", " 1500 "})
         EXPECT_NEAR(low.castValue(hostValueForText(low, text)), 1500, 0.5f) << text;
 }
 
 TEST(HostText, TypedNamesTakeAnyCase) {
-    EXPECT_EQ(hostValueForText(*GetParameter(7), "-inf"), -96);
-    EXPECT_EQ(hostValueForText(*GetParameter(9), "off"), 4);
-    EXPECT_EQ(hostValueForText(*GetParameter(6), " BASS"), 3);
-    EXPECT_EQ(hostValueForText(*GetParameter(0), "Off"), 0);
+    EXPECT_EQ(hostValueForText(*GetParameter(pidOutputGain), "-inf"), -96);
+    EXPECT_EQ(hostValueForText(*GetParameter(pidFilterRangeLow), "off"), 4);
+    EXPECT_EQ(hostValueForText(*GetParameter(pidTiltLoudnessMode), " BASS"), 3);
+    EXPECT_EQ(hostValueForText(*GetParameter(pidMasterOnOff), "Off"), 0);
 }
 
 TEST(HostText, TypedNumbersBeyondTheRangeEndAtItsEnds) {
-    EXPECT_EQ(hostValueForText(*GetParameter(1), "99"), 18);
-    EXPECT_EQ(hostValueForText(*GetParameter(1), "-99 dB"), -18);
+    EXPECT_EQ(hostValueForText(*GetParameter(pidTiltGain), "99"), 18);
+    EXPECT_EQ(hostValueForText(*GetParameter(pidTiltGain), "-99 dB"), -18);
 }
 
 } // namespace

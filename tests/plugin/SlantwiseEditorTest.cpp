@@ -37,8 +37,8 @@ TEST_F(SlantwiseEditorTest, ADragIsOneGestureThatBeginsHoldsItsValuesAndEnds) {
     EXPECT_EQ(kinds.front(), "begin 1");
     EXPECT_EQ(kinds.back(), "end 1");
     EXPECT_EQ(std::count(kinds.begin(), kinds.end(), "value 1"), static_cast<std::ptrdiff_t>(kinds.size() - 2));
-    EXPECT_GT(processor_.parameter(1).getValue(), 0.5f);
-    EXPECT_EQ(slider(1).floatValue(), editor_->view().valueForParameterID(1));
+    EXPECT_GT(processor_.parameter(pidTiltGain).getValue(), 0.5f);
+    EXPECT_EQ(slider(pidTiltGain).floatValue(), editor_->view().valueForParameterID(pidTiltGain));
 }
 
 TEST_F(SlantwiseEditorTest, AClickOnTheTrackHoldsItsValueInsideAGesture) {
@@ -55,7 +55,7 @@ TEST_F(SlantwiseEditorTest, AClickOnTheTrackHoldsItsValueInsideAGesture) {
 
 // The editor itself never ends this gesture.
 TEST_F(SlantwiseEditorTest, AResetByClickEndsOnceThePointerIsFree) {
-    processor_.parameter(1).setValue(0.8f);
+    processor_.parameter(pidTiltGain).setValue(0.8f);
     frame();
     send(EventType::mouseDown, handle(1), EventModifier::option);
     frame();
@@ -63,7 +63,7 @@ TEST_F(SlantwiseEditorTest, AResetByClickEndsOnceThePointerIsFree) {
     send(EventType::mouseUp, handle(1), EventModifier::option);
     frame();
     EXPECT_EQ(host_.kinds(), (Lines{"begin 1", "value 1", "end 1"}));
-    EXPECT_EQ(editor_->view().valueForParameterID(1), 0);
+    EXPECT_EQ(editor_->view().valueForParameterID(pidTiltGain), 0);
 }
 
 TEST_F(SlantwiseEditorTest, APartnerThatADragPushesHasAGestureThatEndsWithThePress) {
@@ -105,17 +105,17 @@ TEST_F(SlantwiseEditorTest, ClosingInMidGestureEndsIt) {
 
 TEST_F(SlantwiseEditorTest, AutomationMovesTheHandleAndSendsNothingBack) {
     const Point before = handle(1);
-    processor_.parameter(1).setValue(1);
+    processor_.parameter(pidTiltGain).setValue(1);
     frame();
-    EXPECT_EQ(slider(1).floatValue(), 18);
+    EXPECT_EQ(slider(pidTiltGain).floatValue(), 18);
     EXPECT_GT(handle(1).x, before.x + 20);
     EXPECT_EQ(host_.lines, Lines());
-    EXPECT_EQ(editor_->view().valueForParameterID(1), 18);
+    EXPECT_EQ(editor_->view().valueForParameterID(pidTiltGain), 18);
 }
 
 TEST_F(SlantwiseEditorTest, AutomationThatStandsStillMovesNothing) {
     const Point before = handle(1);
-    processor_.parameter(1).setValue(processor_.parameter(1).getValue());
+    processor_.parameter(pidTiltGain).setValue(processor_.parameter(pidTiltGain).getValue());
     frame();
     EXPECT_EQ(handle(1).x, before.x);
     EXPECT_EQ(host_.lines, Lines());
@@ -135,12 +135,12 @@ TEST_F(SlantwiseEditorTest, AutomationOfEachParameterKeepsItsBits) {
 
 TEST_F(SlantwiseEditorTest, RestoredStateShowsInAnOpenEditor) {
     SlantwiseProcessor other;
-    other.parameter(1).setValue(0);
+    other.parameter(pidTiltGain).setValue(0);
     juce::MemoryBlock bytes;
     other.getStateInformation(bytes);
     processor_.setStateInformation(bytes.getData(), static_cast<int>(bytes.getSize()));
     frame();
-    EXPECT_EQ(slider(1).floatValue(), -18);
+    EXPECT_EQ(slider(pidTiltGain).floatValue(), -18);
     EXPECT_EQ(host_.lines, Lines());
 }
 
@@ -162,16 +162,16 @@ TEST_F(SlantwiseEditorTest, TwoEditorsOfTwoUnitsKeepApart) {
     frame();
     drag(handle(1), 60, 0);
     frame();
-    EXPECT_NE(processor_.parameter(1).getValue(), other.parameter(1).getValue());
-    EXPECT_EQ(other.parameter(1).getValue(), other.parameter(1).getDefaultValue());
+    EXPECT_NE(processor_.parameter(pidTiltGain).getValue(), other.parameter(pidTiltGain).getValue());
+    EXPECT_EQ(other.parameter(pidTiltGain).getValue(), other.parameter(pidTiltGain).getDefaultValue());
 }
 
 TEST_F(SlantwiseEditorTest, ReopensManyTimesAndShowsTheUnitsValues) {
     for (int i = 1; i <= 20; ++i) {
         editor_.reset();
-        processor_.parameter(1).setValue(static_cast<float>(i) / 20);
+        processor_.parameter(pidTiltGain).setValue(static_cast<float>(i) / 20);
         open();
-        EXPECT_NEAR(slider(1).floatValue(), -18 + 36 * static_cast<float>(i) / 20, 0.06) << i;
+        EXPECT_NEAR(slider(pidTiltGain).floatValue(), -18 + 36 * static_cast<float>(i) / 20, 0.06) << i;
     }
 }
 

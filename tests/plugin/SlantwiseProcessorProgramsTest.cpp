@@ -25,7 +25,7 @@ TEST(SlantwiseProcessor, OffersTheFactoryPresetsAsPrograms) {
 
 TEST(SlantwiseProcessor, AProgramSetsEverythingButTheQualityMode) {
     SlantwiseProcessor processor;
-    processor.parameter(23).setValue(1);
+    processor.parameter(pidHQMode).setValue(1);
     for (int index = processor.getNumPrograms() - 1; index >= 0; --index) {
         processor.setCurrentProgram(index);
         EXPECT_EQ(processor.getCurrentProgram(), index);
@@ -33,7 +33,7 @@ TEST(SlantwiseProcessor, AProgramSetsEverythingButTheQualityMode) {
         for (std::uint32_t pid = 0; pid < 23; ++pid)
             EXPECT_EQ(valueOf(processor, pid), GetParameter(pid)->reverseCastValue(values->at(pid)))
                 << index << " " << pid;
-        EXPECT_EQ(valueOf(processor, 23), 1);
+        EXPECT_EQ(valueOf(processor, pidHQMode), 1);
     }
     processor.setCurrentProgram(8);
     processor.setCurrentProgram(-1);
@@ -52,7 +52,7 @@ TEST(SlantwiseProcessor, AProgramIsSavedByName) {
 TEST(SlantwiseProcessor, ARestoredStateWinsOverTheProgramsThatAHostSendsWithIt) {
     SlantwiseProcessor from, to;
     from.setCurrentProgram(8);
-    from.parameter(1).setValue(0.9f);
+    from.parameter(pidTiltGain).setValue(0.9f);
     prepare(to, 2, 2);
     restore(to, stateOf(from));
     to.setCurrentProgram(8); // the one that was saved
@@ -63,7 +63,7 @@ TEST(SlantwiseProcessor, ARestoredStateWinsOverTheProgramsThatAHostSendsWithIt) 
     processOnce(to, buffer);
     to.setCurrentProgram(0); // now somebody wants it
     EXPECT_EQ(to.getCurrentProgram(), 0);
-    EXPECT_EQ(valueOf(to, 1), 0);
+    EXPECT_EQ(valueOf(to, pidTiltGain), 0);
 }
 
 TEST(SlantwiseProcessor, AProgramsValuesAreToldByTheNextBlockOnce) {
@@ -83,7 +83,7 @@ TEST(SlantwiseProcessor, AProgramsValuesAreToldByTheNextBlockOnce) {
 TEST(SlantwiseProcessor, ARestoredStateTakesAwayWhatWasToBeToldOfAProgram) {
     SlantwiseProcessor from, to;
     from.setCurrentProgram(8);
-    from.parameter(1).setValue(0.9f);
+    from.parameter(pidTiltGain).setValue(0.9f);
     prepare(to, 2, 2);
     slantwise_tests::HostRecorder host(to);
     to.setCurrentProgram(8);
@@ -123,7 +123,7 @@ TEST(SlantwiseProcessor, ABlockThatTellsOfAProgramNeitherAllocatesNorCallsTheSys
     seen = realtime::offencesOf([&] { processor.processBlock(buffer, midi); });
     EXPECT_FALSE(seen.any()) << seen;
     seen = realtime::offencesOf([&] {
-        processor.parameter(0).setValue(0);
+        processor.parameter(pidMasterOnOff).setValue(0);
         processor.processBlock(buffer, midi);
     });
     EXPECT_EQ(seen.heapCalls, 0U) << seen;
@@ -162,7 +162,7 @@ TEST(SlantwiseProcessor, AProgramIsChosenOnTheRenderThreadWithoutAllocatingOrLoc
     });
     EXPECT_FALSE(seen.any()) << seen;
     EXPECT_EQ(program, 22);
-    EXPECT_EQ(valueOf(processor, 1), 7);
+    EXPECT_EQ(valueOf(processor, pidTiltGain), 7);
 }
 
 } // namespace

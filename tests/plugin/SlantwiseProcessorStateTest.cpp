@@ -25,7 +25,7 @@ TEST(SlantwiseProcessor, StateComesBackEqual) {
 
 TEST(SlantwiseProcessor, StateThatIsNotOursChangesNothingAndIsLogged) {
     SlantwiseProcessor processor;
-    processor.parameter(1).setValue(0.25f);
+    processor.parameter(pidTiltGain).setValue(0.25f);
     const juce::MemoryBlock before = stateOf(processor);
     std::vector<juce::MemoryBlock> bad(1);
     for (std::size_t length = 1; length < before.getSize(); length += 7)
@@ -64,9 +64,9 @@ TEST(SlantwiseProcessor, StateIsSavedWhileItIsProcessing) {
         juce::AudioBuffer<float> buffer(2, 128);
         juce::MidiBuffer midi;
         while (!done) {
-            processor.parameter(1).setValue(0.1f);
+            processor.parameter(pidTiltGain).setValue(0.1f);
             processor.processBlock(buffer, midi);
-            processor.parameter(1).setValue(0.9f);
+            processor.parameter(pidTiltGain).setValue(0.9f);
         }
     });
     for (int i = 0; i < 200; ++i)

@@ -43,10 +43,10 @@ TEST(SlantwiseProcessor, OffersTheMasterSwitchAsTheHostsBypassOutsideLv2) {
     ASSERT_NE(processor.getBypassParameter(), nullptr);
     EXPECT_EQ(processor.getParameters().indexOf(processor.getBypassParameter()), -1) << "the list is the product's";
     EXPECT_EQ(processor.getBypassParameter()->getValue(), 0);
-    processor.parameter(0).setValue(0);
+    processor.parameter(pidMasterOnOff).setValue(0);
     EXPECT_EQ(processor.getBypassParameter()->getValue(), 1);
     processor.getBypassParameter()->setValue(0);
-    EXPECT_EQ(valueOf(processor, 0), 1);
+    EXPECT_EQ(valueOf(processor, pidMasterOnOff), 1);
 
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
     SlantwiseProcessor inLv2;
@@ -73,7 +73,7 @@ TEST(SlantwiseProcessor, TheHostIsToldOfTheOtherNameOfTheMasterSwitch) {
     EXPECT_EQ(host.lines, (std::vector<std::string>{"value 0 0"}));
     EXPECT_TRUE(bypass.told.empty());
 
-    processor.parameter(0).setValue(1);
+    processor.parameter(pidMasterOnOff).setValue(1);
     processOnce(processor);
     EXPECT_EQ(host.lines.size(), 1U);
     EXPECT_EQ(bypass.told, (std::vector<float>{0}));
@@ -91,7 +91,7 @@ TEST(SlantwiseProcessor, TheHostIsToldOfTheOtherNameOfTheMasterSwitch) {
 TEST(SlantwiseProcessor, ABypassedUnitPassesWhatComesIn) {
     SlantwiseProcessor processor;
     prepare(processor, 2, 2);
-    processor.parameter(7).setValue(0); // nothing of the processed signal
+    processor.parameter(pidOutputGain).setValue(0); // nothing of the processed signal
     juce::AudioBuffer<float> buffer(2, 4096);
     const auto fill = [&] {
         for (int i = 0; i < buffer.getNumSamples(); ++i)
@@ -127,7 +127,7 @@ TEST(SlantwiseProcessor, TakesMonoToMonoMonoToStereoAndStereo) {
 TEST(SlantwiseProcessor, AValueFromTheHostReachesTheUnitAndIsNotSentBack) {
     SlantwiseProcessor processor;
     slantwise_tests::HostRecorder host(processor);
-    processor.parameter(1).setValue(0.75f);
+    processor.parameter(pidTiltGain).setValue(0.75f);
     float value = 0;
     EXPECT_EQ(AudioUnitGetParameter(&processor.unit(), 1, kAudioUnitScope_Global, 0, &value), noErr);
     EXPECT_EQ(value, 9);
@@ -161,7 +161,7 @@ TEST(SlantwiseProcessor, GesturesNeverNestAndNeverEndTwice) {
 
 TEST(SlantwiseProcessor, OutputGainIsHeardInEitherPrecision) {
     SlantwiseProcessor processor;
-    processor.parameter(7).setValue(processor.parameter(7).getValueForText("-6 dB"));
+    processor.parameter(pidOutputGain).setValue(processor.parameter(pidOutputGain).getValueForText("-6 dB"));
     prepare(processor, 2, 2);
     juce::AudioBuffer<float> single(2, 256);
     juce::AudioBuffer<double> dual(2, 256);
@@ -238,7 +238,7 @@ TEST(SlantwiseProcessor, InstancesAreMadeOnSeveralThreadsAtOnce) {
     for (int i = 0; i < 8; ++i) {
         results.push_back(std::async(std::launch::async, [] {
             SlantwiseProcessor processor;
-            processor.parameter(1).setValue(1);
+            processor.parameter(pidTiltGain).setValue(1);
             return stateOf(processor).getSize();
         }));
     }

@@ -92,18 +92,20 @@ TEST_F(StateAcrossProcesses, DISABLED_Loads) {
     EXPECT_EQ(name.value()->string().string(), "Air");
     EXPECT_EQ(ui.presetBar()->ab().position(), 1U);
     auto expected = *PresetIndexToPresetValues(8);
-    expected[1] = nudgedGain;
-    for (const std::uint32_t pid : {0U, 1U, 2U, 3U, 6U, 7U, 9U, 10U, 14U, 15U, 21U, 22U})
+    expected[pidTiltGain] = nudgedGain;
+    for (const ParameterID pid : {pidMasterOnOff, pidTiltGain, pidTiltRangeLow, pidTiltRangeHigh, pidTiltLoudnessMode,
+                                  pidOutputGain, pidFilterRangeLow, pidFilterRangeHigh, pidFilterSlopeLow,
+                                  pidFilterResonanceLow, pidFilterSlopeHigh, pidFilterResonanceHigh})
         EXPECT_EQ(ui.parameterControlWithPid(pid)->floatValue(), expected[pid]) << pid;
-    EXPECT_EQ(ui.parameterControlWithPid(23)->floatValue(), 1);
+    EXPECT_EQ(ui.parameterControlWithPid(pidHQMode)->floatValue(), 1);
     // And on the other side.
     flip(editor);
     EXPECT_EQ(name.value()->string().string(), "Cellphone");
-    EXPECT_EQ(ui.parameterControlWithPid(1)->floatValue(), 7);
-    EXPECT_EQ(ui.parameterControlWithPid(9)->floatValue(), 850);
-    EXPECT_EQ(ui.parameterControlWithPid(23)->floatValue(), 0);
+    EXPECT_EQ(ui.parameterControlWithPid(pidTiltGain)->floatValue(), 7);
+    EXPECT_EQ(ui.parameterControlWithPid(pidFilterRangeLow)->floatValue(), 850);
+    EXPECT_EQ(ui.parameterControlWithPid(pidHQMode)->floatValue(), 0);
     flip(editor);
-    EXPECT_EQ(ui.parameterControlWithPid(1)->floatValue(), nudgedGain);
+    EXPECT_EQ(ui.parameterControlWithPid(pidTiltGain)->floatValue(), nudgedGain);
 }
 
 int exitStatusOf(const std::string& test, const std::string& file) {

@@ -127,7 +127,8 @@ TEST_P(UnitParameterOfEach, RangeForTheHostIsTheHostDomains) {
 
 TEST(UnitParameter, StepsFollowTheNames) {
     FakeAudioUnit unit;
-    const UnitParameter loudness(*GetParameter(6), unit), power(*GetParameter(0), unit), gain(*GetParameter(1), unit);
+    const UnitParameter loudness(*GetParameter(pidTiltLoudnessMode), unit), power(*GetParameter(pidMasterOnOff), unit),
+        gain(*GetParameter(pidTiltGain), unit);
     EXPECT_TRUE(loudness.isDiscrete() && !loudness.isBoolean());
     EXPECT_EQ(loudness.getNumSteps(), 4);
     EXPECT_TRUE(power.isDiscrete() && power.isBoolean());
@@ -137,7 +138,7 @@ TEST(UnitParameter, StepsFollowTheNames) {
 TEST(UnitParameter, AFailedReadIsTheLowEnd) {
     FakeAudioUnit unit;
     unit.parameterErrors[1] = kAudioUnitErr_InvalidParameter;
-    const UnitParameter gain(*GetParameter(1), unit);
+    const UnitParameter gain(*GetParameter(pidTiltGain), unit);
     EXPECT_TRUE(std::isfinite(gain.getValue()));
 }
 

@@ -2,6 +2,7 @@
 // nothing of it but its pixels and what it tells others. Needs a display with a window manager.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "plugin/host/ChildProcess.h"
 #include "plugin/host/EditorMap.h"
 #include "plugin/host/XScreen.h"
@@ -25,7 +26,6 @@ using slantwise_tests::XScreen;
 
 class EditorProgram : public testing::Test {
 protected:
-    static constexpr std::uint32_t tiltGain = 1;
     static constexpr std::uint32_t gainColour = 0xA54D55;
 
     static void rest(double seconds) { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
@@ -110,7 +110,7 @@ protected:
     Picture wholePicture() { return pictureOf({0, 0, 480, 320}); }
     // How much of the handle's colour is where the handle of the tilt gain belongs.
     std::size_t handleAt(float db) {
-        const Point at = map_.handleOf(tiltGain, db);
+        const Point at = map_.handleOf(pidTiltGain, db);
         return pictureOf({at.x - 10, at.y - 12, 20, 24}).countOf(gainColour, 4);
     }
 

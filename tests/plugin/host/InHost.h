@@ -2,6 +2,7 @@
 // Needs a display with a window manager.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "plugin/host/EditorMap.h"
 #include "plugin/host/HostedPlugin.h"
 #include "plugin/host/XScreen.h"
@@ -17,7 +18,6 @@ using slantwise_tests::XScreen;
 
 class InHost : public testing::TestWithParam<Format> {
 protected:
-    static constexpr std::uint32_t tiltGain = 1, tiltRangeLow = 2;
     static constexpr std::uint32_t gainColour = 0xA54D55;
 
     void SetUp() override {
@@ -30,7 +30,7 @@ protected:
     void open() {
         screen_.movePointer(5, 5);
         plugin_.openEditor();
-        EXPECT_TRUE(comesTrue([this] { return pictureOf(map_.frameOf(tiltGain)).countOf(gainColour, 4) > 200; }));
+        EXPECT_TRUE(comesTrue([this] { return pictureOf(map_.frameOf(pidTiltGain)).countOf(gainColour, 4) > 200; }));
         EXPECT_TRUE(comesTrue([this] { return plugin_.editor()->getPeer()->isFocused(); }));
         hostFocus_ = screen_.focus();
         plugin_.recorder().lines.clear();
@@ -98,7 +98,7 @@ protected:
         release();
     }
     // On the handle of the tilt gain, which stands at `db`.
-    Point gainHandle(double db) { return map_.handleOf(tiltGain, static_cast<float>(db)); }
+    Point gainHandle(double db) { return map_.handleOf(pidTiltGain, static_cast<float>(db)); }
 
     Picture pictureOf(const Rect& editorRect) {
         const auto corner = plugin_.onScreen(editorRect.x, editorRect.y);

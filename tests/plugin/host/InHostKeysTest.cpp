@@ -132,7 +132,7 @@ TEST_P(InHostKeys, TheMenuKeyLeadsToThePowerSwitchAndBack) {
     }
     EXPECT_TRUE(hostGetsNothing());
     type("Up");
-    EXPECT_TRUE(becomes(tiltGain, 0.5)) << "the control has the keyboard as before";
+    EXPECT_TRUE(becomes(pidTiltGain, 0.5)) << "the control has the keyboard as before";
 }
 
 TEST_P(InHostKeys, ShortcutsReachTheHostWhileAControlHasTheFocus) {
@@ -149,13 +149,13 @@ TEST_P(InHostKeys, KeysThatTheEditorTakesDoNotReachTheHost) {
     clickOnControl(gainHandle(0));
     typeAll({"minus", "1", "2", "period", "5", "BackSpace", "4", "Return", "Up", "Tab"});
     typeWith("Shift_L", "Tab");
-    EXPECT_TRUE(becomes(tiltGain, -12)); // the step goes to a whole one
+    EXPECT_TRUE(becomes(pidTiltGain, -12)); // the step goes to a whole one
     EXPECT_TRUE(hostGetsNothing());
 }
 
 TEST_P(InHostKeys, AFrequencyIsTypedInThousands) {
     open();
-    clickOnControl(map_.handleOf(2, 20));
+    clickOnControl(map_.handleOf(pidTiltRangeLow, 20));
     typeAll({"1", "period", "5", "k"});
     EXPECT_NEAR(shownValue(2), 20, 0.01) << "nothing is sent before Return";
     type("Return");
@@ -166,12 +166,12 @@ TEST_P(InHostKeys, ArrowsStepWithShiftAndControl) {
     open();
     clickOnControl(gainHandle(0));
     type("Right");
-    EXPECT_TRUE(becomes(tiltGain, 0.5));
+    EXPECT_TRUE(becomes(pidTiltGain, 0.5));
     typeWith("Control_L", "Right");
-    EXPECT_TRUE(becomes(tiltGain, 0.6));
+    EXPECT_TRUE(becomes(pidTiltGain, 0.6));
     typeWith("Control_L", "Down");
     typeWith("Shift_L", "Up");
-    EXPECT_TRUE(becomes(tiltGain, 1.5)); // coarse values are far apart
+    EXPECT_TRUE(becomes(pidTiltGain, 1.5)); // coarse values are far apart
     EXPECT_TRUE(hostGetsNothing());
 }
 
@@ -221,7 +221,7 @@ TEST_P(InHostKeys, ALossOfFocusForAMomentLosesNothingThatWasTyped) {
     screen_.blinkFocus();
     plugin_.run(0.3);
     typeAll({"5", "Return"});
-    EXPECT_TRUE(becomes(tiltGain, 4.5));
+    EXPECT_TRUE(becomes(pidTiltGain, 4.5));
 }
 
 INSTANTIATE_TEST_SUITE_P(Vst3, InHostKeys, testing::Values(Format::vst3), [](const auto&) { return "Bundle"; });

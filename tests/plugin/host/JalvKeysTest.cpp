@@ -24,7 +24,7 @@ protected:
         double value; // as the host has it
     };
 
-    void clickOnGain() { clickOnControl(map_.handleOf(tiltGain, 0)); }
+    void clickOnGain() { clickOnControl(map_.handleOf(pidTiltGain, 0)); }
 
     // All values that the plug-in sent, in their order.
     std::vector<Sent> sent() const {
@@ -91,7 +91,7 @@ TEST_F(JalvKeys, TabWalksThroughAllControlsAndBack) {
 
 TEST_F(JalvKeys, AFrequencyIsTypedInThousands) {
     ASSERT_NO_FATAL_FAILURE(openEditor());
-    clickOnControl(map_.handleOf(2, 20));
+    clickOnControl(map_.handleOf(pidTiltRangeLow, 20));
     type({"1", "period", "5", "k", "Return"});
     EXPECT_TRUE(becomes(2, 1500, 0.5)) << shown(2);
     EXPECT_THAT(hostKeys(), IsEmpty());
@@ -101,17 +101,17 @@ TEST_F(JalvKeys, ArrowsStepWithShiftAndControl) {
     ASSERT_NO_FATAL_FAILURE(openEditor());
     clickOnGain();
     type({"Right"});
-    EXPECT_TRUE(becomes(tiltGain, 0.5, 1e-3)) << shown(tiltGain);
+    EXPECT_TRUE(becomes(pidTiltGain, 0.5, 1e-3)) << shown(pidTiltGain);
     typeWith("Control_L", "Right");
-    EXPECT_TRUE(becomes(tiltGain, 0.6, 1e-3)) << shown(tiltGain);
+    EXPECT_TRUE(becomes(pidTiltGain, 0.6, 1e-3)) << shown(pidTiltGain);
     typeWith("Shift_L", "Up");
-    EXPECT_TRUE(becomes(tiltGain, 1.5, 1e-3)) << shown(tiltGain);
+    EXPECT_TRUE(becomes(pidTiltGain, 1.5, 1e-3)) << shown(pidTiltGain);
     EXPECT_THAT(hostKeys(), IsEmpty());
 }
 
 TEST_F(JalvKeys, ReturnFlipsASwitch) {
     ASSERT_NO_FATAL_FAILURE(openEditor());
-    clickOnControl(map_.frameOf(13).center()); // which flips it too
+    clickOnControl(map_.frameOf(pidFilterListenLow).center()); // which flips it too
     EXPECT_TRUE(becomes(13, 1, 0));
     type({"Return"});
     EXPECT_TRUE(becomes(13, 0, 0));
@@ -159,7 +159,7 @@ TEST_F(JalvKeys, TheMenuKeyLeadsToThePresetsAndEscapeClosesThem) {
     const Rect list{0, 32, 180, 240};
     EXPECT_TRUE(comesTrue([&] { return pictureOf(list).countOf(0xFFFFFF, 2) < 1000; })) << "the list is on its way";
     type({"Down"});
-    EXPECT_TRUE(comesTrue([this] { return shown(tiltGain) != 0; })) << "the next preset";
+    EXPECT_TRUE(comesTrue([this] { return shown(pidTiltGain) != 0; })) << "the next preset";
     const Picture open = wholePicture();
     type({"Escape"});
     EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(open) > 20000; })) << "the list is closed";

@@ -6,19 +6,19 @@ namespace {
 
 TEST_F(Jalv, ShowsTheEditorAndPointerAndKeysWorkInIt) {
     ASSERT_NO_FATAL_FAILURE(openEditor());
-    pointAt(map_.handleOf(tiltGain, 0));
+    pointAt(map_.handleOf(pidTiltGain, 0));
     screen_.button(1, true);
     rest(0.1);
     for (int i = 1; i <= 8; ++i)
-        pointAt(map_.handleOf(tiltGain, 9 * static_cast<float>(i) / 8));
+        pointAt(map_.handleOf(pidTiltGain, 9 * static_cast<float>(i) / 8));
     screen_.button(1, false);
     pointBeside();
     EXPECT_TRUE(comesTrue([this] { return handleAt(9) > 200; }));
     EXPECT_LT(handleAt(-3), 20U) << "the negative control: no handle where none belongs";
 
-    const Picture before = pictureOf(map_.frameOf(tiltGain));
+    const Picture before = pictureOf(map_.frameOf(pidTiltGain));
     screen_.typeKey("Right");
-    EXPECT_TRUE(comesTrue([&] { return pictureOf(map_.frameOf(tiltGain)).differingPixels(before) > 20; }));
+    EXPECT_TRUE(comesTrue([&] { return pictureOf(map_.frameOf(pidTiltGain)).differingPixels(before) > 20; }));
     EXPECT_EQ(close(), 0) << textOf(log_);
 }
 
