@@ -93,11 +93,11 @@ function(slantwise_quick_to_compile name)
 endfunction()
 
 # slantwise_tests(name SOURCES file... LINKS target... [PRECOMPILE header...]): a GoogleTest program whose cases ctest
-# lists one by one.
+# lists one by one, with the program's name as their label.
 function(slantwise_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRECOMPILE" ${ARGN})
     slantwise_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     slantwise_quick_to_compile(${name} <gmock/gmock.h> ${ARG_PRECOMPILE})
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 LABELS ${name})
 endfunction()
