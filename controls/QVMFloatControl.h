@@ -7,6 +7,7 @@
 // y grows upwards in these controls, as it does on their scales.
 #pragma once
 
+#include "controls/Animate.h"
 #include "controls/QVMEvent.h"
 #include "controls/QVMFloatControlDelegate.h"
 #include "controls/QVMGranularities.h"
@@ -18,8 +19,6 @@
 namespace QVM_NAMESPACE {
 
 class QVMFocusBorder;
-
-enum class Animate : bool { no, yes };
 
 class QVMFloatControl : public Control {
 public:

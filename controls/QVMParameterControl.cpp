@@ -17,11 +17,22 @@ constexpr const char* kMasterSwitch = "MasterOnOff";
 constexpr double kDimmedAlpha = 0.2;
 constexpr double kQuickTapSeconds = 5;
 constexpr double kTimeOrigin = 1e9; // seconds; taps are timed from long before any run loop began
+constexpr std::int32_t kNoControlType = -1;
 constexpr float kThousand = 1000;
 constexpr float kBeyondLimits = 1e9f; // more than any parameter holds, and little enough to reckon with
 
-Rect controlFrameOf(const QVMParameter* parameter) {
-    return parameter ? parameter->controlFrame : Rect{};
+// What a control is made for that is given no parameter: it has no name, no place and no type.
+const QVMParameter& noParameter() {
+    static const QVMParameter none = [] {
+        QVMParameter made;
+        made.controlType = kNoControlType;
+        return made;
+    }();
+    return none;
+}
+
+const QVMParameter& orNone(const QVMParameter* parameter) {
+    return parameter ? *parameter : noParameter();
 }
 
 // A decimal number with a point, as large as one cares to type; 0 for anything else.
@@ -46,13 +57,12 @@ std::size_t indexOfNearest(const std::vector<double>& entries, double value) {
 
 QVMParameterControl::QVMParameterControl(const Rect& frame, const Rect& /*labelFrame*/, const QVMParameter* parameter,
                                          float initialValue)
-    : QVMParameterControl(frame, parameter, initialValue,
-                          parameter ? classFor(*parameter, parameter->controlType) : nullptr,
-                          controlFrameOf(parameter)) {}
+    : QVMParameterControl(frame, parameter, initialValue, classFor(orNone(parameter), orNone(parameter).controlType),
+                          orNone(parameter).controlFrame) {}
 
 QVMParameterControl::QVMParameterControl(const Rect& frame, const QVMParameter* parameter, float initialValue,
                                          QVMFloatControlClass primaryClass, const Rect& controlFrame)
-    : Control(frame), parameter_(parameter) {
+    : FocusableControl(frame), parameter_(&orNone(parameter)) {
     if (parameter && primaryClass) {
         primaryControl_ = &addSubview(primaryClass(controlFrame.isEmpty() ? bounds() : controlFrame, *parameter));
         primaryControl_->setAction([this](Control&) {
@@ -74,11 +84,11 @@ QVMParameterControl::~QVMParameterControl() {
 }
 
 Rect QVMParameterControl::controlFrame() const {
-    return controlFrameOf(parameter_);
+    return parameter_->controlFrame;
 }
 
 QVMFloatControlClass QVMParameterControl::classForControlType(std::int32_t controlType) const {
-    return parameter_ ? classFor(*parameter_, controlType) : controlClassForType(controlType);
+    return classFor(*parameter_, controlType);
 }
 
 float QVMParameterControl::floatValue() const {
@@ -108,7 +118,7 @@ void QVMParameterControl::setUserInitiatedValueInternally(float value) {
     reportValueChange();
     if (!primaryControl_) return;
     primaryControl_->reportDiscreteInteraction();
-    QVMTransientBufferDisplayClear(primaryControl_);
+    clearTransientStringValue();
 }
 
 void QVMParameterControl::setStringValue(const std::string& text) {
@@ -120,8 +130,7 @@ void QVMParameterControl::setStringValue(const std::string& text) {
     }
     std::replace(digits.begin(), digits.end(), ',', '.');
     float value = parsedNumber(digits) * multiplier;
-    if (parameter_ && parameter_->textEntryNumbers)
-        value = static_cast<float>(indexOfNearest(*parameter_->textEntryNumbers, value));
+    if (parameter_->textEntryNumbers) value = static_cast<float>(indexOfNearest(*parameter_->textEntryNumbers, value));
     setUserInitiatedValueInternally(value);
 }
 
@@ -131,18 +140,21 @@ bool QVMParameterControl::acceptsTransientStringBuffers() const {
 
 void QVMParameterControl::setTransientStringValue(const std::string& text) {
     auto* const display = dynamic_cast<QVMTransientBufferDisplay*>(primaryControl_);
-    if (!display || !focused_) return;
+    if (!display || !focused()) return;
     display->setDisplayingTransientBufferValue(true);
     display->displayTransientBufferValue(QVMVerticalSlider::formattedReadoutStringForValueSuffixFontSize(
         text, "", display->transientStringPreferredFontSize()));
 }
 
 void QVMParameterControl::setFocused(bool focused) {
-    const bool isChanged = focused != focused_;
-    focused_ = focused;
-    if (!primaryControl_) return;
-    if (isChanged) primaryControl_->setHighlit(focused);
-    if (!focused) QVMTransientBufferDisplayClear(primaryControl_);
+    const bool isChanged = focused != this->focused();
+    FocusableControl::setFocused(focused);
+    if (isChanged && primaryControl_) primaryControl_->setHighlit(focused);
+    if (!focused) clearTransientStringValue();
+}
+
+void QVMParameterControl::clearTransientStringValue() {
+    QVMTransientBufferDisplayClear(primaryControl_);
 }
 
 bool QVMParameterControl::incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) {
@@ -171,7 +183,7 @@ bool QVMParameterControl::toggleBooleanControl() {
 }
 
 bool QVMParameterControl::tap() {
-    if (!primaryControl_ || parameter_->tap.empty() || primaryControl_->isDisabled()) return false;
+    if (!primaryControl_ || !hasTap() || primaryControl_->isDisabled()) return false;
     const double now = kTimeOrigin + RunLoop::main().now();
     if (now - lastTap_ < kQuickTapSeconds) setUserInitiatedValueInternally(0);
     lastTap_ = now;
@@ -190,7 +202,7 @@ void QVMParameterControl::setDimmedDelayPriorityKey(bool dimmed, double /*delay*
 }
 
 void QVMParameterControl::toggleTooltip(bool on) {
-    setToolTip(on && parameter_ ? parameter_->name : "");
+    setToolTip(on ? parameter_->name : "");
 }
 
 void QVMParameterControl::themeUpdated() {
@@ -205,7 +217,7 @@ void QVMParameterControl::mouseDown(const Event& event) {
     handlingOutsideClick_ =
         !inside.isEmpty() && !inside.contains(convertFromWindow(event.locationInWindow)) && !primaryControlHasPress();
     if (handlingOutsideClick_ && primaryControl_) primaryControl_->handleMouseDownEvent({event, *primaryControl_});
-    Control::mouseDown(event);
+    FocusableControl::mouseDown(event);
 }
 
 bool QVMParameterControl::primaryControlHasPress() const {

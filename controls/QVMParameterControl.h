@@ -6,6 +6,7 @@
 #pragma once
 
 #include "controls/ControlClasses.h"
+#include "controls/FocusableControl.h"
 #include "controls/QVMParameterControlDelegate.h"
 #include "controls/ValueFollower.h"
 
@@ -18,10 +19,10 @@ namespace QVM_NAMESPACE {
 
 class QVMRangeControl;
 
-class QVMParameterControl : public Control, public QVMFloatControlDelegate {
+class QVMParameterControl : public FocusableControl, public QVMFloatControlDelegate {
 public:
-    // The parameter outlives the control; with none there is no inner control either. Labels are drawn by the editor:
-    // their frame is not used here.
+    // The parameter outlives the control; null stands for one that has nothing in it and so no inner control. Labels
+    // are drawn by the editor: their frame is not used here.
     QVMParameterControl(const Rect& frame, const Rect& labelFrame, const QVMParameter* parameter, float initialValue);
     // As above, with an inner control of a class of the caller's choice (null for none) at a place of its own (empty:
     // it fills the bounds).
@@ -29,6 +30,7 @@ public:
                         QVMFloatControlClass primaryClass, const Rect& controlFrame);
     ~QVMParameterControl() override;
 
+    // Never null.
     const QVMParameter* parameter() const { return parameter_; }
     // Null when the parameter's control type has no class.
     QVMFloatControl* primaryControl() const { return primaryControl_; }
@@ -48,21 +50,24 @@ public:
     // Sets a value as if the user had made it: action, discrete interaction, and no half-typed text left.
     void setUserInitiatedValueInternally(float value);
     // Takes typed-in text: a decimal number with point or comma, "k" behind it for thousands. No number is 0.
-    void setStringValue(const std::string& text);
+    void setStringValue(const std::string& text) override;
     // Whether and how text shows while it is being typed; only a focused control shows any.
-    virtual bool acceptsTransientStringBuffers() const;
-    virtual void setTransientStringValue(const std::string& text);
+    bool acceptsTransientStringBuffers() const override;
+    void setTransientStringValue(const std::string& text) override;
+    void clearTransientStringValue() override;
 
-    bool focused() const { return focused_; }
     // Shows keyboard focus; losing it discards half-typed text.
-    virtual void setFocused(bool focused);
-    virtual bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity);
+    void setFocused(bool focused) override;
+    std::string_view codename() const override { return parameter_->codesafeName; }
+    const QVMClump* clump() const override { return parameter_->clump; }
+    bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
     void handleModalClick(const Event& event);
     void updateScalarIndicatorWithValueOffsetAnimateClipping(float value, float offset, Animate animate, bool clipping);
     // Flips a two-state parameter; false for any other.
-    virtual bool toggleBooleanControl();
+    bool toggleBooleanControl() override;
     // Accepts a tap on a control with a tap setting; a second one within 5 s sets the value to 0.
-    virtual bool tap();
+    bool hasTap() const override { return !parameter_->tap.empty(); }
+    bool tap() override;
 
     // Holds the control dimmed under `key`, or lets go; it is dimmed while anyone holds it. The delay (seconds) is not
     // used and the priority only recorded.
@@ -112,10 +117,9 @@ private:
     // Whether a press went to the inner control first, which may reach beyond its frame, and was passed on from there.
     bool primaryControlHasPress() const;
 
-    const QVMParameter* parameter_;
+    const QVMParameter* parameter_;             // never null
     QVMFloatControl* primaryControl_ = nullptr; // a subview
     std::optional<float> immutableFloatValue_;
-    bool focused_ = false;
     std::map<std::string, unsigned> dimHolds_; // priority by key
     bool handlingOutsideClick_ = false;
     double lastTap_ = 0;

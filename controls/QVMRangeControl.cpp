@@ -55,12 +55,12 @@ void QVMRangeControl::setInteractive(bool interactive) {
 
 void QVMRangeControl::setLow(QVMParameterControl* control) {
     attach(low_, control);
-    if (rangeSlider() && control && control->parameter()) rangeSlider()->setLowPid(control->parameter()->pid);
+    if (rangeSlider() && control) rangeSlider()->setLowPid(control->parameter()->pid);
 }
 
 void QVMRangeControl::setHigh(QVMParameterControl* control) {
     attach(high_, control);
-    if (rangeSlider() && control && control->parameter()) rangeSlider()->setHighPid(control->parameter()->pid);
+    if (rangeSlider() && control) rangeSlider()->setHighPid(control->parameter()->pid);
 }
 
 void QVMRangeControl::attach(QVMParameterControl*& member, QVMParameterControl* control) {

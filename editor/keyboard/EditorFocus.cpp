@@ -8,8 +8,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-bool isInClumpOfType(const QVMParameter* parameter, std::int32_t type) {
-    return parameter && parameter->clump && parameter->clump->clumpType == type;
+bool isOfType(const QVMClump* clump, std::int32_t type) {
+    return clump && clump->clumpType == type;
 }
 
 bool isUsable(const QVMParameterControl* control) {
@@ -21,8 +21,8 @@ bool isUsable(const QVMParameterControl* control) {
 EditorFocus::EditorFocus(const QVMConfig& config, const EditorValues& values, const View& root, FocusSurface& surface)
     : config_(config), values_(values), root_(root), surface_(surface) {}
 
-void EditorFocus::bring(QVMParameterControl* control) {
-    if (control && isInClumpOfType(control->parameter(), QVMClumpTypeMaster)) return;
+void EditorFocus::bring(FocusableControl* control) {
+    if (control && isOfType(control->clump(), QVMClumpTypeMaster)) return;
     if (control && !canBeShown(*control)) control = nullptr;
     if (control != focused_) surface_.focusWillMove();
     focused_ = control;
@@ -31,7 +31,7 @@ void EditorFocus::bring(QVMParameterControl* control) {
     surface_.focusDidMove(control);
 }
 
-bool EditorFocus::canBeShown(const QVMParameterControl& control) const {
+bool EditorFocus::canBeShown(const FocusableControl& control) const {
     const View* const drawer = surface_.closedDrawer();
     for (const View* view = &control; view && view != &root_; view = view->superview())
         if (view->isHidden() && view != drawer) return false;
@@ -39,15 +39,19 @@ bool EditorFocus::canBeShown(const QVMParameterControl& control) const {
 }
 
 bool EditorFocus::isInClosedDrawer(const QVMParameter* parameter) const {
-    return surface_.closedDrawer() && isInClumpOfType(parameter, QVMClumpTypeAdvanced);
+    return parameter && surface_.closedDrawer() && isOfType(parameter->clump, QVMClumpTypeAdvanced);
+}
+
+bool EditorFocus::isInClosedDrawer(const FocusableControl& control) const {
+    return surface_.closedDrawer() && isOfType(control.clump(), QVMClumpTypeAdvanced);
 }
 
 void EditorFocus::reveal() {
-    if (focused_ && isInClosedDrawer(focused_->parameter())) surface_.openClosedDrawer();
+    if (focused_ && isInClosedDrawer(*focused_)) surface_.openClosedDrawer();
 }
 
 void EditorFocus::dropIfHidden() {
-    if (focused_ && (!canBeShown(*focused_) || isInClosedDrawer(focused_->parameter()))) bring(nullptr);
+    if (focused_ && (!canBeShown(*focused_) || isInClosedDrawer(*focused_))) bring(nullptr);
 }
 
 void EditorFocus::setHasFocus(bool hasFocus) {
@@ -57,24 +61,23 @@ void EditorFocus::setHasFocus(bool hasFocus) {
         bring(nullptr);
         return;
     }
-    QVMParameterControl* const remembered = std::exchange(remembered_, nullptr);
+    FocusableControl* const remembered = std::exchange(remembered_, nullptr);
     // A click on a control that brought the window to the front has chosen already.
     if (!remembered || focused_) return;
-    if (!isInClosedDrawer(remembered->parameter())) bring(remembered);
+    if (!isInClosedDrawer(*remembered)) bring(remembered);
 }
 
-QVMParameterControl* EditorFocus::adjacent(const QVMParameterControl* from, int direction) const {
+QVMParameterControl* EditorFocus::adjacent(const FocusableControl* from, int direction) const {
     const std::vector<std::string>& order = config_.metadata->tabOrder;
     if (order.empty() || static_cast<int>(values_.memoized(pidMasterOnOff)) == 0) return nullptr;
     if (!from) return surface_.parameterControlWithCodename(order.front());
-    if (!from->parameter()) return nullptr;
 
     const std::size_t count = order.size(), step = direction > 0 ? 1 : count - 1;
     std::size_t index = direction > 0 ? 0 : count - 1;
     bool passed = false;
     // Twice round is enough to come to the focused name a second time; a name that is not in the order never comes.
     for (std::size_t visits = 0; visits < 2 * count; ++visits, index = (index + step) % count) {
-        if (order[index] == from->parameter()->codesafeName) {
+        if (order[index] == from->codename()) {
             if (passed) return nullptr;
             passed = true;
             continue;

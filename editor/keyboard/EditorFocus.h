@@ -16,11 +16,11 @@ public:
     EditorFocus(const QVMConfig& config, const EditorValues& values, const View& root, FocusSurface& surface);
 
     // Null for none.
-    QVMParameterControl* focused() const { return focused_; }
+    FocusableControl* focused() const { return focused_; }
     // A control of the master clump never takes it; null, or one that cannot be shown, takes it away from all.
-    void bring(QVMParameterControl* control);
+    void bring(FocusableControl* control);
     // Whether nothing hides a control, itself or a view around it, but the drawer, which opens for the focus.
-    bool canBeShown(const QVMParameterControl& control) const;
+    bool canBeShown(const FocusableControl& control) const;
     // Whether a parameter's control stands in the drawer while that is closed. Null does not.
     bool isInClosedDrawer(const QVMParameter* parameter) const;
     // Opens the drawer when the focus is in there: whoever walks to it sees where he is.
@@ -34,15 +34,17 @@ public:
 
     // The next control along the description's tab order that can be used, or null; -1 is backwards. There is none
     // while processing is off.
-    QVMParameterControl* adjacent(const QVMParameterControl* from, int direction) const;
+    QVMParameterControl* adjacent(const FocusableControl* from, int direction) const;
 
 private:
+    bool isInClosedDrawer(const FocusableControl& control) const;
+
     const QVMConfig& config_;
     const EditorValues& values_;
     const View& root_;
     FocusSurface& surface_;
-    QVMParameterControl* focused_ = nullptr;
-    QVMParameterControl* remembered_ = nullptr;
+    FocusableControl* focused_ = nullptr;
+    FocusableControl* remembered_ = nullptr;
     bool hasFocus_ = false;
 };
 

@@ -8,6 +8,7 @@
 
 namespace QVM_NAMESPACE {
 
+class FocusableControl;
 class QVMParameterControl;
 class View;
 
@@ -28,7 +29,7 @@ public:
     // The focus goes to another control, or to none: first before anything has changed, then with the control that has
     // it, when each parameter's control knows. The second comes also when it stays where it is.
     virtual void focusWillMove() = 0;
-    virtual void focusDidMove(QVMParameterControl* control) = 0;
+    virtual void focusDidMove(FocusableControl* control) = 0;
 };
 
 } // namespace QVM_NAMESPACE

@@ -26,12 +26,11 @@ QVMKeyboardHandler::QVMKeyboardHandler(EditorSession& session, EditorFocus& focu
     : session_(session), focus_(focus), surface_(surface) {}
 
 bool QVMKeyboardHandler::handleKeyDownEvent(const Event& event) {
-    QVMParameterControl* control = focused();
+    FocusableControl* control = focused();
     // Keys with Command are shortcuts, here or in the host, and never typed.
     if (!control || event.has(EventModifier::command)) return false;
     const char32_t ch = characterOf(event);
-    const bool canTap = control->parameter() && !control->parameter()->tap.empty();
-    if (canTap && (ch == U'j' || ch == U'f')) return keyboardShortcutAttemptTap();
+    if (control->hasTap() && (ch == U'j' || ch == U'f')) return keyboardShortcutAttemptTap();
     return numberBuffer_.takes(ch) ? appendToNumberBuffer(ch) : handleKeyCode(event);
 }
 
@@ -56,7 +55,7 @@ bool QVMKeyboardHandler::handleKeyCode(const Event& event) {
 bool QVMKeyboardHandler::handlePerformKeyEquivalent(const Event& event) {
     const char32_t ch = characterOf(event);
     if (event.has(EventModifier::numericPad)) {
-        QVMParameterControl* control = focused();
+        FocusableControl* control = focused();
         return control && isArrow(ch) && control->incrementWithArrowGranularity(ch, granularityOf(event));
     }
     if (!event.has(EventModifier::command) || event.has(EventModifier::control)) return false;
@@ -89,7 +88,7 @@ bool QVMKeyboardHandler::deleteLastCharacterInNumberBuffer() {
 }
 
 bool QVMKeyboardHandler::sendCompletedNumberBuffer() {
-    QVMParameterControl* control = focused();
+    FocusableControl* control = focused();
     if (!control) return false;
     // The toggle counts as an interaction, which empties the buffer; what was typed stays typed.
     const std::string typed = numberBuffer_.text();
@@ -104,12 +103,12 @@ bool QVMKeyboardHandler::sendCompletedNumberBuffer() {
 
 bool QVMKeyboardHandler::resetNumberBuffer() {
     numberBuffer_.clear();
-    if (QVMParameterControl* control = focused()) QVMTransientBufferDisplayClear(control->primaryControl());
+    if (FocusableControl* control = focused()) control->clearTransientStringValue();
     return true;
 }
 
 void QVMKeyboardHandler::showNumberBuffer() {
-    if (QVMParameterControl* control = focused()) control->setTransientStringValue(numberBuffer_.text());
+    if (FocusableControl* control = focused()) control->setTransientStringValue(numberBuffer_.text());
 }
 
 bool QVMKeyboardHandler::tabToNextControlWithEvent(const Event& event) {
@@ -117,7 +116,7 @@ bool QVMKeyboardHandler::tabToNextControlWithEvent(const Event& event) {
 }
 
 bool QVMKeyboardHandler::tabToNextControlWithDirection(int direction) {
-    QVMParameterControl* control = focused();
+    FocusableControl* control = focused();
     if (control && control->acceptsTransientStringBuffers()) sendCompletedNumberBuffer();
     focus_.bring(adjacentParameterControlDirection(control, direction));
     focus_.reveal();
@@ -125,7 +124,7 @@ bool QVMKeyboardHandler::tabToNextControlWithDirection(int direction) {
     return true;
 }
 
-QVMParameterControl* QVMKeyboardHandler::adjacentParameterControlDirection(QVMParameterControl* control,
+QVMParameterControl* QVMKeyboardHandler::adjacentParameterControlDirection(FocusableControl* control,
                                                                            int direction) const {
     return focus_.adjacent(control, direction);
 }
@@ -138,11 +137,11 @@ bool QVMKeyboardHandler::escapeFocusedControl() {
 }
 
 bool QVMKeyboardHandler::keyboardShortcutAttemptTap() {
-    QVMParameterControl* control = focused();
+    FocusableControl* control = focused();
     return control && control->tap();
 }
 
-QVMParameterControl* QVMKeyboardHandler::focused() const {
+FocusableControl* QVMKeyboardHandler::focused() const {
     return focus_.focused();
 }
 

@@ -16,6 +16,7 @@
 namespace QVM_NAMESPACE {
 
 class EditorFocus;
+class FocusableControl;
 class KeyboardSurface;
 class QVMParameterControl;
 
@@ -43,7 +44,7 @@ public:
     // The walk of the focus (EditorFocus); -1 is backwards. What was typed is sent first.
     bool tabToNextControlWithEvent(const Event& event);
     bool tabToNextControlWithDirection(int direction);
-    QVMParameterControl* adjacentParameterControlDirection(QVMParameterControl* focused, int direction) const;
+    QVMParameterControl* adjacentParameterControlDirection(FocusableControl* focused, int direction) const;
     // Forgets what was typed and takes the focus away; where there is none, closes the drawers.
     bool escapeFocusedControl();
     bool keyboardShortcutAttemptTap();
@@ -78,7 +79,7 @@ public:
 private:
     using Shortcut = std::function<bool()>;
 
-    QVMParameterControl* focused() const;
+    FocusableControl* focused() const;
     bool handleKeyCode(const Event& event);
     void showNumberBuffer();
 

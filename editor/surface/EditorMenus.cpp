@@ -38,7 +38,7 @@ const QVMClump* EditorMenus::clumpAtWindowPoint(Point pointInWindow) const {
 }
 
 std::unique_ptr<Menu> EditorMenus::menuForKeyboard() {
-    return makeKeyboardMenu(ui_, setSubject(ui_.focusedControl()));
+    return makeKeyboardMenu(ui_, setSubject(dynamic_cast<QVMParameterControl*>(ui_.focusedControl())));
 }
 
 // There is nothing to say about a control with no value to change.
@@ -48,7 +48,7 @@ QVMParameterControl* EditorMenus::setSubject(QVMParameterControl* control) {
 
 bool EditorMenus::popUpForKey(const Event& event) {
     if (!isMenuKey(event) || !ui_.window()) return false;
-    const QVMParameterControl* const focused = ui_.focusedControl();
+    const FocusableControl* const focused = ui_.focusedControl();
     const View& about = focused ? static_cast<const View&>(*focused) : ui_;
     const Rect frame = about.convertToWindow(about.bounds());
     ui_.window()->popUpMenu(menuForKeyboard(), {frame.minX(), focused ? frame.maxY() : frame.minY()});

@@ -30,8 +30,8 @@ Rect indicatorFrame(std::uint32_t position) {
 } // namespace
 
 QVMABControl::QVMABControl(const Rect& frame)
-    : QVMParameterControl(frame, Rect{}, nullptr, 0), box_(std::make_shared<Layer>()),
-      indicator_(std::make_shared<Layer>()), highlight_(std::make_shared<QVMFocusBorder>(YAxis::down)) {
+    : FocusableControl(frame), box_(std::make_shared<Layer>()), indicator_(std::make_shared<Layer>()),
+      highlight_(std::make_shared<QVMFocusBorder>(YAxis::down)) {
     layer()->setName("abControl");
     box_->setName("box");
     box_->setFrame(boxFrame);
@@ -113,17 +113,12 @@ void QVMABControl::setTransientStringValue(const std::string&) {
 }
 
 void QVMABControl::setFocused(bool focused) {
-    QVMParameterControl::setFocused(focused);
+    FocusableControl::setFocused(focused);
     highlight_->setOpacity(focused ? 1 : 0);
 }
 
-// Not as the base has it, to which a double click is the start of typing.
-void QVMABControl::mouseDown(const Event& event) {
-    if (Responder* next = nextResponder()) next->mouseDown(event);
-}
-
 void QVMABControl::viewDidMoveToWindow() {
-    QVMParameterControl::viewDidMoveToWindow();
+    FocusableControl::viewDidMoveToWindow();
     themeObservation_.reset();
     if (!window()) return;
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,

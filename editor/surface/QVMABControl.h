@@ -1,11 +1,13 @@
 // The switch between two complete settings, A and B, with a button between the letters that copies the active one to
 // the other side.
 //
-// It changes nothing by itself: every tap is reported, and whoever hears it moves the switch. It can have keyboard
-// focus like a parameter's control, though it has no parameter; whatever is typed there flips it. Main thread only.
+// It changes nothing by itself: every tap is reported, and whoever hears it moves the switch. With the keyboard's focus
+// whatever is typed flips it. Main thread only.
 #pragma once
 
-#include "controls/QVMParameterControl.h"
+#include "controls/Animate.h"
+#include "controls/FocusableControl.h"
+#include "platform/runloop/NotificationCenter.h"
 
 #include <memory>
 
@@ -25,7 +27,7 @@ public:
     virtual void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) = 0;
 };
 
-class QVMABControl final : public QVMParameterControl {
+class QVMABControl final : public FocusableControl {
 public:
     explicit QVMABControl(const Rect& frame);
 
@@ -49,10 +51,8 @@ public:
     bool toggleBooleanControl() override;
     bool tap() override;
     void setTransientStringValue(const std::string& text) override;
-    bool acceptsTransientStringBuffers() const override { return false; }
     void setFocused(bool focused) override;
 
-    void mouseDown(const Event& event) override;
     void viewDidMoveToWindow() override;
 
 private:

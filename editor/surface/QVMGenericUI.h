@@ -178,8 +178,8 @@ public:
     QVMInteraction interactionState(std::uint32_t pid) const { return reports_.state(pid); }
 
     // Keyboard focus (EditorFocus). Null takes it away from all.
-    void bringParameterControlIntoFocus(QVMParameterControl* control) { focus_.bring(control); }
-    QVMParameterControl* focusedControl() const { return focus_.focused(); }
+    void bringParameterControlIntoFocus(FocusableControl* control) { focus_.bring(control); }
+    FocusableControl* focusedControl() const { return focus_.focused(); }
     // Follows the window: without focus the logo fades and the focused control is remembered for later.
     void setHasFocus(bool hasFocus);
     bool hasFocus() const { return focus_.hasFocus(); }
@@ -239,7 +239,7 @@ private:
     const View* closedDrawer() const override;
     void openClosedDrawer() override;
     void focusWillMove() override { keyboard_.clearNumberBuffer(); }
-    void focusDidMove(QVMParameterControl* control) override;
+    void focusDidMove(FocusableControl* control) override;
     // EditorDrawersDelegate
     void drawerWillOpen() override { focus_.bring(nullptr); }
     void presetsDrawerWillClose() override { ensureFirstResponder(); }

@@ -15,17 +15,17 @@ constexpr double unfocusedLogoAlpha = 0.5;
 
 } // namespace
 
-void QVMGenericUI::focusDidMove(QVMParameterControl* control) {
+void QVMGenericUI::focusDidMove(FocusableControl* control) {
     sketches_.setFocusedPid(focusedPid());
     if (!presetBar()) return;
     presetBar()->ab().setFocused(&presetBar()->ab() == control);
     if (presetBar()->presetControl()) presetBar()->presetControl()->setFocused(presetBar()->presetControl() == control);
 }
 
-// The A/B control stands for no parameter, and the preset control's is none of the unit's.
+// The preset control's parameter is none of the unit's.
 std::int32_t QVMGenericUI::focusedPid() const {
-    const QVMParameterControl* focused = focus_.focused();
-    return controls_.contains(focused) ? static_cast<std::int32_t>(focused->parameter()->pid) : -1;
+    const QVMParameterControl* control = controls_.around(focus_.focused());
+    return control ? static_cast<std::int32_t>(control->parameter()->pid) : -1;
 }
 
 void QVMGenericUI::setHasFocus(bool hasFocus) {

@@ -1,5 +1,6 @@
 #include "editor/surface/QVMPresetBar.h"
 
+#include "controls/QVMParameterControl.h"
 #include "controls/QVMSymbolButton.h"
 #include "editor/surface/BorderRect.h"
 #include "editor/surface/EditorLayout.h"

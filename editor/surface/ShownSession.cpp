@@ -67,7 +67,7 @@ bool ShownSession::isGestureUnderWay() const {
     const Window* const window = ui_.window();
     if (!window) return false;
     const View* pressed = window->mouseCapture();
-    while (pressed && !dynamic_cast<const QVMParameterControl*>(pressed))
+    while (pressed && !dynamic_cast<const FocusableControl*>(pressed))
         pressed = pressed->superview();
     return pressed || window->isKeyHeld();
 }

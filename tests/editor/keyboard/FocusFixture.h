@@ -37,8 +37,9 @@ protected:
     const View* closedDrawer() const override { return drawerIsOpen_ ? nullptr : drawer_; }
     void openClosedDrawer() override { told_.push_back("open drawer"); }
     void focusWillMove() override { told_.push_back("will move"); }
-    void focusDidMove(QVMParameterControl* control) override {
-        told_.push_back("did move " + (control ? std::to_string(control->parameter()->pid) : "away"));
+    void focusDidMove(FocusableControl* control) override {
+        const auto* moved = dynamic_cast<const QVMParameterControl*>(control);
+        told_.push_back("did move " + (moved ? std::to_string(moved->parameter()->pid) : "away"));
     }
     // KeyboardSurface
     QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const override {

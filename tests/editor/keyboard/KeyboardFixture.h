@@ -12,7 +12,9 @@ namespace QVM_NAMESPACE {
 class QVMKeyboardHandlerTest : public EditorFixture {
 protected:
     void focus(std::uint32_t pid) { ui_->bringParameterControlIntoFocus(&control(pid)); }
-    std::uint32_t focusedPid() const { return ui_->focusedControl()->parameter()->pid; }
+    std::uint32_t focusedPid() const {
+        return dynamic_cast<const QVMParameterControl&>(*ui_->focusedControl()).parameter()->pid;
+    }
     const std::string& buffer() { return ui_->keyboard().numberBuffer(); }
     void type(std::string_view text) {
         for (const char c : text)
