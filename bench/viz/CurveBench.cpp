@@ -50,7 +50,7 @@ struct Display {
         set(pidFilterResonanceHigh, s.highReso);
     }
     void set(std::size_t pid, double value) {
-        sketch.parameterStates[pid].value = sketch.parameterStates[pid].displayValue = static_cast<float>(value);
+        sketch.parameterStates()[pid].value = sketch.parameterStates()[pid].displayValue = static_cast<float>(value);
     }
     void frame() { sketch.prepareForDrawing(canvas, kFrameSeconds); }
 };

@@ -71,15 +71,15 @@ void EditorSketches::addAuxiliarySketch(const PBSketch& description, const Setti
     if (!slider) return;
     sketch_->addAuxiliarySketch(slider->addInTrack(std::make_unique<QVMAuxiliarySketch>(
         slider->bounds(), static_cast<float>(settings.sampleRate), settings.maxFrames, description,
-        sketch_->getVizRef()->paramCount, sketch_->getVizRef(), settings.scale, settings.chanIn, settings.chanOut)));
+        sketch_->getVizRef()->paramCount(), sketch_->getVizRef(), settings.scale, settings.chanIn, settings.chanOut)));
 }
 
 // So that the first glide starts from what the controls show.
 void EditorSketches::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
-    const std::size_t count = std::min<std::size_t>(vizRef.paramCount, values_.count());
+    const std::size_t count = std::min<std::size_t>(vizRef.paramCount(), values_.count());
     for (std::uint32_t pid = 0; pid < count; ++pid) {
-        vizRef.parameterStates[pid].value = vizRef.parameterStates[pid].displayValue = values_.memoized(pid);
-        vizRef.interpTargets[pid] = vizRef.interpValues[pid] = values_.memoized(pid);
+        vizRef.parameterStates()[pid].value = vizRef.parameterStates()[pid].displayValue = values_.memoized(pid);
+        vizRef.interpTargets()[pid] = vizRef.interpValues()[pid] = values_.memoized(pid);
     }
 }
 

@@ -192,7 +192,7 @@ TEST_F(DragTrace, FromTheUnitToTheSliderAValuePassesTheStationsThatAreTold) {
     };
     AudioUnitSetParameter(&watched_, pidTiltGain, kAudioUnitScope_Global, 0, value, 0);
     const VizRef shared = ui_->sketch()->getVizRef();
-    ASSERT_EQ(shared->parameterStates[pidTiltGain].value, value) << "VizLink has been";
+    ASSERT_EQ(shared->parameterStates()[pidTiltGain].value, value) << "VizLink has been";
     ASSERT_TRUE(way_.empty());
     ASSERT_NE(slider().floatValue(), value);
     frame();

@@ -91,17 +91,17 @@ TEST_F(OnScreen, AutomationMovesHandleAndCurveWithNoAudio) {
     frame();
     EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 9);
     EXPECT_GT(editor->slider(1).handleValue(), before);
-    EXPECT_GT(editor->object().parameterStates[1].displayValue, 0);
+    EXPECT_GT(editor->object().parameterStates()[1].displayValue, 0);
     for (int i = 0; i < 7; ++i)
         frame();
-    EXPECT_EQ(editor->object().parameterStates[1].displayValue, 9);
+    EXPECT_EQ(editor->object().parameterStates()[1].displayValue, 9);
 }
 
 TEST_F(OnScreen, TheEditorsOwnChangeMovesTheCurve) {
     ui().notifyParameterUpdatedTo(2, 489.9F);
     for (int i = 0; i < 8; ++i)
         frame();
-    EXPECT_EQ(editor->object().parameterStates[2].displayValue, 489.9F);
+    EXPECT_EQ(editor->object().parameterStates()[2].displayValue, 489.9F);
     EXPECT_EQ(ui().getMemoizedPValueDirectly(2), 489.9F);
 }
 
@@ -222,7 +222,7 @@ TEST_F(OnScreen, TheNextEditorShowsWhatHappenedMeanwhile) {
     editor = std::make_unique<OpenEditor>(&real);
     EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 3);
     settle();
-    EXPECT_EQ(editor->object().parameterStates[1].displayValue, 3);
+    EXPECT_EQ(editor->object().parameterStates()[1].displayValue, 3);
     automate(1, 4);
     frame();
     EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 4);

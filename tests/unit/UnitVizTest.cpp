@@ -38,14 +38,14 @@ protected:
 
 TEST_F(UnitViz, AChangeOfTheHostsIsPostedWithNoAudio) {
     AudioUnitSetParameter(&unit, 1, 0, 0, -4, 0);
-    EXPECT_EQ(drawing->parameterStates[pidTiltGain].value, -4);
+    EXPECT_EQ(drawing->parameterStates()[pidTiltGain].value, -4);
 }
 
 TEST_F(UnitViz, ARestoredStateIsPosted) {
     QVM0015_AudioUnit other;
     AudioUnitSetParameter(&other, 1, 0, 0, 9, 0);
     ASSERT_EQ(unit.restoreState(other.saveState()), UnitStateResult::ok);
-    EXPECT_EQ(drawing->parameterStates[pidTiltGain].value, 9);
+    EXPECT_EQ(drawing->parameterStates()[pidTiltGain].value, 9);
 }
 
 TEST_F(UnitViz, TheMeterShowsTheOutput) {
@@ -125,7 +125,7 @@ TEST_F(UnitViz, OpensAndClosesThousandsOfTimesWhileRendering) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         float now = 0;
         AudioUnitGetParameter(&unit, pid, 0, 0, &now);
-        EXPECT_EQ(drawing->parameterStates[pid].value, GetParameter(pid)->heldValueFromHostValue(now)) << pid;
+        EXPECT_EQ(drawing->parameterStates()[pid].value, GetParameter(pid)->heldValueFromHostValue(now)) << pid;
     }
 }
 
@@ -144,7 +144,7 @@ TEST_F(UnitViz, NoChangeIsLeftBehindByThreadsThatMeet) {
         for (const std::uint32_t pid : {pidTiltGain, pidOutputGain, pidFilterResonanceLow}) {
             float now = 0;
             AudioUnitGetParameter(&unit, pid, 0, 0, &now);
-            ASSERT_EQ(drawing->parameterStates[pid].value, GetParameter(pid)->heldValueFromHostValue(now));
+            ASSERT_EQ(drawing->parameterStates()[pid].value, GetParameter(pid)->heldValueFromHostValue(now));
         }
     }
 }

@@ -16,7 +16,7 @@ constexpr double blockSeconds = 512.0 / 48000;
 
 class VizLinkFixture : public testing::Test {
 protected:
-    float posted(std::uint32_t pid) const { return drawing->parameterStates[pid].value; }
+    float posted(std::uint32_t pid) const { return drawing->parameterStates()[pid].value; }
     float level(int channel) const { return drawing->levelMeter()->channel(channel).level; }
     void endGlide() {
         for (int i = 0; i < 8; ++i)

@@ -25,32 +25,32 @@ TEST_F(VizLinkTest, ANewObjectGetsEveryParameterAndGlidesThere) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const float shown = GetParameter(pid)->heldValueFromHostValue(parameters.value(pid));
         EXPECT_EQ(posted(pid), shown) << pid;
-        EXPECT_EQ(drawing->interpTargets[pid], shown) << pid;
+        EXPECT_EQ(drawing->interpTargets()[pid], shown) << pid;
     }
     EXPECT_EQ(posted(pidTiltGain), -7);
-    EXPECT_TRUE(drawing->isInterpolating);
+    EXPECT_TRUE(drawing->isInterpolating());
     endGlide();
-    EXPECT_EQ(drawing->parameterStates[pidTiltGain].displayValue, -7);
+    EXPECT_EQ(drawing->parameterStates()[pidTiltGain].displayValue, -7);
 }
 
 TEST_F(VizLinkTest, AnObjectThatShowsTheValuesAlreadyGlidesAllTheSame) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        drawing->parameterStates[pid].value = drawing->interpTargets[pid] =
+        drawing->parameterStates()[pid].value = drawing->interpTargets()[pid] =
             GetParameter(pid)->heldValueFromHostValue(parameters.value(pid));
     link.exchange(&drawing->sharedState);
-    EXPECT_TRUE(drawing->isInterpolating) << "its first picture is made in a glide";
+    EXPECT_TRUE(drawing->isInterpolating()) << "its first picture is made in a glide";
 }
 
 TEST_F(VizLinkTest, AChangeIsPostedAtOnceInTheShownDomain) {
     link.exchange(&drawing->sharedState);
     endGlide();
-    ASSERT_FALSE(drawing->isInterpolating);
+    ASSERT_FALSE(drawing->isInterpolating());
     set(pidTiltRangeLow, 12005);
     EXPECT_NEAR(posted(pidTiltRangeLow), 489.9f, 1e-3);
-    EXPECT_EQ(drawing->interpTargets[pidTiltRangeLow], posted(pidTiltRangeLow));
-    EXPECT_TRUE(drawing->parameterStates[pidTiltRangeLow].interpolating);
-    EXPECT_FALSE(drawing->parameterStates[pidTiltRangeHigh].interpolating);
-    EXPECT_TRUE(drawing->isInterpolating);
+    EXPECT_EQ(drawing->interpTargets()[pidTiltRangeLow], posted(pidTiltRangeLow));
+    EXPECT_TRUE(drawing->parameterStates()[pidTiltRangeLow].interpolating);
+    EXPECT_FALSE(drawing->parameterStates()[pidTiltRangeHigh].interpolating);
+    EXPECT_TRUE(drawing->isInterpolating());
 }
 
 TEST_F(VizLinkTest, AValueThatIsThereAlreadyStartsNoGlide) {
@@ -59,8 +59,8 @@ TEST_F(VizLinkTest, AValueThatIsThereAlreadyStartsNoGlide) {
     endGlide();
     set(pidTiltRangeLow, 12005);
     link.allParametersChanged();
-    EXPECT_FALSE(drawing->isInterpolating);
-    EXPECT_FALSE(drawing->parameterStates[pidTiltRangeLow].interpolating);
+    EXPECT_FALSE(drawing->isInterpolating());
+    EXPECT_FALSE(drawing->parameterStates()[pidTiltRangeLow].interpolating);
 }
 
 // What any control of the editor can send, for every parameter but the hidden link switches, which read clamped.

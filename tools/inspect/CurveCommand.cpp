@@ -87,8 +87,8 @@ void PrintCurve(const Settings& settings, int points, std::ostream& out) {
     sketch.init(canvas, 0, 0);
     sketch.sizeStates(QVMParameterCount);
     for (std::size_t pid = 0; pid < settings.size(); ++pid) {
-        sketch.parameterStates[pid].value = settings[pid];
-        sketch.parameterStates[pid].displayValue = settings[pid];
+        sketch.parameterStates()[pid].value = settings[pid];
+        sketch.parameterStates()[pid].displayValue = settings[pid];
     }
     sketch.prepareForDrawing(canvas, 0);
 

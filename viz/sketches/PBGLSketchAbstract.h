@@ -18,6 +18,8 @@ enum class Redraw : bool { no, yes };
 class PBGLSketchAbstract {
 public:
     PBGLSketchAbstract() = default;
+    virtual ~PBGLSketchAbstract() = default;
+    // A unit may hold the shared state: the object stays where it is.
     PBGLSketchAbstract(const PBGLSketchAbstract&) = delete;
     PBGLSketchAbstract& operator=(const PBGLSketchAbstract&) = delete;
 
@@ -30,13 +32,23 @@ public:
     virtual Redraw prepareForDrawing(PBGLCanvas, float /*duration*/) { return Redraw::no; }
     // Draws what was prepared; the surface is clear and is used for the call only.
     virtual void glDraw(PBGLCanvas canvas, DrawingSurface& surface) = 0;
-    // Draws what never moves.
-    virtual void backgroundDraw(PBGLCanvas, DrawingSurface&) {}
-    // Converts a parameter's values in place, for display.
-    virtual void performStaticConversion(unsigned /*pid*/, float* /*values*/) {}
-    virtual ~PBGLSketchAbstract() = default;
 
-    // These ask the shared state; each is described there.
+    // What the object shares with an audio unit, and all that the unit knows of it. Lives as long as the object.
+    SharedState sharedState;
+    // Its words and operations under the names that a drawing object has them by. Who may touch which, and when, is
+    // said there; what is returned lives as long as the object.
+    std::uint32_t paramCount() const { return sharedState.glide.paramCount; }
+    std::vector<QVMParameterState>& parameterStates() { return sharedState.glide.parameterStates; }
+    const std::vector<QVMParameterState>& parameterStates() const { return sharedState.glide.parameterStates; }
+    std::vector<SharedWord<float>>& interpTargets() { return sharedState.glide.interpTargets; }
+    std::vector<float>& interpValues() { return sharedState.glide.interpValues; }
+    std::vector<float>& interpScratch() { return sharedState.glide.interpScratch; }
+    SharedWord<float>& interpAmount() { return sharedState.glide.interpAmount; }
+    SharedWord<bool>& isInterpolating() { return sharedState.glide.isInterpolating; }
+    SharedWord<bool>& interpPending() { return sharedState.glide.interpPending; }
+    SharedWord<float>& numericMeterValue() { return sharedState.numericMeter.value; }
+    SharedWord<const char*>& numericMeterFormat() { return sharedState.numericMeter.format; }
+    SharedWord<const char*>& numericMeterSuffix() { return sharedState.numericMeter.suffix; }
     void sizeStates(std::uint32_t count) { sharedState.glide.sizeStates(count); }
     void restartGlide() { sharedState.restartGlide(); }
     void performInterp() { sharedState.glide.performInterp(); }
@@ -44,24 +56,15 @@ public:
     bool isFrameRequested() const { return sharedState.frameRequest.isAsked(); }
     bool takeFrameRequest() { return sharedState.frameRequest.take(); }
 
-    // What the object shares with an audio unit, and all that the unit knows of it. Lives as long as the object.
-    SharedState sharedState;
     std::uint32_t chanIn = 0;
     std::uint32_t chanOut = 0;
-    double sampleRate = 0; // hertz
-    // The shared state's words under the names that a drawing object has them by.
-    const std::uint32_t& paramCount = sharedState.glide.paramCount;
-    std::vector<QVMParameterState>& parameterStates = sharedState.glide.parameterStates;
-    std::vector<SharedWord<float>>& interpTargets = sharedState.glide.interpTargets;
-    std::vector<float>& interpValues = sharedState.glide.interpValues;
-    std::vector<float>& interpScratch = sharedState.glide.interpScratch;
-    SharedWord<float>& interpAmount = sharedState.glide.interpAmount;
-    SharedWord<bool>& isInterpolating = sharedState.glide.isInterpolating;
-    SharedWord<bool>& interpPending = sharedState.glide.interpPending;
-    SharedWord<float>& numericMeterValue = sharedState.numericMeter.value;
-    SharedWord<const char*>& numericMeterFormat = sharedState.numericMeter.format;
-    SharedWord<const char*>& numericMeterSuffix = sharedState.numericMeter.suffix;
+    double sampleRate = 0;      // hertz
     std::uint32_t refCount = 0; // layers that were set up with the object; tells, and keeps nothing alive
+
+    // Named by the contract and not used in this product: drawing what never moves, converting a parameter's values in
+    // place, and a flag that nobody reads.
+    virtual void backgroundDraw(PBGLCanvas, DrawingSurface&) {}
+    virtual void performStaticConversion(unsigned /*pid*/, float* /*values*/) {}
     bool isAlive = true;
 };
 

@@ -71,7 +71,7 @@ float QVM0015GLSketch::axisDecibels() const {
 }
 
 Redraw QVM0015GLSketch::prepareResponseCurve(float duration) {
-    if (paramCount <= pidFilterResonanceHigh) return Redraw::no; // the states were not sized yet
+    if (paramCount() <= pidFilterResonanceHigh) return Redraw::no; // the states were not sized yet
     const bool listenLow = listensLow(), listenHigh = listensHigh();
     const float axis = axisDecibels();
     responseDisplay_.dbRange = {-axis, axis};

@@ -57,8 +57,8 @@ private:
     };
     using MaybeFilter = std::optional<Filter>;
 
-    float raw(ParameterID pid) const { return parameterStates[pid].value; }
-    float display(ParameterID pid) const { return parameterStates[pid].displayValue; }
+    float raw(ParameterID pid) const { return parameterStates()[pid].value; }
+    float display(ParameterID pid) const { return parameterStates()[pid].displayValue; }
     MaybeFilter lowFilter() const; // none while it is off
     MaybeFilter highFilter() const;
     QVMTiltEQ_LoudnessMode loudnessMode() const;

@@ -15,7 +15,7 @@ QVMSketchGLLayer::~QVMSketchGLLayer() {
 }
 
 QVMParameterState* QVMSketchGLLayer::getVizRefParameterStates() const {
-    return cppSketch_ ? cppSketch_->parameterStates.data() : nullptr;
+    return cppSketch_ ? cppSketch_->parameterStates().data() : nullptr;
 }
 
 void QVMSketchGLLayer::setSampleRateMaxFramesSketchParamCountChanInChanOut(float sampleRate, unsigned maxFrames,
@@ -65,7 +65,7 @@ void QVMSketchGLLayer::performInterp() {
 }
 
 bool QVMSketchGLLayer::isInterpolating() const {
-    return cppSketch_ && cppSketch_->isInterpolating;
+    return cppSketch_ && cppSketch_->isInterpolating();
 }
 
 Redraw QVMSketchGLLayer::prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch) {
@@ -94,19 +94,19 @@ void QVMSketchGLLayer::setShouldRender(bool shouldRender) {
 }
 
 void QVMSketchGLLayer::addParameterStates(const QVMParameterState* states) {
-    if (cppSketch_) std::copy_n(states, cppSketch_->paramCount, cppSketch_->parameterStates.begin());
+    if (cppSketch_) std::copy_n(states, cppSketch_->paramCount(), cppSketch_->parameterStates().begin());
 }
 
 float QVMSketchGLLayer::getNumericMeterValue() const {
-    return cppSketch_ ? cppSketch_->numericMeterValue.load() : 0.0f;
+    return cppSketch_ ? cppSketch_->numericMeterValue().load() : 0.0f;
 }
 
 std::string QVMSketchGLLayer::getNumericMeterFormat() const {
-    return cppSketch_ ? cppSketch_->numericMeterFormat.load() : "";
+    return cppSketch_ ? cppSketch_->numericMeterFormat().load() : "";
 }
 
 std::string QVMSketchGLLayer::getNumericMeterSuffix() const {
-    return cppSketch_ ? cppSketch_->numericMeterSuffix.load() : "";
+    return cppSketch_ ? cppSketch_->numericMeterSuffix().load() : "";
 }
 
 void QVMSketchGLLayer::performStaticConversionParameterValues(unsigned pid, float* values) {

@@ -58,10 +58,10 @@ TEST_F(EditorSketchesTest, TheCurveStandsInTheBoxAndFollowsTheLayout) {
 TEST_F(EditorSketchesTest, TheFirstPictureIsOfWhatTheControlsShow) {
     values().setDirectly(1, 4.5f);
     add();
-    const PBGLSketchAbstract& vizRef = *sketches_.main()->getVizRef();
-    EXPECT_EQ(vizRef.parameterStates[1].value, 4.5f);
-    EXPECT_EQ(vizRef.interpValues[1], 4.5f);
-    EXPECT_EQ(vizRef.interpTargets[1], 4.5f);
+    PBGLSketchAbstract& vizRef = *sketches_.main()->getVizRef();
+    EXPECT_EQ(vizRef.parameterStates()[1].value, 4.5f);
+    EXPECT_EQ(vizRef.interpValues()[1], 4.5f);
+    EXPECT_EQ(vizRef.interpTargets()[1], 4.5f);
 }
 
 TEST_F(EditorSketchesTest, AMetersModeIsToldWithItsSlider) {

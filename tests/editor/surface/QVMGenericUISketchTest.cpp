@@ -112,17 +112,17 @@ TEST_F(QVMGenericUISketch, HandsItsObjectOverAgainWhenTheUnitLostIt) {
 TEST_F(QVMGenericUISketch, TheFirstGlideStartsFromWhatTheControlsShow) {
     openAnew();
     time_.advance(0.6);
-    EXPECT_EQ(object().parameterStates[10].displayValue, 24000);
-    EXPECT_EQ(object().interpValues[10], 24000);
+    EXPECT_EQ(object().parameterStates()[10].displayValue, 24000);
+    EXPECT_EQ(object().interpValues()[10], 24000);
 }
 
 TEST_F(QVMGenericUISketch, TheCurveGlidesToAHostsChangeInSevenFrames) {
     hostSets(1, 6);
-    EXPECT_GT(object().parameterStates[1].displayValue, 0);
-    EXPECT_LT(object().parameterStates[1].displayValue, 6);
+    EXPECT_GT(object().parameterStates()[1].displayValue, 0);
+    EXPECT_LT(object().parameterStates()[1].displayValue, 6);
     for (int i = 0; i < 6; ++i)
         frame();
-    EXPECT_EQ(object().parameterStates[1].displayValue, 6);
+    EXPECT_EQ(object().parameterStates()[1].displayValue, 6);
 }
 
 TEST_F(QVMGenericUISketch, WithoutADelegateNothingIsAdopted) {

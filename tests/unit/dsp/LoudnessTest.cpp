@@ -85,7 +85,7 @@ TEST(Loudness, TheCompensationIsTheOneThatTheDisplayShows) {
         sketch.init(canvas, 0, 0);
         sketch.sizeStates(QVMParameterCount);
         for (std::size_t pid = 0; pid < v.size(); ++pid)
-            sketch.parameterStates[pid].value = sketch.parameterStates[pid].displayValue = v[pid];
+            sketch.parameterStates()[pid].value = sketch.parameterStates()[pid].displayValue = v[pid];
         sketch.prepareForDrawing(canvas, 0);
         const double shown = -double(sketch.responseDisplay().referenceLevel) - double(v[1]);
         EXPECT_NEAR(loudness.compensation(dsp::EqReader().read(parameters)), shown, 0.1);

@@ -78,8 +78,8 @@ inline Curve curveOf(const ShownValues& values, int points = 300) {
     sketch.init(canvas, 0, 0);
     sketch.sizeStates(QVMParameterCount);
     for (std::size_t pid = 0; pid < values.size(); ++pid) {
-        sketch.parameterStates[pid].value = values[pid];
-        sketch.parameterStates[pid].displayValue = values[pid];
+        sketch.parameterStates()[pid].value = values[pid];
+        sketch.parameterStates()[pid].displayValue = values[pid];
     }
     sketch.prepareForDrawing(canvas, 0);
     const double reference = static_cast<double>(sketch.responseDisplay().referenceLevel);

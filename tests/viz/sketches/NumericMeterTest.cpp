@@ -22,8 +22,8 @@ class NumericMeter : public ParameterSketchFixture {
 protected:
     void SetUp() override {
         view.setNumericMeter(&readout);
-        object().numericMeterFormat = "%0.1f";
-        object().numericMeterSuffix = "LU";
+        object().numericMeterFormat() = "%0.1f";
+        object().numericMeterSuffix() = "LU";
     }
     void frameAt(double seconds) { view.getFrameWithDurationAndTime(1.0 / 60, seconds); }
 
@@ -31,17 +31,17 @@ protected:
 };
 
 TEST_F(NumericMeter, TheFirstReadingIsAlwaysShown) {
-    object().numericMeterValue = 0;
+    object().numericMeterValue() = 0;
     frameAt(10);
     EXPECT_THAT(readout.calls, ElementsAre("suffix LU", "text 0.0"));
 }
 
 TEST_F(NumericMeter, AnEqualReadingIsNotShownAgainButTakesItsHalfSecond) {
-    object().numericMeterValue = -3;
+    object().numericMeterValue() = -3;
     frameAt(10);
     readout.calls.clear();
     frameAt(10.6); // equal
-    object().numericMeterValue = -4;
+    object().numericMeterValue() = -4;
     frameAt(11.0); // within half a second of the equal one
     EXPECT_THAT(readout.calls, IsEmpty());
     frameAt(11.2);
@@ -50,7 +50,7 @@ TEST_F(NumericMeter, AnEqualReadingIsNotShownAgainButTakesItsHalfSecond) {
 
 TEST_F(NumericMeter, NothingIsShownMoreThanTwiceASecond) {
     for (int i = 0; i < 300; ++i) {
-        object().numericMeterValue = static_cast<float>(i);
+        object().numericMeterValue() = static_cast<float>(i);
         frameAt(10 + i / 60.0);
     }
     EXPECT_EQ(readout.calls.size(), 2u * 10);

@@ -57,10 +57,10 @@ TEST_F(QVM0015GLSketchCurveTest, AFilterIsSwitchedByItsValueButDrawnAtItsGliding
     settings[pidFilterRangeLow] = 1000;
     const std::vector<float> at1000 = responseOf(settings);
     setSettings(*sketch, settings);
-    sketch->parameterStates[pidFilterRangeLow].value = 5;
+    sketch->parameterStates()[pidFilterRangeLow].value = 5;
     calculate(*sketch);
     EXPECT_TRUE(std::equal(at1000.begin(), at1000.end(), sketch->response().begin()));
-    sketch->parameterStates[pidFilterRangeLow].value = 4;
+    sketch->parameterStates()[pidFilterRangeLow].value = 4;
     calculate(*sketch);
     EXPECT_NEAR(sketch->response()[0], 0, 1e-4);
 }

@@ -24,7 +24,7 @@ TEST_F(QVMAuxiliarySketchTest, TheObjectSurvivesTheMainView) {
     view.removeFromSuperview().reset();
     const PBGLSketchAbstract* left = meter.glSketch()->getVizRef().get();
     EXPECT_EQ(left->refCount, 1u);
-    EXPECT_EQ(left->paramCount, 24u);
+    EXPECT_EQ(left->paramCount(), 24u);
 }
 
 TEST_F(QVMAuxiliarySketchTest, TheObjectGoesWithTheLastOfTheViews) {

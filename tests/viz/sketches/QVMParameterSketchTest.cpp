@@ -13,7 +13,7 @@ TEST_F(QVMParameterSketchTest, IsSetUpForTheResponseCurve) {
     EXPECT_EQ(view.glSketch()->frame(), (Rect{0, 0, 54, 62}));
     EXPECT_EQ(view.glSketch()->contentsScale(), 2);
     EXPECT_EQ(view.numParams(), 24);
-    EXPECT_EQ(object().paramCount, 24u);
+    EXPECT_EQ(object().paramCount(), 24u);
     EXPECT_EQ(object().refCount, 1u);
     EXPECT_TRUE(view.vizVisible());
 }
@@ -73,7 +73,7 @@ TEST_F(QVMParameterSketchTest, AFrameThatArrivesAfterTheLinkStoppedIsDropped) {
 TEST_F(QVMParameterSketchTest, TellsItsDelegateTheStatesOnceAFrame) {
     Reader reader;
     view.setDelegate(&reader);
-    object().parameterStates[pidTiltGain].value = 4.5f;
+    object().parameterStates()[pidTiltGain].value = 4.5f;
     frame();
     EXPECT_EQ(reader.frames, 1);
     EXPECT_EQ(reader.tiltGain, 4.5f);
@@ -98,7 +98,7 @@ TEST_F(QVMParameterSketchTest, TheCurveIsPreparedWhileItGlidesAndTheMeterAlways)
 
     const reference::Settings settings = initialSettings();
     for (std::size_t pid = 0; pid < settings.size(); ++pid)
-        object().interpTargets[pid] = static_cast<float>(settings[pid]);
+        object().interpTargets()[pid] = static_cast<float>(settings[pid]);
     object().restartGlide();
     std::uint64_t version = view.glSketch()->contentVersion();
     for (int i = 0; i < 7; ++i) {
@@ -147,7 +147,7 @@ TEST_F(QVMParameterSketchTest, AFrameThatIsAskedForAtRestComesWithTheNextTick) {
         frame();
     for (int i = 0; i < 3; ++i) {
         const int before = reader.frames;
-        object().parameterStates[pidTiltGain].value = static_cast<float>(i);
+        object().parameterStates()[pidTiltGain].value = static_cast<float>(i);
         object().requestFrame();
         frame();
         EXPECT_EQ(reader.frames, before + 1);

@@ -52,9 +52,9 @@ TEST(QVMSketchGLLayer, MakesTheDrawingObjectAndCountsItself) {
     EXPECT_EQ(object->chanIn, 1u);
     EXPECT_EQ(object->chanOut, 2u);
     EXPECT_EQ(object->sampleRate, 48000);
-    EXPECT_EQ(object->paramCount, 24u);
-    EXPECT_EQ(object->parameterStates.size(), 24u);
-    EXPECT_EQ(layer->getVizRefParameterStates(), object->parameterStates.data());
+    EXPECT_EQ(object->paramCount(), 24u);
+    EXPECT_EQ(object->parameterStates().size(), 24u);
+    EXPECT_EQ(layer->getVizRefParameterStates(), object->parameterStates().data());
     EXPECT_FALSE(layer->isInterpolating());
     EXPECT_EQ(layer->getNumericMeterFormat(), "");
     EXPECT_EQ(layer->getNumericMeterSuffix(), "");

@@ -29,7 +29,7 @@ inline std::unique_ptr<QVM0015GLSketch> makeCurve(int points) {
 // Raw and display values alike.
 inline void setSettings(QVM0015GLSketch& sketch, const reference::Settings& settings) {
     for (std::size_t pid = 0; pid < settings.size(); ++pid)
-        sketch.parameterStates[pid].value = sketch.parameterStates[pid].displayValue =
+        sketch.parameterStates()[pid].value = sketch.parameterStates()[pid].displayValue =
             static_cast<float>(settings[pid]);
 }
 

@@ -13,7 +13,7 @@ TEST(VizRef, IsThisProductsObjectForTheHostsFormat) {
     EXPECT_EQ(made->chanIn, 1u);
     EXPECT_EQ(made->chanOut, 2u);
     EXPECT_EQ(made->sampleRate, 48000);
-    EXPECT_EQ(made->paramCount, 0u);
+    EXPECT_EQ(made->paramCount(), 0u);
     EXPECT_EQ(made->refCount, 0u) << "no layer yet";
     EXPECT_EQ(made.use_count(), 1);
 }

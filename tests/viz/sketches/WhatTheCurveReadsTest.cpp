@@ -43,13 +43,13 @@ protected:
     bool dependsOnValue(ParameterID pid, float value) {
         setSettings(*sketch, settings);
         const Look before = look();
-        sketch->parameterStates[pid].value = value;
+        sketch->parameterStates()[pid].value = value;
         return look() != before;
     }
     bool dependsOnDisplay(ParameterID pid, float value) {
         setSettings(*sketch, settings);
         const Look before = look();
-        sketch->parameterStates[pid].displayValue = value;
+        sketch->parameterStates()[pid].displayValue = value;
         return look() != before;
     }
 };
@@ -82,9 +82,9 @@ TEST_F(WhatTheCurveReads, CornersGlideAndFiltersGoOnAndOffAtOnce) {
         EXPECT_TRUE(dependsOnValue(row.pid, row.off)) << row.pid;
         // Where its corner has got to the end already it is still on, with all that belongs to it.
         setSettings(*sketch, settings);
-        sketch->parameterStates[row.pid].displayValue = row.off;
+        sketch->parameterStates()[row.pid].displayValue = row.off;
         const Look atTheEnd = look();
-        sketch->parameterStates[row.pid].value = row.off;
+        sketch->parameterStates()[row.pid].value = row.off;
         EXPECT_NE(look(), atTheEnd) << row.pid;
     }
 }
@@ -116,11 +116,11 @@ TEST_F(WhatTheCurveReads, WhatItDrawsInAGlideIsTheResponseOfTheDisplayedValues) 
     setSettings(*sketch, settings);
     for (const ParameterID pid : {pidTiltGain, pidTiltRangeLow, pidTiltRangeHigh, pidTiltLoudnessMode,
                                   pidFilterSlopeLow, pidFilterSlopeHigh, pidFilterResonanceLow, pidFilterResonanceHigh})
-        sketch->parameterStates[pid].value = GetParameter(pid)->maxValue;
-    sketch->parameterStates[pidFilterRangeLow].value = 5;
-    sketch->parameterStates[pidFilterRangeHigh].value = 23000;
-    sketch->parameterStates[pidFilterListenLow].displayValue = 0.3f;
-    sketch->parameterStates[pidFilterListenHigh].displayValue = 1;
+        sketch->parameterStates()[pid].value = GetParameter(pid)->maxValue;
+    sketch->parameterStates()[pidFilterRangeLow].value = 5;
+    sketch->parameterStates()[pidFilterRangeHigh].value = 23000;
+    sketch->parameterStates()[pidFilterListenLow].displayValue = 0.3f;
+    sketch->parameterStates()[pidFilterListenHigh].displayValue = 1;
     const Look drawn = look();
     const reference::Response expected = reference::evaluate(settings, 108);
     EXPECT_NEAR(drawn.reference, expected.reference, 1e-3);
