@@ -13,6 +13,8 @@ constexpr double kPointsAFineStep = 6;
 
 } // namespace
 
+// A fine step about every six points, or a sixth of the way where steps are wider than points. On a logarithmic
+// parameter it is even in values rather than in octaves; frequencies go in steps that their text shows.
 double fineDragMultiplier(const QVMParameter& parameter, float value, double points) {
     const double step = parameter.granularityValueForType(QVMGranularityFine, value);
     const double range = parameter.valueRange();

@@ -5,10 +5,8 @@
 
 namespace QVM_NAMESPACE {
 
-// The share of the pointer's way that counts at a value (shown domain), where the whole range is `points` of drag: a
-// fine step about every six points, or a sixth of the way where steps are wider than points. On a logarithmic parameter
-// it is even in values rather than in octaves; frequencies go in steps that their text shows. 1 where the formula has
-// no finite value.
+// The share of the pointer's way that counts at a value (shown domain), where the whole range is `points` of drag. 1
+// where the formula has no finite value. Any thread.
 double fineDragMultiplier(const QVMParameter& parameter, float value, double points);
 
 } // namespace QVM_NAMESPACE

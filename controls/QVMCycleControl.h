@@ -26,16 +26,12 @@ public:
     // To the next or previous value as a user's discrete change.
     void cycleValueForward(bool forward);
 
-    // Whether keyboard focus is shown.
-    bool canHighlight() const { return canHighlight_; }
-    void setCanHighlight(bool canHighlight) { canHighlight_ = canHighlight; }
     // The value shown is only near the real one; drawn fainter.
     bool inaccurate() const { return inaccurate_; }
     void setInaccurate(bool inaccurate);
 
-    // The background's frame, own coordinates; the widest that the text of any value is, points.
+    // Own coordinates.
     Rect bgFrame() const { return bg()->frame(); }
-    double maxWidth() const { return maxWidth_; }
     Rect rectAvailableForTextDisplay() const;
 
     const std::shared_ptr<TextLayer>& value() const { return value_; }
@@ -47,6 +43,12 @@ public:
     bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void pulse(bool forward) override;
+
+    // Named by the contract and not used in this product: whether keyboard focus is shown, which it always is; and the
+    // widest that the text of any value is, in points.
+    bool canHighlight() const { return canHighlight_; }
+    void setCanHighlight(bool canHighlight) { canHighlight_ = canHighlight; }
+    double maxWidth() const { return maxWidth_; }
 
 protected:
     struct Look {

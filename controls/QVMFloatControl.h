@@ -51,9 +51,6 @@ public:
     // Codes of the current and the previous event of a gesture.
     std::int32_t granIs() const { return granIs_; }
     std::int32_t granWas() const { return granWas_; }
-    // The scroll sequence: the value it started from, and the distance since (points, or ten a notch).
-    float scrollStartValue() const { return scrollStartValue_; }
-    double scrollDelta() const { return scrollDelta_; }
     const std::shared_ptr<QVMFocusBorder>& highlight() const { return highlight_; }
 
     // The gesture entry points, also used to replay gestures. Events are in this control's coordinates.
@@ -91,15 +88,10 @@ public:
     // The button is up, whatever keys are held then and whether or not anyone is told: time to let go of what a press
     // holds. Comes before the hook above.
     virtual void pressDidEnd(const QVMEvent&) {}
-    virtual void handleScrollWithEventStartDeltaGranularities(const QVMEvent&, float /*start*/, double /*delta*/,
-                                                              const QVMGranularities&) {}
-    virtual void handleModalClick(const Event&) {}
     virtual void pulse(bool /*forward*/) {}
-    virtual void updateScalarIndicatorWithValueOffsetAnimateClipping(float, float, Animate, bool) {}
     // A gesture on another control that moves this one too. The base only logs "unhandled".
     virtual void handleMetaActionWithEvent(std::int32_t code, const QVMEvent* event);
     virtual bool doLimit() const { return true; }
-    virtual bool validStaticConversionKeyComboFromEvent(const Event&) const { return false; }
     // The theme changed: take colours and fonts from it again.
     virtual void themeUpdated() {}
 
@@ -109,6 +101,17 @@ public:
     void mouseCancelled(const Event& event) override { mouseUp(event); }
     void scrollWheel(const Event& event) override; // not passed on
     bool acceptsFirstMouse() const override { return true; }
+
+    // Named by the contract and not used in this product. Hooks that no control overrides: a wheel moves nothing, no
+    // keys convert a value, nothing is shown over the editor or beside a value. And the scroll sequence, which is kept
+    // for the first of them: the value it started from, and the distance since (points, or ten a notch).
+    virtual void handleScrollWithEventStartDeltaGranularities(const QVMEvent&, float /*start*/, double /*delta*/,
+                                                              const QVMGranularities&) {}
+    virtual bool validStaticConversionKeyComboFromEvent(const Event&) const { return false; }
+    virtual void handleModalClick(const Event&) {}
+    virtual void updateScalarIndicatorWithValueOffsetAnimateClipping(float, float, Animate, bool) {}
+    float scrollStartValue() const { return scrollStartValue_; }
+    double scrollDelta() const { return scrollDelta_; }
 
 private:
     QVMGranularities nextGranularities(const Event& event);

@@ -41,14 +41,16 @@ public:
     virtual void floatControlHasRequestedDocumentation(QVMFloatControl& control) = 0;
     virtual void floatControlDidPerformMetaActionWithEvent(QVMFloatControl& control, std::int32_t code,
                                                            const QVMEvent* event) = 0;
-    // `values` by parameter identifier, shown domain; `motion` is the pointer's way in points along the control's axis.
+    // A click that changed nothing.
+    virtual void floatControlDidTapMeaninglessly(QVMFloatControl& control) = 0;
+
+    // Named by the contract and not used in this product: no control sends these. `values` by parameter identifier,
+    // shown domain; `motion` is the pointer's way in points along the control's axis. The other asks for `modal` to be
+    // shown over the editor.
     virtual void floatControlWantsToChangeMultipleValuesMotion(QVMFloatControl& control,
                                                                const std::map<std::uint32_t, float>& values,
                                                                double motion) = 0;
-    // Asks for `modal` to be shown over the editor.
     virtual void floatControlWantsToDisplayModal(QVMFloatControl& control, View& modal) = 0;
-    // A click that changed nothing.
-    virtual void floatControlDidTapMeaninglessly(QVMFloatControl& control) = 0;
 };
 
 } // namespace QVM_NAMESPACE

@@ -23,13 +23,16 @@ public:
 
     // The value under the pointer; the present one, as a whole number, where it is on no square.
     int indexValueForEvent(const QVMEvent& event) const;
+    // How the text stands under the squares.
     static TextAlignment centeredStyle() { return TextAlignment::center; }
 
     // Under the square that is taken; hidden for a value that has none.
     const std::shared_ptr<Layer>& current() const { return current_; }
     const std::shared_ptr<TextLayer>& strValue() const { return strValue_; }
 
+    // A value without a square is shown as text alone.
     void setFloatValue(float value) override;
+    // A row for up and down, as far as there are values; a step of the parameter for left and right.
     float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,

@@ -15,9 +15,6 @@ public:
     QVMNumberControl(const Rect& frame, const QVMParameter& parameter);
     ~QVMNumberControl() override;
 
-    bool cycleArrows() const { return false; }
-    bool incrementOnMouseUp() const { return false; }
-
     // Points of drag for the range at a granularity code, before the general factor of one and a half.
     double rangeForGranularity(std::int32_t granularity) const;
     // By how much a drag is faster or slower at a granularity and a value; 1 unless fine.
@@ -39,6 +36,11 @@ public:
 
     const std::shared_ptr<TextLayer>& value() const { return value_; }
     const std::shared_ptr<TextLayer>& unit() const { return unit_; }
+
+    // Named by the contract and not used in this product, which asks the cycle controls alone: neither arrow keys nor
+    // clicks cycle.
+    bool cycleArrows() const { return false; }
+    bool incrementOnMouseUp() const { return false; }
 
 protected:
     void redraw() override;

@@ -36,8 +36,6 @@ public:
     QVMFloatControl* primaryControl() const { return primaryControl_; }
     // Where the inner control stands, in own coordinates; empty: it fills the bounds.
     virtual Rect controlFrame() const;
-    // The class of the inner control, or null; the master switch has a class of its own.
-    QVMFloatControlClass classForControlType(std::int32_t controlType) const;
 
     float floatValue() const override;
     // Shows a value from the model or the host, normalised at the fine step; sends nothing.
@@ -61,8 +59,6 @@ public:
     std::string_view codename() const override { return parameter_->codesafeName; }
     const QVMClump* clump() const override { return parameter_->clump; }
     bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
-    void handleModalClick(const Event& event);
-    void updateScalarIndicatorWithValueOffsetAnimateClipping(float value, float offset, Animate animate, bool clipping);
     // Flips a two-state parameter; false for any other.
     bool toggleBooleanControl() override;
     // Accepts a tap on a control with a tap setting; a second one within 5 s sets the value to 0.
@@ -102,10 +98,17 @@ public:
     void floatControlWantsToPerformStaticConversion(QVMFloatControl& control, std::int32_t value) override;
     void floatControlHasRequestedDocumentation(QVMFloatControl& control) override;
     void floatControlDidPerformMetaActionWithEvent(QVMFloatControl&, std::int32_t, const QVMEvent*) override {}
+    void floatControlDidTapMeaninglessly(QVMFloatControl& control) override;
+
+    // Named by the contract and not used in this product. The class that the inner control of a type would have, null
+    // for none (the master switch has one of its own, whatever the type); what is handed to the inner control and means
+    // nothing to it; and what no inner control reports.
+    QVMFloatControlClass classForControlType(std::int32_t controlType) const;
+    void handleModalClick(const Event& event);
+    void updateScalarIndicatorWithValueOffsetAnimateClipping(float value, float offset, Animate animate, bool clipping);
     void floatControlWantsToChangeMultipleValuesMotion(QVMFloatControl&, const std::map<std::uint32_t, float>&,
                                                        double) override {}
     void floatControlWantsToDisplayModal(QVMFloatControl& control, View& modal) override;
-    void floatControlDidTapMeaninglessly(QVMFloatControl& control) override;
 
 protected:
     // The action of the inner control.

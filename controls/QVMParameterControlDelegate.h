@@ -18,6 +18,8 @@ public:
     virtual void parameterControlHasRequestedDocumentation(QVMParameterControl& control) = 0;
     virtual void parameterControlDidTapMeaninglessly(QVMParameterControl& control) = 0;
     virtual void parameterControlWantsToPerformStaticConversion(QVMParameterControl& control, std::int32_t value) = 0;
+
+    // Named by the contract and not used in this product: no inner control asks for it.
     virtual void parameterControlWantsToDisplayModal(QVMParameterControl& control, View& modal) = 0;
 };
 

@@ -22,9 +22,7 @@ public:
     // Null when made without a parameter.
     QVMRangeSlider* rangeSlider() const;
 
-    // Each is handed to the slider as well.
-    bool pairing() const { return pairing_; }
-    void setPairing(bool pairing);
+    // Handed to the slider as well.
     bool interactive() const { return interactive_; }
     void setInteractive(bool interactive);
     // The ends, borrowed; a control that goes away leaves its place by itself. The band follows their values.
@@ -41,6 +39,10 @@ public:
     // Passes the gesture to both ends, the high one first. A reset is a whole gesture of each.
     void floatControlDidPerformMetaActionWithEvent(QVMFloatControl& control, std::int32_t code,
                                                    const QVMEvent* event) override;
+
+    // Named by the contract and not used in this product: a flag that is only kept, here and in the slider.
+    bool pairing() const { return pairing_; }
+    void setPairing(bool pairing);
 
 protected:
     void sliderUpdated() override {} // the ends report their values themselves

@@ -1,7 +1,8 @@
 // A throttle: at most one call per interval, and the last call of a burst is made late rather than lost.
 //
-// Fire it from any thread; the call itself is made on the main run loop, never in place. All state is guarded by one
-// lock for the whole of a fire. A limiter must not outlive what it calls: destroying it cancels what is still to come.
+// Fire it from any thread; the call itself is made on the main run loop, never in place. A limiter's own state is
+// guarded by one lock for the whole of a fire; what limiters know of each other's calls has another, taken inside it. A
+// limiter must not outlive what it calls: destroying it cancels what is still to come.
 #pragma once
 
 #include "platform/runloop/RunLoop.h"

@@ -40,10 +40,6 @@ public:
     // Lights the spotlight for a quarter of a second.
     void flash();
 
-    // By which the owner tells its buttons apart.
-    int nid() const { return nid_; }
-    void setNid(int nid) { nid_ = nid; }
-
     const std::shared_ptr<TextLayer>& glyph() const { return glyph_; }
     const std::shared_ptr<Layer>& spotlight() const { return spotlight_; }
     const std::shared_ptr<Layer>& warningLight() const { return warningLight_; }
@@ -53,6 +49,10 @@ public:
     void mouseEntered(const Event& event) override;
     void mouseExited(const Event& event) override;
     void frameDidChange() override;
+
+    // Named by the contract and not used in this product: a number by which the owner tells its buttons apart.
+    int nid() const { return nid_; }
+    void setNid(int nid) { nid_ = nid; }
 
 protected:
     // Sets the text anew from glyph, font and colour.

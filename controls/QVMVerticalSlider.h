@@ -31,7 +31,6 @@ public:
     double range() const { return highest_ - lowest_; }
     void calculateSliderPixelExtents();
     double relevantFromPoint(Point point) const { return horizontal_ ? point.x : point.y; }
-    Point pointFromRelevant(double position) const;
     double fractionFromPosition(double position) const { return (position - lowest_) / range(); }
     double positionFromFraction(double fraction) const { return range() * fraction + lowest_; }
     // Rounded to whole points; the lowest position for a value that has none.
@@ -103,6 +102,9 @@ public:
     void mouseEntered(const Event& event) override { mouseMoved(event); }
     void mouseMoved(const Event& event) override;
     void mouseExited(const Event& event) override;
+
+    // Named by the contract and not used in this product: the point on the track at a position.
+    Point pointFromRelevant(double position) const;
 
 protected:
     // Places and colours everything; the handle is moved at once.

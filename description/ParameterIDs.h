@@ -1,4 +1,8 @@
 // The numbers of this product's parameters, which are the audio unit's own.
+//
+// Hosts keep them in projects and automation, and states and snapshots are kept by them: a number is never given to
+// another parameter, nor taken from one that no control shows any more. Tables by pid are as long as the count, so they
+// have no gaps.
 #pragma once
 
 #include "BuildNamespace.h"
@@ -33,6 +37,6 @@ enum ParameterID : std::uint32_t {
     pidFilterResonanceHigh = 22,
     pidHQMode = 23,
 };
-inline constexpr std::uint32_t QVMParameterCount = 24;
+inline constexpr std::uint32_t QVMParameterCount = 24; // one more than the last
 
 } // namespace QVM_NAMESPACE

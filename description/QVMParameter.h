@@ -69,8 +69,6 @@ public:
     float floatValueAfter(float value, bool cyclingForward) const;
 
     float valueRange() const { return maxValue - minValue; }
-    // The edge of the control on which its label sits.
-    std::int32_t labelEdge() const { return 1; }
     // `name` as NUL-terminated text; lives until `name` changes.
     const char* C_codename() const { return name.c_str(); }
 
@@ -82,6 +80,9 @@ public:
     void valueString(std::string* string, std::optional<std::string>* suffix, float value) const;
     // The text of a scale mark: whole kilohertz from 1 kHz up, and a plus sign on scales that reach below zero.
     std::string displayStringFromCueValue(double number) const;
+
+    // Named by the contract and not used in this product: the edge of the control on which its label sits.
+    std::int32_t labelEdge() const { return 1; }
 
     // Identity and grouping.
     std::uint32_t pid = 0; // the audio unit's parameter number

@@ -29,6 +29,7 @@ public:
     // The value at a key; a key that is missing or holds another type reads as false, 0 or an empty text.
     bool boolValue(std::string_view key) const;
     float floatValue(std::string_view key) const;
+    // Named by the contract and not used in this product, whose settings are flags and numbers.
     std::string stringValue(std::string_view key) const;
 
 private:

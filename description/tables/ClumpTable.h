@@ -9,15 +9,17 @@
 namespace QVM_NAMESPACE {
 namespace tables {
 
+// A further label, over a column of controls.
 struct TaggedLabelRow {
     std::string_view text;
-    QVMRect frame;
+    QVMRect frame; // points with y downwards, in the clump, as all frames here but the clump's own
     QVMLabelAlignment alignment;
 };
 
+// A live picture in the clump, bound to one of its parameters.
 struct SketchRow {
     std::string_view name;
-    std::string_view parameter;
+    std::string_view parameter; // `codesafeName`
     std::string_view color;
 };
 
@@ -29,8 +31,8 @@ struct ClumpRow {
     const char* const* headingArtwork; // null: the heading is the label text
     std::int32_t clumpType;            // QVMClumpTypeCode
     std::span<const std::uint32_t> pids;
-    QVMRect frame;
-    QVMRect labelFrame;
+    QVMRect frame;      // in the view around the clumps
+    QVMRect labelFrame; // of the heading
     std::span<const TaggedLabelRow> taggedLabels;
     std::span<const SketchRow> sketches;
 };

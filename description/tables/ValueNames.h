@@ -1,4 +1,6 @@
 // What modes and switches show for their values, by whole value from 0 up: names, or glyphs of the icon font.
+//
+// A switch has the same glyph twice where colour alone tells its states apart.
 #pragma once
 
 #include "description/tables/Glyphs.h"

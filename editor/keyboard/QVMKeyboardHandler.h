@@ -49,28 +49,28 @@ public:
     bool escapeFocusedControl();
     bool keyboardShortcutAttemptTap();
 
-    // All settings as one address (SettingsClipboard); whether anything was copied or applied.
-    std::string currentParametersURLEncoded() const { return session_.settings().address(); }
-    std::string baseURLForPluginVersion() const { return session_.settings().baseAddress(); }
+    // Takes an address with settings (SettingsClipboard); whether anything was applied.
     bool applyURLEncodedPreset(const std::string& text) { return session_.settings().apply(text); }
-    bool keyboardShortcutHandleCopy();
-    bool keyboardShortcutHandlePaste() { return session_.settings().paste(); }
 
-    // The history (EditorHistory). Whoever asks for a step is always told yes.
+    // For the editor's buttons and menus; no key is bound to them. Each tells whether there was anything to do, but the
+    // first two, which are the history's (EditorHistory), always say yes.
     bool keyboardShortcutUndo();
     bool keyboardShortcutRedo();
-    bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
-    QVMUndoRedoStack& undoRedoStack() { return session_.history().stack(); }
-
-    // For the editor's buttons and menus; no key is bound to them. Each tells whether there was anything to do.
     bool keyboardShortcutToggleAdvancedDrawer();
     bool keyboardShortcutTogglePresetDrawer();
     bool keyboardShortcutToggleTheme();
     bool keyboardShortcutTogglePower();
-    bool keyboardShortcutRefreshInitialParameterValues();
     bool keyboardShortcutResizeWindow();
 
-    // Named by the contract and not used in this product, which has no controls to hide and works on no files.
+    // Named by the contract and not used in this product: what it has of these is asked of the session itself
+    // (SettingsClipboard, EditorHistory), and it has no controls to hide and works on no files.
+    std::string currentParametersURLEncoded() const { return session_.settings().address(); }
+    std::string baseURLForPluginVersion() const { return session_.settings().baseAddress(); }
+    bool keyboardShortcutHandleCopy();
+    bool keyboardShortcutHandlePaste() { return session_.settings().paste(); }
+    bool applyUndoRedoStackValues(const std::optional<QVMSnapshot>& snapshot);
+    QVMUndoRedoStack& undoRedoStack() { return session_.history().stack(); }
+    bool keyboardShortcutRefreshInitialParameterValues();
     bool keyboardShortcutHideControls();
     bool keyboardShortcutFreakout();
     bool keyboardShortcutLoadFile() { return false; }

@@ -81,7 +81,7 @@ private:
     // One entry for each parameter, by pid.
     std::vector<float> memoizedPValues_;
     std::vector<std::uint8_t> memoizedPValuesChanged_;
-    std::vector<float> receivedPValues_;      // by `nothingReceived` at first
+    std::vector<float> receivedPValues_;      // `nothingReceived` at first
     std::vector<QVMFloat32Range> heldRanges_; // QVMParameter::heldRange()
     std::vector<float> scratchPValues_;
     std::uint32_t receivedParamUpdateCount_ = 0; // frames

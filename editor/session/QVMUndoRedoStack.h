@@ -47,12 +47,14 @@ public:
     const std::vector<QVMSnapshot>& stack() const { return stack_; }
     // How many snapshots are done; the present one is the last of them. It stays within the stack.
     std::int64_t insertionPoint() const { return insertionPoint_; }
-    void setInsertionPoint(std::int64_t point) {
-        insertionPoint_ = std::clamp<std::int64_t>(point, 0, static_cast<std::int64_t>(stack_.size()));
-    }
     // While locked, the editor schedules no snapshots.
     bool locks() const { return locks_; }
     void setLocks(bool locks) { locks_ = locks; }
+
+    // Named by the contract and not used in this product: moves the mark, within the stack.
+    void setInsertionPoint(std::int64_t point) {
+        insertionPoint_ = std::clamp<std::int64_t>(point, 0, static_cast<std::int64_t>(stack_.size()));
+    }
 
 private:
     std::vector<QVMSnapshot> stack_;

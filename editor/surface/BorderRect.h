@@ -1,4 +1,5 @@
-// The lines along the edges of the editor's parts.
+// The lines along the edges of the editor's parts, as boxes: a filled box keeps to whole pixels where a stroke would
+// lie across two of them.
 #pragma once
 
 #include "geometry/Geometry.h"

@@ -8,7 +8,8 @@
 
 namespace QVM_NAMESPACE {
 
-// `rect` without what the insets take at "left", "top", "right" and "bottom"; y grows downwards.
+// `rect` without what the insets take at "left", "top", "right" and "bottom"; y grows downwards. Insets that are
+// together larger than the rectangle make it one of negative size. Any thread.
 inline Rect insetByEdges(const Rect& rect, const std::map<std::string, double>& insets) {
     const auto edge = [&insets](const char* name) {
         const auto found = insets.find(name);

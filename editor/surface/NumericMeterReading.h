@@ -1,4 +1,5 @@
-// Shows the numeric meter's reading on the button in the side column. Main thread only.
+// Shows the numeric meter's reading on the button in the side column. The sketches know no button, only what can show a
+// number. Main thread only.
 #pragma once
 
 #include "controls/QVMMeterButton.h"

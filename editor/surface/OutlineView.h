@@ -42,7 +42,7 @@ public:
     bool isExpanded(std::size_t section) const { return !folded_.contains(section); }
     void setExpanded(std::size_t section, bool expanded);
 
-    // Points from the top of the list to the top of the view.
+    // Points from the top of the list to the top of the view. Scrolling stops at the ends of the list.
     double scrollOffset() const { return offset_; }
     void scrollTo(double offset);
     double contentHeight();

@@ -19,14 +19,16 @@ public:
     QVMClumpsView(const Rect& frame, const QVMConfig& config, ClumpsArea area = ClumpsArea::main);
 
     bool advanced() const { return area_ == ClumpsArea::advanced; }
-    // How far the panels stand inside the view, in points by edge ("left", "top", "right", "bottom").
-    const std::map<std::string, double>& inset() const { return inset_; }
-    void setInset(std::map<std::string, double> inset);
     // A line around the whole area.
     bool drawOutsideBorder() const { return drawOutsideBorder_; }
     void setDrawOutsideBorder(bool draw);
 
     void themeUpdated() override;
+
+    // Named by the contract and not used in this product, where panels go up to the view's edges: how far they stand
+    // inside it, in points by edge ("left", "top", "right", "bottom").
+    const std::map<std::string, double>& inset() const { return inset_; }
+    void setInset(std::map<std::string, double> inset);
 
 private:
     struct Panel {

@@ -41,7 +41,8 @@ public:
     // assumeAltFrameScaleChanged(). The editor never resizes itself.
     virtual void interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t frame) = 0;
 
-    // The drawing object shared with the unit: borrowed, null when there is none yet.
+    // What the editor's drawing object shares with the unit: which one the unit has now, null for none; and that this
+    // one may be lent to it. Borrowed: it is the drawing object's, and taken back before the editor goes.
     virtual SharedState* interfaceWantsVizRef(QVMGenericUI& ui) = 0;
     virtual void interfaceHasReadiedVizRef(QVMGenericUI& ui, SharedState* vizRef) = 0;
 

@@ -20,6 +20,7 @@ public:
     // Names the preset; its inner control is a QVMPresetControl. Null without presets.
     QVMParameterControl* presetControl() const { return presetControl_; }
     QVMABControl& ab() { return *ab_; }
+    // What they do is wired by whoever has the bar, and whether they can be pressed is the history's matter.
     QVMSymbolButton& undo() { return *undo_; }
     QVMSymbolButton& redo() { return *redo_; }
 
@@ -31,6 +32,7 @@ public:
 
 private:
     std::shared_ptr<Layer> edge_;
+    // Subviews.
     QVMParameterControl* presetControl_ = nullptr;
     QVMABControl* ab_ = nullptr;
     QVMSymbolButton* undo_ = nullptr;

@@ -19,13 +19,15 @@ public:
     ~QVMAuxiliarySketch() override;
 
     const std::shared_ptr<QVMSketchGLLayer>& glSketch() const { return glSketch_; }
-    void backgroundDrawWithContext(DrawingSurface& surface) { glSketch_->backgroundDrawWithContext(surface); }
 
     void viewDidMoveToWindow() override;
     void viewDidChangeBackingProperties() override;
     void frameDidChange() override;
     // What is seen here can't be clicked: clicks are for what stands below.
     View* hitTest(Point) override { return nullptr; }
+
+    // Named by the contract and not used in this product: nothing of a sketch is drawn ahead of its frames.
+    void backgroundDrawWithContext(DrawingSurface& surface) { glSketch_->backgroundDrawWithContext(surface); }
 
 private:
     friend class QVMParameterSketch;

@@ -58,32 +58,36 @@ public:
     Channel& channel(int index) { return channels_[static_cast<std::size_t>(index)]; }
     const Channel& channel(int index) const { return channels_[static_cast<std::size_t>(index)]; }
     float marker() const { return marker_; } // where the parameter's own value is on the scale, 0 to 1
-
-    // The largest absolute sample (NaN counts for nothing) becomes the channel's level, within `range`. One thread a
-    // channel; never waits, so the render thread may call it. The buffer and the array hold `nFrames` frames.
-    void processAudio(const QVMAudioBuffer<float>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
-    void processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
-    void processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int channel);
-    void processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int channel);
-    // These two ask the words: LevelWords::setStandingSeconds() and reset(). With the next frame after a reset the bars
-    // begin at the bottom and no clip indicator is lit.
-    void setLevelSeconds(float seconds) { words_.setStandingSeconds(seconds); }
+    // Asks the words: LevelWords::reset(). With the next frame the bars begin at the bottom and no clip indicator is
+    // lit. Any thread.
     void reset() { words_.reset(); }
 
     // Main thread from here on. One step of a channel's ballistics and of its clip indicator, towards the highest level
     // since the last one. A step of no time takes no level.
     void slew(float dt, int channel);
-    // One frame: ballistics, then the fill from the displayed level as it is, through a scale or through a mapping; the
-    // two that know a scale also fade. The result tells whether the bars look different now.
-    Redraw prepareForDrawing(float dt);
+    // One frame: ballistics, the fill from the displayed level through a scale, and the fading. The result tells
+    // whether the bars look different now.
     Redraw prepareForDrawing(float dt, ScaleMapping toScale, unsigned pid);
-    Redraw prepareForDrawingWithParameterValue(float dt, float parameterValue, ScaleMapping toScale, unsigned pid);
-    Redraw prepareForDrawingWithMapping(float dt, float (*map)(float));
     void glDraw(PBGLCanvas canvas, DrawingSurface& surface) const;
 
     // What a channel's bar covers (points, y upwards) and its colour, as they are drawn.
     PBRect barRect(const PBGLCanvas& canvas, int channel) const;
     Color barColour(int channel) const;
+
+    // Named by the contract and not used in this product, which posts its peaks into words that it shares with the
+    // meter. Audio for the meter itself: the largest absolute sample (NaN counts for nothing) becomes the channel's
+    // level, within `range`. One thread a channel; never waits, so the render thread may call it. The buffer and the
+    // array hold `nFrames` frames, and a level stands for `seconds` (LevelWords::setStandingSeconds()).
+    void processAudio(const QVMAudioBuffer<float>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
+    void processAudio(const QVMAudioBuffer<double>* buffer, unsigned nFrames, QVMFloat32Range range, int channel);
+    void processAudio(const float* samples, unsigned nFrames, QVMFloat32Range range, int channel);
+    void processAudio(const double* samples, unsigned nFrames, QVMFloat32Range range, int channel);
+    void setLevelSeconds(float seconds) { words_.setStandingSeconds(seconds); }
+    // And frames with another fill: from the displayed level as it is or through a mapping, neither of which fades, or
+    // through a scale beside a marker for the parameter's own value.
+    Redraw prepareForDrawing(float dt);
+    Redraw prepareForDrawingWithMapping(float dt, float (*map)(float));
+    Redraw prepareForDrawingWithParameterValue(float dt, float parameterValue, ScaleMapping toScale, unsigned pid);
 
 private:
     // A bar as the eye can tell it from another: ends in fractions of a device pixel, components in steps.

@@ -44,8 +44,6 @@ public:
     const std::shared_ptr<QVMSketchGLLayer>& glSketch() const { return glSketch_; }
     const VizRef& getVizRef() const { return glSketch_->getVizRef(); }
     QVMParameterState* getVizRefParameterStates() const { return glSketch_->getVizRefParameterStates(); }
-    void performParameterConversionWithValues(unsigned pid, float* values);
-    std::int64_t numParams() const { return numParams_; }
     // The parameter that has the editor's focus, -1 for none.
     void setFocusedPid(std::int32_t pid) { focusedPid_ = pid; }
     std::int32_t focusedPid() const { return focusedPid_; }
@@ -73,6 +71,11 @@ public:
     void viewDidMoveToWindow() override;
     void viewDidChangeBackingProperties() override;
     void frameDidChange() override;
+
+    // Named by the contract and not used in this product: the drawing object's conversion of a parameter's values, in
+    // place; and how many parameters the configuration has.
+    void performParameterConversionWithValues(unsigned pid, float* values);
+    std::int64_t numParams() const { return numParams_; }
 
 private:
     void startDisplayLink();

@@ -39,14 +39,10 @@ public:
     // Computes the next frame, if the sketch is of the kind meant: one that shows parameters or one that shows audio.
     // `duration` is in seconds. Asks to be drawn when the picture will differ, and tells whether it will.
     Redraw prepareForDrawingWithDurationParameterSketch(float duration, bool parameterSketch);
-    void backgroundDrawWithContext(DrawingSurface& surface);
-
-    // The writer's way in: copies the states of all parameters into the object. Render thread too.
-    void addParameterStates(const QVMParameterState* states);
+    // What the unit wants shown as text; 0 and empty before the layer is set up.
     float getNumericMeterValue() const;
     std::string getNumericMeterFormat() const; // printf's, for one double
     std::string getNumericMeterSuffix() const;
-    void performStaticConversionParameterValues(unsigned pid, float* values);
 
     // Set once a frame has been prepared; before, the layer is transparent.
     bool canRender() const { return canRender_; }
@@ -56,6 +52,12 @@ public:
     const PBSketch& sketch() const { return sketch_; }
 
     const char* kind() const override { return "QVMSketchGLLayer"; }
+
+    // Named by the contract and not used in this product, whose unit writes into the shared state itself: copies the
+    // states of all parameters into the object, also on the render thread. And what the object makes nothing of.
+    void addParameterStates(const QVMParameterState* states);
+    void backgroundDrawWithContext(DrawingSurface& surface);
+    void performStaticConversionParameterValues(unsigned pid, float* values);
 
 protected:
     void draw(DrawingSurface& surface) const override;
