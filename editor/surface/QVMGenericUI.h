@@ -92,7 +92,6 @@ public:
     void requestPresetNamed(const std::string& name);
     // The preset control has another value, or the same one again: applies that preset and reports it.
     void presetUpdated();
-    void applyPresetValues(std::span<const float> values) { session_.presets().apply(values); }
     // Names the current preset and applies nothing. A name or index that no preset has is shown as such.
     void lastSavedPresetWasNamed(const std::string& name);
     void lastSavedPresetWasKeyed(std::uint32_t index) { session_.presets().setCurrent(index); }
@@ -102,7 +101,6 @@ public:
     // is the active one; a side that was kept elsewhere; and both anew with these values, by pid.
     void potentiallySaveToUndoRedoStack() { session_.history().scheduleSnapshot(); }
     void syncUndoRedoButtonsToStackState() { shown_.historyDidChange(); }
-    void undoRedoABState(std::uint32_t state) { session_.comparison().setActive(state); }
     std::uint32_t abState() const { return session_.comparison().active(); }
     void restoreABStateSettings(std::uint32_t state, std::string_view settings) {
         session_.restoreSide(state, settings);
@@ -129,13 +127,7 @@ public:
     // Drawers (EditorDrawers), of which one at most is open. A new one stands below the preset bar.
     QVMDrawerView& addDrawer(std::unique_ptr<QVMDrawerView> drawer);
     void toggleDrawerForce(QVMDrawerView& drawer, bool force) { drawers_.toggle(drawer, force); }
-    bool hideVisibleDrawersPresenting(QVMDrawerView* drawer) { return drawers_.hideVisiblePresenting(drawer); }
-    bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted) {
-        return EditorDrawers::hideUnlessEqual(drawer, excepted);
-    }
     bool hideAllDrawers() override { return drawers_.hideVisiblePresenting(nullptr); }
-    void hideDrawerIfVisible(QVMDrawerView* drawer) { drawers_.hideIfVisible(drawer); }
-    void hideClumpsView() { drawers_.hideClumpsView(); }
     // False when there is no preset bar.
     bool togglePresetsDrawer() override;
     QVMPresetsDrawer* presetDrawer() const { return drawers_.presets(); }
@@ -199,6 +191,15 @@ public:
                                                            double) {}
     void freakout() override {}
     void hideAllControls() override {}
+    // What those that have it are asked for themselves (PresetSession, ABComparison, EditorDrawers).
+    void applyPresetValues(std::span<const float> values) { session_.presets().apply(values); }
+    void undoRedoABState(std::uint32_t state) { session_.comparison().setActive(state); }
+    bool hideVisibleDrawersPresenting(QVMDrawerView* drawer) { return drawers_.hideVisiblePresenting(drawer); }
+    bool hideViewIfNotEqualToView(QVMDrawerView* drawer, const QVMDrawerView* excepted) {
+        return EditorDrawers::hideUnlessEqual(drawer, excepted);
+    }
+    void hideDrawerIfVisible(QVMDrawerView* drawer) { drawers_.hideIfVisible(drawer); }
+    void hideClumpsView() { drawers_.hideClumpsView(); }
 
     // View and responder. With nothing in focus every key is the host's.
     bool acceptsFirstResponder() const override { return true; }
@@ -227,8 +228,8 @@ private:
     void observePreferences();
     std::int32_t focusedPid() const; // -1 for none
 
-    // QVMParameterSketchDelegate: the drawing object is handed over first; then the states that differ from the last
-    // ones received are adopted.
+    // QVMParameterSketchDelegate: what the drawing object shares is lent to the unit first; then the states that differ
+    // from the last ones received are adopted.
     void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
     void sketchDidChangeVisibility(QVMParameterSketch& sketch) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
