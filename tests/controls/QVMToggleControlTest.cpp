@@ -1,45 +1,16 @@
-#include "controls/QVMToggleControl.h"
-
-#include "controls/Gestures.h"
-#include "controls/QVMFocusBorder.h"
-#include "platform/renderer/LayerRenderer.h"
-#include "platform/runloop/VirtualTime.h"
+// What a toggle does with presses, sweeps and keys.
+#include "controls/ToggleFixture.h"
 #include "platform/view/Window.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace QVM_NAMESPACE {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-constexpr std::uint32_t kListen = 13, kLoudness = 6;
-constexpr Rect kFrame = {0, 0, 160, 26};
-
-// A switch: two segments, 80 points each.
-class Switch : public testing::Test {
-protected:
-    VirtualTime time;
-    QVMParameter parameter = parameterLike(kListen);
-    QVMToggleControl control{kFrame, parameter};
-    GestureRecord record{control};
-};
-
-// Four segments, 40 points each.
-class Row : public testing::Test {
-protected:
-    VirtualTime time;
-    QVMParameter parameter = parameterLike(kLoudness);
-    QVMToggleControl control{kFrame, parameter};
-    GestureRecord record{control};
-
-    std::string label(std::size_t i) const { return control.values()[i]->label()->string().string(); }
-};
-
-using QVMToggleControlSwitch = Switch;
-using QVMToggleControlRow = Row;
+using QVMToggleControlSwitch = ToggleSwitch;
+using QVMToggleControlRow = ToggleRow;
 
 TEST_F(QVMToggleControlSwitch, AQuickClickFlipsItExactlyOnceWhereverItLands) {
     press(control, {10, 13});
@@ -124,7 +95,7 @@ TEST_F(QVMToggleControlSwitch, AnythingButZeroFlipsToZero) {
 
 TEST_F(QVMToggleControlSwitch, AControlThatGoesWhileItIsHeldChoosesNothing) {
     ASSERT_FALSE(RunLoop::main().nextDue());
-    auto lost = std::make_unique<QVMToggleControl>(kFrame, parameter);
+    auto lost = std::make_unique<QVMToggleControl>(kToggleFrame, parameter);
     int choices = 0;
     lost->setAction([&](Control&) { ++choices; });
     press(*lost, {120, 13});
@@ -176,62 +147,6 @@ TEST_F(QVMToggleControlRow, AfterTheReleaseADragComesTooLate) {
     EXPECT_EQ(control.floatValue(), 0);
 }
 
-TEST_F(QVMToggleControlRow, ShowsEveryValueByNameAndWhichIsTaken) {
-    ASSERT_EQ(control.values().size(), 4u);
-    EXPECT_EQ(label(0), "Auto");
-    EXPECT_EQ(label(3), "Bass");
-    control.setFloatValue(2);
-    time.advance(0.2);
-    EXPECT_EQ(control.selected(), 2);
-    for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_EQ(control.values()[i]->isSelected(), i == 2) << i;
-    EXPECT_TRUE(control.rValuesOriginal()[2].contains(control.selection()->frame()));
-    EXPECT_THAT(record.lines, IsEmpty()) << "a value from the model is not reported";
-}
-
-TEST_F(QVMToggleControlRow, TheSelectionIsRoundAtItsEnds) {
-    control.setFloatValue(2);
-    const Rect frame = control.selection()->frame();
-    EXPECT_EQ(control.selection()->cornerRadius(), std::min(frame.width, frame.height) / 2);
-}
-
-TEST_F(QVMToggleControlRow, TheSelectionGlidesToItsSegment) {
-    control.setFloatValue(3);
-    const double start = control.selection()->presentation().position.x;
-    time.advance(0.05);
-    EXPECT_GT(control.selection()->presentation().position.x, start);
-    EXPECT_LT(control.selection()->presentation().position.x, control.selection()->position().x);
-    time.advance(0.06);
-    EXPECT_EQ(control.selection()->presentation().position.x, control.selection()->position().x);
-}
-
-TEST_F(QVMToggleControlRow, AValueWithoutASegmentShowsNoSelection) {
-    control.setFloatValue(9);
-    EXPECT_EQ(control.selected(), -1);
-    EXPECT_TRUE(control.selection()->isHidden());
-    control.setFloatValue(1);
-    EXPECT_FALSE(control.selection()->isHidden());
-}
-
-TEST_F(QVMToggleControlRow, LinesSeparateSegmentsThatTheSelectionDoesNotTouch) {
-    control.setFloatValue(0);
-    std::vector<bool> separated;
-    for (const QVMToggleSegment* segment : control.values())
-        separated.push_back(segment->isSeparated());
-    EXPECT_THAT(separated, ElementsAre(false, false, true, true));
-}
-
-TEST_F(QVMToggleControlRow, SegmentsFillTheWidthInWholePoints) {
-    control.setFrame({0, 0, 161, 26});
-    double x = 0;
-    for (const Rect& segment : control.rValuesOriginal()) {
-        EXPECT_EQ(segment.x, x);
-        EXPECT_EQ(segment.x, std::round(segment.x));
-        x = segment.maxX();
-    }
-    EXPECT_EQ(x, 161);
-}
-
 TEST_F(QVMToggleControlRow, EventsOnASegmentAreTheTogglesOwn) {
     Window window;
     auto& inWindow = window.setContentView(std::make_unique<View>(Rect{0, 0, 200, 100}))
@@ -252,49 +167,6 @@ TEST_F(QVMToggleControlRow, ADisabledToggleIsFaintAndIgnoresThePointer) {
     press(control, {155, 13});
     EXPECT_EQ(control.floatValue(), 0);
     EXPECT_LT(control.alpha(), 1);
-}
-
-TEST_F(QVMToggleControlRow, FocusStandsAroundTheRow) {
-    control.setHighlit(true);
-    EXPECT_EQ(control.highlight()->frame(), (Rect{-4, -3, 168, 32}));
-    EXPECT_EQ(control.highlight()->opacity(), 1);
-    control.setHighlit(false);
-    EXPECT_EQ(control.highlight()->opacity(), 0);
-}
-
-TEST_F(QVMToggleControlRow, TextsAreLegibleInBothThemes) {
-    const auto check = [this] {
-        for (const QVMToggleSegment* segment : control.values()) {
-            const Color below =
-                segment->isSelected() ? control.selection()->backgroundColor() : control.bg()->backgroundColor();
-            EXPECT_GE(contrastRatio(segment->label()->string().runs.at(0).color, below), minimumTextContrast)
-                << segment->text();
-        }
-    };
-    check();
-    const DarkTheme dark;
-    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
-    check();
-}
-
-TEST_F(QVMToggleControlRow, HoveringShowsOnTheSegmentUnderThePointerOnlyAndRasterisesNoText) {
-    const auto before = control.values()[2]->label()->contentVersion();
-    control.mouseMoved(eventAt(EventType::mouseMoved, control, {90, 13}));
-    const Layer& hover = *control.layer()->sublayers()[1];
-    EXPECT_EQ(hover.opacity(), 1);
-    EXPECT_TRUE(control.rValuesOriginal()[2].contains(hover.frame()));
-    control.mouseMoved(eventAt(EventType::mouseMoved, control, {5, 13}));
-    EXPECT_EQ(hover.opacity(), 0) << "the one that is taken has nothing to offer";
-    control.mouseMoved(eventAt(EventType::mouseMoved, control, {50, 13}));
-    EXPECT_EQ(hover.opacity(), 1);
-    pointAway(control);
-    EXPECT_EQ(hover.opacity(), 0);
-    EXPECT_EQ(control.values()[2]->label()->contentVersion(), before);
-}
-
-TEST_F(QVMToggleControlSwitch, ShowsIconsWhereTheValuesHaveThem) {
-    ASSERT_EQ(control.values().size(), 2u);
-    EXPECT_EQ(control.values()[0]->label()->string().string(), "\uE219");
 }
 
 } // namespace
