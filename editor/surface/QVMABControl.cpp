@@ -67,7 +67,7 @@ void QVMABControl::handleTap(const View& tapped) {
 }
 
 void QVMABControl::report(std::uint32_t button) {
-    if (abDelegate_) abDelegate_->abControlChangeTriggeredByButton(*this, button);
+    if (delegate_) delegate_->abControlChangeTriggeredByButton(*this, button);
 }
 
 void QVMABControl::updatePositionAnimated(std::uint32_t position, Animate animate) {

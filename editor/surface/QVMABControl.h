@@ -32,7 +32,7 @@ public:
     explicit QVMABControl(const Rect& frame);
 
     // Borrowed; null hears nothing.
-    void setABDelegate(QVMABControlDelegate* delegate) { abDelegate_ = delegate; }
+    void setDelegate(QVMABControlDelegate* delegate) { delegate_ = delegate; }
 
     QVMSymbolButton& a() { return *a_; }
     QVMSymbolButton& b() { return *b_; }
@@ -60,7 +60,7 @@ private:
     void report(std::uint32_t button);
     void style();
 
-    QVMABControlDelegate* abDelegate_ = nullptr;
+    QVMABControlDelegate* delegate_ = nullptr;
     std::uint32_t position_ = 0;
     std::shared_ptr<Layer> box_, indicator_;
     std::shared_ptr<QVMFocusBorder> highlight_;

@@ -75,7 +75,7 @@ void QVMGenericUI::wireParts() {
         presets->setAction([this](Control&) { presetUpdated(); });
         presets->setDelegate(&reports_);
     }
-    bar.ab().setABDelegate(this);
+    bar.ab().setDelegate(this);
     bar.undo().setAction([this](Control&) { keyboard_.keyboardShortcutUndo(); });
     bar.redo().setAction([this](Control&) { keyboard_.keyboardShortcutRedo(); });
 }

@@ -16,9 +16,9 @@ class QVMABControlTest : public testing::Test, public QVMABControlDelegate {
 protected:
     void SetUp() override {
         ab_ = &window_.setContentView(std::make_unique<QVMABControl>(Rect{0, 0, 62, 30}));
-        ab_->setABDelegate(this);
+        ab_->setDelegate(this);
     }
-    void TearDown() override { ab_->setABDelegate(nullptr); }
+    void TearDown() override { ab_->setDelegate(nullptr); }
     void abControlChangeTriggeredByButton(QVMABControl&, std::uint32_t button) override { taps_.push_back(button); }
     void press(const View& view, int clickCount = 1) {
         Event event;
