@@ -44,7 +44,7 @@ protected:
     bool isLit() const { return box.hover()->opacity() == 1; }
 
     VirtualTime time;
-    QVMParameter parameter = parameterLike(1);
+    QVMParameter parameter = parameterLike(pidTiltGain);
     Halves box{parameter, BoxShape::rounded};
 };
 

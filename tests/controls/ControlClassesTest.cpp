@@ -34,12 +34,13 @@ TEST(ControlClasses, EachControlTypeHasItsClass) {
         &typeid(QVMVerticalSlider), &typeid(QVMBooleanControl), &typeid(QVMCycleControl), &typeid(QVMItemizedControl),
         &typeid(QVMNumberControl),  &typeid(QVMToggleControl),  &typeid(QVMNoteSlider),   &typeid(QVMGridControl)};
     for (std::int32_t type = 0; type < 8; ++type)
-        EXPECT_EQ(classOf(parameterLike(14, [type](QVMParameter& p) { p.controlType = type; })), *expected[type])
+        EXPECT_EQ(classOf(parameterLike(pidFilterSlopeLow, [type](QVMParameter& p) { p.controlType = type; })),
+                  *expected[type])
             << type;
 }
 
 TEST(ControlClasses, TheMasterSwitchGlowsWhateverItsType) {
-    const QVMParameter parameter = parameterLike(14, [](QVMParameter& p) {
+    const QVMParameter parameter = parameterLike(pidFilterSlopeLow, [](QVMParameter& p) {
         p.controlType = 2;
         p.codesafeName = "MasterOnOff";
     });
@@ -47,7 +48,7 @@ TEST(ControlClasses, TheMasterSwitchGlowsWhateverItsType) {
 }
 
 TEST(ControlClasses, AParameterControlNamesTheClassForAnyType) {
-    const QVMParameter gain = parameterLike(1), master = parameterLike(0);
+    const QVMParameter gain = parameterLike(pidTiltGain), master = parameterLike(pidMasterOnOff);
     const QVMParameterControl plain({0, 0, 80, 60}, {}, &gain, 0), power({0, 0, 80, 60}, {}, &master, 0);
     EXPECT_EQ(plain.classForControlType(4), controlClassForType(4));
     EXPECT_EQ(plain.classForControlType(9), nullptr);
@@ -57,11 +58,11 @@ TEST(ControlClasses, AParameterControlNamesTheClassForAnyType) {
 TEST(ControlClasses, TypesBeyondTheTableHaveNone) {
     EXPECT_EQ(controlClassForType(-1), nullptr);
     EXPECT_EQ(controlClassForType(8), nullptr);
-    EXPECT_EQ(classOf(parameterLike(14, [](QVMParameter& p) { p.controlType = 8; })), typeid(void));
+    EXPECT_EQ(classOf(parameterLike(pidFilterSlopeLow, [](QVMParameter& p) { p.controlType = 8; })), typeid(void));
 }
 
 TEST(ControlClasses, WhoMakesAControlMayNameTheClass) {
-    const QVMParameter parameter = parameterLike(14, [](QVMParameter& p) { p.controlType = 8; });
+    const QVMParameter parameter = parameterLike(pidFilterSlopeLow, [](QVMParameter& p) { p.controlType = 8; });
     const QVMParameterControl control({0, 0, 80, 60}, &parameter, 0, &makeFloatControl<ElsewhereControl>, {});
     const QVMFloatControl& inner = *control.primaryControl();
     EXPECT_EQ(typeid(inner), typeid(ElsewhereControl));

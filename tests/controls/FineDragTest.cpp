@@ -10,27 +10,27 @@ namespace QVM_NAMESPACE {
 namespace {
 
 TEST(FineDrag, AFineStepIsAboutSixPointsWhereThereAreMoreStepsThanPoints) {
-    const QVMParameter& gain = *GetParameter(1); // 36 dB in steps of 0.1
+    const QVMParameter& gain = *GetParameter(pidTiltGain); // 36 dB in steps of 0.1
     const double wayOfSixPoints = 6.0 / 90 * fineDragMultiplier(gain, 0, 90) * 36;
     EXPECT_NEAR(wayOfSixPoints, 0.1, 1e-5);
 }
 
 TEST(FineDrag, ASixthOfTheWayWhereStepsAreWiderThanPoints) {
-    EXPECT_NEAR(fineDragMultiplier(*GetParameter(1), 0, 500), 1.0 / 6, 1e-9);
+    EXPECT_NEAR(fineDragMultiplier(*GetParameter(pidTiltGain), 0, 500), 1.0 / 6, 1e-9);
 }
 
 TEST(FineDrag, ALogarithmicParameterMovesEvenlyInValues) {
-    const QVMParameter& low = *GetParameter(2);
+    const QVMParameter& low = *GetParameter(pidTiltRangeLow);
     // Below 1 kHz the step is the same, so only the slope of the scale differs.
     EXPECT_NEAR(fineDragMultiplier(low, 100, 238) / fineDragMultiplier(low, 400, 238), 4, 1e-5);
 }
 
 TEST(FineDrag, FrequenciesGoInTensAndFromTenKilohertzInHundreds) {
-    const QVMParameter plain = parameterLike(9, [](QVMParameter& p) {
+    const QVMParameter plain = parameterLike(pidFilterRangeLow, [](QVMParameter& p) {
         p.fineGranularity = 1;
         p.logarithmic = false;
     });
-    const QVMParameter unitless = parameterLike(9, [](QVMParameter& p) {
+    const QVMParameter unitless = parameterLike(pidFilterRangeLow, [](QVMParameter& p) {
         p.fineGranularity = 1;
         p.logarithmic = false;
         p.unit = QVMUnitDecibels;
@@ -40,8 +40,8 @@ TEST(FineDrag, FrequenciesGoInTensAndFromTenKilohertzInHundreds) {
 }
 
 TEST(FineDrag, AValueWithoutALogarithmDragsAsThePointerGoes) {
-    EXPECT_EQ(fineDragMultiplier(*GetParameter(2), 0, 238), 1);
-    EXPECT_EQ(fineDragMultiplier(*GetParameter(2), std::nanf(""), 238), 1);
+    EXPECT_EQ(fineDragMultiplier(*GetParameter(pidTiltRangeLow), 0, 238), 1);
+    EXPECT_EQ(fineDragMultiplier(*GetParameter(pidTiltRangeLow), std::nanf(""), 238), 1);
 }
 
 } // namespace

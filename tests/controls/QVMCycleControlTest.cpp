@@ -101,7 +101,7 @@ TEST_F(QVMCycleControlTest, ShowsTheNameOfItsValue) {
 }
 
 TEST_F(QVMCycleControlTest, ANumberIsShownWithItsUnit) {
-    const QVMParameter ratio = parameterLike(17);
+    const QVMParameter ratio = parameterLike(pidFilterSlopeLinkRatio);
     QVMCycleControl percent({0, 0, 73, 26}, ratio);
     percent.setFloatValue(50);
     EXPECT_EQ(percent.value()->string().string(), "50 %");

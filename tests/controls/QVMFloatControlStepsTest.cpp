@@ -13,12 +13,12 @@ using Bench = HookedControlBench;
 constexpr std::uint32_t kCommand = EventModifier::command;
 
 Bench tiltGain() {
-    return Bench(parameterLike(1));
+    return Bench(parameterLike(pidTiltGain));
 }
 
 // A mapping-free frequency parameter in whole steps.
 QVMParameter frequency() {
-    return parameterLike(9, [](QVMParameter& p) {
+    return parameterLike(pidFilterRangeLow, [](QVMParameter& p) {
         p.fineGranularity = 1;
         p.logarithmic = false;
     });
@@ -54,7 +54,7 @@ TEST(QVMFloatControlSteps, FromExactlyAKilohertzOnTheLeastStepIsTenHertz) {
     EXPECT_FLOAT_EQ(step(999), 1);
     EXPECT_FLOAT_EQ(step(1000), 10);
     EXPECT_FLOAT_EQ(step(10000), 10);
-    Bench gain(parameterLike(1, [](QVMParameter& p) { p.maxValue = 5000; }));
+    Bench gain(parameterLike(pidTiltGain, [](QVMParameter& p) { p.maxValue = 5000; }));
     gain.control.setFloatValue(1000);
     EXPECT_LT(gain.control.incrementedValueForArrowGranularity(Key::up, QVMGranularityFine), 1)
         << "the rule is that of frequencies";
@@ -69,15 +69,15 @@ TEST(QVMFloatControlSteps, OnlyDownAndLeftStepDownwards) {
 }
 
 TEST(QVMFloatControlSteps, AnArrowKeyIsOneDiscreteChange) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     EXPECT_TRUE(b.control.incrementWithArrowGranularity(Key::up, 0));
     EXPECT_THAT(b.record.lines, ElementsAre("action 0.5", "discrete"));
     EXPECT_TRUE(b.control.userControlling());
 }
 
 TEST(QVMFloatControlSteps, RoundingTakesTheStepTowardsItsOwnSide) {
-    Bench b(parameterLike(1));     // steps of 0.5, rounded first
-    b.control.setFloatValue(2.3f); // rounds up to 2.5
+    Bench b(parameterLike(pidTiltGain)); // steps of 0.5, rounded first
+    b.control.setFloatValue(2.3f);       // rounds up to 2.5
     b.control.incrementWithArrowGranularity(Key::up, 0);
     EXPECT_FLOAT_EQ(b.control.floatValue(), 2.5f);
     b.control.setFloatValue(2.3f);
@@ -92,14 +92,14 @@ TEST(QVMFloatControlSteps, RoundingTakesTheStepTowardsItsOwnSide) {
 }
 
 TEST(QVMFloatControlSteps, WithoutPreroundingACoarseStepKeepsTheOffset) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.coarseGranularityShouldPreround = false; }));
+    Bench b(parameterLike(pidTiltGain, [](QVMParameter& p) { p.coarseGranularityShouldPreround = false; }));
     b.control.setFloatValue(0.4f);
     b.control.incrementWithArrowGranularity(Key::up, 2);
     EXPECT_NEAR(b.control.floatValue(), 1.9f, 1e-5);
 }
 
 TEST(QVMFloatControlSteps, CoarseStepsWalkTheCoarseOptions) {
-    Bench b(parameterLike(2));
+    Bench b(parameterLike(pidTiltRangeLow));
     b.control.setFloatValue(161);
     b.control.incrementWithArrowGranularity(Key::up, 2);
     EXPECT_FLOAT_EQ(b.control.floatValue(), 200);
@@ -110,7 +110,7 @@ TEST(QVMFloatControlSteps, CoarseStepsWalkTheCoarseOptions) {
 }
 
 TEST(QVMFloatControlSteps, ACoarseStepAtTheLastOptionStaysAtTheArithmeticResult) {
-    Bench b(parameterLike(9, [](QVMParameter& p) {
+    Bench b(parameterLike(pidFilterRangeLow, [](QVMParameter& p) {
         p.coarseGranularityOptions = {100, 200};
         p.coarseGranularity = 50;
         p.coarseGranularityShouldPreround = false;
@@ -126,7 +126,7 @@ TEST(QVMFloatControlSteps, ACoarseStepAtTheLastOptionStaysAtTheArithmeticResult)
 
 TEST(QVMFloatControlSteps, LimitFloatKeepsEachEndOnItsSideOfTheLimit) {
     const auto limited = [](bool low) {
-        return parameterLike(9, [low](QVMParameter& p) {
+        return parameterLike(pidFilterRangeLow, [low](QVMParameter& p) {
             p.range = QVMRangeSettings({{"low", low}, {"limit", 500.0f}});
         });
     };
@@ -139,7 +139,7 @@ TEST(QVMFloatControlSteps, LimitFloatKeepsEachEndOnItsSideOfTheLimit) {
 }
 
 TEST(QVMFloatControlSteps, AGentleTickOfANotchedWheelCountsAsAWholeNotch) {
-    Bench b(parameterLike(7));
+    Bench b(parameterLike(pidOutputGain));
     b.control.setFloatValue(-6);
     b.control.scrollWheel(wheel(b.control, 0, -0.3, false));
     EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 10);
@@ -151,13 +151,13 @@ TEST(QVMFloatControlSteps, AGentleTickOfANotchedWheelCountsAsAWholeNotch) {
 }
 
 TEST(QVMFloatControlSteps, ANotchedWheelReadsTheVerticalDeltaOfALyingControlToo) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.scrollWheel(wheel(b.control, 7, -2, false));
     EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 20);
 }
 
 TEST(QVMFloatControlSteps, PreciseScrollingAccumulatesFromTheMayBeginPhase) {
-    Bench b(parameterLike(7));
+    Bench b(parameterLike(pidOutputGain));
     b.control.setFloatValue(-6);
     b.control.scrollWheel(wheel(b.control, 0, -3, true, EventPhase::mayBegin));
     EXPECT_FLOAT_EQ(b.control.scrollStartValue(), -6);
@@ -174,13 +174,13 @@ TEST(QVMFloatControlSteps, PreciseScrollingAccumulatesFromTheMayBeginPhase) {
 }
 
 TEST(QVMFloatControlSteps, PreciseScrollingOfALyingControlReadsTheHorizontalDelta) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.scrollWheel(wheel(b.control, 3, 50, true, EventPhase::mayBegin));
     EXPECT_DOUBLE_EQ(b.control.scrollDelta(), 3);
 }
 
 TEST(QVMFloatControlSteps, ScrollingHandsTheGranularitiesToItsHook) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     Event event = wheel(b.control, 3, 0, true);
     event.modifierFlags = kCommand;
     b.control.scrollWheel(event);

@@ -19,7 +19,7 @@ constexpr std::uint32_t kShift = EventModifier::shift, kControl = EventModifier:
 constexpr Rect kFrame = {10, 20, 100, 40};
 
 TEST(QVMFloatControl, OptionClickResetsAndReportsBeganButNeverEnded) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.setFloatValue(6);
     press(b.control, b.inside, kOption);
     release(b.control, b.inside, kOption);
@@ -29,7 +29,7 @@ TEST(QVMFloatControl, OptionClickResetsAndReportsBeganButNeverEnded) {
 }
 
 TEST(QVMFloatControl, DragsAfterAnOptionClickAreIgnoredWhileOptionStaysHeld) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, b.inside, kOption);
     drag(b.control, {60, 20}, kOption);
     EXPECT_THAT(b.control.hooks, IsEmpty());
@@ -38,7 +38,7 @@ TEST(QVMFloatControl, DragsAfterAnOptionClickAreIgnoredWhileOptionStaysHeld) {
 }
 
 TEST(QVMFloatControl, OptionCommandClickDoesNotResetAndReachesTheHookAtStandardGranularity) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.setFloatValue(6);
     press(b.control, b.inside, kOption | kCommand);
     EXPECT_FLOAT_EQ(b.control.floatValue(), 6);
@@ -47,14 +47,14 @@ TEST(QVMFloatControl, OptionCommandClickDoesNotResetAndReachesTheHookAtStandardG
 }
 
 TEST(QVMFloatControl, ControlClickReportsBeganButCallsNoHook) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, b.inside, kControl);
     EXPECT_THAT(b.control.hooks, IsEmpty());
     EXPECT_THAT(b.record.lines, ElementsAre("began"));
 }
 
 TEST(QVMFloatControl, APressThatIsLostEnds) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, b.inside);
     drag(b.control, {60, 20});
     b.control.mouseCancelled(eventAt(EventType::mouseCancelled, b.control, {60, 20}));
@@ -63,7 +63,7 @@ TEST(QVMFloatControl, APressThatIsLostEnds) {
 }
 
 TEST(QVMFloatControl, ControlAtMouseUpSendsNothing) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, b.inside);
     release(b.control, b.inside, kControl);
     EXPECT_THAT(b.control.hooks, ElementsAre("down 0 0"));
@@ -71,7 +71,7 @@ TEST(QVMFloatControl, ControlAtMouseUpSendsNothing) {
 }
 
 TEST(QVMFloatControl, CommandWinsOverShift) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     Event event;
     event.modifierFlags = kCommand | kShift;
     EXPECT_EQ(b.control.granularityFromEvent(event), 1);
@@ -82,7 +82,7 @@ TEST(QVMFloatControl, CommandWinsOverShift) {
 }
 
 TEST(QVMFloatControl, AGestureReportsBeganAndEndedWithStandardGranularityAtBothEnds) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, b.inside, kShift);
     drag(b.control, b.inside, kShift);
     drag(b.control, b.inside, kShift);
@@ -94,7 +94,7 @@ TEST(QVMFloatControl, AGestureReportsBeganAndEndedWithStandardGranularityAtBothE
 }
 
 TEST(QVMFloatControl, ADisabledControlIgnoresTheMouseAndTheWheelButStartsItsGranularitiesAnew) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, b.inside);
     drag(b.control, b.inside, kShift);
     b.control.hooks.clear();
@@ -112,7 +112,7 @@ TEST(QVMFloatControl, ADisabledControlIgnoresTheMouseAndTheWheelButStartsItsGran
 }
 
 TEST(QVMFloatControl, ADisabledControlIsFaintAsAWhole) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.setPreventInteraction(true);
     EXPECT_LT(b.control.alpha(), 0.6);
     b.control.setPreventInteraction(false);
@@ -127,7 +127,7 @@ TEST(QVMFloatControl, OnlyMouseDownsArePassedOn) {
         void mouseUp(const Event&) override { ++others; }
         void scrollWheel(const Event&) override { ++others; }
     } next;
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.setNextResponder(&next);
     press(b.control, b.inside);
     drag(b.control, b.inside);
@@ -145,7 +145,7 @@ TEST(QVMFloatControl, TheContextMenuItemsResetConvertAndAskForDocumentation) {
         }
         void floatControlHasRequestedDocumentation(QVMFloatControl&) override { lines.push_back("document"); }
     };
-    const QVMParameter parameter = parameterLike(1);
+    const QVMParameter parameter = parameterLike(pidTiltGain);
     HookedControl control(kFrame, parameter);
     Delegate delegate(control);
     control.setFloatValue(-2.9f);
@@ -158,14 +158,14 @@ TEST(QVMFloatControl, TheContextMenuItemsResetConvertAndAskForDocumentation) {
 TEST(QVMFloatControl, AnUnexpectedMetaActionIsOnlyLogged) {
     std::vector<std::string> lines;
     const ScopedLogSink sink([&](const std::string& line) { lines.push_back(line); });
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.handleMetaActionWithEvent(0, nullptr);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0].substr(0, 9), "unhandled");
 }
 
 TEST(QVMFloatControl, TheFocusBorderStandsOutsideTheFrameItIsGiven) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.animateHighlightToFramePositionRoundingInset({0, 0, 100, 20}, {}, 0.2, true);
     EXPECT_EQ(b.control.highlight()->frame(), (Rect{-4, -3, 108, 26}));
     EXPECT_DOUBLE_EQ(b.control.highlight()->rounding(), 13); // a fraction is at least one half
@@ -175,13 +175,13 @@ TEST(QVMFloatControl, TheFocusBorderStandsOutsideTheFrameItIsGiven) {
 }
 
 TEST(QVMFloatControl, AnotherFocusShapeHasCornersOfSixPoints) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.controlFocusShape = 1; }));
+    Bench b(parameterLike(pidTiltGain, [](QVMParameter& p) { p.controlFocusShape = 1; }));
     b.control.animateHighlightToFramePositionRoundingInset({0, 0, 100, 20}, {}, 0.5, true);
     EXPECT_DOUBLE_EQ(b.control.highlight()->rounding(), 6);
 }
 
 TEST(QVMFloatControl, BeingHighlitShowsTheFocusBorderInTheParametersColour) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     EXPECT_DOUBLE_EQ(b.control.highlight()->opacity(), 0);
     b.control.setHighlit(true);
     EXPECT_DOUBLE_EQ(b.control.highlight()->opacity(), 1);
@@ -192,7 +192,7 @@ TEST(QVMFloatControl, BeingHighlitShowsTheFocusBorderInTheParametersColour) {
 }
 
 TEST(QVMFloatControl, AReplayedEventKeepsItsSourceAndIsMarked) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     const QVMEvent event(eventAt(EventType::mouseDown, b.control, {30, 7}, kShift), b.control);
     EXPECT_EQ(event.point, (Point{30, 7})); // y up, as in the control
     EXPECT_FALSE(event.simulated);
@@ -203,7 +203,7 @@ TEST(QVMFloatControl, AReplayedEventKeepsItsSourceAndIsMarked) {
 }
 
 TEST(QVMFloatControl, ClearingHalfTypedTextIsHarmlessOnControlsThatShowNone) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     QVMTransientBufferDisplayClear(nullptr);
     QVMTransientBufferDisplayClear(&b.control);
     EXPECT_THAT(b.record.lines, IsEmpty());

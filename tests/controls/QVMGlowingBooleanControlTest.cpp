@@ -9,7 +9,7 @@ namespace {
 
 class QVMGlowingBooleanControlTest : public testing::Test {
 protected:
-    QVMParameter parameter = parameterLike(0);
+    QVMParameter parameter = parameterLike(pidMasterOnOff);
     QVMGlowingBooleanControl control{{0, 0, 54, 62}, parameter};
 
     Color glyphColor() const { return control.value()->string().runs.at(0).color; }
@@ -55,7 +55,7 @@ TEST_F(QVMGlowingBooleanControlTest, ShowsThePowerGlyphInTheIconFont) {
 
 TEST_F(QVMGlowingBooleanControlTest, ItsGlyphIsAsLargeAsThatOfAnyOtherSwitch) {
     for (const float scale : {1.0f, 1.3f}) {
-        const QVMParameter scaled = parameterLike(0, [scale](QVMParameter& p) { p.controlScale = scale; });
+        const QVMParameter scaled = parameterLike(pidMasterOnOff, [scale](QVMParameter& p) { p.controlScale = scale; });
         const auto size = [](const QVMCycleControl& c) { return c.value()->string().runs.at(0).font.pointSize; };
         const Rect frame = {0, 0, 54, 62};
         EXPECT_EQ(size(QVMGlowingBooleanControl(frame, scaled)), size(QVMBooleanControl(frame, scaled)));

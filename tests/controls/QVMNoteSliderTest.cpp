@@ -16,7 +16,7 @@ using testing::IsEmpty;
 class QVMNoteSliderTest : public testing::Test {
 protected:
     VirtualTime time;
-    QVMParameter parameter = parameterLike(6, [](QVMParameter& p) {
+    QVMParameter parameter = parameterLike(pidTiltLoudnessMode, [](QVMParameter& p) {
         p.cueSymbols = {"\uE10B", "\uE10C", "\uE10D", "\uE10E"};
         p.coarseGranularity = 2;
     });
@@ -85,7 +85,7 @@ TEST_F(QVMNoteSliderTest, TheSelectionGlidesBehindTheSymbolThatIsTaken) {
 TEST_F(QVMNoteSliderTest, AValueWithoutASymbolShowsNoSelection) {
     control.setFloatValue(11);
     EXPECT_TRUE(control.selection()->isHidden());
-    const QVMParameter bare = parameterLike(6);
+    const QVMParameter bare = parameterLike(pidTiltLoudnessMode);
     QVMNoteSlider empty({0, 0, 180, 38}, bare);
     press(empty, {20, 20});
     EXPECT_EQ(empty.floatValue(), 0);

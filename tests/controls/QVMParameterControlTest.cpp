@@ -15,7 +15,7 @@ using Bench = ParameterControlBench;
 constexpr Rect kFrame = {0, 26, 321, 56};
 
 TEST(QVMParameterControl, TheInnerControlStandsInTheParametersFrameAndShowsTheFirstValue) {
-    Bench b(parameterLike(1), 4.5f);
+    Bench b(parameterLike(pidTiltGain), 4.5f);
     EXPECT_EQ(b.control.primaryControl()->frame(), (Rect{30, 2, 260, 54}));
     EXPECT_EQ(b.control.controlFrame(), (Rect{30, 2, 260, 54}));
     EXPECT_FLOAT_EQ(b.control.floatValue(), 4.5f);
@@ -26,12 +26,12 @@ TEST(QVMParameterControl, TheInnerControlStandsInTheParametersFrameAndShowsTheFi
 }
 
 TEST(QVMParameterControl, WithoutAFrameOfItsOwnTheInnerControlFillsTheBounds) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.controlFrame = {}; }));
+    Bench b(parameterLike(pidTiltGain, [](QVMParameter& p) { p.controlFrame = {}; }));
     EXPECT_EQ(b.control.primaryControl()->frame(), (Rect{0, 0, 321, 56}));
 }
 
 TEST(QVMParameterControl, AnUnknownTypeAndAMissingParameterShowNothingAndForwardToNothing) {
-    Bench unknown(parameterLike(1, [](QVMParameter& p) { p.controlType = 42; }));
+    Bench unknown(parameterLike(pidTiltGain, [](QVMParameter& p) { p.controlType = 42; }));
     QVMParameterControl none(kFrame, {}, nullptr, 3);
     for (QVMParameterControl* control : {&unknown.control, &none}) {
         EXPECT_EQ(control->primaryControl(), nullptr);
@@ -52,7 +52,7 @@ TEST(QVMParameterControl, AnUnknownTypeAndAMissingParameterShowNothingAndForward
 }
 
 TEST(QVMParameterControl, ItIsDimmedUntilTheLastHoldIsReleased) {
-    Bench b(parameterLike(14), 12);
+    Bench b(parameterLike(pidFilterSlopeLow), 12);
     b.control.setDimmedDelayPriorityKey(true, 0, 10, "A");
     b.control.setDimmedDelayPriorityKey(true, 0, 1000, "B");
     EXPECT_TRUE(b.control.isDimmed());
@@ -80,7 +80,7 @@ TEST(QVMParameterControl, OtherClicksArePassedOnButNotADoubleClick) {
         int downs = 0;
         void mouseDown(const Event&) override { ++downs; }
     } next;
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.setNextResponder(&next);
     for (const int clicks : {1, 2, 3}) {
         b.control.mouseDown(clickAt(b.control, {5, 5}, clicks));
@@ -90,7 +90,7 @@ TEST(QVMParameterControl, OtherClicksArePassedOnButNotADoubleClick) {
 }
 
 TEST(QVMParameterControl, AnImmutableValueIsShownWhateverIsPushedIn) {
-    Bench b(parameterLike(1), 1);
+    Bench b(parameterLike(pidTiltGain), 1);
     b.control.setImmutableFloatValue(3);
     for (const float pushed : {-18.0f, 0.0f, 12.0f}) {
         b.control.setFloatValue(pushed);
@@ -100,7 +100,7 @@ TEST(QVMParameterControl, AnImmutableValueIsShownWhateverIsPushedIn) {
 }
 
 TEST(QVMParameterControl, PushedValuesAreNormalisedAtTheFineStepAndSendNothing) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.setFloatValue(4.5678f);
     EXPECT_NEAR(b.control.floatValue(), 4.6f, 1e-5);
     b.control.setFloatValue(1000);
@@ -111,7 +111,7 @@ TEST(QVMParameterControl, PushedValuesAreNormalisedAtTheFineStepAndSendNothing) 
 }
 
 TEST(QVMParameterControl, EqualValuesAreAppliedAgainUntilTheUserHasTakenControl) {
-    Bench b(parameterLike(1), 3);
+    Bench b(parameterLike(pidTiltGain), 3);
     QVMVerticalSlider& slider = b.slider();
     slider.readoutBulb()->setPosition({0, 0});
     b.control.setFloatValue(3);
@@ -123,7 +123,7 @@ TEST(QVMParameterControl, EqualValuesAreAppliedAgainUntilTheUserHasTakenControl)
 }
 
 TEST(QVMParameterControl, EveryChangeInsideLeavesAsItsOwnAction) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.slider(), {256, 33});
     release(b.slider(), {256, 33});
     EXPECT_THAT(b.values, ElementsAre(18));
@@ -134,7 +134,7 @@ TEST(QVMParameterControl, EveryChangeInsideLeavesAsItsOwnAction) {
 }
 
 TEST(QVMParameterControl, AGestureBesideTheInnerControlReachesIt) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, {300, 30}); // right of the slider, which ends at 290
     EXPECT_TRUE(b.control.handlingOutsideClick());
     EXPECT_FLOAT_EQ(b.control.floatValue(), 18);
@@ -146,7 +146,7 @@ TEST(QVMParameterControl, AGestureBesideTheInnerControlReachesIt) {
 }
 
 TEST(QVMParameterControl, AGestureBesideTheInnerControlWhoseReleaseGotLostEndsWithTheNextPress) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.control, {300, 30});
     b.control.mouseDown(clickAt(b.control, {300, 30}, 2));
     EXPECT_FALSE(b.control.handlingOutsideClick());
@@ -155,7 +155,7 @@ TEST(QVMParameterControl, AGestureBesideTheInnerControlWhoseReleaseGotLostEndsWi
 }
 
 TEST(QVMParameterControl, AClickThatTheInnerControlPassesOnIsNotHandledTwice) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     press(b.slider(), {256, 33});
     EXPECT_FALSE(b.control.handlingOutsideClick());
     EXPECT_THAT(b.reports, ElementsAre("began"));
@@ -164,7 +164,7 @@ TEST(QVMParameterControl, AClickThatTheInnerControlPassesOnIsNotHandledTwice) {
 }
 
 TEST(QVMParameterControl, OnlyTwoStateParametersToggle) {
-    Bench gain(parameterLike(1));
+    Bench gain(parameterLike(pidTiltGain));
     EXPECT_FALSE(gain.control.toggleBooleanControl());
     for (const std::uint32_t pid : {13u, 23u}) { // a switch, and an index of two
         Bench b(parameterLike(pid));
@@ -175,11 +175,11 @@ TEST(QVMParameterControl, OnlyTwoStateParametersToggle) {
         EXPECT_THAT(b.values, ElementsAre(1, 0));
         EXPECT_THAT(b.reports, ElementsAre("discrete", "discrete"));
     }
-    EXPECT_FALSE(Bench(parameterLike(6)).control.toggleBooleanControl()); // an index of four
+    EXPECT_FALSE(Bench(parameterLike(pidTiltLoudnessMode)).control.toggleBooleanControl()); // an index of four
 }
 
 TEST(QVMParameterControl, AQuickSecondTapSetsZero) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.tap = "tempo"; }), 6);
+    Bench b(parameterLike(pidTiltGain, [](QVMParameter& p) { p.tap = "tempo"; }), 6);
     EXPECT_DOUBLE_EQ(b.control.lastTap(), 0);
     EXPECT_TRUE(b.control.tap());
     EXPECT_FLOAT_EQ(b.control.floatValue(), 6);
@@ -191,11 +191,11 @@ TEST(QVMParameterControl, AQuickSecondTapSetsZero) {
     EXPECT_FLOAT_EQ(b.control.floatValue(), 0);
     b.control.primaryControl()->setPreventInteraction(true);
     EXPECT_FALSE(b.control.tap());
-    EXPECT_FALSE(Bench(parameterLike(1)).control.tap());
+    EXPECT_FALSE(Bench(parameterLike(pidTiltGain)).control.tap());
 }
 
 TEST(QVMParameterControl, WhatTheInnerControlReportsIsReportedOn) {
-    Bench b(parameterLike(1), -2.5f);
+    Bench b(parameterLike(pidTiltGain), -2.5f);
     QVMFloatControl& inner = b.slider();
     inner.contextMenuDoStaticConversion();
     inner.contextMenuRequestedDocumentation();
@@ -207,7 +207,7 @@ TEST(QVMParameterControl, WhatTheInnerControlReportsIsReportedOn) {
 }
 
 TEST(QVMParameterControl, TheTooltipCanBeSwitchedOff) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     b.control.toggleTooltip(false);
     EXPECT_EQ(b.control.toolTip(), "");
     b.control.toggleTooltip(true);
@@ -215,7 +215,7 @@ TEST(QVMParameterControl, TheTooltipCanBeSwitchedOff) {
 }
 
 TEST(QVMParameterControl, AnotherThemeRecoloursTheSlider) {
-    Bench b(parameterLike(1));
+    Bench b(parameterLike(pidTiltGain));
     EXPECT_EQ(b.slider().background()->backgroundColor(), QVMPalette::light().trackFill);
     const DarkTheme dark;
     EXPECT_EQ(b.slider().background()->backgroundColor(), QVMPalette::dark().trackFill);

@@ -11,7 +11,7 @@ using testing::IsEmpty;
 using Bench = ParameterControlBench;
 
 TEST(QVMParameterControlTyping, TypingOnePointFiveWithACommaAndKSetsFifteenHundred) {
-    Bench b(parameterLike(2), 20);
+    Bench b(parameterLike(pidTiltRangeLow), 20);
     b.control.setStringValue("1,5k");
     EXPECT_FLOAT_EQ(b.control.floatValue(), 1500);
     b.control.setStringValue("2.2k");
@@ -21,7 +21,7 @@ TEST(QVMParameterControlTyping, TypingOnePointFiveWithACommaAndKSetsFifteenHundr
 }
 
 TEST(QVMParameterControlTyping, TypingWhatIsNoNumberSetsZero) {
-    Bench b(parameterLike(1), 6);
+    Bench b(parameterLike(pidTiltGain), 6);
     for (const char* odd : {"abc", "", "-", "1.2.3", "inf", "nan", "k", "1e3", "0x10", " 5"}) {
         b.control.setFloatValue(6);
         b.control.setStringValue(odd);
@@ -34,7 +34,7 @@ TEST(QVMParameterControlTyping, TypingWhatIsNoNumberSetsZero) {
 }
 
 TEST(QVMParameterControlTyping, TypedValuesBeyondTheRangeStopAtItsEnds) {
-    Bench b(parameterLike(2), 20);
+    Bench b(parameterLike(pidTiltRangeLow), 20);
     b.control.setStringValue("abc");
     EXPECT_FLOAT_EQ(b.control.floatValue(), 10);
     b.control.setStringValue("99k");
@@ -56,7 +56,7 @@ TEST(QVMParameterControlTyping, ANumberOfAnyLengthStopsAtTheLimit) {
             EXPECT_EQ(typed("-" + nines), b.parameter.minValue) << digits;
         }
     }
-    ParameterControlBench b(parameterLike(1), 3);
+    ParameterControlBench b(parameterLike(pidTiltGain), 3);
     b.control.setStringValue("0." + std::string(400, '0') + "1");
     EXPECT_EQ(b.control.floatValue(), 0) << "too near to 0 to be told from it";
     b.control.setStringValue(std::string(400, '0') + "7");
@@ -64,26 +64,28 @@ TEST(QVMParameterControlTyping, ANumberOfAnyLengthStopsAtTheLimit) {
 }
 
 TEST(QVMParameterControlTyping, WithTextEntryNumbersANumberOfAnyLengthIsNearestToTheLargest) {
-    ParameterControlBench b(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers = {{1.0, 2.0, 4.0}}; }));
+    ParameterControlBench b(parameterLike(pidTiltGain, [](QVMParameter& p) {
+        p.textEntryNumbers = {{1.0, 2.0, 4.0}};
+    }));
     b.control.setStringValue(std::string(60, '9') + "k");
     EXPECT_EQ(b.values.back(), 2);
 }
 
 TEST(QVMParameterControlTyping, WithTextEntryNumbersTheIndexOfTheNearestIsTheValue) {
-    Bench b(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers = {0.5, 1, 2}; }));
+    Bench b(parameterLike(pidTiltGain, [](QVMParameter& p) { p.textEntryNumbers = {0.5, 1, 2}; }));
     b.control.setStringValue("1.4");
     EXPECT_FLOAT_EQ(b.control.floatValue(), 1);
     b.control.setStringValue("0.75"); // 0.5 and 1 are equally near: the first
     EXPECT_FLOAT_EQ(b.control.floatValue(), 0);
     b.control.setStringValue("9");
     EXPECT_FLOAT_EQ(b.control.floatValue(), 2);
-    Bench empty(parameterLike(1, [](QVMParameter& p) { p.textEntryNumbers.emplace(); }), 6);
+    Bench empty(parameterLike(pidTiltGain, [](QVMParameter& p) { p.textEntryNumbers.emplace(); }), 6);
     empty.control.setStringValue("7");
     EXPECT_FLOAT_EQ(empty.control.floatValue(), 0);
 }
 
 TEST(QVMParameterControlTyping, ADoubleClickOnAnUnfocusedControlDoesNothingVisible) {
-    Bench b(parameterLike(1), 3);
+    Bench b(parameterLike(pidTiltGain), 3);
     b.control.mouseDown(clickAt(b.control, {5, 5}, 2));
     EXPECT_EQ(b.readout(), "3.0\uE803");
     EXPECT_FALSE(b.slider().displayingTransientBufferValue());
@@ -92,7 +94,7 @@ TEST(QVMParameterControlTyping, ADoubleClickOnAnUnfocusedControlDoesNothingVisib
 }
 
 TEST(QVMParameterControlTyping, ADoubleClickOnAFocusedControlOpensAnEmptyField) {
-    Bench b(parameterLike(1), 3);
+    Bench b(parameterLike(pidTiltGain), 3);
     b.control.setFocused(true);
     EXPECT_TRUE(b.slider().highlit());
     const Point handle = b.slider().readoutBulb()->position();
@@ -103,7 +105,7 @@ TEST(QVMParameterControlTyping, ADoubleClickOnAFocusedControlOpensAnEmptyField) 
 }
 
 TEST(QVMParameterControlTyping, TypedTextShowsOnlyWhileFocusedAndIsDiscardedWithTheFocus) {
-    Bench b(parameterLike(1), 3);
+    Bench b(parameterLike(pidTiltGain), 3);
     EXPECT_TRUE(b.control.acceptsTransientStringBuffers());
     b.control.setTransientStringValue("-1");
     EXPECT_EQ(b.readout(), "3.0\uE803");
@@ -119,7 +121,7 @@ TEST(QVMParameterControlTyping, TypedTextShowsOnlyWhileFocusedAndIsDiscardedWith
 }
 
 TEST(QVMParameterControlTyping, CommittingTypedTextEndsItsDisplay) {
-    Bench b(parameterLike(1), 3);
+    Bench b(parameterLike(pidTiltGain), 3);
     b.control.setFocused(true);
     b.control.setTransientStringValue("7");
     b.control.setStringValue("7");

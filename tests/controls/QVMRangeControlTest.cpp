@@ -23,12 +23,13 @@ protected:
     Pair() {
         View& content = window.setContentView(std::make_unique<View>(Rect{0, 0, 321, 68}));
         low = &content.addSubview(
-            std::make_unique<QVMParameterControl>(Rect{0, 0, 321, 34}, Rect{}, GetParameter(2), 125.0f));
-        high = &content.addSubview(
-            std::make_unique<QVMParameterControl>(Rect{0, 34, 321, 34}, Rect{}, GetParameter(3), 6300.0f));
-        top = &content.addSubview(std::make_unique<QVMRangeControl>(kBand, Rect{}, GetParameter(3), 6300.0f));
-        bottom = &content.addSubview(std::make_unique<QVMRangeControl>(kBand, Rect{}, GetParameter(3), 6300.0f),
-                                     Order::below);
+            std::make_unique<QVMParameterControl>(Rect{0, 0, 321, 34}, Rect{}, GetParameter(pidTiltRangeLow), 125.0f));
+        high = &content.addSubview(std::make_unique<QVMParameterControl>(Rect{0, 34, 321, 34}, Rect{},
+                                                                         GetParameter(pidTiltRangeHigh), 6300.0f));
+        top = &content.addSubview(
+            std::make_unique<QVMRangeControl>(kBand, Rect{}, GetParameter(pidTiltRangeHigh), 6300.0f));
+        bottom = &content.addSubview(
+            std::make_unique<QVMRangeControl>(kBand, Rect{}, GetParameter(pidTiltRangeHigh), 6300.0f), Order::below);
         for (QVMRangeControl* range : {top, bottom}) {
             range->setLow(low);
             range->setHigh(high);
@@ -191,7 +192,7 @@ TEST_F(Pair, APressOnAHandlesPointerMovesItsEndAlone) {
 }
 
 TEST_F(Pair, APressOnAPointerThatReachesBeyondItsControlIsPerformedOnce) {
-    const QVMParameter shallow = parameterLike(2, [](QVMParameter& p) { p.controlFrame.height = 30; });
+    const QVMParameter shallow = parameterLike(pidTiltRangeLow, [](QVMParameter& p) { p.controlFrame.height = 30; });
     QVMParameterControl& end = window.contentView()->addSubview(
         std::make_unique<QVMParameterControl>(Rect{0, 0, 321, 30}, Rect{}, &shallow, 125.0f), Order::below);
     end.setDelegate(this);

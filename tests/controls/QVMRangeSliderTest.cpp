@@ -39,7 +39,7 @@ const ShapeLayer& ticksOf(const QVMRangeSlider& slider) {
 }
 
 TEST(QVMRangeSlider, ItsGesturesGoToTheDelegate) {
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     MetaRecord record(slider);
     press(slider, {100, 7});
     EXPECT_FALSE(slider.dragging());
@@ -52,7 +52,7 @@ TEST(QVMRangeSlider, ItsGesturesGoToTheDelegate) {
 }
 
 TEST(QVMRangeSlider, AKeyHeldAtTheReleaseEndsTheGestureOfTheMembersToo) {
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     MetaRecord record(slider);
     press(slider, {100, 7});
     drag(slider, {110, 7});
@@ -62,7 +62,7 @@ TEST(QVMRangeSlider, AKeyHeldAtTheReleaseEndsTheGestureOfTheMembersToo) {
 }
 
 TEST(QVMRangeSlider, AReleaseThatFollowsNoPressOfTheMembersIsNotPassedOn) {
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     MetaRecord record(slider);
     press(slider, {100, 7}, EventModifier::option);
     release(slider, {100, 7});
@@ -70,27 +70,27 @@ TEST(QVMRangeSlider, AReleaseThatFollowsNoPressOfTheMembersIsNotPassedOn) {
 }
 
 TEST(QVMRangeSlider, ResettingResetsBothMembers) {
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     MetaRecord record(slider);
     slider.resetToInitialValue();
     EXPECT_THAT(record.lines, ElementsAre("action 20000", "meta 3 without event"));
 }
 
 TEST(QVMRangeSlider, ItsOwnValuesAreNotLimited) {
-    const QVMRangeSlider slider(kFrame, *GetParameter(2));
+    const QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeLow));
     EXPECT_FALSE(slider.doLimit());
     EXPECT_FLOAT_EQ(slider.limitFloat(20000), 20000);
 }
 
 TEST(QVMRangeSlider, TheTrackMarksTheFrequenciesWithinItsRangeAndDecadesStandTaller) {
-    const QVMRangeSlider slider(kFrame, *GetParameter(3));
+    const QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     const auto& elements = ticksOf(slider).path().elements();
     std::size_t ticks = 0;
     for (const Path::Element& element : elements)
         ticks += element.verb == Path::Verb::move;
     EXPECT_EQ(ticks, 11u); // 10, 20, 50 ... 20000
     EXPECT_DOUBLE_EQ(ticksOf(slider).path().bounds().height, 8);
-    const QVMRangeSlider other(kFrame, *GetParameter(1)); // no frequencies
+    const QVMRangeSlider other(kFrame, *GetParameter(pidTiltGain)); // no frequencies
     EXPECT_TRUE(ticksOf(other).path().isEmpty());
 }
 
@@ -98,7 +98,7 @@ TEST(QVMRangeSlider, MovingTheBandRasterisesNothing) {
     VirtualTime time;
     CountingBackend backend;
     LayerRenderer renderer(backend);
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     slider.updateForLowHighAnimation(125, 6300, 0);
     renderer.setRootLayer(slider.layer());
     renderer.update(time.now());
@@ -114,13 +114,13 @@ TEST(QVMRangeSlider, MovingTheBandRasterisesNothing) {
 }
 
 TEST(QVMRangeSlider, ABandTurnedInsideOutIsEmpty) {
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     slider.updateForLowHighAnimation(6300, 125, 0);
     EXPECT_DOUBLE_EQ(slider.band()->frame().width, 0);
 }
 
 TEST(QVMRangeSlider, AnotherThemeKeepsTheInteractiveOneInvisible) {
-    QVMRangeSlider slider(kFrame, *GetParameter(3));
+    QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
     slider.setInteractive(true);
     const DarkTheme dark;
     EXPECT_TRUE(slider.background()->isHidden());

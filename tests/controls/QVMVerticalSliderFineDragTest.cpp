@@ -11,7 +11,7 @@ constexpr std::uint32_t kCommand = EventModifier::command;
 using QVMVerticalSliderFineDragTest = SliderFixture;
 
 TEST_F(QVMVerticalSliderFineDragTest, HoldingCommandInMidDragReanchorsWithoutAJump) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     press(slider, at(slider, 137 + 10));
     drag(slider, at(slider, 137 + 10 + 66));
@@ -21,7 +21,7 @@ TEST_F(QVMVerticalSliderFineDragTest, HoldingCommandInMidDragReanchorsWithoutAJu
 }
 
 TEST_F(QVMVerticalSliderFineDragTest, ReleasingCommandReturnsToAbsoluteTracking) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     press(slider, at(slider, 137 + 10));
     drag(slider, at(slider, 137 + 10), kCommand);
@@ -33,7 +33,7 @@ TEST_F(QVMVerticalSliderFineDragTest, ReleasingCommandReturnsToAbsoluteTracking)
 
 TEST_F(QVMVerticalSliderFineDragTest, AFineDragMovesOneSixthOfTheWayWhereStepsAreWiderThanPoints) {
     // 360 fine steps on 238 points: min(238 / 360, 1) / 6 of the pointer's way.
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     const double expected = 238.0 / 360 / 6;
     EXPECT_NEAR(slider.diffMultForGranularityFloatValue(1, 0), expected, 1e-6);
     EXPECT_DOUBLE_EQ(slider.diffMultForGranularityFloatValue(0, 0), 1);
@@ -47,7 +47,7 @@ TEST_F(QVMVerticalSliderFineDragTest, AFineDragMovesOneSixthOfTheWayWhereStepsAr
 }
 
 TEST_F(QVMVerticalSliderFineDragTest, TheFineMultiplierAboveTenKilohertzCountsStepsOfAHundred) {
-    const QVMParameter parameter = parameterLike(9, [](QVMParameter& p) {
+    const QVMParameter parameter = parameterLike(pidFilterRangeLow, [](QVMParameter& p) {
         p.fineGranularity = 1;
         p.logarithmic = false;
     });
@@ -58,7 +58,7 @@ TEST_F(QVMVerticalSliderFineDragTest, TheFineMultiplierAboveTenKilohertzCountsSt
 }
 
 TEST_F(QVMVerticalSliderFineDragTest, TheFineMultiplierOfALogarithmicParameterIsEvenInValue) {
-    const QVMVerticalSlider slider(kMember, *GetParameter(2));
+    const QVMVerticalSlider slider(kMember, *GetParameter(pidTiltRangeLow));
     const double span = 23990, logSpan = std::log(2400.0);
     const double step = 0.1f; // at 500 Hz; the least there is 10 Hz
     const double expected = span / (logSpan * 500) * (10 / step) * std::min(238 / (span / step), 1.0) / 6;
@@ -66,7 +66,7 @@ TEST_F(QVMVerticalSliderFineDragTest, TheFineMultiplierOfALogarithmicParameterIs
 }
 
 TEST_F(QVMVerticalSliderFineDragTest, ADragThatStartsWithCommandMovesByThePointersWayOnly) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 3);
     press(slider, at(slider, slider.handleValue() + 25), kCommand);
     drag(slider, at(slider, slider.handleValue() + 25), kCommand);

@@ -57,7 +57,7 @@ protected:
 };
 
 TEST_F(QVMVerticalSliderLayersTest, WhatIsInTheTrackCoversTheSliderAndShowsInTheTrackBelowTheHandle) {
-    QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    QVMVerticalSlider slider(kUpright, *GetParameter(pidOutputGain));
     View& inTrack = slider.addInTrack(std::make_unique<View>());
     const Layer& window = *inTrack.layer()->superlayer();
     const auto covers = [&] { return inTrack.convertToWindow(inTrack.bounds()) == slider.frame(); };
@@ -77,7 +77,7 @@ TEST_F(QVMVerticalSliderLayersTest, WhatIsInTheTrackCoversTheSliderAndShowsInThe
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheLyingTrackSpansTheExtentsAndItsHandleIsCentredOnIt) {
-    const QVMVerticalSlider slider(kLying, *GetParameter(1));
+    const QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     EXPECT_EQ(slider.trackRect(), (Rect{11, 26, 252, 14})); // 21 points below the top, y up
     EXPECT_EQ(slider.background()->frame(), slider.trackRect());
     EXPECT_DOUBLE_EQ(slider.readoutBulb()->position().y, 33);
@@ -85,13 +85,14 @@ TEST_F(QVMVerticalSliderLayersTest, TheLyingTrackSpansTheExtentsAndItsHandleIsCe
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheUprightTrackStandsOnWholePointsInTheMiddle) {
-    const QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    const QVMVerticalSlider slider(kUpright, *GetParameter(pidOutputGain));
     EXPECT_EQ(slider.trackRect(), (Rect{41, 19, 14, 179}));
     EXPECT_DOUBLE_EQ(slider.readoutBulb()->position().x, 48);
 }
 
 TEST_F(QVMVerticalSliderLayersTest, MembersHangAboveAndBelowTheirBandAndPointAtIt) {
-    const QVMVerticalSlider low(kMember, *GetParameter(2)), high(kMember, *GetParameter(3));
+    const QVMVerticalSlider low(kMember, *GetParameter(pidTiltRangeLow)),
+        high(kMember, *GetParameter(pidTiltRangeHigh));
     EXPECT_TRUE(low.background()->isHidden());
     EXPECT_EQ(low.readoutBulb()->frame().minY(), 6); // from 2 to 28 below the top
     EXPECT_EQ(high.readoutBulb()->frame().minY(), 0);
@@ -106,12 +107,12 @@ TEST_F(QVMVerticalSliderLayersTest, MembersHangAboveAndBelowTheirBandAndPointAtI
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheGainsMarksAreItsCuePositions) {
-    EXPECT_THAT(marks(QVMVerticalSlider(kLying, *GetParameter(1))),
+    EXPECT_THAT(marks(QVMVerticalSlider(kLying, *GetParameter(pidTiltGain))),
                 testing::UnorderedElementsAre("-18", "-12", "-6", "0", "+6", "+12", "+18"));
 }
 
 TEST_F(QVMVerticalSliderLayersTest, MarksThatWouldCollideAreLeftOutAndTheBottomOneIsNamed) {
-    const QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    const QVMVerticalSlider slider(kUpright, *GetParameter(pidOutputGain));
     EXPECT_THAT(marks(slider), testing::UnorderedElementsAre("+12", "+6", "0", "-12", "-24", "-36", "-48", "-Inf"));
     for (const QVMCueRect& one : slider.cueRects()) {
         EXPECT_GT(one.rect.x, slider.trackRect().midX());
@@ -121,7 +122,7 @@ TEST_F(QVMVerticalSliderLayersTest, MarksThatWouldCollideAreLeftOutAndTheBottomO
 }
 
 TEST_F(QVMVerticalSliderLayersTest, MovingTheHandleRasterisesNothing) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     settle(slider);
     slider.readoutBulb()->setPosition({100, 33});
     const RenderStatistics& frame = frameAfter(0.01);
@@ -130,7 +131,7 @@ TEST_F(QVMVerticalSliderLayersTest, MovingTheHandleRasterisesNothing) {
 }
 
 TEST_F(QVMVerticalSliderLayersTest, AnotherValueRasterisesTheReadoutAlone) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     settle(slider);
     slider.setFloatValue(6);
     EXPECT_THAT(frameAfter(0.02).rasterised, ElementsAre("readout"));
@@ -143,7 +144,7 @@ TEST_F(QVMVerticalSliderLayersTest, AnotherValueRasterisesTheReadoutAlone) {
 }
 
 TEST_F(QVMVerticalSliderLayersTest, ADragRasterisesTheReadoutAndAnEqualValueNothing) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     settle(slider);
     press(slider, {137, 33});
     EXPECT_THAT(frameAfter(0.01).rasterised, ElementsAre("readoutBg")); // pressed
@@ -154,7 +155,7 @@ TEST_F(QVMVerticalSliderLayersTest, ADragRasterisesTheReadoutAndAnEqualValueNoth
 }
 
 TEST_F(QVMVerticalSliderLayersTest, HoveringRasterisesTheHandlesBackgroundAlone) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     settle(slider);
     slider.mouseMoved(eventAt(EventType::mouseMoved, slider, {137, 33}));
     EXPECT_THAT(frameAfter(0.01).rasterised, ElementsAre("readoutBg"));
@@ -165,7 +166,7 @@ TEST_F(QVMVerticalSliderLayersTest, HoveringRasterisesTheHandlesBackgroundAlone)
 }
 
 TEST_F(QVMVerticalSliderLayersTest, ThePointerIsAHandOverTheHandleAndTheMarksOnly) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     const auto cursorAt = [&](Point point) {
         slider.mouseMoved(eventAt(EventType::mouseMoved, slider, point));
         return slider.cursor();
@@ -178,14 +179,14 @@ TEST_F(QVMVerticalSliderLayersTest, ThePointerIsAHandOverTheHandleAndTheMarksOnl
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderTravelsFourPointsAroundTheHandle) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     EXPECT_EQ(slider.highlight()->superlayer(), slider.readoutBulb().get());
     EXPECT_EQ(slider.highlight()->frame(), (Rect{-4, -4, 84, 34}));
     EXPECT_DOUBLE_EQ(slider.highlight()->rounding(), 17);
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheHandleIsAsWideAsItsWidestValueNeeds) {
-    const QVMParameter wide = parameterLike(1, [](QVMParameter& p) { p.stringValues = {}; });
+    const QVMParameter wide = parameterLike(pidTiltGain, [](QVMParameter& p) { p.stringValues = {}; });
     const QVMVerticalSlider usual(kLying, wide);
     EXPECT_DOUBLE_EQ(usual.readoutBulb()->bounds().width, 76);
     AttributedString text =
@@ -209,15 +210,15 @@ TEST_F(QVMVerticalSliderLayersTest, EveryValueOfEverySliderFitsItsHandleUnshrunk
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderHasTheParametersColourInBothThemes) {
-    const QVMVerticalSlider slider(kUpright, *GetParameter(7));
-    const Color stroke = QVMCGColor(GetParameter(7)->color).withAlpha(0.7f);
+    const QVMVerticalSlider slider(kUpright, *GetParameter(pidOutputGain));
+    const Color stroke = QVMCGColor(GetParameter(pidOutputGain)->color).withAlpha(0.7f);
     EXPECT_EQ(slider.highlight()->strokeColor(), stroke);
     const DarkTheme dark;
     EXPECT_EQ(slider.highlight()->strokeColor(), stroke);
 }
 
 TEST_F(QVMVerticalSliderLayersTest, ATypedFieldHasABorderAndACaret) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     slider.setDisplayingTransientBufferValue(true);
     slider.displayTransientBufferValue(QVMVerticalSlider::formattedReadoutStringForValueSuffixFontSize(
         "-1", "", slider.transientStringPreferredFontSize()));
@@ -230,7 +231,8 @@ TEST_F(QVMVerticalSliderLayersTest, ATypedFieldHasABorderAndACaret) {
 
 TEST_F(QVMVerticalSliderLayersTest, LinesLieOnWholePixelsAtEveryScale) {
     Window window;
-    QVMVerticalSlider& slider = window.setContentView(std::make_unique<QVMVerticalSlider>(kLying, *GetParameter(1)));
+    QVMVerticalSlider& slider =
+        window.setContentView(std::make_unique<QVMVerticalSlider>(kLying, *GetParameter(pidTiltGain)));
     for (const double scale : {1.0, 2.0, 3.0}) {
         window.setBackingScaleFactor(scale);
         const auto& scaleLayer = slider.layer()->sublayers().at(1);
@@ -241,7 +243,7 @@ TEST_F(QVMVerticalSliderLayersTest, LinesLieOnWholePixelsAtEveryScale) {
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheHandleStandsAboveTheScaleAndTheScaleAboveTheTrack) {
-    const QVMVerticalSlider slider(kLying, *GetParameter(1));
+    const QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     const std::string dump = dumpLayerTree(*slider.layer());
     std::size_t last = 0;
     for (const char* name : {"track", "scale", "tickmarks", "mark 0", "readoutBulb", "readoutBg", "readoutBorder",

@@ -15,7 +15,7 @@ constexpr std::uint32_t kShift = EventModifier::shift;
 using QVMVerticalSliderTest = SliderFixture;
 
 TEST_F(QVMVerticalSliderTest, ExtentsFollowTheHandlesSize) {
-    const QVMVerticalSlider lying(kLying, *GetParameter(1)), upright(kUpright, *GetParameter(7));
+    const QVMVerticalSlider lying(kLying, *GetParameter(pidTiltGain)), upright(kUpright, *GetParameter(pidOutputGain));
     EXPECT_DOUBLE_EQ(lying.readoutBulb()->bounds().width, 76);
     EXPECT_DOUBLE_EQ(lying.lowest(), 18);
     EXPECT_DOUBLE_EQ(lying.highest(), 256);
@@ -28,7 +28,7 @@ TEST_F(QVMVerticalSliderTest, ExtentsFollowTheHandlesSize) {
 }
 
 TEST_F(QVMVerticalSliderTest, AnotherFrameMovesTheExtentsAndTheHandleAtOnce) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 18);
     slider.setFrame({0, 0, 174, 54});
     EXPECT_DOUBLE_EQ(slider.highest(), 156);
@@ -36,7 +36,7 @@ TEST_F(QVMVerticalSliderTest, AnotherFrameMovesTheExtentsAndTheHandleAtOnce) {
 }
 
 TEST_F(QVMVerticalSliderTest, PositionsAreWholePointsOnTheParametersOwnScale) {
-    const QVMVerticalSlider slider(kMember, *GetParameter(2));
+    const QVMVerticalSlider slider(kMember, *GetParameter(pidTiltRangeLow));
     EXPECT_DOUBLE_EQ(slider.positionValueFromFloatValue(10), 18);
     EXPECT_DOUBLE_EQ(slider.positionValueFromFloatValue(24000), 256);
     const double middle = 18 + 238 * std::log(125.0 / 10) / std::log(2400.0);
@@ -45,7 +45,7 @@ TEST_F(QVMVerticalSliderTest, PositionsAreWholePointsOnTheParametersOwnScale) {
 }
 
 TEST_F(QVMVerticalSliderTest, ATrackClickMovesTheHandleThereAndSendsTheValue) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     GestureRecord record(slider);
     press(slider, at(slider, 256));
     EXPECT_FLOAT_EQ(slider.floatValue(), 18);
@@ -58,14 +58,14 @@ TEST_F(QVMVerticalSliderTest, ATrackClickMovesTheHandleThereAndSendsTheValue) {
 }
 
 TEST_F(QVMVerticalSliderTest, ATrackClickSnapsToTheStandardStep) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     press(slider, at(slider, 200));
     EXPECT_FLOAT_EQ(slider.floatValue(), 9.5f); // 182/238 of 36 is 27.53
     EXPECT_DOUBLE_EQ(slider.handleValue(), slider.positionValueFromFloatValue(9.5f));
 }
 
 TEST_F(QVMVerticalSliderTest, AClickOnTheHandleDoesNotChangeTheValue) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 4.3f);
     GestureRecord record(slider);
     const double handle = slider.handleValue();
@@ -76,7 +76,7 @@ TEST_F(QVMVerticalSliderTest, AClickOnTheHandleDoesNotChangeTheValue) {
 }
 
 TEST_F(QVMVerticalSliderTest, ADragKeepsThePlaceWhereTheHandleWasGrabbed) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     const double handle = slider.handleValue();
     press(slider, at(slider, handle + 20));
@@ -89,7 +89,7 @@ TEST_F(QVMVerticalSliderTest, ADragKeepsThePlaceWhereTheHandleWasGrabbed) {
 }
 
 TEST_F(QVMVerticalSliderTest, ADragOfAnUprightSliderGoesUpwards) {
-    QVMVerticalSlider slider(kUpright, *GetParameter(7));
+    QVMVerticalSlider slider(kUpright, *GetParameter(pidOutputGain));
     show(slider, -12);
     press(slider, at(slider, slider.handleValue()));
     drag(slider, at(slider, 191));
@@ -99,7 +99,7 @@ TEST_F(QVMVerticalSliderTest, ADragOfAnUprightSliderGoesUpwards) {
 }
 
 TEST_F(QVMVerticalSliderTest, DraggingBeyondTheEndsStopsAtThem) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     press(slider, at(slider, slider.handleValue()));
     drag(slider, at(slider, 5000));
     EXPECT_FLOAT_EQ(slider.floatValue(), 18);
@@ -112,7 +112,7 @@ TEST_F(QVMVerticalSliderTest, DraggingBeyondTheEndsStopsAtThem) {
 }
 
 TEST_F(QVMVerticalSliderTest, ShiftSnapsToCoarseStepsWhileTheHandleFollows) {
-    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    QVMVerticalSlider slider(kMember, *GetParameter(pidTiltRangeLow));
     show(slider, 100);
     press(slider, at(slider, slider.handleValue()));
     drag(slider, at(slider, slider.handleValue() + 12), kShift); // about 144 Hz
@@ -121,14 +121,14 @@ TEST_F(QVMVerticalSliderTest, ShiftSnapsToCoarseStepsWhileTheHandleFollows) {
 }
 
 TEST_F(QVMVerticalSliderTest, AMembersDragStopsAtItsLimit) {
-    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    QVMVerticalSlider slider(kMember, *GetParameter(pidTiltRangeLow));
     press(slider, at(slider, slider.handleValue()));
     drag(slider, at(slider, 256));
     EXPECT_FLOAT_EQ(slider.floatValue(), 12000);
 }
 
 TEST_F(QVMVerticalSliderTest, AClickOnAMarkSetsItsValue) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     GestureRecord record(slider);
     ASSERT_EQ(slider.cueRects().size(), 7u);
     for (const QVMCueRect& cue : slider.cueRects()) {
@@ -143,7 +143,7 @@ TEST_F(QVMVerticalSliderTest, AClickOnAMarkSetsItsValue) {
 }
 
 TEST_F(QVMVerticalSliderTest, TheThirdOfFiveIndexedCuesIsTheMiddleOfTheRange) {
-    const QVMParameter parameter = parameterLike(1, [](QVMParameter& p) {
+    const QVMParameter parameter = parameterLike(pidTiltGain, [](QVMParameter& p) {
         p.tickmarks = p.cueSymbolPositions = p.displayTickmarks = {};
         p.cueSymbols = {"a", "b", "c", "d", "e"};
         p.minValue = -18;
@@ -159,7 +159,7 @@ TEST_F(QVMVerticalSliderTest, TheThirdOfFiveIndexedCuesIsTheMiddleOfTheRange) {
 }
 
 TEST_F(QVMVerticalSliderTest, AnIndexedCueIsRoundedToTheFineStep) {
-    const QVMParameter parameter = parameterLike(1, [](QVMParameter& p) {
+    const QVMParameter parameter = parameterLike(pidTiltGain, [](QVMParameter& p) {
         p.tickmarks = p.cueSymbolPositions = p.displayTickmarks = {};
         p.cueSymbols = {"a", "b", "c", "d", "e", "f", "g", "h"};
         p.minValue = -18;
@@ -176,7 +176,7 @@ TEST_F(QVMVerticalSliderTest, AnIndexedCueIsRoundedToTheFineStep) {
 
 TEST_F(QVMVerticalSliderTest, AKeyHeldAtTheReleaseTellsNobodyButEndsTheDrag) {
     for (const std::uint32_t key : {EventModifier::option, EventModifier::control}) {
-        QVMVerticalSlider slider(kLying, *GetParameter(1));
+        QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
         show(slider, 0);
         GestureRecord record(slider);
         press(slider, at(slider, slider.handleValue()));
@@ -193,7 +193,7 @@ TEST_F(QVMVerticalSliderTest, AKeyHeldAtTheReleaseTellsNobodyButEndsTheDrag) {
 }
 
 TEST_F(QVMVerticalSliderTest, ASliderDisabledInMidDragLetsGoOfItsHandle) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     press(slider, at(slider, slider.handleValue()));
     drag(slider, at(slider, slider.handleValue() + 20));
@@ -204,7 +204,7 @@ TEST_F(QVMVerticalSliderTest, ASliderDisabledInMidDragLetsGoOfItsHandle) {
 }
 
 TEST_F(QVMVerticalSliderTest, AHandleOverAMarkIsGrabbedNotTheMark) {
-    const QVMParameter parameter = parameterLike(7);
+    const QVMParameter parameter = parameterLike(pidOutputGain);
     QVMVerticalSlider slider(kUpright, parameter);
     show(slider, -24);
     press(slider, at(slider, slider.handleValue()) + Point{25, 0});
@@ -213,7 +213,7 @@ TEST_F(QVMVerticalSliderTest, AHandleOverAMarkIsGrabbedNotTheMark) {
 }
 
 TEST_F(QVMVerticalSliderTest, ScrollingMovesNothing) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     GestureRecord record(slider);
     Event wheel = eventAt(EventType::scrollWheel, slider, at(slider, 100));
     wheel.scrollingDeltaY = 3;
@@ -224,7 +224,7 @@ TEST_F(QVMVerticalSliderTest, ScrollingMovesNothing) {
 }
 
 TEST_F(QVMVerticalSliderTest, MetaActionsMoveTheHandleByThePointersWay) {
-    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    QVMVerticalSlider slider(kMember, *GetParameter(pidTiltRangeLow));
     show(slider, 125);
     GestureRecord record(slider);
     const double handle = slider.handleValue();

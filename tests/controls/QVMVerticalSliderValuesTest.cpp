@@ -15,7 +15,7 @@ constexpr std::uint32_t kCommand = EventModifier::command, kOption = EventModifi
 using QVMVerticalSliderValuesTest = SliderFixture;
 
 TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelGlideAndSendNothing) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     GestureRecord record(slider);
     slider.setFloatValue(18);
@@ -28,7 +28,7 @@ TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelGlideAndSendNothing) {
 }
 
 TEST_F(QVMVerticalSliderValuesTest, TheFirstValueIsThereAtOnce) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     EXPECT_FALSE(slider.setOnce());
     slider.setFloatValue(18);
     EXPECT_TRUE(slider.setOnce());
@@ -37,7 +37,7 @@ TEST_F(QVMVerticalSliderValuesTest, TheFirstValueIsThereAtOnce) {
 }
 
 TEST_F(QVMVerticalSliderValuesTest, AClickOnTheTrackCountsAsAFirstValueToo) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     press(slider, at(slider, 200));
     EXPECT_TRUE(slider.setOnce());
     EXPECT_FALSE(slider.isHandleGliding()) << "the first";
@@ -47,7 +47,7 @@ TEST_F(QVMVerticalSliderValuesTest, AClickOnTheTrackCountsAsAFirstValueToo) {
 }
 
 TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelDuringADragAreStoredButDoNotMoveTheHandle) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     press(slider, at(slider, slider.handleValue()));
     drag(slider, at(slider, 200));
     const double handle = slider.handleValue();
@@ -57,7 +57,7 @@ TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelDuringADragAreStoredButDoN
 }
 
 TEST_F(QVMVerticalSliderValuesTest, AUsersValueWaitsWhileTheHandleIsHeld) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     press(slider, at(slider, slider.handleValue()));
     const double handle = slider.handleValue();
@@ -71,7 +71,7 @@ TEST_F(QVMVerticalSliderValuesTest, AUsersValueWaitsWhileTheHandleIsHeld) {
 }
 
 TEST_F(QVMVerticalSliderValuesTest, AUsersValueWaitsWhileTheHandleIsGliding) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     slider.setFloatValue(18);
     time.advance(0.05);
@@ -84,7 +84,7 @@ TEST_F(QVMVerticalSliderValuesTest, AUsersValueWaitsWhileTheHandleIsGliding) {
 }
 
 TEST_F(QVMVerticalSliderValuesTest, ANewerValueReplacesOneThatWaits) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     show(slider, 0);
     press(slider, at(slider, 256)); // glides, so its value waits
     release(slider, at(slider, 256));
@@ -95,7 +95,7 @@ TEST_F(QVMVerticalSliderValuesTest, ANewerValueReplacesOneThatWaits) {
 }
 
 TEST_F(QVMVerticalSliderValuesTest, OptionClickEndsTheHoldAndReturnsToTheInitialValue) {
-    QVMVerticalSlider slider(kLying, *GetParameter(1));
+    QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     press(slider, at(slider, 256));
     drag(slider, at(slider, 250));
     press(slider, at(slider, 250), kOption);
@@ -107,7 +107,7 @@ TEST_F(QVMVerticalSliderValuesTest, OptionClickEndsTheHoldAndReturnsToTheInitial
 }
 
 TEST_F(QVMVerticalSliderValuesTest, ValuesThatAreNoNumbersLeaveTheHandleOnTheTrack) {
-    QVMVerticalSlider slider(kMember, *GetParameter(2));
+    QVMVerticalSlider slider(kMember, *GetParameter(pidTiltRangeLow));
     for (const float odd : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
                             -std::numeric_limits<float>::infinity(), 0.0f, -5.0f}) {
         show(slider, odd);

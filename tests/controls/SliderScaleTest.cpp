@@ -24,7 +24,7 @@ std::vector<float> valuesOf(const SliderScale& scale) {
 }
 
 QVMParameter marked(std::vector<float> values) {
-    return parameterLike(1, [&](QVMParameter& p) {
+    return parameterLike(pidTiltGain, [&](QVMParameter& p) {
         p.tickmarks = {};
         p.cueSymbols = {};
         p.cueSymbolPositions = std::move(values);
@@ -73,7 +73,7 @@ TEST(SliderScale, CuesLieBetweenTheTrackAndTheFarSideOfTheirTexts) {
 }
 
 TEST(SliderScale, SymbolsWithoutValuesStandAtEvenDistances) {
-    const QVMParameter parameter = parameterLike(1, [](QVMParameter& p) {
+    const QVMParameter parameter = parameterLike(pidTiltGain, [](QVMParameter& p) {
         p.tickmarks = p.cueSymbolPositions = {};
         p.cueSymbols = {"a", "b", "c"};
     });
@@ -96,10 +96,10 @@ TEST(SliderScale, LayingOutAgainReplacesWhatWasThere) {
 }
 
 TEST(SliderScale, AParameterWithoutMarksHasNone) {
-    EXPECT_FALSE(SliderScale::hasMarks(*GetParameter(2)));
-    EXPECT_TRUE(SliderScale::hasMarks(*GetParameter(1)));
+    EXPECT_FALSE(SliderScale::hasMarks(*GetParameter(pidTiltRangeLow)));
+    EXPECT_TRUE(SliderScale::hasMarks(*GetParameter(pidTiltGain)));
     SliderScale scale;
-    scale.layOut(*GetParameter(2), kLying, identity);
+    scale.layOut(*GetParameter(pidTiltRangeLow), kLying, identity);
     EXPECT_TRUE(scale.cueRects().empty());
 }
 
