@@ -46,6 +46,7 @@ void PresetSession::switchTo(std::uint32_t index) {
 void PresetSession::choose(std::uint32_t index) {
     current_ = index;
     if (const auto values = PresetIndexToPresetValues(index)) apply(*values);
+    surface_.presetWasApplied();
     surface_.showPreset(index);
     announce();
     scheduleDirtyCheck();

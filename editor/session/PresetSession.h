@@ -34,7 +34,7 @@ public:
     void setCurrent(std::uint32_t index);
     // The same for a state that the user came to by another way than the list; whoever keeps the name hears of it.
     void switchTo(std::uint32_t index);
-    // The user chose a preset, or the same one again: its values are sent, and it is announced.
+    // The user chose a preset, or the same one again: its values are sent, the focus moves, and it is announced.
     void choose(std::uint32_t index);
     // One value for each parameter that is no preset wildcard, in pid order. What is no number leaves its parameter.
     void apply(std::span<const float> presetValues);

@@ -46,6 +46,8 @@ public:
     virtual void showPreset(std::uint32_t index) = 0;
     // Whether the values differ from those of the current preset.
     virtual void showPresetDirty(bool dirty) = 0;
+    // The values of the preset that was chosen are sent, and nobody has heard of it yet: the keyboard goes there.
+    virtual void presetWasApplied() = 0;
     // A preset became the current one by being chosen.
     virtual void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) = 0;
 

@@ -54,7 +54,6 @@ void QVMGenericUI::presetUpdated() {
     QVMParameterControl* presets = presetBar() ? presetBar()->presetControl() : nullptr;
     session_.presets().choose(presets ? static_cast<std::uint32_t>(std::max(IntegerPart(presets->floatValue()), 0))
                                       : 0);
-    if (presetBar() && !drawers_.arePresetsOpen()) bringParameterControlIntoFocus(presets);
 }
 
 } // namespace QVM_NAMESPACE

@@ -95,6 +95,11 @@ void ShownSession::showPresetDirty(bool dirty) {
     if (ui_.presetBar()) ui_.presetBar()->setDirty(dirty);
 }
 
+void ShownSession::presetWasApplied() {
+    if (ui_.presetBar() && !ui_.drawers().arePresetsOpen())
+        ui_.bringParameterControlIntoFocus(ui_.presetBar()->presetControl());
+}
+
 void ShownSession::presetDidBecomeCurrent(const std::string& name, std::uint32_t index) {
     if (ui_.presetDrawer()) ui_.presetDrawer()->presetSelected(index);
     if (ui_.delegate()) ui_.delegate()->interfaceDidUpdateCurrentPresetToValueNamedPid(ui_, name, index);

@@ -32,6 +32,8 @@ public:
     void sideDidChange(std::uint32_t side, SideMove move) override;
     void showPreset(std::uint32_t index) override;
     void showPresetDirty(bool dirty) override;
+    // Its control has the keyboard, unless the open list has it.
+    void presetWasApplied() override;
     void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override;
     void settingsWereRefused(const std::string& why) override;
 

@@ -36,6 +36,14 @@ TEST_F(PresetSessionTest, AChosenPresetIsSentShownAndAnnounced) {
     EXPECT_FALSE(presets().isDirty());
 }
 
+TEST_F(PresetSessionTest, TheFocusMovesBetweenTheValuesOfAPresetAndItsAnnouncement) {
+    presets().choose(cellphone);
+    ASSERT_GE(surface_.calls.size(), 3u);
+    EXPECT_TRUE(surface_.calls.end()[-3].starts_with("changed ") || surface_.calls.end()[-3].starts_with("send "));
+    EXPECT_EQ(surface_.calls.end()[-2], "applied");
+    EXPECT_EQ(surface_.calls.end()[-1], "preset Cellphone 22");
+}
+
 TEST_F(PresetSessionTest, APresetThatIsOnlyNamedSendsNothing) {
     presets().setCurrent(cellphone);
     EXPECT_EQ(presets().current(), cellphone);

@@ -48,6 +48,7 @@ public:
     }
     void showPreset(std::uint32_t index) override { shownPreset = index; }
     void showPresetDirty(bool isDirty) override { dirty.push_back(isDirty); }
+    void presetWasApplied() override { calls.push_back("applied"); }
     void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override {
         calls.push_back("preset " + name + " " + std::to_string(index));
     }

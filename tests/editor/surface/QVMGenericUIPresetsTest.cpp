@@ -45,6 +45,30 @@ TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQua
         EXPECT_EQ(memoized(pid), values->at(pid)) << pid;
 }
 
+// Who hears of a preset may ask where the keyboard is.
+class FocusWitness final : public RecordingDelegate {
+public:
+    void interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI& ui, const std::string&, std::uint32_t) override {
+        ++announcements;
+        isNameFocused = ui.presetBar()->presetControl()->focused();
+    }
+    int announcements = 0;
+    bool isNameFocused = false;
+};
+
+TEST_F(QVMGenericUIPresets, TheNameHasTheKeyboardWhenAPresetIsAnnouncedUnlessTheListIsOpen) {
+    FocusWitness witness;
+    ui_->setDelegate(&witness);
+    ui_->requestPresetNamed("Cellphone");
+    EXPECT_TRUE(witness.isNameFocused);
+    ui_->togglePresetsDrawer();
+    settle();
+    ui_->requestPresetNamed("Default");
+    EXPECT_FALSE(witness.isNameFocused);
+    EXPECT_EQ(witness.announcements, 2);
+    ui_->setDelegate(&delegate_);
+}
+
 TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
     settle();
     EXPECT_EQ(shownName(), "Default");
