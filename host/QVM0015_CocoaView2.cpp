@@ -56,34 +56,32 @@ void QVM0015_CocoaView2::createEditor() {
     logIfFailed("out", getProperty(kQVMProperty_OutputChannels, chanOut));
     auto editor = std::make_unique<QVMGenericUI>(bounds(), QVMConfig::inlinedConfig(), chanIn, chanOut);
     ui_ = editor.get();
-    const std::array<float, parameterCount> held = readParameters();
+    const Values values = readParameters();
+    for (std::uint32_t pid = 0; pid < parameterCount; ++pid)
+        editor->setMemoizedPValueDirectlyValue(pid, values.shown[pid]);
     editor->completeInterfaceSetup();
-    editor->resetABState(held); // before a preset that is asked for at once can take the place of what was read
+    editor->resetABState(values.held); // before a preset that is asked for at once can take the place of what was read
     editor->setDelegate(this);
     addSubview(std::move(editor));
 }
 
-std::array<float, QVM0015_CocoaView2::parameterCount> QVM0015_CocoaView2::readParameters() {
-    std::array<float, parameterCount> held{};
+QVM0015_CocoaView2::Values QVM0015_CocoaView2::readParameters() const {
+    Values values;
     for (std::uint32_t pid = 0; pid < parameterCount; ++pid) {
         float value = 0;
         logIfFailed("get", AudioUnitGetParameter(mAU, pid, kAudioUnitScope_Global, 0, &value));
         const QVMParameter* parameter = ui_->config().parameterForPid(pid);
-        ui_->setMemoizedPValueDirectlyValue(pid, parameter->shownValueFromHostValue(value));
-        held[pid] = parameter->heldValueFromHostValue(value);
+        values.shown[pid] = parameter->shownValueFromHostValue(value);
+        values.held[pid] = parameter->heldValueFromHostValue(value);
     }
-    return held;
+    return values;
 }
 
 void QVM0015_CocoaView2::adoptRestoredState() {
     if (!ui_) return;
     synchronise();
     if (abState_.state != QVMABRecord::nothingSaved) return;
-    // The frame that brings the unit's values is still to come.
-    std::array<float, parameterCount> values{};
-    for (std::uint32_t pid = 0; pid < parameterCount; ++pid)
-        values[pid] = ui_->config().parameterForPid(pid)->heldValueFromHostValue(valueForParameterID(pid));
-    ui_->resetABState(values);
+    ui_->resetABState(readParameters().held); // the frame that brings the unit's values is still to come
 }
 
 // A property that cannot be read leaves the editor as it is: no name, nothing saved, the normal layout.

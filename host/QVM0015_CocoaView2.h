@@ -49,8 +49,12 @@ private:
     void addListeners();
     void removeListeners();
     void createEditor();
-    // Gives the editor the unit's values inside the parameters' ranges; returns them as the unit holds them.
-    std::array<float, parameterCount> readParameters();
+    // The unit's values, in the shown domain and by pid.
+    struct Values {
+        std::array<float, parameterCount> shown{}; // inside the parameters' ranges
+        std::array<float, parameterCount> held{};  // as the unit holds them
+    };
+    Values readParameters() const;
     void synchronise();
     void adoptAlternateState();
     void release();
