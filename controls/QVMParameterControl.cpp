@@ -109,6 +109,10 @@ void QVMParameterControl::tellFollowers() {
         follower->followMember(*this);
 }
 
+void QVMParameterControl::setTarget(ValuesFromUser& target) {
+    setAction([this, &target](Control&) { target.sendFromControl(parameter_->pid, floatValue()); });
+}
+
 void QVMParameterControl::reportValueChange() {
     sendAction();
 }

@@ -9,6 +9,8 @@
 #include "controls/FocusableControl.h"
 #include "controls/QVMParameterControlDelegate.h"
 #include "controls/ValueFollower.h"
+#include "description/ParameterDisplay.h"
+#include "description/ValuesFromUser.h"
 
 #include <map>
 #include <optional>
@@ -19,7 +21,7 @@ namespace QVM_NAMESPACE {
 
 class QVMRangeControl;
 
-class QVMParameterControl : public FocusableControl, public QVMFloatControlDelegate {
+class QVMParameterControl : public FocusableControl, public QVMFloatControlDelegate, public ParameterDisplay {
 public:
     // The parameter outlives the control; null stands for one that has nothing in it and so no inner control. Labels
     // are drawn by the editor: their frame is not used here.
@@ -43,6 +45,8 @@ public:
     // Pins what is shown, whatever is pushed in; applied with the next value.
     const std::optional<float>& immutableFloatValue() const { return immutableFloatValue_; }
     void setImmutableFloatValue(std::optional<float> value) { immutableFloatValue_ = value; }
+    // From now on it is the action to bring the parameter's value there. The target outlives the control.
+    void setTarget(ValuesFromUser& target);
     // Sends the action.
     void reportValueChange();
     // Sets a value as if the user had made it: action, discrete interaction, and no half-typed text left.

@@ -77,7 +77,7 @@ private:
     void notifyEventTypeForPid(AudioUnitEventType type, std::uint32_t pid);
 
     // QVMGenericUIDelegate
-    void interfaceUpdatedParameterKeyedValue(QVMGenericUI& ui, std::uint32_t pid, float hostValue) override;
+    void interfaceUpdatedParameterKeyedValue(std::uint32_t pid, float hostValue) override;
     void interfaceBeganInteractionWithParameterKeyedEvent(QVMGenericUI& ui, std::uint32_t pid,
                                                           const Event* event) override;
     void interfaceEndedInteractionWithParameterKeyed(QVMGenericUI& ui, std::uint32_t pid) override;

@@ -14,7 +14,7 @@ void QVM0015_CocoaView2::notifyEventTypeForPid(AudioUnitEventType type, std::uin
     logIfFailed("notify", AUEventListenerNotify(nullptr, this, &event));
 }
 
-void QVM0015_CocoaView2::interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t pid, float hostValue) {
+void QVM0015_CocoaView2::interfaceUpdatedParameterKeyedValue(std::uint32_t pid, float hostValue) {
     if (pid >= parameterCount) return;
     logIfFailed("native ui set", AUParameterSet(mParameterListener, this, &mParameter[pid], hostValue, 0));
 }

@@ -12,10 +12,19 @@ EditorValues::EditorValues(const QVMConfig& config, SessionSurface& surface, Edi
     receivedPValues_.assign(count, nothingReceived);
     heldRanges_.resize(count);
     scratchPValues_.resize(count);
+    displays_.resize(count);
     config.enumerateParametersWithBlock([this](QVMParameter& parameter, QVMClump&) {
         setDirectly(parameter.pid, parameter.initialValue);
         if (parameter.pid < heldRanges_.size()) heldRanges_[parameter.pid] = parameter.heldRange();
     });
+}
+
+void EditorValues::setDisplay(std::uint32_t pid, ParameterDisplay& display) {
+    if (pid < count()) displays_[pid] = &display;
+}
+
+void EditorValues::show(std::uint32_t pid, float value) const {
+    if (pid < count() && displays_[pid]) displays_[pid]->setFloatValue(value);
 }
 
 void EditorValues::setDirectly(std::uint32_t pid, float value) {
@@ -33,12 +42,13 @@ void EditorValues::send(std::uint32_t pid, float value) {
     const QVMParameter* parameter = config_.parameterForPid(pid);
     if (!parameter) return;
     value = parameter->restrictValue(value);
-    surface_.sendValueToUnit(pid, parameter->reverseCastValue(value));
+    if (delegate_) delegate_->interfaceUpdatedParameterKeyedValue(pid, parameter->reverseCastValue(value));
     memoize(pid, value);
-    if (!comesBack_) surface_.showValue(pid, value);
+    if (!comesBack_) show(pid, value);
 }
 
 void EditorValues::sendFromControl(std::uint32_t pid, float value) {
+    if (value != memoized(pid)) surface_.controlWillChangeValue();
     send(pid, value);
     const std::optional<PartnerRule> rule = PartnerRuleForPid(pid);
     if (!rule) return;
@@ -68,7 +78,7 @@ void EditorValues::receive(std::uint32_t pid, float value) {
     if (was == nothingReceived) rereadMemoizedValue(*parameter, value);
     const bool isWhole = parameter->unit == QVMUnitIndexed || parameter->unit == QVMUnitSwitch;
     if (isEcho(*parameter, value) && !isWhole) value = memoizedPValues_[pid]; // what is whole is as the unit made it
-    surface_.showValue(pid, value);
+    show(pid, value);
     memoize(pid, value);
     surface_.valueWasReceived(pid, value, was);
     observer_.receivedValueWasAdopted(pid);

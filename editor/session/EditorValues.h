@@ -1,10 +1,16 @@
 // The value of each parameter as the editor has it, and the way that every value takes: out to the unit and back.
 //
-// This is the one place that knows an echo, which is what of the unit's values the editor has sent before. Values are
-// in the shown domain; what is sent is in the host domain. Main thread only.
+// Controls bring their values here and show what they are told from here; the delegate takes on to the unit what is
+// sent, and the frames of the live pictures bring what the unit holds. This is the one place that knows an echo, which
+// is what of the unit's values the editor has sent before. Values are in the shown domain; what is sent is in the host
+// domain. Main thread only.
 #pragma once
 
+#include "description/ParameterDisplay.h"
 #include "description/QVMConfig.h"
+#include "description/ValuesFromUnit.h"
+#include "description/ValuesFromUser.h"
+#include "editor/session/EditorValuesDelegate.h"
 #include "editor/session/SessionSurface.h"
 
 #include <functional>
@@ -28,11 +34,17 @@ public:
     virtual void receivedValueWasAdopted(std::uint32_t pid) = 0;
 };
 
-class EditorValues {
+class EditorValues final : public ValuesFromUser, public ValuesFromUnit {
 public:
     // Every memoized value is the parameter's initial one. All three are borrowed and outlive the values; nothing is
     // asked of the last two before a value is set.
     EditorValues(const QVMConfig& config, SessionSurface& surface, EditorValuesObserver& observer);
+
+    // Borrowed; null is allowed and hears nothing. The delegate clears it before it goes.
+    void setDelegate(EditorValuesDelegate* delegate) { delegate_ = delegate; }
+    // What shows the parameter's values from now on: borrowed, and there whenever a value is set. Unknown pids are
+    // ignored.
+    void setDisplay(std::uint32_t pid, ParameterDisplay& display);
 
     std::size_t count() const { return memoizedPValues_.size(); }
     // The value as the editor has it; 0 for an unknown pid.
@@ -49,7 +61,7 @@ public:
     // that can be expected, at once.
     void send(std::uint32_t pid, float value);
     // The user set a control: as above, then the partner of a low/high pair is pushed an octave away.
-    void sendFromControl(std::uint32_t pid, float value);
+    void sendFromControl(std::uint32_t pid, float value) override;
     // Several by codename; unknown names are skipped.
     void sendPairs(const std::vector<std::pair<std::string, float>>& pairs);
     // The scratch values that differ from the memoized ones, but for the parameters that are left out.
@@ -62,14 +74,15 @@ public:
     // memoized value counts as the memoized value, if the unit can hold that.
     void receive(std::uint32_t pid, float value);
     // The same, for a value that comes with every frame: only when it says anything new.
-    void receiveIfNew(std::uint32_t pid, float value);
+    void receiveIfNew(std::uint32_t pid, float value) override;
     // All of one frame was received.
-    void frameWasReceived() { ++receivedParamUpdateCount_; }
+    void frameWasReceived() override { ++receivedParamUpdateCount_; }
     std::uint32_t receivedFrames() const { return receivedParamUpdateCount_; }
 
 private:
     static constexpr float nothingReceived = std::numeric_limits<float>::max();
 
+    void show(std::uint32_t pid, float value) const;
     bool isMemoizedValueHeld(std::uint32_t pid) const;
     bool isEcho(const QVMParameter& parameter, float value) const;
     void rereadMemoizedValue(const QVMParameter& parameter, float held);
@@ -77,6 +90,7 @@ private:
     const QVMConfig& config_;
     SessionSurface& surface_;
     EditorValuesObserver& observer_;
+    EditorValuesDelegate* delegate_ = nullptr;
     bool comesBack_ = false;
     // One entry for each parameter, by pid.
     std::vector<float> memoizedPValues_;
@@ -84,6 +98,7 @@ private:
     std::vector<float> receivedPValues_;      // `nothingReceived` at first
     std::vector<QVMFloat32Range> heldRanges_; // QVMParameter::heldRange()
     std::vector<float> scratchPValues_;
+    std::vector<ParameterDisplay*> displays_;    // null for a parameter that has none
     std::uint32_t receivedParamUpdateCount_ = 0; // frames
 };
 

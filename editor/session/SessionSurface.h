@@ -1,6 +1,7 @@
-// What the session asks of whatever shows it and connects it to the unit. It sees no more of it than this.
+// What the session asks of whatever shows it, beside the values themselves (EditorValues). It sees no more of it than
+// this.
 //
-// All calls come on the main thread. Values are in the shown domain unless a name says host.
+// All calls come on the main thread. Values are in the shown domain.
 #pragma once
 
 #include "BuildNamespace.h"
@@ -24,10 +25,8 @@ class SessionSurface {
 public:
     virtual ~SessionSurface() = default;
 
-    // A value was accepted, changed or not: on to the unit.
-    virtual void sendValueToUnit(std::uint32_t pid, float hostValue) = 0;
-    // The parameter's control, if it has one, shows this value.
-    virtual void showValue(std::uint32_t pid, float value) = 0;
+    // The user is setting a control to another value than the editor has: it is moved past what was being typed.
+    virtual void controlWillChangeValue() = 0;
     // The editor has another value for the parameter: for what shows it beside its control.
     virtual void valueDidChange(std::uint32_t pid) = 0;
     // A value came from the unit and is shown: what it means for other controls follows. `was` is what had come before.

@@ -40,28 +40,26 @@ void EditorParts::addFrame() {
         presetBar_ = &editor_.addSubview(std::make_unique<QVMPresetBar>(layout.presetBar, config_.presets));
 }
 
-void EditorParts::addClumps(ParameterControls& controls, const EditorValues& values) {
+void EditorParts::addClumps(ParameterControls& controls) {
     if (!controls.all().empty()) return;
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
-    config_.enumerateClumpsOfType(
-        QVMClumpTypeOrdinary, [&](QVMClump& clump) { addClump(clump, clump.frame, *clumpsView_, controls, values); });
+    config_.enumerateClumpsOfType(QVMClumpTypeOrdinary,
+                                  [&](QVMClump& clump) { addClump(clump, clump.frame, *clumpsView_, controls); });
     if (config_.hasAdvancedControls()) {
         advClumpsView_ =
             &editor_.addSubview(std::make_unique<QVMClumpsView>(layout.advClumpsView, config_, ClumpsArea::advanced));
-        config_.enumerateClumpsOfType(QVMClumpTypeAdvanced, [&](QVMClump& clump) {
-            addClump(clump, clump.frame, *advClumpsView_, controls, values);
-        });
+        config_.enumerateClumpsOfType(
+            QVMClumpTypeAdvanced, [&](QVMClump& clump) { addClump(clump, clump.frame, *advClumpsView_, controls); });
         advClumpsView_->setHidden(true); // until its layout is assumed
     }
     const std::vector<QVMClump*> masters = config_.clumpsOfType(QVMClumpTypeMaster);
-    if (!masters.empty()) masterClump_ = &addClump(*masters.front(), layout.powerBox, editor_, controls, values);
+    if (!masters.empty()) masterClump_ = &addClump(*masters.front(), layout.powerBox, editor_, controls);
 }
 
-QVMClumpView& EditorParts::addClump(QVMClump& clump, const Rect& frame, View& container, ParameterControls& controls,
-                                    const EditorValues& values) {
+QVMClumpView& EditorParts::addClump(QVMClump& clump, const Rect& frame, View& container, ParameterControls& controls) {
     QVMClumpView& clumpView = container.addSubview(std::make_unique<QVMClumpView>(frame, clump));
     View& around = clump.clumpType == QVMClumpTypeAdvanced ? *advClumpsView_ : *clumpsView_;
-    controls.addClump(clump, clumpView, around, values);
+    controls.addClump(clump, clumpView, around);
     return clumpView;
 }
 

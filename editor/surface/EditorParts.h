@@ -4,7 +4,7 @@
 // puts them together. Main thread only.
 #pragma once
 
-#include "editor/session/EditorValues.h"
+#include "description/QVMConfig.h"
 #include "editor/surface/EditorLayout.h"
 
 #include <string>
@@ -31,7 +31,7 @@ public:
     // The column, the area for the clumps, and the bar. Nothing is added a second time.
     void addFrame();
     // Every clump with its controls, and the area for the advanced ones, hidden at first.
-    void addClumps(ParameterControls& controls, const EditorValues& values);
+    void addClumps(ParameterControls& controls);
     // The button that leads to the compact form, above all that is there.
     FrameButton& addFrameButton();
 
@@ -54,8 +54,7 @@ public:
     void showNotice(std::string what, std::string why);
 
 private:
-    QVMClumpView& addClump(QVMClump& clump, const Rect& frame, View& container, ParameterControls& controls,
-                           const EditorValues& values);
+    QVMClumpView& addClump(QVMClump& clump, const Rect& frame, View& container, ParameterControls& controls);
     void layOutFrameButton();
     void layOutNotice();
 

@@ -26,7 +26,7 @@ constexpr float meterAlpha = 0.7f;
 
 } // namespace
 
-EditorSketches::EditorSketches(const QVMConfig& config, const EditorValues& values, const ParameterControls& controls)
+EditorSketches::EditorSketches(const QVMConfig& config, EditorValues& values, const ParameterControls& controls)
     : config_(config), values_(values), controls_(controls) {}
 
 EditorSketches::~EditorSketches() = default;
@@ -50,6 +50,7 @@ void EditorSketches::add(QVMPowerBox& box, const QVMEditorLayout& layout, QVMPar
                                              settings.maxFrames, settings.scale, settings.chanIn, settings.chanOut);
     sketch_ = made.get();
     sketch_->setDelegate(&delegate);
+    sketch_->setValues(&values_);
     sketch_->setNumericMeter(numericMeterReading_.get());
     showMemoizedValues(*sketch_->getVizRef());
     sketch_->layer()->setMasksToBounds(true); // lines end at the rounded corners

@@ -32,14 +32,14 @@ public:
     };
 
     // All borrowed.
-    EditorSketches(const QVMConfig& config, const EditorValues& values, const ParameterControls& controls);
+    EditorSketches(const QVMConfig& config, EditorValues& values, const ParameterControls& controls);
     ~EditorSketches();
 
     // The button of the numeric meter, where the description has one; a press on it is `tapped`. To be made before the
     // sketches.
     void addNumericMeter(QVMPowerBox& box, std::function<void()> tapped);
     // Makes the curve in the box, and each further sketch in the track of its parameter's slider. They show what the
-    // controls show, and fade in.
+    // controls show, and fade in. What the unit holds goes to the values once the delegate says that it is the unit's.
     void add(QVMPowerBox& box, const QVMEditorLayout& layout, QVMParameterSketchDelegate& delegate,
              const Settings& settings);
     // The response curve, which hands its frames to the meter too. Null before there are sketches.
@@ -62,7 +62,7 @@ private:
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
 
     const QVMConfig& config_;
-    const EditorValues& values_;
+    EditorValues& values_;
     const ParameterControls& controls_;
     QVMParameterSketch* sketch_ = nullptr;                     // owned by the power box
     std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter

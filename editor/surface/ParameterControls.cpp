@@ -4,7 +4,6 @@
 #include "editor/surface/QVMClumpView.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace QVM_NAMESPACE {
 
@@ -21,16 +20,16 @@ Rect bandFrame(const Rect& low, const Rect& high) {
 
 } // namespace
 
-ParameterControls::ParameterControls(QVMParameterControlDelegate& delegate, Updated updated)
-    : delegate_(delegate), updated_(std::move(updated)) {}
+ParameterControls::ParameterControls(QVMParameterControlDelegate& delegate, EditorValues& values)
+    : delegate_(delegate), values_(values) {}
 
-void ParameterControls::addClump(QVMClump& clump, QVMClumpView& clumpView, View& around, const EditorValues& values) {
+void ParameterControls::addClump(QVMClump& clump, QVMClumpView& clumpView, View& around) {
     std::vector<std::unique_ptr<QVMParameterControl>> displaced;
     List controls;
     for (const QVMParameter* parameter : clump.parameters) {
         if (parameter->hidden || parameter->frame.isEmpty()) continue;
-        auto made =
-            std::make_unique<QVMParameterControl>(parameter->frame, Rect{}, parameter, values.memoized(parameter->pid));
+        auto made = std::make_unique<QVMParameterControl>(parameter->frame, Rect{}, parameter,
+                                                          values_.memoized(parameter->pid));
         made->layer()->setName("control:" + parameter->codesafeName);
         made->setClumpView(&clumpView);
         controls.push_back(made.get());
@@ -47,7 +46,8 @@ void ParameterControls::addClump(QVMClump& clump, QVMClumpView& clumpView, View&
 void ParameterControls::enlist(const List& controls, QVMClumpView& clumpView) {
     all_.insert(all_.end(), controls.begin(), controls.end());
     for (QVMParameterControl* control : controls) {
-        control->setAction([this, control](Control&) { updated_(*control); });
+        control->setTarget(values_);
+        values_.setDisplay(control->parameter()->pid, *control);
         control->setDelegate(&delegate_);
     }
     for (QVMParameterControl* high : controls) {

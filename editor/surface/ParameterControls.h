@@ -7,7 +7,6 @@
 #include "description/QVMConfig.h"
 #include "editor/session/EditorValues.h"
 
-#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -19,14 +18,14 @@ struct SideEffects;
 class ParameterControls {
 public:
     using List = std::vector<QVMParameterControl*>;
-    using Updated = std::function<void(QVMParameterControl& control)>;
 
-    // The delegate hears what the controls report, and `updated` is called when the user has moved one.
-    ParameterControls(QVMParameterControlDelegate& delegate, Updated updated);
+    // Both are borrowed. The delegate hears what the controls report beside values; their values go to `values` and
+    // come from there.
+    ParameterControls(QVMParameterControlDelegate& delegate, EditorValues& values);
 
     // Makes a control for each parameter of a clump that has a place and is not hidden, with its present value, and the
     // bands of its ranges. A displaced one stands in the view around the clump's.
-    void addClump(QVMClump& clump, QVMClumpView& clumpView, View& around, const EditorValues& values);
+    void addClump(QVMClump& clump, QVMClumpView& clumpView, View& around);
 
     // In the order in which they were made.
     const List& all() const { return all_; }
@@ -48,7 +47,7 @@ private:
     void addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView);
 
     QVMParameterControlDelegate& delegate_;
-    Updated updated_;
+    EditorValues& values_;
     List all_;
 };
 

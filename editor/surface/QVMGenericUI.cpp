@@ -21,10 +21,8 @@ QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config,
                            std::uint32_t chanOut)
     : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), shown_(*this),
       session_(*config_, shown_), focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
-      reports_(*this, session_.values().count()),
-      controls_(reports_, [this](QVMParameterControl& control) { handleParameterControlUpdated(control); }),
-      parts_(*this, *config_), drawers_(*this, *this), sketches_(*config_, session_.values(), controls_),
-      menus_(*this) {
+      reports_(*this, session_.values().count()), controls_(reports_, session_.values()), parts_(*this, *config_),
+      drawers_(*this, *this), sketches_(*config_, session_.values(), controls_), menus_(*this) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
@@ -35,6 +33,11 @@ QVMGenericUI::~QVMGenericUI() {
     preferences_.stop();
     while (!subviews().empty())
         subviews().back()->removeFromSuperview();
+}
+
+void QVMGenericUI::setDelegate(QVMGenericUIDelegate* delegate) {
+    delegate_ = delegate;
+    session_.values().setDelegate(delegate);
 }
 
 void QVMGenericUI::completeInterfaceSetup() {
@@ -62,7 +65,7 @@ void QVMGenericUI::setConfig(std::shared_ptr<QVMConfig> config) {
     config_ = std::move(config);
     parts_.addFrame();
     wireParts();
-    parts_.addClumps(controls_, session_.values());
+    parts_.addClumps(controls_);
     drawers_.setClumpsView(*clumpsView());
     resetABState(session_.values().memoized());
 }

@@ -51,7 +51,7 @@ public:
 
     // Borrowed; null is allowed and hears nothing. The delegate clears it before it goes.
     QVMGenericUIDelegate* delegate() const { return delegate_; }
-    void setDelegate(QVMGenericUIDelegate* delegate) { delegate_ = delegate; }
+    void setDelegate(QVMGenericUIDelegate* delegate);
     // Builds everything from the configuration and the memoized values. Once.
     void completeInterfaceSetup();
 
@@ -67,10 +67,13 @@ public:
     // Expires with the editor: for what may be called after it has gone, as a menu's items.
     std::weak_ptr<const bool> lifetime() const { return alive_; }
 
-    // Values (EditorValues). The first takes a value from anywhere in the editor, the second from a control that the
-    // user moved: both tell the delegate, and the control shows what comes back from the unit.
+    // Values (EditorValues, to which the controls and the live pictures bring theirs themselves). The first takes a
+    // value from anywhere in the editor, the second that of a control as if the user had moved it: both tell the
+    // delegate, and the control shows what comes back from the unit.
     void notifyParameterUpdatedTo(std::uint32_t pid, float value) { session_.values().send(pid, value); }
-    void handleParameterControlUpdated(QVMParameterControl& control);
+    void handleParameterControlUpdated(const QVMParameterControl& control) {
+        session_.values().sendFromControl(control.parameter()->pid, control.floatValue());
+    }
     // Without telling the delegate; and a value as the unit holds it, of which nothing is sent back.
     void updateMemoizedValueForParameter(float value, std::uint32_t pid) { session_.values().memoize(pid, value); }
     void updateParameterFromSketchState(std::uint32_t pid, float value) { session_.values().receive(pid, value); }
@@ -228,9 +231,8 @@ private:
     void observePreferences();
     std::int32_t focusedPid() const; // -1 for none
 
-    // QVMParameterSketchDelegate: what the drawing object shares is lent to the unit first; then the states that differ
-    // from the last ones received are adopted.
-    void sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
+    // QVMParameterSketchDelegate: until the unit has the drawing object it is handed over, and nothing is received.
+    StatesAre sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
     void sketchDidChangeVisibility(QVMParameterSketch& sketch) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}

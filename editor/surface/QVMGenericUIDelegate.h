@@ -1,8 +1,10 @@
 // What the editor asks of whoever connects it to the audio unit. The editor itself never touches the unit.
 //
-// All calls come on the main thread, with the calling editor first. Parameter values are in the host domain.
+// All calls come on the main thread, with the calling editor first; but values come from the editor's session, which
+// knows no editor. Parameter values are in the host domain.
 #pragma once
 
+#include "editor/session/EditorValuesDelegate.h"
 #include "platform/view/Event.h"
 
 #include <cstdint>
@@ -13,13 +15,8 @@ namespace QVM_NAMESPACE {
 class QVMGenericUI;
 struct SharedState;
 
-class QVMGenericUIDelegate {
+class QVMGenericUIDelegate : public EditorValuesDelegate {
 public:
-    virtual ~QVMGenericUIDelegate() = default;
-
-    // A value was accepted, changed or not; send it to the unit.
-    virtual void interfaceUpdatedParameterKeyedValue(QVMGenericUI& ui, std::uint32_t pid, float hostValue) = 0;
-
     // A gesture began (the event is null when no input event caused it), ended, or was one discrete step.
     virtual void interfaceBeganInteractionWithParameterKeyedEvent(QVMGenericUI& ui, std::uint32_t pid,
                                                                   const Event* event) = 0;

@@ -7,13 +7,6 @@
 
 namespace QVM_NAMESPACE {
 
-void QVMGenericUI::handleParameterControlUpdated(QVMParameterControl& control) {
-    const std::uint32_t pid = control.parameter()->pid;
-    const float value = control.floatValue();
-    if (value != getMemoizedPValueDirectly(pid)) keyboard_.clearNumberBuffer(); // it was dragged past what was typed
-    session_.values().sendFromControl(pid, value);
-}
-
 void QVMGenericUI::chooseValueForParameter(float value, std::uint32_t pid) {
     notifyParameterUpdatedTo(pid, value);
     if (delegate_) delegate_->interfaceDiscretelyInteractedWithParameterKeyed(*this, pid);

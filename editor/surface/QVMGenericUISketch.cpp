@@ -1,10 +1,8 @@
-// The live pictures: when they are made, and what comes back from the unit through the object they share with it.
+// The live pictures: when they are made, and how the unit comes to the object that they share with it.
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "platform/view/Window.h"
 #include "viz/sketches/QVMParameterSketch.h"
-
-#include <algorithm>
 
 namespace QVM_NAMESPACE {
 
@@ -24,14 +22,12 @@ void QVMGenericUI::sketchDidChangeVisibility(QVMParameterSketch&) {
     sketches_.visibilityDidChange(*powerBox());
 }
 
-void QVMGenericUI::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) {
-    if (!delegate_) return;
+StatesAre QVMGenericUI::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState*) {
+    if (!delegate_) return StatesAre::drawnOnly;
     SharedState* shared = &sketch.getVizRef()->sharedState;
-    if (delegate_->interfaceWantsVizRef(*this) != shared) return delegate_->interfaceHasReadiedVizRef(*this, shared);
-    const std::size_t count = std::min<std::size_t>(shared->glide.paramCount, session_.values().count());
-    for (std::uint32_t pid = 0; pid < count; ++pid)
-        session_.values().receiveIfNew(pid, states[pid].value);
-    session_.values().frameWasReceived();
+    if (delegate_->interfaceWantsVizRef(*this) == shared) return StatesAre::theUnits;
+    delegate_->interfaceHasReadiedVizRef(*this, shared);
+    return StatesAre::drawnOnly;
 }
 
 void QVMGenericUI::meterTapped() {

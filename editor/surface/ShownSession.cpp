@@ -22,12 +22,8 @@ ShownSession::ShownSession(QVMGenericUI& ui) : ui_(ui) {
     gearFlashes_.setTrailing(false);
 }
 
-void ShownSession::sendValueToUnit(std::uint32_t pid, float hostValue) {
-    if (ui_.delegate()) ui_.delegate()->interfaceUpdatedParameterKeyedValue(ui_, pid, hostValue);
-}
-
-void ShownSession::showValue(std::uint32_t pid, float value) {
-    if (QVMParameterControl* control = ui_.parameterControlWithPid(pid)) control->setFloatValue(value);
+void ShownSession::controlWillChangeValue() {
+    ui_.keyboard().clearNumberBuffer();
 }
 
 void ShownSession::valueDidChange(std::uint32_t pid) {

@@ -1,5 +1,5 @@
-// Shows what the session decides: values on their controls, what they mean for other controls, the history on its
-// buttons, the side and the preset in the bar. What is for the unit goes on to the editor's delegate. Main thread only.
+// Shows what the session decides: what values mean for other controls, the history on its buttons, the side and the
+// preset in the bar. Main thread only.
 #pragma once
 
 #include "controls/QVMSpeedLim.h"
@@ -18,8 +18,7 @@ public:
     explicit ShownSession(QVMGenericUI& ui);
 
     // SessionSurface. Before there are any controls, a bar or a delegate, there is nobody to show anything to.
-    void sendValueToUnit(std::uint32_t pid, float hostValue) override;
-    void showValue(std::uint32_t pid, float value) override;
+    void controlWillChangeValue() override;
     // The indicators, the meters' tool tips, and the gear where the control stands in the closed drawer.
     void valueDidChange(std::uint32_t pid) override;
     // Side effects, the band of a range, and links.

@@ -25,7 +25,7 @@ namespace QVM_NAMESPACE {
 // Writes one line for each call it hears, and keeps what was sent as the unit would.
 class RecordingDelegate : public QVMGenericUIDelegate {
 public:
-    void interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t pid, float hostValue) override {
+    void interfaceUpdatedParameterKeyedValue(std::uint32_t pid, float hostValue) override {
         store(pid, hostValue);
         sent.push_back({pid, hostValue});
         calls.push_back("updated " + std::to_string(pid));

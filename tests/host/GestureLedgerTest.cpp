@@ -32,7 +32,7 @@ protected:
     }
     void playOne(const std::string& what, const std::string& word) {
         const std::uint32_t pid = what == word ? 1 : static_cast<std::uint32_t>(word.back() - '0');
-        if (what == "value") delegate().interfaceUpdatedParameterKeyedValue(ui(), pid, next_ += 0.01F);
+        if (what == "value") delegate().interfaceUpdatedParameterKeyedValue(pid, next_ += 0.01F);
         if (what == "began") delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), pid, nullptr);
         if (what == "ended") delegate().interfaceEndedInteractionWithParameterKeyed(ui(), pid);
         if (what == "discrete") delegate().interfaceDiscretelyInteractedWithParameterKeyed(ui(), pid);

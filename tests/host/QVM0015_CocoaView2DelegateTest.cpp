@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(AsDelegate, AnUpdateIsStoredAtOnceAndTheHostIsTold) {
-    delegate().interfaceUpdatedParameterKeyedValue(ui(), 1, 4.5F);
+    delegate().interfaceUpdatedParameterKeyedValue(1, 4.5F);
     EXPECT_EQ(unit.values[1], 4.5F);
     EXPECT_EQ(unit.lastBufferOffset, 0U);
     EXPECT_EQ(heard, Lines{"value 1"});
@@ -61,8 +61,8 @@ TEST_F(AsDelegate, ADiscreteInteractionIsBeginValueEnd) {
 
 TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
     delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), 7, nullptr);
-    delegate().interfaceUpdatedParameterKeyedValue(ui(), 7, -1);
-    delegate().interfaceUpdatedParameterKeyedValue(ui(), 7, -2);
+    delegate().interfaceUpdatedParameterKeyedValue(7, -1);
+    delegate().interfaceUpdatedParameterKeyedValue(7, -2);
     delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 7);
     EXPECT_EQ(heard, (Lines{"begin 7", "value 7", "value 7", "value 7", "end 7"}));
     EXPECT_EQ(unit.values[7], -2.0F);
@@ -72,7 +72,7 @@ TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
 TEST_F(AsDelegate, ItsOwnListenerIsNotToldOfItsChangesButOfThoseOfOthers) {
     time.advance(5); // nothing is left to do
     ASSERT_EQ(RunLoop::main().nextDue(), std::nullopt);
-    delegate().interfaceUpdatedParameterKeyedValue(ui(), 1, 4.5F);
+    delegate().interfaceUpdatedParameterKeyedValue(1, 4.5F);
     EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt);
     for (std::uint32_t pid = 0; pid < 24; ++pid) {
         const AudioUnitParameter each{&unit, pid};
@@ -102,7 +102,7 @@ TEST_F(AsDelegate, AutomationIsNotEchoed) {
 }
 
 TEST_F(AsDelegate, AnUnknownPidIsIgnored) {
-    delegate().interfaceUpdatedParameterKeyedValue(ui(), 24, 1);
+    delegate().interfaceUpdatedParameterKeyedValue(24, 1);
     delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), 24, nullptr);
     delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 0xFFFFFFFF);
     EXPECT_TRUE(heard.empty());

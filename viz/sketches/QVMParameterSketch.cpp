@@ -134,12 +134,21 @@ void QVMParameterSketch::getFrameWithDurationAndTime(double duration, double tim
         glSketch_->performInterp();
         if (glSketch_->isInterpolating()) isChanged = prepareSketches(seconds, true) == Redraw::yes;
         isChanged |= prepareSketches(seconds, false) == Redraw::yes;
-        if (delegate_) delegate_->sketchHasUpdatedParameterStates(*this, getVizRefParameterStates());
+        handOnStates();
     }
     updateNumericMeter(time);
     // What moves slowly looks the same for some frames.
     if (isAskedFor || isChanged || glSketch_->isInterpolating()) lastMotion_ = time;
     isMoving_ = time - lastMotion_ < kRestSeconds;
+}
+
+void QVMParameterSketch::handOnStates() {
+    const QVMParameterState* const states = getVizRefParameterStates();
+    if (!delegate_ || delegate_->sketchHasUpdatedParameterStates(*this, states) != StatesAre::theUnits) return;
+    if (!values_) return;
+    for (std::uint32_t pid = 0; pid < getVizRef()->paramCount(); ++pid)
+        values_->receiveIfNew(pid, states[pid].value);
+    values_->frameWasReceived();
 }
 
 Redraw QVMParameterSketch::prepareSketches(float duration, bool parameterSketches) {

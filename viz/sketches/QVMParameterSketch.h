@@ -4,6 +4,7 @@
 // has the sketches prepared that will look different, and tells its delegate. Main thread only.
 #pragma once
 
+#include "description/ValuesFromUnit.h"
 #include "platform/runloop/DisplayLink.h"
 #include "platform/runloop/NotificationCenter.h"
 #include "platform/view/View.h"
@@ -32,8 +33,10 @@ public:
                        unsigned inChan, unsigned outChan);
     ~QVMParameterSketch() override;
 
-    // Both are borrowed, may be null, and must be cleared before they go.
+    // All are borrowed, may be null, and must be cleared before they go. `values` gets what the unit holds, in each
+    // frame for which the delegate says that it does.
     void setDelegate(QVMParameterSketchDelegate* delegate) { delegate_ = delegate; }
+    void setValues(ValuesFromUnit* values) { values_ = values; }
     void setNumericMeter(NumericMeterDisplay* meter) { numericMeter_ = meter; }
     // The sketches that get their frames from this one. They are owned by their superviews and leave the list by
     // themselves when they go.
@@ -80,12 +83,14 @@ public:
 private:
     void startDisplayLink();
     void stopDisplayLink();
+    void handOnStates();
     Redraw prepareSketches(float duration, bool parameterSketches);
     void updateNumericMeter(double time);
 
     std::shared_ptr<QVMSketchGLLayer> glSketch_;
     std::vector<QVMAuxiliarySketch*> auxiliarySketches_;
     QVMParameterSketchDelegate* delegate_ = nullptr;
+    ValuesFromUnit* values_ = nullptr;
     NumericMeterDisplay* numericMeter_ = nullptr;
     bool vizVisible_ = true, hasGL_ = false;
     std::int64_t numParams_ = 0;

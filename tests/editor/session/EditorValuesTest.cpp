@@ -12,6 +12,7 @@ using testing::IsEmpty;
 
 class EditorValuesTest : public testing::Test, protected EditorValuesObserver {
 protected:
+    EditorValuesTest() { surface_.follow(values_); }
     void memoizedValueDidChange(std::uint32_t pid) override { changed_.push_back(pid); }
     void valueWasReread(std::uint32_t pid, float read, float held) override { reread_.push_back({pid, read, held}); }
     void receivedValueWasAdopted(std::uint32_t pid) override { adopted_.push_back(pid); }
@@ -60,6 +61,28 @@ TEST_F(EditorValuesTest, AValueShowsAtOnceOnlyUntilValuesComeBack) {
     EXPECT_EQ(surface_.shown[1], 3);
     values_.receive(1, unitHolds(1));
     EXPECT_EQ(surface_.shown[1], 4);
+}
+
+TEST_F(EditorValuesTest, AMoveOfAControlIsToldBeforeItIsSentAndOnlyWhenItChangesAnything) {
+    values_.sendFromControl(1, 3);
+    EXPECT_THAT(surface_.callsBeforeMoves, ElementsAre(0u));
+    values_.sendFromControl(1, 3);
+    EXPECT_THAT(surface_.calls, ElementsAre("send 1", "send 1"));
+    values_.send(1, 4);
+    EXPECT_THAT(surface_.callsBeforeMoves, ElementsAre(0u)) << "nobody moved it";
+}
+
+TEST_F(EditorValuesTest, WithNobodyToTellOrToShowAValueIsKeptAllTheSame) {
+    EditorValues alone(*config_, surface_, *this);
+    alone.setDisplay(99, surface_.displays[1]);
+    alone.send(1, 3);
+    alone.receive(1, 2);
+    EXPECT_EQ(alone.memoized(1), 2);
+    EXPECT_THAT(surface_.calls, IsEmpty());
+    EXPECT_TRUE(surface_.shown.empty());
+    values_.setDelegate(nullptr);
+    values_.send(1, 3);
+    EXPECT_THAT(surface_.calls, IsEmpty());
 }
 
 TEST_F(EditorValuesTest, AnEndThatIsMovedPushesItsPartnerAndNoOther) {

@@ -16,20 +16,37 @@
 
 namespace QVM_NAMESPACE {
 
-class RecordingSurface : public SessionSurface {
+class RecordingSurface : public SessionSurface, public EditorValuesDelegate {
 public:
+    // What shows a parameter: it writes down what it was shown last.
+    struct Display final : ParameterDisplay {
+        RecordingSurface* surface = nullptr;
+        std::uint32_t pid = 0;
+        void setFloatValue(float value) override { surface->shown[pid] = value; }
+    };
+
     RecordingSurface() {
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
             unit[pid] = GetParameter(pid)->reverseCastValue(GetParameter(pid)->initialValue);
     }
 
-    void sendValueToUnit(std::uint32_t pid, float hostValue) override {
+    // Takes what the values send, and shows what they show.
+    void follow(EditorValues& values) {
+        values.setDelegate(this);
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+            displays[pid].surface = this;
+            displays[pid].pid = pid;
+            values.setDisplay(pid, displays[pid]);
+        }
+    }
+
+    void interfaceUpdatedParameterKeyedValue(std::uint32_t pid, float hostValue) override {
         calls.push_back("send " + std::to_string(pid));
         // As the unit: what is out of range ends at the range's end, and what is no number changes nothing.
         const QVMFloat32Range range = GetParameter(pid)->heldRange();
         if (std::isfinite(hostValue)) unit.at(pid) = std::clamp(hostValue, range.min, range.max);
     }
-    void showValue(std::uint32_t pid, float value) override { shown[pid] = value; }
+    void controlWillChangeValue() override { callsBeforeMoves.push_back(calls.size()); }
     void valueDidChange(std::uint32_t pid) override { calls.push_back("changed " + std::to_string(pid)); }
     void valueWasReceived(std::uint32_t pid, float value, float was) override { received.push_back({pid, value, was}); }
     // A control for each of these, which shows what it was shown last.
@@ -60,7 +77,9 @@ public:
     };
     std::array<float, QVMParameterCount> unit{}; // host domain
     std::vector<std::string> calls;
-    std::map<std::uint32_t, float> shown; // by pid
+    std::vector<std::size_t> callsBeforeMoves; // how many there were before each move of a control
+    std::map<std::uint32_t, float> shown;      // by pid
+    std::array<Display, QVMParameterCount> displays;
     std::vector<Received> received;
     bool gesture = false;
     std::uint32_t shownPreset = 0;
@@ -70,6 +89,7 @@ public:
 
 class SessionFixture : public testing::Test {
 protected:
+    SessionFixture() { surface_.follow(values()); }
     EditorValues& values() { return session_.values(); }
     // One display frame: what the unit holds comes back.
     void frame() {

@@ -23,12 +23,12 @@ class EditorPartsTest : public SessionFixture {
 protected:
     void build() {
         parts_.addFrame();
-        parts_.addClumps(controls_, values());
+        parts_.addClumps(controls_);
         parts_.addFrameButton();
     }
 
     NoReports delegate_;
-    ParameterControls controls_{delegate_, [](QVMParameterControl&) {}};
+    ParameterControls controls_{delegate_, values()};
     View root_{Rect{0, 0, 480, 320}};
     EditorParts parts_{root_, *config_};
 };

@@ -21,15 +21,18 @@ class EditorSketchesTest : public SessionFixture, protected QVMParameterSketchDe
 protected:
     void SetUp() override {
         parts_.addFrame();
-        parts_.addClumps(controls_, values());
+        parts_.addClumps(controls_);
     }
     void add() { sketches_.add(*parts_.powerBox(), EditorLayoutForAltFrame(QVMAltFrameNormal), *this, {}); }
-    void sketchHasUpdatedParameterStates(QVMParameterSketch&, const QVMParameterState*) override {}
+    StatesAre sketchHasUpdatedParameterStates(QVMParameterSketch&, const QVMParameterState*) override {
+        return states_;
+    }
+    StatesAre states_ = StatesAre::drawnOnly;
     void sketchDidChangeVisibility(QVMParameterSketch&) override { sketches_.visibilityDidChange(*parts_.powerBox()); }
     std::string meterText() { return controls_.withPid(7)->toolTip(); }
 
     NoReports delegate_;
-    ParameterControls controls_{delegate_, [](QVMParameterControl&) {}};
+    ParameterControls controls_{delegate_, values()};
     View root_{Rect{0, 0, 480, 320}};
     EditorParts parts_{root_, *config_};
     EditorSketches sketches_{*config_, values(), controls_};

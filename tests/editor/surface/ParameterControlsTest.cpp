@@ -20,16 +20,14 @@ protected:
     ParameterControlsTest() {
         config_->enumerateClumpsWithBlock([this](QVMClump& clump) {
             QVMClumpView& view = root_.addSubview(std::make_unique<QVMClumpView>(clump.frame, clump));
-            controls_.addClump(clump, view, root_, values());
+            controls_.addClump(clump, view, root_);
         });
     }
     QVMParameterControl& control(std::uint32_t pid) { return *controls_.withPid(pid); }
 
     NoReports delegate_;
-    std::vector<std::uint32_t> updated_;
     View root_{Rect{0, 0, 680, 320}};
-    ParameterControls controls_{delegate_,
-                                [this](QVMParameterControl& control) { updated_.push_back(control.parameter()->pid); }};
+    ParameterControls controls_{delegate_, values()};
 };
 
 TEST_F(ParameterControlsTest, WhatIsHiddenOrHasNoPlaceHasNone) {
@@ -49,11 +47,21 @@ TEST_F(ParameterControlsTest, ADisplacedOneStandsAroundItsClump) {
 TEST_F(ParameterControlsTest, WhatTheUserMovesIsToldAndShown) {
     control(1).primaryControl()->setFloatValue(3);
     control(1).primaryControl()->reportInterfaceInitiatedValueChange();
-    EXPECT_THAT(updated_, ElementsAre(1u));
+    EXPECT_THAT(surface_.calls, ElementsAre("send 1", "changed 1"));
+    EXPECT_EQ(values().memoized(1), 3);
     const auto shown = controls_.shownValues();
     ASSERT_EQ(shown.size(), controls_.all().size());
     for (const ShownValue& each : shown)
         EXPECT_EQ(each.value, each.pid == 1 ? 3 : GetParameter(each.pid)->initialValue) << each.pid;
+}
+
+TEST_F(ParameterControlsTest, EachShowsWhatTheValuesSay) {
+    for (const QVMParameterControl* each : controls_.all()) {
+        const QVMParameter& parameter = *each->parameter();
+        const float value = parameter.initialValue == parameter.maxValue ? parameter.minValue : parameter.maxValue;
+        values().receive(parameter.pid, value);
+        EXPECT_EQ(each->floatValue(), parameter.normalizeFloatValue(value, QVMGranularityFine)) << parameter.pid;
+    }
 }
 
 TEST_F(ParameterControlsTest, TheEndsOfARangeShareABand) {

@@ -15,7 +15,7 @@ namespace {
 class LockWitness final : public RecordingDelegate {
 public:
     explicit LockWitness(const QVMUndoRedoStack& stack) : stack_(stack) {}
-    void interfaceUpdatedParameterKeyedValue(QVMGenericUI&, std::uint32_t, float) override { note(); }
+    void interfaceUpdatedParameterKeyedValue(std::uint32_t, float) override { note(); }
     void interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI&, const std::string&, std::uint32_t) override {
         note();
     }

@@ -8,6 +8,8 @@
 #include "viz/sketches/QVMParameterSketch.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
 #include <thread>
 
 namespace QVM_NAMESPACE {
@@ -28,14 +30,21 @@ private:
     std::int64_t time_ = 60000;
 };
 
-class Reader final : public QVMParameterSketchDelegate {
+class Reader final : public QVMParameterSketchDelegate, public ValuesFromUnit {
 public:
-    void sketchHasUpdatedParameterStates(QVMParameterSketch&, const QVMParameterState* states) override {
+    StatesAre sketchHasUpdatedParameterStates(QVMParameterSketch&, const QVMParameterState* states) override {
         ++frames;
         tiltGain = states[1].value;
+        return statesAre;
     }
+    void receiveIfNew(std::uint32_t pid, float value) override { received[pid] = value; }
+    void frameWasReceived() override { ++receivedFrames; }
+
     int frames = 0;
     float tiltGain = 0;
+    StatesAre statesAre = StatesAre::drawnOnly;
+    std::map<std::uint32_t, float> received; // by pid
+    int receivedFrames = 0;
 };
 
 class ParameterSketchFixture : public testing::Test {

@@ -81,6 +81,25 @@ TEST_F(QVMParameterSketchTest, TellsItsDelegateTheStatesOnceAFrame) {
     EXPECT_EQ(reader.frames, 2);
 }
 
+TEST_F(QVMParameterSketchTest, HandsOnOnlyTheStatesThatAreTheUnits) {
+    Reader reader;
+    view.setDelegate(&reader);
+    view.setValues(&reader);
+    object().parameterStates()[1].value = 4.5f;
+    frame();
+    EXPECT_EQ(reader.receivedFrames, 0);
+    EXPECT_TRUE(reader.received.empty());
+    reader.statesAre = StatesAre::theUnits;
+    frame();
+    EXPECT_EQ(reader.receivedFrames, 1);
+    EXPECT_EQ(reader.received.size(), QVMParameterCount);
+    EXPECT_EQ(reader.received[1], 4.5f);
+    view.setValues(nullptr);
+    frame();
+    EXPECT_EQ(reader.frames, 3);
+    EXPECT_EQ(reader.receivedFrames, 1);
+}
+
 TEST_F(QVMParameterSketchTest, FramesComeOnTheMainQueueOnly) {
     Reader reader;
     view.setDelegate(&reader);
