@@ -208,7 +208,7 @@ TEST_F(GestureLedgerTest, AfterItWentNothingIsHeard) {
 TEST_F(GestureLedgerTest, AHostMayAnswerOnTheSpot) {
     int answers = 0;
     also_ = [&] {
-        if (answers++ < 3) AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, 0.5F, 0);
+        if (answers++ < 3) AudioUnitSetParameter(&unit, pidTiltGain, kAudioUnitScope_Global, 0, 0.5F, 0);
     };
     EXPECT_EQ(heardOf("down value began turn ended up turn"), "b1 v1 v1 e1");
 }

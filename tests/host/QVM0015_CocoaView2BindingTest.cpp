@@ -36,19 +36,19 @@ TEST_F(Binding, HandsTheChannelCountsToTheEditor) {
 TEST_F(Binding, AHostValueOf12005ForTheLowTiltRangeArrivesAs489Point9) {
     unit.values[2] = 12005;
     bind();
-    EXPECT_NEAR(ui().getMemoizedPValueDirectly(2), 489.9F, 0.001F);
+    EXPECT_NEAR(ui().getMemoizedPValueDirectly(pidTiltRangeLow), 489.9F, 0.001F);
 }
 
 TEST_F(Binding, AHostValueOf0Point3ForTheMasterSwitchArrivesAs1) {
     unit.values[0] = 0.3F;
     bind();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(0), 1.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidMasterOnOff), 1.0F);
 }
 
 TEST_F(Binding, ANaNForTheMasterSwitchArrivesAs1) {
     unit.values[0] = std::nanf("");
     bind();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(0), 1.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidMasterOnOff), 1.0F);
 }
 
 TEST_F(Binding, NaNForAnyParameterArrivesAsANumberOfItsRange) {
@@ -64,34 +64,34 @@ TEST_F(Binding, NaNForAnyParameterArrivesAsANumberOfItsRange) {
 }
 
 TEST_F(Binding, AFrequencyAboveOneKilohertzKeepsItsFineStep) {
-    const QVMParameter& parameter = *QVMConfig::inlinedConfig()->parameterForPid(3);
+    const QVMParameter& parameter = *QVMConfig::inlinedConfig()->parameterForPid(pidTiltRangeHigh);
     unit.values[3] = parameter.reverseCastValue(1234.56F);
     bind();
-    EXPECT_NEAR(ui().getMemoizedPValueDirectly(3), 1234.6F, 0.01F);
+    EXPECT_NEAR(ui().getMemoizedPValueDirectly(pidTiltRangeHigh), 1234.6F, 0.01F);
 }
 
 TEST_F(Binding, TheRangeLinkSwitchesAreClampedUpToTheirRange) {
     unit.values[4] = 1;
     unit.values[11] = 0;
     bind();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 10.0F);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(11), 4.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLink), 10.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidFilterRangeLink), 4.0F);
 }
 
 TEST_F(Binding, ValuesBeyondTheRangeAreClamped) {
     unit.values[1] = -500;
     unit.values[7] = 1e30F;
     bind();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), -18.0F);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(7), 12.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), -18.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidOutputGain), 12.0F);
 }
 
 TEST_F(Binding, AFailedReadStillGivesAValueAndBindingContinues) {
     unit.parameterErrors[1] = kAudioUnitErr_InvalidParameter;
     unit.values[7] = -6;
     bind();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 0.0F);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(7), -6.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), 0.0F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidOutputGain), -6.0F);
     EXPECT_EQ(takeTags(), Lines{"get"});
 }
 
@@ -154,7 +154,7 @@ TEST_F(Binding, ValuesThatWaitForTheListenerDoNotReachADeadView) {
 
 TEST_F(Binding, DelayedWorkOfTheEditorDiesWithTheView) {
     bind();
-    ui().notifyParameterUpdatedTo(1, 3);
+    ui().notifyParameterUpdatedTo(pidTiltGain, 3);
     view.reset();
     takeCalls();
     time.advance(5);
@@ -170,8 +170,8 @@ TEST_F(Binding, RebindingLetsTheFirstUnitGoAndReadsTheSecond) {
     view->setAU(&second);
     EXPECT_EQ(takeCalls(), Lines{"set property 64012"});
     EXPECT_EQ(view->subviews().size(), 1U);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), -4.0F);
-    ui().notifyParameterUpdatedTo(1, 5);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), -4.0F);
+    ui().notifyParameterUpdatedTo(pidTiltGain, 5);
     EXPECT_EQ(second.values[1], 5.0F);
     EXPECT_TRUE(takeCalls().empty()) << "nothing more for the first unit";
     EXPECT_TRUE(logged.empty());

@@ -17,7 +17,7 @@ TEST_F(QVM0015_CocoaView2Closing, ClosingTakesTheObjectFromTheUnit) {
     editor.reset();
     EXPECT_EQ(unitsVizRef(), nullptr);
     EXPECT_FALSE(ticks.isStarted());
-    automate(1, 3);
+    automate(pidTiltGain, 3);
     std::vector<float> silence(64);
     float* channels[] = {silence.data(), silence.data()};
     real.process(channels, channels, 64);
@@ -25,14 +25,14 @@ TEST_F(QVM0015_CocoaView2Closing, ClosingTakesTheObjectFromTheUnit) {
 
 TEST_F(QVM0015_CocoaView2Closing, TheNextEditorShowsWhatHappenedMeanwhile) {
     editor.reset();
-    automate(1, 3);
+    automate(pidTiltGain, 3);
     editor = std::make_unique<OpenEditor>(&real);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 3);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), 3);
     settle();
-    EXPECT_EQ(editor->object().parameterStates()[1].displayValue, 3);
-    automate(1, 4);
+    EXPECT_EQ(editor->object().parameterStates()[pidTiltGain].displayValue, 3);
+    automate(pidTiltGain, 4);
     frame();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 4);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), 4);
 }
 
 TEST_F(QVM0015_CocoaView2Closing, AnEditorThatClosesBeforeItsSketchCameLeavesNothing) {
@@ -62,12 +62,12 @@ TEST_F(QVM0015_CocoaView2Closing, TwoEditorsOnOneUnitCloseInAnyOrder) {
             playFrames(30, 0.5F, 0.5F);
             OpenEditor& left = firstGoesFirst ? *other : *editor;
             EXPECT_EQ(unitsVizRef(), &left.object().sharedState);
-            automate(1, 6);
+            automate(pidTiltGain, 6);
             showFrames(10);
-            EXPECT_EQ(left.ui().getMemoizedPValueDirectly(1), 6);
+            EXPECT_EQ(left.ui().getMemoizedPValueDirectly(pidTiltGain), 6);
             EXPECT_NEAR(left.object().levelMeter()->channel(0).display, -6.02F, 0.1F);
             EXPECT_EQ(shares[firstGoesFirst ? 0 : 1]->refCount, 0U) << "no layer of the closed one is left";
-            automate(1, 0);
+            automate(pidTiltGain, 0);
             other.reset();
             editor.reset();
             EXPECT_EQ(unitsVizRef(), nullptr);
@@ -95,7 +95,7 @@ TEST_F(QVM0015_CocoaView2Closing, TwentyEditorsOpenAndCloseInAnyOrder) {
     for (const std::size_t i : order) {
         AudioUnitSetParameter(units[i].get(), 1, 0, 0, 5, 0);
         frame();
-        EXPECT_EQ(open[i]->ui().getMemoizedPValueDirectly(1), 5);
+        EXPECT_EQ(open[i]->ui().getMemoizedPValueDirectly(pidTiltGain), 5);
         open[i].reset();
         AudioUnitSetParameter(units[i].get(), 1, 0, 0, 6, 0);
     }

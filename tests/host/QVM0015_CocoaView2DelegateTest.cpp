@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(AsDelegate, AnUpdateIsStoredAtOnceAndTheHostIsTold) {
-    delegate().interfaceUpdatedParameterKeyedValue(1, 4.5F);
+    delegate().interfaceUpdatedParameterKeyedValue(pidTiltGain, 4.5F);
     EXPECT_EQ(unit.values[1], 4.5F);
     EXPECT_EQ(unit.lastBufferOffset, 0U);
     EXPECT_EQ(heard, Lines{"value 1"});
@@ -40,7 +40,7 @@ TEST_F(AsDelegate, AnUpdateIsStoredAtOnceAndTheHostIsTold) {
 }
 
 TEST_F(AsDelegate, TheEditorsValuesReachTheUnitInTheHostDomain) {
-    ui().notifyParameterUpdatedTo(2, 489.9F);
+    ui().notifyParameterUpdatedTo(pidTiltRangeLow, 489.9F);
     EXPECT_NEAR(unit.values[2], 12005.0F, 1.0F);
 }
 
@@ -61,8 +61,8 @@ TEST_F(AsDelegate, ADiscreteInteractionIsBeginValueEnd) {
 
 TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
     delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), 7, nullptr);
-    delegate().interfaceUpdatedParameterKeyedValue(7, -1);
-    delegate().interfaceUpdatedParameterKeyedValue(7, -2);
+    delegate().interfaceUpdatedParameterKeyedValue(pidOutputGain, -1);
+    delegate().interfaceUpdatedParameterKeyedValue(pidOutputGain, -2);
     delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 7);
     EXPECT_EQ(heard, (Lines{"begin 7", "value 7", "value 7", "value 7", "end 7"}));
     EXPECT_EQ(unit.values[7], -2.0F);
@@ -72,7 +72,7 @@ TEST_F(AsDelegate, AWholeGestureReachesTheHostInOrder) {
 TEST_F(AsDelegate, ItsOwnListenerIsNotToldOfItsChangesButOfThoseOfOthers) {
     time.advance(5); // nothing is left to do
     ASSERT_EQ(RunLoop::main().nextDue(), std::nullopt);
-    delegate().interfaceUpdatedParameterKeyedValue(1, 4.5F);
+    delegate().interfaceUpdatedParameterKeyedValue(pidTiltGain, 4.5F);
     EXPECT_EQ(RunLoop::main().nextDue(), std::nullopt);
     for (std::uint32_t pid = 0; pid < 24; ++pid) {
         const AudioUnitParameter each{&unit, pid};
@@ -91,12 +91,12 @@ TEST_F(AsDelegate, AutomationIsNotEchoed) {
     auto* vizRef = unit.property<SharedState*>(64011);
     ASSERT_NE(vizRef, nullptr);
     frame();
-    AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, -7, 0);
+    AudioUnitSetParameter(&unit, pidTiltGain, kAudioUnitScope_Global, 0, -7, 0);
     vizRef->glide.parameterStates[1].value = -7; // as a unit that draws does
     takeCalls();
     frame();
     time.advance(2);
-    EXPECT_EQ(editor.getMemoizedPValueDirectly(1), -7.0F);
+    EXPECT_EQ(editor.getMemoizedPValueDirectly(pidTiltGain), -7.0F);
     EXPECT_EQ(takeCalls(), Lines{"get property 64011"});
     EXPECT_TRUE(heard.empty());
 }

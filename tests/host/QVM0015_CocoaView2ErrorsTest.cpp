@@ -88,7 +88,7 @@ TEST_F(Errors, RequestsWithoutATagFailInSilence) {
 TEST_F(Errors, AFailedSetAndAFailedNotificationAreLogged) {
     bind();
     unit.parameterErrors[1] = kAudioUnitErr_InvalidParameter;
-    delegate().interfaceUpdatedParameterKeyedValue(1, 3);
+    delegate().interfaceUpdatedParameterKeyedValue(pidTiltGain, 3);
     EXPECT_EQ(takeTags(), Lines{"native ui set"});
     delegate().interfaceEndedInteractionWithParameterKeyed(ui(), 1);
     EXPECT_EQ(takeTags(), (Lines{"notify", "notify"}));

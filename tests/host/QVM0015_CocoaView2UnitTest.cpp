@@ -44,9 +44,9 @@ TEST_F(OnTheRealUnit, EveryRequestSucceeds) {
 }
 
 TEST_F(OnTheRealUnit, AValueOfTheEditorIsStoredAndComesBackAsItself) {
-    ui().notifyParameterUpdatedTo(3, 12345.6F);
+    ui().notifyParameterUpdatedTo(pidTiltRangeHigh, 12345.6F);
     view = make();
-    EXPECT_NEAR(ui().getMemoizedPValueDirectly(3), 12345.6F, 0.11F);
+    EXPECT_NEAR(ui().getMemoizedPValueDirectly(pidTiltRangeHigh), 12345.6F, 0.11F);
 }
 
 TEST_F(OnTheRealUnit, AReopenedEditorFindsWhatItLeft) {
@@ -72,7 +72,7 @@ TEST_F(OnTheRealUnit, APresetThatIsAskedForAtOnceLeavesWhatTheUnitHeldOnTheOther
     ASSERT_NE(held(), before);
     ui().presetBar()->ab().tap();
     EXPECT_EQ(held(), before);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 0);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLink), 0);
 }
 
 TEST_F(OnTheRealUnit, ASavedStateCarriesTheEditorsSettingsToAnotherUnit) {
@@ -117,7 +117,7 @@ TEST_F(RestoredUnder, TheSlotsPresetAndLayoutAreTakenOverAtOnce) {
     EXPECT_EQ(shownPreset(), "Sub Love");
     EXPECT_EQ(view->frame(), (Rect{0, 0, 680, 320}));
     ui().presetBar()->ab().tap();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(2), 3);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLow), 3);
 }
 
 TEST_F(RestoredUnder, ANameOfNoPresetIsShownAsSuch) {
@@ -130,22 +130,22 @@ TEST_F(RestoredUnder, ANameOfNoPresetIsShownAsSuch) {
 }
 
 TEST_F(RestoredUnder, WhereNothingWasSavedBothSlotsHaveTheRestoredValues) {
-    ui().notifyParameterUpdatedTo(1, 6);
+    ui().notifyParameterUpdatedTo(pidTiltGain, 6);
     ui().presetBar()->ab().tap();
     ASSERT_EQ(ui().abState(), 1U);
-    EXPECT_EQ(AudioUnitSetParameter(&other, 1, 0, 0, -3, 0), noErr);
-    const float frequency = GetParameter(2)->reverseCastValue(500);
-    EXPECT_EQ(AudioUnitSetParameter(&other, 2, 0, 0, frequency, 0), noErr);
+    EXPECT_EQ(AudioUnitSetParameter(&other, pidTiltGain, 0, 0, -3, 0), noErr);
+    const float frequency = GetParameter(pidTiltRangeLow)->reverseCastValue(500);
+    EXPECT_EQ(AudioUnitSetParameter(&other, pidTiltRangeLow, 0, 0, frequency, 0), noErr);
     restore();
     EXPECT_EQ(ui().abState(), 0U);
     ui().presetBar()->ab().tap();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), -3);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(2), 500);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 0) << "as the unit holds it, below its range";
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), -3);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLow), 500);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLink), 0) << "as the unit holds it, below its range";
 }
 
 TEST_F(RestoredUnder, NothingIsSentToTheUnit) {
-    EXPECT_EQ(AudioUnitSetParameter(&other, 1, 0, 0, -3, 0), noErr);
+    EXPECT_EQ(AudioUnitSetParameter(&other, pidTiltGain, 0, 0, -3, 0), noErr);
     restore();
     time.advance(2);
     EXPECT_EQ(real.saveState(), other.saveState());

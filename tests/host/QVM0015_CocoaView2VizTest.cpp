@@ -20,23 +20,23 @@ TEST_F(QVM0015_CocoaView2Viz, TheUnitHasWhatTheEditorsDrawingObjectShares) {
 }
 
 TEST_F(QVM0015_CocoaView2Viz, AutomationMovesHandleAndCurveWithNoAudio) {
-    const double before = editor->slider(1).handleValue();
-    automate(1, 9);
+    const double before = editor->slider(pidTiltGain).handleValue();
+    automate(pidTiltGain, 9);
     frame();
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(1), 9);
-    EXPECT_GT(editor->slider(1).handleValue(), before);
-    EXPECT_GT(editor->object().parameterStates()[1].displayValue, 0);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltGain), 9);
+    EXPECT_GT(editor->slider(pidTiltGain).handleValue(), before);
+    EXPECT_GT(editor->object().parameterStates()[pidTiltGain].displayValue, 0);
     for (int i = 0; i < 7; ++i)
         frame();
-    EXPECT_EQ(editor->object().parameterStates()[1].displayValue, 9);
+    EXPECT_EQ(editor->object().parameterStates()[pidTiltGain].displayValue, 9);
 }
 
 TEST_F(QVM0015_CocoaView2Viz, TheEditorsOwnChangeMovesTheCurve) {
-    ui().notifyParameterUpdatedTo(2, 489.9F);
+    ui().notifyParameterUpdatedTo(pidTiltRangeLow, 489.9F);
     for (int i = 0; i < 8; ++i)
         frame();
-    EXPECT_EQ(editor->object().parameterStates()[2].displayValue, 489.9F);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(2), 489.9F);
+    EXPECT_EQ(editor->object().parameterStates()[pidTiltRangeLow].displayValue, 489.9F);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLow), 489.9F);
 }
 
 TEST_F(QVM0015_CocoaView2Viz, TheMeterMovesWithRealAudio) {
@@ -95,8 +95,8 @@ TEST_F(QVM0015_CocoaView2Viz, ChoosingAnyPresetLeavesTheSettingsEqualToIt) {
 // have changed settings.
 TEST_F(QVM0015_CocoaView2Viz, TheRangeLinksAreTheUnitsAndLeaveThePresetsNameClean) {
     editor = std::make_unique<OpenEditor>(&real);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(4), 10);
-    EXPECT_EQ(ui().getMemoizedPValueDirectly(11), 4);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidTiltRangeLink), 10);
+    EXPECT_EQ(ui().getMemoizedPValueDirectly(pidFilterRangeLink), 4);
     for (int i = 0; i < 120; ++i) {
         time.advance(1.0 / 60);
         frame();
@@ -126,7 +126,7 @@ TEST_F(QVM0015_CocoaView2Viz, TheRangeLinksAreTheUnitsAndLeaveThePresetsNameClea
 TEST_F(QVM0015_CocoaView2Viz, OneDragOfAFrequencyMakesOneUndoStep) {
     const auto& stack = ui().keyboard().undoRedoStack().stack();
     const std::size_t before = stack.size();
-    QVMFloatControl& low = editor->slider(2);
+    QVMFloatControl& low = editor->slider(pidTiltRangeLow);
     for (int i = 0; i < 40; ++i) {
         low.setFloatValue(100 + 7.3F * static_cast<float>(i));
         low.reportInterfaceInitiatedValueChange();

@@ -30,7 +30,7 @@ TEST_F(Factory, ANullUnitGivesAViewThatWorksAndSaysSo) {
     auto made = QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(nullptr, {});
     EXPECT_EQ(made->frame(), (Rect{0, 0, 480, 320}));
     EXPECT_EQ(made->valueForParameterID(1), 0.0F);
-    made->ui().notifyParameterUpdatedTo(1, 3);
+    made->ui().notifyParameterUpdatedTo(pidTiltGain, 3);
     EXPECT_EQ(takeTags().back(), "native ui set");
     made.reset();
     EXPECT_FALSE(logged.empty());
@@ -40,7 +40,7 @@ TEST_F(Factory, TwoViewsOfOneUnitLiveAndDieApart) {
     bind();
     auto second = QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&unit, {});
     view.reset();
-    second->ui().notifyParameterUpdatedTo(1, 3);
+    second->ui().notifyParameterUpdatedTo(pidTiltGain, 3);
     EXPECT_EQ(unit.values[1], 3.0F);
     time.advance(1);
     EXPECT_TRUE(takeTags().empty());

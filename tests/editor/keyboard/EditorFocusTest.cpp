@@ -13,84 +13,84 @@ using testing::IsEmpty;
 class EditorFocusTest : public FocusFixture {};
 
 TEST_F(EditorFocusTest, OneControlHasItAndKnows) {
-    focus_.bring(&control(1));
-    EXPECT_TRUE(control(1).focused());
-    focus_.bring(&control(7));
-    EXPECT_FALSE(control(1).focused());
-    EXPECT_TRUE(control(7).focused());
-    EXPECT_EQ(focus_.focused(), &control(7));
+    focus_.bring(&control(pidTiltGain));
+    EXPECT_TRUE(control(pidTiltGain).focused());
+    focus_.bring(&control(pidOutputGain));
+    EXPECT_FALSE(control(pidTiltGain).focused());
+    EXPECT_TRUE(control(pidOutputGain).focused());
+    EXPECT_EQ(focus_.focused(), &control(pidOutputGain));
     EXPECT_THAT(told_, ElementsAre("will move", "did move 1", "will move", "did move 7"));
 }
 
 TEST_F(EditorFocusTest, WhatHasItAlreadyIsNoMove) {
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     told_.clear();
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     EXPECT_THAT(told_, ElementsAre("did move 1"));
 }
 
 TEST_F(EditorFocusTest, AControlOfTheMasterClumpNeverTakesIt) {
-    focus_.bring(&control(1));
-    focus_.bring(&control(0));
-    EXPECT_EQ(focus_.focused(), &control(1));
+    focus_.bring(&control(pidTiltGain));
+    focus_.bring(&control(pidMasterOnOff));
+    EXPECT_EQ(focus_.focused(), &control(pidTiltGain));
 }
 
 TEST_F(EditorFocusTest, WhatIsHiddenTakesItAwayFromAll) {
-    focus_.bring(&control(1));
-    control(7).setHidden(true);
-    EXPECT_FALSE(focus_.canBeShown(control(7)));
-    focus_.bring(&control(7));
+    focus_.bring(&control(pidTiltGain));
+    control(pidOutputGain).setHidden(true);
+    EXPECT_FALSE(focus_.canBeShown(control(pidOutputGain)));
+    focus_.bring(&control(pidOutputGain));
     EXPECT_EQ(focus_.focused(), nullptr);
 }
 
 TEST_F(EditorFocusTest, TheClosedDrawerHidesNothingForTheFocusThatOpensIt) {
-    EXPECT_TRUE(focus_.canBeShown(control(14)));
-    EXPECT_TRUE(focus_.isInClosedDrawer(control(14).parameter()));
-    EXPECT_FALSE(focus_.isInClosedDrawer(control(1).parameter()));
+    EXPECT_TRUE(focus_.canBeShown(control(pidFilterSlopeLow)));
+    EXPECT_TRUE(focus_.isInClosedDrawer(control(pidFilterSlopeLow).parameter()));
+    EXPECT_FALSE(focus_.isInClosedDrawer(control(pidTiltGain).parameter()));
     EXPECT_FALSE(focus_.isInClosedDrawer(nullptr));
-    focus_.bring(&control(14));
+    focus_.bring(&control(pidFilterSlopeLow));
     told_.clear();
     focus_.reveal();
     EXPECT_THAT(told_, ElementsAre("open drawer"));
     drawerIsOpen_ = true;
     focus_.reveal();
     EXPECT_THAT(told_, ElementsAre("open drawer"));
-    EXPECT_FALSE(focus_.canBeShown(control(14))) << "it is hidden though it counts as open";
+    EXPECT_FALSE(focus_.canBeShown(control(pidFilterSlopeLow))) << "it is hidden though it counts as open";
 }
 
 TEST_F(EditorFocusTest, ItIsDroppedWhereTheLayoutHasTakenTheControlAway) {
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     focus_.dropIfHidden();
-    EXPECT_EQ(focus_.focused(), &control(1));
-    control(1).setHidden(true);
+    EXPECT_EQ(focus_.focused(), &control(pidTiltGain));
+    control(pidTiltGain).setHidden(true);
     focus_.dropIfHidden();
     EXPECT_EQ(focus_.focused(), nullptr);
-    focus_.bring(&control(14));
+    focus_.bring(&control(pidFilterSlopeLow));
     focus_.dropIfHidden();
     EXPECT_EQ(focus_.focused(), nullptr) << "in the drawer that is closed";
 }
 
 TEST_F(EditorFocusTest, ItComesBackWithTheWindow) {
     focus_.setHasFocus(true);
-    focus_.bring(&control(7));
+    focus_.bring(&control(pidOutputGain));
     focus_.setHasFocus(false);
     EXPECT_EQ(focus_.focused(), nullptr);
     focus_.setHasFocus(false);
     focus_.setHasFocus(true);
-    EXPECT_EQ(focus_.focused(), &control(7));
+    EXPECT_EQ(focus_.focused(), &control(pidOutputGain));
     EXPECT_TRUE(focus_.hasFocus());
 }
 
 TEST_F(EditorFocusTest, WhatWasClickedMeanwhileKeepsIt) {
-    focus_.bring(&control(7));
+    focus_.bring(&control(pidOutputGain));
     focus_.setHasFocus(false);
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     focus_.setHasFocus(true);
-    EXPECT_EQ(focus_.focused(), &control(1));
+    EXPECT_EQ(focus_.focused(), &control(pidTiltGain));
 }
 
 TEST_F(EditorFocusTest, ItDoesNotComeBackIntoAClosedDrawer) {
-    focus_.bring(&control(14));
+    focus_.bring(&control(pidFilterSlopeLow));
     focus_.setHasFocus(false);
     focus_.setHasFocus(true);
     EXPECT_EQ(focus_.focused(), nullptr);
@@ -102,7 +102,7 @@ TEST_F(EditorFocusTest, TheWalkGoesRoundOverWhatCanBeUsed) {
     for (std::size_t i = 0; i < 8 && at; ++i, at = focus_.adjacent(at, 1))
         forwards.push_back(at->parameter()->pid);
     EXPECT_THAT(forwards, ElementsAre(1u, 2u, 7u, 14u, 1u, 2u, 7u, 14u));
-    at = &control(1);
+    at = &control(pidTiltGain);
     for (std::size_t i = 0; i < 4 && at; ++i) {
         at = focus_.adjacent(at, -1);
         backwards.push_back(at->parameter()->pid);
@@ -111,16 +111,16 @@ TEST_F(EditorFocusTest, TheWalkGoesRoundOverWhatCanBeUsed) {
 }
 
 TEST_F(EditorFocusTest, TheWalkPassesWhatIsDisabledOrHidden) {
-    control(2).primaryControl()->setPreventInteraction(true);
-    control(14).setHidden(true);
-    EXPECT_EQ(focus_.adjacent(&control(1), 1), &control(7));
-    control(7).primaryControl()->setPreventInteraction(true);
-    EXPECT_EQ(focus_.adjacent(&control(1), 1), nullptr) << "round to where it began";
+    control(pidTiltRangeLow).primaryControl()->setPreventInteraction(true);
+    control(pidFilterSlopeLow).setHidden(true);
+    EXPECT_EQ(focus_.adjacent(&control(pidTiltGain), 1), &control(pidOutputGain));
+    control(pidOutputGain).primaryControl()->setPreventInteraction(true);
+    EXPECT_EQ(focus_.adjacent(&control(pidTiltGain), 1), nullptr) << "round to where it began";
 }
 
 TEST_F(EditorFocusTest, ThereIsNoWalkWhileProcessingIsOff) {
-    values().setDirectly(0, 0);
-    EXPECT_EQ(focus_.adjacent(&control(1), 1), nullptr);
+    values().setDirectly(pidMasterOnOff, 0);
+    EXPECT_EQ(focus_.adjacent(&control(pidTiltGain), 1), nullptr);
     EXPECT_EQ(focus_.adjacent(nullptr, 1), nullptr);
 }
 

@@ -27,24 +27,24 @@ protected:
 };
 
 TEST_F(KeysWithoutEditor, WhatIsTypedIsShownAndReturnGivesItToTheControl) {
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     EXPECT_TRUE(key(U'3'));
     EXPECT_EQ(handler_.numberBuffer(), "3");
     EXPECT_TRUE(key(0, Key::codeReturn));
-    EXPECT_EQ(control(1).floatValue(), 3);
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 3);
     EXPECT_EQ(handler_.numberBuffer(), "");
 }
 
 TEST_F(KeysWithoutEditor, TabSendsWhatWasTypedAndMovesOn) {
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     key(U'4');
     EXPECT_TRUE(key(0, Key::codeTab));
-    EXPECT_EQ(control(1).floatValue(), 4);
-    EXPECT_EQ(focus_.focused(), &control(2));
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 4);
+    EXPECT_EQ(focus_.focused(), &control(pidTiltRangeLow));
 }
 
 TEST_F(KeysWithoutEditor, EscapeLeavesTheControlAndThenTheDrawers) {
-    focus_.bring(&control(1));
+    focus_.bring(&control(pidTiltGain));
     EXPECT_TRUE(key(0, Key::codeEscape));
     EXPECT_EQ(focus_.focused(), nullptr);
     told_.clear();
@@ -66,20 +66,20 @@ TEST_F(KeysWithoutEditor, WhatButtonsAndMenusAskForIsPassedOn) {
 }
 
 TEST_F(KeysWithoutEditor, PowerIsTheMasterSwitch) {
-    ASSERT_EQ(control(0).floatValue(), 1);
+    ASSERT_EQ(control(pidMasterOnOff).floatValue(), 1);
     EXPECT_TRUE(handler_.keyboardShortcutTogglePower());
-    EXPECT_EQ(control(0).floatValue(), 0);
+    EXPECT_EQ(control(pidMasterOnOff).floatValue(), 0);
 }
 
 TEST_F(KeysWithoutEditor, UndoIsTheHistorysAndAlwaysConsumed) {
     open();
     EXPECT_TRUE(handler_.keyboardShortcutUndo());
-    set(1, 5);
+    set(pidTiltGain, 5);
     time_.advance(1);
     EXPECT_TRUE(handler_.keyboardShortcutUndo());
-    EXPECT_EQ(values().memoized(1), GetParameter(1)->initialValue);
+    EXPECT_EQ(values().memoized(pidTiltGain), GetParameter(pidTiltGain)->initialValue);
     EXPECT_TRUE(handler_.keyboardShortcutRedo());
-    EXPECT_EQ(values().memoized(1), 5);
+    EXPECT_EQ(values().memoized(pidTiltGain), 5);
     EXPECT_TRUE(handler_.applyUndoRedoStackValues(std::nullopt));
     EXPECT_EQ(&handler_.undoRedoStack(), &session_.history().stack());
 }

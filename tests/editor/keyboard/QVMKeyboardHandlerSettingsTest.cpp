@@ -35,10 +35,10 @@ protected:
     }
     // Puts some controls off their initial values, and lets that be a step of its own.
     void makeAMess() {
-        set(1, 4.5f);
-        set(7, -12);
-        set(13, 1);
-        set(14, 24);
+        set(pidTiltGain, 4.5f);
+        set(pidOutputGain, -12);
+        set(pidFilterListenLow, 1);
+        set(pidFilterSlopeLow, 24);
         time_.advance(1);
         delegate_.calls.clear();
     }
@@ -58,19 +58,19 @@ TEST_F(QVMKeyboardHandlerSettings, OnlyWhatIsNotInitialIsWrittenInTheOrderOfTheC
 }
 
 TEST_F(QVMKeyboardHandlerSettings, AllInitialAndProcessingOffIsTheBaseWithNothingBehindIt) {
-    hostSets(0, 0);
+    hostSets(pidMasterOnOff, 0);
     EXPECT_EQ(address(), base + "/?");
     EXPECT_TRUE(keyboard().applyURLEncodedPreset(address()));
-    EXPECT_EQ(memoized(0), 1); // the switch is reset, as it is never written
+    EXPECT_EQ(memoized(pidMasterOnOff), 1); // the switch is reset, as it is never written
 }
 
 TEST_F(QVMKeyboardHandlerSettings, AnXKeepsAParameterWhileTheRestReturns) {
     makeAMess();
     EXPECT_TRUE(apply("tg:x/out:3"));
-    EXPECT_EQ(memoized(1), 4.5f);
-    EXPECT_EQ(memoized(7), 3);
-    EXPECT_EQ(memoized(13), 0);
-    EXPECT_EQ(memoized(14), 12);
+    EXPECT_EQ(memoized(pidTiltGain), 4.5f);
+    EXPECT_EQ(memoized(pidOutputGain), 3);
+    EXPECT_EQ(memoized(pidFilterListenLow), 0);
+    EXPECT_EQ(memoized(pidFilterSlopeLow), 12);
 }
 
 TEST_F(QVMKeyboardHandlerSettings, TheOlderQueryIsReadExactlyLikeTheCurrentOne) {
@@ -92,28 +92,28 @@ TEST_F(QVMKeyboardHandlerSettings, AValueKeyedByTheFullNameIsResetFirstAndThenSe
 }
 
 TEST_F(QVMKeyboardHandlerSettings, AParameterWithoutAMinimalNameIsWrittenAndReadByItsFullOne) {
-    const std::string minimalName = std::exchange(GetParameter(1)->minimalName, "");
-    set(1, 6);
+    const std::string minimalName = std::exchange(GetParameter(pidTiltGain)->minimalName, "");
+    set(pidTiltGain, 6);
     EXPECT_EQ(address(), base + "/?TiltGain:6");
     delegate_.sent.clear();
     EXPECT_TRUE(keyboard().applyURLEncodedPreset(address()));
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     EXPECT_EQ(std::count_if(delegate_.sent.begin(), delegate_.sent.end(), [](const auto& s) { return s.pid == 1; }), 2);
-    GetParameter(1)->minimalName = minimalName;
+    GetParameter(pidTiltGain)->minimalName = minimalName;
 }
 
 TEST_F(QVMKeyboardHandlerSettings, TheProductInThePathMayBeAnother) {
     EXPECT_TRUE(keyboard().applyURLEncodedPreset("https://other.example/echo/1.0/?tg:6"));
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
 }
 
 TEST_F(QVMKeyboardHandlerSettings, ValuesOutOfRangeAreItsEndsAndUnknownKeysChangeNothing) {
     const std::vector<float> before = memoized();
     EXPECT_TRUE(apply("tg:999/trl:-5/loudness:2/out:-3e38/tal:9/p:4"));
-    EXPECT_EQ(memoized(1), 18);
-    EXPECT_EQ(memoized(2), 10);
-    EXPECT_EQ(memoized(7), -96);
-    EXPECT_EQ(memoized(6), 3);
+    EXPECT_EQ(memoized(pidTiltGain), 18);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 10);
+    EXPECT_EQ(memoized(pidOutputGain), -96);
+    EXPECT_EQ(memoized(pidTiltLoudnessMode), 3);
     EXPECT_EQ(ui_->currentPreset(), 0u);
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         if (pid == 1 || pid == 2 || pid == 6 || pid == 7) continue;
@@ -130,13 +130,13 @@ TEST_F(QVMKeyboardHandlerSettings, SwitchesAndModesAreSentWhatStandsThereAndTheU
             if (each.pid == pid) value = each.hostValue;
         return value;
     };
-    EXPECT_EQ(lastSent(13), 0.3f);
-    EXPECT_EQ(lastSent(20), 0);
-    EXPECT_EQ(lastSent(6), 2.7f);
+    EXPECT_EQ(lastSent(pidFilterListenLow), 0.3f);
+    EXPECT_EQ(lastSent(pidFilterListenHigh), 0);
+    EXPECT_EQ(lastSent(pidTiltLoudnessMode), 2.7f);
     frame();
-    EXPECT_EQ(memoized(13), 1);
-    EXPECT_EQ(memoized(20), 0);
-    EXPECT_EQ(memoized(6), 2);
+    EXPECT_EQ(memoized(pidFilterListenLow), 1);
+    EXPECT_EQ(memoized(pidFilterListenHigh), 0);
+    EXPECT_EQ(memoized(pidTiltLoudnessMode), 2);
 }
 
 TEST_F(QVMKeyboardHandlerSettings, AnAddressWithoutSettingsReturnsEverythingToItsInitialValue) {
@@ -148,8 +148,8 @@ TEST_F(QVMKeyboardHandlerSettings, AnAddressWithoutSettingsReturnsEverythingToIt
 
 TEST_F(QVMKeyboardHandlerSettings, ThePowerSwitchMayBeNamed) {
     EXPECT_TRUE(apply("power:0/tg:3"));
-    EXPECT_EQ(memoized(0), 0);
-    EXPECT_EQ(memoized(1), 3);
+    EXPECT_EQ(memoized(pidMasterOnOff), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 3);
 }
 
 TEST_F(QVMKeyboardHandlerSettings, APasteIsOneUndoStep) {

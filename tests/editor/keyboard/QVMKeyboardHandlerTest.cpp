@@ -13,7 +13,7 @@ TEST_F(QVMKeyboardHandlerTest, WithoutFocusNoKeyIsHandled) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, AMinusIsAcceptedOnlyAsTheFirstCharacter) {
-    focus(1);
+    focus(pidTiltGain);
     EXPECT_TRUE(key(U'-'));
     EXPECT_FALSE(key(U'-'));
     EXPECT_TRUE(key(U'3'));
@@ -22,7 +22,7 @@ TEST_F(QVMKeyboardHandlerTest, AMinusIsAcceptedOnlyAsTheFirstCharacter) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, NothingFollowsTheThousands) {
-    focus(2);
+    focus(pidTiltRangeLow);
     type("12k5");
     EXPECT_EQ(buffer(), "12k");
     type(".");
@@ -30,7 +30,7 @@ TEST_F(QVMKeyboardHandlerTest, NothingFollowsTheThousands) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, PointAndCommaMayEachOccurOnce) {
-    focus(1);
+    focus(pidTiltGain);
     type("1.2.");
     EXPECT_EQ(buffer(), "1.2");
     type(",3,");
@@ -38,7 +38,7 @@ TEST_F(QVMKeyboardHandlerTest, PointAndCommaMayEachOccurOnce) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, DeleteTakesTheLastCharacter) {
-    focus(1);
+    focus(pidTiltGain);
     type("12");
     EXPECT_TRUE(key(0, Key::codeDelete));
     EXPECT_EQ(buffer(), "1");
@@ -47,60 +47,60 @@ TEST_F(QVMKeyboardHandlerTest, DeleteTakesTheLastCharacter) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, ReturnAppliesWhatWasTyped) {
-    focus(2);
+    focus(pidTiltRangeLow);
     type("1.5k");
     EXPECT_TRUE(key(0, Key::codeReturn));
-    EXPECT_EQ(memoized(2), 1500);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 1500);
     EXPECT_EQ(buffer(), "");
     EXPECT_FALSE(key(0, Key::codeEnter)); // nothing typed
 }
 
 TEST_F(QVMKeyboardHandlerTest, ReturnOnASwitchTogglesItAndKeepsTheBuffer) {
-    focus(13);
+    focus(pidFilterListenLow);
     type("12");
     EXPECT_TRUE(key(0, Key::codeReturn));
-    EXPECT_EQ(memoized(13), 1);
+    EXPECT_EQ(memoized(pidFilterListenLow), 1);
     EXPECT_EQ(buffer(), "12");
 }
 
 TEST_F(QVMKeyboardHandlerTest, AnInteractionEmptiesTheBuffer) {
-    focus(1);
+    focus(pidTiltGain);
     type("12");
-    QVMFloatControl* inner = control(7).primaryControl();
+    QVMFloatControl* inner = control(pidOutputGain).primaryControl();
     inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, QVMInteractionBegan, nullptr);
     EXPECT_EQ(buffer(), "");
 }
 
 TEST_F(QVMKeyboardHandlerTest, EscapeRemovesFocusAndForgetsWhatWasTyped) {
-    focus(1);
+    focus(pidTiltGain);
     type("12");
     EXPECT_TRUE(key(0, Key::codeEscape));
     EXPECT_EQ(ui_->focusedControl(), nullptr);
     EXPECT_EQ(buffer(), "");
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMKeyboardHandlerTest, ArrowsStepTheFocusedControlByGranularity) {
-    focus(1);
+    focus(pidTiltGain);
     EXPECT_TRUE(arrow(Key::up));
-    EXPECT_FLOAT_EQ(memoized(1), 0.5f);
+    EXPECT_FLOAT_EQ(memoized(pidTiltGain), 0.5f);
     EXPECT_TRUE(arrow(Key::left));
-    EXPECT_FLOAT_EQ(memoized(1), 0);
+    EXPECT_FLOAT_EQ(memoized(pidTiltGain), 0);
     arrow(Key::right, EventModifier::command);
-    EXPECT_FLOAT_EQ(memoized(1), 0.1f);
+    EXPECT_FLOAT_EQ(memoized(pidTiltGain), 0.1f);
     arrow(Key::down, EventModifier::command);
     arrow(Key::right, EventModifier::shift);
-    EXPECT_FLOAT_EQ(memoized(1), 1.5f);
+    EXPECT_FLOAT_EQ(memoized(pidTiltGain), 1.5f);
 }
 
 TEST_F(QVMKeyboardHandlerTest, ShiftWinsOverCommandForArrows) {
-    focus(1);
+    focus(pidTiltGain);
     arrow(Key::right, EventModifier::shift | EventModifier::command);
-    EXPECT_FLOAT_EQ(memoized(1), 1.5f);
+    EXPECT_FLOAT_EQ(memoized(pidTiltGain), 1.5f);
 }
 
 TEST_F(QVMKeyboardHandlerTest, OneArrowIsOneDiscreteGesture) {
-    focus(1);
+    focus(pidTiltGain);
     arrow(Key::up);
     EXPECT_THAT(delegate_.calls, testing::ElementsAre("updated 1", "discrete 1"));
 }
@@ -111,12 +111,12 @@ TEST_F(QVMKeyboardHandlerTest, ArrowsWithoutFocusDoNothing) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, OtherKeypadKeysAreNoEquivalents) {
-    focus(1);
+    focus(pidTiltGain);
     EXPECT_FALSE(arrow(U'5'));
 }
 
 TEST_F(QVMKeyboardHandlerTest, NoCommandShortcutIsBound) {
-    focus(1);
+    focus(pidTiltGain);
     for (char32_t c = U'a'; c <= U'z'; ++c)
         EXPECT_FALSE(ui_->keyboard().handlePerformKeyEquivalent(keyEvent(c, 0, EventModifier::command)));
     EXPECT_FALSE(key(U'k', 0, EventModifier::command)); // and none is typed
@@ -124,26 +124,26 @@ TEST_F(QVMKeyboardHandlerTest, NoCommandShortcutIsBound) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, LettersAreTheHosts) {
-    focus(1);
+    focus(pidTiltGain);
     EXPECT_FALSE(key(U'j'));
     EXPECT_FALSE(key(U' ', Key::codeSpace));
 }
 
 TEST_F(QVMKeyboardHandlerTest, KeysReachTheHandlerThroughTheWindow) {
     window_.makeFirstResponder(ui_);
-    focus(1);
+    focus(pidTiltGain);
     window_.sendEvent(keyEvent(U'6'));
     EXPECT_EQ(buffer(), "6");
     window_.sendEvent(keyEvent(Key::up, 126, EventModifier::numericPad));
-    EXPECT_FLOAT_EQ(memoized(1), 0.5f);
+    EXPECT_FLOAT_EQ(memoized(pidTiltGain), 0.5f);
 }
 
 TEST_F(QVMKeyboardHandlerTest, EveryFocusMoveEmptiesTheBuffer) {
-    focus(1);
+    focus(pidTiltGain);
     type("12");
-    focus(1);
+    focus(pidTiltGain);
     EXPECT_EQ(buffer(), "12"); // it did not move
-    focus(7);
+    focus(pidOutputGain);
     EXPECT_EQ(buffer(), "");
     type("3");
     ui_->bringParameterControlIntoFocus(nullptr);
@@ -160,18 +160,18 @@ TEST_F(QVMKeyboardHandlerTest, WithoutFocusAllOtherKeysAreTheHosts) {
 
 TEST_F(QVMKeyboardHandlerTest, KeysAreWantedWhileAControlHasTheFocus) {
     EXPECT_FALSE(window_.wantsKeys());
-    focus(1);
+    focus(pidTiltGain);
     EXPECT_TRUE(window_.wantsKeys());
     key(0, Key::codeEscape);
     EXPECT_FALSE(window_.wantsKeys());
 }
 
 TEST_F(QVMKeyboardHandlerTest, InitialValuesAreOneCallAway) {
-    userSets(1, 6);
-    userSets(7, -12);
+    userSets(pidTiltGain, 6);
+    userSets(pidOutputGain, -12);
     EXPECT_TRUE(ui_->keyboard().keyboardShortcutRefreshInitialParameterValues());
-    EXPECT_EQ(memoized(1), 0);
-    EXPECT_EQ(memoized(7), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
+    EXPECT_EQ(memoized(pidOutputGain), 0);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TheLayoutsAreOneCallAway) {
@@ -193,7 +193,7 @@ TEST_F(QVMKeyboardHandlerTest, WhatTheProductDoesNotHaveChangesNothing) {
 
 TEST_F(QVMKeyboardHandlerTest, PowerAndThemeAreOneCallAway) {
     EXPECT_TRUE(ui_->keyboard().keyboardShortcutTogglePower());
-    EXPECT_EQ(memoized(0), 0);
+    EXPECT_EQ(memoized(pidMasterOnOff), 0);
     ui_->keyboard().keyboardShortcutToggleTheme();
     EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());
 }

@@ -5,7 +5,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 TEST_F(QVMKeyboardHandlerTest, TabWalksTheTabOrderOverWhatHasNoControl) {
-    focus(1);
+    focus(pidTiltGain);
     for (const std::uint32_t expected : {2u, 3u, 6u, 7u, 9u, 10u, 13u, 20u, 14u, 15u, 21u, 22u, 23u, 1u}) {
         EXPECT_TRUE(tab());
         ASSERT_EQ(focusedPid(), expected);
@@ -13,71 +13,71 @@ TEST_F(QVMKeyboardHandlerTest, TabWalksTheTabOrderOverWhatHasNoControl) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabbingIntoTheClosedAdvancedDrawerOpensIt) {
-    focus(13);
+    focus(pidFilterListenLow);
     tab();
     EXPECT_EQ(ui_->altFrame(), 0);
     tab();
-    EXPECT_EQ(focusedPid(), 14u);
+    EXPECT_EQ(focusedPid(), pidFilterSlopeLow);
     EXPECT_EQ(ui_->altFrame(), 1);
 }
 
 TEST_F(QVMKeyboardHandlerTest, ShiftTabAndTheGraveKeyWalkBackwards) {
-    focus(1);
+    focus(pidTiltGain);
     tab(EventModifier::shift);
-    EXPECT_EQ(focusedPid(), 23u);
+    EXPECT_EQ(focusedPid(), pidHQMode);
     key(U'`', Key::codeGrave);
-    EXPECT_EQ(focusedPid(), 22u);
+    EXPECT_EQ(focusedPid(), pidFilterResonanceHigh);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabAppliesWhatWasTyped) {
-    focus(1);
+    focus(pidTiltGain);
     type("4.5");
     tab();
-    EXPECT_EQ(memoized(1), 4.5f);
-    EXPECT_EQ(focusedPid(), 2u);
+    EXPECT_EQ(memoized(pidTiltGain), 4.5f);
+    EXPECT_EQ(focusedPid(), pidTiltRangeLow);
     EXPECT_EQ(buffer(), "");
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabPassesDisabledControls) {
-    focus(1);
-    control(2).primaryControl()->setPreventInteraction(true);
+    focus(pidTiltGain);
+    control(pidTiltRangeLow).primaryControl()->setPreventInteraction(true);
     tab();
-    EXPECT_EQ(focusedPid(), 3u);
+    EXPECT_EQ(focusedPid(), pidTiltRangeHigh);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabPassesHiddenControls) {
-    focus(1);
-    control(2).setHidden(true);
+    focus(pidTiltGain);
+    control(pidTiltRangeLow).setHidden(true);
     tab();
-    EXPECT_EQ(ui_->focusedControl(), &control(3));
+    EXPECT_EQ(ui_->focusedControl(), &control(pidTiltRangeHigh));
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabWithAllOthersDisabledRemovesFocus) {
-    focus(1);
+    focus(pidTiltGain);
     for (QVMParameterControl* other : ui_->parameterControls())
-        if (other != &control(1)) other->primaryControl()->setPreventInteraction(true);
+        if (other != &control(pidTiltGain)) other->primaryControl()->setPreventInteraction(true);
     tab();
     EXPECT_EQ(ui_->focusedControl(), nullptr);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabWithProcessingOffRemovesFocus) {
-    hostSets(0, 0);
-    focus(1);
+    hostSets(pidMasterOnOff, 0);
+    focus(pidTiltGain);
     tab();
     EXPECT_EQ(ui_->focusedControl(), nullptr);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabFromNowhereBeginsAtTheFirst) {
-    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(nullptr, 1), &control(1));
+    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(nullptr, 1), &control(pidTiltGain));
 }
 
 TEST_F(QVMKeyboardHandlerTest, TheWalkEndsForAControlThatIsNotInTheOrder) {
-    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(&control(0), 1), nullptr);
+    EXPECT_EQ(ui_->keyboard().adjacentParameterControlDirection(&control(pidMasterOnOff), 1), nullptr);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TheWholeOrderIsWalkedAndBack) {
     std::vector<std::uint32_t> forwards, backwards;
-    focus(1);
+    focus(pidTiltGain);
     do {
         forwards.push_back(focusedPid());
         tab();
@@ -92,11 +92,11 @@ TEST_F(QVMKeyboardHandlerTest, TheWholeOrderIsWalkedAndBack) {
 
 TEST_F(QVMKeyboardHandlerTest, TabInAnEditorWithoutFocusBeginsTheWalk) {
     EXPECT_TRUE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
-    EXPECT_EQ(focusedPid(), 1u);
+    EXPECT_EQ(focusedPid(), pidTiltGain);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabInAnEditorThatIsOffIsTheHosts) {
-    hostSets(0, 0);
+    hostSets(pidMasterOnOff, 0);
     EXPECT_FALSE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
 }
 

@@ -19,35 +19,35 @@ protected:
 };
 
 TEST_F(ABComparisonTest, EachSideKeepsItsValuesAndItsPreset) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     session_.presets().setCurrent(8);
     comparison().flip(Copy::no);
     EXPECT_EQ(comparison().active(), 1u);
-    EXPECT_EQ(values().memoized(1), GetParameter(1)->initialValue);
+    EXPECT_EQ(values().memoized(pidTiltGain), GetParameter(pidTiltGain)->initialValue);
     EXPECT_EQ(session_.presets().current(), 0u);
     comparison().flip(Copy::no);
     EXPECT_EQ(comparison().active(), 0u);
-    EXPECT_EQ(values().memoized(1), 3);
+    EXPECT_EQ(values().memoized(pidTiltGain), 3);
     EXPECT_EQ(session_.presets().current(), 8u);
 }
 
 TEST_F(ABComparisonTest, OnlyWhatDiffersIsSent) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     surface_.calls.clear();
     comparison().flip(Copy::no);
     EXPECT_THAT(surface_.calls, ElementsAre("side 1", "send 1", "changed 1", "preset Default 0"));
 }
 
 TEST_F(ABComparisonTest, ACopyTakesTheValuesAlongAndTheSignGlides) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     surface_.calls.clear();
     comparison().flip(Copy::yes);
     EXPECT_THAT(surface_.calls, ElementsAre("side 1 glides", "preset Default 0"));
-    EXPECT_EQ(values().memoized(1), 3);
+    EXPECT_EQ(values().memoized(pidTiltGain), 3);
 }
 
 TEST_F(ABComparisonTest, TheSideThatWasLeftIsHandedOutAsItWas) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     const auto left = comparison().flip(Copy::no);
     EXPECT_EQ(left.side, 0u);
     EXPECT_TRUE(left.settings.starts_with("1;3;")) << left.settings;
@@ -55,22 +55,22 @@ TEST_F(ABComparisonTest, TheSideThatWasLeftIsHandedOutAsItWas) {
 }
 
 TEST_F(ABComparisonTest, WhatWasHandedOutComesBackOnTheSideThatIsNotActive) {
-    set(1, 3.25f);
+    set(pidTiltGain, 3.25f);
     const auto left = comparison().flip(Copy::no);
     comparison().reset(values().memoized());
     ASSERT_TRUE(comparison().restore(left.side, left.settings));
     EXPECT_EQ(comparison().active(), 1u);
-    EXPECT_EQ(values().memoized(1), GetParameter(1)->initialValue) << "nothing is applied";
+    EXPECT_EQ(values().memoized(pidTiltGain), GetParameter(pidTiltGain)->initialValue) << "nothing is applied";
     comparison().flip(Copy::no);
-    EXPECT_EQ(values().memoized(1), 3.25f);
+    EXPECT_EQ(values().memoized(pidTiltGain), 3.25f);
 }
 
 TEST_F(ABComparisonTest, WhatIsNoNumberIsZeroAndWhatIsMissingStays) {
     ASSERT_TRUE(comparison().restore(0, "x;"));
     comparison().flip(Copy::no);
-    EXPECT_EQ(values().memoized(0), 0);
-    EXPECT_EQ(values().memoized(1), 0);
-    EXPECT_EQ(values().memoized(2), GetParameter(2)->initialValue);
+    EXPECT_EQ(values().memoized(pidMasterOnOff), 0);
+    EXPECT_EQ(values().memoized(pidTiltGain), 0);
+    EXPECT_EQ(values().memoized(pidTiltRangeLow), GetParameter(pidTiltRangeLow)->initialValue);
 }
 
 TEST_F(ABComparisonTest, WhatIsNoSideIsIgnored) {
@@ -82,19 +82,19 @@ TEST_F(ABComparisonTest, WhatIsNoSideIsIgnored) {
 }
 
 TEST_F(ABComparisonTest, AnotherActiveSideCopiesAndSendsNothing) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     surface_.calls.clear();
     comparison().setActive(1);
     EXPECT_THAT(surface_.calls, ElementsAre("side 1"));
-    EXPECT_EQ(values().memoized(1), 3);
+    EXPECT_EQ(values().memoized(pidTiltGain), 3);
 }
 
 TEST_F(ABComparisonTest, AReplacedValueIsAnotherOnBothSides) {
-    comparison().replaceValue(1, GetParameter(1)->initialValue, 6);
+    comparison().replaceValue(1, GetParameter(pidTiltGain)->initialValue, 6);
     comparison().replaceValue(2, -1, 7); // nowhere
     comparison().flip(Copy::no);
-    EXPECT_EQ(values().memoized(1), 6);
-    EXPECT_EQ(values().memoized(2), GetParameter(2)->initialValue);
+    EXPECT_EQ(values().memoized(pidTiltGain), 6);
+    EXPECT_EQ(values().memoized(pidTiltRangeLow), GetParameter(pidTiltRangeLow)->initialValue);
 }
 
 } // namespace

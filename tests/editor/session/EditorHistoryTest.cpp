@@ -18,9 +18,9 @@ protected:
 
 TEST_F(EditorHistoryTest, ASnapshotFollowsHalfASecondAfterTheLastChange) {
     ASSERT_EQ(steps(), 1u);
-    set(1, 3);
+    set(pidTiltGain, 3);
     time_.advance(0.4);
-    set(1, 4);
+    set(pidTiltGain, 4);
     time_.advance(0.4);
     EXPECT_EQ(steps(), 1u);
     time_.advance(0.2);
@@ -30,7 +30,7 @@ TEST_F(EditorHistoryTest, ASnapshotFollowsHalfASecondAfterTheLastChange) {
 
 TEST_F(EditorHistoryTest, NoneIsTakenWhileAGestureIsUnderWay) {
     surface_.gesture = true;
-    set(1, 3);
+    set(pidTiltGain, 3);
     time_.advance(5);
     EXPECT_EQ(steps(), 1u);
     surface_.gesture = false;
@@ -39,22 +39,22 @@ TEST_F(EditorHistoryTest, NoneIsTakenWhileAGestureIsUnderWay) {
 }
 
 TEST_F(EditorHistoryTest, UndoAndRedoSendWhatWasThere) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     time_.advance(1);
     history().undo();
-    EXPECT_EQ(values().memoized(1), GetParameter(1)->initialValue);
-    EXPECT_EQ(surface_.unit[1], GetParameter(1)->initialValue);
+    EXPECT_EQ(values().memoized(pidTiltGain), GetParameter(pidTiltGain)->initialValue);
+    EXPECT_EQ(surface_.unit[pidTiltGain], GetParameter(pidTiltGain)->initialValue);
     history().redo();
-    EXPECT_EQ(values().memoized(1), 3);
+    EXPECT_EQ(values().memoized(pidTiltGain), 3);
 }
 
 TEST_F(EditorHistoryTest, PuttingASnapshotInPlaceIsNoStepAndCancelsOneThatIsDue) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     time_.advance(1);
-    set(1, 5); // its snapshot is due
+    set(pidTiltGain, 5); // its snapshot is due
     history().undo();
     frame();
-    values().setDirectly(7, -3); // a snapshot would be another state
+    values().setDirectly(pidOutputGain, -3); // a snapshot would be another state
     time_.advance(2);
     EXPECT_EQ(steps(), 2u);
     EXPECT_EQ(history().stack().insertionPoint(), 1);
@@ -62,7 +62,7 @@ TEST_F(EditorHistoryTest, PuttingASnapshotInPlaceIsNoStepAndCancelsOneThatIsDue)
 }
 
 TEST_F(EditorHistoryTest, TheSurfaceHearsOfEveryStepAndOfEveryAttempt) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     surface_.calls.clear();
     time_.advance(1);
     EXPECT_THAT(surface_.calls, ElementsAre("history"));
@@ -90,7 +90,7 @@ TEST_F(EditorHistoryTest, ANameAloneIsNoStepAndIsTheOneToComeBackTo) {
     session_.presets().setCurrent(5);
     time_.advance(1);
     EXPECT_EQ(steps(), 1u);
-    set(1, 3);
+    set(pidTiltGain, 3);
     time_.advance(1);
     session_.presets().setCurrent(6);
     history().undo();

@@ -74,14 +74,14 @@ TEST_F(PresetSessionTest, WhatIsNoNumberLeavesItsParameter) {
 }
 
 TEST_F(PresetSessionTest, TheComparisonShowsHalfASecondAfterTheLastChange) {
-    set(1, 3);
+    set(pidTiltGain, 3);
     time_.advance(0.4);
-    set(1, 4);
+    set(pidTiltGain, 4);
     time_.advance(0.4);
     EXPECT_THAT(surface_.dirty, IsEmpty());
     time_.advance(0.2);
     EXPECT_THAT(surface_.dirty, ElementsAre(true));
-    set(1, GetParameter(1)->initialValue);
+    set(pidTiltGain, GetParameter(pidTiltGain)->initialValue);
     time_.advance(0.6);
     EXPECT_THAT(surface_.dirty, ElementsAre(true, false));
 }
@@ -97,7 +97,7 @@ TEST(PresetSession, BeforeTheUnitHasSpokenNothingIsCompared) {
     const auto config = QVMConfig::inlinedConfig();
     RecordingSurface surface;
     EditorSession session(*config, surface);
-    session.values().memoize(1, 5);
+    session.values().memoize(pidTiltGain, 5);
     session.presets().scheduleDirtyCheck();
     time.advance(1);
     EXPECT_THAT(surface.dirty, IsEmpty());

@@ -34,18 +34,18 @@ TEST_F(SettingsClipboardTest, WhatTheControlsShowIsWrittenButForThePowerSwitch) 
 }
 
 TEST_F(SettingsClipboardTest, WhatIsNotNamedReturnsToItsInitialValue) {
-    set(1, 4.5f);
-    set(7, -12);
+    set(pidTiltGain, 4.5f);
+    set(pidOutputGain, -12);
     desktop_.clipboard = base + "/?tg:2";
     EXPECT_TRUE(settings().paste());
-    EXPECT_EQ(values().memoized(1), 2);
-    EXPECT_EQ(values().memoized(7), GetParameter(7)->initialValue);
+    EXPECT_EQ(values().memoized(pidTiltGain), 2);
+    EXPECT_EQ(values().memoized(pidOutputGain), GetParameter(pidOutputGain)->initialValue);
 }
 
 TEST_F(SettingsClipboardTest, AnXLeavesItsParameter) {
-    set(7, -12);
+    set(pidOutputGain, -12);
     EXPECT_TRUE(settings().apply(base + "/?tg:2/out:x"));
-    EXPECT_EQ(values().memoized(7), -12);
+    EXPECT_EQ(values().memoized(pidOutputGain), -12);
 }
 
 TEST_F(SettingsClipboardTest, WhatCannotBeReadChangesNothingAndSaysWhy) {

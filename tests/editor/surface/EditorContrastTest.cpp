@@ -103,8 +103,8 @@ protected:
     }
     // Nothing dimmed: filters on.
     void turnEverythingOn() {
-        hostSets(9, GetParameter(9)->reverseCastValue(80));
-        hostSets(10, GetParameter(10)->reverseCastValue(9000));
+        hostSets(pidFilterRangeLow, GetParameter(pidFilterRangeLow)->reverseCastValue(80));
+        hostSets(pidFilterRangeHigh, GetParameter(pidFilterRangeHigh)->reverseCastValue(9000));
         time_.advance(1);
     }
     std::vector<LegibilityCheck::Finding> findings() {

@@ -64,14 +64,14 @@ TEST_F(EditorPartsTest, EveryClumpIsFoundByName) {
 TEST_F(EditorPartsTest, WhatALayoutHasNoRoomForIsHidden) {
     build();
     EXPECT_TRUE(parts_.advClumpsView()->isHidden()) << "until its layout is assumed";
-    parts_.assumeLayout(QVMAltFrameDoubleWide, controls_.withPid(0));
+    parts_.assumeLayout(QVMAltFrameDoubleWide, controls_.withPid(pidMasterOnOff));
     EXPECT_FALSE(parts_.advClumpsView()->isHidden());
     EXPECT_EQ(parts_.advClumpsView()->frame(), (Rect{480, 0, 200, 320}));
-    parts_.assumeLayout(QVMAltFrameCompact, controls_.withPid(0));
+    parts_.assumeLayout(QVMAltFrameCompact, controls_.withPid(pidMasterOnOff));
     EXPECT_EQ(root_.frame(), (Rect{0, 0, 200, 200}));
     EXPECT_TRUE(parts_.presetBar()->isHidden());
     EXPECT_TRUE(parts_.clumpsView()->isHidden());
-    EXPECT_TRUE(controls_.withPid(0)->isHidden());
+    EXPECT_TRUE(controls_.withPid(pidMasterOnOff)->isHidden());
     EXPECT_EQ(parts_.powerBox()->frame(), (Rect{0, 0, 200, 200}));
     EXPECT_EQ(parts_.frameButton()->destination(), FrameButton::Destination::wholeEditor);
 }

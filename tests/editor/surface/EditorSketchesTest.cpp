@@ -29,7 +29,7 @@ protected:
     }
     StatesAre states_ = StatesAre::drawnOnly;
     void sketchDidChangeVisibility(QVMParameterSketch&) override { sketches_.visibilityDidChange(*parts_.powerBox()); }
-    std::string meterText() { return controls_.withPid(7)->toolTip(); }
+    std::string meterText() { return controls_.withPid(pidOutputGain)->toolTip(); }
 
     NoReports delegate_;
     ParameterControls controls_{delegate_, values()};
@@ -42,7 +42,7 @@ TEST_F(EditorSketchesTest, BeforeThereAreAnyNothingHappens) {
     EXPECT_EQ(sketches_.main(), nullptr);
     EXPECT_FALSE(sketches_.areHidden());
     sketches_.toggleVisibility();
-    sketches_.setFocusedPid(1);
+    sketches_.setFocusedPid(pidTiltGain);
     sketches_.scaleDidChange();
     sketches_.describeMeters();
     sketches_.assumeLayout(EditorLayoutForAltFrame(QVMAltFrameNormal));
@@ -59,19 +59,19 @@ TEST_F(EditorSketchesTest, TheCurveStandsInTheBoxAndFollowsTheLayout) {
 }
 
 TEST_F(EditorSketchesTest, TheFirstPictureIsOfWhatTheControlsShow) {
-    values().setDirectly(1, 4.5f);
+    values().setDirectly(pidTiltGain, 4.5f);
     add();
     PBGLSketchAbstract& vizRef = *sketches_.main()->getVizRef();
-    EXPECT_EQ(vizRef.parameterStates()[1].value, 4.5f);
-    EXPECT_EQ(vizRef.interpValues()[1], 4.5f);
-    EXPECT_EQ(vizRef.interpTargets()[1], 4.5f);
+    EXPECT_EQ(vizRef.parameterStates()[pidTiltGain].value, 4.5f);
+    EXPECT_EQ(vizRef.interpValues()[pidTiltGain], 4.5f);
+    EXPECT_EQ(vizRef.interpTargets()[pidTiltGain], 4.5f);
 }
 
 TEST_F(EditorSketchesTest, AMetersModeIsToldWithItsSlider) {
     add();
-    const QVMParameter& mode = *GetParameter(8);
-    EXPECT_THAT(meterText(), HasSubstr(mode.name + ": " + mode.stringForValue(values().memoized(8))));
-    values().setDirectly(8, mode.minValue + 1);
+    const QVMParameter& mode = *GetParameter(pidMeterMode);
+    EXPECT_THAT(meterText(), HasSubstr(mode.name + ": " + mode.stringForValue(values().memoized(pidMeterMode))));
+    values().setDirectly(pidMeterMode, mode.minValue + 1);
     sketches_.describeMeters();
     EXPECT_THAT(meterText(), HasSubstr(mode.name + ": " + mode.stringForValue(mode.minValue + 1)));
 }

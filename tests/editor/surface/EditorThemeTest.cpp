@@ -87,13 +87,13 @@ protected:
 
     // Every part there is, made once: the drawers are open, the filters on.
     void openEverything() {
-        hostSets(9, GetParameter(9)->reverseCastValue(80));
-        hostSets(10, GetParameter(10)->reverseCastValue(9000));
+        hostSets(pidFilterRangeLow, GetParameter(pidFilterRangeLow)->reverseCastValue(80));
+        hostSets(pidFilterRangeHigh, GetParameter(pidFilterRangeHigh)->reverseCastValue(9000));
         ui_->gearTapped();
         ui_->presetDrawer()->toggleVisibility();
         ui_->presetDrawer()->outline().select(presetWithNote);
         frames(1.5);
-        control(1).setFocused(true);
+        control(pidTiltGain).setFocused(true);
     }
     // An editor that is opened while the present theme is in force.
     std::vector<DrawnColor> openedNow() {

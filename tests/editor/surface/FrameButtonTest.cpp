@@ -55,7 +55,7 @@ TEST_F(FrameButtonTest, ADoubleClickOnTheCurveTogglesTheForm) {
 TEST_F(FrameButtonTest, ADoubleClickOnAButtonIsTheButtonsTwice) {
     doubleClick(middleOf(*ui_->powerBox()->gear()));
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal); // there and back
-    doubleClick(middleOf(control(0)));
+    doubleClick(middleOf(control(pidMasterOnOff)));
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal);
 }
 

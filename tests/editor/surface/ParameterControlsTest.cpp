@@ -31,24 +31,24 @@ protected:
 };
 
 TEST_F(ParameterControlsTest, WhatIsHiddenOrHasNoPlaceHasNone) {
-    EXPECT_EQ(controls_.withPid(4), nullptr) << "no place";
-    EXPECT_EQ(controls_.withPid(8), nullptr) << "hidden";
+    EXPECT_EQ(controls_.withPid(pidTiltRangeLink), nullptr) << "no place";
+    EXPECT_EQ(controls_.withPid(pidMeterMode), nullptr) << "hidden";
     EXPECT_EQ(controls_.withPid(99), nullptr);
     EXPECT_EQ(controls_.withCodename("NoSuchThing"), nullptr);
-    EXPECT_EQ(controls_.withCodename("TiltGain"), &control(1));
+    EXPECT_EQ(controls_.withCodename("TiltGain"), &control(pidTiltGain));
 }
 
 TEST_F(ParameterControlsTest, ADisplacedOneStandsAroundItsClump) {
-    EXPECT_EQ(control(13).superview(), &root_);
-    EXPECT_NE(control(1).superview(), &root_);
-    EXPECT_EQ(control(1).superview(), control(1).clumpView());
+    EXPECT_EQ(control(pidFilterListenLow).superview(), &root_);
+    EXPECT_NE(control(pidTiltGain).superview(), &root_);
+    EXPECT_EQ(control(pidTiltGain).superview(), control(pidTiltGain).clumpView());
 }
 
 TEST_F(ParameterControlsTest, WhatTheUserMovesIsToldAndShown) {
-    control(1).primaryControl()->setFloatValue(3);
-    control(1).primaryControl()->reportInterfaceInitiatedValueChange();
+    control(pidTiltGain).primaryControl()->setFloatValue(3);
+    control(pidTiltGain).primaryControl()->reportInterfaceInitiatedValueChange();
     EXPECT_THAT(surface_.calls, ElementsAre("send 1", "changed 1"));
-    EXPECT_EQ(values().memoized(1), 3);
+    EXPECT_EQ(values().memoized(pidTiltGain), 3);
     const auto shown = controls_.shownValues();
     ASSERT_EQ(shown.size(), controls_.all().size());
     for (const ShownValue& each : shown)
@@ -65,17 +65,17 @@ TEST_F(ParameterControlsTest, EachShowsWhatTheValuesSay) {
 }
 
 TEST_F(ParameterControlsTest, TheEndsOfARangeShareABand) {
-    ASSERT_NE(control(2).range(), nullptr);
-    EXPECT_EQ(control(2).range(), control(3).range());
-    EXPECT_EQ(control(1).range(), nullptr);
+    ASSERT_NE(control(pidTiltRangeLow).range(), nullptr);
+    EXPECT_EQ(control(pidTiltRangeLow).range(), control(pidTiltRangeHigh).range());
+    EXPECT_EQ(control(pidTiltGain).range(), nullptr);
 }
 
 TEST_F(ParameterControlsTest, AViewInsideAControlLeadsToIt) {
-    EXPECT_EQ(controls_.around(control(1).primaryControl()), &control(1));
+    EXPECT_EQ(controls_.around(control(pidTiltGain).primaryControl()), &control(pidTiltGain));
     EXPECT_EQ(controls_.around(&root_), nullptr);
     EXPECT_EQ(controls_.around(nullptr), nullptr);
-    EXPECT_TRUE(controls_.contains(&control(1)));
-    EXPECT_FALSE(controls_.contains(control(2).range()));
+    EXPECT_TRUE(controls_.contains(&control(pidTiltGain)));
+    EXPECT_FALSE(controls_.contains(control(pidTiltRangeLow).range()));
 }
 
 TEST_F(ParameterControlsTest, EffectsReachTheControlsThatTheyName) {
@@ -84,33 +84,33 @@ TEST_F(ParameterControlsTest, EffectsReachTheControlsThatTheyName) {
     effects.dimmed = {"OutputGain"};
     effects.prevented = {{"TiltRangeLow", true}, {"NoSuchThing", true}};
     effects.hidden = {{"TiltGain", true}};
-    controls_.apply(effects, control(6), {});
-    EXPECT_EQ(control(7).dimHolds().at(control(6).parameter()->codesafeName), 10u);
-    EXPECT_FALSE(control(1).isDimmed());
-    EXPECT_TRUE(control(2).primaryControl()->isDisabled());
-    EXPECT_TRUE(control(2).range()->primaryControl()->isDisabled()) << "its band too";
-    EXPECT_TRUE(control(1).isHidden());
+    controls_.apply(effects, control(pidTiltLoudnessMode), {});
+    EXPECT_EQ(control(pidOutputGain).dimHolds().at(control(pidTiltLoudnessMode).parameter()->codesafeName), 10u);
+    EXPECT_FALSE(control(pidTiltGain).isDimmed());
+    EXPECT_TRUE(control(pidTiltRangeLow).primaryControl()->isDisabled());
+    EXPECT_TRUE(control(pidTiltRangeLow).range()->primaryControl()->isDisabled()) << "its band too";
+    EXPECT_TRUE(control(pidTiltGain).isHidden());
     effects.dimmed.clear();
     effects.hidden = {{"TiltGain", false}};
-    controls_.apply(effects, control(6), {});
-    EXPECT_FALSE(control(7).isDimmed());
-    EXPECT_FALSE(control(1).isHidden());
+    controls_.apply(effects, control(pidTiltLoudnessMode), {});
+    EXPECT_FALSE(control(pidOutputGain).isDimmed());
+    EXPECT_FALSE(control(pidTiltGain).isHidden());
 }
 
 TEST_F(ParameterControlsTest, AScopeReachesTheViewsOfItsArea) {
-    auto* const clumpView = dynamic_cast<QVMClumpView*>(control(1).clumpView());
+    auto* const clumpView = dynamic_cast<QVMClumpView*>(control(pidTiltGain).clumpView());
     SideEffects effects;
     effects.scope = SideEffects::Scope::editor;
     effects.dimsScope = true;
-    controls_.apply(effects, control(0), {nullptr, &root_});
+    controls_.apply(effects, control(pidMasterOnOff), {nullptr, &root_});
     EXPECT_TRUE(clumpView->dimmed());
-    EXPECT_EQ(control(13).dimHolds().at("Clump"), 0u) << "displaced";
+    EXPECT_EQ(control(pidFilterListenLow).dimHolds().at("Clump"), 0u) << "displaced";
     effects.dimsScope = false;
-    controls_.apply(effects, control(0), {&root_});
+    controls_.apply(effects, control(pidMasterOnOff), {&root_});
     EXPECT_FALSE(clumpView->dimmed());
     effects.scope = SideEffects::Scope::clump;
     effects.dimsScope = true;
-    controls_.apply(effects, control(1), {});
+    controls_.apply(effects, control(pidTiltGain), {});
     EXPECT_TRUE(clumpView->dimmed());
 }
 
@@ -134,11 +134,11 @@ TEST_F(ParameterControlsTest, ARuleHoldsForItsChannelsOnly) {
     rule.immutable = 2.0f;
     const ScopedRules rules(1, rule);
     controls_.applyChannelLayoutRules(*config_, {2, 2});
-    EXPECT_FALSE(control(1).isDimmed());
+    EXPECT_FALSE(control(pidTiltGain).isDimmed());
     controls_.applyChannelLayoutRules(*config_, {1, 1});
-    EXPECT_EQ(control(1).dimHolds().at("Absolute"), 1000u);
-    EXPECT_TRUE(control(1).primaryControl()->isDisabled());
-    EXPECT_EQ(control(1).immutableFloatValue(), 2.0f);
+    EXPECT_EQ(control(pidTiltGain).dimHolds().at("Absolute"), 1000u);
+    EXPECT_TRUE(control(pidTiltGain).primaryControl()->isDisabled());
+    EXPECT_EQ(control(pidTiltGain).immutableFloatValue(), 2.0f);
 }
 
 } // namespace

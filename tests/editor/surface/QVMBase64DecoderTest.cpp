@@ -19,13 +19,13 @@ TEST(QVMImageFromBase64String, GivesTheDescriptionsPictures) {
     ASSERT_TRUE(logo);
     EXPECT_EQ(logo->width, 120);
     EXPECT_EQ(logo->height, 120);
-    EXPECT_EQ(QVMImageFromBase64String(GetMetadata()->logo), logo); // decoded once
-    EXPECT_TRUE(QVMImageFromBase64String(GetParameter(14)->label)); // with the prefix
+    EXPECT_EQ(QVMImageFromBase64String(GetMetadata()->logo), logo);                // decoded once
+    EXPECT_TRUE(QVMImageFromBase64String(GetParameter(pidFilterSlopeLow)->label)); // with the prefix
 }
 
 TEST(QVMImageFromBase64String, TheSizeIsKnownWithoutThePicture) {
     EXPECT_EQ(QVMImageSizeFromBase64String(GetMetadata()->logo), (Size{120, 120}));
-    EXPECT_TRUE(QVMImageSizeFromBase64String(GetParameter(14)->label)); // with the prefix
+    EXPECT_TRUE(QVMImageSizeFromBase64String(GetParameter(pidFilterSlopeLow)->label)); // with the prefix
     EXPECT_FALSE(QVMImageSizeFromBase64String("base64,Zm9v"));
     EXPECT_FALSE(QVMImageSizeFromBase64String(""));
 }

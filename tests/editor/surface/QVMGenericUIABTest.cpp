@@ -41,16 +41,16 @@ protected:
 };
 
 TEST_F(QVMGenericUIAB, TheTwoSidesKeepTheirOwnSettings) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     tap(ab().b());
     EXPECT_EQ(ui_->abState(), 1u);
-    EXPECT_EQ(memoized(1), 0); // B still has the initial values
-    change(1, -3);
+    EXPECT_EQ(memoized(pidTiltGain), 0); // B still has the initial values
+    change(pidTiltGain, -3);
     tap(ab().a());
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     EXPECT_EQ(delegate_.unit[1], 6);
     tap(ab().b());
-    EXPECT_EQ(memoized(1), -3);
+    EXPECT_EQ(memoized(pidTiltGain), -3);
 }
 
 TEST_F(QVMGenericUIAB, TappingTheLetterOfTheActiveSideSwitchesAllTheSame) {
@@ -62,15 +62,15 @@ TEST_F(QVMGenericUIAB, TappingTheLetterOfTheActiveSideSwitchesAllTheSame) {
 }
 
 TEST_F(QVMGenericUIAB, TheArrowCopiesToTheOtherSideAndGoesThere) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     delegate_.sent.clear();
     click(middleOf(ab().arrow()));
     EXPECT_EQ(ui_->abState(), 1u);
     EXPECT_TRUE(ab().indicator()->isAnimating("position"));
     EXPECT_THAT(delegate_.sent, IsEmpty()); // both sides are the same now
-    change(1, -3);
+    change(pidTiltGain, -3);
     tap(ab().a());
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
 }
 
 TEST_F(QVMGenericUIAB, TheArrowTakesThePresetAlong) {
@@ -112,7 +112,7 @@ TEST_F(QVMGenericUIAB, ALetterMovesTheIndicatorAtOnce) {
 
 TEST_F(QVMGenericUIAB, TheSideThatIsLeftIsHandedOutForSaving) {
     ui_->requestPresetNamed("Air");
-    change(1, 6.1f);
+    change(pidTiltGain, 6.1f);
     tap(ab().b());
     EXPECT_THAT(delegate_.calls, Contains("save slot 0"));
     const std::vector<float> saved = numbersIn(delegate_.savedSlot);
@@ -143,37 +143,37 @@ TEST_F(QVMGenericUIAB, TakesTheKeyboardFocusAndCanBeFlippedFromThere) {
     EXPECT_EQ(ui_->abState(), 0u);
     EXPECT_TRUE(key(0, Key::codeReturn));
     EXPECT_EQ(ui_->abState(), 1u);
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     EXPECT_FALSE(ab().focused());
 }
 
 TEST_F(QVMGenericUIAB, UndoAcrossASwitchRestoresTheIndicatorAndTheValuesWithoutCopying) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     tap(ab().b());
-    change(1, -3);
+    change(pidTiltGain, -3);
     ui_->keyboard().keyboardShortcutUndo(); // to B as it was entered
     EXPECT_EQ(ui_->abState(), 1u);
     ui_->keyboard().keyboardShortcutUndo(); // to A
     settle();
     EXPECT_EQ(ui_->abState(), 0u);
     EXPECT_EQ(ab().position(), 0u);
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     ui_->keyboard().keyboardShortcutRedo();
     ui_->keyboard().keyboardShortcutRedo();
     settle();
     EXPECT_EQ(ab().position(), 1u);
-    EXPECT_EQ(memoized(1), -3);
+    EXPECT_EQ(memoized(pidTiltGain), -3);
 }
 
 TEST_F(QVMGenericUIAB, ASavedSlotComesBackAndTheOtherSideIsActive) {
     ui_->restoreABStateSettings(0, "1;6.5;30");
     EXPECT_EQ(ui_->abState(), 1u);
     EXPECT_EQ(ab().position(), 1u);
-    EXPECT_EQ(memoized(1), 0); // nothing is applied
+    EXPECT_EQ(memoized(pidTiltGain), 0); // nothing is applied
     EXPECT_THAT(delegate_.calls, IsEmpty());
     tap(ab().a());
-    EXPECT_EQ(memoized(1), 6.5f);
-    EXPECT_EQ(memoized(2), 30);
+    EXPECT_EQ(memoized(pidTiltGain), 6.5f);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 30);
 }
 
 TEST_F(QVMGenericUIAB, StateTwoMeansThatNothingWasSaved) {
@@ -181,13 +181,13 @@ TEST_F(QVMGenericUIAB, StateTwoMeansThatNothingWasSaved) {
     ui_->restoreABStateSettings(77, "1;6.5");
     EXPECT_EQ(ui_->abState(), 0u);
     tap(ab().b());
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMGenericUIAB, WhatIsNoNumberInASavedSlotCountsAsZero) {
     ui_->restoreABStateSettings(0, "1;nan;inf;;-x");
     tap(ab().a());
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         EXPECT_TRUE(std::isfinite(memoized(pid))) << pid;
 }
@@ -217,12 +217,12 @@ TEST_F(QVMGenericUIAB, EveryElementOfASavedSlotIsReadAndNoneBeyond) {
     ui_->restoreABStateSettings(0, settings + "8;99;99");
     tap(ab().a());
     EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMGenericUIAB, WhatWasSavedIsWhatComesBack) {
     ui_->requestPresetNamed("Cellphone");
-    change(2, 1234.5f);
+    change(pidTiltRangeLow, 1234.5f);
     const std::vector<float> before = memoized();
     tap(ab().b());
     const std::string saved = delegate_.savedSlot;
@@ -236,7 +236,7 @@ TEST_F(QVMGenericUIAB, WhatWasSavedIsWhatComesBack) {
 
 // As after a state in which nothing was saved.
 TEST_F(QVMGenericUIAB, StartsAnewWithTheGivenValuesInBothSlots) {
-    userSets(1, 6);
+    userSets(pidTiltGain, 6);
     ui_->presetBar()->ab().tap();
     ASSERT_EQ(ui_->abState(), 1u);
     std::vector<float> restored = memoized();
@@ -245,7 +245,7 @@ TEST_F(QVMGenericUIAB, StartsAnewWithTheGivenValuesInBothSlots) {
     ui_->resetABState(restored);
     EXPECT_EQ(ui_->abState(), 0u);
     ui_->presetBar()->ab().tap();
-    EXPECT_EQ(memoized(1), -3);
+    EXPECT_EQ(memoized(pidTiltGain), -3);
     EXPECT_EQ(ui_->currentPreset(), 5u);
 }
 

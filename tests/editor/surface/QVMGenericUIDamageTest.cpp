@@ -20,7 +20,9 @@ class QVMGenericUIDamage : public RenderedEditorFixture {
 protected:
     QVMParameterSketch& sketch() { return *ui_->sketch(); }
     QVM0015GLSketch& object() { return static_cast<QVM0015GLSketch&>(*sketch().getVizRef()); }
-    QVMVerticalSlider& gainSlider() { return dynamic_cast<QVMVerticalSlider&>(*control(7).primaryControl()); }
+    QVMVerticalSlider& gainSlider() {
+        return dynamic_cast<QVMVerticalSlider&>(*control(pidOutputGain).primaryControl());
+    }
     // What the opening set in motion has come to rest.
     void drawAtRest() {
         frames(1);
@@ -44,18 +46,18 @@ TEST_F(QVMGenericUIDamage, AGlideDamagesTheCurveAndTheHandleOnly) {
     delegate_.unit[1] = 6;
     const RenderStatistics& statistics = drawFrame();
     EXPECT_THAT(statistics.rasterised, Contains("sketch"));
-    const Rect gain = control(1).convertToWindow(control(1).bounds());
+    const Rect gain = control(pidTiltGain).convertToWindow(control(pidTiltGain).bounds());
     const Rect curve = sketch().convertToWindow(sketch().bounds());
     for (const Rect& damaged : statistics.damage)
         EXPECT_TRUE(curve.contains(damaged) || gain.insetBy(-8, -8).contains(damaged));
 }
 
 TEST_F(QVMGenericUIDamage, ADragOfTheTiltGainRedrawsItsSliderAndTheCurveAndNothingElse) {
-    auto& slider = dynamic_cast<QVMVerticalSlider&>(*control(1).primaryControl());
+    auto& slider = dynamic_cast<QVMVerticalSlider&>(*control(pidTiltGain).primaryControl());
     Point at = slider.convertToWindow(slider.readoutBulb()->position());
     window_.sendEvent(mouseEvent(EventType::mouseDown, at));
     drawAtRest(); // the focus has come
-    const Rect gain = control(1).convertToWindow(control(1).bounds()).insetBy(-8, -8);
+    const Rect gain = control(pidTiltGain).convertToWindow(control(pidTiltGain).bounds()).insetBy(-8, -8);
     const Rect curve = sketch().convertToWindow(sketch().bounds());
     int inSlider = 0, inCurve = 0;
     for (int step = 0; step < 20; ++step) {
@@ -69,7 +71,7 @@ TEST_F(QVMGenericUIDamage, ADragOfTheTiltGainRedrawsItsSliderAndTheCurveAndNothi
     }
     EXPECT_GE(inSlider, 15);
     EXPECT_GE(inCurve, 15);
-    EXPECT_GT(memoized(1), 3);
+    EXPECT_GT(memoized(pidTiltGain), 3);
 }
 
 TEST_F(QVMGenericUIDamage, AnIdleEditorRasterisesAndComposesNothing) {
@@ -84,7 +86,7 @@ TEST_F(QVMGenericUIDamage, AnIdleEditorRasterisesAndComposesNothing) {
 
 TEST_F(QVMGenericUIDamage, AChangedValueRasterisesItsOwnReadoutAndTheCurveOnly) {
     drawAtRest();
-    hostSets(7, -6);
+    hostSets(pidOutputGain, -6);
     std::vector<std::string> rasterised;
     for (int i = 0; i < 30; ++i) {
         time_.advance(frameSeconds);

@@ -140,7 +140,7 @@ TEST_F(QVMGenericUIDrawers, OpeningOneClosesTheOthersAndClearsTheFocus) {
     QVMDrawerView& other = addOther();
     ui_->toggleDrawerForce(other, false);
     drawFor(0.5);
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     EXPECT_TRUE(ui_->hideVisibleDrawersPresenting(&presets()));
     EXPECT_FALSE(other.visible());
     EXPECT_TRUE(presets().visible());

@@ -22,10 +22,10 @@ protected:
 };
 
 TEST_F(QVMGenericUIEvents, GesturesAreReportedAndRemembered) {
-    EXPECT_EQ(ui_->interactionState(7), QVMInteractionDiscrete);
+    EXPECT_EQ(ui_->interactionState(pidOutputGain), QVMInteractionDiscrete);
     interaction(7, QVMInteractionBegan);
-    EXPECT_EQ(ui_->interactionState(7), QVMInteractionBegan);
-    EXPECT_EQ(ui_->focusedControl(), &control(7));
+    EXPECT_EQ(ui_->interactionState(pidOutputGain), QVMInteractionBegan);
+    EXPECT_EQ(ui_->focusedControl(), &control(pidOutputGain));
     interaction(7, QVMInteractionEnded);
     interaction(7, QVMInteractionDiscrete);
     EXPECT_THAT(delegate_.calls, ElementsAre("began 7", "ended 7", "discrete 7"));
@@ -33,39 +33,39 @@ TEST_F(QVMGenericUIEvents, GesturesAreReportedAndRemembered) {
 }
 
 TEST_F(QVMGenericUIEvents, ADragOfARangesBandIsOneGestureOfEachEnd) {
-    userSets(2, 100);
-    userSets(3, 6400);
+    userSets(pidTiltRangeLow, 100);
+    userSets(pidTiltRangeHigh, 6400);
     frame();
     time_.advance(1);
     delegate_.calls.clear();
-    const Point middle = middleOf(*control(3).range());
+    const Point middle = middleOf(*control(pidTiltRangeHigh).range());
     window_.sendEvent(mouseEvent(EventType::mouseDown, middle));
     window_.sendEvent(mouseEvent(EventType::mouseDragged, {middle.x + 10, middle.y}));
     window_.sendEvent(mouseEvent(EventType::mouseUp, {middle.x + 10, middle.y}));
     for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
         EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), call), 1) << call;
-    EXPECT_GT(memoized(2), 100);
-    EXPECT_GT(memoized(3), 6400);
+    EXPECT_GT(memoized(pidTiltRangeLow), 100);
+    EXPECT_GT(memoized(pidTiltRangeHigh), 6400);
 }
 
 TEST_F(QVMGenericUIEvents, APressBesideARangesBandIsOneGestureOfEachEndAndJumpsNeither) {
-    userSets(2, 100);
-    userSets(3, 6400);
+    userSets(pidTiltRangeLow, 100);
+    userSets(pidTiltRangeHigh, 6400);
     frame();
     time_.advance(1);
-    const Rect strip = control(3).range()->convertToWindow(control(3).range()->bounds());
+    const Rect strip = control(pidTiltRangeHigh).range()->convertToWindow(control(pidTiltRangeHigh).range()->bounds());
     for (const double x : {strip.minX() + 10, strip.minX() + 45, strip.maxX() - 45}) {
         delegate_.calls.clear();
-        const float low = memoized(2), high = memoized(3);
+        const float low = memoized(pidTiltRangeLow), high = memoized(pidTiltRangeHigh);
         window_.sendEvent(mouseEvent(EventType::mouseDown, {x, strip.midY()}));
         frames(0.2);
-        EXPECT_EQ(memoized(2), low) << x;
-        EXPECT_EQ(memoized(3), high) << x;
+        EXPECT_EQ(memoized(pidTiltRangeLow), low) << x;
+        EXPECT_EQ(memoized(pidTiltRangeHigh), high) << x;
         window_.sendEvent(mouseEvent(EventType::mouseDragged, {x + 5, strip.midY()}));
         window_.sendEvent(mouseEvent(EventType::mouseUp, {x + 5, strip.midY()}));
         frames(0.2);
-        EXPECT_GT(memoized(2), low) << x;
-        EXPECT_GT(memoized(3), high) << x;
+        EXPECT_GT(memoized(pidTiltRangeLow), low) << x;
+        EXPECT_GT(memoized(pidTiltRangeHigh), high) << x;
         for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
             EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), call), 1) << call << " at " << x;
         for (const std::uint32_t pid : {2u, 3u})
@@ -74,52 +74,52 @@ TEST_F(QVMGenericUIEvents, APressBesideARangesBandIsOneGestureOfEachEndAndJumpsN
 }
 
 TEST_F(QVMGenericUIEvents, AnOptionClickOnABandResetsBothEndsInOneGestureOfEach) {
-    userSets(2, 100);
-    userSets(3, 6400);
+    userSets(pidTiltRangeLow, 100);
+    userSets(pidTiltRangeHigh, 6400);
     frame();
     time_.advance(1);
     delegate_.calls.clear();
-    const Point middle = middleOf(*control(3).range());
+    const Point middle = middleOf(*control(pidTiltRangeHigh).range());
     window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::option));
     window_.sendEvent(mouseEvent(EventType::mouseUp, middle, EventModifier::option));
     EXPECT_THAT(delegate_.calls, ElementsAre("began 3", "updated 3", "ended 3", "began 2", "updated 2", "ended 2"));
-    EXPECT_EQ(memoized(2), GetParameter(2)->initialValue);
-    EXPECT_EQ(memoized(3), GetParameter(3)->initialValue);
+    EXPECT_EQ(memoized(pidTiltRangeLow), GetParameter(pidTiltRangeLow)->initialValue);
+    EXPECT_EQ(memoized(pidTiltRangeHigh), GetParameter(pidTiltRangeHigh)->initialValue);
 }
 
 TEST_F(QVMGenericUIEvents, AControlClickForTheMenuHasBegunAndNeverEnds) {
-    const Point middle = middleOf(control(7));
+    const Point middle = middleOf(control(pidOutputGain));
     window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::control));
     window_.sendEvent(mouseEvent(EventType::mouseUp, middle, EventModifier::control));
     EXPECT_THAT(delegate_.calls, ElementsAre("began 7"));
-    EXPECT_EQ(ui_->focusedControl(), &control(7));
-    control(7).primaryControl()->setPreventInteraction(true);
+    EXPECT_EQ(ui_->focusedControl(), &control(pidOutputGain));
+    control(pidOutputGain).primaryControl()->setPreventInteraction(true);
     window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::control));
     EXPECT_THAT(delegate_.calls, ElementsAre("began 7")) << "a disabled control tells nobody";
 }
 
 TEST_F(QVMGenericUIEvents, ARightClickForTheMenuBeginsNothing) {
-    window_.sendEvent(mouseEvent(EventType::rightMouseDown, middleOf(control(7))));
+    window_.sendEvent(mouseEvent(EventType::rightMouseDown, middleOf(control(pidOutputGain))));
     EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
 TEST_F(QVMGenericUIEvents, TheMasterSwitchNeverTakesFocus) {
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     interaction(0, QVMInteractionBegan);
-    EXPECT_EQ(ui_->focusedControl(), &control(1));
+    EXPECT_EQ(ui_->focusedControl(), &control(pidTiltGain));
 }
 
 TEST_F(QVMGenericUIEvents, OneControlAtATimeShowsFocus) {
-    ui_->bringParameterControlIntoFocus(&control(1));
-    ui_->bringParameterControlIntoFocus(&control(7));
-    EXPECT_FALSE(control(1).focused());
-    EXPECT_TRUE(control(7).focused());
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
+    ui_->bringParameterControlIntoFocus(&control(pidOutputGain));
+    EXPECT_FALSE(control(pidTiltGain).focused());
+    EXPECT_TRUE(control(pidOutputGain).focused());
     ui_->bringParameterControlIntoFocus(nullptr);
-    EXPECT_FALSE(control(7).focused());
+    EXPECT_FALSE(control(pidOutputGain).focused());
 }
 
 TEST_F(QVMGenericUIEvents, AClickBesideTheControlsClearsFocus) {
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     click({10, 15}); // in the preset bar
     EXPECT_EQ(ui_->focusedControl(), nullptr);
 }
@@ -137,29 +137,29 @@ TEST_F(QVMGenericUIEvents, IsFirstResponderAgainWhenItsWindowComesToTheFront) {
 
 TEST_F(QVMGenericUIEvents, LosingTheKeyWindowFadesTheLogoAndRemembersTheFocus) {
     window_.setKeyWindow(true);
-    ui_->bringParameterControlIntoFocus(&control(7));
+    ui_->bringParameterControlIntoFocus(&control(pidOutputGain));
     window_.setKeyWindow(false);
     EXPECT_EQ(ui_->powerBox()->logoStamp().alpha(), 0.5);
     EXPECT_EQ(ui_->focusedControl(), nullptr);
     window_.setKeyWindow(true);
     EXPECT_EQ(ui_->powerBox()->logoStamp().alpha(), 1);
-    EXPECT_EQ(ui_->focusedControl(), &control(7));
+    EXPECT_EQ(ui_->focusedControl(), &control(pidOutputGain));
     EXPECT_TRUE(ui_->hasFocus());
 }
 
 TEST_F(QVMGenericUIEvents, TheClickThatBringsTheWindowBackChoosesTheFocus) {
     window_.setKeyWindow(true);
-    ui_->bringParameterControlIntoFocus(&control(7));
+    ui_->bringParameterControlIntoFocus(&control(pidOutputGain));
     window_.setKeyWindow(false);
-    click(middleOf(*control(13).primaryControl()));
+    click(middleOf(*control(pidFilterListenLow).primaryControl()));
     EXPECT_TRUE(window_.isKeyWindow());
-    EXPECT_EQ(ui_->focusedControl(), &control(13));
+    EXPECT_EQ(ui_->focusedControl(), &control(pidFilterListenLow));
 }
 
 TEST_F(QVMGenericUIEvents, AFocusInTheHiddenDrawerIsNotGivenBack) {
     window_.setKeyWindow(true);
     ui_->gearTapped();
-    ui_->bringParameterControlIntoFocus(&control(14));
+    ui_->bringParameterControlIntoFocus(&control(pidFilterSlopeLow));
     window_.setKeyWindow(false);
     ui_->gearTapped();
     window_.setKeyWindow(true);

@@ -43,20 +43,20 @@ TEST_F(QVMGenericUIHistory, ThePresetFollowsUndoAndRedo) {
 TEST_F(QVMGenericUIHistory, ThePresetThatUndoComesBackToIsNotApplied) {
     ui_->requestPresetNamed("Air");
     frames(1);
-    change(1, -2);
+    change(pidTiltGain, -2);
     ui_->requestPresetNamed("Cellphone");
     frames(1);
     delegate_.sent.clear();
     ui_->keyboard().keyboardShortcutUndo();
     frames(1);
     EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_EQ(memoized(1), -2) << "as it was, and not as the preset has it";
+    EXPECT_EQ(memoized(pidTiltGain), -2) << "as it was, and not as the preset has it";
     EXPECT_EQ(delegate_.sent.size(), QVMParameterCount) << "the snapshot's values alone";
     EXPECT_TRUE(ui_->presetBar()->dirty());
 }
 
 TEST_F(QVMGenericUIHistory, AnUndoThatStaysWithinAPresetReportsNone) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     delegate_.calls.clear();
     ui_->keyboard().keyboardShortcutUndo();
     EXPECT_THAT(delegate_.calls, testing::Each(testing::StartsWith("updated")));
@@ -66,7 +66,7 @@ TEST_F(QVMGenericUIHistory, ANameAloneIsNoStepAndIsTheOneToComeBackTo) {
     ui_->lastSavedPresetWasKeyed(8);
     frames(1);
     EXPECT_EQ(stack().stack().size(), 1u);
-    change(1, 6);
+    change(pidTiltGain, 6);
     ui_->keyboard().keyboardShortcutUndo();
     EXPECT_EQ(ui_->currentPreset(), 8u);
 }
@@ -74,7 +74,7 @@ TEST_F(QVMGenericUIHistory, ANameAloneIsNoStepAndIsTheOneToComeBackTo) {
 TEST_F(QVMGenericUIHistory, ANameThatComesBeforeItsValuesBelongsToThem) {
     ui_->lastSavedPresetWasKeyed(8);
     frame();
-    hostSets(1, 7.5f);
+    hostSets(pidTiltGain, 7.5f);
     frames(1);
     ui_->keyboard().keyboardShortcutUndo();
     EXPECT_EQ(ui_->currentPreset(), 0u);
@@ -83,12 +83,12 @@ TEST_F(QVMGenericUIHistory, ANameThatComesBeforeItsValuesBelongsToThem) {
 }
 
 TEST_F(QVMGenericUIHistory, UndoAcrossAnABSwitchRestoresTheIndicator) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     ui_->undoRedoABState(1);
-    change(1, 9);
+    change(pidTiltGain, 9);
     ui_->keyboard().keyboardShortcutUndo();
     EXPECT_EQ(ui_->abState(), 0u);
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     ui_->keyboard().keyboardShortcutRedo();
     EXPECT_EQ(ui_->abState(), 1u);
 }
@@ -98,7 +98,7 @@ TEST_F(QVMGenericUIHistory, RestoringASlotMakesTheOtherOneActiveAndAppliesNothin
     EXPECT_EQ(ui_->abState(), 1u);
     EXPECT_EQ(ui_->presetBar()->ab().position(), 1u);
     EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     EXPECT_THAT(delegate_.calls, IsEmpty());
     ui_->restoreABStateSettings(2, "1;2");
     EXPECT_EQ(ui_->abState(), 1u);

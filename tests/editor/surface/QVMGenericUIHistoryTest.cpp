@@ -38,7 +38,7 @@ TEST_F(QVMGenericUIHistory, TheInitialStateIsOnTheStack) {
 
 TEST_F(QVMGenericUIHistory, TenQuickChangesMakeOneSnapshot) {
     for (int i = 1; i <= 10; ++i) {
-        userSets(1, static_cast<float>(i));
+        userSets(pidTiltGain, static_cast<float>(i));
         frame();
         time_.advance(0.04);
     }
@@ -49,23 +49,23 @@ TEST_F(QVMGenericUIHistory, TenQuickChangesMakeOneSnapshot) {
 }
 
 TEST_F(QVMGenericUIHistory, UndoAndRedoBringTheValuesBackToUnitAndControl) {
-    change(1, 6);
-    change(7, -3);
+    change(pidTiltGain, 6);
+    change(pidOutputGain, -3);
     ui_->keyboard().keyboardShortcutUndo();
     frame();
-    EXPECT_EQ(control(7).floatValue(), 0);
-    EXPECT_EQ(control(1).floatValue(), 6);
+    EXPECT_EQ(control(pidOutputGain).floatValue(), 0);
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 6);
     EXPECT_EQ(delegate_.unit[7], 0);
     ui_->keyboard().keyboardShortcutUndo();
     frame();
-    EXPECT_EQ(control(1).floatValue(), 0);
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 0);
     ui_->keyboard().keyboardShortcutRedo();
     frame();
-    EXPECT_EQ(control(1).floatValue(), 6);
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 6);
 }
 
 TEST_F(QVMGenericUIHistory, UndoMakesNoSnapshotOfItsOwn) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     ui_->keyboard().keyboardShortcutUndo();
     frame();
     time_.advance(2);
@@ -87,16 +87,16 @@ TEST_F(QVMGenericUIHistory, TheStackIsLockedForAsLongAsASnapshotIsPutInPlace) {
 
 // Whatever the values are by then: none of them is a step of the user's.
 TEST_F(QVMGenericUIHistory, NoSnapshotFollowsAnUndo) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     ui_->keyboard().keyboardShortcutUndo();
-    ui_->setMemoizedPValueDirectlyValue(1, 3);
+    ui_->setMemoizedPValueDirectlyValue(pidTiltGain, 3);
     time_.advance(2);
     EXPECT_EQ(stack().stack().size(), 2u);
     EXPECT_TRUE(stack().canRedo());
 }
 
 TEST_F(QVMGenericUIHistory, ASnapshotIsTakenHalfASecondAfterTheChange) {
-    userSets(1, 6);
+    userSets(pidTiltGain, 6);
     time_.advance(0.49);
     EXPECT_EQ(stack().stack().size(), 1u);
     time_.advance(0.02);
@@ -104,42 +104,42 @@ TEST_F(QVMGenericUIHistory, ASnapshotIsTakenHalfASecondAfterTheChange) {
 }
 
 TEST_F(QVMGenericUIHistory, AChangeThatIsTakenBackAtOnceIsNoStep) {
-    userSets(1, 6);
+    userSets(pidTiltGain, 6);
     frame();
     time_.advance(0.2);
-    change(1, 0);
+    change(pidTiltGain, 0);
     EXPECT_EQ(stack().stack().size(), 1u);
 }
 
 TEST_F(QVMGenericUIHistory, AChangeAfterUndoDiscardsWhatWasUndone) {
-    change(1, 6);
-    change(1, 7);
+    change(pidTiltGain, 6);
+    change(pidTiltGain, 7);
     ui_->keyboard().keyboardShortcutUndo();
     frame();
-    change(7, -3);
+    change(pidOutputGain, -3);
     EXPECT_FALSE(stack().canRedo());
     EXPECT_EQ(stack().stack().size(), 3u);
 }
 
 TEST_F(QVMGenericUIHistory, TheButtonsFollowTheStack) {
-    change(1, 6);
+    change(pidTiltGain, 6);
     QVMSymbolButton& undo = ui_->presetBar()->undo();
     QVMSymbolButton& redo = ui_->presetBar()->redo();
     EXPECT_TRUE(undo.buttonEnabled());
     EXPECT_FALSE(redo.buttonEnabled());
     click(middleOf(undo));
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     EXPECT_FALSE(undo.buttonEnabled());
     EXPECT_TRUE(redo.buttonEnabled());
     click(middleOf(redo));
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     EXPECT_TRUE(undo.buttonEnabled());
     EXPECT_FALSE(redo.buttonEnabled());
 }
 
 TEST_F(QVMGenericUIHistory, HostAutomationMakesOneSnapshotAfterItRests) {
     for (int i = 0; i < 20; ++i) {
-        hostSets(1, static_cast<float>(i) * 0.1f);
+        hostSets(pidTiltGain, static_cast<float>(i) * 0.1f);
         time_.advance(0.02);
     }
     time_.advance(1);
@@ -147,20 +147,20 @@ TEST_F(QVMGenericUIHistory, HostAutomationMakesOneSnapshotAfterItRests) {
 }
 
 TEST_F(QVMGenericUIHistory, TenQuickChangesAndAUndoBringBackWhatWasBeforeAll) {
-    change(1, 2);
+    change(pidTiltGain, 2);
     for (int i = 1; i <= 10; ++i) {
-        userSets(7, static_cast<float>(-i));
+        userSets(pidOutputGain, static_cast<float>(-i));
         frame();
         time_.advance(0.04);
     }
     time_.advance(1);
     ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(memoized(7), 0);
-    EXPECT_EQ(memoized(1), 2);
+    EXPECT_EQ(memoized(pidOutputGain), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 2);
 }
 
 TEST_F(QVMGenericUIHistory, ADragOfTheMouseIsOneStepAndOneGesture) {
-    const QVMParameterControl& gain = control(1);
+    const QVMParameterControl& gain = control(pidTiltGain);
     const Point start = middleOf(gain);
     delegate_.calls.clear();
     window_.sendEvent(mouseEvent(EventType::mouseDown, start));
@@ -175,33 +175,34 @@ TEST_F(QVMGenericUIHistory, ADragOfTheMouseIsOneStepAndOneGesture) {
     EXPECT_EQ(stack().stack().size(), 2u);
     EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), "began 1"), 1);
     EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), "ended 1"), 1);
-    EXPECT_GT(memoized(1), 0);
+    EXPECT_GT(memoized(pidTiltGain), 0);
     ui_->keyboard().keyboardShortcutUndo();
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMGenericUIHistory, OneDragMakesOneUndoStep) {
-    userSets(2, 8000);
+    userSets(pidTiltRangeLow, 8000);
     frame();
     time_.advance(1);
     const std::size_t before = stack().stack().size();
     for (const float value : {6789.1f, 1234.6f, 333.3f, 125.7f}) {
-        userSets(3, value);
+        userSets(pidTiltRangeHigh, value);
         frame();
     }
     frames(2);
     EXPECT_EQ(stack().stack().size(), before + 1);
-    EXPECT_EQ(memoized(3), 125.7f);
-    EXPECT_EQ(memoized(2), 0.5f * 125.7f) << "the pushed partner, beside the fine step, keeps its value too";
+    EXPECT_EQ(memoized(pidTiltRangeHigh), 125.7f);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 0.5f * 125.7f)
+        << "the pushed partner, beside the fine step, keeps its value too";
 }
 
 TEST_F(QVMGenericUIHistory, AnUndoCancelsASnapshotThatIsPending) {
-    change(1, 6);
-    userSets(1, 9);
+    change(pidTiltGain, 6);
+    userSets(pidTiltGain, 9);
     ui_->keyboard().keyboardShortcutUndo();
     frame();
-    EXPECT_EQ(memoized(1), 0);
-    ui_->setMemoizedPValueDirectlyValue(1, 3); // what it would record
+    EXPECT_EQ(memoized(pidTiltGain), 0);
+    ui_->setMemoizedPValueDirectlyValue(pidTiltGain, 3); // what it would record
     time_.advance(2);
     EXPECT_EQ(stack().stack().size(), 2u);
     EXPECT_TRUE(stack().canRedo());

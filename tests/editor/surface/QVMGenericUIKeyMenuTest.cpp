@@ -78,19 +78,19 @@ protected:
 };
 
 TEST_F(QVMGenericUIKeyMenu, OpensBelowTheControlWithTheFocus) {
-    focus(7);
+    focus(pidOutputGain);
     for (const auto& [code, modifiers] : {std::pair{Key::codeMenu, 0U}, {Key::codeF10, EventModifier::shift}}) {
         ASSERT_TRUE(opens(code, modifiers)) << code;
         EXPECT_EQ(host_.menu->title, "Output Gain");
-        const Rect frame = control(7).convertToWindow(control(7).bounds());
+        const Rect frame = control(pidOutputGain).convertToWindow(control(pidOutputGain).bounds());
         EXPECT_EQ(host_.at, (Point{frame.minX(), frame.maxY()}));
-        EXPECT_EQ(ui_->lastRightClickedControl(), &control(7));
-        EXPECT_EQ(ui_->focusedControl(), &control(7)) << "and leaves it there";
+        EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
+        EXPECT_EQ(ui_->focusedControl(), &control(pidOutputGain)) << "and leaves it there";
     }
 }
 
 TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
-    focus(7);
+    focus(pidOutputGain);
     ASSERT_TRUE(opens(Key::codeMenu));
     EXPECT_THAT(titles(host_.menu->items),
                 ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
@@ -103,7 +103,7 @@ TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
 }
 
 TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {
-    focus(7);
+    focus(pidOutputGain);
     ui_->requestFrame(QVMAltFrameCompact);
     ASSERT_TRUE(opens(Key::codeMenu));
     EXPECT_EQ(host_.menu->title, "Slantwise") << "no control can be seen that it could be about";
@@ -123,7 +123,7 @@ TEST_F(QVMGenericUIKeyMenu, HidesCurveAndMeterAndShowsThemAgain) {
 
 TEST_F(QVMGenericUIKeyMenu, ChoosesWhatTheMeterShows) {
     row("Meter Mode").submenu.at(1).action();
-    EXPECT_EQ(memoized(8), 1);
+    EXPECT_EQ(memoized(pidMeterMode), 1);
     EXPECT_TRUE(row("Meter Mode").submenu.at(1).checked);
     EXPECT_FALSE(row("Meter Mode").submenu.at(0).checked);
 }
@@ -136,14 +136,14 @@ TEST_F(QVMGenericUIKeyMenu, OfAnEditorWithoutFocusIsTheProducts) {
 }
 
 TEST_F(QVMGenericUIKeyMenu, OtherCombinationsOfItsKeysAreTheHosts) {
-    focus(7);
+    focus(pidOutputGain);
     EXPECT_FALSE(opens(Key::codeF10));
     EXPECT_FALSE(opens(Key::codeF10, EventModifier::shift | EventModifier::command));
     EXPECT_FALSE(opens(Key::codeMenu, EventModifier::option));
 }
 
 TEST_F(QVMGenericUIKeyMenu, ARightClickHasNoneOfTheButtons) {
-    const auto menu = ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, middleOf(control(7))));
+    const auto menu = ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, middleOf(control(pidOutputGain))));
     for (const MenuItem& item : menu->items)
         EXPECT_NE(item.title, "Editor");
 }
@@ -161,38 +161,38 @@ TEST_F(QVMGenericUIKeyMenu, LeadsToThePresets) {
 TEST_F(QVMGenericUIKeyMenu, LeadsBackAndForthThroughTheHistory) {
     EXPECT_FALSE(row("Undo").enabled);
     EXPECT_FALSE(row("Redo").enabled);
-    userSets(7, -6);
+    userSets(pidOutputGain, -6);
     frame();
     time_.advance(1);
     choose("Undo");
-    EXPECT_EQ(memoized(7), 0);
+    EXPECT_EQ(memoized(pidOutputGain), 0);
     EXPECT_FALSE(row("Undo").enabled);
     choose("Redo");
-    EXPECT_EQ(memoized(7), -6);
+    EXPECT_EQ(memoized(pidOutputGain), -6);
 }
 
 TEST_F(QVMGenericUIKeyMenu, FlipsBetweenAAndBAndCopiesTheOneToTheOther) {
-    userSets(7, -6);
+    userSets(pidOutputGain, -6);
     frame();
     time_.advance(1);
     choose("Go to B");
     EXPECT_EQ(ui_->abState(), 1U);
-    EXPECT_EQ(memoized(7), 0);
+    EXPECT_EQ(memoized(pidOutputGain), 0);
     choose("Go to A");
     EXPECT_EQ(ui_->abState(), 0U);
     choose("Copy A to B");
     EXPECT_EQ(ui_->abState(), 1U);
-    EXPECT_EQ(memoized(7), -6);
+    EXPECT_EQ(memoized(pidOutputGain), -6);
 }
 
 TEST_F(QVMGenericUIKeyMenu, SwitchesPowerOffAndOnAgain) {
-    focus(7);
+    focus(pidOutputGain);
     EXPECT_TRUE(row("Power").checked);
     choose("Power");
-    EXPECT_EQ(memoized(0), 0);
+    EXPECT_EQ(memoized(pidMasterOnOff), 0);
     EXPECT_FALSE(row("Power").checked);
     choose("Power");
-    EXPECT_EQ(memoized(0), 1);
+    EXPECT_EQ(memoized(pidMasterOnOff), 1);
 }
 
 TEST_F(QVMGenericUIKeyMenu, ChangesTheLayoutAndTheTheme) {

@@ -37,7 +37,7 @@ TEST_F(QVMGenericUILayout, TheCompactFormIsThePowerBoxAlone) {
     EXPECT_EQ(ui_->clumpsView()->frame(), (Rect{-418, 30, 418, 290}));
     EXPECT_EQ(ui_->presetBar()->frame(), (Rect{-418, 0, 418, 30}));
     EXPECT_EQ(ui_->powerBox()->logoStamp().frame(), (Rect{7, -54, 50, 50}));
-    EXPECT_EQ(control(0).frame(), (Rect{4, -204, 54, 62}));
+    EXPECT_EQ(control(pidMasterOnOff).frame(), (Rect{4, -204, 54, 62}));
     EXPECT_EQ(ui_->powerBox()->logo().frame(), (Rect{4, -312, 54, 34}));
     EXPECT_EQ(ui_->powerBox()->gear()->frame(), (Rect{4, -244, 54, 40}));
     EXPECT_EQ(ui_->advClumpsView()->frame(), (Rect{0, 0, 0, 0}));
@@ -48,12 +48,12 @@ TEST_F(QVMGenericUILayout, WhatStandsOutsideTheCompactFormIsNotShownAtItsEdge) {
     ui_->toggleFrame();
     EXPECT_TRUE(ui_->clumpsView()->isHidden());
     EXPECT_TRUE(ui_->presetBar()->isHidden());
-    EXPECT_TRUE(control(0).isHidden());
+    EXPECT_TRUE(control(pidMasterOnOff).isHidden());
     EXPECT_FALSE(ui_->powerBox()->isHidden());
     ui_->toggleFrame();
     EXPECT_FALSE(ui_->clumpsView()->isHidden());
     EXPECT_FALSE(ui_->presetBar()->isHidden());
-    EXPECT_FALSE(control(0).isHidden());
+    EXPECT_FALSE(control(pidMasterOnOff).isHidden());
 }
 
 TEST_F(QVMGenericUILayout, TogglingTheFrameLeadsFromEveryLayoutToItsNext) {
@@ -67,10 +67,10 @@ TEST_F(QVMGenericUILayout, TogglingTheFrameLeadsFromEveryLayoutToItsNext) {
 }
 
 TEST_F(QVMGenericUILayout, ReturningFromCompactPutsEverythingBack) {
-    const Rect power = control(0).frame();
+    const Rect power = control(pidMasterOnOff).frame();
     ui_->toggleFrame();
     ui_->toggleFrame();
-    EXPECT_EQ(control(0).frame(), power);
+    EXPECT_EQ(control(pidMasterOnOff).frame(), power);
     EXPECT_EQ(ui_->clumpsView()->frame(), (Rect{0, 30, 418, 290}));
     EXPECT_EQ(ui_->advClumpsView()->frame(), (Rect{480, 0, 200, 320}));
 }
@@ -108,12 +108,12 @@ TEST_F(QVMGenericUILayout, WithoutADelegateTheEditorNeverResizesItself) {
 }
 
 TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocus) {
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     ui_->requestFrame(QVMAltFrameCompact);
     EXPECT_EQ(ui_->focusedControl(), nullptr);
-    EXPECT_FALSE(control(1).focused());
+    EXPECT_FALSE(control(pidTiltGain).focused());
     EXPECT_FALSE(ui_->wantsKeys());
-    ui_->bringParameterControlIntoFocus(&control(23));
+    ui_->bringParameterControlIntoFocus(&control(pidHQMode));
     EXPECT_EQ(ui_->focusedControl(), nullptr) << "the drawer does not open here";
     EXPECT_FALSE(window_.sendEvent(keyEvent(0, Key::codeTab))) << "the key is the host's";
     EXPECT_EQ(ui_->focusedControl(), nullptr);
@@ -125,11 +125,11 @@ TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocus) {
 
     ui_->requestFrame(QVMAltFrameNormal);
     EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeTab)));
-    EXPECT_EQ(ui_->focusedControl(), &control(1));
+    EXPECT_EQ(ui_->focusedControl(), &control(pidTiltGain));
 }
 
 TEST_F(QVMGenericUILayout, TheFocusThatTheWindowGivesBackIsNotOneThatCannotBeSeen) {
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     ui_->setHasFocus(false);
     ui_->requestFrame(QVMAltFrameCompact);
     ui_->setHasFocus(true);
@@ -138,13 +138,13 @@ TEST_F(QVMGenericUILayout, TheFocusThatTheWindowGivesBackIsNotOneThatCannotBeSee
 
 TEST_F(QVMGenericUILayout, AClosedDrawerTakesTheFocusInItAlong) {
     ui_->gearTapped();
-    ui_->bringParameterControlIntoFocus(&control(23));
-    ASSERT_EQ(ui_->focusedControl(), &control(23));
+    ui_->bringParameterControlIntoFocus(&control(pidHQMode));
+    ASSERT_EQ(ui_->focusedControl(), &control(pidHQMode));
     ui_->gearTapped();
     EXPECT_EQ(ui_->focusedControl(), nullptr);
-    ui_->bringParameterControlIntoFocus(&control(1));
+    ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     ui_->gearTapped();
-    EXPECT_EQ(ui_->focusedControl(), &control(1)) << "which the drawer does not concern";
+    EXPECT_EQ(ui_->focusedControl(), &control(pidTiltGain)) << "which the drawer does not concern";
 }
 
 // A layer that came later than the window's scale.

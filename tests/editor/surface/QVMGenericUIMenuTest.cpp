@@ -38,20 +38,20 @@ protected:
 };
 
 TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
-    const auto menu = menuAt(middleOf(control(7)));
+    const auto menu = menuAt(middleOf(control(pidOutputGain)));
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->title, "Output Gain");
     EXPECT_THAT(titles(*menu),
                 ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
                             "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
                             "Reset all settings to default", "-", "Ferrowind Slantwise, 2.0.1"));
-    EXPECT_EQ(ui_->lastRightClickedControl(), &control(7));
+    EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
 }
 
 TEST_F(QVMGenericUIMenu, OverOutputChoosesWhatTheMeterShows) {
     const QVMClumpView& output = *ui_->clumpViewWithCodename("Output");
     const Point heading = output.convertToWindow(Point{output.bounds().midX(), 4});
-    for (const Point at : {heading, middleOf(control(6)), middleOf(control(7))}) {
+    for (const Point at : {heading, middleOf(control(pidTiltLoudnessMode)), middleOf(control(pidOutputGain))}) {
         const auto menu = menuAt(at);
         const MenuItem& modes = itemNamed(*menu, "Meter Mode");
         ASSERT_THAT(titles(modes.submenu), ElementsAre("Pre", "Post", "Diff"));
@@ -89,22 +89,22 @@ TEST_F(QVMGenericUIMenu, IsNotThereWhileOptionOrCommandIsHeld) {
 }
 
 TEST_F(QVMGenericUIMenu, ResetsAControlThatIsNotAtItsInitialValue) {
-    EXPECT_FALSE(menuAt(middleOf(control(7)))->items.front().enabled);
-    hostSets(7, -6);
-    const auto menu = menuAt(middleOf(control(7)));
+    EXPECT_FALSE(menuAt(middleOf(control(pidOutputGain)))->items.front().enabled);
+    hostSets(pidOutputGain, -6);
+    const auto menu = menuAt(middleOf(control(pidOutputGain)));
     EXPECT_TRUE(menu->items.front().enabled);
     menu->items.front().action();
-    EXPECT_EQ(memoized(7), 0);
+    EXPECT_EQ(memoized(pidOutputGain), 0);
 }
 
 TEST_F(QVMGenericUIMenu, AStaticConversionStandsBehindTheDocumentation) {
-    QVMParameter& gain = *GetParameter(7);
+    QVMParameter& gain = *GetParameter(pidOutputGain);
     gain.staticConversions = {{"Zero"}, {"One"}};
-    const auto atZero = titles(*menuAt(middleOf(control(7))));
-    hostSets(7, 1.4f);
-    const auto atOne = titles(*menuAt(middleOf(control(7))));
-    hostSets(7, -3);
-    const auto below = titles(*menuAt(middleOf(control(7))));
+    const auto atZero = titles(*menuAt(middleOf(control(pidOutputGain))));
+    hostSets(pidOutputGain, 1.4f);
+    const auto atOne = titles(*menuAt(middleOf(control(pidOutputGain))));
+    hostSets(pidOutputGain, -3);
+    const auto below = titles(*menuAt(middleOf(control(pidOutputGain))));
     gain.staticConversions.clear();
     EXPECT_EQ(atZero.at(2), "Zero");
     EXPECT_EQ(atOne.at(2), "One");
@@ -112,7 +112,7 @@ TEST_F(QVMGenericUIMenu, AStaticConversionStandsBehindTheDocumentation) {
 }
 
 TEST_F(QVMGenericUIMenu, ReadsAboutAControlInTheManual) {
-    itemNamed(*menuAt(middleOf(control(7))), "Read about Output Gain").action();
+    itemNamed(*menuAt(middleOf(control(pidOutputGain))), "Read about Output Gain").action();
     EXPECT_THAT(desktop.opened, ElementsAre(std::string(site) + "/2.0.1/manual/#OutputGain"));
 }
 
@@ -132,10 +132,10 @@ TEST_F(QVMGenericUIMenu, CopyPutsTheAddressOnTheClipboard) {
 }
 
 TEST_F(QVMGenericUIMenu, ResetAllChoosesTheDefaultPreset) {
-    hostSets(1, 6);
+    hostSets(pidTiltGain, 6);
     ui_->lastSavedPresetWasKeyed(8);
     itemNamed(*menuAt(beside), "Reset all settings to default").action();
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     EXPECT_EQ(ui_->currentPreset(), 0u);
     EXPECT_EQ(delegate_.calls.back(), "preset Default 0");
 }
@@ -147,8 +147,8 @@ TEST_F(QVMGenericUIMenu, TheLogoOpensAndCopiesTheSettings) {
 }
 
 TEST_F(QVMGenericUIMenu, OutlivesTheEditorWithoutHarm) {
-    hostSets(7, -6);
-    const auto menu = menuAt(middleOf(control(7)));
+    hostSets(pidOutputGain, -6);
+    const auto menu = menuAt(middleOf(control(pidOutputGain)));
     ui_ = nullptr;
     window_.setContentView(std::make_unique<View>());
     delegate_.calls.clear();

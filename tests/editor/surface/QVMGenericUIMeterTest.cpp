@@ -20,7 +20,9 @@ protected:
     QVMParameterSketch& sketch() { return *ui_->sketch(); }
     QVMAuxiliarySketch& meter() { return *sketch().auxiliarySketches().front(); }
     QVM0015GLSketch& object() { return static_cast<QVM0015GLSketch&>(*sketch().getVizRef()); }
-    QVMVerticalSlider& gainSlider() { return dynamic_cast<QVMVerticalSlider&>(*control(7).primaryControl()); }
+    QVMVerticalSlider& gainSlider() {
+        return dynamic_cast<QVMVerticalSlider&>(*control(pidOutputGain).primaryControl());
+    }
 };
 
 TEST_F(QVMGenericUIMeter, TheMeterStandsOverTheGainSliderWhereItsSketchSays) {
@@ -88,18 +90,18 @@ TEST_F(QVMGenericUIMeter, TheMetersBarsAreBlackAndStandOutInBothThemes) {
 TEST_F(QVMGenericUIMeter, TheToolTipOverItSaysWhatItShows) {
     const auto toolTip = [this] { return window_.toolTippedViewAt(middleOf(gainSlider()))->toolTip(); };
     EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Pre");
-    hostSets(8, 2);
+    hostSets(pidMeterMode, 2);
     EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Diff");
     ui_->chooseValueForParameter(1, 8);
     EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Post");
-    EXPECT_EQ(control(6).toolTip(), "Tilt Loudness Mode");
+    EXPECT_EQ(control(pidTiltLoudnessMode).toolTip(), "Tilt Loudness Mode");
 }
 
 TEST_F(QVMGenericUIMeter, TheToolTipOfAReopenedEditorSaysWhatItShowsThen) {
     delegate_.unit[8] = 1;
     build(QVMConfig::inlinedConfig());
     time_.advance(0.6);
-    EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Post");
+    EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Post");
 }
 
 TEST_F(QVMGenericUIMeter, HiddenTogetherWithTheCurveLeavesAnEyeAndToolTips) {
@@ -112,14 +114,14 @@ TEST_F(QVMGenericUIMeter, HiddenTogetherWithTheCurveLeavesAnEyeAndToolTips) {
     EXPECT_EQ(eye.string().runs.front().text, icons::eye);
     EXPECT_EQ(eye.frame(), sketch().frame());
     EXPECT_EQ(window_.toolTippedViewAt(curve)->toolTip(), "Show Curve and Meter");
-    EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Pre\nThe meter is hidden");
+    EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Pre\nThe meter is hidden");
     ui_->requestFrame(QVMAltFrameCompact);
     EXPECT_EQ(eye.frame(), (Rect{0, 0, 200, 200}));
     ui_->requestFrame(QVMAltFrameNormal);
     click(curve);
     EXPECT_EQ(eye.opacity(), 0);
     EXPECT_EQ(sketch().toolTip(), "");
-    EXPECT_EQ(control(7).toolTip(), "Output Gain\nMeter Mode: Pre");
+    EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Pre");
 }
 
 TEST_F(QVMGenericUIMeter, ShownAgainByAnotherWindowTheyLeaveNoEye) {

@@ -34,12 +34,12 @@ protected:
 };
 
 TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQualitySwitch) {
-    userSets(23, 1);
+    userSets(pidHQMode, 1);
     delegate_.calls.clear();
     ui_->requestPresetNamed("Cellphone");
     EXPECT_EQ(delegate_.sent.size(), 24u); // the switch, and 23 values of the preset
     EXPECT_EQ(delegate_.calls.back(), "preset Cellphone 22");
-    EXPECT_EQ(memoized(23), 1);
+    EXPECT_EQ(memoized(pidHQMode), 1);
     const auto values = PresetIndexToPresetValues(22);
     for (std::uint32_t pid = 0; pid < 23; ++pid)
         EXPECT_EQ(memoized(pid), values->at(pid)) << pid;
@@ -78,8 +78,8 @@ TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
 // The range links start below their range, where the binding may not go.
 TEST_F(QVMGenericUIPresets, TheDefaultPresetIsCleanAfterTheOpeningAndNothingCanBeUndone) {
     frames(2);
-    EXPECT_EQ(memoized(4), 0);
-    EXPECT_EQ(memoized(12), 0);
+    EXPECT_EQ(memoized(pidTiltRangeLink), 0);
+    EXPECT_EQ(memoized(pidFilterRangeLinkRatio), 0);
     EXPECT_FALSE(ui_->presetBar()->dirty());
     EXPECT_FALSE(stack().canUndo());
     EXPECT_EQ(stack().currentValues()->values.at(4), 0);
@@ -94,7 +94,7 @@ TEST_F(QVMGenericUIPresets, APresetThatIsChosenBeforeThereIsASketchShowsAtOnce) 
     for (const std::uint32_t pid : {1u, 2u, 3u, 9u, 10u, 14u})
         EXPECT_EQ(control(pid).floatValue(), values->at(pid)) << pid;
     settle();
-    EXPECT_EQ(control(1).floatValue(), values->at(1));
+    EXPECT_EQ(control(pidTiltGain).floatValue(), values->at(1));
     EXPECT_FALSE(dirty());
 }
 
@@ -124,22 +124,22 @@ TEST_F(QVMGenericUIPresets, AFineStepMakesEveryPresetDirtyAndTakingItBackMakesIt
         const std::string preset = GetPresets()->stringValues[index];
         ui_->requestPresetNamed(preset);
         settle();
-        const float gain = memoized(1);
-        userSets(1, gain > 0 ? gain - 0.1f : gain + 0.1f);
+        const float gain = memoized(pidTiltGain);
+        userSets(pidTiltGain, gain > 0 ? gain - 0.1f : gain + 0.1f);
         settle();
         EXPECT_TRUE(dirty()) << preset;
         EXPECT_TRUE(name().inaccurate());
-        control(1).setUserInitiatedValueInternally(gain);
+        control(pidTiltGain).setUserInitiatedValueInternally(gain);
         settle();
         EXPECT_FALSE(dirty()) << preset;
     }
 }
 
 TEST_F(QVMGenericUIPresets, TheMarkFollowsHalfASecondAfterTheLastChange) {
-    userSets(1, 3);
+    userSets(pidTiltGain, 3);
     frame();
     time_.advance(0.4);
-    userSets(1, 4);
+    userSets(pidTiltGain, 4);
     frame();
     time_.advance(0.4);
     EXPECT_FALSE(dirty());
@@ -148,7 +148,7 @@ TEST_F(QVMGenericUIPresets, TheMarkFollowsHalfASecondAfterTheLastChange) {
 }
 
 TEST_F(QVMGenericUIPresets, HostAutomationMarksThePresetToo) {
-    hostSets(7, -3);
+    hostSets(pidOutputGain, -3);
     settle();
     EXPECT_TRUE(dirty());
 }
@@ -167,28 +167,28 @@ TEST_F(QVMGenericUIPresets, AParameterWithoutAControlMarksThePresetToo) {
 }
 
 TEST_F(QVMGenericUIPresets, TheQualitySwitchNeverMakesAPresetDirty) {
-    userSets(23, 1);
+    userSets(pidHQMode, 1);
     settle();
     EXPECT_FALSE(dirty());
 }
 
 TEST_F(QVMGenericUIPresets, AValueThatIsNoNumberLeavesItsParameterAsItIs) {
-    userSets(1, 5);
+    userSets(pidTiltGain, 5);
     std::vector<float> values = *PresetIndexToPresetValues(9);
     values[1] = std::numeric_limits<float>::quiet_NaN();
     ui_->applyPresetValues(values);
-    EXPECT_EQ(memoized(1), 5);
-    EXPECT_EQ(memoized(2), 10);
+    EXPECT_EQ(memoized(pidTiltGain), 5);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 10);
 }
 
 TEST_F(QVMGenericUIPresets, ChoosingTheSamePresetAgainAppliesItsValuesAndClearsTheMark) {
     ui_->requestPresetNamed("Air");
     settle();
-    userSets(1, -2);
+    userSets(pidTiltGain, -2);
     settle();
     ASSERT_TRUE(dirty());
     ui_->requestPresetNamed("Air");
-    EXPECT_EQ(memoized(1), PresetIndexToPresetValues(8)->at(1));
+    EXPECT_EQ(memoized(pidTiltGain), PresetIndexToPresetValues(8)->at(1));
     EXPECT_TRUE(dirty()); // not at once
     settle();
     EXPECT_FALSE(dirty());
@@ -237,12 +237,12 @@ TEST_F(QVMGenericUIPresets, ASavedNameThatNoPresetHasIsShownAsSuch) {
 
 TEST_F(QVMGenericUIPresets, ANameThatNoPresetHasCannotBeChosen) {
     ui_->requestPresetNamed("Air");
-    userSets(1, 5);
+    userSets(pidTiltGain, 5);
     settle();
     delegate_.calls.clear();
     ui_->requestPresetNamed("Nothing of the kind");
     EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_EQ(memoized(1), 5) << "nor is the current one applied again";
+    EXPECT_EQ(memoized(pidTiltGain), 5) << "nor is the current one applied again";
     EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
@@ -250,7 +250,7 @@ TEST_F(QVMGenericUIPresets, AnArrowInTheBarAppliesTheNextPresetAndTakesTheFocus)
     const Point rightArrow = ui_->presetBar()->convertToWindow(Point{320, 15});
     click(rightArrow);
     EXPECT_EQ(ui_->currentPreset(), 1u);
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     EXPECT_EQ(ui_->focusedControl(), ui_->presetBar()->presetControl());
     EXPECT_TRUE(ui_->presetBar()->presetControl()->focused());
     EXPECT_THAT(delegate_.calls, Contains("preset Brighter 1"));
@@ -280,10 +280,10 @@ TEST_F(QVMGenericUIPresets, AnArrowWithAltStepsToTheNextPresetAndNotToTheFirst) 
 }
 
 TEST_F(QVMGenericUIPresets, AnOctaveRuleDoesNotBendAPreset) {
-    userSets(2, 8000); // pushes the high end
+    userSets(pidTiltRangeLow, 8000); // pushes the high end
     ui_->requestPresetNamed("Bass Cab (Ported)");
-    EXPECT_EQ(memoized(2), 75);
-    EXPECT_EQ(memoized(3), 500);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 75);
+    EXPECT_EQ(memoized(pidTiltRangeHigh), 500);
 }
 
 TEST_F(QVMGenericUIPresets, ChoosingAPresetIsOneUndoStep) {
@@ -294,7 +294,7 @@ TEST_F(QVMGenericUIPresets, ChoosingAPresetIsOneUndoStep) {
     EXPECT_EQ(stack().stack().size(), before + 1);
     ui_->keyboard().keyboardShortcutUndo();
     settle();
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     EXPECT_EQ(shownName(), "Default");
     EXPECT_FALSE(dirty());
     ui_->keyboard().keyboardShortcutRedo();
@@ -305,7 +305,7 @@ TEST_F(QVMGenericUIPresets, ChoosingAPresetIsOneUndoStep) {
 TEST_F(QVMGenericUIPresets, AChosenPresetIsNoGestureOfThePowerSwitch) {
     ui_->requestPresetNamed("Air");
     click(ui_->presetBar()->convertToWindow(Point{320, 15}));
-    EXPECT_EQ(ui_->interactionState(0), QVMInteractionDiscrete);
+    EXPECT_EQ(ui_->interactionState(pidMasterOnOff), QVMInteractionDiscrete);
     for (const std::string& call : delegate_.calls)
         EXPECT_TRUE(call.starts_with("updated") || call.starts_with("preset")) << call;
 }

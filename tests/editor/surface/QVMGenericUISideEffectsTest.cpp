@@ -23,51 +23,51 @@ private:
 
 TEST_F(QVMGenericUISideEffects, AFilterThatIsOffDimsItsSlopeAndResonance) {
     // The low filter is off at first.
-    EXPECT_TRUE(control(14).isDimmed());
-    EXPECT_TRUE(control(15).isDimmed());
-    EXPECT_TRUE(control(21).isDimmed());
-    hostSets(9, GetParameter(9)->reverseCastValue(80));
-    EXPECT_FALSE(control(14).isDimmed());
-    EXPECT_FALSE(control(15).isDimmed());
-    EXPECT_TRUE(control(21).isDimmed());
+    EXPECT_TRUE(control(pidFilterSlopeLow).isDimmed());
+    EXPECT_TRUE(control(pidFilterResonanceLow).isDimmed());
+    EXPECT_TRUE(control(pidFilterSlopeHigh).isDimmed());
+    hostSets(pidFilterRangeLow, GetParameter(pidFilterRangeLow)->reverseCastValue(80));
+    EXPECT_FALSE(control(pidFilterSlopeLow).isDimmed());
+    EXPECT_FALSE(control(pidFilterResonanceLow).isDimmed());
+    EXPECT_TRUE(control(pidFilterSlopeHigh).isDimmed());
 }
 
 TEST_F(QVMGenericUISideEffects, AControlDimmedByTwoStaysDimmedUntilBothLetGo) {
-    hostSets(13, 1); // listening to the low filter dims its resonance too
-    hostSets(9, GetParameter(9)->reverseCastValue(80));
-    EXPECT_TRUE(control(15).isDimmed());
-    hostSets(13, 0);
-    EXPECT_FALSE(control(15).isDimmed());
+    hostSets(pidFilterListenLow, 1); // listening to the low filter dims its resonance too
+    hostSets(pidFilterRangeLow, GetParameter(pidFilterRangeLow)->reverseCastValue(80));
+    EXPECT_TRUE(control(pidFilterResonanceLow).isDimmed());
+    hostSets(pidFilterListenLow, 0);
+    EXPECT_FALSE(control(pidFilterResonanceLow).isDimmed());
 }
 
 TEST_F(QVMGenericUISideEffects, PowerOffDimsEveryClumpAndPowerOnBringsThemBack) {
-    hostSets(0, 0);
+    hostSets(pidMasterOnOff, 0);
     for (const char* clump : {"Tilt", "Output", "Filter", "AdvFilter"})
         EXPECT_TRUE(ui_->clumpViewWithCodename(clump)->dimmed()) << clump;
     EXPECT_FALSE(ui_->masterClump()->dimmed());
-    EXPECT_TRUE(control(1).isDimmed());
-    EXPECT_TRUE(control(13).isDimmed()); // displaced from its clump view
-    hostSets(0, 1);
+    EXPECT_TRUE(control(pidTiltGain).isDimmed());
+    EXPECT_TRUE(control(pidFilterListenLow).isDimmed()); // displaced from its clump view
+    hostSets(pidMasterOnOff, 1);
     EXPECT_FALSE(ui_->clumpViewWithCodename("Tilt")->dimmed());
-    EXPECT_FALSE(control(1).isDimmed());
-    EXPECT_FALSE(control(13).isDimmed());
+    EXPECT_FALSE(control(pidTiltGain).isDimmed());
+    EXPECT_FALSE(control(pidFilterListenLow).isDimmed());
 }
 
 TEST_F(QVMGenericUISideEffects, EveryHoldHasThePriorityOfItsCause) {
-    hostSets(0, 0);
-    EXPECT_EQ(control(1).dimHolds().at("Clump"), 0u);
-    EXPECT_EQ(control(13).dimHolds().at("Clump"), 0u) << "displaced from its clump view";
-    EXPECT_EQ(control(14).dimHolds().at("FilterRangeLow"), 10u);
+    hostSets(pidMasterOnOff, 0);
+    EXPECT_EQ(control(pidTiltGain).dimHolds().at("Clump"), 0u);
+    EXPECT_EQ(control(pidFilterListenLow).dimHolds().at("Clump"), 0u) << "displaced from its clump view";
+    EXPECT_EQ(control(pidFilterSlopeLow).dimHolds().at("FilterRangeLow"), 10u);
     ScopedRecord record(6);
     record.parameter.scope = 2;
-    hostSets(0, 1);
-    hostSets(6, 1);
-    hostSets(6, 0);
-    EXPECT_EQ(control(7).dimHolds().at("Clump"), 5u);
+    hostSets(pidMasterOnOff, 1);
+    hostSets(pidTiltLoudnessMode, 1);
+    hostSets(pidTiltLoudnessMode, 0);
+    EXPECT_EQ(control(pidOutputGain).dimHolds().at("Clump"), 5u);
 }
 
 TEST_F(QVMGenericUISideEffects, PowerOffRipplesThroughTheControlsOfEachClump) {
-    hostSets(0, 0);
+    hostSets(pidMasterOnOff, 0);
     for (const char* clump : {"Tilt", "Output", "Filter"}) {
         const std::vector<QVMParameterControl*> controls = ui_->clumpViewWithCodename(clump)->parameterControls();
         ASSERT_GE(controls.size(), 2u) << clump;
@@ -82,7 +82,7 @@ TEST_F(QVMGenericUISideEffects, PowerOffRipplesThroughTheControlsOfEachClump) {
 TEST_F(QVMGenericUISideEffects, AClumpScopeDimsTheControlsOwnClump) {
     ScopedRecord record(7);
     record.parameter.scope = 2;
-    hostSets(7, -0.5f); // its whole part is 0
+    hostSets(pidOutputGain, -0.5f); // its whole part is 0
     EXPECT_TRUE(ui_->clumpViewWithCodename("Output")->dimmed());
     EXPECT_FALSE(ui_->clumpViewWithCodename("Tilt")->dimmed());
 }
@@ -90,12 +90,12 @@ TEST_F(QVMGenericUISideEffects, AClumpScopeDimsTheControlsOwnClump) {
 TEST_F(QVMGenericUISideEffects, DisablesPreventInteractionAtTheirValue) {
     ScopedRecord record(6);
     record.parameter.disables = {{}, {"TiltGain", "TiltRangeLow", "NoSuchThing"}};
-    hostSets(6, 1);
-    EXPECT_TRUE(control(1).primaryControl()->isDisabled());
-    EXPECT_TRUE(control(2).primaryControl()->isDisabled());
-    hostSets(6, 2);
-    EXPECT_FALSE(control(1).primaryControl()->isDisabled());
-    EXPECT_FALSE(control(2).primaryControl()->isDisabled());
+    hostSets(pidTiltLoudnessMode, 1);
+    EXPECT_TRUE(control(pidTiltGain).primaryControl()->isDisabled());
+    EXPECT_TRUE(control(pidTiltRangeLow).primaryControl()->isDisabled());
+    hostSets(pidTiltLoudnessMode, 2);
+    EXPECT_FALSE(control(pidTiltGain).primaryControl()->isDisabled());
+    EXPECT_FALSE(control(pidTiltRangeLow).primaryControl()->isDisabled());
 }
 
 // The editor of a product that has links.
@@ -112,16 +112,16 @@ TEST_F(QVMGenericUISideEffects, ALinkIsFollowedWhenItsValueComesToZeroAndNotAtTh
     auto& linked = build<LinkedEditor>(QVMConfig::inlinedConfig());
     time_.advance(0.6);
     frame(); // hands over
-    linked.handleParameterControlUpdated(control(6));
+    linked.handleParameterControlUpdated(control(pidTiltLoudnessMode));
     frame(); // the first values, zero among them
     ASSERT_EQ(linked.receivedParamUpdateCount(), 1u);
     EXPECT_TRUE(linked.told.empty());
-    hostSets(6, 1);
+    hostSets(pidTiltLoudnessMode, 1);
     EXPECT_TRUE(linked.told.empty()) << "not zero";
-    hostSets(6, 0);
+    hostSets(pidTiltLoudnessMode, 0);
     EXPECT_EQ(linked.told, (std::vector<std::pair<std::uint32_t, bool>>{{7, true}, {1, true}}));
     linked.told.clear();
-    linked.updateParameterFromSketchState(6, 0);
+    linked.updateParameterFromSketchState(pidTiltLoudnessMode, 0);
     EXPECT_TRUE(linked.told.empty()) << "zero as before";
 }
 
@@ -129,21 +129,21 @@ TEST_F(QVMGenericUISideEffects, DisablingAnEndDisablesTheRangeThatItBelongsTo) {
     ScopedRecord record(6);
     record.parameter.disables = {{}, {"TiltRangeLow"}, {"FilterRangeHigh"}};
     const auto isDisabled = [this](std::uint32_t pid) { return control(pid).range()->primaryControl()->isDisabled(); };
-    hostSets(6, 1);
+    hostSets(pidTiltLoudnessMode, 1);
     EXPECT_TRUE(isDisabled(2));
     EXPECT_FALSE(isDisabled(10));
-    hostSets(6, 2);
+    hostSets(pidTiltLoudnessMode, 2);
     EXPECT_FALSE(isDisabled(2));
     EXPECT_TRUE(isDisabled(10));
-    hostSets(6, 0);
+    hostSets(pidTiltLoudnessMode, 0);
     EXPECT_FALSE(isDisabled(10));
 }
 
 TEST_F(QVMGenericUISideEffects, ADisabledRangeMovesNeitherEnd) {
     ScopedRecord record(6);
     record.parameter.disables = {{}, {"TiltRangeLow", "TiltRangeHigh"}};
-    const Point band = middleOf(*control(2).range());
-    hostSets(6, 1);
+    const Point band = middleOf(*control(pidTiltRangeLow).range());
+    hostSets(pidTiltLoudnessMode, 1);
     delegate_.calls.clear();
     window_.sendEvent(mouseEvent(EventType::mouseDown, band));
     window_.sendEvent(mouseEvent(EventType::mouseDragged, band + Point{20, 0}));
@@ -154,16 +154,16 @@ TEST_F(QVMGenericUISideEffects, ADisabledRangeMovesNeitherEnd) {
 TEST_F(QVMGenericUISideEffects, HidesHideAtTheirValue) {
     ScopedRecord record(6);
     record.parameter.hides = {{}, {}, {"OutputGain"}};
-    hostSets(6, 2);
-    EXPECT_TRUE(control(7).isHidden());
-    hostSets(6, 1);
-    EXPECT_FALSE(control(7).isHidden());
+    hostSets(pidTiltLoudnessMode, 2);
+    EXPECT_TRUE(control(pidOutputGain).isHidden());
+    hostSets(pidTiltLoudnessMode, 1);
+    EXPECT_FALSE(control(pidOutputGain).isHidden());
 }
 
 TEST_F(QVMGenericUISideEffects, ThePresetIsFoundChangedHalfASecondAfterTheLastChange) {
-    hostSets(1, 6);
+    hostSets(pidTiltGain, 6);
     time_.advance(0.3);
-    hostSets(1, 7);
+    hostSets(pidTiltGain, 7);
     time_.advance(0.4);
     EXPECT_FALSE(ui_->presetBar()->dirty());
     time_.advance(0.2);
@@ -172,26 +172,26 @@ TEST_F(QVMGenericUISideEffects, ThePresetIsFoundChangedHalfASecondAfterTheLastCh
 
 TEST_F(QVMGenericUISideEffects, APresetIsCleanAFineStepAwayDirtyAndBackAgainClean) {
     const auto isDirtyAt = [this](float gain) {
-        ui_->notifyParameterUpdatedTo(1, gain);
+        ui_->notifyParameterUpdatedTo(pidTiltGain, gain);
         frame();
         time_.advance(0.6);
         return ui_->presetBar()->dirty();
     };
     ui_->requestPresetNamed("Dull");
-    const float chosen = memoized(1), step = GetParameter(1)->fineGranularity;
+    const float chosen = memoized(pidTiltGain), step = GetParameter(pidTiltGain)->fineGranularity;
     EXPECT_EQ(chosen, -7.5f);
     frame();
     time_.advance(0.6);
     EXPECT_FALSE(ui_->presetBar()->dirty());
-    EXPECT_TRUE(isDirtyAt(GetParameter(1)->normalizeFloatValue(chosen + step, QVMGranularityFine)));
+    EXPECT_TRUE(isDirtyAt(GetParameter(pidTiltGain)->normalizeFloatValue(chosen + step, QVMGranularityFine)));
     EXPECT_FALSE(isDirtyAt(chosen));
 }
 
 TEST_F(QVMGenericUISideEffects, NoSettingsEqualAPresetThatDoesNotExist) {
     const auto isDirtyWithPreset = [this](std::uint32_t index) {
         ui_->lastSavedPresetWasKeyed(index);
-        hostSets(1, 1);
-        hostSets(1, 0); // the values are those of the first preset again
+        hostSets(pidTiltGain, 1);
+        hostSets(pidTiltGain, 0); // the values are those of the first preset again
         time_.advance(0.6);
         return ui_->presetBar()->dirty();
     };
@@ -204,19 +204,19 @@ TEST_F(QVMGenericUISideEffects, AChannelRuleThatMatchesPinsAndDisablesItsControl
     ScopedRecord record(7);
     record.parameter.channelLayoutRules = {{QVMChannelPair{1, 1}, true, 3.0f}, {std::nullopt, true, 9.0f}};
     open(QVMConfig::inlinedConfig(), 1, 1);
-    EXPECT_TRUE(control(7).isDimmed());
-    EXPECT_EQ(control(7).dimHolds().at("Absolute"), 1000u);
-    EXPECT_TRUE(control(7).primaryControl()->isDisabled());
-    control(7).setFloatValue(-6);
-    EXPECT_EQ(control(7).floatValue(), 3);
+    EXPECT_TRUE(control(pidOutputGain).isDimmed());
+    EXPECT_EQ(control(pidOutputGain).dimHolds().at("Absolute"), 1000u);
+    EXPECT_TRUE(control(pidOutputGain).primaryControl()->isDisabled());
+    control(pidOutputGain).setFloatValue(-6);
+    EXPECT_EQ(control(pidOutputGain).floatValue(), 3);
 }
 
 TEST_F(QVMGenericUISideEffects, AChannelRuleForOtherChannelsIsIgnored) {
     ScopedRecord record(7);
     record.parameter.channelLayoutRules = {{QVMChannelPair{1, 1}, true, 3.0f}};
     open(QVMConfig::inlinedConfig(), 2, 2);
-    EXPECT_FALSE(control(7).isDimmed());
-    EXPECT_FALSE(control(7).primaryControl()->isDisabled());
+    EXPECT_FALSE(control(pidOutputGain).isDimmed());
+    EXPECT_FALSE(control(pidOutputGain).primaryControl()->isDisabled());
 }
 
 } // namespace

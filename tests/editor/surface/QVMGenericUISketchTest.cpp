@@ -95,10 +95,10 @@ TEST_F(QVMGenericUISketch, HandsItsObjectOverBeforeItTakesAnyValue) {
     frame();
     EXPECT_THAT(delegate_.calls, ElementsAre("viz"));
     EXPECT_EQ(delegate_.vizRef, &object().sharedState);
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     EXPECT_EQ(ui_->receivedParamUpdateCount(), count);
     frame();
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     EXPECT_THAT(delegate_.calls, ElementsAre("viz")) << "once, and nothing is sent back";
     EXPECT_EQ(ui_->receivedParamUpdateCount(), count + 1);
 }
@@ -112,28 +112,28 @@ TEST_F(QVMGenericUISketch, HandsItsObjectOverAgainWhenTheUnitLostIt) {
 TEST_F(QVMGenericUISketch, TheFirstGlideStartsFromWhatTheControlsShow) {
     openAnew();
     time_.advance(0.6);
-    EXPECT_EQ(object().parameterStates()[10].displayValue, 24000);
-    EXPECT_EQ(object().interpValues()[10], 24000);
+    EXPECT_EQ(object().parameterStates()[pidFilterRangeHigh].displayValue, 24000);
+    EXPECT_EQ(object().interpValues()[pidFilterRangeHigh], 24000);
 }
 
 TEST_F(QVMGenericUISketch, TheCurveGlidesToAHostsChangeInSevenFrames) {
-    hostSets(1, 6);
-    EXPECT_GT(object().parameterStates()[1].displayValue, 0);
-    EXPECT_LT(object().parameterStates()[1].displayValue, 6);
+    hostSets(pidTiltGain, 6);
+    EXPECT_GT(object().parameterStates()[pidTiltGain].displayValue, 0);
+    EXPECT_LT(object().parameterStates()[pidTiltGain].displayValue, 6);
     for (int i = 0; i < 6; ++i)
         frame();
-    EXPECT_EQ(object().parameterStates()[1].displayValue, 6);
+    EXPECT_EQ(object().parameterStates()[pidTiltGain].displayValue, 6);
 }
 
 TEST_F(QVMGenericUISketch, WithoutADelegateNothingIsAdopted) {
     ui_->setDelegate(nullptr);
-    hostSets(1, 6);
-    EXPECT_EQ(memoized(1), 0);
+    hostSets(pidTiltGain, 6);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMGenericUISketch, IsToldTheFocusedParameter) {
-    ui_->bringParameterControlIntoFocus(&control(9));
-    EXPECT_EQ(sketch().focusedPid(), 9);
+    ui_->bringParameterControlIntoFocus(&control(pidFilterRangeLow));
+    EXPECT_EQ(sketch().focusedPid(), pidFilterRangeLow);
     ui_->bringParameterControlIntoFocus(nullptr);
     EXPECT_EQ(sketch().focusedPid(), -1);
 }
@@ -167,16 +167,16 @@ TEST_F(QVMGenericUISketch, IsMadeForTheUnitsSampleRate) {
 
 TEST_F(QVMGenericUISketch, IsToldTheParameterThatHadTheFocusBefore) {
     openAnew();
-    ui_->bringParameterControlIntoFocus(&control(9));
+    ui_->bringParameterControlIntoFocus(&control(pidFilterRangeLow));
     time_.advance(0.6);
-    EXPECT_EQ(sketch().focusedPid(), 9);
+    EXPECT_EQ(sketch().focusedPid(), pidFilterRangeLow);
 }
 
 TEST_F(QVMGenericUISketch, AControlOfNoParameterHasNoPid) {
-    ui_->bringParameterControlIntoFocus(&control(9));
+    ui_->bringParameterControlIntoFocus(&control(pidFilterRangeLow));
     ui_->bringParameterControlIntoFocus(ui_->presetBar()->presetControl());
     EXPECT_EQ(sketch().focusedPid(), -1);
-    ui_->bringParameterControlIntoFocus(&control(9));
+    ui_->bringParameterControlIntoFocus(&control(pidFilterRangeLow));
     ui_->bringParameterControlIntoFocus(&ui_->presetBar()->ab());
     EXPECT_EQ(sketch().focusedPid(), -1);
 }
@@ -184,11 +184,11 @@ TEST_F(QVMGenericUISketch, AControlOfNoParameterHasNoPid) {
 TEST_F(QVMGenericUISketch, RestsWhileTheWindowIsHidden) {
     window_.setVisible(false);
     EXPECT_FALSE(ticks_.isStarted());
-    hostSets(1, 6);
-    EXPECT_EQ(memoized(1), 0);
+    hostSets(pidTiltGain, 6);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
     window_.setVisible(true);
     frame();
-    EXPECT_EQ(memoized(1), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
 }
 
 TEST_F(QVMGenericUISketch, StopsWithTheEditor) {

@@ -38,17 +38,17 @@ TEST_F(QVMGenericUITest, MakesAControlForEveryParameterThatIsLaidOut) {
 }
 
 TEST_F(QVMGenericUITest, AHiddenParameterOrOneWithAnEmptyFrameGetsNoControl) {
-    EXPECT_EQ(ui_->parameterControlWithPid(8), nullptr);  // hidden
-    EXPECT_EQ(ui_->parameterControlWithPid(4), nullptr);  // no frame
-    EXPECT_EQ(ui_->parameterControlWithPid(24), nullptr); // no such parameter
+    EXPECT_EQ(ui_->parameterControlWithPid(pidMeterMode), nullptr);     // hidden
+    EXPECT_EQ(ui_->parameterControlWithPid(pidTiltRangeLink), nullptr); // no frame
+    EXPECT_EQ(ui_->parameterControlWithPid(24), nullptr);               // no such parameter
     EXPECT_EQ(ui_->parameterControlWithCodename("MeterMode"), nullptr);
 }
 
 TEST_F(QVMGenericUITest, ADisplacedControlLivesInTheViewAroundTheClumps) {
-    EXPECT_EQ(control(13).superview(), ui_->clumpsView());
-    EXPECT_EQ(control(20).superview(), ui_->clumpsView());
-    EXPECT_EQ(control(23).superview(), ui_->advClumpsView());
-    EXPECT_EQ(control(1).superview(), ui_->clumpViewWithCodename("Tilt"));
+    EXPECT_EQ(control(pidFilterListenLow).superview(), ui_->clumpsView());
+    EXPECT_EQ(control(pidFilterListenHigh).superview(), ui_->clumpsView());
+    EXPECT_EQ(control(pidHQMode).superview(), ui_->advClumpsView());
+    EXPECT_EQ(control(pidTiltGain).superview(), ui_->clumpViewWithCodename("Tilt"));
 }
 
 TEST_F(QVMGenericUITest, TheAdvancedAreaExistsOnlyWithAdvancedControls) {
@@ -58,15 +58,15 @@ TEST_F(QVMGenericUITest, TheAdvancedAreaExistsOnlyWithAdvancedControls) {
     open(std::move(plain));
     EXPECT_EQ(ui_->advClumpsView(), nullptr);
     EXPECT_EQ(ui_->powerBox()->gear(), nullptr);
-    EXPECT_EQ(ui_->parameterControlWithPid(14), nullptr);
+    EXPECT_EQ(ui_->parameterControlWithPid(pidFilterSlopeLow), nullptr);
 }
 
 TEST_F(QVMGenericUITest, FindsControlsAndClumpViews) {
-    EXPECT_EQ(ui_->parameterControlWithCodename("TiltGain"), &control(1));
+    EXPECT_EQ(ui_->parameterControlWithCodename("TiltGain"), &control(pidTiltGain));
     EXPECT_EQ(ui_->clumpViewWithCodename("AdvFilter")->superview(), ui_->advClumpsView());
     EXPECT_EQ(ui_->clumpViewWithCodename("MasterOnOff"), ui_->masterClump());
     EXPECT_EQ(ui_->clumpViewWithCodename("Nothing"), nullptr);
-    EXPECT_EQ(control(2).clumpView(), ui_->clumpViewWithCodename("Tilt"));
+    EXPECT_EQ(control(pidTiltRangeLow).clumpView(), ui_->clumpViewWithCodename("Tilt"));
 }
 
 TEST_F(QVMGenericUITest, EachLowHighPairHasTwoRangeControlsOnOneBand) {
@@ -76,29 +76,29 @@ TEST_F(QVMGenericUITest, EachLowHighPairHasTwoRangeControlsOnOneBand) {
     ASSERT_TRUE(lower && upper);
     EXPECT_FALSE(lower->interactive());
     EXPECT_TRUE(upper->interactive());
-    EXPECT_EQ(control(2).range(), upper);
-    EXPECT_EQ(control(3).range(), upper);
-    EXPECT_EQ(upper->low(), &control(2));
-    EXPECT_EQ(upper->high(), &control(3));
-    const Rect both = control(2).frame().unionWith(control(3).frame());
+    EXPECT_EQ(control(pidTiltRangeLow).range(), upper);
+    EXPECT_EQ(control(pidTiltRangeHigh).range(), upper);
+    EXPECT_EQ(upper->low(), &control(pidTiltRangeLow));
+    EXPECT_EQ(upper->high(), &control(pidTiltRangeHigh));
+    const Rect both = control(pidTiltRangeLow).frame().unionWith(control(pidTiltRangeHigh).frame());
     EXPECT_EQ(upper->frame(), (Rect{both.x, both.midY() - 7 + 1, both.width, 14}));
     EXPECT_EQ(lower->frame(), upper->frame());
 }
 
 TEST_F(QVMGenericUITest, TellsEveryParameterTheChannels) {
     open(QVMConfig::inlinedConfig(), 1, 2);
-    EXPECT_EQ(GetParameter(7)->chanIn, 1u);
-    EXPECT_EQ(GetParameter(7)->chanOut, 2u);
+    EXPECT_EQ(GetParameter(pidOutputGain)->chanIn, 1u);
+    EXPECT_EQ(GetParameter(pidOutputGain)->chanOut, 2u);
     EXPECT_EQ(GetPresets()->chanIn, 1u);
     EXPECT_EQ(ui_->config().chanOut, 2u);
 }
 
 TEST_F(QVMGenericUITest, OpensWithTheValuesItWasGiven) {
     auto ui = std::make_unique<QVMGenericUI>(Rect{0, 0, 480, 320}, QVMConfig::inlinedConfig(), 2, 2);
-    EXPECT_EQ(ui->getMemoizedPValueDirectly(10), 24000); // the initial value
-    ui->setMemoizedPValueDirectlyValue(7, -12);
+    EXPECT_EQ(ui->getMemoizedPValueDirectly(pidFilterRangeHigh), 24000); // the initial value
+    ui->setMemoizedPValueDirectlyValue(pidOutputGain, -12);
     ui->completeInterfaceSetup();
-    EXPECT_EQ(ui->parameterControlWithPid(7)->floatValue(), -12);
+    EXPECT_EQ(ui->parameterControlWithPid(pidOutputGain)->floatValue(), -12);
 }
 
 TEST_F(QVMGenericUITest, ItsLayerTreeNamesItsParts) {

@@ -29,48 +29,48 @@ protected:
 };
 
 TEST_F(QVMGenericUIValues, AUsersChangeReachesTheDelegateInTheHostDomain) {
-    userSets(1, 4.5f);
-    userSets(2, 500);
+    userSets(pidTiltGain, 4.5f);
+    userSets(pidTiltRangeLow, 500);
     ASSERT_EQ(delegate_.sent.size(), 2u);
     EXPECT_EQ(delegate_.sent[0].hostValue, 4.5f);
-    EXPECT_EQ(delegate_.sent[1].hostValue, GetParameter(2)->reverseCastValue(500));
-    EXPECT_EQ(memoized(1), 4.5f);
-    EXPECT_EQ(memoized(2), 500);
+    EXPECT_EQ(delegate_.sent[1].hostValue, GetParameter(pidTiltRangeLow)->reverseCastValue(500));
+    EXPECT_EQ(memoized(pidTiltGain), 4.5f);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 500);
 }
 
 TEST_F(QVMGenericUIValues, RaisingTheLowEndPushesTheHighEndAnOctaveAway) {
-    userSets(3, 1500);
-    userSets(2, 1000);
-    EXPECT_EQ(memoized(2), 1000);
-    EXPECT_EQ(memoized(3), 2000);
+    userSets(pidTiltRangeHigh, 1500);
+    userSets(pidTiltRangeLow, 1000);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 1000);
+    EXPECT_EQ(memoized(pidTiltRangeHigh), 2000);
 }
 
 TEST_F(QVMGenericUIValues, LoweringTheHighEndPushesTheLowEndAnOctaveAway) {
-    userSets(2, 800);
-    userSets(3, 1000);
-    EXPECT_EQ(memoized(2), 500);
-    EXPECT_EQ(memoized(3), 1000);
+    userSets(pidTiltRangeLow, 800);
+    userSets(pidTiltRangeHigh, 1000);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 500);
+    EXPECT_EQ(memoized(pidTiltRangeHigh), 1000);
 }
 
 TEST_F(QVMGenericUIValues, ThePartnerIsLeftAloneWhenTheRuleChangesNothing) {
-    userSets(2, 100);
+    userSets(pidTiltRangeLow, 100);
     EXPECT_THAT(delegate_.calls, ElementsAre("updated 2"));
 }
 
 TEST_F(QVMGenericUIValues, ThePushedPartnersControlFollowsWithTheNextFrame) {
-    userSets(3, 1500);
-    userSets(2, 1000);
+    userSets(pidTiltRangeHigh, 1500);
+    userSets(pidTiltRangeLow, 1000);
     frame();
-    EXPECT_EQ(control(3).floatValue(), 2000);
+    EXPECT_EQ(control(pidTiltRangeHigh).floatValue(), 2000);
 }
 
 // The stack drops a snapshot that equals the last one, so what is looked at is the half second of waiting.
 TEST_F(QVMGenericUIValues, AnEqualValueReachesTheDelegateButAsksForNoSnapshot) {
-    userSets(1, 6);
+    userSets(pidTiltGain, 6);
     frame();
     time_.advance(0.4);
     delegate_.calls.clear();
-    userSets(1, 6);
+    userSets(pidTiltGain, 6);
     EXPECT_THAT(delegate_.calls, ElementsAre("updated 1"));
     EXPECT_EQ(stack().stack().size(), 1u);
     time_.advance(0.11);
@@ -79,39 +79,39 @@ TEST_F(QVMGenericUIValues, AnEqualValueReachesTheDelegateButAsksForNoSnapshot) {
 
 TEST_F(QVMGenericUIValues, AnEqualValueFlashesNothing) {
     endLimit();
-    userSets(14, 12); // the initial value of a parameter in the advanced drawer
+    userSets(pidFilterSlopeLow, 12); // the initial value of a parameter in the advanced drawer
     time_.settle();
     EXPECT_FALSE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, AChangeInTheHiddenDrawerFlashesTheGear) {
-    userSets(14, 18);
+    userSets(pidFilterSlopeLow, 18);
     time_.settle();
     EXPECT_TRUE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, TheGearFlashesFiveTimesASecondAtMostAndNoTimeLater) {
-    userSets(14, 18);
+    userSets(pidFilterSlopeLow, 18);
     time_.settle();
     ASSERT_TRUE(gearFlashes());
     endFlash();
     time_.advance(0.19);
-    userSets(14, 24);
+    userSets(pidFilterSlopeLow, 24);
     time_.settle();
     EXPECT_FALSE(gearFlashes());
     time_.advance(0.2);
     EXPECT_FALSE(gearFlashes()) << "what was too early is not made up for";
-    userSets(14, 30);
+    userSets(pidFilterSlopeLow, 30);
     time_.settle();
     EXPECT_TRUE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, TheGearMayFlashAgainAfterAFifthOfASecond) {
-    userSets(14, 18);
+    userSets(pidFilterSlopeLow, 18);
     time_.settle();
     endFlash();
     time_.advance(0.21);
-    userSets(14, 24);
+    userSets(pidFilterSlopeLow, 24);
     time_.settle();
     EXPECT_TRUE(gearFlashes());
 }
@@ -119,14 +119,14 @@ TEST_F(QVMGenericUIValues, TheGearMayFlashAgainAfterAFifthOfASecond) {
 TEST_F(QVMGenericUIValues, AChangeInTheOpenDrawerFlashesNothing) {
     endLimit();
     ui_->gearTapped();
-    userSets(14, 18);
+    userSets(pidFilterSlopeLow, 18);
     time_.settle();
     EXPECT_FALSE(gearFlashes());
 }
 
 TEST_F(QVMGenericUIValues, AChangeOutsideTheDrawerFlashesNothing) {
     endLimit();
-    userSets(1, 6);
+    userSets(pidTiltGain, 6);
     time_.settle();
     EXPECT_FALSE(gearFlashes());
 }
@@ -140,44 +140,44 @@ TEST_F(QVMGenericUIValues, AFrameWithTheReceivedValuesChangesNothingButTheCount)
 }
 
 TEST_F(QVMGenericUIValues, AHostsChangeMovesTheControlAndSendsNothingBack) {
-    hostSets(1, 6);
-    EXPECT_EQ(control(1).floatValue(), 6);
-    EXPECT_EQ(memoized(1), 6);
+    hostSets(pidTiltGain, 6);
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 6);
+    EXPECT_EQ(memoized(pidTiltGain), 6);
     EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
 TEST_F(QVMGenericUIValues, AHostsChangeArrivesInTheShownDomainRoundedToTheFineStep) {
-    hostSets(2, 12005);
-    EXPECT_NEAR(memoized(2), 489.9f, 1e-3);
-    EXPECT_NEAR(control(2).floatValue(), 489.9f, 1e-3);
+    hostSets(pidTiltRangeLow, 12005);
+    EXPECT_NEAR(memoized(pidTiltRangeLow), 489.9f, 1e-3);
+    EXPECT_NEAR(control(pidTiltRangeLow).floatValue(), 489.9f, 1e-3);
 }
 
 TEST_F(QVMGenericUIValues, FrequenciesFromTheHostKeepTheirFineStepAboveOneKilohertz) {
-    hostSets(2, GetParameter(2)->reverseCastValue(1234.56f));
-    EXPECT_NEAR(memoized(2), 1234.6f, 1e-3);
+    hostSets(pidTiltRangeLow, GetParameter(pidTiltRangeLow)->reverseCastValue(1234.56f));
+    EXPECT_NEAR(memoized(pidTiltRangeLow), 1234.6f, 1e-3);
 }
 
 TEST_F(QVMGenericUIValues, WhatTheUnitRefusesOrClampsIsShownAsItHoldsIt) {
-    hostSets(1, 6);
-    hostSets(1, std::numeric_limits<float>::quiet_NaN());
-    EXPECT_EQ(memoized(1), 6);
-    hostSets(1, 100);
-    EXPECT_EQ(memoized(1), 18);
-    EXPECT_EQ(control(1).floatValue(), 18);
+    hostSets(pidTiltGain, 6);
+    hostSets(pidTiltGain, std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(memoized(pidTiltGain), 6);
+    hostSets(pidTiltGain, 100);
+    EXPECT_EQ(memoized(pidTiltGain), 18);
+    EXPECT_EQ(control(pidTiltGain).floatValue(), 18);
 }
 
 // Half of 5 Hz is below what the unit holds: there it becomes 4, which is off.
 TEST_F(QVMGenericUIValues, AnEndThatTheUnitHasClampedIsWhatTheUnitHolds) {
-    userSets(9, 100);
+    userSets(pidFilterRangeLow, 100);
     frame();
-    ASSERT_FALSE(control(14).isDimmed());
-    userSets(10, 5);
+    ASSERT_FALSE(control(pidFilterSlopeLow).isDimmed());
+    userSets(pidFilterRangeHigh, 5);
     frame();
     EXPECT_EQ(delegate_.unit[9], 4);
-    EXPECT_EQ(memoized(9), 4);
-    EXPECT_EQ(control(9).floatValue(), 4);
-    EXPECT_TRUE(control(14).isDimmed()) << "the slope of a filter that is off";
-    EXPECT_TRUE(control(15).isDimmed());
+    EXPECT_EQ(memoized(pidFilterRangeLow), 4);
+    EXPECT_EQ(control(pidFilterRangeLow).floatValue(), 4);
+    EXPECT_TRUE(control(pidFilterSlopeLow).isDimmed()) << "the slope of a filter that is off";
+    EXPECT_TRUE(control(pidFilterResonanceLow).isDimmed());
     time_.advance(1);
     EXPECT_EQ(stack().currentValues()->values.at(9), 4);
     ui_->presetBar()->ab().tap();
@@ -185,30 +185,30 @@ TEST_F(QVMGenericUIValues, AnEndThatTheUnitHasClampedIsWhatTheUnitHolds) {
 }
 
 TEST_F(QVMGenericUIValues, AnEndThatTheUnitHasClampedBeforeIsStillWhatItHolds) {
-    ASSERT_EQ(memoized(9), 4); // and nothing new comes from the unit
-    userSets(10, 5);
+    ASSERT_EQ(memoized(pidFilterRangeLow), 4); // and nothing new comes from the unit
+    userSets(pidFilterRangeHigh, 5);
     frame();
-    EXPECT_EQ(memoized(9), 4);
+    EXPECT_EQ(memoized(pidFilterRangeLow), 4);
     time_.advance(1);
     EXPECT_EQ(stack().currentValues()->values.at(9), 4);
     EXPECT_EQ(stack().currentValues()->values.at(10), 5);
 }
 
 TEST_F(QVMGenericUIValues, WhatTheUnitRefusedGivesWayToWhatItHolds) {
-    ui_->notifyParameterUpdatedTo(1, std::numeric_limits<float>::quiet_NaN());
+    ui_->notifyParameterUpdatedTo(pidTiltGain, std::numeric_limits<float>::quiet_NaN());
     frame();
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMGenericUIValues, BothEndsOfARangeAreHeld) {
     for (const float end : {-18.0f, 18.0f}) {
-        ui_->notifyParameterUpdatedTo(1, end);
+        ui_->notifyParameterUpdatedTo(pidTiltGain, end);
         frame();
-        EXPECT_EQ(memoized(1), end);
+        EXPECT_EQ(memoized(pidTiltGain), end);
     }
-    ui_->notifyParameterUpdatedTo(2, 24000);
+    ui_->notifyParameterUpdatedTo(pidTiltRangeLow, 24000);
     frame();
-    EXPECT_EQ(memoized(2), 24000);
+    EXPECT_EQ(memoized(pidTiltRangeLow), 24000);
 }
 
 // The control's whole gesture, for a parameter that has none.
@@ -216,21 +216,21 @@ TEST_F(QVMGenericUIValues, AValueChosenForAParameterWithoutAControlIsOneDiscrete
     ui_->chooseValueForParameter(1, 8);
     EXPECT_THAT(delegate_.calls, ElementsAre("updated 8", "discrete 8"));
     EXPECT_EQ(delegate_.unit[8], 1);
-    EXPECT_EQ(memoized(8), 1);
+    EXPECT_EQ(memoized(pidMeterMode), 1);
 }
 
 TEST_F(QVMGenericUIValues, WhatTheEditorSentComesBackUnchanged) {
     for (const float value : {20.0f, 33.3f, 125.7f, 6300.0f, 23990.0f}) {
-        userSets(2, value);
-        const float sent = memoized(2);
+        userSets(pidTiltRangeLow, value);
+        const float sent = memoized(pidTiltRangeLow);
         frame();
-        EXPECT_EQ(memoized(2), sent);
+        EXPECT_EQ(memoized(pidTiltRangeLow), sent);
     }
 }
 
 TEST_F(QVMGenericUIValues, AHiddenParameterFollowsTheHostWithoutAControl) {
-    hostSets(8, 2);
-    EXPECT_EQ(memoized(8), 2);
+    hostSets(pidMeterMode, 2);
+    EXPECT_EQ(memoized(pidMeterMode), 2);
 }
 
 TEST_F(QVMGenericUIValues, UnknownPidsHaveNoEffect) {
@@ -243,15 +243,15 @@ TEST_F(QVMGenericUIValues, UnknownPidsHaveNoEffect) {
 TEST_F(QVMGenericUIValues, PairsAreAppliedByEitherCodenameAndUnknownNamesSkipped) {
     ui_->setParameterValuePairs({{"TiltGain", 3.0f}, {"out", -6.0f}, {"NoSuchThing", 1.0f}});
     EXPECT_THAT(delegate_.calls, ElementsAre("updated 1", "updated 7"));
-    EXPECT_EQ(memoized(7), -6);
+    EXPECT_EQ(memoized(pidOutputGain), -6);
 }
 
 TEST_F(QVMGenericUIValues, ResetSendsEveryControlsInitialValue) {
-    userSets(1, 9);
+    userSets(pidTiltGain, 9);
     delegate_.calls.clear();
     ui_->resetInitialValues();
     EXPECT_EQ(delegate_.calls.size(), ui_->parameterControls().size());
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMGenericUIValues, ScratchValuesAreAppliedWhereTheyDifferAndTheControlIsEnabled) {
@@ -259,15 +259,15 @@ TEST_F(QVMGenericUIValues, ScratchValuesAreAppliedWhereTheyDifferAndTheControlIs
         ui_->scratchPValues()[pid] = memoized(pid);
     ui_->scratchPValues()[1] = 6;
     ui_->scratchPValues()[7] = -3;
-    control(7).primaryControl()->setPreventInteraction(true);
+    control(pidOutputGain).primaryControl()->setPreventInteraction(true);
     ui_->applyScratchValues();
     EXPECT_THAT(delegate_.calls, ElementsAre("updated 1"));
 }
 
 TEST_F(QVMGenericUIValues, WithoutADelegateChangesAreKept) {
     ui_->setDelegate(nullptr);
-    userSets(1, 3);
-    EXPECT_EQ(memoized(1), 3);
+    userSets(pidTiltGain, 3);
+    EXPECT_EQ(memoized(pidTiltGain), 3);
 }
 
 } // namespace

@@ -83,7 +83,7 @@ TEST_F(QVMPresetsDrawerTest, ChoosingInTheListSetsTheControlAndFiresItsAction) {
     clickOnRow(22);
     EXPECT_EQ(ui_->presetBar()->presetControl()->floatValue(), 22);
     EXPECT_THAT(delegate_.calls, Contains("preset Cellphone 22"));
-    EXPECT_EQ(memoized(1), 7);
+    EXPECT_EQ(memoized(pidTiltGain), 7);
     EXPECT_TRUE(drawer_->visible());
     EXPECT_EQ(ui_->focusedControl(), nullptr); // the list keeps the keys
 }
@@ -101,7 +101,7 @@ TEST_F(QVMPresetsDrawerTest, ArrowKeysChooseTheNextPresetWhileItIsOpen) {
     EXPECT_TRUE(arrowKey(Key::down));
     EXPECT_TRUE(arrowKey(Key::down));
     EXPECT_EQ(ui_->currentPreset(), 2u);
-    EXPECT_EQ(memoized(1), -6);
+    EXPECT_EQ(memoized(pidTiltGain), -6);
     EXPECT_TRUE(arrowKey(Key::up));
     EXPECT_EQ(ui_->currentPreset(), 1u);
     openDrawer(); // closes it
@@ -124,7 +124,7 @@ TEST_F(QVMPresetsDrawerTest, APressOnTheBackgroundClosesIt) {
     click({300, 200});
     settle();
     EXPECT_FALSE(drawer_->visible());
-    EXPECT_EQ(memoized(1), 0);
+    EXPECT_EQ(memoized(pidTiltGain), 0);
 }
 
 TEST_F(QVMPresetsDrawerTest, ItsLineStandsAroundTheMiniature) {
