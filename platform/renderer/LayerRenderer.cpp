@@ -1,6 +1,6 @@
 #include "platform/renderer/LayerRenderer.h"
 
-#include "platform/layer/LayerGeometry.h"
+#include "platform/renderer/LayerPlacer.h"
 #include "platform/renderer/PlacementDiff.h"
 
 #include <algorithm>
@@ -11,22 +11,6 @@ namespace QVM_NAMESPACE {
 namespace {
 
 using Step = Placement::Step;
-constexpr double dashSteps = 4; // a pixel
-
-double toWholePixel(double x) {
-    return std::floor(x + 0.5);
-}
-
-// Of something `length` pixels long that starts at `start`: whole, and never nothing. Boxes end where their neighbour
-// starts; lines have no neighbour to meet, but other lines to look like: their thickness is the same wherever they are.
-double wholeLength(double start, double length) {
-    constexpr double thickestLine = 3; // pixels
-    if (!(length > 0)) return 0;
-    const double whole =
-        length < thickestLine ? toWholePixel(length) : toWholePixel(start + length) - toWholePixel(start);
-    return std::max(1.0, whole);
-}
-
 bool isVisibleAt(const Layer& layer, double time) {
     if (layer.isHidden()) return false;
     if (!layer.hasAnimations()) return layer.opacity() > 0;
@@ -48,15 +32,6 @@ void collectAnimating(const std::shared_ptr<Layer>& layer, std::vector<std::shar
 }
 
 } // namespace
-
-struct LayerRenderer::Space {
-    AffineTransform toDevice; // from the layer's box, points, to device pixels
-    bool isRigid = true;      // neither scaled nor turned: the box starts at a whole pixel
-    Point start;              // when rigid, where the box would start were it not for that
-    YAxis axis = YAxis::down; // of the layer
-    Rect bounds;              // of the layer, own coordinates
-    Rect clip;                // device pixels, whole: nothing shows beyond
-};
 
 LayerRenderer::LayerRenderer(RasterBackend& backend) : cache_(backend) {}
 
@@ -98,7 +73,8 @@ const RenderStatistics& LayerRenderer::update(double time) {
 
     const Rect rootBefore = rootPixels_;
     previous_.swap(placements_);
-    place(time);
+    placements_.clear();
+    rootPixels_ = root_ ? LayerPlacer(cache_, placements_, statistics_.rasterised).place(*root_, time) : Rect();
     DamageRegion damage;
     if (std::exchange(everythingDamaged_, false) || rootBefore != rootPixels_) {
         damage.add(rootBefore.unionWith(rootPixels_));
@@ -117,153 +93,6 @@ void LayerRenderer::finishAnimations(double time) {
     collectAnimating(root_, animated);
     for (const auto& layer : animated)
         layer->finishAnimations(time);
-}
-
-void LayerRenderer::place(double time) {
-    placements_.clear();
-    leaves_ = 0;
-    rootPixels_ = {};
-    if (!root_) return;
-    const PresentedLayer presented = root_->presentation(time);
-    Space window;
-    window.toDevice = AffineTransform::scale(scale(), scale());
-    const AffineTransform toDevice =
-        boxToSuperBox(presented, root_->anchorPoint(), window.axis, window.bounds).then(window.toDevice);
-    rootPixels_ = touchedPixels(toDevice.apply(Rect{0, 0, presented.bounds.width, presented.bounds.height}));
-    window.clip = rootPixels_;
-    visit(*root_, window, time);
-    linkPushes();
-}
-
-// Places a layer with all that is in it and returns the pixels that can be touched.
-Rect LayerRenderer::visit(const Layer& layer, const Space& outer, double time) {
-    if (layer.isHidden()) return {};
-    PresentedLayer presented = layer.presentation(time);
-    // Dashes march by steps too small to be seen, so that not every frame needs a raster of its own.
-    presented.lineDashPhase = toWholePixel(presented.lineDashPhase * dashSteps * scale()) / (dashSteps * scale());
-    const double opacity = std::min(presented.opacity, 1.0);
-    if (!(opacity > 0)) return {};
-
-    const AffineTransform toOuter = boxToSuperBox(presented, layer.anchorPoint(), outer.axis, outer.bounds);
-    Space own{toOuter.then(outer.toDevice),
-              outer.isRigid && toOuter.isTranslation(),
-              {},
-              layer.yAxis(),
-              presented.bounds,
-              outer.clip};
-    if (own.toDevice.a * own.toDevice.d == own.toDevice.b * own.toDevice.c) return {}; // flat: it has no inside
-    own.start = {own.toDevice.tx, own.toDevice.ty};
-    if (own.isRigid) {
-        // Sublayers start from here, so that what belongs together moves by the same pixels.
-        own.toDevice.tx = toWholePixel(own.start.x);
-        own.toDevice.ty = toWholePixel(own.start.y);
-    }
-
-    const std::size_t first = placements_.size(), leavesBefore = leaves_;
-    const bool isGroup = opacity < 1 && !layer.sublayers().empty();
-    if (isGroup) {
-        Placement& group = placements_.emplace_back();
-        group.step = Step::pushGroup;
-        group.layer = &layer;
-        group.opacity = opacity;
-    }
-    const std::size_t inner = placements_.size();
-    if (layer.masksToBounds()) {
-        pushClip(layer, presented, own);
-        own.clip = own.clip.intersectionWith(placements_.back().bounds);
-    }
-    Rect touched = placeLook(layer, presented, own, isGroup ? 1 : opacity);
-    for (const auto& sublayer : layer.sublayers())
-        touched = touched.unionWith(visit(*sublayer, own, time));
-    if (layer.masksToBounds()) closePush(inner, leavesBefore, touched);
-    if (isGroup) closePush(first, leavesBefore, touched);
-    return touched;
-}
-
-Rect LayerRenderer::placeLook(const Layer& layer, const PresentedLayer& presented, const Space& own, double opacity) {
-    if (!layer.hasLook(presented)) return {};
-    Placement leaf;
-    leaf.layer = &layer;
-    const AffineTransform& toDevice = own.toDevice;
-    const Rect box{0, 0, presented.bounds.width, presented.bounds.height};
-    if (layer.isPlainRectangle(presented) && toDevice.b == 0 && toDevice.c == 0) {
-        leaf.step = Step::fill;
-        leaf.rect = toDevice.apply(box);
-        if (own.isRigid) {
-            leaf.rect.width = wholeLength(own.start.x, leaf.rect.width);
-            leaf.rect.height = wholeLength(own.start.y, leaf.rect.height);
-        }
-        leaf.bounds = touchedPixels(leaf.rect).intersectionWith(own.clip);
-        leaf.color = presented.backgroundColor.withAlpha(presented.backgroundColor.a * static_cast<float>(opacity));
-    } else {
-        RasterCache::Entry& entry = cache_.find(layer, presented);
-        leaf.transform = AffineTransform::translation(entry.pixels.x, entry.pixels.y);
-        const double points = 1 / scale();
-        leaf.transform = own.isRigid ? leaf.transform.then(AffineTransform::translation(toDevice.tx, toDevice.ty))
-                                     : leaf.transform.then(AffineTransform::scale(points, points)).then(toDevice);
-        const Rect pixels = touchedPixels(leaf.transform.apply(Rect{0, 0, entry.pixels.width, entry.pixels.height}));
-        // Resampling touches the pixels next to the edge.
-        leaf.bounds = (own.isRigid ? pixels : pixels.insetBy(-1, -1)).intersectionWith(own.clip);
-        leaf.opacity = opacity;
-        if (entry.pixels.isEmpty() || leaf.bounds.isEmpty()) return {};
-        if (cache_.rasterise(entry, layer, presented))
-            statistics_.rasterised.push_back(layer.name().empty() ? layer.kind() : layer.name());
-        leaf.raster = entry.raster;
-        if (!leaf.raster) return {};
-    }
-    if (leaf.bounds.isEmpty()) return {};
-    ++leaves_;
-    placements_.push_back(std::move(leaf));
-    return placements_.back().bounds;
-}
-
-// The clip's bounds are its own until it is closed.
-void LayerRenderer::pushClip(const Layer& layer, const PresentedLayer& presented, const Space& own) {
-    Placement& clip = placements_.emplace_back();
-    clip.step = Step::pushClip;
-    clip.layer = &layer;
-    clip.rect = {0, 0, presented.bounds.width, presented.bounds.height};
-    clip.cornerRadius = presented.cornerRadius;
-    clip.transform = own.toDevice;
-    if (own.isRigid) {
-        clip.rect = {own.toDevice.tx, own.toDevice.ty, wholeLength(own.start.x, clip.rect.width * scale()),
-                     wholeLength(own.start.y, clip.rect.height * scale())};
-        clip.cornerRadius *= scale();
-        clip.transform = {};
-    }
-    clip.bounds = touchedPixels(clip.transform.apply(clip.rect));
-}
-
-// Ends a push with a pop, or takes the push back when there is nothing in it or, for a group, one thing only, which
-// then takes the group's opacity itself.
-void LayerRenderer::closePush(std::size_t push, std::size_t leavesBefore, const Rect& touched) {
-    const bool isGroup = placements_[push].step == Step::pushGroup;
-    const std::size_t inside = leaves_ - leavesBefore;
-    if (inside == 0 || (isGroup && inside == 1)) {
-        const auto at = placements_.begin() + static_cast<std::ptrdiff_t>(push);
-        const double opacity = at->opacity;
-        const auto rest = placements_.erase(at);
-        const auto only = std::find_if(rest, placements_.end(), [](const Placement& p) { return p.isLeaf(); });
-        if (only == placements_.end()) return;
-        only->opacity *= opacity;
-        only->color.a *= only->step == Step::fill ? static_cast<float>(opacity) : 1;
-        return;
-    }
-    placements_[push].bounds = touched;
-    Placement& pop = placements_.emplace_back();
-    pop.step = isGroup ? Step::popGroup : Step::popClip;
-    pop.layer = placements_[push].layer;
-    pop.bounds = touched;
-}
-
-void LayerRenderer::linkPushes() {
-    std::vector<std::size_t> open;
-    for (std::size_t i = 0; i < placements_.size(); ++i) {
-        if (placements_[i].isPush()) open.push_back(i);
-        if (placements_[i].isPush() || placements_[i].isLeaf()) continue;
-        placements_[open.back()].pop = i;
-        open.pop_back();
-    }
 }
 
 void LayerRenderer::compose(RasterTarget& target, const Rect& deviceClip) const {

@@ -52,17 +52,9 @@ public:
     bool isAnimating() const { return animating_; }
 
 private:
-    struct Space; // what a layer hands down to its sublayers
-
     void layerTreeDidChange() override;
     void layerTreeDidLoseLayer() override { lostLayers_ = true; }
     void finishAnimations(double time);
-    void place(double time);
-    Rect visit(const Layer& layer, const Space& outer, double time);
-    Rect placeLook(const Layer& layer, const PresentedLayer& presented, const Space& own, double opacity);
-    void pushClip(const Layer& layer, const PresentedLayer& presented, const Space& own);
-    void closePush(std::size_t push, std::size_t leavesBefore, const Rect& touched);
-    void linkPushes();
 
     RasterCache cache_;
     std::shared_ptr<Layer> root_;
@@ -70,7 +62,6 @@ private:
     bool changed_ = true, lostLayers_ = false, everythingDamaged_ = true, animating_ = false;
     Rect rootPixels_; // where the root lay at the last update
     std::vector<Placement> placements_, previous_;
-    std::size_t leaves_ = 0; // draws and fills among placements_
     RenderStatistics statistics_;
 };
 
