@@ -10,19 +10,24 @@ namespace {
 
 using namespace tables;
 
+// What the power box leaves of the editor: the preset bar at the top, the clumps below it.
+constexpr double kBarHeight = 30, kBarWidth = kPowerBox.x;
+// In the power box: the column of what can be pressed.
+constexpr double kColumnX = kPowerSwitch.x, kColumnWidth = kPowerSwitch.width;
+
 constexpr QVMEditorLayout normal = {
     .editor = {0, 0, kEditorSize.width, kEditorSize.height},
-    .clumpsView = {0, 30, 418, 290},
-    .presetBar = {0, 0, 418, 30},
+    .clumpsView = {0, kBarHeight, kBarWidth, kEditorSize.height - kBarHeight},
+    .presetBar = {0, 0, kBarWidth, kBarHeight},
     .powerBox = kPowerBox,
     .logoStamp = {7, 266, 50, 50},
     .powerControl = kPowerSwitch,
-    .logoButton = {4, 8, 54, 34},
-    .gearButton = {4, 76, 54, 40},
+    .logoButton = {kColumnX, 8, kColumnWidth, 34},
+    .gearButton = {kColumnX, 76, kColumnWidth, 40},
     .sketchPlace = kCurvePlace,
     .sketchPlaceRadius = 4,
-    .abControl = {359, 0, 62, 30},
-    .presetControl = {89, 0, 240, 30},
+    .abControl = {359, 0, 62, kBarHeight},
+    .presetControl = {89, 0, 240, kBarHeight},
     .advClumpsView = {kEditorSize.width, 0, kAdvancedWidth, kEditorSize.height},
 };
 
@@ -32,26 +37,20 @@ constexpr QVMEditorLayout doubleWide() {
     return layout;
 }
 
-constexpr Rect wholeBox = {0, 0, kCompactSize.width, kCompactSize.height};
+// The box with the curve in it is the whole editor. What is not part of this form stands outside it, out of sight.
+constexpr QVMEditorLayout compact() {
+    QVMEditorLayout layout = normal;
+    layout.editor = layout.powerBox = layout.sketchPlace = {0, 0, kCompactSize.width, kCompactSize.height};
+    layout.sketchPlaceRadius = 0;
+    for (Rect* const leftOfIt : {&layout.clumpsView, &layout.presetBar})
+        leftOfIt->x -= kBarWidth;
+    for (Rect* const aboveIt : {&layout.logoStamp, &layout.powerControl, &layout.logoButton, &layout.gearButton})
+        aboveIt->y -= kPowerBox.height;
+    layout.advClumpsView = {};
+    return layout;
+}
 
-// What is not part of this form stands outside it, out of sight.
-constexpr QVMEditorLayout compact = {
-    .editor = wholeBox,
-    .clumpsView = {-418, 30, 418, 290},
-    .presetBar = {-418, 0, 418, 30},
-    .powerBox = wholeBox,
-    .logoStamp = {7, -54, 50, 50},
-    .powerControl = {4, -204, 54, 62},
-    .logoButton = {4, -312, 54, 34},
-    .gearButton = {4, -244, 54, 40},
-    .sketchPlace = wholeBox,
-    .sketchPlaceRadius = 0, // it fills the box
-    .abControl = {359, 0, 62, 30},
-    .presetControl = {89, 0, 240, 30},
-    .advClumpsView = {0, 0, 0, 0},
-};
-
-constexpr std::array<QVMEditorLayout, 3> layouts = {normal, doubleWide(), compact};
+constexpr std::array<QVMEditorLayout, 3> layouts = {normal, doubleWide(), compact()};
 constexpr QVMEditorLayout none = {};
 
 } // namespace
