@@ -22,6 +22,12 @@ void ParameterGlide::sizeStates(std::uint32_t count) {
     interpScratch.assign(count, 0.0f);
 }
 
+void ParameterGlide::standAt(std::uint32_t pid, float value) {
+    if (pid >= paramCount) return;
+    parameterStates[pid].value = parameterStates[pid].displayValue = value;
+    interpTargets[pid] = interpValues[pid] = value;
+}
+
 bool ParameterGlide::post(std::uint32_t pid, float value) {
     if (pid >= paramCount) return false;
     QVMParameterState& state = parameterStates[pid];

@@ -21,6 +21,10 @@ public:
     // Gives every parameter a state and a place in the glide, all 0. Main thread, before the object is shared.
     void sizeStates(std::uint32_t count);
 
+    // A parameter is held and shown at a value (shown domain), with nothing to glide; nothing happens for a pid that
+    // has no state. Main thread, while nobody else has the object.
+    void standAt(std::uint32_t pid, float value);
+
     // The unit's side, one thread at a time, which may be the render thread; never waits. Posts a value in the shown
     // domain; false, and nothing happens, for one that is posted already and for a pid that has no state.
     bool post(std::uint32_t pid, float value);

@@ -49,9 +49,7 @@ struct Display {
         set(pidFilterSlopeHigh, 6 * s.highOrder);
         set(pidFilterResonanceHigh, s.highReso);
     }
-    void set(std::size_t pid, double value) {
-        sketch.parameterStates()[pid].value = sketch.parameterStates()[pid].displayValue = static_cast<float>(value);
-    }
+    void set(std::uint32_t pid, double value) { sketch.standAt(pid, static_cast<float>(value)); }
     void frame() { sketch.prepareForDrawing(canvas, kFrameSeconds); }
 };
 

@@ -78,10 +78,8 @@ void EditorSketches::addAuxiliarySketch(const PBSketch& description, const Setti
 // So that the first glide starts from what the controls show.
 void EditorSketches::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
     const std::size_t count = std::min<std::size_t>(vizRef.paramCount(), values_.count());
-    for (std::uint32_t pid = 0; pid < count; ++pid) {
-        vizRef.parameterStates()[pid].value = vizRef.parameterStates()[pid].displayValue = values_.memoized(pid);
-        vizRef.interpTargets()[pid] = vizRef.interpValues()[pid] = values_.memoized(pid);
-    }
+    for (std::uint32_t pid = 0; pid < count; ++pid)
+        vizRef.standAt(pid, values_.memoized(pid));
 }
 
 void EditorSketches::assumeLayout(const QVMEditorLayout& layout) {

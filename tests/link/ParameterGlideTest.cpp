@@ -37,6 +37,25 @@ TEST(ParameterGlide, StartsWithNothing) {
     EXPECT_FALSE(glide.interpPending);
 }
 
+TEST(ParameterGlide, WhatStandsAtAValueShowsItAndHasNothingToGlide) {
+    ParameterGlide glide;
+    glide.sizeStates(2);
+    glide.standAt(0, 4);
+    glide.standAt(1, -7);
+    glide.standAt(2, 1); // no such parameter
+    EXPECT_EQ(glide.parameterStates[1].value, -7);
+    EXPECT_EQ(glide.parameterStates[1].displayValue, -7);
+    EXPECT_FALSE(glide.isInterpolating);
+    EXPECT_FALSE(glide.post(1, -7)) << "it is there already";
+    // A glide of the other one starts where this one stands, and leaves it there.
+    glide.post(0, 10);
+    glide.restart();
+    glide.performInterp();
+    EXPECT_GT(glide.parameterStates[0].displayValue, 4);
+    EXPECT_LT(glide.parameterStates[0].displayValue, 10);
+    EXPECT_NEAR(glide.parameterStates[1].displayValue, -7, 1e-5);
+}
+
 TEST_F(ParameterGlideTest, EveryParameterIsPostedOnceAndOnlyWhenItIsAnother) {
     EXPECT_TRUE(glide.post(5, 3));
     EXPECT_EQ(glide.parameterStates[5].value, 3);

@@ -86,10 +86,8 @@ void PrintCurve(const Settings& settings, int points, std::ostream& out) {
     QVM0015GLSketch sketch;
     sketch.init(canvas, 0, 0);
     sketch.sizeStates(QVMParameterCount);
-    for (std::size_t pid = 0; pid < settings.size(); ++pid) {
-        sketch.parameterStates()[pid].value = settings[pid];
-        sketch.parameterStates()[pid].displayValue = settings[pid];
-    }
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        sketch.standAt(pid, settings[pid]);
     sketch.prepareForDrawing(canvas, 0);
 
     const bool auditions = sketch.listensLow() || sketch.listensHigh();

@@ -50,6 +50,7 @@ public:
     SharedWord<const char*>& numericMeterFormat() { return sharedState.numericMeter.format; }
     SharedWord<const char*>& numericMeterSuffix() { return sharedState.numericMeter.suffix; }
     void sizeStates(std::uint32_t count) { sharedState.glide.sizeStates(count); }
+    void standAt(std::uint32_t pid, float value) { sharedState.glide.standAt(pid, value); }
     void restartGlide() { sharedState.restartGlide(); }
     void performInterp() { sharedState.glide.performInterp(); }
     void requestFrame() { sharedState.frameRequest.ask(); }

@@ -67,6 +67,7 @@ struct Curve {
     std::vector<double> hertz;
     std::vector<double> level;  // dB
     std::vector<double> listen; // dB, while one listens
+    double reference = 0;       // dB, where the display has 0
 };
 
 inline Curve curveOf(const ShownValues& values, int points = 300) {
@@ -77,18 +78,16 @@ inline Curve curveOf(const ShownValues& values, int points = 300) {
     QVM0015GLSketch sketch;
     sketch.init(canvas, 0, 0);
     sketch.sizeStates(QVMParameterCount);
-    for (std::size_t pid = 0; pid < values.size(); ++pid) {
-        sketch.parameterStates()[pid].value = values[pid];
-        sketch.parameterStates()[pid].displayValue = values[pid];
-    }
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        sketch.standAt(pid, values[pid]);
     sketch.prepareForDrawing(canvas, 0);
-    const double reference = static_cast<double>(sketch.responseDisplay().referenceLevel);
     const bool listens = sketch.listensLow() || sketch.listensHigh();
     Curve curve;
+    curve.reference = static_cast<double>(sketch.responseDisplay().referenceLevel);
     for (std::size_t i = 0; i < sketch.response().size(); ++i) {
         curve.hertz.push_back(static_cast<double>(sketch.responseDisplay().freqs()[i]));
-        curve.level.push_back(static_cast<double>(sketch.response()[i]) - reference);
-        if (listens) curve.listen.push_back(static_cast<double>(sketch.listenCurve()[i]) - reference);
+        curve.level.push_back(static_cast<double>(sketch.response()[i]) - curve.reference);
+        if (listens) curve.listen.push_back(static_cast<double>(sketch.listenCurve()[i]) - curve.reference);
     }
     return curve;
 }

@@ -28,9 +28,8 @@ inline std::unique_ptr<QVM0015GLSketch> makeCurve(int points) {
 
 // Raw and display values alike.
 inline void setSettings(QVM0015GLSketch& sketch, const reference::Settings& settings) {
-    for (std::size_t pid = 0; pid < settings.size(); ++pid)
-        sketch.parameterStates()[pid].value = sketch.parameterStates()[pid].displayValue =
-            static_cast<float>(settings[pid]);
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        sketch.standAt(pid, static_cast<float>(settings[pid]));
 }
 
 inline void calculate(QVM0015GLSketch& sketch) {
