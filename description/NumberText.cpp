@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace QVM_NAMESPACE {
@@ -69,9 +70,19 @@ std::optional<Number> NumberFromText(std::string_view text) {
     return read && read->rest.empty() ? std::optional(read->value) : std::nullopt;
 }
 
+template <class Whole>
+std::optional<Whole> WholeNumberFromText(std::string_view text) {
+    Whole number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isWhole = error == std::errc{} && end == text.data() + text.size();
+    return isWhole ? std::optional(number) : std::nullopt;
+}
+
 template std::optional<ReadNumber<float>> NumberAtStart<float>(std::string_view);
 template std::optional<ReadNumber<double>> NumberAtStart<double>(std::string_view);
 template std::optional<float> NumberFromText<float>(std::string_view);
 template std::optional<double> NumberFromText<double>(std::string_view);
+template std::optional<int> WholeNumberFromText<int>(std::string_view);
+template std::optional<std::uint32_t> WholeNumberFromText<std::uint32_t>(std::string_view);
 
 } // namespace QVM_NAMESPACE

@@ -35,4 +35,9 @@ std::optional<ReadNumber<Number>> NumberAtStart(std::string_view text);
 template <class Number>
 std::optional<Number> NumberFromText(std::string_view text);
 
+// The whole number (int or std::uint32_t) that a text is, in decimal digits and nothing else; none where it is anything
+// else or beyond what the type can hold.
+template <class Whole>
+std::optional<Whole> WholeNumberFromText(std::string_view text);
+
 } // namespace QVM_NAMESPACE

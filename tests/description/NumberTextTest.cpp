@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -107,6 +108,19 @@ TEST(NumberText, ReadsATextThatIsANumberAndNothingElse) {
     EXPECT_EQ(NumberFromText<float>("1 "), std::nullopt);
     EXPECT_TRUE(std::isinf(*NumberFromText<float>("inf")));
     EXPECT_TRUE(std::isnan(*NumberFromText<float>("nan")));
+}
+
+TEST(NumberText, AWholeNumberIsDigitsAndNothingElse) {
+    EXPECT_EQ(WholeNumberFromText<int>("-12"), -12);
+    EXPECT_EQ(WholeNumberFromText<std::uint32_t>("4294967295"), 4294967295u);
+    for (const char* none : {"", "x", "1x", "1 ", " 1", "+1", "1.0", "1e3", "0x1"})
+        EXPECT_EQ(WholeNumberFromText<int>(none), std::nullopt) << none;
+}
+
+TEST(NumberText, AWholeNumberThatItsTypeCannotHoldIsNone) {
+    EXPECT_EQ(WholeNumberFromText<int>("2147483648"), std::nullopt);
+    EXPECT_EQ(WholeNumberFromText<std::uint32_t>("4294967296"), std::nullopt);
+    EXPECT_EQ(WholeNumberFromText<std::uint32_t>("-1"), std::nullopt);
 }
 
 TEST(NumberText, NumbersBeyondAllNumbersAreTheLargestAndThoseTooNearToZeroAreZero) {

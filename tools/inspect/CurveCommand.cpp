@@ -1,12 +1,13 @@
 // The response curve that the editor draws, as a table: unsmoothed, over the display's own grid of frequencies.
 #include "description/Description.h"
+#include "description/NumberText.h"
 #include "settings/SettingsAddress.h"
 #include "tools/inspect/Command.h"
 #include "viz/sketches/QVM0015GLSketch.h"
 
 #include <array>
 #include <charconv>
-#include <cmath>
+#include <cstdint>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -26,14 +27,6 @@ struct CurveRequest {
     std::string_view address = "/?";
     int points = kDisplayPoints;
 };
-
-// Reads all of a text as a whole number; none when it is anything else.
-std::optional<int> WholeNumberFrom(std::string_view text) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return number;
-}
 
 // What the address says over the initial values; an address may be cut down to what stands from "/?" on. Returns what
 // is wrong with it, or nothing.
@@ -62,7 +55,7 @@ std::string ReadArguments(Arguments arguments, CurveRequest& request) {
             request.address = value;
             continue;
         }
-        const std::optional<int> points = WholeNumberFrom(value);
+        const std::optional<int> points = WholeNumberFromText<int>(value);
         if (!points || *points < kFewestPoints || *points > kMostPoints) {
             return "--points is a number from " + std::to_string(kFewestPoints) + " to " + std::to_string(kMostPoints);
         }

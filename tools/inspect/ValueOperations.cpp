@@ -5,7 +5,6 @@
 #include "description/ValueText.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -96,9 +95,10 @@ std::string ParseFloat(std::string_view word, float* value) {
 }
 
 std::string ParseWhole(std::string_view word, std::uint32_t* value) {
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), *value);
-    const bool isWhole = error == std::errc() && end == word.data() + word.size();
-    return isWhole ? std::string() : Quoted(word) + " is not a whole number";
+    const auto number = WholeNumberFromText<std::uint32_t>(word);
+    if (!number) return Quoted(word) + " is not a whole number";
+    *value = *number;
+    return {};
 }
 
 std::string ParseType(std::string_view word, std::uint32_t* value) {
