@@ -1,12 +1,6 @@
-#include "editor/EditorFixture.h"
+#include "editor/surface/PresetsFixture.h"
 
 #include "description/Presets.h"
-#include "editor/surface/OutlineView.h"
-#include "editor/surface/QVMPresetBar.h"
-#include "editor/surface/QVMPresetControl.h"
-#include "editor/surface/QVMPresetsDrawer.h"
-
-#include <gmock/gmock.h>
 
 #include <cmath>
 #include <limits>
@@ -14,24 +8,7 @@
 namespace QVM_NAMESPACE {
 namespace {
 
-using testing::Contains;
-using testing::IsEmpty;
-
-class QVMGenericUIPresets : public EditorFixture {
-protected:
-    void settle() { frames(1); }
-    bool dirty() { return ui_->presetBar()->dirty(); }
-    QVMPresetControl& name() {
-        return dynamic_cast<QVMPresetControl&>(*ui_->presetBar()->presetControl()->primaryControl());
-    }
-    std::string shownName() { return name().value()->string().string(); }
-    // A new editor on the unit as it is, as when a host closes the old one and opens it again.
-    void reopen(const std::string& presetName) {
-        build(QVMConfig::inlinedConfig());
-        ui_->lastSavedPresetWasNamed(presetName);
-        settle();
-    }
-};
+class QVMGenericUIPresets : public PresetsFixture {};
 
 TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQualitySwitch) {
     userSets(pidHQMode, 1);
@@ -43,30 +20,6 @@ TEST_F(QVMGenericUIPresets, CellphoneChangesTwentyThreeParametersAndLeavesTheQua
     const auto values = PresetIndexToPresetValues(22);
     for (std::uint32_t pid = 0; pid < 23; ++pid)
         EXPECT_EQ(memoized(pid), values->at(pid)) << pid;
-}
-
-// Who hears of a preset may ask where the keyboard is.
-class FocusWitness final : public RecordingDelegate {
-public:
-    void interfaceDidUpdateCurrentPresetToValueNamedPid(QVMGenericUI& ui, const std::string&, std::uint32_t) override {
-        ++announcements;
-        isNameFocused = ui.presetBar()->presetControl()->focused();
-    }
-    int announcements = 0;
-    bool isNameFocused = false;
-};
-
-TEST_F(QVMGenericUIPresets, TheNameHasTheKeyboardWhenAPresetIsAnnouncedUnlessTheListIsOpen) {
-    FocusWitness witness;
-    ui_->setDelegate(&witness);
-    ui_->requestPresetNamed("Cellphone");
-    EXPECT_TRUE(witness.isNameFocused);
-    ui_->togglePresetsDrawer();
-    settle();
-    ui_->requestPresetNamed("Default");
-    EXPECT_FALSE(witness.isNameFocused);
-    EXPECT_EQ(witness.announcements, 2);
-    ui_->setDelegate(&delegate_);
 }
 
 TEST_F(QVMGenericUIPresets, DefaultIsCleanAfterOpening) {
@@ -192,91 +145,6 @@ TEST_F(QVMGenericUIPresets, ChoosingTheSamePresetAgainAppliesItsValuesAndClearsT
     EXPECT_TRUE(dirty()); // not at once
     settle();
     EXPECT_FALSE(dirty());
-}
-
-TEST_F(QVMGenericUIPresets, AnIndexThatNoPresetHasIsNamedSoAndIsDirtyWhateverTheValues) {
-    ui_->lastSavedPresetWasKeyed(23);
-    EXPECT_EQ(shownName(), "N/A");
-    settle();
-    EXPECT_TRUE(dirty());
-    delegate_.calls.clear();
-    delegate_.sent.clear();
-    ui_->presetUpdated();
-    EXPECT_THAT(delegate_.sent, IsEmpty());
-    EXPECT_THAT(delegate_.calls, Contains("preset N/A 23"));
-}
-
-TEST_F(QVMGenericUIPresets, AnOpenListMarksThePresetThatIsNamedFromElsewhere) {
-    ui_->togglePresetsDrawer();
-    ui_->lastSavedPresetWasKeyed(8);
-    EXPECT_EQ(ui_->presetDrawer()->outline().selection(), 8u);
-}
-
-TEST_F(QVMGenericUIPresets, AProductWithoutPresetsHasNoneToName) {
-    auto config = QVMConfig::inlinedConfig();
-    config->presets = nullptr;
-    open(std::move(config));
-    ui_->lastSavedPresetWasKeyed(8);
-    ui_->lastSavedPresetWasNamed("Air");
-    settle();
-    EXPECT_EQ(ui_->currentPreset(), 0u);
-    EXPECT_THAT(delegate_.calls, IsEmpty());
-}
-
-TEST_F(QVMGenericUIPresets, ASavedNameThatNoPresetHasIsShownAsSuch) {
-    ui_->lastSavedPresetWasNamed("Air");
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_EQ(shownName(), "Air");
-    ui_->lastSavedPresetWasNamed("Nothing of the kind");
-    EXPECT_EQ(ui_->currentPreset(), QVMPresetCount);
-    EXPECT_EQ(shownName(), "N/A");
-    settle();
-    EXPECT_TRUE(dirty());
-    EXPECT_THAT(delegate_.sent, IsEmpty());
-}
-
-TEST_F(QVMGenericUIPresets, ANameThatNoPresetHasCannotBeChosen) {
-    ui_->requestPresetNamed("Air");
-    userSets(pidTiltGain, 5);
-    settle();
-    delegate_.calls.clear();
-    ui_->requestPresetNamed("Nothing of the kind");
-    EXPECT_EQ(ui_->currentPreset(), 8u);
-    EXPECT_EQ(memoized(pidTiltGain), 5) << "nor is the current one applied again";
-    EXPECT_THAT(delegate_.calls, IsEmpty());
-}
-
-TEST_F(QVMGenericUIPresets, AnArrowInTheBarAppliesTheNextPresetAndTakesTheFocus) {
-    const Point rightArrow = ui_->presetBar()->convertToWindow(Point{320, 15});
-    click(rightArrow);
-    EXPECT_EQ(ui_->currentPreset(), 1u);
-    EXPECT_EQ(memoized(pidTiltGain), 6);
-    EXPECT_EQ(ui_->focusedControl(), ui_->presetBar()->presetControl());
-    EXPECT_TRUE(ui_->presetBar()->presetControl()->focused());
-    EXPECT_THAT(delegate_.calls, Contains("preset Brighter 1"));
-}
-
-TEST_F(QVMGenericUIPresets, AClickOnTheNameOpensTheListAndSetsNothingWhateverModifierIsHeld) {
-    ui_->requestPresetNamed("Air");
-    settle();
-    const std::vector<float> before = memoized();
-    for (const std::uint32_t modifier : {0u, EventModifier::option, EventModifier::command, EventModifier::shift}) {
-        delegate_.sent.clear();
-        const bool wasOpen = ui_->presetDrawer()->visible();
-        click(middleOf(name()), modifier);
-        settle();
-        EXPECT_NE(ui_->presetDrawer()->visible(), wasOpen) << modifier;
-        EXPECT_THAT(delegate_.sent, IsEmpty()) << modifier;
-        EXPECT_EQ(ui_->currentPreset(), 8u) << modifier;
-        EXPECT_EQ(memoized(), before) << modifier;
-    }
-}
-
-TEST_F(QVMGenericUIPresets, AnArrowWithAltStepsToTheNextPresetAndNotToTheFirst) {
-    ui_->requestPresetNamed("Air");
-    settle();
-    click(ui_->presetBar()->convertToWindow(Point{320, 15}), EventModifier::option);
-    EXPECT_EQ(ui_->currentPreset(), 9u);
 }
 
 TEST_F(QVMGenericUIPresets, AnOctaveRuleDoesNotBendAPreset) {
