@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -19,40 +21,44 @@ protected:
         QVMFloatControl* inner = control(pid).primaryControl();
         inner->delegate()->floatControlInteractionDidChangeToEvent(*inner, state, nullptr);
     }
+    // The tilt's band, with room on both sides, and nothing reported of how it came to that.
+    void narrowTheBand() {
+        userSets(pidTiltRangeLow, 100);
+        userSets(pidTiltRangeHigh, 6400);
+        frame();
+        time_.advance(1);
+        delegate_.calls.clear();
+    }
+    void expectOneGestureOfEachEnd(double pressedAt) {
+        for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
+            EXPECT_EQ(std::ranges::count(delegate_.calls, call), 1) << call << " at " << pressedAt;
+    }
 };
 
 TEST_F(QVMGenericUIEvents, GesturesAreReportedAndRemembered) {
     EXPECT_EQ(ui_->interactionState(pidOutputGain), QVMInteractionDiscrete);
-    interaction(7, QVMInteractionBegan);
+    interaction(pidOutputGain, QVMInteractionBegan);
     EXPECT_EQ(ui_->interactionState(pidOutputGain), QVMInteractionBegan);
     EXPECT_EQ(ui_->focusedControl(), &control(pidOutputGain));
-    interaction(7, QVMInteractionEnded);
-    interaction(7, QVMInteractionDiscrete);
+    interaction(pidOutputGain, QVMInteractionEnded);
+    interaction(pidOutputGain, QVMInteractionDiscrete);
     EXPECT_THAT(delegate_.calls, ElementsAre("began 7", "ended 7", "discrete 7"));
     EXPECT_EQ(ui_->interactionState(24), QVMInteractionDiscrete); // no such parameter
 }
 
 TEST_F(QVMGenericUIEvents, ADragOfARangesBandIsOneGestureOfEachEnd) {
-    userSets(pidTiltRangeLow, 100);
-    userSets(pidTiltRangeHigh, 6400);
-    frame();
-    time_.advance(1);
-    delegate_.calls.clear();
+    narrowTheBand();
     const Point middle = middleOf(*control(pidTiltRangeHigh).range());
     window_.sendEvent(mouseEvent(EventType::mouseDown, middle));
     window_.sendEvent(mouseEvent(EventType::mouseDragged, {middle.x + 10, middle.y}));
     window_.sendEvent(mouseEvent(EventType::mouseUp, {middle.x + 10, middle.y}));
-    for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
-        EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), call), 1) << call;
+    expectOneGestureOfEachEnd(middle.x);
     EXPECT_GT(memoized(pidTiltRangeLow), 100);
     EXPECT_GT(memoized(pidTiltRangeHigh), 6400);
 }
 
 TEST_F(QVMGenericUIEvents, APressBesideARangesBandIsOneGestureOfEachEndAndJumpsNeither) {
-    userSets(pidTiltRangeLow, 100);
-    userSets(pidTiltRangeHigh, 6400);
-    frame();
-    time_.advance(1);
+    narrowTheBand();
     const Rect strip = control(pidTiltRangeHigh).range()->convertToWindow(control(pidTiltRangeHigh).range()->bounds());
     for (const double x : {strip.minX() + 10, strip.minX() + 45, strip.maxX() - 45}) {
         delegate_.calls.clear();
@@ -66,19 +72,14 @@ TEST_F(QVMGenericUIEvents, APressBesideARangesBandIsOneGestureOfEachEndAndJumpsN
         frames(0.2);
         EXPECT_GT(memoized(pidTiltRangeLow), low) << x;
         EXPECT_GT(memoized(pidTiltRangeHigh), high) << x;
-        for (const char* call : {"began 2", "began 3", "ended 2", "ended 3"})
-            EXPECT_EQ(std::count(delegate_.calls.begin(), delegate_.calls.end(), call), 1) << call << " at " << x;
-        for (const std::uint32_t pid : {2u, 3u})
+        expectOneGestureOfEachEnd(x);
+        for (const std::uint32_t pid : {pidTiltRangeLow, pidTiltRangeHigh})
             EXPECT_FALSE(control(pid).handlingOutsideClick() || control(pid).range()->handlingOutsideClick()) << x;
     }
 }
 
 TEST_F(QVMGenericUIEvents, AnOptionClickOnABandResetsBothEndsInOneGestureOfEach) {
-    userSets(pidTiltRangeLow, 100);
-    userSets(pidTiltRangeHigh, 6400);
-    frame();
-    time_.advance(1);
-    delegate_.calls.clear();
+    narrowTheBand();
     const Point middle = middleOf(*control(pidTiltRangeHigh).range());
     window_.sendEvent(mouseEvent(EventType::mouseDown, middle, EventModifier::option));
     window_.sendEvent(mouseEvent(EventType::mouseUp, middle, EventModifier::option));
@@ -105,7 +106,7 @@ TEST_F(QVMGenericUIEvents, ARightClickForTheMenuBeginsNothing) {
 
 TEST_F(QVMGenericUIEvents, TheMasterSwitchNeverTakesFocus) {
     ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
-    interaction(0, QVMInteractionBegan);
+    interaction(pidMasterOnOff, QVMInteractionBegan);
     EXPECT_EQ(ui_->focusedControl(), &control(pidTiltGain));
 }
 

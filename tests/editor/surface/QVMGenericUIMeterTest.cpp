@@ -5,7 +5,7 @@
 #include "editor/surface/QVMPowerBox.h"
 #include "resources/IconGlyphs.h"
 #include "theme/Colors.h"
-#include "viz/sketches/QVM0015GLSketch.h"
+#include "viz/sketches/SketchFixture.h"
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ TEST_F(QVMGenericUIMeter, TheMeterStandsOverTheGainSliderWhereItsSketchSays) {
 }
 
 TEST_F(QVMGenericUIMeter, TheMetersBarsLieInsideTheTrack) {
-    const PBRect& track = PB_Parameters[7].track;
+    const PBRect& track = PB_Parameters[pidOutputGain].track;
     const Rect groove = gainSlider().trackRect();
     EXPECT_GT(track.x - track.w / 2, groove.minX());
     EXPECT_LT(track.x + track.w * 1.5, groove.maxX());
@@ -48,7 +48,7 @@ TEST_F(QVMGenericUIMeter, TheMetersBarsLieInsideTheTrack) {
 TEST_F(QVMGenericUIMeter, ALevelEndsAtTheMiddleOfTheHandleOfAsMuchGain) {
     QVMLevelMeter::Channel& channel = object().levelMeter()->channel(0);
     channel.slewEnabled = false;
-    const PBGLCanvas canvas = {PBSketchLevelMeter, PB_Sketches[1], PB_Parameters[7], 97, 217, 1};
+    const PBGLCanvas canvas = meterCanvas(1);
     for (const float decibels : {-96.0f, -60.0f, -36.0f, -24.0f, -12.0f, -6.0f, -1.0f, 0.0f, 3.0f, 6.0f, 12.0f}) {
         channel.level = decibels;
         object().prepareForDrawing(canvas, 0.1f);
@@ -92,13 +92,13 @@ TEST_F(QVMGenericUIMeter, TheToolTipOverItSaysWhatItShows) {
     EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Pre");
     hostSets(pidMeterMode, 2);
     EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Diff");
-    ui_->chooseValueForParameter(1, 8);
+    ui_->chooseValueForParameter(1, pidMeterMode);
     EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Post");
     EXPECT_EQ(control(pidTiltLoudnessMode).toolTip(), "Tilt Loudness Mode");
 }
 
 TEST_F(QVMGenericUIMeter, TheToolTipOfAReopenedEditorSaysWhatItShowsThen) {
-    delegate_.unit[8] = 1;
+    delegate_.unit[pidMeterMode] = 1;
     build(QVMConfig::inlinedConfig());
     time_.advance(0.6);
     EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Post");
