@@ -1,22 +1,11 @@
-// The toolkit's message thread for every test of the program, without a display even where there is one.
-#include <gtest/gtest.h>
+// No display, even where there is one.
+#include "support/ToolkitEnvironment.h"
 
-#include <juce_gui_basics/juce_gui_basics.h>
-
-#include <cstdlib>
-#include <optional>
-
+namespace QVM_NAMESPACE {
 namespace {
 
-class ToolkitEnvironment final : public testing::Environment {
-    void SetUp() override {
-        setenv("DISPLAY", ":4711", 1); // without the variable the toolkit would try the first screen of the machine
-        toolkit_.emplace();
-    }
-    void TearDown() override { toolkit_.reset(); }
-    std::optional<juce::ScopedJuceInitialiser_GUI> toolkit_;
-};
-
-[[maybe_unused]] testing::Environment* const environment = testing::AddGlobalTestEnvironment(new ToolkitEnvironment);
+[[maybe_unused]] testing::Environment* const environment =
+    testing::AddGlobalTestEnvironment(new ToolkitEnvironment(TestDisplay::none));
 
 } // namespace
+} // namespace QVM_NAMESPACE
