@@ -59,6 +59,23 @@ void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::str
     app.add_flag(names, flag, help);
 }
 
+void addTheme(CLI::App& app, StartTheme& theme) {
+    addOption(app, {"--theme", "light|dark", "start in a theme"}, [&theme](const std::string& value) {
+        if (value != "light" && value != "dark") return "--theme takes light or dark, not \"" + value + "\"";
+        theme = value == "dark" ? StartTheme::dark : StartTheme::light;
+        return std::string();
+    });
+}
+
+void addScale(CLI::App& app, const std::string& otherwise, double& scale) {
+    addNumber(app, {"--scale", "N", "device pixels a point, 0.5 to 4 (otherwise " + otherwise + ")"}, 0.5, 4,
+              [&scale](double v) { scale = v; });
+}
+
+void addQuitAfter(CLI::App& app, std::optional<double>& seconds) {
+    addNumber(app, {"--quit-after", "SECONDS", "close by itself"}, 0, 1e6, [&seconds](double v) { seconds = v; });
+}
+
 void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter) {
     const auto check = [](const std::string& file) {
         return file.empty() || file == "-" ? unknownArgument(file) : std::string();

@@ -4,6 +4,7 @@
 #include "BuildNamespace.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,12 @@ void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::str
 // Adds the one argument without a name: a file, and never an empty text. Setters are called in the order in which what
 // they belong to was added.
 void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter);
+// The options of every program that opens a window. What they set lives as long as the app is used.
+enum class StartTheme : unsigned char { light, dark };
+void addTheme(CLI::App& app, StartTheme& theme);
+// `otherwise` says what the scale is when it is not given, in device pixels a point.
+void addScale(CLI::App& app, const std::string& otherwise, double& scale);
+void addQuitAfter(CLI::App& app, std::optional<double>& seconds);
 // What is said of an argument that has no place.
 std::string unknownArgument(const std::string& argument);
 

@@ -30,12 +30,6 @@ std::string setSettings(Options& options, const std::string& value) {
     return {};
 }
 
-std::string setTheme(Options& options, const std::string& value) {
-    if (value != "light" && value != "dark") return "--theme takes light or dark, not \"" + value + "\"";
-    options.theme = value == "dark" ? Options::Theme::dark : Options::Theme::light;
-    return {};
-}
-
 std::string setLayout(Options& options, const std::string& value) {
     static const std::map<std::string, Options::Layout> layouts = {
         {"normal", Options::Layout::normal}, {"wide", Options::Layout::wide}, {"compact", Options::Layout::compact}};
@@ -58,16 +52,14 @@ public:
         });
         add({"--settings", "ADDRESS", "start with the settings of an address, as copied from an editor"}, setSettings);
         add({"--preset", "NAME", "start with a factory preset"}, setPreset);
-        add({"--theme", "light|dark", "start in a theme"}, setTheme);
+        addTheme(app, options.theme);
         add({"--layout", "NAME", "start normal, wide (with the advanced drawer) or compact"}, setLayout);
-        addNumber(app, {"--scale", "N", "device pixels a point, 0.5 to 4 (otherwise the desktop's)"}, 0.5, 4,
-                  [this](double v) { options_.scale = v; });
+        addScale(app, "the desktop's", options.scale);
         add({"--screenshot", "FILE", "write a PNG of the editor; works without a display"},
             [](Options& o, const std::string& v) { return o.screenshotFile = v, std::string(); });
         addNumber(app, {"--after", "SECONDS", "when to write it (2)"}, 0, 3600,
                   [this](double v) { options_.afterSeconds = v; });
-        addNumber(app, {"--quit-after", "SECONDS", "close by itself"}, 0, 1e6,
-                  [this](double v) { options_.quitAfterSeconds = v; });
+        addQuitAfter(app, options.quitAfterSeconds);
         addFlag(app, "-h,--help", options.showHelp, "print this");
         addFlag(app, "--version", options.showVersion, "print the version");
     }

@@ -1,7 +1,7 @@
 // The stand-alone program's command line. No toolkit, no side effects.
 #pragma once
 
-#include "BuildNamespace.h"
+#include "plugin/standalone/CommandLine.h"
 
 #include <optional>
 #include <string>
@@ -11,7 +11,7 @@
 namespace QVM_NAMESPACE {
 
 struct Options {
-    enum class Theme { light, dark };
+    using Theme = StartTheme;
     enum class Layout { normal, wide, compact };
 
     std::string playFile;           // empty: built-in pink noise

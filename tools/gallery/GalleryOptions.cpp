@@ -13,12 +13,6 @@ namespace QVM_NAMESPACE {
 namespace {
 
 // What is wrong with each value, or nothing.
-std::string setTheme(GalleryOptions& options, const std::string& value) {
-    if (value != "light" && value != "dark") return "--theme takes light or dark, not \"" + value + "\"";
-    options.theme = value == "dark" ? GalleryOptions::Theme::dark : GalleryOptions::Theme::light;
-    return {};
-}
-
 std::string setPage(GalleryOptions& options, const std::string& value) {
     const auto index = galleryPageNamed(value);
     if (!index) return "there is no page named \"" + value + "\" (--pages lists them)";
@@ -47,16 +41,14 @@ public:
                     [this](const std::string& value) { return options_.audioFile = value, std::string(); });
         add({"--page", "NAME", "start on a page"}, setPage);
         addFlag(app, "--pages", options.listPages, "print the names of the pages");
-        add({"--theme", "light|dark", "start in a theme"}, setTheme);
-        addNumber(app, {"--scale", "N", "device pixels a point, 0.5 to 4 (otherwise the desktop's; 1 for a picture)"},
-                  0.5, 4, [this](double v) { options_.scale = v; });
+        addTheme(app, options.theme);
+        addScale(app, "the desktop's; 1 for a picture", options.scale);
         add({"--signal", "NAME", "sine, noise, mono, wide or antiphase (noise)"}, setSignal);
         addFlag(app, "--events", options.printEvents, "print where each control stands and what happens to it");
         add({"--screenshot", "FILE", "write a PNG of the page and end; works without a display"}, setScreenshot);
         addNumber(app, {"--after", "SECONDS", "of the signal until it is taken, which takes less (0.5)"}, 0, 3600,
                   [this](double v) { options_.afterSeconds = v; });
-        addNumber(app, {"--quit-after", "SECONDS", "close by itself"}, 0, 1e6,
-                  [this](double v) { options_.quitAfterSeconds = v; });
+        addQuitAfter(app, options.quitAfterSeconds);
         addFlag(app, "-h,--help", options.showHelp, "print this");
     }
 

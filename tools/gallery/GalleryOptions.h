@@ -1,7 +1,7 @@
 // The gallery's command line. No toolkit, no side effects.
 #pragma once
 
-#include "BuildNamespace.h"
+#include "plugin/standalone/CommandLine.h"
 
 #include <cstddef>
 #include <optional>
@@ -12,7 +12,7 @@
 namespace QVM_NAMESPACE {
 
 struct GalleryOptions {
-    enum class Theme { light, dark };
+    using Theme = StartTheme;
 
     std::size_t page = 0; // index of the first one shown
     Theme theme = Theme::light;

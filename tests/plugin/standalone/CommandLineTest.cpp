@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -52,6 +54,30 @@ TEST_F(CommandLine, NumbersAreReadInTheCLocaleAndWhole) {
 TEST_F(CommandLine, FlagsHaveSeveralNames) {
     EXPECT_EQ(parse({"-l"}), "");
     EXPECT_TRUE(loud);
+}
+
+TEST(CommandLineOfAWindow, TheThemeIsLightOrDark) {
+    CLI::App app;
+    StartTheme theme = StartTheme::light;
+    addTheme(app, theme);
+    EXPECT_EQ(parseCommandLine(app, {"--theme", "dark"}), "");
+    EXPECT_EQ(theme, StartTheme::dark);
+    EXPECT_EQ(parseCommandLine(app, {"--theme", "pink"}), "--theme takes light or dark, not \"pink\"");
+    EXPECT_EQ(theme, StartTheme::dark);
+}
+
+TEST(CommandLineOfAWindow, ScaleAndTheTimeToQuitHaveLimits) {
+    CLI::App app;
+    double scale = 0;
+    std::optional<double> seconds;
+    addScale(app, "the desktop's", scale);
+    addQuitAfter(app, seconds);
+    EXPECT_EQ(parseCommandLine(app, {"--scale", "4", "--quit-after", "0"}), "");
+    EXPECT_EQ(scale, 4);
+    EXPECT_EQ(seconds, 0);
+    EXPECT_NE(parseCommandLine(app, {"--scale", "0.4"}), "");
+    EXPECT_NE(parseCommandLine(app, {"--quit-after", "-1"}), "");
+    EXPECT_NE(commandLineHelp(app).find("0.5 to 4 (otherwise the desktop's)"), std::string::npos);
 }
 
 TEST_F(CommandLine, ASecondBareArgumentHasNoPlace) {
