@@ -36,8 +36,8 @@ SlantwiseProcessor::SlantwiseProcessor()
 
 // One value under two names: a change of the one by the host has to reach the host as a change of the other.
 void SlantwiseProcessor::offerBypass() {
-    bypass_ =
-        std::make_unique<BypassParameter>(*parameters_[pidMasterOnOff], [this] { due_.add(bitOf(pidMasterOnOff)); });
+    bypass_ = new BypassParameter(*parameters_[pidMasterOnOff], [this] { due_.add(bitOf(pidMasterOnOff)); });
+    addParameter(bypass_);
     parameters_[pidMasterOnOff]->setHostChangeHandler([this] { due_.add(bypassBit); });
 }
 
@@ -89,9 +89,16 @@ bool SlantwiseProcessor::buildDescription() {
     return true;
 }
 
+// A host that shows the bypass in place of the master switch records what is done to the bypass.
+juce::AudioProcessorParameter& SlantwiseProcessor::touchedParameter(std::uint32_t pid) const {
+    if (bypass_ && pid == pidMasterOnOff) return *bypass_;
+    return *parameters_[pid];
+}
+
 void SlantwiseProcessor::valueChanged(std::uint32_t pid) {
-    if (pid == pidMasterOnOff) due_.add(bypassBit);
-    parameters_[pid]->announceValue();
+    if (!bypass_ || pid != pidMasterOnOff) return parameters_[pid]->announceValue();
+    due_.add(bitOf(pid));
+    bypass_->announceValue();
 }
 
 bool SlantwiseProcessor::isBusesLayoutSupported(const BusesLayout& layout) const {

@@ -13,7 +13,6 @@
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <atomic>
-#include <memory>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -35,8 +34,9 @@ public:
     void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) override;
     void processBlock(juce::AudioBuffer<double>& buffer, juce::MidiBuffer&) override;
     bool supportsDoublePrecisionProcessing() const override { return true; }
-    // The master switch as the host's bypass. None in LV2: there the toolkit would write it in every block.
-    juce::AudioProcessorParameter* getBypassParameter() const override { return bypass_.get(); }
+    // The master switch as the host's bypass, the last of the list. None in LV2: there the toolkit would write it in
+    // every block.
+    juce::AudioProcessorParameter* getBypassParameter() const override { return bypass_; }
     bool isBusesLayoutSupported(const BusesLayout& layout) const override;
     double getTailLengthSeconds() const override { return 0; }
 
@@ -64,9 +64,10 @@ private:
     // Hosts make instances on any thread, several at once; the records that describe the product are built by one.
     static bool buildDescription();
     // GestureListener: to the host as it comes.
-    void gestureBegan(std::uint32_t pid) override { parameters_[pid]->beginChangeGesture(); }
+    void gestureBegan(std::uint32_t pid) override { touchedParameter(pid).beginChangeGesture(); }
     void valueChanged(std::uint32_t pid) override;
-    void gestureEnded(std::uint32_t pid) override { parameters_[pid]->endChangeGesture(); }
+    void gestureEnded(std::uint32_t pid) override { touchedParameter(pid).endChangeGesture(); }
+    juce::AudioProcessorParameter& touchedParameter(std::uint32_t pid) const;
     bool isLv2() const { return wrapperType == wrapperType_LV2; }
     void offerBypass();
     void announceAll();
@@ -78,8 +79,8 @@ private:
     [[maybe_unused]] const bool described_ = buildDescription();
     juce::SharedResourcePointer<ToolkitRuntime> runtime_;
     QVM0015_AudioUnit unit_;
-    std::vector<UnitParameter*> parameters_;  // owned by the base class, by pid
-    std::unique_ptr<BypassParameter> bypass_; // null where it is not offered
+    std::vector<UnitParameter*> parameters_; // owned by the base class, by pid
+    BypassParameter* bypass_ = nullptr;      // owned by the base class; null where it is not offered
     DueAnnouncements due_;
     GestureLedger gestures_{unit_, *this};
     // The program that a restored state has overruled, until audio has run since; -1 for none. Written by the thread

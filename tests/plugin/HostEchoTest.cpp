@@ -33,8 +33,8 @@ public:
     // What a late host does, as far as it has not.
     void catchUp() {
         const auto giveAllBack = [this] {
-            for (const auto& [pid, value] : std::exchange(told_, {}))
-                giveBack(pid, value);
+            for (const auto& [index, value] : std::exchange(told_, {}))
+                giveBack(index, value);
         };
         if (echo_ == Echo::onAnotherThread) return std::thread(giveAllBack).join();
         giveAllBack();
@@ -47,17 +47,20 @@ public:
 
 private:
     void audioProcessorParameterChanged(juce::AudioProcessor*, int index, float value) override {
-        const auto pid = static_cast<std::uint32_t>(index);
-        if (echo_ == Echo::atOnce) return giveBack(pid, value);
-        if (echo_ != Echo::none) told_.emplace_back(pid, value);
+        if (echo_ == Echo::atOnce) return giveBack(index, value);
+        if (echo_ != Echo::none) told_.emplace_back(index, value);
     }
     void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
-    void giveBack(std::uint32_t pid, float value) { processor_.parameter(pid).setValue(rounded(pid, value)); }
+    void giveBack(int index, float value) {
+        auto* parameter = processor_.getParameters()[index];
+        const bool isBypass = parameter == processor_.getBypassParameter(); // 0 or 1, however it is rounded
+        parameter->setValue(isBypass ? value : rounded(static_cast<std::uint32_t>(index), value));
+    }
 
     SlantwiseProcessor& processor_;
     const Echo echo_;
     const float quantum_;
-    std::vector<std::pair<std::uint32_t, float>> told_;
+    std::vector<std::pair<int, float>> told_;
 };
 
 struct Case {

@@ -73,7 +73,7 @@ TEST(SlantwiseProcessor, AProgramsValuesAreToldByTheNextBlockOnce) {
     processor.setCurrentProgram(22);
     EXPECT_TRUE(host.lines.empty()) << host.lines.front();
     processOnce(processor);
-    EXPECT_EQ(host.lines.size(), QVMParameterCount);
+    EXPECT_EQ(host.lines.size(), QVMParameterCount + 1);
     EXPECT_THAT(host.lines, testing::Contains("value 1 0.694444")); // 7 dB
     host.lines.clear();
     processOnce(processor);
@@ -95,7 +95,7 @@ TEST(SlantwiseProcessor, ARestoredStateTakesAwayWhatWasToBeToldOfAProgram) {
     to.setCurrentProgram(22);
     to.setStateInformation("none", 4);
     processOnce(to);
-    EXPECT_EQ(host.lines.size(), QVMParameterCount) << "what is no state takes nothing away";
+    EXPECT_EQ(host.lines.size(), QVMParameterCount + 1) << "what is no state takes nothing away";
 }
 
 // In LV2 a program comes with a state of the bundle, and the host knows values by what it is told alone.

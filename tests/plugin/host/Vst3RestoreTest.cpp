@@ -1,10 +1,9 @@
 // A host that restores a state by the format's own interface, with a lock of its own around it that it takes again when
 // the plug-in asks it to read the values. The built VST3, without an editor.
+#include "plugin/host/Vst3Module.h"
+
 #include <gtest/gtest.h>
 
-#include <juce_core/juce_core.h>
-
-#include <pluginterfaces/base/ipluginbase.h>
 #include <pluginterfaces/vst/ivstaudioprocessor.h>
 #include <pluginterfaces/vst/ivstcomponent.h>
 #include <pluginterfaces/vst/ivsteditcontroller.h>
@@ -16,7 +15,6 @@
 #include <memory>
 #include <mutex>
 #include <semaphore>
-#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -81,43 +79,6 @@ private:
     std::counting_semaphore<> hasRequest_{0};
 };
 
-// The bundle's library and what it exports.
-class Module {
-public:
-    Module() {
-        if (!library_.open(SLANTWISE_VST3_LIBRARY)) throw std::runtime_error("no library");
-        call<bool (*)(void*)>("ModuleEntry")(library_.getNativeHandle());
-        factory_ = owned(call<IPluginFactory* (*)()>("GetPluginFactory")());
-    }
-    ~Module() {
-        factory_ = nullptr;
-        call<bool (*)()>("ModuleExit")();
-    }
-
-    // The first class of this category.
-    template <class Interface>
-    IPtr<Interface> create(const char* category) {
-        for (int32 i = 0; i < factory_->countClasses(); ++i) {
-            PClassInfo info;
-            factory_->getClassInfo(i, &info);
-            void* object = nullptr;
-            if (std::string(info.category) == category &&
-                factory_->createInstance(info.cid, Interface::iid, &object) == kResultOk)
-                return owned(static_cast<Interface*>(object));
-        }
-        throw std::runtime_error(category);
-    }
-
-private:
-    template <class Function>
-    Function call(const char* name) {
-        return reinterpret_cast<Function>(library_.getFunction(name));
-    }
-
-    juce::DynamicLibrary library_;
-    IPtr<IPluginFactory> factory_;
-};
-
 class Vst3Restore : public testing::Test {
 protected:
     void SetUp() override {
@@ -162,7 +123,7 @@ protected:
 
     static constexpr double saved = 0.75;
     LockingHost host_;
-    Module module_;
+    Vst3Module module_;
     IPtr<Vst::IComponent> component_ = module_.create<Vst::IComponent>(kVstAudioEffectClass);
     IPtr<Vst::IEditController> controller_ = module_.create<Vst::IEditController>(kVstComponentControllerClass);
     MemoryStream state_;
