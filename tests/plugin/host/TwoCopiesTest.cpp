@@ -64,8 +64,7 @@ TEST_F(TwoCopies, RunBesideEachOtherAndAreUnloadedInEitherOrder) {
     }
 }
 
-// A symbol that is unique in the process would keep the library there for good, and an update would need a new host.
-// The library itself may be held by a host that another test has left.
+// An update needs no new host. The library itself may be held by a host that another test has left.
 TEST_F(TwoCopies, NothingOfALibraryStaysInMemoryOnceItIsUnloaded) {
     for (int round = 0; round < 3; ++round) {
         auto original = std::make_unique<Build>(original_), copy = std::make_unique<Build>(copy_);
