@@ -6,7 +6,7 @@ target_compile_features(slantwise_options INTERFACE cxx_std_20)
 target_compile_options(slantwise_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
     -fvisibility=hidden -fvisibility-inlines-hidden)
-if(NOT SLANTWISE_SANITIZERS)
+if(SLANTWISE_WARNINGS_ARE_ERRORS AND NOT SLANTWISE_SANITIZERS)
     # A sanitizer's instrumentation makes GCC 12 warn of things that are not there; the plain builds hold the line.
     target_compile_options(slantwise_options INTERFACE -Werror)
 endif()
