@@ -35,7 +35,7 @@ class DebianTest(unittest.TestCase):
                  if path.is_file() and path.name != "changelog"]
         files = [path for path in files if not re.match(r"debian/(slantwise|\.debhelper)", str(path.relative_to(TOP)))]
         self.assertGreater(len(files), 5)
-        for path in [*files, TOP / "scripts/install"]:
+        for path in [*files, TOP / "scripts/release", TOP / "scripts/package", TOP / "scripts/install"]:
             self.assertNotIn(version, path.read_text(errors="replace"), path)
 
     def test_the_set_up_has_what_the_packages_build_with(self):
