@@ -2,6 +2,8 @@
 
 #include "platform/view/Window.h"
 
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 GestureLedger::GestureLedger(AudioUnitInstance& unit, GestureListener& host) : host_(host) {
@@ -44,6 +46,7 @@ void GestureLedger::report(AudioUnitEventType type, std::uint32_t pid) {
         return begin(pid);
     case kAudioUnitEvent_ParameterValueChange:
         begin(pid);
+        isEdited_ = true;
         return host_.valueChanged(pid);
     case kAudioUnitEvent_EndParameterChangeGesture:
         return end(pid);
@@ -61,6 +64,7 @@ void GestureLedger::end(std::uint32_t pid) {
     if (!isOpen_[pid]) return;
     isOpen_.reset(pid);
     host_.gestureEnded(pid);
+    if (isOpen_.none() && std::exchange(isEdited_, false)) host_.editEnded();
 }
 
 void GestureLedger::endAll() {

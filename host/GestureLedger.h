@@ -29,6 +29,9 @@ public:
     // The value is the unit's.
     virtual void valueChanged(std::uint32_t pid) = 0;
     virtual void gestureEnded(std::uint32_t pid) = 0;
+    // The last of the gestures that were open together has ended, and values came with them: one edit of the user's,
+    // however many parameters a preset, an undo or a partner made it.
+    virtual void editEnded() = 0;
 };
 
 // Made and destroyed on any thread; the rest on the main thread. What others send is heard there too, later.
@@ -56,6 +59,7 @@ private:
     GestureListener& host_;
     AUEventListenerRef listener_ = nullptr;
     std::bitset<QVMParameterCount> isOpen_; // by pid
+    bool isEdited_ = false;                 // a value came since the last edit ended
     const Window* window_ = nullptr;
     ObservationToken pressEnd_; // of the window
     DelayedCall turnEnd_;

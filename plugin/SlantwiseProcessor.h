@@ -24,6 +24,10 @@ public:
     QVM0015_AudioUnit& unit() { return unit_; }
     UnitParameter& parameter(std::uint32_t pid) { return *parameters_[pid]; }
 
+    // Tells the host, of LV2, that what a session saves of the plug-in has changed. Any thread; the toolkit takes its
+    // lock of listeners for it.
+    void announceStateChange() { updateHostDisplay(ChangeDetails().withNonParameterStateChanged(true)); }
+
     // What the host hears of gestures. An editor has it follow its window. Main thread.
     GestureLedger& gestures() { return gestures_; }
 
@@ -67,6 +71,10 @@ private:
     void gestureBegan(std::uint32_t pid) override { touchedParameter(pid).beginChangeGesture(); }
     void valueChanged(std::uint32_t pid) override;
     void gestureEnded(std::uint32_t pid) override { touchedParameter(pid).endChangeGesture(); }
+    // Other hosts know by the gestures that their session is modified; LV2 has none.
+    void editEnded() override {
+        if (isLv2()) announceStateChange();
+    }
     juce::AudioProcessorParameter& touchedParameter(std::uint32_t pid) const;
     bool isLv2() const { return wrapperType == wrapperType_LV2; }
     void offerBypass();

@@ -54,7 +54,14 @@ protected:
         return heard();
     }
 
+    int editsOf(const std::string& sequence) {
+        edits_ = 0;
+        play(sequence);
+        return edits_;
+    }
+
     std::string heard_;
+    int edits_ = 0;              // that ended
     std::function<void()> also_; // with each that is heard
     Window window_;
     View* pressable_ = nullptr;
@@ -65,6 +72,7 @@ private:
     void gestureBegan(std::uint32_t pid) override { hear('b', pid); }
     void valueChanged(std::uint32_t pid) override { hear('v', pid); }
     void gestureEnded(std::uint32_t pid) override { hear('e', pid); }
+    void editEnded() override { ++edits_; }
     void hear(char what, std::uint32_t pid) {
         heard_ += (heard_.empty() ? "" : " ") + std::string(1, what) + std::to_string(pid);
         if (also_) also_();
@@ -121,15 +129,35 @@ TEST_F(GestureLedgerTest, NothingNestsNothingIsLostAndAllEndsWhateverIsReported)
             sequence += letter + ' ';
         }
         const std::string told = heardOf(sequence + "up turn");
-        bool isOpen = false;
+        bool isOpen = false, hasValue = false;
+        int edits = 0; // gestures with a value
         for (const char what : told) {
+            if (what == 'b') hasValue = false;
+            if (what == 'v') hasValue = true;
+            if (what == 'e') edits += hasValue;
             ASSERT_FALSE(what == 'b' && isOpen) << "nested: " << sequence << ": " << told;
             ASSERT_FALSE((what == 'v' || what == 'e') && !isOpen) << "outside: " << sequence << ": " << told;
             if (what == 'b' || what == 'e') isOpen = what == 'b';
         }
         ASSERT_FALSE(isOpen) << "never ended: " << sequence << ": " << told;
+        ASSERT_EQ(edits, std::exchange(edits_, 0)) << sequence << ": " << told;
         ASSERT_EQ(std::count(told.begin(), told.end(), 'v'), values) << sequence << ": " << told;
     }
+}
+
+TEST_F(GestureLedgerTest, AnEditEndsOnceWithTheLastOfItsGestures) {
+    EXPECT_EQ(editsOf("down value began turn value"), 0) << "held";
+    EXPECT_EQ(editsOf("ended up turn"), 1) << "a drag";
+    EXPECT_EQ(editsOf("value discrete turn value discrete turn"), 2) << "two steps by a key";
+    EXPECT_EQ(editsOf("value1 value2 value3 turn"), 1) << "a preset, undo, A/B, paste";
+    EXPECT_EQ(editsOf("down value2 began2 value2 value3 turn value2 value3 ended2 up turn"), 1) << "with a partner";
+    EXPECT_EQ(editsOf("down began2 began3 value2 value3 turn value2 value3 ended2 ended3 up"), 1) << "a band";
+}
+
+TEST_F(GestureLedgerTest, WhatChangesNoValueOrComesFromTheHostIsNoEdit) {
+    EXPECT_EQ(editsOf("down began turn up turn"), 0) << "a press with Control and Alt";
+    AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, 0.5F, 0);
+    EXPECT_EQ(editsOf("turn"), 0);
 }
 
 TEST_F(GestureLedgerTest, WhatAPressHoldsEndsAtItsEndAndNotBefore) {

@@ -17,6 +17,7 @@ public:
     ~HostRecorder() override { processor_.removeListener(this); }
 
     std::vector<std::string> lines;
+    int stateChanges = 0; // how often it said that what a session saves has changed
 
     // Without the values.
     std::vector<std::string> kinds() const { return kindsOf(lines); }
@@ -32,7 +33,9 @@ private:
         std::snprintf(text, sizeof text, "value %d %.6g", index, static_cast<double>(value));
         lines.emplace_back(text);
     }
-    void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
+    void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails& details) override {
+        stateChanges += details.nonParameterStateChanged;
+    }
     void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int index) override {
         lines.push_back("begin " + std::to_string(index));
     }

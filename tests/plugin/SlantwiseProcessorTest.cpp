@@ -140,6 +140,30 @@ TEST(SlantwiseProcessor, AValueOfTheEditorsReachesTheHostInsideAGesture) {
     EXPECT_EQ(host.lines, (std::vector<std::string>{"begin 1", "value 1 0.75", "end 1"}));
 }
 
+// Such a host has no gestures to know it by, and would close the session unasked.
+TEST(SlantwiseProcessor, AnLv2HostIsToldOfEachEditOnceAndOfNothingThatItDidItself) {
+    VirtualTime time;
+    for (const auto type : {juce::AudioProcessor::wrapperType_LV2, juce::AudioProcessor::wrapperType_VST3}) {
+        juce::AudioProcessor::setTypeOfNextNewPlugin(type);
+        SlantwiseProcessor processor;
+        juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
+        const slantwise_tests::HostRecorder host(processor);
+        prepare(processor, 2, 2);
+        processor.parameter(pidTiltGain).setValueNotifyingHost(0.75F);
+        processor.setCurrentProgram(3);
+        restore(processor, stateOf(processor));
+        processOnce(processor);
+        time.settle();
+        EXPECT_EQ(host.stateChanges, 0) << type;
+        for (const std::uint32_t pid : {pidTiltGain, pidOutputGain}) {
+            const AudioUnitParameter gain{&processor.unit(), pid, kAudioUnitScope_Global, 0};
+            AUParameterSet(nullptr, nullptr, &gain, -3, 0);
+        }
+        time.settle();
+        EXPECT_EQ(host.stateChanges, type == juce::AudioProcessor::wrapperType_LV2) << type;
+    }
+}
+
 TEST(SlantwiseProcessor, GesturesNeverNestAndNeverEndTwice) {
     VirtualTime time;
     SlantwiseProcessor processor;
