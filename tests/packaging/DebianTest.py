@@ -5,7 +5,7 @@ from pathlib import Path
 
 TOP = Path(__file__).resolve().parents[2]
 # Of the packages' build only: what drives it, and what a library's headers bring with them elsewhere.
-ONLY_TO_PACKAGE = {"debhelper-compat", "libxcb1-dev"}
+ONLY_TO_PACKAGE = {"debhelper-compat"}
 
 
 def read(name):

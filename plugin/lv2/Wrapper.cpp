@@ -1,0 +1,131 @@
+// The toolkit's LV2 wrapper, whose two entry points stay in this source, and ours in their place: they hand the host
+// what the toolkit's would, but with an AdaptedInstance around each of its instances.
+#include <lv2/core/lv2.h>
+#include <lv2/instance-access/instance-access.h>
+#include <lv2/state/state.h>
+#include <lv2/ui/ui.h>
+
+#pragma push_macro("LV2_SYMBOL_EXPORT")
+#undef LV2_SYMBOL_EXPORT
+#define LV2_SYMBOL_EXPORT static
+#define lv2_descriptor toolkitDescriptor     // NOLINT(readability-identifier-naming): the name of the entry point
+#define lv2ui_descriptor toolkitUiDescriptor // NOLINT(readability-identifier-naming): likewise
+#include <juce_audio_plugin_client/juce_audio_plugin_client_LV2.cpp> // NOLINT(bugprone-suspicious-include): see above
+#undef lv2ui_descriptor
+#undef lv2_descriptor
+#pragma pop_macro("LV2_SYMBOL_EXPORT")
+
+// Behind the toolkit's source, which says first how its modules are to be included.
+#include "plugin/SlantwiseProcessor.h"
+#include "plugin/lv2/AdaptedInstance.h"
+#include "plugin/lv2/HostFeatures.h"
+#include "plugin/lv2/IntegerOptions.h"
+
+#include <cstring>
+#include <memory>
+
+namespace {
+
+using ToolkitInstance = juce::lv2_client::LV2PluginInstance;
+using Processor = std::unique_ptr<juce::AudioProcessor>;
+
+// The toolkit's instance keeps its processor to itself. The language lets the arguments of an explicit instantiation
+// name what is private, and this hands it on.
+Processor& processorOf(ToolkitInstance& instance);
+template <Processor ToolkitInstance::*member>
+struct Opened {
+    friend Processor& processorOf(ToolkitInstance& instance) { return instance.*member; }
+};
+template struct Opened<&ToolkitInstance::processor>;
+
+const LV2_Descriptor& toolkitPlugin() {
+    return *juce::lv2_client::toolkitDescriptor(0);
+}
+
+const LV2UI_Descriptor& toolkitEditor() {
+    return *juce::lv2_client::toolkitUiDescriptor(0);
+}
+
+// What a host has a handle of.
+class Instance final : private slantwise::HostAnnouncements {
+public:
+    Instance(LV2_Handle toolkit, const LV2_URID_Map& map)
+        : processor_(
+              static_cast<slantwise::SlantwiseProcessor&>(*processorOf(*static_cast<ToolkitInstance*>(toolkit)))),
+          adapted_(toolkitPlugin(), toolkit, map) {}
+
+    static Instance& of(LV2_Handle handle) { return *static_cast<Instance*>(handle); }
+    slantwise::AdaptedInstance& adapted() { return adapted_; }
+    void run(std::uint32_t frames) { adapted_.run(frames, *this); }
+
+private:
+    void announceValue(std::uint32_t pid) override { processor_.parameter(pid).announceValue(); }
+    void announceStateChange() override { processor_.announceStateChange(); }
+
+    slantwise::SlantwiseProcessor& processor_; // the toolkit's instance owns it
+    slantwise::AdaptedInstance adapted_;
+};
+
+LV2_Handle instantiate(const LV2_Descriptor*, double rateHz, const char* bundle, const LV2_Feature* const* features) {
+    const auto* const map = slantwise::featureData<const LV2_URID_Map>(features, LV2_URID__map);
+    if (!map) return nullptr;
+    slantwise::IntegerOptions options(slantwise::featureData<const LV2_Options_Option>(features, LV2_OPTIONS__options),
+                                      *map);
+    slantwise::HostFeatures adapted(features);
+    adapted.replace(LV2_OPTIONS__options, options.get());
+    const LV2_Handle toolkit = toolkitPlugin().instantiate(&toolkitPlugin(), rateHz, bundle, adapted.get());
+    return toolkit ? new Instance(toolkit, *map) : nullptr;
+}
+
+const LV2_State_Interface& toolkitState() {
+    return *static_cast<const LV2_State_Interface*>(toolkitPlugin().extension_data(LV2_STATE__interface));
+}
+
+const void* extensionData(const char* uri) {
+    static const LV2_State_Interface state{
+        [](LV2_Handle handle, LV2_State_Store_Function store, LV2_State_Handle to, std::uint32_t flags,
+           const LV2_Feature* const* features) {
+            return toolkitState().save(Instance::of(handle).adapted().handle(), store, to, flags, features);
+        },
+        [](LV2_Handle handle, LV2_State_Retrieve_Function retrieve, LV2_State_Handle from, std::uint32_t flags,
+           const LV2_Feature* const* features) {
+            return toolkitState().restore(Instance::of(handle).adapted().handle(), retrieve, from, flags, features);
+        }};
+    return std::strcmp(uri, LV2_STATE__interface) == 0 ? &state : toolkitPlugin().extension_data(uri);
+}
+
+// The editor reaches the toolkit's instance by the handle that the host has: ours.
+LV2UI_Handle instantiateEditor(const LV2UI_Descriptor*, const char* plugin, const char* bundle,
+                               LV2UI_Write_Function write, LV2UI_Controller controller, LV2UI_Widget* widget,
+                               const LV2_Feature* const* features) {
+    slantwise::HostFeatures adapted(features);
+    if (auto* const instance = slantwise::featureData<Instance>(features, LV2_INSTANCE_ACCESS_URI))
+        adapted.replace(LV2_INSTANCE_ACCESS_URI, instance->adapted().handle());
+    return toolkitEditor().instantiate(&toolkitEditor(), plugin, bundle, write, controller, widget, adapted.get());
+}
+
+} // namespace
+
+LV2_SYMBOL_EXPORT const LV2_Descriptor* lv2_descriptor(std::uint32_t index) {
+    static const LV2_Descriptor descriptor{
+        toolkitPlugin().URI,
+        instantiate,
+        [](LV2_Handle handle, std::uint32_t port, void* data) {
+            Instance::of(handle).adapted().connectPort(port, data);
+        },
+        [](LV2_Handle handle) { Instance::of(handle).adapted().activate(); },
+        [](LV2_Handle handle, std::uint32_t frames) { Instance::of(handle).run(frames); },
+        [](LV2_Handle handle) { Instance::of(handle).adapted().deactivate(); },
+        [](LV2_Handle handle) { delete &Instance::of(handle); },
+        extensionData};
+    return index == 0 ? &descriptor : nullptr;
+}
+
+LV2_SYMBOL_EXPORT const LV2UI_Descriptor* lv2ui_descriptor(std::uint32_t index) {
+    static const LV2UI_Descriptor descriptor = [] {
+        LV2UI_Descriptor adapted = toolkitEditor();
+        adapted.instantiate = instantiateEditor;
+        return adapted;
+    }();
+    return index == 0 ? &descriptor : nullptr;
+}
