@@ -26,6 +26,8 @@ constexpr const char* comment =
     "high cut filters of 6 to 48 dB per octave, loudness compensation and output metering. Frequencies are automated "
     "on a musical scale, so their values here are positions, named in hertz.";
 
+constexpr const char* shortDescription = "Turns the spectrum about a pivot, with low and high cut filters";
+
 // Frequencies are positions on a skewed scale for the host; these get a name, in hertz.
 constexpr std::array<float, 12> namedFrequenciesHz = {10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000, 24000};
 
@@ -86,7 +88,8 @@ std::string parameterText(const QVMParameter& parameter, const std::string& plug
 // What the toolkit's statements are about.
 #define LV2_CORE "http://lv2plug.in/ns/lv2core#"
 const std::set<std::string> lv2Limits = {LV2_CORE "default", LV2_CORE "minimum", LV2_CORE "maximum"};
-constexpr const char* lv2ScalePoint = LV2_CORE "scalePoint";
+// What the toolkit says of the plug-in and the manifest or the extra file says better.
+const std::set<std::string> lv2Replaced = {LV2_CORE "scalePoint", LV2_CORE "minorVersion", LV2_CORE "microVersion"};
 #undef LV2_CORE
 constexpr const char* stateState = "http://lv2plug.in/ns/ext/state#state";
 constexpr const char* seeAlso = "http://www.w3.org/2000/01/rdf-schema#seeAlso";
@@ -116,7 +119,8 @@ std::string lv2ExtraText(const std::string& pluginUri) {
     text += "<" + pluginUri +
             ">\n\ta lv2:Plugin , lv2:EQPlugin ;\n\tdoap:license <https://spdx.org/licenses/"
             "GPL-3.0-or-later> ;\n\tlv2:project <" +
-            pluginUri + ":project> ;\n\trdfs:comment \"" + comment + "\" .\n\n";
+            pluginUri + ":project> ;\n\tdoap:shortdesc \"" + shortDescription + "\" ;\n\trdfs:comment \"" + comment +
+            "\" .\n\n";
     text += "<" + pluginUri + ":project>\n\ta doap:Project ;\n\tdoap:name \"" + product + "\" .\n\n";
     // The toolkit says so as well, in a file on the editor alone, which hosts need not read before they make its
     // window.
@@ -124,6 +128,12 @@ std::string lv2ExtraText(const std::string& pluginUri) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         text += parameterText(*GetParameter(pid), pluginUri);
     return text;
+}
+
+std::string lv2VersionText(const std::string& pluginUri) {
+    constexpr int minor = QVM_VERSION_INTEGER / 256, micro = QVM_VERSION_INTEGER % 256;
+    return "@prefix lv2:   <http://lv2plug.in/ns/lv2core#> .\n\n<" + pluginUri + ">\n\tlv2:minorVersion " +
+           std::to_string(minor) + " ;\n\tlv2:microVersion " + std::to_string(micro) + " .\n\n";
 }
 
 std::optional<std::string> repairedLv2Manifest(const std::string& text) {
@@ -141,7 +151,7 @@ std::optional<std::string> repairedLv2Manifest(const std::string& text) {
 std::optional<std::string> repairedLv2Dsp(const std::string& text) {
     std::optional<TurtleText> dsp = readTurtle(text);
     if (!dsp) return {};
-    dsp->erase([&](const TurtleStatement& statement) { return dsp->full(statement.predicate) == lv2ScalePoint; });
+    dsp->erase([&](const TurtleStatement& statement) { return lv2Replaced.contains(dsp->full(statement.predicate)); });
     for (TurtleStatement& statement : dsp->statements) {
         if (!lv2Limits.contains(dsp->full(statement.predicate))) continue;
         if (dsp->full(statement.datatype) != xsdInteger) continue;

@@ -39,7 +39,7 @@ int main(int argumentCount, char* arguments[]) {
                      const bool isFinished = text.find(slantwise::lv2PresetsFile) != std::string::npos;
                      if (isFinished) return text;
                      std::optional<std::string> manifest = slantwise::repairedLv2Manifest(text);
-                     if (manifest) *manifest += slantwise::lv2PresetsManifestText(uri);
+                     if (manifest) *manifest += slantwise::lv2VersionText(uri) + slantwise::lv2PresetsManifestText(uri);
                      return manifest;
                  }) ||
         !rewrite(bundle / "dsp.ttl", slantwise::repairedLv2Dsp)) {

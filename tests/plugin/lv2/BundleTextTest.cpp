@@ -71,10 +71,32 @@ TEST(Lv2Dsp, LosesScalePointsOfTheWrongScaleAndKeepsTheRest) {
     EXPECT_EQ(repairedLv2Dsp(repaired), repaired);
 }
 
+// A greater version of the product is a greater one of the bundle, though the format has no major number.
+TEST(Lv2Version, HasTheMajorNumberInTheMinorOne) {
+    const std::string uri = "https://a.example/p", core = "http://lv2plug.in/ns/lv2core#";
+    const std::string integer = " http://www.w3.org/2001/XMLSchema#integer";
+    const auto number = [](int from, int to) {
+        return std::stoi(std::string(QVM_VERSION_TEXT).substr(from, to - from));
+    };
+    const std::string version = QVM_VERSION_TEXT;
+    const int first = static_cast<int>(version.find('.')), second = static_cast<int>(version.rfind('.'));
+    const int minor = number(0, first) * 256 + number(first + 1, second);
+    const int micro = number(second + 1, static_cast<int>(version.size()));
+    EXPECT_EQ(said(lv2VersionText(uri)),
+              (std::vector<std::string>{uri + " " + core + "minorVersion " + std::to_string(minor) + integer,
+                                        uri + " " + core + "microVersion " + std::to_string(micro) + integer}));
+}
+
+TEST(Lv2Version, IsSaidInTheManifestAlone) {
+    const std::string prefix = "@prefix lv2: <http://lv2plug.in/ns/lv2core#> .\n<https://a.example/p> a lv2:Plugin";
+    EXPECT_EQ(said(repairedLv2Dsp(prefix + " ; lv2:minorVersion 0 ; lv2:microVersion 1 .").value()),
+              said(prefix + " ."));
+}
+
 TEST(Lv2Extra, SaysWhatThePluginIs) {
     const std::string text = lv2ExtraText("https://a.example/p");
     for (const char* part : {"lv2:EQPlugin", "GPL-3.0-or-later", "lv2:project <https://a.example/p:project>",
-                             "rdfs:comment", "doap:name \"Slantwise\""})
+                             "rdfs:comment", "doap:shortdesc \"", "doap:name \"Slantwise\""})
         EXPECT_NE(text.find(part), std::string::npos) << part;
 }
 
