@@ -26,6 +26,14 @@ target_compile_definitions(juce_toolkit PRIVATE
     JUCE_DISPLAY_SPLASH_SCREEN=0 JUCE_REPORT_APP_USAGE=0 JUCE_MODAL_LOOPS_PERMITTED=0)
 target_compile_features(juce_toolkit PUBLIC cxx_std_20)
 target_compile_options(juce_toolkit PRIVATE -w $<$<CONFIG:Debug>:-g1>)
+# A module is one source and so one object: a section for each function lets the linker take what is used.
+target_compile_options(juce_toolkit PRIVATE -ffunction-sections -fdata-sections)
+# No sample and no pixel passes through these: what they weigh counts for more than how fast they are.
+set(small_sources ${PROJECT_SOURCE_DIR}/toolkit/NativePeer.cpp)
+foreach(module IN ITEMS events data_structures audio_basics audio_devices audio_formats audio_processors audio_utils)
+    list(APPEND small_sources ${JUCE_MODULES_DIR}/juce_${module}/juce_${module}.cpp)
+endforeach()
+set_source_files_properties(${small_sources} PROPERTIES COMPILE_OPTIONS $<$<CONFIG:Release>:-Os>)
 target_compile_definitions(juce_toolkit INTERFACE $<TARGET_PROPERTY:juce_toolkit,COMPILE_DEFINITIONS>)
 target_include_directories(juce_toolkit SYSTEM INTERFACE
     $<FILTER:$<TARGET_PROPERTY:juce_toolkit,INCLUDE_DIRECTORIES>,EXCLUDE,^${PROJECT_SOURCE_DIR}$>)
