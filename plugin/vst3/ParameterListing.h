@@ -2,8 +2,7 @@
 //
 // What has a name for each of its values is a list and no slider. The master switch is hidden, as the host's bypass is
 // the same value under the name that hosts look for, and so are the link switches and ratios, which have no effect on
-// the sound; both keep their identifiers and places for the sessions that have them. The rest stands in the unit of its
-// panel.
+// the sound; both keep their identifiers and places for the sessions that have them.
 #pragma once
 
 #include "BuildNamespace.h"

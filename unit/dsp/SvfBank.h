@@ -41,7 +41,6 @@ HWY_INLINE void storeLowestPair(D d, V v, double* to) {
 }
 
 // Sections side by side in vectors. Each has a pair of lanes for both channels, the first one the highest; what one
-
 // puts out goes down to the next.
 template <bool glides>
 class Bank {

@@ -1,5 +1,6 @@
 #include "platform/renderer/LayerPlacer.h"
 
+#include "platform/renderer/AddedLayer.h"
 #include "platform/renderer/FakePixels.h"
 
 #include <gmock/gmock.h>
@@ -24,14 +25,6 @@ struct LayerPlacerTest : testing::Test {
         cache.setScale(2);
         root->setFrame({0, 0, 100, 50});
         box = added(*root, "box", {10, 10, 40, 30});
-    }
-    static std::shared_ptr<Layer> added(Layer& parent, const char* name, const Rect& frame) {
-        auto layer = std::make_shared<Layer>();
-        layer->setName(name);
-        layer->setFrame(frame);
-        layer->setBackgroundColor(Color::white(0.5f));
-        parent.addSublayer(layer);
-        return layer;
     }
     Rect place() {
         placements.clear();

@@ -1,6 +1,7 @@
 // A small tree and a renderer on made-up pixels, for the tests of what the renderer draws, animates and aligns.
 #pragma once
 
+#include "platform/renderer/AddedLayer.h"
 #include "platform/renderer/FakePixels.h"
 #include "platform/renderer/LayerRenderer.h"
 #include "platform/runloop/VirtualTime.h"
@@ -27,14 +28,6 @@ struct LayerRendererFixture : testing::Test {
         label->setString({"1.0", Font{"HelveticaNeue", 8}, Color::white(1)});
         root->addSublayer(label);
         renderer.setRootLayer(root);
-    }
-    static std::shared_ptr<Layer> added(Layer& parent, const char* name, const Rect& frame) {
-        auto layer = std::make_shared<Layer>();
-        layer->setName(name);
-        layer->setFrame(frame);
-        layer->setBackgroundColor(Color::white(0.5f));
-        parent.addSublayer(layer);
-        return layer;
     }
     const RenderStatistics& update() { return renderer.update(time.now()); }
     std::vector<std::string> composeCalls(const Rect& clip = {0, 0, 400, 400}) {
