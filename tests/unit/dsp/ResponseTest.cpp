@@ -27,6 +27,13 @@ void PrintTo(const Case& c, std::ostream* out) {
     *out << c.rateHz << (c.isHigh ? " Hz, high quality" : " Hz, normal") << ", " << c.batch;
 }
 
+// "48000Hz_normal_0": cases can be chosen by their rate.
+std::string nameOf(const testing::TestParamInfo<Case>& info) {
+    const Case& c = info.param;
+    return std::to_string(static_cast<int>(c.rateHz)) + (c.isHigh ? "Hz_high_" : "Hz_normal_") +
+           std::to_string(c.batch);
+}
+
 std::string describe(const ShownValues& v) {
     std::array<char, 200> text;
     std::snprintf(text.data(), text.size(),
@@ -101,7 +108,8 @@ TEST_P(RandomResponseAt, SettingsAreHeldToTheCurve) {
 INSTANTIATE_TEST_SUITE_P(EveryRate, ResponseAt,
                          testing::Values(Case{44100, false}, Case{48000, false}, Case{96000, false},
                                          Case{192000, false}, Case{44100, true}, Case{48000, true}, Case{96000, true},
-                                         Case{192000, true}));
+                                         Case{192000, true}),
+                         nameOf);
 
 std::vector<Case> manyCases() {
     std::vector<Case> all;
@@ -112,7 +120,7 @@ std::vector<Case> manyCases() {
     return all;
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryRate, RandomResponseAt, testing::ValuesIn(manyCases()));
+INSTANTIATE_TEST_SUITE_P(EveryRate, RandomResponseAt, testing::ValuesIn(manyCases()), nameOf);
 
 // The level of a sine, once the unit has settled.
 double sineLevel(const ShownValues& values, double hertz, double rateHz) {
@@ -241,7 +249,8 @@ TEST_P(ListenAt, BothFiltersSoundLikeTheSecondCurve) {
 
 INSTANTIATE_TEST_SUITE_P(EveryRate, ListenAt,
                          testing::Values(Case{44100, false}, Case{48000, false}, Case{96000, false}, Case{44100, true},
-                                         Case{192000, true}));
+                                         Case{192000, true}),
+                         nameOf);
 
 } // namespace
 } // namespace QVM_NAMESPACE
