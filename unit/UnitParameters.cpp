@@ -1,6 +1,8 @@
 #include "unit/UnitParameters.h"
 
 #include "description/Description.h"
+#include "description/ValueMapping.h"
+#include "description/tables/ParameterTable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,11 +11,18 @@ namespace QVM_NAMESPACE {
 
 static_assert(std::atomic<float>::is_always_lock_free);
 
+UnitParameters::Values UnitParameters::initialValues() {
+    Values all{};
+    for (const tables::ParameterRow& row : tables::Parameters())
+        all[row.pid] = ShownValueToHostValue(row.pid, row.initialValue);
+    return all;
+}
+
 UnitParameters::UnitParameters() {
+    const Values initial = initialValues();
     for (std::uint32_t pid = 0; pid < count; ++pid) {
-        const QVMParameter& parameter = *GetParameter(pid);
-        limits_[pid] = parameter.heldRange();
-        values_[pid].store(parameter.reverseCastValue(parameter.initialValue), std::memory_order_relaxed);
+        limits_[pid] = GetParameter(pid)->heldRange();
+        values_[pid].store(initial[pid], std::memory_order_relaxed);
     }
 }
 

@@ -20,6 +20,9 @@ public:
     static constexpr std::size_t count = QVMParameterCount;
     using Values = std::array<float, count>;
 
+    // Where each parameter begins, and where it stands in a state from before it was there. Any thread.
+    static Values initialValues();
+
     // Every parameter at its initial value. Main thread: it reads the description.
     UnitParameters();
 

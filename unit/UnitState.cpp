@@ -1,6 +1,7 @@
 #include "unit/UnitState.h"
 
-#include <algorithm>
+#include "unit/ComparisonText.h"
+
 #include <bit>
 #include <cmath>
 #include <string>
@@ -13,8 +14,14 @@ namespace {
 constexpr std::uint32_t magic = 0x58325753; // "SW2X"
 constexpr std::uint32_t version = 1;
 constexpr std::size_t wordBytes = 4;
-constexpr std::size_t fixedBytes = (9 + UnitParameters::count) * wordBytes; // all but the two texts' own bytes
-constexpr std::size_t longestState = fixedBytes + 2 * SavedSettings::maxTextBytes;
+constexpr std::size_t mostParameters = 1024; // that any build will have
+
+// All but the two texts' own bytes.
+constexpr std::size_t fixedBytes(std::size_t parameterCount) {
+    return (9 + parameterCount) * wordBytes;
+}
+constexpr std::size_t longestState = fixedBytes(mostParameters) + 2 * SavedSettings::maxTextBytes;
+static_assert(UnitParameters::count <= mostParameters);
 
 // 32-bit FNV-1a: finds damage, not intent.
 std::uint32_t checksum(std::span<const std::uint8_t> bytes) {
@@ -74,6 +81,19 @@ private:
     bool failed_ = false;
 };
 
+// The values of a build with `savedCount` parameters. What it did not have is at its initial value; of what only it has
+// no more is asked than that it is a number.
+UnitStateResult readParameters(Reader& in, std::uint32_t savedCount, UnitParameters::Values& values) {
+    values = UnitParameters::initialValues();
+    for (std::uint32_t pid = 0; pid < savedCount; ++pid) {
+        const float value = std::bit_cast<float>(in.word());
+        if (in.failed()) return UnitStateResult::missingValues;
+        if (!std::isfinite(value)) return UnitStateResult::badValue;
+        if (pid < values.size()) values[pid] = value;
+    }
+    return UnitStateResult::ok;
+}
+
 // What can be told before the contents are read.
 UnitStateResult checkEnvelope(std::span<const std::uint8_t> bytes) {
     Reader head(bytes);
@@ -103,8 +123,8 @@ const char* toText(UnitStateResult result) {
         return "the state was saved by another version";
     case UnitStateResult::damaged:
         return "the state is damaged";
-    case UnitStateResult::wrongParameterCount:
-        return "the state has another number of parameters";
+    case UnitStateResult::missingValues:
+        return "the state has fewer values than it says";
     case UnitStateResult::badValue:
         return "a parameter value in the state is out of range";
     case UnitStateResult::badText:
@@ -115,7 +135,8 @@ const char* toText(UnitStateResult result) {
 
 std::vector<std::uint8_t> encodeUnitState(const UnitState& state) {
     const SavedSettings& settings = state.settings;
-    const std::size_t length = fixedBytes + settings.presetName.size() + settings.abSettings.size();
+    const std::size_t length =
+        fixedBytes(UnitParameters::count) + settings.presetName.size() + settings.abSettings.size();
     Writer out;
     out.word(magic);
     out.word(version);
@@ -135,18 +156,17 @@ UnitStateResult decodeUnitState(std::span<const std::uint8_t> bytes, UnitState& 
     if (const UnitStateResult envelope = checkEnvelope(bytes); envelope != UnitStateResult::ok) return envelope;
     constexpr std::size_t headBytes = 3 * wordBytes;
     Reader in(bytes.subspan(headBytes, bytes.size() - headBytes - wordBytes));
-    if (in.word() != UnitParameters::count) return UnitStateResult::wrongParameterCount;
+    const std::uint32_t savedCount = in.word();
     UnitState read;
-    for (float& value : read.parameters)
-        value = std::bit_cast<float>(in.word());
-    if (!std::all_of(read.parameters.begin(), read.parameters.end(), [](float v) { return std::isfinite(v); })) {
-        return UnitStateResult::badValue;
-    }
+    const UnitStateResult values = readParameters(in, savedCount, read.parameters);
+    if (values != UnitStateResult::ok) return values;
     read.settings.abState = in.word();
     read.settings.uiState = in.word();
     read.settings.presetName = in.text();
     read.settings.abSettings = in.text();
     if (in.failed() || !in.atEnd()) return UnitStateResult::badText;
+    read.settings.abSettings = comparisonTextOf(read.settings.abSettings, savedCount);
+    if (read.settings.abSettings.size() > SavedSettings::maxTextBytes) return UnitStateResult::badText;
     state = std::move(read);
     return UnitStateResult::ok;
 }

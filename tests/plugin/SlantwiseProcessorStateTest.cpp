@@ -3,6 +3,7 @@
 
 #include "platform/system/Log.h"
 #include "support/RealtimeTrap.h"
+#include "support/StateBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,50 @@ TEST(SlantwiseProcessor, StateThatIsNotOursChangesNothingAndIsLogged) {
     EXPECT_EQ(stateOf(processor), before);
     EXPECT_EQ(log.size(), bad.size() + 2);
     EXPECT_EQ(log.front().rfind("state not restored: ", 0), 0U) << log.front();
+}
+
+// What a session keeps is the unit's bytes: a processor of another build may have written them.
+TEST(SlantwiseProcessor, AStateOfABuildWithFewerOrMoreParametersIsRestored) {
+    UnitState saved;
+    saved.settings.presetName = "Warmer";
+    const UnitParameters::Values initial = UnitParameters::initialValues();
+    std::vector<float> values(initial.begin(), initial.end());
+    values.resize(values.size() + 5, 1e6F);
+    values[pidTiltGain] = -6;
+    for (const std::size_t count : {std::size_t{2}, values.size()}) {
+        SlantwiseProcessor processor;
+        const statebytes::Bytes bytes = statebytes::withValues(saved, std::span(values).first(count));
+        restore(processor, {bytes.data(), bytes.size()});
+        EXPECT_EQ(processor.parameter(pidTiltGain).getCurrentValueAsText(), "-6.0 dB");
+        EXPECT_EQ(processor.parameter(pidFilterSlopeLow).getCurrentValueAsText(), "12.0 dB/Oct");
+        EXPECT_EQ(processor.getProgramName(processor.getCurrentProgram()), "Warmer");
+    }
+}
+
+TEST(SlantwiseProcessor, AMutatedStateChangesNothingAndIsLoggedOrIsRestoredWhole) {
+    SlantwiseProcessor processor;
+    processor.parameter(pidTiltGain).setValue(0.25f);
+    const auto bytesOf = [](const juce::MemoryBlock& block) { return statebytes::Bytes(block.begin(), block.end()); };
+    statebytes::Mutations mutations({bytesOf(stateOf(processor))}, 7);
+    int logged = 0, restored = 0;
+    const ScopedLogSink sink([&](const std::string&) { ++logged; });
+    for (int round = 0; round < 10'000; ++round) {
+        const statebytes::Bytes bytes = mutations.next();
+        const juce::MemoryBlock before = stateOf(processor);
+        logged = 0;
+        restore(processor, {bytes.data(), bytes.size()});
+        if (logged == 1) {
+            ASSERT_EQ(stateOf(processor), before) << round;
+        } else if (statebytes::wordAt(bytes, statebytes::countWord) == QVMParameterCount) {
+            ASSERT_EQ(bytesOf(stateOf(processor)), bytes) << round;
+            ++restored;
+        }
+        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+            const float value = processor.parameter(pid).getValue();
+            ASSERT_TRUE(value >= 0 && value <= 1) << round << ": " << pid << " is " << value;
+        }
+    }
+    EXPECT_GT(restored, 500);
 }
 
 // The negative control: what the same processor does elsewhere is seen by the same trap.
