@@ -17,7 +17,8 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
         &component_.window().setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&owner.unit(), {}));
     presses_ = owner.gestures().follow(component_.window());
     addAndMakeVisible(component_);
-    setSize(component_.getWidth(), component_.getHeight());
+    followScale();
+    childBoundsChanged(&component_);
     setResizable(false, false);
 }
 
@@ -26,7 +27,19 @@ SlantwiseEditor::~SlantwiseEditor() {
     component_.window().takeContentView();
 }
 
+void SlantwiseEditor::setScaleFactor(float factor) {
+    if (std::exchange(hasFactor_, true) || factor != 1) processor_.setScaledByHost();
+    juce::AudioProcessorEditor::setScaleFactor(factor);
+}
+
+void SlantwiseEditor::followScale() {
+    const double scale = processor_.isScaledByHost() ? 1 : desktopScale_.value();
+    if (std::exchange(scale_, scale) != scale)
+        component_.setTransform(juce::AffineTransform::scale(static_cast<float>(scale)));
+}
+
 void SlantwiseEditor::followHost() {
+    followScale();
     const std::uint32_t restores = processor_.unit().restoreCount();
     if (std::exchange(restores_, restores) != restores) view_->adoptRestoredState();
     const std::int32_t index = processor_.unit().presetIndex();
@@ -39,7 +52,9 @@ void SlantwiseEditor::resized() {
 }
 
 void SlantwiseEditor::childBoundsChanged(juce::Component* child) {
-    if (child == &component_) setSize(component_.getWidth(), component_.getHeight());
+    if (child != &component_) return;
+    const juce::Rectangle<int> occupied = component_.getBoundsInParent();
+    setSize(occupied.getWidth(), occupied.getHeight());
 }
 
 } // namespace QVM_NAMESPACE

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin/SlantwiseProcessor.h"
+#include "toolkit/DesktopScale.h"
 #include "toolkit/WindowComponent.h"
 
 namespace QVM_NAMESPACE {
@@ -21,15 +22,24 @@ public:
     // What the last frame drew again.
     const RenderStatistics& lastFrame() const { return component_.lastFrame(); }
 
+    // The wrappers' call. They begin with a 1 for a host that has said nothing so far, and repeat no value.
+    void setScaleFactor(float factor) override;
+    // Shows the view at the scale of the desktop, unless the host says another.
+    void followScale();
+
 private:
-    // Takes over a state that the host has restored meanwhile and a program that it has chosen, if any. With every
-    // refresh of the window, which comes anyway, and so never before there is one: until then another thread may be
-    // serving the timers.
+    // Takes over a state that the host has restored meanwhile and a program that it has chosen, if any, and what the
+    // desktop has said of its scale. With every refresh of the window, which comes anyway, and so never before there is
+    // one: until then another thread may be serving the timers.
     void followHost();
     void resized() override;
     void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
+    juce::SharedResourcePointer<ToolkitRuntime> runtime_;
+    DesktopScale desktopScale_{runtime_->connection()};
+    double scale_ = 1; // of the component in the editor; the host's own is that of the editor
+    bool hasFactor_ = false;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
     ObservationToken presses_;           // that hold gestures

@@ -113,6 +113,11 @@ void SlantwiseProcessor::prepareToPlay(double sampleRateHz, int maxFrames) {
                   static_cast<std::uint32_t>(getMainBusNumOutputChannels()));
 }
 
+void SlantwiseProcessor::setScaledByHost() {
+    isScaledByHost_ = true;
+    if (auto* const editor = dynamic_cast<SlantwiseEditor*>(getActiveEditor())) editor->followScale();
+}
+
 template <class Sample>
 void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
     const juce::ScopedNoDenormals noDenormals;

@@ -31,6 +31,11 @@ public:
     // What the host hears of gestures. An editor has it follow its window. Main thread.
     GestureLedger& gestures() { return gestures_; }
 
+    // Whether the host says at what scale its editor is shown, if only that it is 1; until it does the desktop's
+    // counts. Once said it holds for editors to come. From the thread that the editor is on.
+    void setScaledByHost();
+    bool isScaledByHost() const { return isScaledByHost_; }
+
     // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log, save that in a
     // block that has something to announce the toolkit takes its locks of listeners, as for each automated value.
     void prepareToPlay(double sampleRateHz, int maxFrames) override;
@@ -89,6 +94,7 @@ private:
     QVM0015_AudioUnit unit_;
     std::vector<UnitParameter*> parameters_; // owned by the base class, by pid
     BypassParameter* bypass_ = nullptr;      // owned by the base class; null where it is not offered
+    bool isScaledByHost_ = false;
     DueAnnouncements due_;
     GestureLedger gestures_{unit_, *this};
     // The program that a restored state has overruled, until audio has run since; -1 for none. Written by the thread

@@ -31,6 +31,9 @@ private:
     std::vector<const LV2_Feature*> list_;
 };
 
+// Whether the host says at what scale an editor is to be shown. Any thread.
+bool isScaleSaid(const LV2_Feature* const* features);
+
 void* featureDataOf(const LV2_Feature* const* features, const char* uri);
 
 template <class Data>

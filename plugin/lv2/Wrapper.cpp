@@ -57,6 +57,7 @@ public:
     static Instance& of(LV2_Handle handle) { return *static_cast<Instance*>(handle); }
     slantwise::AdaptedInstance& adapted() { return adapted_; }
     void run(std::uint32_t frames) { adapted_.run(frames, *this); }
+    void setScaledByHost() { processor_.setScaledByHost(); } // before there is an editor
 
 private:
     void announceValue(std::uint32_t pid) override { processor_.parameter(pid).announceValue(); }
@@ -99,8 +100,10 @@ LV2UI_Handle instantiateEditor(const LV2UI_Descriptor*, const char* plugin, cons
                                LV2UI_Write_Function write, LV2UI_Controller controller, LV2UI_Widget* widget,
                                const LV2_Feature* const* features) {
     slantwise::HostFeatures adapted(features);
-    if (auto* const instance = slantwise::featureData<Instance>(features, LV2_INSTANCE_ACCESS_URI))
+    if (auto* const instance = slantwise::featureData<Instance>(features, LV2_INSTANCE_ACCESS_URI)) {
         adapted.replace(LV2_INSTANCE_ACCESS_URI, instance->adapted().handle());
+        if (slantwise::isScaleSaid(features)) instance->setScaledByHost();
+    }
     return toolkitEditor().instantiate(&toolkitEditor(), plugin, bundle, write, controller, widget, adapted.get());
 }
 

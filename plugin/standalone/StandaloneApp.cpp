@@ -38,6 +38,7 @@ void StandaloneApp::initialise(const juce::String&) {
     }
 
     processor_ = std::make_unique<SlantwiseProcessor>();
+    if (options_.scale > 0) processor_->setScaledByHost();
     player_ = std::make_unique<LoopPlayer>(*processor_, std::move(clip));
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
     if (options_.theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();

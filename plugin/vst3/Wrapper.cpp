@@ -1,6 +1,6 @@
-// The toolkit's VST3 wrapper, whose edit controller is given a base class of ours: nothing less than this source, which
-// has the class to itself, lets the host's handler be replaced before the wrapper keeps it, and the records of the
-// parameters be completed.
+// The toolkit's VST3 wrapper, whose edit controller and view are given base classes of ours: nothing less than this
+// source, which has the classes to itself, lets the host's handler be replaced before the wrapper keeps it, the records
+// of the parameters be completed, and it be known that the host has said the scale which the wrapper takes for granted.
 #include <juce_core/system/juce_TargetPlatform.h>
 // In the wrapper's own order: each needs the one before.
 #include <juce_core/system/juce_CompilerWarnings.h>
@@ -45,6 +45,40 @@ private:
 
 } // namespace Steinberg::Vst
 
-#define EditController CompletedController // NOLINT(readability-identifier-naming): the name of the base class
+namespace Steinberg {
+
+class HeardContentScale : public IPlugViewContentScaleSupport {
+public:
+    tresult PLUGIN_API setContentScaleFactor(ScaleFactor factor) final {
+        wasHeard();
+        return setToolkitScaleFactor(factor);
+    }
+    virtual tresult PLUGIN_API setToolkitScaleFactor(ScaleFactor factor) = 0;
+
+private:
+    void wasHeard();
+};
+
+} // namespace Steinberg
+
+// NOLINTBEGIN(readability-identifier-naming): the names of the base classes and of what is overridden
+#define EditController CompletedController
+#define IPlugViewContentScaleSupport HeardContentScale
+#define setContentScaleFactor setToolkitScaleFactor
+// NOLINTEND(readability-identifier-naming)
 #include <juce_audio_plugin_client/juce_audio_plugin_client_VST3.cpp> // NOLINT(bugprone-suspicious-include): see above
+#undef setContentScaleFactor
+#undef IPlugViewContentScaleSupport
 #undef EditController
+
+// Behind the toolkit's source, which says first how its modules are to be included.
+#include "plugin/SlantwiseProcessor.h"
+
+// As the wrapper itself does: messages may be another thread's until the view is attached.
+void Steinberg::HeardContentScale::wasHeard() {
+    const juce::MessageManagerLock lock;
+    auto& view = dynamic_cast<Vst::EditorView&>(*this);
+    auto* const controller = dynamic_cast<juce::JuceVST3EditController*>(view.getController());
+    auto* const processor = controller ? controller->getPluginInstance() : nullptr;
+    if (processor) static_cast<slantwise::SlantwiseProcessor*>(processor)->setScaledByHost();
+}

@@ -1,5 +1,6 @@
 #include "plugin/host/XScreen.h"
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
@@ -117,6 +118,12 @@ void XScreen::blinkFocus() {
     const Window focused = focus();
     XSetInputFocus(display_, DefaultRootWindow(display_), RevertToParent, CurrentTime);
     XSetInputFocus(display_, focused, RevertToParent, CurrentTime);
+    XSync(display_, False);
+}
+
+void XScreen::setResources(const std::string& lines) {
+    XChangeProperty(display_, DefaultRootWindow(display_), XA_RESOURCE_MANAGER, XA_STRING, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(lines.data()), static_cast<int>(lines.size()));
     XSync(display_, False);
 }
 

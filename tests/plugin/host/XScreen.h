@@ -50,6 +50,9 @@ public:
     // Takes the keyboard focus away from the window that has it and gives it back at once.
     void blinkFocus();
 
+    // The desktop's resources, in lines as xrdb writes them.
+    void setResources(const std::string& lines);
+
     Picture capture(int x, int y, int width, int height);
 
     // A visible window of exactly this size, the deepest one, and the window in its line that the window manager put a
