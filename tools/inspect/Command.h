@@ -10,11 +10,11 @@
 namespace QVM_NAMESPACE {
 namespace inspect {
 
-// Exit statuses of the program.
+// Exit statuses of the program, as of the others.
 enum ExitStatus : int {
     exitSuccess = 0,
-    exitBadInput = 1, // the command ran, but some of what it read was wrong
-    exitUsage = 2,    // the command line was wrong; nothing ran
+    exitFailure = 1, // the command ran, but something could not be read, answered or written
+    exitUsage = 2,   // the arguments make no sense; nothing was done
 };
 
 // Where a command reads and writes; owned by the caller.
@@ -41,6 +41,12 @@ int RunCurveCommand(Arguments arguments, const Streams& streams);
 int RunDescriptionCommand(Arguments arguments, const Streams& streams);
 int RunSettingsCommand(Arguments arguments, const Streams& streams);
 int RunValuesCommand(Arguments arguments, const Streams& streams);
+
+// What follows the mark "--" that may stand before arguments which are no options.
+Arguments BareArguments(Arguments arguments);
+
+// Says why an address among the arguments cannot be read and returns the status to exit with.
+int ReportUnreadableSettings(const Streams& streams, std::string_view reason);
 
 // Writes a message about a wrong command line and returns the status to exit with.
 int ReportUsageError(const Streams& streams, std::string_view message);

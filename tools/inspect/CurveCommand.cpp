@@ -44,20 +44,24 @@ std::string ReadAddress(std::string_view address, Settings& settings) {
     return {};
 }
 
-// What is wrong with the command line, or nothing.
+// What is wrong with the command line, or nothing. A value stands behind its option or, with a sign between, in it.
 std::string ReadArguments(Arguments arguments, CurveRequest& request) {
-    for (std::size_t i = 0; i < arguments.size(); i += 2) {
-        const std::string name(arguments[i]);
-        if (name != "--settings" && name != "--points") return "curve does not know '" + name + "'";
-        if (i + 1 == arguments.size()) return name + " needs a value";
-        const std::string_view value = arguments[i + 1];
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::size_t sign = arguments[i].find('=');
+        const std::string name(arguments[i].substr(0, sign));
+        if (name == "--" && i + 1 == arguments.size()) break;
+        if (name != "--settings" && name != "--points")
+            return "curve does not know '" + std::string(arguments[i]) + "'";
+        if (sign == std::string_view::npos && ++i == arguments.size()) return name + " needs a value";
+        const std::string_view value = sign == std::string_view::npos ? arguments[i] : arguments[i].substr(sign + 1);
         if (name == "--settings") {
             request.address = value;
             continue;
         }
         const std::optional<int> points = WholeNumberFromText<int>(value);
         if (!points || *points < kFewestPoints || *points > kMostPoints) {
-            return "--points is a number from " + std::to_string(kFewestPoints) + " to " + std::to_string(kMostPoints);
+            return "--points takes a number from " + std::to_string(kFewestPoints) + " to " +
+                   std::to_string(kMostPoints) + ", not '" + std::string(value) + "'";
         }
         request.points = *points;
     }
@@ -99,10 +103,8 @@ int RunCurveCommand(Arguments arguments, const Streams& streams) {
     if (const std::string problem = ReadArguments(arguments, request); !problem.empty())
         return ReportUsageError(streams, problem);
     Settings settings;
-    if (const std::string problem = ReadAddress(request.address, settings); !problem.empty()) {
-        streams.err << "slantwise-inspect: cannot read the settings: " << problem << '\n';
-        return exitBadInput;
-    }
+    if (const std::string problem = ReadAddress(request.address, settings); !problem.empty())
+        return ReportUnreadableSettings(streams, problem);
     PrintCurve(settings, request.points, streams.out);
     return exitSuccess;
 }

@@ -8,7 +8,7 @@ namespace QVM_NAMESPACE {
 namespace inspect {
 
 int RunDescriptionCommand(Arguments arguments, const Streams& streams) {
-    if (!arguments.empty()) return ReportUsageError(streams, "description takes no arguments");
+    if (!BareArguments(arguments).empty()) return ReportUsageError(streams, "description takes no arguments");
     Json clumps = Json::array();
     for (std::uint32_t cid = 0; cid < QVMClumpCount; ++cid)
         clumps.push_back(ClumpJson(*GetClump(cid)));

@@ -15,13 +15,12 @@ constexpr int kSignificantDigits = 9; // enough to tell every 32-bit number from
 } // namespace
 
 int RunSettingsCommand(Arguments arguments, const Streams& streams) {
-    if (arguments.size() != 1) return ReportUsageError(streams, "settings takes one address");
+    const Arguments addresses = BareArguments(arguments);
+    if (addresses.size() != 1) return ReportUsageError(streams, "settings takes one address");
     const auto config = QVMConfig::inlinedConfig();
-    const auto result = readSettingsAddress(arguments.front(), *config);
-    if (const auto* refusal = std::get_if<SettingsRefusal>(&result)) {
-        streams.err << "slantwise-inspect: cannot read the settings: " << refusal->text() << '\n';
-        return exitBadInput;
-    }
+    const auto result = readSettingsAddress(addresses.front(), *config);
+    if (const auto* refusal = std::get_if<SettingsRefusal>(&result))
+        return ReportUnreadableSettings(streams, refusal->text());
     for (const SettingsEntry& entry : std::get<SettingsAddress>(result).entries) {
         if (!entry.value) continue; // it would stay as it is
         const float value = settingsValueFor(*config->parameterForCodename(entry.key), *entry.value);

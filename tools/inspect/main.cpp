@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     std::cout.flush();
     if (!std::cout) {
         std::cerr << "slantwise-inspect: cannot write the output\n";
-        return status == slantwise::inspect::exitSuccess ? slantwise::inspect::exitBadInput : status;
+        return status == slantwise::inspect::exitSuccess ? slantwise::inspect::exitFailure : status;
     }
     return status;
 }

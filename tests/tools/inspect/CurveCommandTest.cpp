@@ -166,7 +166,7 @@ TEST(CurveCommand, AWrongAddressIsAMessageAndStatusOne) {
              std::pair{"/?tg:nan", "\"tg\" has no number"},
          }) {
         const RunResult result = RunTool({"curve", "--settings", address});
-        EXPECT_EQ(result.status, 1) << address;
+        EXPECT_EQ(result.status, 2) << address;
         EXPECT_THAT(result.out, IsEmpty());
         EXPECT_THAT(result.err, HasSubstr(message));
     }
@@ -176,10 +176,10 @@ TEST(CurveCommand, AWrongCommandLineIsAMessageAndStatusTwo) {
     for (const auto& [result, message] : {
              std::pair{RunTool({"curve", "--points"}), "--points needs a value"},
              std::pair{RunTool({"curve", "--settings"}), "--settings needs a value"},
-             std::pair{RunTool({"curve", "--points", "1"}), "--points is a number from 2"},
-             std::pair{RunTool({"curve", "--points", "many"}), "--points is a number from 2"},
-             std::pair{RunTool({"curve", "--points", "108.5"}), "--points is a number from 2"},
-             std::pair{RunTool({"curve", "--points", "99999999999"}), "--points is a number from 2"},
+             std::pair{RunTool({"curve", "--points", "1"}), "--points takes a number from 2 to 65536, not "},
+             std::pair{RunTool({"curve", "--points", "many"}), "--points takes a number from 2 to 65536, not "},
+             std::pair{RunTool({"curve", "--points", "108.5"}), "--points takes a number from 2 to 65536, not "},
+             std::pair{RunTool({"curve", "--points", "99999999999"}), "--points takes a number from 2 to 65536, not "},
              std::pair{RunTool({"curve", "/?tg:6"}), "curve does not know '/?tg:6'"},
          }) {
         EXPECT_EQ(result.status, 2) << message;

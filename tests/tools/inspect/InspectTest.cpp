@@ -21,6 +21,24 @@ TEST(Inspect, HelpNamesEveryCommandAndOperation) {
     }
 }
 
+TEST(Inspect, ShortHelpIsTheSame) {
+    EXPECT_EQ(RunTool({"-h"}).out, RunTool({"--help"}).out);
+    EXPECT_EQ(RunTool({"-h"}).status, 0);
+}
+
+TEST(Inspect, HelpNamesTheExitStatuses) {
+    EXPECT_THAT(RunTool({"--help"}).out, HasSubstr("\nExit status:\n  0 "));
+}
+
+TEST(Inspect, BehindTwoDashesStandArguments) {
+    const char* const address = "https://localhost/slantwise/2.0.1/?tg:6";
+    EXPECT_EQ(RunTool({"settings", "--", address}).out, "tg 6\n");
+    EXPECT_EQ(RunTool({"values", "--"}, "cast 0 1\n").out, "1\n");
+    EXPECT_EQ(RunTool({"curve", "--points", "2", "--"}).status, 0);
+    EXPECT_EQ(RunTool({"curve", "--", "--points"}).status, 2);
+    EXPECT_EQ(RunTool({"description", "--", "more"}).status, 2);
+}
+
 TEST(Inspect, AnythingElseIsAMessageAndStatusTwo) {
     for (const auto& [result, message] : {
              std::pair{RunTool({}), "no command given"},

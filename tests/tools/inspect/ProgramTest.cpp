@@ -60,6 +60,15 @@ TEST(InspectProgram, HelpsAndRefuses) {
     EXPECT_EQ(RunProgram("", "2>&1").status, 2);
 }
 
+TEST(InspectProgram, SaysSoWhenItCannotRead) {
+    const ProgramResult folder = RunProgram("", "values 2>&1 </");
+    EXPECT_EQ(folder.status, 1);
+    EXPECT_EQ(folder.output, "slantwise-inspect: cannot read the input: Is a directory\n");
+    EXPECT_EQ(RunProgram("", "values 2>&1 <&-").output,
+              "slantwise-inspect: cannot read the input: Bad file descriptor\n");
+    EXPECT_EQ(RunProgram("", "values </dev/null").status, 0);
+}
+
 TEST(InspectProgram, SaysSoWhenItCannotWrite) {
     EXPECT_NE(RunProgram("", "description >/dev/full 2>&1").status, 0);
 }

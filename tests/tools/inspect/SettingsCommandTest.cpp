@@ -46,7 +46,7 @@ TEST(SettingsCommand, ARefusalIsAReasonAndStatusOne) {
              {endless, "it is longer than 4096 bytes"},
          }) {
         const RunResult result = RunTool({"settings", address});
-        EXPECT_EQ(result.status, 1) << address;
+        EXPECT_EQ(result.status, 2) << address;
         EXPECT_THAT(result.out, IsEmpty());
         EXPECT_THAT(result.err, HasSubstr(reason));
         EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << address;
