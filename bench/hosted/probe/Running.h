@@ -1,0 +1,38 @@
+// What an open plug-in costs in a host, and how fast it answers.
+#pragma once
+
+#include "bench/hosted/probe/ScreenFile.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace slantwise_bench {
+
+// Pixels from the upper left corner of the plug-in's window.
+struct Spot {
+    int x = 0, y = 0;
+};
+
+// Where there is a handle, and how far a drag takes it to either side.
+struct Handle {
+    Spot at, reach;
+};
+
+struct Load {
+    double corePercent = 0;       // of one core, all threads but the one that processes the sound
+    double picturesPerSecond = 0; // new ones
+};
+
+struct Running {
+    long privateKilobytes = 0; // of the host, after the opening
+    Load idle, playing;
+    std::optional<Load> spectrum, dragging;
+    std::optional<double> pointerToPixelMs; // median
+};
+
+// `spectrumSwitch` is clicked before the spectrum is measured.
+Running measureRunning(const std::vector<std::string>& command, const ScreenFile& screen, double secondsEach,
+                       std::optional<Handle> handle, std::optional<Spot> spectrumSwitch);
+
+} // namespace slantwise_bench
