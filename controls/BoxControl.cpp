@@ -24,7 +24,7 @@ BoxControl::BoxControl(const Rect& frame, const QVMParameter& parameter, BoxShap
 
 void BoxControl::addPart(const std::shared_ptr<Layer>& part, const char* name) {
     part->setName(name);
-    layer()->insertSublayer(part, partCount_++);
+    layer()->tree().insert(part, partCount_++);
 }
 
 std::optional<Color> BoxControl::surface() const {
@@ -35,17 +35,17 @@ void BoxControl::placeBox(const Rect& frame) {
     const double most = std::min(frame.width, frame.height) / 2;
     const double radius = shape_ == BoxShape::capsule ? most : std::min(kCornerRadius, most);
     bg_->setFrame(frame);
-    bg_->setCornerRadius(radius);
+    bg_->look().setCornerRadius(radius);
     hover_->setFrame(frame);
-    hover_->setCornerRadius(radius);
-    hover_->setBackgroundColor(QVMUITheme::theme().palette.hover);
+    hover_->look().setCornerRadius(radius);
+    hover_->look().setBackgroundColor(QVMUITheme::theme().palette.hover);
 }
 
 void BoxControl::drawPlainBox() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     placeBox(bounds());
-    bg_->setBackgroundColor(palette.boxFill);
-    bg_->setBorder(1, palette.boxBorder);
+    bg_->look().setBackgroundColor(palette.boxFill);
+    bg_->look().setBorder(1, palette.boxBorder);
 }
 
 Transaction BoxControl::moveChoice(Layer& mark, bool isShown, Animate animate) {
@@ -71,11 +71,11 @@ void BoxControl::setPreventInteraction(bool prevent) {
 }
 
 void BoxControl::mouseEntered(const Event& event) {
-    pointTo(indexAt(convertFromWindow(event.locationInWindow)));
+    pointTo(indexAt(coordinates().fromWindow(event.locationInWindow)));
 }
 
 void BoxControl::mouseMoved(const Event& event) {
-    pointTo(indexAt(convertFromWindow(event.locationInWindow)));
+    pointTo(indexAt(coordinates().fromWindow(event.locationInWindow)));
 }
 
 void BoxControl::mouseExited(const Event&) {

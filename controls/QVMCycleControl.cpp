@@ -175,8 +175,8 @@ void QVMCycleControl::typesetAttributedStringValueBackgroundColor(const Attribut
     const Rect available = rectAvailableForTextDisplay();
     value_->setFrame(plainText ? available : bgFrame());
     value_->setString(shrunkenToWidth(text, available.width));
-    bg()->setBackgroundColor(look.background);
-    bg()->setBorder(look.border.a > 0 ? 1 : 0, look.border);
+    bg()->look().setBackgroundColor(look.background);
+    bg()->look().setBorder(look.border.a > 0 ? 1 : 0, look.border);
     bg()->setOpacity(look.backgroundOpacity);
 }
 
@@ -208,9 +208,9 @@ bool QVMCycleControl::incrementWithArrowGranularity(char32_t arrow, std::int32_t
 }
 
 void QVMCycleControl::pulse(bool forward) {
-    value_->addAnimation(standardPulse(), "pulse");
-    bg()->addAnimation(standardPulse(), "pulse");
-    if (includeCrementers()) (forward ? inc_ : dec_)->addAnimation(standardColorPulse(), "pulse");
+    value_->animations().add(standardPulse(), "pulse");
+    bg()->animations().add(standardPulse(), "pulse");
+    if (includeCrementers()) (forward ? inc_ : dec_)->animations().add(standardColorPulse(), "pulse");
 }
 
 } // namespace QVM_NAMESPACE

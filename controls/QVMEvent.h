@@ -9,7 +9,7 @@ namespace QVM_NAMESPACE {
 struct QVMEvent {
     // Keeps the event and finds its place in `view`'s own coordinates.
     QVMEvent(const Event& event, const View& view)
-        : nsEvent(event), point(view.convertFromWindow(event.locationInWindow)) {}
+        : nsEvent(event), point(view.coordinates().fromWindow(event.locationInWindow)) {}
 
     // The same event as if it had happened at `to` (same coordinates): how a gesture is replayed elsewhere.
     QVMEvent adjustedToPoint(Point to) const {

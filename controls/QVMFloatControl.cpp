@@ -26,7 +26,7 @@ QVMFloatControl::QVMFloatControl(const Rect& frame, const QVMParameter& paramete
     : Control(frame, YAxis::up), parameter_(parameter), highlight_(std::make_shared<QVMFocusBorder>()) {
     layer()->setMasksToBounds(false); // the focus border stands outside
     highlight_->setStrokeNSColor(QVMCGColor(parameter.color));
-    layer()->addSublayer(highlight_);
+    layer()->tree().add(highlight_);
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { themeUpdated(); });
 }

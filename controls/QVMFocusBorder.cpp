@@ -72,8 +72,8 @@ void QVMFocusBorder::animate(bool on) {
     const double stretch = periods >= 1 ? length / (periods * kPeriod) : 1;
     setLineDashPattern({kDashOn * stretch, kDashOff * stretch});
 
-    if (!on) return removeAnimation(kMarchingKey);
-    addAnimation(PhaseShiftingAnimationToValue(kPeriodsAMarch * kPeriod * stretch), kMarchingKey);
+    if (!on) return animations().remove(kMarchingKey);
+    animations().add(PhaseShiftingAnimationToValue(kPeriodsAMarch * kPeriod * stretch), kMarchingKey);
 }
 
 } // namespace QVM_NAMESPACE

@@ -24,7 +24,7 @@ QVMGlowingBooleanControl::QVMGlowingBooleanControl(const Rect& frame, const QVMP
 
 void QVMGlowingBooleanControl::redraw() {
     const Color ink = QVMUITheme::theme().palette.shade.withAlpha(kShadowAlpha);
-    value()->setShadow(QVMBlur(ink, kShadowRadius, kShadowOffset));
+    value()->look().setShadow(QVMBlur(ink, kShadowRadius, kShadowOffset));
     QVMBooleanControl::redraw();
 }
 

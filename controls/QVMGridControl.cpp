@@ -86,11 +86,11 @@ void QVMGridControl::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     addSquares();
     drawPlainBox();
-    hover()->setCornerRadius(squareRadius(squares_.front().width));
-    current_->setCornerRadius(squareRadius(squares_.front().width));
+    hover()->look().setCornerRadius(squareRadius(squares_.front().width));
+    current_->look().setCornerRadius(squareRadius(squares_.front().width));
     field_->setFillColor(QVMUITheme::theme().backgroundColor);
     field_->setStrokeColor(palette.boxBorder);
-    current_->setBackgroundColor(contrasted(QVMCGColor(parameter().color), palette.onAccent));
+    current_->look().setBackgroundColor(contrasted(QVMCGColor(parameter().color), palette.onAccent));
     strValue_->setFrame(strValueRect().insetBy(kPaddingX, 0));
     showValue(Animate::no);
     showHover();

@@ -28,7 +28,7 @@ void QVMItemizedControl::handleMouseDownWithEventGranularities(const QVMEvent& e
 
 void QVMItemizedControl::popupItemizedOptions() {
     if (window())
-        window()->popUpMenu(itemMenu(), convertToWindow(Point{bgFrame().minX(), bgFrame().minY() - kMenuGap}));
+        window()->popUpMenu(itemMenu(), coordinates().toWindow(Point{bgFrame().minX(), bgFrame().minY() - kMenuGap}));
 }
 
 std::unique_ptr<Menu> QVMItemizedControl::itemMenu() {

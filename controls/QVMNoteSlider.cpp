@@ -50,12 +50,12 @@ void QVMNoteSlider::redraw() {
     const QVMPalette& palette = theme.palette;
     layOutSymbols();
     drawPlainBox();
-    bg()->setBackgroundColor(theme.backgroundColor); // a box's fill would be too near to the glyphs
-    hover()->setCornerRadius(kSelectionRadius);
+    bg()->look().setBackgroundColor(theme.backgroundColor); // a box's fill would be too near to the glyphs
+    hover()->look().setCornerRadius(kSelectionRadius);
     const Color accent = contrasted(QVMCGColor(parameter().color), palette.onAccent);
-    selection_->setBackgroundColor(accent);
-    selection_->setBorder(1, accent.mixedWith(palette.boxFill, 0.25f));
-    selection_->setCornerRadius(kSelectionRadius);
+    selection_->look().setBackgroundColor(accent);
+    selection_->look().setBorder(1, accent.mixedWith(palette.boxFill, 0.25f));
+    selection_->look().setCornerRadius(kSelectionRadius);
     showSelection(Animate::no);
 }
 

@@ -114,8 +114,8 @@ void QVMNumberControl::redraw() {
         const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, 0);
         value_->setString(shrunkenToWidth({text, font, QVMUITheme::theme().textColor}, value_->bounds().width));
     }
-    bg()->setBackgroundColor(palette.boxFill);
-    bg()->setBorder(1, displayingTransient_ ? QVMCGColor(parameter().color) : palette.boxBorder);
+    bg()->look().setBackgroundColor(palette.boxFill);
+    bg()->look().setBorder(1, displayingTransient_ ? QVMCGColor(parameter().color) : palette.boxBorder);
     showHover();
 }
 

@@ -210,7 +210,7 @@ void QVMParameterControl::toggleTooltip(bool on) {
 }
 
 void QVMParameterControl::themeUpdated() {
-    layer()->setNeedsDisplay();
+    layer()->look().setNeedsDisplay();
     if (primaryControl_) primaryControl_->setFloatValue(floatValue());
 }
 
@@ -218,8 +218,8 @@ void QVMParameterControl::mouseDown(const Event& event) {
     handlingOutsideClick_ = false;
     if (event.clickCount == 2) return setTransientStringValue("");
     const Rect inside = controlFrame();
-    handlingOutsideClick_ =
-        !inside.isEmpty() && !inside.contains(convertFromWindow(event.locationInWindow)) && !primaryControlHasPress();
+    handlingOutsideClick_ = !inside.isEmpty() && !inside.contains(coordinates().fromWindow(event.locationInWindow)) &&
+                            !primaryControlHasPress();
     if (handlingOutsideClick_ && primaryControl_) primaryControl_->handleMouseDownEvent({event, *primaryControl_});
     FocusableControl::mouseDown(event);
 }

@@ -94,7 +94,7 @@ View* QVMRangeControl::hitTest(Point pointInSuperview) {
     View* hit = interactive_ ? QVMParameterControl::hitTest(pointInSuperview) : nullptr;
     if (!hit || !superview()) return hit;
     for (QVMVerticalSlider* slider : {sliderOf(low_), sliderOf(high_)}) {
-        if (slider && slider->isOnHandle(slider->convertFromView(pointInSuperview, *superview()))) return slider;
+        if (slider && slider->isOnHandle(slider->coordinates().fromView(pointInSuperview, *superview()))) return slider;
     }
     return hit;
 }

@@ -34,9 +34,9 @@ QVMRangeSlider::QVMRangeSlider(const Rect& frame, const QVMParameter& parameter)
     hoverLight_->setName("bandHover");
     ticks_->setName("frequencyTicks");
     for (const std::shared_ptr<Layer>& added : {band_, std::shared_ptr<Layer>(ticks_), hoverLight_})
-        layer()->addSublayer(added);
-    layer()->addSublayer(highlight()); // around the band, there being no handle
-    band_->setBackgroundColor(QVMCGColor(parameter.color).withAlpha(kBandAlpha));
+        layer()->tree().add(added);
+    layer()->tree().add(highlight()); // around the band, there being no handle
+    band_->look().setBackgroundColor(QVMCGColor(parameter.color).withAlpha(kBandAlpha));
     hoverLight_->setOpacity(0);
     readoutBulb()->setHidden(true);
     QVMRangeSlider::layOut();
@@ -77,14 +77,14 @@ void QVMRangeSlider::setHighlit(bool highlit) {
 void QVMRangeSlider::layOut() {
     QVMVerticalSlider::layOut();
     background()->setHidden(interactive_);
-    hoverLight_->setBackgroundColor(QVMUITheme::theme().palette.hover);
+    hoverLight_->look().setBackgroundColor(QVMUITheme::theme().palette.hover);
     updatePositionForLowHighAnimation(0);
     layOutTicks();
 }
 
 void QVMRangeSlider::layOutTicks() {
     const Rect track = trackRect();
-    const double pixels = layer()->contentsScale();
+    const double pixels = layer()->look().contentsScale();
     Path lines;
     for (const FrequencyTick& tick : kTicks) {
         const bool isShown = parameter().unit == QVMUnitHertz && tick.hertz >= parameter().minValue &&

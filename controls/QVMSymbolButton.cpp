@@ -14,7 +14,7 @@ constexpr double kDisabledOpacity = 0.2;
 std::shared_ptr<Layer> makeLight(const char* name) {
     auto light = std::make_shared<Layer>();
     light->setName(name);
-    light->setCornerRadius(kLightRadius);
+    light->look().setCornerRadius(kLightRadius);
     light->setOpacity(0);
     return light;
 }
@@ -28,10 +28,10 @@ QVMSymbolButton::QVMSymbolButton(const Rect& frame, std::string glyph, double si
     font_ = defaultFont();
     glyph_->setName("glyph");
     glyph_->setAlignment(TextAlignment::center, TextPlacement::middle);
-    layer()->addSublayer(hoverLight_);
-    layer()->addSublayer(spotlight_);
-    layer()->addSublayer(warningLight_);
-    layer()->addSublayer(glyph_);
+    layer()->tree().add(hoverLight_);
+    layer()->tree().add(spotlight_);
+    layer()->tree().add(warningLight_);
+    layer()->tree().add(glyph_);
     layOut();
     symbol_ = std::move(glyph);
     glyph_->setString(QVMSymbolButton::attributedStringForGlyphColor(symbol_, color_));
@@ -39,10 +39,10 @@ QVMSymbolButton::QVMSymbolButton(const Rect& frame, std::string glyph, double si
 }
 
 void QVMSymbolButton::styleLights() {
-    hoverLight_->setBackgroundColor(color_.withAlpha(kHoverAlpha));
+    hoverLight_->look().setBackgroundColor(color_.withAlpha(kHoverAlpha));
     const Color glow = QVMUITheme::theme().palette.glow.withAlpha(kLightAlpha);
-    spotlight_->setBackgroundColor(glow);
-    warningLight_->setBackgroundColor(glow);
+    spotlight_->look().setBackgroundColor(glow);
+    warningLight_->look().setBackgroundColor(glow);
 }
 
 Font QVMSymbolButton::defaultFont() const {
@@ -108,7 +108,7 @@ void QVMSymbolButton::setWarning(bool warning) {
     BasicAnimation pulse = QVMCycleControl::standardPulse();
     pulse.duration = 0.33;
     pulse.repeatCount = 6;
-    warningLight_->addAnimation(std::move(pulse), "pulse");
+    warningLight_->animations().add(std::move(pulse), "pulse");
 }
 
 void QVMSymbolButton::flash() {
@@ -119,13 +119,13 @@ void QVMSymbolButton::flash() {
     flash.duration = 0.125;
     flash.timing = TimingFunction::easeOut;
     flash.autoreverses = true;
-    spotlight_->removeAnimation("flash");
-    spotlight_->addAnimation(std::move(flash), "flash");
+    spotlight_->animations().remove("flash");
+    spotlight_->animations().add(std::move(flash), "flash");
 }
 
 void QVMSymbolButton::mouseDown(const Event& event) {
     if (!buttonEnabled_) return;
-    glyph_->addAnimation(QVMCycleControl::standardPulse(), "pulse");
+    glyph_->animations().add(QVMCycleControl::standardPulse(), "pulse");
     sendAction();
     Control::mouseDown(event); // on to the next responder
 }

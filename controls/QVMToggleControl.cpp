@@ -34,14 +34,14 @@ void QVMToggleControl::addSegments() {
         parameter().valueString(&text, nullptr, static_cast<float>(value));
         values_.push_back(&addSubview(std::make_unique<QVMToggleSegment>(Rect{}, std::move(text))));
     }
-    layer()->addSublayer(highlight()); // around the segments too
+    layer()->tree().add(highlight()); // around the segments too
 }
 
 void QVMToggleControl::redraw() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     const Rect box = bounds();
     drawPlainBox();
-    selection_->setBackgroundColor(contrasted(QVMCGColor(parameter().color), palette.onAccent));
+    selection_->look().setBackgroundColor(contrasted(QVMCGColor(parameter().color), palette.onAccent));
 
     // Whole points, so that no line falls between two pixels; the ends are the control's.
     rValuesOriginal_.clear();
@@ -71,8 +71,8 @@ void QVMToggleControl::showSelection(Animate animate) {
     const Rect inside = insideOf(selected_);
     selection_->setFrame(inside);
     const double radius = std::max(std::min(inside.width, inside.height) / 2, 0.0);
-    selection_->setCornerRadius(radius);
-    hover()->setCornerRadius(radius);
+    selection_->look().setCornerRadius(radius);
+    hover()->look().setCornerRadius(radius);
 }
 
 void QVMToggleControl::setFloatValue(float value) {

@@ -22,8 +22,8 @@ QVMToggleSegment::QVMToggleSegment(const Rect& frame, std::string text)
     divider_->setName("divider");
     label_->setName("label");
     label_->setAlignment(TextAlignment::center, TextPlacement::middle);
-    layer()->addSublayer(divider_);
-    layer()->addSublayer(label_);
+    layer()->tree().add(divider_);
+    layer()->tree().add(label_);
     redraw();
 }
 
@@ -36,7 +36,7 @@ void QVMToggleSegment::redraw() {
     const QVMUITheme& theme = QVMUITheme::theme();
     const QVMPalette& palette = theme.palette;
     divider_->setFrame({0, kDividerInset, 1, std::max(bounds().height - 2 * kDividerInset, 0.0)});
-    divider_->setBackgroundColor(theme.interiorBorderColor);
+    divider_->look().setBackgroundColor(theme.interiorBorderColor);
 
     const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text_, kTextSize, kIconSize);
     const Rect room = bounds().insetBy(kTextPadding, 0);

@@ -26,10 +26,10 @@ QVMVerticalSlider::QVMVerticalSlider(const Rect& frame, const QVMParameter& para
     : QVMFloatControl(frame, parameter), horizontal_(parameter.horizontal),
       background_(std::make_shared<Layer>(YAxis::up)), bulb_(QVMCGColor(parameter.color), pointerFor(parameter)) {
     background_->setName("track");
-    layer()->addSublayer(background_);
-    layer()->addSublayer(scale_.layer());
-    layer()->addSublayer(bulb_.bulb());
-    bulb_.bulb()->addSublayer(highlight()); // it travels with the handle
+    layer()->tree().add(background_);
+    layer()->tree().add(scale_.layer());
+    layer()->tree().add(bulb_.bulb());
+    bulb_.bulb()->tree().add(highlight()); // it travels with the handle
     sizeReadoutToFitWidestValue();
     QVMVerticalSlider::layOut();
     setDisplayText(floatValue());

@@ -110,9 +110,9 @@ void QVMVerticalSlider::layOut() {
 
     const Rect track = trackRect();
     background_->setFrame(track);
-    background_->setCornerRadius(trackThickness / 2);
-    background_->setBackgroundColor(palette.trackFill);
-    background_->setBorder(1, palette.trackBorder);
+    background_->look().setCornerRadius(trackThickness / 2);
+    background_->look().setBackgroundColor(palette.trackFill);
+    background_->look().setBorder(1, palette.trackBorder);
     background_->setHidden(isMember());
 
     layOutTrackContent();
@@ -124,7 +124,7 @@ void QVMVerticalSlider::layOut() {
                                               .farEdge = frame().width,
                                               .lowest = lowest_,
                                               .highest = highest_,
-                                              .devicePixels = layer()->contentsScale()};
+                                              .devicePixels = layer()->look().contentsScale()};
         scale_.layOut(parameter(), geometry, [this](float value) { return positionValueFromFloatValue(value); });
     }
 
@@ -137,9 +137,9 @@ void QVMVerticalSlider::layOut() {
 void QVMVerticalSlider::placeInTrack(std::unique_ptr<View> view) {
     if (!trackContent_) {
         trackContent_ = &addSubview(std::make_unique<TrackContent>(trackRect(), yAxis()));
-        const auto& layers = layer()->sublayers();
+        const auto& layers = layer()->tree().sublayers();
         const auto groove = std::find(layers.begin(), layers.end(), background_);
-        layer()->insertSublayer(trackContent_->layer(), static_cast<std::size_t>(groove - layers.begin()) + 1);
+        layer()->tree().insert(trackContent_->layer(), static_cast<std::size_t>(groove - layers.begin()) + 1);
     }
     trackContent_->addSubview(std::move(view));
     layOutTrackContent();
@@ -147,7 +147,7 @@ void QVMVerticalSlider::placeInTrack(std::unique_ptr<View> view) {
 
 void QVMVerticalSlider::layOutTrackContent() {
     if (!trackContent_) return;
-    background_->setBackgroundColor(QVMUITheme::theme().palette.meterGroove);
+    background_->look().setBackgroundColor(QVMUITheme::theme().palette.meterGroove);
     const Rect track = trackRect();
     trackContent_->setFrame(track);
     for (const auto& view : trackContent_->subviews())
@@ -186,7 +186,7 @@ double QVMVerticalSlider::transientStringPreferredFontSize() const {
 }
 
 void QVMVerticalSlider::mouseMoved(const Event& event) {
-    const Point point = convertFromWindow(event.locationInWindow);
+    const Point point = coordinates().fromWindow(event.locationInWindow);
     const std::vector<QVMCueRect>& cues = cueRects();
     isHandleHovered_ = isOnHandle(point);
     isHandlePressed_ = false; // no button is down, even if its release was not ours to see

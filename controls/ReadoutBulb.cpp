@@ -62,7 +62,7 @@ ReadoutBulb::ReadoutBulb(Color color, BulbPointer pointer)
     border_->setFillColor(QVMCGClearColor());
     for (const std::shared_ptr<Layer>& layer :
          {std::shared_ptr<Layer>(background_), std::shared_ptr<Layer>(border_), std::shared_ptr<Layer>(text_), caret_})
-        bulb_->addSublayer(layer);
+        bulb_->tree().add(layer);
     bulb_->setBounds({0, 0, height, height});
     style();
     setTyping(false);
@@ -71,7 +71,7 @@ ReadoutBulb::ReadoutBulb(Color color, BulbPointer pointer)
 void ReadoutBulb::style() {
     const Color mark = QVMUITheme::theme().palette.onAccent;
     border_->setStrokeColor(mark.withAlpha(kFieldAlpha));
-    caret_->setBackgroundColor(mark);
+    caret_->look().setBackgroundColor(mark);
     setState(state_);
 }
 

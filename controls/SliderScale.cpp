@@ -73,10 +73,10 @@ std::vector<SliderScale::Mark> SliderScale::marksOf(const QVMParameter& paramete
 
 void SliderScale::layOut(const QVMParameter& parameter, const SliderScaleGeometry& geometry,
                          const PositionOfValue& position) {
-    const std::vector<std::shared_ptr<Layer>> old = layer_->sublayers();
+    const std::vector<std::shared_ptr<Layer>> old = layer_->tree().sublayers();
     for (const std::shared_ptr<Layer>& sublayer : old)
-        sublayer->removeFromSuperlayer();
-    layer_->addSublayer(lines_);
+        sublayer->tree().removeFromSuperlayer();
+    layer_->tree().add(lines_);
     cueRects_.clear();
     Path lines;
     for (const Mark& mark : marksOf(parameter, geometry, position))
@@ -110,9 +110,9 @@ void SliderScale::addMark(const Mark& mark, const SliderScaleGeometry& geometry,
     label->setName("mark " + mark.text);
     label->setAlignment(geometry.horizontal ? TextAlignment::center : TextAlignment::left);
     label->setFrame(textBox);
-    label->setContentsScale(geometry.devicePixels);
+    label->look().setContentsScale(geometry.devicePixels);
     label->setString(text);
-    layer_->addSublayer(std::move(label));
+    layer_->tree().add(std::move(label));
 }
 
 } // namespace QVM_NAMESPACE

@@ -93,7 +93,7 @@ juce::Image LookPainter::paint() const {
         juce::Graphics g(look);
         paintLook(g);
     }
-    const Shadow& shadow = layer_.shadow();
+    const Shadow& shadow = layer_.look().shadow();
     const Color color = shadow.color.withAlpha(shadow.color.a * std::min(shadow.opacity, 1.0f));
     if (!(color.a > 0)) return look;
     const juce::Point<int> offset(wholePixels(shadow.offset.x * scale_), wholePixels(shadow.offset.y * scale_));
@@ -137,7 +137,7 @@ void LookPainter::paintBackground(juce::Graphics& g) const {
         g.setColour(toToolkit(presented_.backgroundColor));
         fillBounds(g);
     }
-    const Image* pattern = layer_.backgroundPattern().get();
+    const Image* pattern = layer_.look().backgroundPattern().get();
     if (!pattern || pattern->isEmpty()) return;
     const auto tileSize = [this](int pixels) { return std::max(1, wholePixels(pixels * scale_)); };
     const juce::Image tile = toToolkit(resampled(*pattern, tileSize(pattern->width), tileSize(pattern->height)));
@@ -155,7 +155,7 @@ void LookPainter::paintContents(juce::Graphics& g) const {
     const bool isExact = target.getWidth() == contents->width && target.getHeight() == contents->height;
     const Image resized = isExact ? Image{} : resampled(*contents, target.getWidth(), target.getHeight());
     juce::Image picture = toToolkit(isExact ? *contents : resized, part);
-    if (layer_.contentsTint().a > 0) picture = filledWith(picture, layer_.contentsTint());
+    if (layer_.look().contentsTint().a > 0) picture = filledWith(picture, layer_.look().contentsTint());
     g.setOpacity(1);
     g.drawImageAt(picture, seen.getX(), seen.getY());
 }
@@ -184,9 +184,9 @@ void LookPainter::paintText(juce::Graphics& g, const TextLayer& text) const {
 }
 
 void LookPainter::paintBorder(juce::Graphics& g) const {
-    if (!(layer_.borderWidth() > 0) || !(layer_.borderColor().a > 0)) return;
-    const int width = std::max(1, wholePixels(layer_.borderWidth() * scale_));
-    g.setColour(toToolkit(layer_.borderColor()));
+    if (!(layer_.look().borderWidth() > 0) || !(layer_.look().borderColor().a > 0)) return;
+    const int width = std::max(1, wholePixels(layer_.look().borderWidth() * scale_));
+    g.setColour(toToolkit(layer_.look().borderColor()));
     if (!isRound()) {
         g.drawRect(box_, width);
         return;

@@ -36,9 +36,9 @@ Image renderWindowToImage(Window& window, double scale) {
     const double scaleBefore = window.backingScaleFactor();
     window.setBackingScaleFactor(scale);
     // A renderer takes the tree's observer away; one that shows the window on screen gets it back and looks again.
-    LayerTreeObserver* const observer = content->layer()->treeObserver();
+    LayerTreeObserver* const observer = content->layer()->tree().observer();
     Image image = fromToolkit(rendered(content->layer(), content->bounds().size(), scale));
-    content->layer()->setTreeObserver(observer);
+    content->layer()->tree().setObserver(observer);
     window.setBackingScaleFactor(scaleBefore);
     if (observer) observer->layerTreeDidChange();
     return image;

@@ -180,7 +180,7 @@ bool WindowComponent::isContentOpaque() const {
     const View* content = window_.contentView();
     if (!content || content->isHidden() || content->alpha() < 1) return false;
     const Layer& layer = *content->layer();
-    return layer.backgroundColor().a >= 1 && layer.cornerRadius() <= 0 &&
+    return layer.look().backgroundColor().a >= 1 && layer.look().cornerRadius() <= 0 &&
            content->frame().contains(Rect{0, 0, double(getWidth()), double(getHeight())});
 }
 

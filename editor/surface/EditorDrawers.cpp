@@ -123,7 +123,7 @@ bool EditorDrawers::canDrawerViewToggleVisibilityToVisibility(QVMDrawerView& dra
 void EditorDrawers::presentPresets() {
     waiting_ = nullptr; // it waited for an end that does not come
     BasicAnimation fadeIn = fade(*presets_->layer(), 1, fadeInSeconds);
-    presets_->layer()->removeAllAnimations();
+    presets_->layer()->animations().removeAll();
     QVMAnimateViewToFromDuration(*clumpsView_, QVMTransformFromArray(miniatureSteps, translationBase), std::nullopt,
                                  openSeconds);
     if (!backdrop_) {
@@ -132,17 +132,17 @@ void EditorDrawers::presentPresets() {
     }
     backdrop_->setHidden(false);
     presets_->setVisibility(true);
-    presets_->layer()->addAnimation(std::move(fadeIn), "fadeIn");
+    presets_->layer()->animations().add(std::move(fadeIn), "fadeIn");
 }
 
 void EditorDrawers::dismissPresets() {
     BasicAnimation fadeOut = fade(*presets_->layer(), 0, fadeOutSeconds);
     fadeOut.completion = [this](bool finished) { presetsDidFadeOut(finished); };
-    presets_->layer()->removeAllAnimations();
+    presets_->layer()->animations().removeAll();
     QVMAnimateViewToFromDuration(*clumpsView_, QVMTransformFromArray(identitySteps, translationBase), std::nullopt,
                                  closeSeconds);
     presets_->layer()->setOpacity(0);
-    presets_->layer()->addAnimation(std::move(fadeOut), "fadeOut");
+    presets_->layer()->animations().add(std::move(fadeOut), "fadeOut");
     delegate_.presetsDrawerWillClose();
 }
 

@@ -50,7 +50,7 @@ bool EditorMenus::popUpForKey(const Event& event) {
     if (!isMenuKey(event) || !ui_.window()) return false;
     const FocusableControl* const focused = ui_.focusedControl();
     const View& about = focused ? static_cast<const View&>(*focused) : ui_;
-    const Rect frame = about.convertToWindow(about.bounds());
+    const Rect frame = about.coordinates().toWindow(about.bounds());
     ui_.window()->popUpMenu(menuForKeyboard(), {frame.minX(), focused ? frame.maxY() : frame.minY()});
     return true;
 }

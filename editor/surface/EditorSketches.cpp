@@ -85,7 +85,7 @@ void EditorSketches::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
 void EditorSketches::assumeLayout(const QVMEditorLayout& layout) {
     if (!sketch_) return;
     sketch_->setFrame(layout.sketchPlace);
-    sketch_->layer()->setCornerRadius(layout.sketchPlaceRadius);
+    sketch_->layer()->look().setCornerRadius(layout.sketchPlaceRadius);
 }
 
 void EditorSketches::scaleDidChange() {

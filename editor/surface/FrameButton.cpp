@@ -36,14 +36,14 @@ Path arrows(FrameButton::Destination destination) {
 
 FrameButton::FrameButton() : Control({0, 0, size.width, size.height}), sign_(std::make_shared<ShapeLayer>()) {
     layer()->setName("frameButton");
-    layer()->setCornerRadius(cornerRadius);
+    layer()->look().setCornerRadius(cornerRadius);
     layer()->setOpacity(0);
     sign_->setName("sign");
     sign_->setFrame(bounds());
     sign_->setFillColor(QVMCGClearColor());
     sign_->setLineWidth(strokeWidth);
     sign_->setLineStyle(LineCap::round, LineJoin::round);
-    layer()->addSublayer(sign_);
+    layer()->tree().add(sign_);
     setCursor(Cursor::pointingHand);
     setDestination(Destination::compactForm);
     style();
@@ -53,7 +53,7 @@ FrameButton::FrameButton() : Control({0, 0, size.width, size.height}), sign_(std
 
 void FrameButton::style() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(palette.shade.withAlpha(groundAlpha));
+    layer()->look().setBackgroundColor(palette.shade.withAlpha(groundAlpha));
     sign_->setStrokeColor(palette.onAccent);
 }
 

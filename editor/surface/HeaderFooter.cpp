@@ -26,15 +26,15 @@ QVMEdge opposite(QVMEdge edge) {
 void QVMFillGenericHeaderFooterOnEdge(Layer& strip, const Rect& area, QVMEdge edge, double depth) {
     const QVMUITheme& theme = QVMUITheme::theme();
     strip.setFrame(QVMBorderRectWithBorderSpec(area, {.edge = edge, .width = depth}));
-    strip.setBackgroundColor(theme.palette.sidePanel);
-    if (strip.sublayers().empty()) {
+    strip.look().setBackgroundColor(theme.palette.sidePanel);
+    if (strip.tree().sublayers().empty()) {
         auto divider = std::make_shared<Layer>();
         divider->setName("divider");
-        strip.addSublayer(std::move(divider));
+        strip.tree().add(std::move(divider));
     }
-    Layer& divider = *strip.sublayers().front();
+    Layer& divider = *strip.tree().sublayers().front();
     divider.setFrame(QVMBorderRectWithBorderSpec(strip.bounds(), {.edge = opposite(edge)}));
-    divider.setBackgroundColor(theme.interiorBorderColor);
+    divider.look().setBackgroundColor(theme.interiorBorderColor);
 }
 
 } // namespace QVM_NAMESPACE

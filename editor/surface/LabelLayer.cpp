@@ -39,7 +39,7 @@ LabelLayer::LabelLayer(LabelContent content) : content_(std::move(content)) {
 
 void LabelLayer::setColor(Color color) {
     if (showsImage_) {
-        layer_->setContentsTint(color);
+        layer_->look().setContentsTint(color);
         return;
     }
     AttributedString text(capitals(content_.text), QVMUITheme::unitFontOfSize(content_.style.pointSize), color);

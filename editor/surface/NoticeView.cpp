@@ -22,11 +22,11 @@ constexpr double borderWidth = 1;
 NoticeView::NoticeView()
     : ThemedView(Rect{}), head_(std::make_shared<TextLayer>()), line_(std::make_shared<TextLayer>()) {
     layer()->setName("notice");
-    layer()->setCornerRadius(radius);
+    layer()->look().setCornerRadius(radius);
     head_->setName("head");
     line_->setName("line");
-    layer()->addSublayer(head_);
-    layer()->addSublayer(line_);
+    layer()->tree().add(head_);
+    layer()->tree().add(line_);
     setHidden(true);
     NoticeView::themeUpdated();
 }
@@ -36,7 +36,7 @@ void NoticeView::show(std::string what, std::string why) {
     why_ = std::move(why);
     themeUpdated();
     layOut();
-    layer()->removeAllAnimations();
+    layer()->animations().removeAll();
     setAlpha(1);
     setHidden(false);
     end_.schedule(shownSeconds, [this] {
@@ -61,8 +61,8 @@ void NoticeView::layOut() {
 void NoticeView::themeUpdated() {
     const QVMUITheme& theme = QVMUITheme::theme();
     const QVMPalette& palette = theme.palette;
-    layer()->setBackgroundColor(palette.drawer);
-    layer()->setBorder(borderWidth, palette.boxBorder);
+    layer()->look().setBackgroundColor(palette.drawer);
+    layer()->look().setBorder(borderWidth, palette.boxBorder);
     AttributedString head(capitals(what_), QVMUITheme::unitFontOfSize(headSize),
                           theme.labelColorGivenInk(palette.headingInk));
     head.runs.front().kern = headKern;

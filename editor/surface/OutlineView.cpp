@@ -32,8 +32,8 @@ std::shared_ptr<TextLayer> makeText(const Rect& frame) {
 std::shared_ptr<Layer> makeLayer(const char* name, double radius, Layer& parent) {
     auto made = std::make_shared<Layer>();
     made->setName(name);
-    made->setCornerRadius(radius);
-    parent.addSublayer(made);
+    made->look().setCornerRadius(radius);
+    parent.tree().add(made);
     return made;
 }
 
@@ -70,8 +70,8 @@ void OutlineView::layOut() {
     if (isLaidOut_) return;
     isLaidOut_ = true;
     for (const Row& row : rows_) {
-        row.title->removeFromSuperlayer();
-        if (row.note) row.note->removeFromSuperlayer();
+        row.title->tree().removeFromSuperlayer();
+        if (row.note) row.note->tree().removeFromSuperlayer();
     }
     rows_.clear();
     hovered_.reset();
@@ -97,11 +97,11 @@ void OutlineView::addRow(const OutlineItem& item, std::size_t section, double& y
     row.title = makeText({x, y, width, height});
     row.title->setName(item.title);
     row.title->setString({isTitle ? capitals(item.title) : item.title, {}, {}});
-    list_->addSublayer(row.title);
+    list_->tree().add(row.title);
     if (!item.note.empty()) {
         row.note = makeText({x, y + height - noteOverlap, width, noteHeight});
         row.note->setString({item.note, {}, {}});
-        list_->addSublayer(row.note);
+        list_->tree().add(row.note);
         row.frame.height += noteHeight;
     }
     y += row.frame.height;
@@ -110,9 +110,9 @@ void OutlineView::addRow(const OutlineItem& item, std::size_t section, double& y
 
 void OutlineView::style() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
-    hoverMark_->setBackgroundColor(palette.hover);
-    selectionMark_->setBackgroundColor(palette.drawerSelection);
-    thumb_->setBackgroundColor(palette.tick.withAlpha(thumbAlpha));
+    hoverMark_->look().setBackgroundColor(palette.hover);
+    selectionMark_->look().setBackgroundColor(palette.drawerSelection);
+    thumb_->look().setBackgroundColor(palette.tick.withAlpha(thumbAlpha));
     for (const Row& row : rows_)
         styleRow(row);
 }
@@ -247,7 +247,7 @@ void OutlineView::scrollWheel(const Event& event) {
 
 void OutlineView::mouseDown(const Event& event) {
     if (window() && !window()->isKeyWindow()) window()->makeKey();
-    const Point at = convertFromWindow(event.locationInWindow);
+    const Point at = coordinates().fromWindow(event.locationInWindow);
     if (greatestOffset() > 0 && at.x >= bounds().width - thumbGrasp) {
         const Rect thumb = thumbFrame();
         const bool isOnThumb = at.y >= thumb.minY() && at.y < thumb.maxY();
@@ -265,12 +265,12 @@ void OutlineView::mouseDown(const Event& event) {
 void OutlineView::mouseDragged(const Event& event) {
     if (!thumbGrip_) return;
     const double travel = bounds().height - 2 * thumbInset - thumbFrame().height;
-    const double top = convertFromWindow(event.locationInWindow).y - *thumbGrip_ - thumbInset;
+    const double top = coordinates().fromWindow(event.locationInWindow).y - *thumbGrip_ - thumbInset;
     scrollTo(travel > 0 ? top / travel * greatestOffset() : 0);
 }
 
 void OutlineView::mouseMoved(const Event& event) {
-    const Row* row = rowAt(convertFromWindow(event.locationInWindow));
+    const Row* row = rowAt(coordinates().fromWindow(event.locationInWindow));
     hovered_ = row ? std::optional(static_cast<std::size_t>(row - rows_.data())) : std::nullopt;
     placeMarks();
 }

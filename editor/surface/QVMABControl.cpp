@@ -35,12 +35,12 @@ QVMABControl::QVMABControl(const Rect& frame)
     layer()->setName("abControl");
     box_->setName("box");
     box_->setFrame(boxFrame);
-    box_->setCornerRadius(boxFrame.height / 2);
+    box_->look().setCornerRadius(boxFrame.height / 2);
     indicator_->setName("indicator");
     indicator_->setFrame(indicatorFrame(position_));
-    indicator_->setCornerRadius(indicator_->bounds().height / 2);
+    indicator_->look().setCornerRadius(indicator_->bounds().height / 2);
     for (const std::shared_ptr<Layer>& each : {box_, indicator_, std::shared_ptr<Layer>(highlight_)})
-        layer()->addSublayer(each);
+        layer()->tree().add(each);
     const Rect border = boxFrame.insetBy(-focusDistance, -focusDistance);
     highlight_->updateWithFrameRounding(border, border.height / 2);
 
@@ -83,8 +83,8 @@ void QVMABControl::style() {
     const QVMPalette& palette = theme.palette;
     const Color label = theme.labelColorGivenInk(palette.labelInk);
     const Color accent = contrasted(QVMCGColor(GetMetadata()->color), palette.onAccent);
-    box_->setBorder(lineWidth, palette.pillBorder);
-    indicator_->setBackgroundColor(accent);
+    box_->look().setBorder(lineWidth, palette.pillBorder);
+    indicator_->look().setBackgroundColor(accent);
     highlight_->setStrokeNSColor(contrasted(accent, palette.sidePanel));
     a_->resetGlyphColor(a_->symbol(), position_ == 0 ? palette.onAccent : label);
     b_->resetGlyphColor(b_->symbol(), position_ == 1 ? palette.onAccent : label);

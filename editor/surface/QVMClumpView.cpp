@@ -34,13 +34,13 @@ float chroma(const QVMColor& color) {
 // A control takes its state at once; only what is seen of it follows later than the one before. A delay of 0 leaves the
 // control's own fade alone.
 void delayFade(Layer& layer, double presentedBefore, double delay) {
-    if (presentedBefore == layer.opacity() || delay <= 0) return layer.removeAnimation(rippleKey);
+    if (presentedBefore == layer.opacity() || delay <= 0) return layer.animations().remove(rippleKey);
     BasicAnimation fade;
     fade.keyPath = "opacity";
     fade.fromValue = presentedBefore;
     fade.toValue = layer.opacity();
     fade.beginDelay = delay;
-    layer.addAnimation(std::move(fade), rippleKey);
+    layer.animations().add(std::move(fade), rippleKey);
 }
 
 } // namespace
@@ -93,8 +93,8 @@ void QVMClumpView::themeUpdated() {
     for (Label& entry : labels_)
         entry.label.setColor(entry.kind == LabelKind::heading ? headingColor() : label);
     for (const auto& line : interiorBorders_)
-        line->setBackgroundColor(theme.interiorBorderColor);
-    if (outline_) outline_->setBorder(lineWidth, theme.palette.boxBorder);
+        line->look().setBackgroundColor(theme.interiorBorderColor);
+    if (outline_) outline_->look().setBorder(lineWidth, theme.palette.boxBorder);
 }
 
 View* QVMClumpView::hitTest(Point pointInSuperview) {
@@ -119,7 +119,7 @@ void QVMClumpView::addLabels() {
 
 void QVMClumpView::addLabel(LabelContent content, LabelKind kind) {
     Label& added = labels_.emplace_back(Label{LabelLayer(std::move(content)), kind});
-    layer()->addSublayer(added.label.layer());
+    layer()->tree().add(added.label.layer());
 }
 
 void QVMClumpView::addOutline() {
@@ -127,8 +127,8 @@ void QVMClumpView::addOutline() {
     outline_ = std::make_shared<Layer>();
     outline_->setName("outline");
     outline_->setFrame(newRoundedBorderRect());
-    outline_->setCornerRadius(outlineRadius);
-    layer()->addSublayer(outline_);
+    outline_->look().setCornerRadius(outlineRadius);
+    layer()->tree().add(outline_);
 }
 
 // Labels side by side head columns, which a line parts; what is displaced below the columns is parted by another.
@@ -164,7 +164,7 @@ void QVMClumpView::addInteriorBorder(const Rect& box) {
     auto line = std::make_shared<Layer>();
     line->setName("interiorBorder");
     line->setFrame(Rect{std::round(box.x), std::round(box.y), box.width, box.height});
-    layer()->addSublayer(line);
+    layer()->tree().add(line);
     interiorBorders_.push_back(std::move(line));
 }
 

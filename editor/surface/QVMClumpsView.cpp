@@ -44,13 +44,13 @@ void QVMClumpsView::setDrawOutsideBorder(bool draw) {
 
 void QVMClumpsView::themeUpdated() {
     const QVMUITheme& theme = QVMUITheme::theme();
-    layer()->setBackgroundColor(advanced() ? theme.palette.drawer : theme.backgroundColor);
-    layer()->setBackgroundPattern(advanced() ? theme.backgroundPattern : nullptr);
-    layer()->setBorder(drawOutsideBorder_ ? lineWidth : 0, theme.interiorBorderColor);
+    layer()->look().setBackgroundColor(advanced() ? theme.palette.drawer : theme.backgroundColor);
+    layer()->look().setBackgroundPattern(advanced() ? theme.backgroundPattern : nullptr);
+    layer()->look().setBorder(drawOutsideBorder_ ? lineWidth : 0, theme.interiorBorderColor);
     for (const Panel& panel : panels_)
-        panel.layer->setBackgroundColor(panel.depictsSound ? theme.palette.sidePanel : theme.backgroundColor);
+        panel.layer->look().setBackgroundColor(panel.depictsSound ? theme.palette.sidePanel : theme.backgroundColor);
     for (const auto& divider : dividers_)
-        divider->setBackgroundColor(theme.interiorBorderColor);
+        divider->look().setBackgroundColor(theme.interiorBorderColor);
     if (header_) QVMFillGenericHeaderFooterOnEdge(*header_, bounds(), QVMEdge::top, headerHeight);
     if (banner_) banner_->setColor(theme.labelColorGivenInk(theme.palette.labelInk));
 }
@@ -60,7 +60,7 @@ void QVMClumpsView::addPanels() {
     config_.enumerateClumpsOfType(QVMClumpTypeOrdinary, [this](QVMClump& clump) {
         auto panel = std::make_shared<Layer>();
         panel->setName("panel:" + clump.codesafeName);
-        layer()->addSublayer(panel);
+        layer()->tree().add(panel);
         panels_.push_back({panel, clump.frame, !clump.sketches.empty()});
     });
     layOutPanels();
@@ -80,7 +80,7 @@ void QVMClumpsView::addDividers() {
         auto divider = std::make_shared<Layer>();
         divider->setName("divider");
         divider->setFrame(boxForLine(line, bounds().height));
-        layer()->addSublayer(divider);
+        layer()->tree().add(divider);
         dividers_.push_back(std::move(divider));
     }
 }
@@ -89,11 +89,11 @@ void QVMClumpsView::addHeader() {
     if (!advanced()) return;
     header_ = std::make_shared<Layer>();
     header_->setName("header");
-    layer()->addSublayer(header_);
+    layer()->tree().add(header_);
     if (!config_.metadata->advBanner.starts_with(base64LabelPrefix)) return;
     banner_.emplace(LabelContent{
         config_.metadata->advBanner, "", {0, 0, bounds().width, headerHeight}, QVMLabelAlignment::left, {}});
-    layer()->addSublayer(banner_->layer());
+    layer()->tree().add(banner_->layer());
 }
 
 } // namespace QVM_NAMESPACE

@@ -38,7 +38,7 @@ void QVMDrawerView::setVisibility(bool visible) {
         const auto immediately = Transaction::disablingActions();
         layer()->setOpacity(visible ? 1 : 0);
     }
-    if (!visible && !layer()->isAnimating("opacity")) shiftOutOfView();
+    if (!visible && !layer()->animations().isRunning("opacity")) shiftOutOfView();
 }
 
 void QVMDrawerView::fade(bool visible) {
@@ -50,9 +50,9 @@ void QVMDrawerView::fade(bool visible) {
     fade.completion = [this](bool finished) {
         if (finished && !visible_) shiftOutOfView();
     };
-    layer()->removeAnimation(visible ? "fadeOut" : "fadeIn");
+    layer()->animations().remove(visible ? "fadeOut" : "fadeIn");
     layer()->setOpacity(visible ? 1 : 0);
-    layer()->addAnimation(std::move(fade), visible ? "fadeIn" : "fadeOut");
+    layer()->animations().add(std::move(fade), visible ? "fadeIn" : "fadeOut");
 }
 
 void QVMDrawerView::shiftIntoView() {
@@ -79,8 +79,8 @@ void QVMDrawerView::themeUpdated() {
 
 void QVMDrawerView::drawGround(Layer& layer) const {
     const QVMUITheme& theme = QVMUITheme::theme();
-    layer.setBackgroundColor(theme.palette.drawer);
-    layer.setBackgroundPattern(drawsPatternedBackground_ ? theme.backgroundPattern : nullptr);
+    layer.look().setBackgroundColor(theme.palette.drawer);
+    layer.look().setBackgroundPattern(drawsPatternedBackground_ ? theme.backgroundPattern : nullptr);
 }
 
 View* QVMDrawerView::hitTest(Point pointInSuperview) {

@@ -70,8 +70,8 @@ void QVMGenericUI::setBackingScaleOnViewRecursively(View& view) {
 // A view's layers include those of its subviews.
 void QVMGenericUI::setBackingScaleOnLayerRecursively(Layer& layer) {
     if (!window()) return;
-    layer.setContentsScale(window()->backingScaleFactor());
-    for (const auto& sublayer : layer.sublayers())
+    layer.look().setContentsScale(window()->backingScaleFactor());
+    for (const auto& sublayer : layer.tree().sublayers())
         setBackingScaleOnLayerRecursively(*sublayer);
 }
 
@@ -83,8 +83,8 @@ void QVMGenericUI::viewDidChangeBackingProperties() {
 
 void QVMGenericUI::toggleUITheme() {
     QVMUITheme::toggleThemeForWindow(window());
-    if (powerBox()) powerBox()->layer()->setNeedsDisplay();
-    layer()->setNeedsDisplay();
+    if (powerBox()) powerBox()->layer()->look().setNeedsDisplay();
+    layer()->look().setNeedsDisplay();
     if (delegate_) delegate_->interfaceDidUpdateInterfacePreferenceValue(*this, "theme", 1);
 }
 

@@ -13,24 +13,24 @@ constexpr float wellAlpha = 0.12f, edgeAlpha = 0.18f, shadowAlpha = 0.45f; // of
 
 QVMInsetShadowBox::QVMInsetShadowBox(const Rect& frame) : ThemedView(frame) {
     layer()->setName("insetShadowBox");
-    layer()->setCornerRadius(cornerRadius);
+    layer()->look().setCornerRadius(cornerRadius);
     layer()->setMasksToBounds(true);
     // A rim around the box, outside of what is seen, throws its shadow into it.
     rim_ = std::make_shared<ShapeLayer>();
     rim_->setName("rim");
     rim_->setFillColor(QVMCGClearColor());
     rim_->setLineWidth(rimWidth);
-    layer()->addSublayer(rim_);
+    layer()->tree().add(rim_);
     QVMInsetShadowBox::frameDidChange();
     QVMInsetShadowBox::themeUpdated();
 }
 
 void QVMInsetShadowBox::themeUpdated() {
     const Color shade = QVMUITheme::theme().palette.shade;
-    layer()->setBackgroundColor(shade.withAlpha(wellAlpha));
-    layer()->setBorder(edgeWidth, shade.withAlpha(edgeAlpha));
+    layer()->look().setBackgroundColor(shade.withAlpha(wellAlpha));
+    layer()->look().setBorder(edgeWidth, shade.withAlpha(edgeAlpha));
     rim_->setStrokeColor(shade);
-    rim_->setShadow(QVMBlur(shade.withAlpha(shadowAlpha), shadowRadius, shadowOffset));
+    rim_->look().setShadow(QVMBlur(shade.withAlpha(shadowAlpha), shadowRadius, shadowOffset));
 }
 
 void QVMInsetShadowBox::frameDidChange() {

@@ -25,16 +25,16 @@ QVMPowerBox::QVMPowerBox(const Rect& frame, AdvancedControls advanced, const QVM
     layer()->setName("powerBox");
     sketchPlace_ = std::make_shared<Layer>();
     sketchPlace_->setName("sketchPlace");
-    layer()->addSublayer(sketchPlace_);
+    layer()->tree().add(sketchPlace_);
     hiddenSign_ = std::make_shared<TextLayer>();
     hiddenSign_->setName("hiddenSign");
     hiddenSign_->setAlignment(TextAlignment::center, TextPlacement::middle);
     hiddenSign_->setOpacity(0);
-    layer()->addSublayer(hiddenSign_);
+    layer()->tree().add(hiddenSign_);
     underline_ = std::make_shared<Layer>();
     underline_->setName("underline");
-    underline_->setCornerRadius(underlineHeight / 2);
-    layer()->addSublayer(underline_);
+    underline_->look().setCornerRadius(underlineHeight / 2);
+    layer()->tree().add(underline_);
 
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
     logo_ = &btnWithFrameGlyph(layout.logoButton, icons::logoMark, logoGlyphSize);
@@ -56,7 +56,7 @@ void QVMPowerBox::assumeLayout(const QVMEditorLayout& layout) {
     logoStamp_->setFrame(layout.logoStamp);
     layOutUnderline(layout.logoButton);
     sketchPlace_->setFrame(layout.sketchPlace);
-    sketchPlace_->setCornerRadius(layout.sketchPlaceRadius);
+    sketchPlace_->look().setCornerRadius(layout.sketchPlaceRadius);
     hiddenSign_->setFrame(layout.sketchPlace);
 }
 
@@ -68,16 +68,16 @@ void QVMPowerBox::themeUpdated() {
     const Color box = QVMCGColor(metadata_.color);
     const QVMPalette& palette = QVMUITheme::theme().palette;
     const Color mark = palette.onAccent;
-    layer()->setBackgroundColor(box);
-    sketchPlace_->setBackgroundColor(composite(palette.shade.withAlpha(sketchPlaceAlpha), box));
-    underline_->setBackgroundColor(mark.withAlpha(underlineAlpha));
+    layer()->look().setBackgroundColor(box);
+    sketchPlace_->look().setBackgroundColor(composite(palette.shade.withAlpha(sketchPlaceAlpha), box));
+    underline_->look().setBackgroundColor(mark.withAlpha(underlineAlpha));
     hiddenSign_->setString({std::string(icons::eye), QVMUITheme::iconFontOfSize(hiddenSignSize), mark});
     logo_->resetGlyphColor(logo_->symbol(), mark);
     if (!gear_) return;
     gear_->resetGlyphColor(gear_->symbol(), mark);
     if (!gear_->selected()) return;
     // A spotlight behind a gear of its own kind of colour would drown it.
-    const Color lit = composite(gear_->spotlight()->backgroundColor(), box);
+    const Color lit = composite(gear_->spotlight()->look().backgroundColor(), box);
     gear_->resetGlyphColor(gear_->symbol(), contrasted(box, lit));
 }
 

@@ -24,7 +24,7 @@ QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : The
     edge_ = std::make_shared<Layer>();
     edge_->setName("edge");
     edge_->setFrame(QVMBorderRectWithBorderSpec(bounds(), {.edge = QVMEdge::bottom}));
-    layer()->addSublayer(edge_);
+    layer()->tree().add(edge_);
 
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
     if (presets) {
@@ -55,8 +55,8 @@ void QVMPresetBar::setDirty(bool dirty) {
 
 void QVMPresetBar::themeUpdated() {
     const QVMUITheme& theme = QVMUITheme::theme();
-    layer()->setBackgroundColor(theme.palette.sidePanel);
-    edge_->setBackgroundColor(theme.interiorBorderColor);
+    layer()->look().setBackgroundColor(theme.palette.sidePanel);
+    edge_->look().setBackgroundColor(theme.interiorBorderColor);
     undo_->resetGlyphColor(undo_->symbol(), theme.symbolColor);
     redo_->resetGlyphColor(redo_->symbol(), theme.symbolColor);
 }

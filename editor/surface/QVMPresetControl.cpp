@@ -26,9 +26,9 @@ constexpr double pulseScale = 1.6;
 QVMPresetControl::QVMPresetControl(const Rect& frame, const QVMParameter& presets)
     : QVMCycleControl(frame, presets), arrowLight_(std::make_shared<Layer>(YAxis::up)) {
     arrowLight_->setName("arrowLight");
-    arrowLight_->setCornerRadius(lightRadius);
+    arrowLight_->look().setCornerRadius(lightRadius);
     arrowLight_->setOpacity(0);
-    layer()->addSublayer(arrowLight_);
+    layer()->tree().add(arrowLight_);
     dec_ = addCrementerWithGlyphEdge(icons::chevronLeft, PresetEdge::left);
     inc_ = addCrementerWithGlyphEdge(icons::chevronRight, PresetEdge::right);
     dividers_ = {addDividerWithX(0), addDividerWithX(bounds().width - dividerWidth)};
@@ -41,7 +41,7 @@ std::shared_ptr<TextLayer> QVMPresetControl::addCrementerWithGlyphEdge(std::stri
     arrow->setAlignment(TextAlignment::center, TextPlacement::middle);
     arrow->setFrame(hitFrameOf(edge).insetBy(0, hitGrowth));
     arrow->setString({std::string(glyph), QVMUITheme::iconFontOfSize(arrowSize), Color{}});
-    layer()->addSublayer(arrow);
+    layer()->tree().add(arrow);
     return arrow;
 }
 
@@ -51,7 +51,7 @@ std::shared_ptr<Layer> QVMPresetControl::addDividerWithX(double x) {
     const Rect behind = {x, 0, bounds().width - x, bounds().height};
     divider->setFrame(
         QVMBorderRectWithBorderSpec(behind, {.edge = QVMEdge::left, .width = dividerWidth, .inset = dividerInset}));
-    layer()->addSublayer(divider);
+    layer()->tree().add(divider);
     return divider;
 }
 
@@ -76,7 +76,7 @@ void QVMPresetControl::setFloatValue(float value) {
 void QVMPresetControl::pulse(bool forward) {
     BasicAnimation pulse = standardPulse();
     pulse.toValue = pulseScale;
-    (forward ? inc_ : dec_)->addAnimation(std::move(pulse), "pulse");
+    (forward ? inc_ : dec_)->animations().add(std::move(pulse), "pulse");
 }
 
 std::string QVMPresetControl::textForValue(float value) const {
@@ -112,12 +112,12 @@ void QVMPresetControl::styleArrows() {
     for (const auto& arrow : {inc_, dec_})
         arrow->setString({arrow->string().string(), QVMUITheme::iconFontOfSize(arrowSize), theme.symbolColor});
     for (const auto& divider : dividers_)
-        divider->setBackgroundColor(theme.interiorBorderColor);
-    arrowLight_->setBackgroundColor(theme.palette.hover);
+        divider->look().setBackgroundColor(theme.interiorBorderColor);
+    arrowLight_->look().setBackgroundColor(theme.palette.hover);
 }
 
 void QVMPresetControl::mouseMoved(const Event& event) {
-    const Point at = convertFromWindow(event.locationInWindow);
+    const Point at = coordinates().fromWindow(event.locationInWindow);
     for (const PresetEdge edge : {PresetEdge::left, PresetEdge::right}) {
         const Rect box = hitFrameOf(edge);
         if (!box.contains(at)) continue;

@@ -38,8 +38,8 @@ QVMPresetsDrawer::QVMPresetsDrawer(const Rect& frame, const QVMConfig& config, c
     miniatureBorder_ = std::make_shared<Layer>();
     miniatureBorder_->setName("miniatureBorder");
     miniatureBorder_->setFrame(miniatureFrame.insetBy(-borderWidth, -borderWidth));
-    miniatureBorder_->setCornerRadius(borderRadius);
-    layer()->addSublayer(miniatureBorder_);
+    miniatureBorder_->look().setCornerRadius(borderRadius);
+    layer()->tree().add(miniatureBorder_);
     outline_ = &addSubview(std::make_unique<OutlineView>(Rect{0, 0, listWidth, bounds().height}));
     outline_->setItems(outlineItemsOf(sections_));
     outline_->setChoiceHandler([this](std::uint32_t presetID) { choose(presetID); });
@@ -77,9 +77,9 @@ void QVMPresetsDrawer::setVisibility(bool visible) {
 // A ground of its own would hide the miniature.
 void QVMPresetsDrawer::themeUpdated() {
     const QVMUITheme& theme = QVMUITheme::theme();
-    layer()->setBackgroundColor(QVMCGClearColor());
-    layer()->setBackgroundPattern(nullptr);
-    miniatureBorder_->setBorder(borderWidth, theme.palette.trackBorder);
+    layer()->look().setBackgroundColor(QVMCGClearColor());
+    layer()->look().setBackgroundPattern(nullptr);
+    miniatureBorder_->look().setBorder(borderWidth, theme.palette.trackBorder);
     const Color accent = theme.foregroundGivenSpecified(QVMCGColor(config().metadata->color));
     outline_->setTitleColor(contrasted(accent, theme.palette.drawer));
 }

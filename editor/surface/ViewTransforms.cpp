@@ -33,7 +33,7 @@ void QVMAnimateViewToFromDuration(View& view, const AffineTransform& to, const s
         const auto immediately = Transaction::disablingActions();
         layer.setTransform(to);
     }
-    layer.addAnimation(std::move(glide), "transform");
+    layer.animations().add(std::move(glide), "transform");
 }
 
 } // namespace QVM_NAMESPACE

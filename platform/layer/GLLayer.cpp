@@ -6,7 +6,7 @@
 namespace QVM_NAMESPACE {
 
 GLLayer::GLLayer(YAxis axis) : Layer(axis) {
-    setContents(nullptr, ContentsGravity::topLeft);
+    look().setContents(nullptr, ContentsGravity::topLeft);
 }
 
 GLLayer::~GLLayer() = default;
@@ -16,12 +16,12 @@ std::unique_ptr<DrawingSurface> GLLayer::makeSurface() const {
 }
 
 const std::shared_ptr<const Image>& GLLayer::contents() const {
-    if (drawnVersion_ != contentVersion() || drawnSize_ != bounds().size()) render();
+    if (drawnVersion_ != look().version() || drawnSize_ != bounds().size()) render();
     return shown_;
 }
 
 void GLLayer::render() const {
-    drawnVersion_ = contentVersion();
+    drawnVersion_ = look().version();
     drawnSize_ = bounds().size();
     const long ours = 2; // picture_ and shown_
     if (!picture_ || picture_.use_count() > ours) picture_ = std::make_shared<Image>();
@@ -33,7 +33,7 @@ void GLLayer::render() const {
 }
 
 bool GLLayer::drawPicture() const {
-    surface_->begin(drawnSize_, contentsScale());
+    surface_->begin(drawnSize_, look().contentsScale());
     draw(*surface_);
     painted_ = surface_->painted();
     return surface_->finish(*picture_);
@@ -42,8 +42,8 @@ bool GLLayer::drawPicture() const {
 Rect GLLayer::lookBounds(const PresentedLayer& presented) const {
     contents();
     const Rect& bounds = presented.bounds;
-    if (presented.backgroundColor.a > 0 || borderWidth() > 0) return bounds;
-    const double points = 1 / contentsScale();
+    if (presented.backgroundColor.a > 0 || look().borderWidth() > 0) return bounds;
+    const double points = 1 / look().contentsScale();
     const Rect inBox{painted_.x * points, painted_.y * points, painted_.width * points, painted_.height * points};
     return ownToBox(yAxis(), bounds).inverted().apply(inBox).intersectionWith(bounds);
 }

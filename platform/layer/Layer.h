@@ -7,53 +7,17 @@
 #pragma once
 
 #include "geometry/Geometry.h"
-#include "platform/layer/Animation.h"
-#include "platform/surface/Color.h"
-#include "platform/surface/Image.h"
+#include "platform/layer/LayerAnimations.h"
+#include "platform/layer/LayerLook.h"
+#include "platform/layer/LayerTree.h"
+#include "platform/layer/PresentedLayer.h"
 
-#include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace QVM_NAMESPACE {
 
 enum class YAxis : unsigned char { down, up };
-
-// How contents fill the bounds. `center` and `topLeft` keep the image's own size in points (pixels / contentsScale).
-enum class ContentsGravity : unsigned char { resize, resizeAspect, center, topLeft };
-
-struct Shadow {
-    Color color;
-    double radius = 0; // blur, points
-    Point offset;      // points, y down
-    float opacity = 0; // 0: no shadow
-    bool operator==(const Shadow&) const = default;
-};
-
-// The values of a layer that animations can change, as presented at one moment. Geometry as in Layer.
-struct PresentedLayer {
-    Point position;
-    Rect bounds;
-    double opacity = 1;
-    AffineTransform transform;
-    Color backgroundColor;
-    double cornerRadius = 0;
-    double lineDashPhase = 0;
-    Rect frame(Point anchor) const { // before the transform
-        return {position.x - anchor.x * bounds.width, position.y - anchor.y * bounds.height, bounds.width,
-                bounds.height};
-    }
-};
-
-// Told of every change below a root layer, so that a frame can be asked for. Borrowed by the root layer.
-class LayerTreeObserver {
-public:
-    virtual ~LayerTreeObserver() = default;
-    virtual void layerTreeDidChange() = 0;
-    // A layer was taken out somewhere below the root; it may be on its way to another place in the tree.
-    virtual void layerTreeDidLoseLayer() {}
-};
 
 class Layer : public std::enable_shared_from_this<Layer> {
 public:
@@ -86,56 +50,20 @@ public:
     bool masksToBounds() const { return masksToBounds_; } // clips sublayers and itself to the (rounded) bounds
     void setMasksToBounds(bool masks);
 
-    // Look.
-    Color backgroundColor() const { return backgroundColor_; }
-    void setBackgroundColor(Color color);
-    const std::shared_ptr<const Image>& backgroundPattern() const { return pattern_; } // tiled, 1 pixel = 1 point
-    void setBackgroundPattern(std::shared_ptr<const Image> pattern);
-    double cornerRadius() const { return cornerRadius_; }
-    void setCornerRadius(double radius);
-    double borderWidth() const { return borderWidth_; } // inside the bounds
-    Color borderColor() const { return borderColor_; }
-    void setBorder(double width, Color color);
-    const Shadow& shadow() const { return shadow_; }
-    void setShadow(const Shadow& shadow);
-    virtual const std::shared_ptr<const Image>& contents() const { return contents_; }
-    ContentsGravity contentsGravity() const { return gravity_; }
-    void setContents(std::shared_ptr<const Image> contents, ContentsGravity gravity = ContentsGravity::resize);
-    // When set, the contents' alpha is filled with this colour (a template image).
-    Color contentsTint() const { return tint_; } // alpha 0: not tinted
-    void setContentsTint(Color tint);
-    // Device pixels a point. A layer that was never given one takes its superlayer's when it is added.
-    double contentsScale() const { return contentsScale_; }
-    virtual void setContentsScale(double scale);
+    // What it is made of. Each belongs to the layer and lives as long.
+    LayerTree& tree() { return tree_; }
+    const LayerTree& tree() const { return tree_; }
+    LayerLook& look() { return look_; }
+    const LayerLook& look() const { return look_; }
+    LayerAnimations& animations() { return animations_; }
+    const LayerAnimations& animations() const { return animations_; }
 
-    // Tree. A layer has at most one superlayer; adding it elsewhere takes it away from there first.
-    const std::vector<std::shared_ptr<Layer>>& sublayers() const { return sublayers_; }
-    Layer* superlayer() const { return superlayer_; }
-    void addSublayer(std::shared_ptr<Layer> layer);
-    void insertSublayer(std::shared_ptr<Layer> layer, std::size_t index);
-    void removeFromSuperlayer();
-    void setTreeObserver(LayerTreeObserver* observer) { observer_ = observer; } // on a root layer
-    LayerTreeObserver* treeObserver() const { return observer_; }
-
-    // Animations, by key. Adding under a key that is in use replaces it (its completion gets false).
-    void addAnimation(BasicAnimation animation, const std::string& key);
-    void removeAnimation(const std::string& key);
-    void removeAllAnimations();
-    const BasicAnimation* animationForKey(const std::string& key) const; // null when there is none
-    bool hasAnimations() const { return !animations_.empty(); }
-    // Whether an animation has still to end (one that stays for its end value has not). Null: on any key path.
-    bool isAnimating(const char* keyPath = nullptr) const;
-    // Whether one of them will end by itself.
-    bool hasEndingAnimation() const;
     // What is shown at `time` (seconds on the run loop's clock).
     PresentedLayer presentation(double time) const;
     PresentedLayer presentation() const; // now
-    // Ends what is over at `time` and runs completions. The renderer calls it once a frame.
-    void finishAnimations(double time);
 
-    // For the renderer: grows whenever the rasterised look (not place, opacity or transform) changes. No two layers of
-    // the process ever have the same.
-    std::uint64_t contentVersion() const { return contentVersion_; }
+    // For the renderer. The picture that it shows: its look's, unless it draws one itself.
+    virtual const std::shared_ptr<const Image>& contents() const { return look_.contents(); }
     // The box, in own coordinates, that the look may touch: bounds grown by shadow, stroke and the like.
     virtual Rect lookBounds(const PresentedLayer& presented) const;
     // Whether there is anything to rasterise (a layer may exist only to hold sublayers).
@@ -145,59 +73,22 @@ public:
     virtual const char* kind() const { return "Layer"; }
     // What the look shows beyond what every layer has, for dumps; empty when there is nothing to tell.
     virtual std::string lookDescription() const { return {}; }
-    // Marks the look as changed; marks the tree as changed.
-    void setNeedsDisplay();
 
 protected:
-    void treeChanged(); // place, opacity or order changed
-    // Adds an implicit animation from what is presented when a transaction asks for one; ends one that is under way
-    // when the change is to be immediate.
-    void willSet(const char* keyPath, const AnimatableValue& newValue);
-    // Stores an animatable value; false, with nothing done, when it is there already and nothing glides elsewhere.
-    template <class T>
-    bool assign(const char* keyPath, T& member, const T& value) {
-        if (member == value && !endsImplicitAnimation(keyPath)) return false;
-        willSet(keyPath, value);
-        member = value;
-        return true;
-    }
+    // The values that animations can change, as the layer has them.
+    virtual PresentedLayer model() const;
 
 private:
-    struct Running {
-        std::string key;
-        BasicAnimation animation;
-        double addedAt = 0;
-        bool isImplicit = false;
-        bool isOver = false; // its completion was called; it stays for its end value
-    };
-    PresentedLayer model() const;
-    bool endsImplicitAnimation(const char* keyPath) const;
-    std::vector<Running>::iterator findAnimation(const std::string& key);
-    void start(BasicAnimation animation, const std::string& key, bool isImplicit);
-    void structureChanged();
-    void inheritContentsScale(double scale);
-    static std::uint64_t nextVersion();
-
     std::string name_;
     YAxis axis_ = YAxis::down;
     Point position_, anchor_{0.5, 0.5};
     Rect bounds_;
     AffineTransform transform_;
-    double opacity_ = 1, cornerRadius_ = 0, borderWidth_ = 0, contentsScale_ = 1;
-    bool hidden_ = false, masksToBounds_ = false, hasOwnContentsScale_ = false;
-    Color backgroundColor_, borderColor_, tint_;
-    Shadow shadow_;
-    std::shared_ptr<const Image> pattern_, contents_;
-    ContentsGravity gravity_ = ContentsGravity::resize;
-    std::vector<std::shared_ptr<Layer>> sublayers_;
-    Layer* superlayer_ = nullptr;
-    LayerTreeObserver* observer_ = nullptr;
-    std::vector<Running> animations_; // in the order in which they were added and are applied
-    std::uint64_t contentVersion_ = nextVersion();
-
-protected:
-    // The model's dash phase lives here so that presentation() is one function; only ShapeLayer sets it.
-    double lineDashPhase_ = 0;
+    double opacity_ = 1;
+    bool hidden_ = false, masksToBounds_ = false;
+    LayerTree tree_{*this};
+    LayerLook look_{*this};
+    LayerAnimations animations_{*this};
 };
 
 } // namespace QVM_NAMESPACE

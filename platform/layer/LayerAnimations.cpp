@@ -1,4 +1,6 @@
-// The part of Layer that moves: its animations and what they present.
+#include "platform/layer/LayerAnimations.h"
+
+#include "platform/layer/Layer.h"
 #include "platform/layer/LayerKeyPaths.h"
 #include "platform/layer/Transaction.h"
 #include "platform/runloop/RunLoop.h"
@@ -16,72 +18,63 @@ void callCompletion(const BasicAnimation& animation, bool finished) {
 
 } // namespace
 
-std::vector<Layer::Running>::iterator Layer::findAnimation(const std::string& key) {
-    return std::find_if(animations_.begin(), animations_.end(), [&](const Running& r) { return r.key == key; });
+std::optional<LayerAnimations::Running> LayerAnimations::take(const std::string& key) {
+    const auto found = std::find_if(running_.begin(), running_.end(), [&](const Running& r) { return r.key == key; });
+    if (found == running_.end()) return std::nullopt;
+    Running taken = std::move(*found);
+    running_.erase(found);
+    return taken;
 }
 
-void Layer::addAnimation(BasicAnimation animation, const std::string& key) {
+void LayerAnimations::add(BasicAnimation animation, const std::string& key) {
     start(std::move(animation), key, false);
 }
 
-void Layer::start(BasicAnimation animation, const std::string& key, bool isImplicit) {
-    const auto alive = weak_from_this().lock(); // the replaced one's completion may drop this layer
-    std::optional<Running> replaced;
-    if (const auto found = findAnimation(key); found != animations_.end()) {
-        replaced = std::move(*found);
-        animations_.erase(found);
-    }
-    animations_.push_back({key, std::move(animation), RunLoop::main().now(), isImplicit, false});
-    treeChanged();
+void LayerAnimations::start(BasicAnimation animation, const std::string& key, bool isGlide) {
+    const auto alive = layer_.weak_from_this().lock(); // the replaced one's completion may drop this layer
+    const std::optional<Running> replaced = take(key);
+    running_.push_back({key, std::move(animation), RunLoop::main().now(), isGlide, false});
+    layer_.tree().didChange();
     if (replaced && !replaced->isOver) callCompletion(replaced->animation, false);
 }
 
-void Layer::removeAnimation(const std::string& key) {
-    const auto found = findAnimation(key);
-    if (found == animations_.end()) return;
-    const auto alive = weak_from_this().lock();
-    const Running removed = std::move(*found);
-    animations_.erase(found);
-    treeChanged();
-    if (!removed.isOver) callCompletion(removed.animation, false);
+void LayerAnimations::remove(const std::string& key) {
+    const auto alive = layer_.weak_from_this().lock();
+    const std::optional<Running> removed = take(key);
+    if (!removed) return;
+    layer_.tree().didChange();
+    if (!removed->isOver) callCompletion(removed->animation, false);
 }
 
-void Layer::removeAllAnimations() {
-    if (animations_.empty()) return;
-    const auto alive = weak_from_this().lock();
-    const std::vector<Running> removed = std::exchange(animations_, {});
-    treeChanged();
+void LayerAnimations::removeAll() {
+    if (running_.empty()) return;
+    const auto alive = layer_.weak_from_this().lock();
+    const std::vector<Running> removed = std::exchange(running_, {});
+    layer_.tree().didChange();
     for (const Running& r : removed) {
         if (!r.isOver) callCompletion(r.animation, false);
     }
 }
 
-const BasicAnimation* Layer::animationForKey(const std::string& key) const {
-    const auto found =
-        std::find_if(animations_.begin(), animations_.end(), [&](const Running& r) { return r.key == key; });
-    return found == animations_.end() ? nullptr : &found->animation;
+const BasicAnimation* LayerAnimations::find(const std::string& key) const {
+    const auto found = std::find_if(running_.begin(), running_.end(), [&](const Running& r) { return r.key == key; });
+    return found == running_.end() ? nullptr : &found->animation;
 }
 
-bool Layer::isAnimating(const char* keyPath) const {
-    return std::any_of(animations_.begin(), animations_.end(),
+bool LayerAnimations::isRunning(const char* keyPath) const {
+    return std::any_of(running_.begin(), running_.end(),
                        [&](const Running& r) { return !r.isOver && (!keyPath || r.animation.keyPath == keyPath); });
 }
 
-bool Layer::hasEndingAnimation() const {
-    return std::any_of(animations_.begin(), animations_.end(), [](const Running& r) {
+bool LayerAnimations::hasEnding() const {
+    return std::any_of(running_.begin(), running_.end(), [](const Running& r) {
         return !r.isOver && r.animation.totalDuration() < BasicAnimation::forever;
     });
 }
 
-PresentedLayer Layer::model() const {
-    return {position_, bounds_, opacity_, transform_, backgroundColor_, cornerRadius_, lineDashPhase_};
-}
-
-PresentedLayer Layer::presentation(double time) const {
-    PresentedLayer presented = model();
-    if (animations_.empty()) return presented;
-    const PresentedLayer own = presented;
-    for (const Running& r : animations_) {
+PresentedLayer LayerAnimations::applied(const PresentedLayer& own, double time) const {
+    PresentedLayer presented = own;
+    for (const Running& r : running_) {
         const BasicAnimation& animation = r.animation;
         const LayerKeyPath* keyPath = layerKeyPath(animation.keyPath);
         const double elapsed = time - r.addedAt;
@@ -93,39 +86,35 @@ PresentedLayer Layer::presentation(double time) const {
     return presented;
 }
 
-PresentedLayer Layer::presentation() const {
-    return animations_.empty() ? model() : presentation(RunLoop::main().now());
-}
-
-void Layer::finishAnimations(double time) {
+void LayerAnimations::finish(double time) {
     const auto isDue = [time](const Running& r) { return !r.isOver && r.animation.isFinishedAt(time - r.addedAt); };
-    if (std::none_of(animations_.begin(), animations_.end(), isDue)) return;
-    const auto alive = weak_from_this().lock();
+    if (std::none_of(running_.begin(), running_.end(), isDue)) return;
+    const auto alive = layer_.weak_from_this().lock();
     std::vector<BasicAnimation> finished; // completions run last: they may change this list or drop the layer
-    for (Running& r : animations_) {
+    for (Running& r : running_) {
         if (!isDue(r)) continue;
         finished.push_back(r.animation);
         r.isOver = true;
     }
-    std::erase_if(animations_, [](const Running& r) { return r.isOver && r.animation.removedOnCompletion; });
-    treeChanged();
+    std::erase_if(running_, [](const Running& r) { return r.isOver && r.animation.removedOnCompletion; });
+    layer_.tree().didChange();
     for (const BasicAnimation& animation : finished)
         callCompletion(animation, true);
 }
 
-bool Layer::endsImplicitAnimation(const char* keyPath) const {
+bool LayerAnimations::endsGlide(const char* keyPath) const {
     return Transaction::currentDuration() <= 0 &&
-           std::any_of(animations_.begin(), animations_.end(),
-                       [keyPath](const Running& r) { return r.isImplicit && r.key == keyPath; });
+           std::any_of(running_.begin(), running_.end(),
+                       [keyPath](const Running& r) { return r.isGlide && r.key == keyPath; });
 }
 
-void Layer::willSet(const char* keyPath, const AnimatableValue& newValue) {
-    if (endsImplicitAnimation(keyPath)) removeAnimation(keyPath);
+void LayerAnimations::willSet(const char* keyPath, const AnimatableValue& newValue) {
+    if (endsGlide(keyPath)) remove(keyPath);
     const LayerKeyPath* known = layerKeyPath(keyPath);
     if (Transaction::currentDuration() <= 0 || !known) return;
     BasicAnimation glide;
     glide.keyPath = keyPath;
-    glide.fromValue = known->read(presentation());
+    glide.fromValue = known->read(layer_.presentation());
     glide.toValue = newValue;
     glide.duration = Transaction::currentDuration();
     glide.timing = Transaction::currentTiming();

@@ -37,7 +37,7 @@ public:
         addGeometry(layer);
         addLook(layer);
         out_ << '\n';
-        for (const auto& sublayer : layer.sublayers())
+        for (const auto& sublayer : layer.tree().sublayers())
             add(*sublayer, depth + 1);
     }
 
@@ -62,17 +62,17 @@ private:
                 out_ << ' ' << rounded(part);
         }
         word("masks", layer.masksToBounds());
-        word("animating", layer.isAnimating());
+        word("animating", layer.animations().isRunning());
     }
     void addLook(const Layer& layer) {
-        if (layer.backgroundColor().a > 0) out_ << " background " << hex(layer.backgroundColor());
-        word("pattern", layer.backgroundPattern() != nullptr);
-        number("corner", layer.cornerRadius(), 0);
-        if (layer.borderWidth() > 0)
-            out_ << " border " << rounded(layer.borderWidth()) << ' ' << hex(layer.borderColor());
-        if (layer.shadow().opacity > 0) out_ << " shadow " << rounded(layer.shadow().radius);
+        if (layer.look().backgroundColor().a > 0) out_ << " background " << hex(layer.look().backgroundColor());
+        word("pattern", layer.look().backgroundPattern() != nullptr);
+        number("corner", layer.look().cornerRadius(), 0);
+        if (layer.look().borderWidth() > 0)
+            out_ << " border " << rounded(layer.look().borderWidth()) << ' ' << hex(layer.look().borderColor());
+        if (layer.look().shadow().opacity > 0) out_ << " shadow " << rounded(layer.look().shadow().radius);
         if (layer.contents()) out_ << " contents " << layer.contents()->width << 'x' << layer.contents()->height;
-        if (layer.contentsTint().a > 0) out_ << " tint " << hex(layer.contentsTint());
+        if (layer.look().contentsTint().a > 0) out_ << " tint " << hex(layer.look().contentsTint());
         const std::string look = layer.lookDescription();
         if (!look.empty()) out_ << ' ' << look;
     }

@@ -24,10 +24,10 @@ AffineTransform boxToSuperBox(const PresentedLayer& presented, Point anchor, YAx
 Rect contentsRect(const Layer& layer, const Rect& bounds) {
     const Image* image = layer.contents().get();
     if (!image || image->isEmpty()) return {};
-    const double scale = layer.contentsScale() > 0 ? layer.contentsScale() : 1;
+    const double scale = layer.look().contentsScale() > 0 ? layer.look().contentsScale() : 1;
     const double width = image->width / scale, height = image->height / scale;
     const auto centred = [&](double w, double h) { return Rect{bounds.midX() - w / 2, bounds.midY() - h / 2, w, h}; };
-    switch (layer.contentsGravity()) {
+    switch (layer.look().contentsGravity()) {
     case ContentsGravity::resize:
         return bounds;
     case ContentsGravity::center:

@@ -8,44 +8,50 @@ namespace QVM_NAMESPACE {
 void ShapeLayer::setPath(Path path) {
     if (path == path_) return;
     path_ = std::move(path);
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void ShapeLayer::setFillColor(Color color) {
     if (color == fillColor_) return;
     fillColor_ = color;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void ShapeLayer::setStrokeColor(Color color) {
     if (color == strokeColor_) return;
     strokeColor_ = color;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void ShapeLayer::setLineWidth(double width) {
     if (width == lineWidth_) return;
     lineWidth_ = width;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void ShapeLayer::setLineDashPattern(std::vector<double> pattern) {
     if (pattern == dashes_) return;
     dashes_ = std::move(pattern);
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void ShapeLayer::setLineDashPhase(double phase) {
     if (phase == lineDashPhase_) return;
     lineDashPhase_ = phase;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void ShapeLayer::setLineStyle(LineCap cap, LineJoin join) {
     if (cap == cap_ && join == join_) return;
     cap_ = cap;
     join_ = join;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
+}
+
+PresentedLayer ShapeLayer::model() const {
+    PresentedLayer own = Layer::model();
+    own.lineDashPhase = lineDashPhase_;
+    return own;
 }
 
 bool ShapeLayer::hasLook(const PresentedLayer& presented) const {

@@ -42,13 +42,16 @@ public:
     // Sharp corners are cut where they would reach further from the line than this many half widths.
     static constexpr double miterLimit = 3;
 
+protected:
+    PresentedLayer model() const override;
+
 private:
     bool isFilled() const { return fillColor_.a > 0 && !path_.isEmpty(); }
     bool isStroked() const { return strokeColor_.a > 0 && lineWidth_ > 0 && !path_.isEmpty(); }
 
     Path path_;
     Color fillColor_ = Color::white(0), strokeColor_;
-    double lineWidth_ = 1;
+    double lineWidth_ = 1, lineDashPhase_ = 0;
     std::vector<double> dashes_;
     LineCap cap_ = LineCap::butt;
     LineJoin join_ = LineJoin::miter;

@@ -10,7 +10,7 @@ template <class T>
 void TextLayer::store(T& member, const T& value) {
     if (member == value) return;
     member = value;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void TextLayer::setString(const AttributedString& string) {

@@ -80,7 +80,7 @@ Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
     }
 
     const std::size_t first = placements_.size(), leavesBefore = leaves_;
-    const bool isGroup = opacity < 1 && !layer.sublayers().empty();
+    const bool isGroup = opacity < 1 && !layer.tree().sublayers().empty();
     if (isGroup) {
         Placement& group = placements_.emplace_back();
         group.step = Step::pushGroup;
@@ -93,7 +93,7 @@ Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
         own.clip = own.clip.intersectionWith(placements_.back().bounds);
     }
     Rect touched = placeLook(layer, presented, own, isGroup ? 1 : opacity);
-    for (const auto& sublayer : layer.sublayers())
+    for (const auto& sublayer : layer.tree().sublayers())
         touched = touched.unionWith(visit(*sublayer, own));
     if (layer.masksToBounds()) closePush(inner, leavesBefore, touched);
     if (isGroup) closePush(first, leavesBefore, touched);

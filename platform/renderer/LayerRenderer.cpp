@@ -13,21 +13,21 @@ namespace {
 using Step = Placement::Step;
 bool isVisibleAt(const Layer& layer, double time) {
     if (layer.isHidden()) return false;
-    if (!layer.hasAnimations()) return layer.opacity() > 0;
-    return layer.presentation(time).opacity > 0 || layer.isAnimating("opacity");
+    if (layer.animations().isEmpty()) return layer.opacity() > 0;
+    return layer.presentation(time).opacity > 0 || layer.animations().isRunning("opacity");
 }
 
 // A repeating animation of what can't be seen needs no frames; one that ends needs them for its end.
 bool needsFrames(const Layer& layer, double time, bool isOuterVisible) {
     const bool isVisible = isOuterVisible && isVisibleAt(layer, time);
-    if (isVisible ? layer.isAnimating() : layer.hasEndingAnimation()) return true;
-    return std::any_of(layer.sublayers().begin(), layer.sublayers().end(),
+    if (isVisible ? layer.animations().isRunning() : layer.animations().hasEnding()) return true;
+    return std::any_of(layer.tree().sublayers().begin(), layer.tree().sublayers().end(),
                        [&](const auto& sublayer) { return needsFrames(*sublayer, time, isVisible); });
 }
 
 void collectAnimating(const std::shared_ptr<Layer>& layer, std::vector<std::shared_ptr<Layer>>& found) {
-    if (layer->isAnimating()) found.push_back(layer);
-    for (const auto& sublayer : layer->sublayers())
+    if (layer->animations().isRunning()) found.push_back(layer);
+    for (const auto& sublayer : layer->tree().sublayers())
         collectAnimating(sublayer, found);
 }
 
@@ -36,16 +36,16 @@ void collectAnimating(const std::shared_ptr<Layer>& layer, std::vector<std::shar
 LayerRenderer::LayerRenderer(RasterBackend& backend) : cache_(backend) {}
 
 LayerRenderer::~LayerRenderer() {
-    if (root_) root_->setTreeObserver(nullptr);
+    if (root_) root_->tree().setObserver(nullptr);
 }
 
 void LayerRenderer::setRootLayer(std::shared_ptr<Layer> root) {
-    if (root_) root_->setTreeObserver(nullptr);
+    if (root_) root_->tree().setObserver(nullptr);
     root_ = std::move(root);
     cache_.keepOnly(root_.get());
     everythingDamaged_ = true;
     if (!root_) return;
-    root_->setTreeObserver(this);
+    root_->tree().setObserver(this);
     layerTreeDidChange();
 }
 
@@ -92,7 +92,7 @@ void LayerRenderer::finishAnimations(double time) {
     std::vector<std::shared_ptr<Layer>> animated; // completions may change the tree
     collectAnimating(root_, animated);
     for (const auto& layer : animated)
-        layer->finishAnimations(time);
+        layer->animations().finish(time);
 }
 
 void LayerRenderer::compose(RasterTarget& target, const Rect& deviceClip) const {

@@ -12,7 +12,7 @@ constexpr Rect reachable{-maxReach, -maxReach, 2 * maxReach, 2 * maxReach};
 
 bool isBelow(const Layer* layer, const Layer* root) {
     while (layer && layer != root)
-        layer = layer->superlayer();
+        layer = layer->tree().superlayer();
     return layer != nullptr;
 }
 
@@ -25,7 +25,7 @@ void RasterCache::setScale(double scale) {
 
 RasterCache::Entry& RasterCache::find(const Layer& layer, const PresentedLayer& presented) {
     Entry& entry = entries_[&layer];
-    const Entry::Look look{layer.contentVersion(), presented.bounds, presented.cornerRadius, presented.lineDashPhase,
+    const Entry::Look look{layer.look().version(), presented.bounds, presented.cornerRadius, presented.lineDashPhase,
                            presented.backgroundColor};
     if (entry.look_ == look) return entry;
     const AffineTransform toPixels =

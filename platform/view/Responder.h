@@ -28,6 +28,10 @@ public:
     // the press began and chooses nothing. Nobody else's matter, so it is not passed on.
     virtual void mouseCancelled(const Event&) {}
     virtual void rightMouseDown(const Event& event);
+    // Hover: sent to each view that the pointer enters or leaves, its superviews included. Not passed on.
+    virtual void mouseEntered(const Event&) {}
+    virtual void mouseExited(const Event&) {}
+    virtual void mouseMoved(const Event&) {}
     virtual void scrollWheel(const Event& event);
     // True when handled. A key that nobody handles is the host's.
     virtual bool keyDown(const Event& event);

@@ -30,7 +30,7 @@ bool coversAnother(const Window& window, const Rect& frame, const View& about) {
 Rect toolTipFrame(const Window& window, Point pointer, Size size) {
     const View* about = window.toolTippedViewAt(pointer);
     if (!about) return {pointer.x, pointer.y + gap, size.width, size.height};
-    const Rect all = window.contentView()->bounds(), view = about->convertToWindow(about->bounds());
+    const Rect all = window.contentView()->bounds(), view = about->coordinates().toWindow(about->bounds());
     const double lastX = std::max(0.0, all.width - size.width), lastY = std::max(0.0, all.height - size.height);
     const double x = std::clamp(pointer.x - size.width / 2, 0.0, lastX);
     const double y = std::clamp(pointer.y - size.height / 2, 0.0, lastY);

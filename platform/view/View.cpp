@@ -12,8 +12,8 @@ namespace QVM_NAMESPACE {
 namespace {
 
 void setContentsScaleOfTree(Layer& layer, double scale) {
-    layer.setContentsScale(scale);
-    for (const auto& sublayer : layer.sublayers())
+    layer.look().setContentsScale(scale);
+    for (const auto& sublayer : layer.tree().sublayers())
         setContentsScaleOfTree(*sublayer, scale);
 }
 
@@ -25,7 +25,7 @@ View::View(const Rect& frame, YAxis axis) : layer_(std::make_shared<Layer>(axis)
 
 View::~View() {
     if (window_) window_->forget(*this);
-    layer_->removeFromSuperlayer();
+    layer_->tree().removeFromSuperlayer();
     for (const auto& subview : subviews_)
         subview->superview_ = nullptr;
 }
@@ -53,7 +53,7 @@ std::unique_ptr<View> View::removeFromSuperview() {
     std::unique_ptr<View> self = std::move(*found);
     siblings.erase(found);
     superview_ = nullptr;
-    layer_->removeFromSuperlayer();
+    layer_->tree().removeFromSuperlayer();
     moveToWindow(nullptr);
     return self;
 }
@@ -70,7 +70,7 @@ void View::insertSubview(std::unique_ptr<View> view, std::size_t index) {
     const std::size_t layerIndex = layerIndexFor(index);
     subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(index), std::move(view));
     added.superview_ = this;
-    layer_->insertSublayer(added.layer_, layerIndex);
+    layer_->tree().insert(added.layer_, layerIndex);
     added.moveToWindow(window_);
 }
 
@@ -83,7 +83,7 @@ std::size_t View::indexFor(Order order, const View* sibling) const {
 
 // Right below the layer of the subview that it goes below.
 std::size_t View::layerIndexFor(std::size_t subviewIndex) const {
-    const auto& layers = layer_->sublayers();
+    const auto& layers = layer_->tree().sublayers();
     if (subviewIndex >= subviews_.size()) return layers.size();
     const auto found = std::find(layers.begin(), layers.end(), subviews_[subviewIndex]->layer_);
     return static_cast<std::size_t>(found - layers.begin());
@@ -108,38 +108,9 @@ void View::pushContentsScale(double scale) {
     setContentsScaleOfTree(*layer_, scale);
 }
 
-bool View::frameContains(Point p) const {
-    if (p.x < frame_.minX() || p.x >= frame_.maxX()) return false;
-    // The top edge belongs to a box and the bottom edge does not, whichever way y points.
-    return superviewAxis() == YAxis::down ? p.y >= frame_.minY() && p.y < frame_.maxY()
-                                          : p.y > frame_.minY() && p.y <= frame_.maxY();
-}
-
-Point View::convertFromSuperview(Point p) const {
-    return {p.x - frame_.x, superviewAxis() == yAxis() ? p.y - frame_.y : frame_.maxY() - p.y};
-}
-
-Point View::convertToSuperview(Point p) const {
-    return {p.x + frame_.x, superviewAxis() == yAxis() ? p.y + frame_.y : frame_.maxY() - p.y};
-}
-
-Point View::convertFromWindow(Point p) const {
-    return convertFromSuperview(superview_ ? superview_->convertFromWindow(p) : p);
-}
-
-Point View::convertToWindow(Point p) const {
-    const Point inSuperview = convertToSuperview(p);
-    return superview_ ? superview_->convertToWindow(inSuperview) : inSuperview;
-}
-
-Rect View::convertToWindow(const Rect& r) const {
-    const Point a = convertToWindow(Point{r.minX(), r.minY()}), b = convertToWindow(Point{r.maxX(), r.maxY()});
-    return {std::min(a.x, b.x), std::min(a.y, b.y), r.width, r.height};
-}
-
 View* View::hitTest(Point pointInSuperview) {
-    if (isHidden() || !frameContains(pointInSuperview)) return nullptr;
-    const Point p = convertFromSuperview(pointInSuperview);
+    if (isHidden() || !coordinates().hasInFrame(pointInSuperview)) return nullptr;
+    const Point p = coordinates().fromSuperview(pointInSuperview);
     for (auto subview = subviews_.rbegin(); subview != subviews_.rend(); ++subview) {
         if (View* hit = (*subview)->hitTest(p)) return hit;
     }

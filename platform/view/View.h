@@ -7,6 +7,7 @@
 
 #include "platform/layer/Layer.h"
 #include "platform/view/Responder.h"
+#include "platform/view/ViewCoordinates.h"
 
 #include <memory>
 #include <optional>
@@ -62,23 +63,14 @@ public:
     const std::vector<std::unique_ptr<View>>& subviews() const { return subviews_; }
     bool isDescendantOf(const View& ancestor) const;
 
-    // Coordinates. "Window" is the window's content space: points, y down.
-    Point convertFromWindow(Point p) const;
-    Point convertToWindow(Point p) const;
-    Point convertFromView(Point p, const View& from) const { return convertFromWindow(from.convertToWindow(p)); }
-    Rect convertToWindow(const Rect& r) const;
+    ViewCoordinates coordinates() const { return ViewCoordinates(*this); }
 
     // The deepest visible view under a point given in the superview's coordinates, or null. Frames count, not what is
     // presented in mid-animation; what reaches beyond its superview's frame is not hit there.
     virtual View* hitTest(Point pointInSuperview);
     // For window systems that swallow the click which makes a window key. This one does not: every click counts.
     virtual bool acceptsFirstMouse() const { return false; }
-    virtual bool mouseDownCanMoveWindow() const { return false; }
 
-    // Hover: sent to each view that the pointer enters or leaves, ancestors included. Not passed on.
-    virtual void mouseEntered(const Event&) {}
-    virtual void mouseExited(const Event&) {}
-    virtual void mouseMoved(const Event&) {}
     // The context menu for a right click (or Control-click) here; asked up the view tree until one answers.
     virtual std::unique_ptr<Menu> menuForEvent(const Event& event);
 
@@ -104,10 +96,6 @@ private:
     void moveToWindow(Window* window);
     void setWindow(Window* window);
     void pushContentsScale(double scale);
-    bool frameContains(Point pointInSuperview) const;
-    YAxis superviewAxis() const { return superview_ ? superview_->yAxis() : YAxis::down; }
-    Point convertFromSuperview(Point p) const;
-    Point convertToSuperview(Point p) const;
 
     std::shared_ptr<Layer> layer_;
     Rect frame_;

@@ -49,7 +49,7 @@ protected:
 };
 
 TEST_F(BoxControlTest, PartsStandInTheOrderInWhichTheyWereAddedBelowTheFocusBorder) {
-    const auto& layers = box.layer()->sublayers();
+    const auto& layers = box.layer()->tree().sublayers();
     ASSERT_EQ(layers.size(), 4u);
     EXPECT_EQ(layers[0], box.bg());
     EXPECT_EQ(layers[1], box.hover());
@@ -90,7 +90,7 @@ TEST_F(BoxControlTest, AThemeAndAFrameDrawItAnew) {
     {
         const DarkTheme dark;
         EXPECT_EQ(box.redraws, before + 1);
-        EXPECT_EQ(box.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
+        EXPECT_EQ(box.bg()->look().backgroundColor(), QVMUITheme::dark().palette.boxFill);
     }
     box.setFrame({0, 0, 120, 40});
     EXPECT_EQ(box.redraws, before + 3);
@@ -98,15 +98,15 @@ TEST_F(BoxControlTest, AThemeAndAFrameDrawItAnew) {
 }
 
 TEST_F(BoxControlTest, TheShapeGivesBoxAndFocusBorderTheirCorners) {
-    EXPECT_EQ(box.bg()->cornerRadius(), 10);
+    EXPECT_EQ(box.bg()->look().cornerRadius(), 10);
     box.setHighlit(true);
     EXPECT_EQ(box.highlight()->frame(), (Rect{-4, -3, 108, 36}));
     EXPECT_EQ(box.highlight()->rounding(), 13);
     box.setFrame({0, 0, 100, 12});
-    EXPECT_EQ(box.bg()->cornerRadius(), 6) << "no more than half the height";
+    EXPECT_EQ(box.bg()->look().cornerRadius(), 6) << "no more than half the height";
 
     Halves capsule(parameter, BoxShape::capsule);
-    EXPECT_EQ(capsule.bg()->cornerRadius(), 15);
+    EXPECT_EQ(capsule.bg()->look().cornerRadius(), 15);
     capsule.setHighlit(true);
     EXPECT_EQ(capsule.highlight()->rounding(), 18);
 }
@@ -127,16 +127,16 @@ TEST_F(BoxControlTest, AChoiceGlidesOnlyFromWhereItWasSeen) {
         box.mark->setFrame(frame);
     };
     move(kLeft, Animate::no);
-    EXPECT_FALSE(box.mark->isAnimating());
+    EXPECT_FALSE(box.mark->animations().isRunning());
     move(kRight, Animate::yes);
-    EXPECT_TRUE(box.mark->isAnimating());
+    EXPECT_TRUE(box.mark->animations().isRunning());
     time.advance(0.11);
     EXPECT_EQ(box.mark->presentation().position, kRight.center());
     { const Transaction none = Halves::moveChoice(*box.mark, false, Animate::yes); }
     EXPECT_TRUE(box.mark->isHidden());
     move(kLeft, Animate::yes);
     EXPECT_FALSE(box.mark->isHidden());
-    EXPECT_FALSE(box.mark->isAnimating()) << "it appears where it belongs";
+    EXPECT_FALSE(box.mark->animations().isRunning()) << "it appears where it belongs";
 }
 
 } // namespace

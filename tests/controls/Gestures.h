@@ -16,7 +16,7 @@ namespace QVM_NAMESPACE {
 inline Event eventAt(EventType type, const View& view, Point point, std::uint32_t modifiers = 0) {
     Event event;
     event.type = type;
-    event.locationInWindow = view.convertToWindow(point);
+    event.locationInWindow = view.coordinates().toWindow(point);
     event.modifierFlags = modifiers;
     event.clickCount = 1;
     return event;

@@ -33,8 +33,8 @@ public:
         : parameter(parameterLike(kListen, [style](QVMParameter& p) { p.controlStyle = style; })) {}
     void set(float value) { control.setFloatValue(value); }
     Color text() const { return control.value()->string().runs.at(0).color; }
-    Color background() const { return control.bg()->backgroundColor(); }
-    bool isOutlined() const { return control.bg()->borderWidth() > 0; }
+    Color background() const { return control.bg()->look().backgroundColor(); }
+    bool isOutlined() const { return control.bg()->look().borderWidth() > 0; }
     void expectBackground(Color color) const {
         EXPECT_EQ(background(), color);
         EXPECT_EQ(control.bg()->opacity(), 1);
@@ -175,7 +175,7 @@ TEST(QVMBooleanControl, WhereItIsClearItsOutlineIsSeenInBothThemes) {
             Switch s(style);
             s.set(0);
             EXPECT_TRUE(s.isOutlined());
-            EXPECT_GE(contrastRatio(s.control.bg()->borderColor(), QVMUITheme::theme().backgroundColor), kSeen)
+            EXPECT_GE(contrastRatio(s.control.bg()->look().borderColor(), QVMUITheme::theme().backgroundColor), kSeen)
                 << style;
         }
     }

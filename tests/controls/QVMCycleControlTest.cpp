@@ -65,14 +65,14 @@ TEST_F(QVMCycleControlTest, EveryOtherKeyStepsBackward) {
 
 TEST_F(QVMCycleControlTest, AStepPulsesValueBackgroundAndTheMarkOfItsDirection) {
     control.cycleValueForward(true);
-    EXPECT_TRUE(control.value()->animationForKey(kPulse));
-    EXPECT_TRUE(control.bg()->animationForKey(kPulse));
-    EXPECT_TRUE(control.inc()->animationForKey(kPulse));
-    EXPECT_FALSE(control.dec()->animationForKey(kPulse));
-    control.inc()->removeAllAnimations();
+    EXPECT_TRUE(control.value()->animations().find(kPulse));
+    EXPECT_TRUE(control.bg()->animations().find(kPulse));
+    EXPECT_TRUE(control.inc()->animations().find(kPulse));
+    EXPECT_FALSE(control.dec()->animations().find(kPulse));
+    control.inc()->animations().removeAll();
     control.cycleValueForward(false);
-    EXPECT_FALSE(control.inc()->animationForKey(kPulse));
-    EXPECT_EQ(control.dec()->animationForKey(kPulse)->keyPath, "opacity");
+    EXPECT_FALSE(control.inc()->animations().find(kPulse));
+    EXPECT_EQ(control.dec()->animations().find(kPulse)->keyPath, "opacity");
 }
 
 TEST_F(QVMCycleControlTest, StandardPulses) {
@@ -164,15 +164,15 @@ TEST_F(QVMCycleControlTest, AControlThatCannotHighlightShowsNoFocus) {
 TEST_F(QVMCycleControlTest, AnotherThemeChangesItsColoursAtOnce) {
     const QVMParameter plain = parameterLike(kLoudness, [](QVMParameter& p) { p.controlStyle = 0; });
     QVMCycleControl box({0, 0, 73, 26}, plain);
-    const Color light = box.bg()->backgroundColor();
+    const Color light = box.bg()->look().backgroundColor();
     const DarkTheme dark;
-    EXPECT_NE(box.bg()->backgroundColor(), light);
-    EXPECT_EQ(box.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
+    EXPECT_NE(box.bg()->look().backgroundColor(), light);
+    EXPECT_EQ(box.bg()->look().backgroundColor(), QVMUITheme::dark().palette.boxFill);
 }
 
 TEST_F(QVMCycleControlTest, ItsTextIsLegibleInBothThemes) {
     const auto contrast = [this] {
-        return contrastRatio(control.value()->string().runs.at(0).color, control.bg()->backgroundColor());
+        return contrastRatio(control.value()->string().runs.at(0).color, control.bg()->look().backgroundColor());
     };
     EXPECT_GE(contrast(), minimumTextContrast);
     const DarkTheme dark;
@@ -197,8 +197,8 @@ TEST_F(QVMCycleControlTest, AParameterWithoutCrementersShowsNoMarks) {
 
 TEST_F(QVMCycleControlTest, HoveringAndEqualValuesRasteriseNothingAnew) {
     const auto versions = [this] {
-        return std::vector{control.bg()->contentVersion(), control.value()->contentVersion(),
-                           control.inc()->contentVersion()};
+        return std::vector{control.bg()->look().version(), control.value()->look().version(),
+                           control.inc()->look().version()};
     };
     const auto before = versions();
     pointAt(control);

@@ -33,7 +33,7 @@ TEST(QVMFocusBorder, ASharpOutlineOf100By20TakesThePatternAsItIs) {
     ASSERT_EQ(border.lineDashPattern().size(), 2u);
     EXPECT_NEAR(border.lineDashPattern()[0], 3, 1e-12);
     EXPECT_NEAR(border.lineDashPattern()[1], 2, 1e-12);
-    const BasicAnimation* march = border.animationForKey(kMarch);
+    const BasicAnimation* march = border.animations().find(kMarch);
     ASSERT_TRUE(march);
     EXPECT_EQ(march->keyPath, "lineDashPhase");
     EXPECT_EQ(value(march->fromValue), 0);
@@ -48,18 +48,18 @@ TEST(QVMFocusBorder, ARoundedOutlineStretchesThePatternToAWholeNumberOfPeriods) 
     border.setOpacity(1);
     EXPECT_NEAR(border.lineDashPattern()[0], 2.996, 0.0005);
     EXPECT_NEAR(border.lineDashPattern()[1], 1.997, 0.0005);
-    EXPECT_NEAR(value(border.animationForKey(kMarch)->toValue), 2 * 229.699 / 46, 0.001);
+    EXPECT_NEAR(value(border.animations().find(kMarch)->toValue), 2 * 229.699 / 46, 0.001);
 }
 
 TEST(QVMFocusBorder, OpacityZeroStopsTheMarchingAndAnyPositiveOneStartsIt) {
     QVMFocusBorder border;
     border.updateWithFrameRounding({0, 0, 100, 20}, 6);
-    EXPECT_FALSE(border.animationForKey(kMarch));
+    EXPECT_FALSE(border.animations().find(kMarch));
     border.setOpacity(0.01);
-    EXPECT_TRUE(border.animationForKey(kMarch));
+    EXPECT_TRUE(border.animations().find(kMarch));
     border.setOpacity(0);
-    EXPECT_FALSE(border.animationForKey(kMarch));
-    EXPECT_FALSE(border.hasAnimations());
+    EXPECT_FALSE(border.animations().find(kMarch));
+    EXPECT_TRUE(border.animations().isEmpty());
 }
 
 TEST(QVMFocusBorder, MarchesTwoPeriodsInTwoSecondsAtAnEvenPace) {
@@ -102,7 +102,7 @@ TEST(QVMFocusBorder, FitsTheDashesAnewWhileVisible) {
     border.setOpacity(1);
     border.updateWithFrameRounding({0, 0, 101, 20}, 0);
     EXPECT_NEAR(border.lineDashPattern()[0], 3 * 242.0 / 240, 1e-9);
-    EXPECT_NEAR(value(border.animationForKey(kMarch)->toValue), 10 * 242.0 / 240, 1e-9);
+    EXPECT_NEAR(value(border.animations().find(kMarch)->toValue), 10 * 242.0 / 240, 1e-9);
 }
 
 TEST(QVMFocusBorder, ABorderThatOnlyMovesMarchesOn) {

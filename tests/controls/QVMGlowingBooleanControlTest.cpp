@@ -18,7 +18,7 @@ protected:
 TEST_F(QVMGlowingBooleanControlTest, StandsOnADiscInItsMiddle) {
     const Rect disc = control.bgFrame();
     EXPECT_EQ(disc.width, disc.height);
-    EXPECT_EQ(control.bg()->cornerRadius(), disc.width / 2);
+    EXPECT_EQ(control.bg()->look().cornerRadius(), disc.width / 2);
     EXPECT_EQ(disc.center(), control.bounds().center());
     EXPECT_TRUE(control.bounds().contains(disc));
 }
@@ -28,7 +28,7 @@ TEST_F(QVMGlowingBooleanControlTest, TheDiscLightsUpWhenOn) {
     const double off = control.bg()->opacity();
     control.setFloatValue(1);
     EXPECT_GT(control.bg()->opacity(), off);
-    EXPECT_EQ(control.bg()->backgroundColor(), Color::white(1));
+    EXPECT_EQ(control.bg()->look().backgroundColor(), Color::white(1));
 }
 
 TEST_F(QVMGlowingBooleanControlTest, TheGlyphIsWhiteAndFaintWhenOffInBothThemes) {
@@ -42,9 +42,9 @@ TEST_F(QVMGlowingBooleanControlTest, TheGlyphIsWhiteAndFaintWhenOffInBothThemes)
 }
 
 TEST_F(QVMGlowingBooleanControlTest, ASoftShadowLiesUnderItsGlyph) {
-    EXPECT_EQ(control.value()->shadow().color, Color::white(0, 0.15f));
-    EXPECT_GT(control.value()->shadow().radius, 0);
-    EXPECT_EQ(control.value()->shadow().opacity, 1);
+    EXPECT_EQ(control.value()->look().shadow().color, Color::white(0, 0.15f));
+    EXPECT_GT(control.value()->look().shadow().radius, 0);
+    EXPECT_EQ(control.value()->look().shadow().opacity, 1);
 }
 
 TEST_F(QVMGlowingBooleanControlTest, ShowsThePowerGlyphInTheIconFont) {

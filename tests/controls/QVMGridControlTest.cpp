@@ -146,26 +146,26 @@ TEST_F(QVMGridControlTest, ADisabledGridIsFaintAndIgnoresThePointer) {
 
 TEST_F(QVMGridControlTest, FollowsTheThemeAndStaysLegible) {
     const auto contrast = [this] {
-        return contrastRatio(control.strValue()->string().runs.at(0).color, control.bg()->backgroundColor());
+        return contrastRatio(control.strValue()->string().runs.at(0).color, control.bg()->look().backgroundColor());
     };
     EXPECT_GE(contrast(), minimumTextContrast);
     const DarkTheme dark;
-    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
+    EXPECT_EQ(control.bg()->look().backgroundColor(), QVMUITheme::dark().palette.boxFill);
     EXPECT_GE(contrast(), minimumTextContrast);
-    EXPECT_GE(contrastRatio(control.current()->backgroundColor(), QVMUITheme::dark().backgroundColor), 1.5)
+    EXPECT_GE(contrastRatio(control.current()->look().backgroundColor(), QVMUITheme::dark().backgroundColor), 1.5)
         << "the square that is taken is seen among the others";
 }
 
 TEST_F(QVMGridControlTest, HoveringRasterisesTheFieldNotAgain) {
-    const auto field = control.layer()->sublayers()[1];
-    const auto before = field->contentVersion();
+    const auto field = control.layer()->tree().sublayers()[1];
+    const auto before = field->look().version();
     control.mouseMoved(eventAt(EventType::mouseMoved, control, control.squares()[3].center()));
-    EXPECT_EQ(control.layer()->sublayers()[3]->opacity(), 1);
-    EXPECT_EQ(control.layer()->sublayers()[3]->frame(), control.squares()[3]);
+    EXPECT_EQ(control.layer()->tree().sublayers()[3]->opacity(), 1);
+    EXPECT_EQ(control.layer()->tree().sublayers()[3]->frame(), control.squares()[3]);
     pointAway(control);
-    EXPECT_EQ(control.layer()->sublayers()[3]->opacity(), 0);
+    EXPECT_EQ(control.layer()->tree().sublayers()[3]->opacity(), 0);
     control.setFloatValue(9);
-    EXPECT_EQ(field->contentVersion(), before);
+    EXPECT_EQ(field->look().version(), before);
 }
 
 } // namespace

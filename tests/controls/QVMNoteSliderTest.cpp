@@ -73,13 +73,13 @@ TEST_F(QVMNoteSliderTest, OtherStepsStopAtTheEnds) {
 TEST_F(QVMNoteSliderTest, TheSelectionGlidesBehindTheSymbolThatIsTaken) {
     EXPECT_TRUE(control.symbols()[0]->frame().contains(control.selection()->frame()));
     control.setFloatValue(3);
-    EXPECT_TRUE(control.selection()->isAnimating());
+    EXPECT_TRUE(control.selection()->animations().isRunning());
     time.advance(0.11);
     EXPECT_TRUE(control.symbols()[3]->frame().contains(control.selection()->frame()));
     EXPECT_EQ(control.selection()->presentation().position, control.symbols()[3]->position());
     EXPECT_THAT(record.lines, IsEmpty());
-    EXPECT_GT(control.selection()->cornerRadius(), 0);
-    EXPECT_GT(control.selection()->borderWidth(), 0);
+    EXPECT_GT(control.selection()->look().cornerRadius(), 0);
+    EXPECT_GT(control.selection()->look().borderWidth(), 0);
 }
 
 TEST_F(QVMNoteSliderTest, AValueWithoutASymbolShowsNoSelection) {
@@ -114,25 +114,26 @@ TEST_F(QVMNoteSliderTest, ADisabledRowIsFaintAndIgnoresThePointer) {
 TEST_F(QVMNoteSliderTest, SymbolsAreLegibleInBothThemes) {
     const auto check = [this] {
         for (std::size_t i = 0; i < control.symbols().size(); ++i) {
-            const Color below = i == 0 ? control.selection()->backgroundColor() : control.bg()->backgroundColor();
+            const Color below =
+                i == 0 ? control.selection()->look().backgroundColor() : control.bg()->look().backgroundColor();
             EXPECT_GE(contrastRatio(control.symbols()[i]->string().runs.at(0).color, below), minimumTextContrast);
         }
     };
     check();
     const DarkTheme dark;
-    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(control.bg()->look().backgroundColor(), QVMUITheme::dark().backgroundColor);
     check();
 }
 
 TEST_F(QVMNoteSliderTest, HoveringShowsOnAnotherSymbolOnlyAndRasterisesNone) {
-    const auto& hover = control.layer()->sublayers()[1];
-    const auto before = control.symbols()[2]->contentVersion();
+    const auto& hover = control.layer()->tree().sublayers()[1];
+    const auto before = control.symbols()[2]->look().version();
     control.mouseMoved(eventAt(EventType::mouseMoved, control, middleOf(2)));
     EXPECT_EQ(hover->opacity(), 1);
     control.mouseMoved(eventAt(EventType::mouseMoved, control, middleOf(0)));
     EXPECT_EQ(hover->opacity(), 0);
     pointAway(control);
-    EXPECT_EQ(control.symbols()[2]->contentVersion(), before);
+    EXPECT_EQ(control.symbols()[2]->look().version(), before);
 }
 
 } // namespace

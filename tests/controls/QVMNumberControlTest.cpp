@@ -248,21 +248,21 @@ TEST_F(QVMNumberControlTest, EveryNumberOfTheProductHasPointsForEachGranularity)
 TEST_F(QVMNumberControlTest, TextsAreLegibleInBothThemes) {
     const auto check = [this] {
         for (const auto& text : {control.value(), control.unit()}) {
-            EXPECT_GE(contrastRatio(text->string().runs.at(0).color, control.bg()->backgroundColor()),
+            EXPECT_GE(contrastRatio(text->string().runs.at(0).color, control.bg()->look().backgroundColor()),
                       minimumTextContrast)
                 << text->name();
         }
     };
     check();
     const DarkTheme dark;
-    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
+    EXPECT_EQ(control.bg()->look().backgroundColor(), QVMUITheme::dark().palette.boxFill);
     check();
 }
 
 TEST_F(QVMNumberControlTest, HoveringAndEqualValuesRasteriseNothingAnew) {
     const auto versions = [this] {
-        return std::vector{control.bg()->contentVersion(), control.value()->contentVersion(),
-                           control.unit()->contentVersion()};
+        return std::vector{control.bg()->look().version(), control.value()->look().version(),
+                           control.unit()->look().version()};
     };
     const auto before = versions();
     pointAt(control);

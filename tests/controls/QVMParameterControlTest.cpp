@@ -216,9 +216,9 @@ TEST(QVMParameterControl, TheTooltipCanBeSwitchedOff) {
 
 TEST(QVMParameterControl, AnotherThemeRecoloursTheSlider) {
     Bench b(parameterLike(pidTiltGain));
-    EXPECT_EQ(b.slider().background()->backgroundColor(), QVMPalette::light().trackFill);
+    EXPECT_EQ(b.slider().background()->look().backgroundColor(), QVMPalette::light().trackFill);
     const DarkTheme dark;
-    EXPECT_EQ(b.slider().background()->backgroundColor(), QVMPalette::dark().trackFill);
+    EXPECT_EQ(b.slider().background()->look().backgroundColor(), QVMPalette::dark().trackFill);
     EXPECT_THAT(b.values, IsEmpty());
 }
 

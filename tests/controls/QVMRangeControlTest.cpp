@@ -114,14 +114,14 @@ TEST_F(Pair, TheBandFollowsAMemberAtOnceAndGlidesWithAGlidingOne) {
 TEST_F(Pair, UpdatingTheRangeGlidesForATenthOfASecondOrNotAtAll) {
     QVMRangeSlider& slider = *bottom->rangeSlider();
     slider.updateForLowHighAnimation(20, 100, 0);
-    EXPECT_FALSE(slider.band()->hasAnimations());
+    EXPECT_TRUE(slider.band()->animations().isEmpty());
     bottom->updateRangeAnimated(Animate::yes);
-    ASSERT_NE(slider.band()->animationForKey("position"), nullptr);
-    EXPECT_DOUBLE_EQ(slider.band()->animationForKey("position")->duration, 0.1);
+    ASSERT_NE(slider.band()->animations().find("position"), nullptr);
+    EXPECT_DOUBLE_EQ(slider.band()->animations().find("position")->duration, 0.1);
     bottom->updateRangeAnimated(Animate::no);
     slider.updateForLowHighAnimation(20, 100, 0);
     bottom->updateRangeAnimated(Animate::no);
-    EXPECT_FALSE(slider.band()->hasAnimations());
+    EXPECT_TRUE(slider.band()->animations().isEmpty());
     EXPECT_DOUBLE_EQ(slider.band()->frame().minX(), sliderOf(low).handleValue());
 }
 
@@ -242,7 +242,7 @@ TEST_F(Pair, TheRangesOwnValueNeverLeavesIt) {
 
 TEST_F(Pair, WithoutAPointerOverItTheInteractiveOneShowsNothing) {
     const auto isShown = [&] {
-        for (const std::shared_ptr<Layer>& layer : top->rangeSlider()->layer()->sublayers())
+        for (const std::shared_ptr<Layer>& layer : top->rangeSlider()->layer()->tree().sublayers())
             if (layer->name() == "bandHover") return layer->opacity() > 0;
         return false;
     };

@@ -33,7 +33,7 @@ public:
 };
 
 const ShapeLayer& ticksOf(const QVMRangeSlider& slider) {
-    for (const std::shared_ptr<Layer>& layer : slider.layer()->sublayers())
+    for (const std::shared_ptr<Layer>& layer : slider.layer()->tree().sublayers())
         if (layer->name() == "frequencyTicks") return dynamic_cast<const ShapeLayer&>(*layer);
     throw std::logic_error("no ticks");
 }

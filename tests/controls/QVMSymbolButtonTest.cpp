@@ -36,21 +36,21 @@ protected:
 TEST_F(QVMSymbolButtonTest, IsBuiltOfLightsBehindAGlyph) {
     EXPECT_EQ(button.glyph()->string(), AttributedString(kGear, QVMUITheme::iconFontOfSize(28), Color::white(1)));
     EXPECT_EQ(button.glyph()->alignment(), TextAlignment::center);
-    EXPECT_EQ(button.glyph()->backgroundColor(), Color::clear());
+    EXPECT_EQ(button.glyph()->look().backgroundColor(), Color::clear());
     for (const auto& light : {button.spotlight(), button.warningLight()}) {
-        EXPECT_EQ(light->backgroundColor(), Color::white(1, 0.4f));
+        EXPECT_EQ(light->look().backgroundColor(), Color::white(1, 0.4f));
         EXPECT_EQ(light->frame(), (Rect{2, 2, 50, 36}));
         EXPECT_EQ(light->opacity(), 0);
-        EXPECT_GT(light->cornerRadius(), 0);
+        EXPECT_GT(light->look().cornerRadius(), 0);
     }
-    EXPECT_EQ(button.layer()->sublayers().back(), button.glyph());
+    EXPECT_EQ(button.layer()->tree().sublayers().back(), button.glyph());
 }
 
 TEST_F(QVMSymbolButtonTest, ActsOnThePressAndPassesItOn) {
     pressButton();
     EXPECT_EQ(actions, 1);
     EXPECT_EQ(listener.presses, 1);
-    const BasicAnimation* pulse = button.glyph()->animationForKey("pulse");
+    const BasicAnimation* pulse = button.glyph()->animations().find("pulse");
     ASSERT_TRUE(pulse);
     EXPECT_EQ(pulse->keyPath, "transform.scale");
     EXPECT_EQ(pulse->duration, 0.09);
@@ -68,7 +68,7 @@ TEST_F(QVMSymbolButtonTest, ADisabledButtonIgnoresClicksShowsItsGlyphFaintlyAndS
     pressButton();
     EXPECT_EQ(actions, 0);
     EXPECT_EQ(listener.presses, 0);
-    EXPECT_FALSE(button.glyph()->hasAnimations());
+    EXPECT_TRUE(button.glyph()->animations().isEmpty());
     button.setButtonEnabled(true);
     EXPECT_EQ(button.glyph()->opacity(), 1);
 }
@@ -82,7 +82,7 @@ TEST_F(QVMSymbolButtonTest, SelectionIsTheSpotlight) {
 }
 
 TEST_F(QVMSymbolButtonTest, AGlyphStandsOutFromTheLightBehindIt) {
-    const Color lit = composite(button.spotlight()->backgroundColor(), QVMCGColor(GetMetadata()->color));
+    const Color lit = composite(button.spotlight()->look().backgroundColor(), QVMCGColor(GetMetadata()->color));
     const auto glyphColor = [this] { return button.glyph()->string().runs.at(0).color; };
     ASSERT_LT(contrastRatio(glyphColor(), lit), minimumTextContrast) << "a white glyph needs help there";
     for (const auto light : {&QVMSymbolButton::setSelected, &QVMSymbolButton::setWarning}) {
@@ -98,7 +98,7 @@ TEST_F(QVMSymbolButtonTest, AGlyphStandsOutFromTheLightBehindIt) {
 
 TEST_F(QVMSymbolButtonTest, SettingTheSameWarningTwicePulsesOnlyOnce) {
     button.setWarning(true);
-    const BasicAnimation* pulse = button.warningLight()->animationForKey("pulse");
+    const BasicAnimation* pulse = button.warningLight()->animations().find("pulse");
     ASSERT_TRUE(pulse);
     EXPECT_EQ(pulse->keyPath, "transform.scale");
     EXPECT_EQ(pulse->duration, 0.33);
@@ -107,23 +107,23 @@ TEST_F(QVMSymbolButtonTest, SettingTheSameWarningTwicePulsesOnlyOnce) {
     EXPECT_EQ(pulse->repeatCount, 6);
     EXPECT_EQ(button.warningLight()->opacity(), 1);
 
-    button.warningLight()->removeAnimation("pulse");
+    button.warningLight()->animations().remove("pulse");
     button.setWarning(true);
-    EXPECT_FALSE(button.warningLight()->hasAnimations());
+    EXPECT_TRUE(button.warningLight()->animations().isEmpty());
     button.setWarning(false);
-    EXPECT_TRUE(button.warningLight()->hasAnimations());
+    EXPECT_FALSE(button.warningLight()->animations().isEmpty());
     EXPECT_EQ(button.warningLight()->opacity(), 0);
 }
 
 TEST_F(QVMSymbolButtonTest, FlashesForAQuarterOfASecond) {
     button.flash();
-    const BasicAnimation* flash = button.spotlight()->animationForKey("flash");
+    const BasicAnimation* flash = button.spotlight()->animations().find("flash");
     ASSERT_TRUE(flash);
     EXPECT_EQ(flash->keyPath, "opacity");
     EXPECT_EQ(flash->timing, TimingFunction::easeOut);
     EXPECT_NEAR(button.spotlight()->presentation(0.125).opacity, 1, 1e-9);
-    button.spotlight()->finishAnimations(0.26);
-    EXPECT_FALSE(button.spotlight()->hasAnimations());
+    button.spotlight()->animations().finish(0.26);
+    EXPECT_TRUE(button.spotlight()->animations().isEmpty());
     EXPECT_EQ(button.spotlight()->presentation(0.26).opacity, 0);
 }
 
@@ -145,7 +145,7 @@ TEST_F(QVMSymbolButtonTest, AGlyphCanBeSetInAnotherColour) {
 TEST_F(QVMSymbolButtonTest, HoveringChangesOpacitiesOnlyAndNotOfADisabledButton) {
     const auto lit = [this] {
         int count = 0;
-        for (const auto& sublayer : button.layer()->sublayers())
+        for (const auto& sublayer : button.layer()->tree().sublayers())
             count += sublayer->opacity() > 0;
         return count;
     };

@@ -30,7 +30,7 @@ TEST_F(QVMToggleControlLooksOfARow, ShowsEveryValueByNameAndWhichIsTaken) {
 TEST_F(QVMToggleControlLooksOfARow, TheSelectionIsRoundAtItsEnds) {
     control.setFloatValue(2);
     const Rect frame = control.selection()->frame();
-    EXPECT_EQ(control.selection()->cornerRadius(), std::min(frame.width, frame.height) / 2);
+    EXPECT_EQ(control.selection()->look().cornerRadius(), std::min(frame.width, frame.height) / 2);
 }
 
 TEST_F(QVMToggleControlLooksOfARow, TheSelectionGlidesToItsSegment) {
@@ -81,22 +81,22 @@ TEST_F(QVMToggleControlLooksOfARow, FocusStandsAroundTheRow) {
 TEST_F(QVMToggleControlLooksOfARow, TextsAreLegibleInBothThemes) {
     const auto check = [this] {
         for (const QVMToggleSegment* segment : control.values()) {
-            const Color below =
-                segment->isSelected() ? control.selection()->backgroundColor() : control.bg()->backgroundColor();
+            const Color below = segment->isSelected() ? control.selection()->look().backgroundColor()
+                                                      : control.bg()->look().backgroundColor();
             EXPECT_GE(contrastRatio(segment->label()->string().runs.at(0).color, below), minimumTextContrast)
                 << segment->text();
         }
     };
     check();
     const DarkTheme dark;
-    EXPECT_EQ(control.bg()->backgroundColor(), QVMUITheme::dark().palette.boxFill);
+    EXPECT_EQ(control.bg()->look().backgroundColor(), QVMUITheme::dark().palette.boxFill);
     check();
 }
 
 TEST_F(QVMToggleControlLooksOfARow, HoveringShowsOnTheSegmentUnderThePointerOnlyAndRasterisesNoText) {
-    const auto before = control.values()[2]->label()->contentVersion();
+    const auto before = control.values()[2]->label()->look().version();
     control.mouseMoved(eventAt(EventType::mouseMoved, control, {90, 13}));
-    const Layer& hover = *control.layer()->sublayers()[1];
+    const Layer& hover = *control.layer()->tree().sublayers()[1];
     EXPECT_EQ(hover.opacity(), 1);
     EXPECT_TRUE(control.rValuesOriginal()[2].contains(hover.frame()));
     control.mouseMoved(eventAt(EventType::mouseMoved, control, {5, 13}));
@@ -105,7 +105,7 @@ TEST_F(QVMToggleControlLooksOfARow, HoveringShowsOnTheSegmentUnderThePointerOnly
     EXPECT_EQ(hover.opacity(), 1);
     pointAway(control);
     EXPECT_EQ(hover.opacity(), 0);
-    EXPECT_EQ(control.values()[2]->label()->contentVersion(), before);
+    EXPECT_EQ(control.values()[2]->label()->look().version(), before);
 }
 
 TEST_F(QVMToggleControlLooksOfASwitch, ShowsIconsWhereTheValuesHaveThem) {

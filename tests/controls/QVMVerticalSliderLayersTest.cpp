@@ -43,9 +43,9 @@ protected:
     }
     static std::vector<std::string> marks(const QVMVerticalSlider& slider) {
         std::vector<std::string> texts;
-        for (const std::shared_ptr<Layer>& part : slider.layer()->sublayers()) {
+        for (const std::shared_ptr<Layer>& part : slider.layer()->tree().sublayers()) {
             if (part->name() != "scale") continue;
-            for (const std::shared_ptr<Layer>& layer : part->sublayers())
+            for (const std::shared_ptr<Layer>& layer : part->tree().sublayers())
                 if (const auto* text = dynamic_cast<const TextLayer*>(layer.get()))
                     texts.push_back(text->string().string());
         }
@@ -59,12 +59,12 @@ protected:
 TEST_F(QVMVerticalSliderLayersTest, WhatIsInTheTrackCoversTheSliderAndShowsInTheTrackBelowTheHandle) {
     QVMVerticalSlider slider(kUpright, *GetParameter(pidOutputGain));
     View& inTrack = slider.addInTrack(std::make_unique<View>());
-    const Layer& window = *inTrack.layer()->superlayer();
-    const auto covers = [&] { return inTrack.convertToWindow(inTrack.bounds()) == slider.frame(); };
+    const Layer& window = *inTrack.layer()->tree().superlayer();
+    const auto covers = [&] { return inTrack.coordinates().toWindow(inTrack.bounds()) == slider.frame(); };
     EXPECT_TRUE(covers());
     EXPECT_EQ(window.frame(), slider.trackRect());
     EXPECT_TRUE(window.masksToBounds());
-    const auto& layers = slider.layer()->sublayers();
+    const auto& layers = slider.layer()->tree().sublayers();
     const auto indexOf = [&](const Layer& layer) {
         return std::find_if(layers.begin(), layers.end(), [&](const auto& l) { return l.get() == &layer; });
     };
@@ -180,7 +180,7 @@ TEST_F(QVMVerticalSliderLayersTest, ThePointerIsAHandOverTheHandleAndTheMarksOnl
 
 TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderTravelsFourPointsAroundTheHandle) {
     QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
-    EXPECT_EQ(slider.highlight()->superlayer(), slider.readoutBulb().get());
+    EXPECT_EQ(slider.highlight()->tree().superlayer(), slider.readoutBulb().get());
     EXPECT_EQ(slider.highlight()->frame(), (Rect{-4, -4, 84, 34}));
     EXPECT_DOUBLE_EQ(slider.highlight()->rounding(), 17);
 }
@@ -235,8 +235,8 @@ TEST_F(QVMVerticalSliderLayersTest, LinesLieOnWholePixelsAtEveryScale) {
         window.setContentView(std::make_unique<QVMVerticalSlider>(kLying, *GetParameter(pidTiltGain)));
     for (const double scale : {1.0, 2.0, 3.0}) {
         window.setBackingScaleFactor(scale);
-        const auto& scaleLayer = slider.layer()->sublayers().at(1);
-        const auto& lines = dynamic_cast<const ShapeLayer&>(*scaleLayer->sublayers().at(0));
+        const auto& scaleLayer = slider.layer()->tree().sublayers().at(1);
+        const auto& lines = dynamic_cast<const ShapeLayer&>(*scaleLayer->tree().sublayers().at(0));
         const double x = lines.path().elements().at(0).end.x * scale;
         EXPECT_DOUBLE_EQ(x, std::round(x)) << scale;
     }

@@ -62,7 +62,7 @@ TEST(ReadoutBulb, IsDarkEnoughForItsUnitToBeRead) {
 
 TEST(ReadoutBulb, TheCaretFollowsTheTypedText) {
     ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
-    const Layer& caret = *bulb.bulb()->sublayers().back();
+    const Layer& caret = *bulb.bulb()->tree().sublayers().back();
     EXPECT_TRUE(caret.isHidden());
     bulb.setTyping(true);
     bulb.setText(readoutText("", "", 16));

@@ -45,7 +45,7 @@ TEST(SliderScale, ItsLinesHaveTheThemesColourWheneverItIsLaidOut) {
     SliderScale scale;
     const auto lineColor = [&scale] {
         scale.layOut(marked({0, 50, 100}), kUpright, identity);
-        return dynamic_cast<const ShapeLayer&>(*scale.layer()->sublayers().at(0)).fillColor();
+        return dynamic_cast<const ShapeLayer&>(*scale.layer()->tree().sublayers().at(0)).fillColor();
     };
     EXPECT_EQ(lineColor(), QVMUITheme::light().palette.tick);
     const DarkTheme dark;
@@ -89,9 +89,9 @@ TEST(SliderScale, SymbolsWithoutValuesStandAtEvenDistances) {
 TEST(SliderScale, LayingOutAgainReplacesWhatWasThere) {
     SliderScale scale;
     scale.layOut(marked({0, 50, 100}), kUpright, identity);
-    const std::size_t layers = scale.layer()->sublayers().size();
+    const std::size_t layers = scale.layer()->tree().sublayers().size();
     scale.layOut(marked({0, 50, 100}), kUpright, identity);
-    EXPECT_EQ(scale.layer()->sublayers().size(), layers);
+    EXPECT_EQ(scale.layer()->tree().sublayers().size(), layers);
     EXPECT_EQ(scale.cueRects().size(), 3u);
 }
 

@@ -196,7 +196,7 @@ protected:
         event.clickCount = 1;
         return event;
     }
-    Point middleOf(const View& view) const { return view.convertToWindow(view.bounds()).center(); }
+    Point middleOf(const View& view) const { return view.coordinates().toWindow(view.bounds()).center(); }
     void click(Point at, std::uint32_t modifiers = 0) {
         window_.sendEvent(mouseEvent(EventType::mouseDown, at, modifiers));
         window_.sendEvent(mouseEvent(EventType::mouseUp, at, modifiers));

@@ -144,7 +144,7 @@ protected:
     QVMVerticalSlider& slider() { return dynamic_cast<QVMVerticalSlider&>(*control().primaryControl()); }
     void drag(double dx) {
         Event event;
-        event.locationInWindow = slider().convertToWindow(slider().readoutBulb()->position());
+        event.locationInWindow = slider().coordinates().toWindow(slider().readoutBulb()->position());
         event.clickCount = 1;
         for (const EventType type : {EventType::mouseDown, EventType::mouseDragged, EventType::mouseUp}) {
             event.type = type;

@@ -43,7 +43,9 @@ protected:
         return dynamic_cast<QVMVerticalSlider&>(*editor_->view().ui().parameterControlWithPid(pid)->primaryControl());
     }
     // The middle of a slider's handle in the window.
-    Point handle(std::uint32_t pid) { return slider(pid).convertToWindow(slider(pid).readoutBulb()->position()); }
+    Point handle(std::uint32_t pid) {
+        return slider(pid).coordinates().toWindow(slider(pid).readoutBulb()->position());
+    }
     void send(EventType type, Point at, std::uint32_t modifiers = 0) {
         Event event;
         event.type = type;

@@ -31,7 +31,7 @@ class LookPainterTest : public ::testing::TestWithParam<double> {};
 TEST_P(LookPainterTest, BorderLiesInsideTheBoundsOnWholePixels) {
     const double s = GetParam();
     const auto layer = plainLayer({4, 6, 20, 10}, red);
-    layer->setBorder(1, blue);
+    layer->look().setBorder(1, blue);
     const double width = std::max(1.0, std::round(s));
     const auto whole = [s](double v) { return std::round(v * s); };
     const Rect outer{whole(4), whole(6), std::round(20 * s), std::round(10 * s)};
@@ -44,7 +44,7 @@ TEST_P(LookPainterTest, BorderLiesInsideTheBoundsOnWholePixels) {
 TEST_P(LookPainterTest, RoundedCornersCoverTheirArea) {
     const double s = GetParam();
     const auto layer = plainLayer({4, 4, 40, 40}, white);
-    layer->setCornerRadius(20);
+    layer->look().setCornerRadius(20);
     const Image disc = pictureOf(layer, {48, 48}, s);
     EXPECT_NEAR(coverage(disc), std::numbers::pi * 400 * s * s, 8 * s * s * 0.25 + 2);
     EXPECT_EQ(pixelAt(disc, static_cast<int>(24 * s), static_cast<int>(24 * s)), 0xFFFFFFFFu);
@@ -98,7 +98,7 @@ TEST_P(LookPainterTest, ContentsFillTheBounds) {
         image->pixels[i] = i % 120 < 60 ? 0xFFFF0000u : 0xFF0000FFu;
     const auto layer = std::make_shared<Layer>();
     layer->setFrame({4, 4, 20, 10});
-    layer->setContents(image);
+    layer->look().setContents(image);
     expectOnly(pictureOf(layer, {28, 18}, s), [&](int x, int y) {
         if (!inside({4 * s, 4 * s, 20 * s, 10 * s}, x, y)) return Color::clear();
         return x + 0.5 < 14 * s ? red : blue;
@@ -110,8 +110,8 @@ TEST_P(LookPainterTest, TintFillsTheContentsAlpha) {
     auto image = std::make_shared<Image>(Image{2, 1, {0xFFFFFFFFu, 0}});
     const auto layer = std::make_shared<Layer>();
     layer->setFrame({0, 0, 2 / s, 1 / s}); // a pixel a pixel
-    layer->setContents(image);
-    layer->setContentsTint(blue);
+    layer->look().setContents(image);
+    layer->look().setContentsTint(blue);
     const Image picture = pictureOf(layer, {10, 10}, s);
     EXPECT_TRUE(isNear(pixelAt(picture, 0, 0), blue, 1));
     EXPECT_EQ(pixelAt(picture, 1, 0), 0u);
@@ -120,7 +120,7 @@ TEST_P(LookPainterTest, TintFillsTheContentsAlpha) {
 TEST_P(LookPainterTest, ShadowLiesBeneathAndBesides) {
     const double s = GetParam();
     const auto layer = plainLayer({10, 10, 20, 20}, red);
-    layer->setShadow({Color::white(0), 0, {4, 8}, 1}); // hard, so that each pixel is known
+    layer->look().setShadow({Color::white(0), 0, {4, 8}, 1}); // hard, so that each pixel is known
     expectOnly(pictureOf(layer, {44, 48}, s), [&](int x, int y) {
         if (inside({10 * s, 10 * s, 20 * s, 20 * s}, x, y)) return red;
         return inside({14 * s, 18 * s, 20 * s, 20 * s}, x, y) ? Color::white(0) : Color::clear();
@@ -134,7 +134,7 @@ class LookPainterBoxTest : public ::testing::TestWithParam<double> {};
 TEST_P(LookPainterBoxTest, EdgesAreSharpAtAnyScale) {
     const double s = GetParam();
     const auto layer = plainLayer({4, 5, 21, 11}, red);
-    layer->setBorder(1, red);
+    layer->look().setBorder(1, red);
     for (const std::uint32_t pixel : pictureOf(layer, {32, 24}, s).pixels)
         EXPECT_TRUE(pixel == 0 || pixel == 0xFFFF0000u) << std::hex << pixel;
 }
@@ -145,7 +145,7 @@ TEST(LookPainterPattern, TilesFromTheTopLeftWithAPixelAPoint) {
     auto tile = std::make_shared<Image>(Image{2, 2, {0xFFFF0000u, 0xFF0000FFu, 0xFF0000FFu, 0xFFFF0000u}});
     const auto layer = std::make_shared<Layer>();
     layer->setFrame({3, 3, 10, 10});
-    layer->setBackgroundPattern(tile);
+    layer->look().setBackgroundPattern(tile);
     expectOnly(pictureOf(layer, {16, 16}, 1), [](int x, int y) {
         if (!inside({3, 3, 10, 10}, x, y)) return Color::clear();
         return (x + y) % 2 == 0 ? red : blue;

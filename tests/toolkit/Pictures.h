@@ -80,14 +80,14 @@ inline Image pictureOf(const std::shared_ptr<Layer>& layer, Size points, double 
     const juce::SharedResourcePointer<ToolkitRuntime> runtime;
     Window window;
     View& view = window.setContentView(std::make_unique<View>(Rect{0, 0, points.width, points.height}, axis));
-    view.layer()->addSublayer(layer);
+    view.layer()->tree().add(layer);
     return renderWindowToImage(window, scale);
 }
 
 inline std::shared_ptr<Layer> plainLayer(const Rect& frame, Color color, YAxis axis = YAxis::down) {
     auto layer = std::make_shared<Layer>(axis);
     layer->setFrame(frame);
-    layer->setBackgroundColor(color);
+    layer->look().setBackgroundColor(color);
     return layer;
 }
 

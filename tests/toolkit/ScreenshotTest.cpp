@@ -23,7 +23,7 @@ class ScreenshotTest : public ::testing::Test {
 protected:
     ScreenshotTest() {
         window.setContentView(std::make_unique<View>(Rect{0, 0, 40, 20}));
-        window.contentView()->layer()->addSublayer(plainLayer({10, 5, 10, 10}, red));
+        window.contentView()->layer()->tree().add(plainLayer({10, 5, 10, 10}, red));
     }
     const juce::SharedResourcePointer<ToolkitRuntime> runtime;
     Window window;
@@ -44,13 +44,13 @@ TEST_F(ScreenshotTest, IsTheWindowAtTheAskedScale) {
 TEST_F(ScreenshotTest, WindowHasItsScaleAndObserverBackAndLooksAgain) {
     Noticed observer;
     window.setBackingScaleFactor(1.5);
-    window.contentView()->layer()->setTreeObserver(&observer);
+    window.contentView()->layer()->tree().setObserver(&observer);
     const int before = observer.changes;
     renderWindowToImage(window, 2);
     EXPECT_EQ(window.backingScaleFactor(), 1.5);
-    EXPECT_EQ(window.contentView()->layer()->treeObserver(), &observer);
+    EXPECT_EQ(window.contentView()->layer()->tree().observer(), &observer);
     EXPECT_GT(observer.changes, before);
-    window.contentView()->layer()->setTreeObserver(nullptr);
+    window.contentView()->layer()->tree().setObserver(nullptr);
 }
 
 TEST_F(ScreenshotTest, WindowWithoutContentGivesNoPicture) {

@@ -87,7 +87,7 @@ TEST_F(WindowComponentFramesTest, ItsWindowIsHiddenByAMinimisedOrHiddenWindowAro
 
 TEST_F(WindowComponentFramesTest, ChangeRepaintsExactlyWhatItDamaged) {
     settle();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     peer().vBlank();
     EXPECT_THAT(peer().repaints, ElementsAre(Box(20, 30, 10, 10)));
     square->setPosition({26, 35}); // by one
@@ -109,7 +109,7 @@ TEST_F(WindowComponentFramesTest, IdleWindowRepaintsNothing) {
 
 TEST_F(WindowComponentFramesTest, ChangeIsShownAsSoonAsTheEventsAtHandAreDealtWith) {
     settle();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     EXPECT_THAT(peer().repaints, IsEmpty()); // not in place
     runPostedMessages();
     EXPECT_THAT(peer().repaints, ElementsAre(Box(20, 30, 10, 10)));
@@ -119,10 +119,10 @@ TEST_F(WindowComponentFramesTest, ChangeIsShownAsSoonAsTheEventsAtHandAreDealtWi
 TEST_F(WindowComponentFramesTest, BurstOfChangesIsOneFrame) {
     settle();
     for (int i = 0; i < 5; ++i)
-        square->setBackgroundColor({0, 0, 0.1f * static_cast<float>(i), 1});
+        square->look().setBackgroundColor({0, 0, 0.1f * static_cast<float>(i), 1});
     runPostedMessages();
     EXPECT_EQ(peer().repaints.size(), 1u);
-    square->setBackgroundColor(blue); // at once again: waits for the display
+    square->look().setBackgroundColor(blue); // at once again: waits for the display
     runPostedMessages();
     EXPECT_EQ(peer().repaints.size(), 1u);
     peer().vBlank();
@@ -165,12 +165,12 @@ private:
 TEST_F(WindowComponentFramesTest, AfterALongFrameItRestsSoThatInputIsSeen) {
     const auto slow = std::make_shared<SlowLayer>(time);
     slow->setFrame({50, 10, 10, 10});
-    component->window().contentView()->layer()->addSublayer(slow);
+    component->window().contentView()->layer()->tree().add(slow);
     settle();
     const auto drawsAfter = [&](double seconds) {
         peer().repaints.clear();
         time.advance(seconds);
-        slow->setNeedsDisplay();
+        slow->look().setNeedsDisplay();
         runPostedMessages();
         peer().vBlank();
         return !peer().repaints.empty();
@@ -183,7 +183,7 @@ TEST_F(WindowComponentFramesTest, AfterALongFrameItRestsSoThatInputIsSeen) {
     time.advance(0.06);
     peer().vBlank();
     for (int i = 0; i < 3; ++i) {
-        square->setBackgroundColor(i % 2 == 0 ? blue : red);
+        square->look().setBackgroundColor(i % 2 == 0 ? blue : red);
         EXPECT_TRUE(drawsAfter(1.0 / 60)) << "quick frames come with each refresh";
     }
 }
@@ -196,7 +196,7 @@ TEST_F(WindowComponentFramesTest, HiddenWindowDrawsNothingUntilItIsShown) {
     };
     peer().minimised = true;
     lookAround();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     peer().vBlank();
     runPostedMessages();
     EXPECT_THAT(peer().repaints, IsEmpty());
@@ -209,7 +209,7 @@ TEST_F(WindowComponentFramesTest, AnimatedDrawingIsShownWithoutTheWindowsRefresh
     settle();
     for (int i = 0; i < 20; ++i) { // a display link's frames, each with a change
         time.advance(1.0 / 60);
-        square->setBackgroundColor(i % 2 == 0 ? blue : red);
+        square->look().setBackgroundColor(i % 2 == 0 ? blue : red);
         runPostedMessages();
     }
     EXPECT_EQ(peer().repaints.size(), 20u);
@@ -218,10 +218,10 @@ TEST_F(WindowComponentFramesTest, AnimatedDrawingIsShownWithoutTheWindowsRefresh
 
 TEST_F(WindowComponentFramesTest, ChangeThatComesTooSoonIsShownWithoutTheWindowsRefresh) {
     settle();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     runPostedMessages();
     time.advance(0.004);
-    square->setBackgroundColor(red);
+    square->look().setBackgroundColor(red);
     runPostedMessages();
     EXPECT_EQ(peer().flushes, 1) << "quicker than any display";
     time.advance(0.008);

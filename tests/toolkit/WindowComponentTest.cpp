@@ -34,7 +34,7 @@ TEST_F(WindowComponentTest, PaintsItsContent) {
 
 TEST_F(WindowComponentTest, ConstructorDoesNoPaintWork) {
     WindowComponent other(WindowComponent::Embedding::inHost);
-    other.window().setContentView(std::make_unique<View>(Rect{0, 0, 10, 10})).layer()->setBorder(1, red);
+    other.window().setContentView(std::make_unique<View>(Rect{0, 0, 10, 10})).layer()->look().setBorder(1, red);
     EXPECT_THAT(other.lastFrame().rasterised, IsEmpty());
 }
 
@@ -44,7 +44,7 @@ TEST_P(WindowComponentScaleTest, DrawsSharplyAtThePeersScale) {
     peer().scale = GetParam();
     const Image picture = fromToolkit(peer().paintAll());
     EXPECT_EQ(component->window().backingScaleFactor(), GetParam());
-    EXPECT_EQ(square->contentsScale(), GetParam());
+    EXPECT_EQ(square->look().contentsScale(), GetParam());
     const auto whole = [](double v) { return static_cast<int>(std::lround(v * GetParam())); };
     EXPECT_TRUE(agrees(picture, [&](int x, int y) {
         const bool isInside = x >= whole(20) && x < whole(30) && y >= whole(30) && y < whole(40);
@@ -66,7 +66,7 @@ TEST_F(WindowComponentTest, FollowsAScaleThatTheHostSetsByATransform) {
 TEST_F(WindowComponentTest, DamageAtAScaleIsInPointsAndCoversIt) {
     peer().scale = 1.5;
     settle();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     peer().vBlank();
     EXPECT_THAT(peer().repaints, ElementsAre(Box(20, 30, 10, 10)));
     peer().repaints.clear();
@@ -105,7 +105,11 @@ TEST_F(WindowComponentTest, WithoutContentItIsBlack) {
 
 TEST_F(WindowComponentTest, ShowsANewContentView) {
     settle();
-    component->window().setContentView(std::make_unique<View>(Rect{0, 0, 100, 80})).layer()->setBackgroundColor(blue);
+    component->window()
+        .setContentView(std::make_unique<View>(Rect{0, 0, 100, 80}))
+        .layer()
+        ->look()
+        .setBackgroundColor(blue);
     runPostedMessages();
     EXPECT_THAT(peer().repaints, ElementsAre(Box(0, 0, 100, 80)));
     EXPECT_TRUE(agrees(fromToolkit(peer().paintAll()), [](int, int) { return blue; }));
@@ -118,24 +122,24 @@ TEST_F(WindowComponentTest, ScreenshotLeavesItAlive) {
     runPostedMessages();
     peer().paintAll();
     time.advance(1);
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     runPostedMessages();
     EXPECT_THAT(peer().repaints, ElementsAre(Box(20, 30, 10, 10)));
 }
 
 TEST_F(WindowComponentTest, MayBeDestroyedWithAFramePending) {
     settle();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     desktop.reset();
     component.reset();
     runPostedMessages();
-    square->setBackgroundColor(red); // nobody listens any more
+    square->look().setBackgroundColor(red); // nobody listens any more
 }
 
 TEST_F(WindowComponentTest, MayBeMovedToAnotherDesktopWindow) {
     settle();
     desktop.reset();
-    square->setBackgroundColor(blue);
+    square->look().setBackgroundColor(blue);
     runPostedMessages();
     desktop = std::make_unique<FakeDesktopWindow>(*component);
     peer().vBlank();

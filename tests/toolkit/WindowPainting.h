@@ -19,9 +19,9 @@ class WindowPainting : public ::testing::Test {
 protected:
     WindowPainting() {
         View& content = component->window().setContentView(std::make_unique<View>(Rect{0, 0, 100, 80}));
-        content.layer()->setBackgroundColor(grey);
+        content.layer()->look().setBackgroundColor(grey);
         square = plainLayer({20, 30, 10, 10}, red);
-        content.layer()->addSublayer(square);
+        content.layer()->tree().add(square);
         desktop = std::make_unique<FakeDesktopWindow>(*component);
     }
     ~WindowPainting() override {

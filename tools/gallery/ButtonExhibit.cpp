@@ -48,7 +48,7 @@ bool ButtonExhibit::show(ExhibitState state) {
     case ExhibitState::normal:
         return true;
     case ExhibitState::hovered:
-        event.locationInWindow = button_.convertToWindow(button_.bounds().center());
+        event.locationInWindow = button_.coordinates().toWindow(button_.bounds().center());
         button_.mouseEntered(event);
         return true;
     case ExhibitState::selected:

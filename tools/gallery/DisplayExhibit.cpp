@@ -24,14 +24,14 @@ std::unique_ptr<Exhibit> DisplayExhibit::make(const ExhibitRow& row, ExhibitStat
 }
 
 DisplayExhibit::DisplayExhibit(const Rect& frame) : Exhibit(frame) {
-    layer()->setCornerRadius(kRadius);
+    layer()->look().setCornerRadius(kRadius);
     themeUpdated();
 }
 
 void DisplayExhibit::themeUpdated() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->setBackgroundColor(palette.boxFill);
-    layer()->setBorder(kBorder, palette.boxBorder);
+    layer()->look().setBackgroundColor(palette.boxFill);
+    layer()->look().setBorder(kBorder, palette.boxBorder);
 }
 
 } // namespace QVM_NAMESPACE

@@ -35,7 +35,7 @@ GalleryView::GalleryView(StereoFeed& feed, std::size_t page, Listener listener)
     statusText_->setAlignment(TextAlignment::left);
     for (const std::shared_ptr<Layer>& part :
          {header_, headerLine_, footer_, footerLine_, std::shared_ptr<Layer>(statusText_)})
-        layer()->addSublayer(part);
+        layer()->tree().add(part);
 
     tabs_ = &addSwitch("Page", kTabs);
     tabs_->setFloatValue(static_cast<float>(page_));
@@ -89,7 +89,7 @@ void GalleryView::exhibitReported(Exhibit& exhibit, const std::string& what) {
 void GalleryView::tellPlaces() {
     if (!listener_) return;
     for (const Exhibit* exhibit : pageView_->exhibits()) {
-        const Rect place = exhibit->convertToWindow(exhibit->bounds());
+        const Rect place = exhibit->coordinates().toWindow(exhibit->bounds());
         std::string line = "at " + exhibit->identifier();
         for (const double number : {place.x, place.y, place.width, place.height})
             line += " " + ShortestText(number);
@@ -119,11 +119,11 @@ bool GalleryView::performKeyEquivalent(const Event& event) {
 
 void GalleryView::redraw() {
     const QVMUITheme& theme = QVMUITheme::theme();
-    layer()->setBackgroundColor(theme.backgroundColor);
+    layer()->look().setBackgroundColor(theme.backgroundColor);
     for (const auto& bar : {header_, footer_})
-        bar->setBackgroundColor(theme.palette.sidePanel);
+        bar->look().setBackgroundColor(theme.palette.sidePanel);
     for (const auto& line : {headerLine_, footerLine_})
-        line->setBackgroundColor(theme.interiorBorderColor);
+        line->look().setBackgroundColor(theme.interiorBorderColor);
     statusText_->setString(
         {status_, QVMUITheme::unitFontOfSize(kStatusSize), theme.labelColorGivenInk(theme.palette.labelInk)});
     theme_->setFloatValue(isDark() ? 1 : 0);

@@ -32,14 +32,14 @@ LiveDisplayView::LiveDisplayView(const Rect& frame, StereoFeed& feed, std::uniqu
 
 LiveDisplayView::~LiveDisplayView() {
     stop();
-    picture_->removeFromSuperlayer(); // somebody may still hold it, and the display goes
+    picture_->tree().removeFromSuperlayer(); // somebody may still hold it, and the display goes
 }
 
 void LiveDisplayView::viewDidMoveToWindow() {
     stop();
     if (!window()) return;
     setUp();
-    layer()->addSublayer(picture_);
+    layer()->tree().add(picture_);
     hearing_ = feed_.listen([this](auto left, auto right) { hear(left, right); });
     link_ = DisplayLink::create();
     link_->setOutputCallback(linkDidTick, this);
@@ -55,19 +55,19 @@ void LiveDisplayView::stop() {
 }
 
 void LiveDisplayView::setUp() {
-    const double scale = layer()->contentsScale();
+    const double scale = layer()->look().contentsScale();
     if (!window() || (size_ == bounds().size() && scale_ == scale)) return;
     size_ = bounds().size();
     scale_ = scale;
     picture_->setFrame(bounds());
-    picture_->setContentsScale(scale);
+    picture_->look().setContentsScale(scale);
     PBGLCanvas canvas;
     canvas.sketch.color = {galleryAccent.r, galleryAccent.g, galleryAccent.b};
     canvas.width = static_cast<float>(size_.width);
     canvas.height = static_cast<float>(size_.height);
     canvas.scale = static_cast<float>(scale);
     display_->init(canvas, static_cast<float>(feed_.sampleRateHz()), kBlockFrames);
-    picture_->setNeedsDisplay();
+    picture_->look().setNeedsDisplay();
 }
 
 void LiveDisplayView::hear(std::span<const float> left, std::span<const float> right) {
@@ -90,7 +90,7 @@ void LiveDisplayView::showFrame(double seconds, double time) {
     const double elapsed = lastFrame_ > 0 ? std::clamp(time - lastFrame_, seconds, kLongestFrame) : seconds;
     lastFrame_ = time;
     if (!isShown()) return;
-    if (display_->prepareForDrawing(static_cast<float>(elapsed)) == Redraw::yes) picture_->setNeedsDisplay();
+    if (display_->prepareForDrawing(static_cast<float>(elapsed)) == Redraw::yes) picture_->look().setNeedsDisplay();
 }
 
 bool LiveDisplayView::isShown() const {

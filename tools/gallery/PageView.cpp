@@ -87,23 +87,23 @@ void PageView::addExhibit(std::unique_ptr<Exhibit> exhibit, const std::string& i
 void PageView::addAccent(const Rect& frame) {
     auto accent = std::make_shared<Layer>();
     accent->setFrame(frame);
-    accent->setCornerRadius(kAccentRadius);
-    accent->setBackgroundColor(galleryAccent);
-    layer()->insertSublayer(accent, 0);
+    accent->look().setCornerRadius(kAccentRadius);
+    accent->look().setBackgroundColor(galleryAccent);
+    layer()->tree().insert(accent, 0);
 }
 
 void PageView::addText(const std::string& text, const Rect& frame, bool isTitle) {
     auto added = std::make_shared<TextLayer>();
     added->setFrame(frame);
     added->setAlignment(TextAlignment::left);
-    layer()->addSublayer(added);
+    layer()->tree().add(added);
     texts_.push_back({added, text, isTitle});
 }
 
 void PageView::redraw() {
     const QVMUITheme& theme = QVMUITheme::theme();
     const QVMPalette& palette = theme.palette;
-    layer()->setBackgroundColor(theme.backgroundColor);
+    layer()->look().setBackgroundColor(theme.backgroundColor);
     for (const Text& text : texts_) {
         AttributedString shown(text.text,
                                text.isTitle ? QVMUITheme::unitFontOfSize(kTitleSize)

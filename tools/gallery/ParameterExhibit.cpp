@@ -112,7 +112,7 @@ bool ParameterExhibit::show(ExhibitState state) {
 void ParameterExhibit::showHovered() {
     QVMFloatControl& inner = *control_->primaryControl();
     Event event;
-    event.locationInWindow = inner.convertToWindow(hoverPoint(inner));
+    event.locationInWindow = inner.coordinates().toWindow(hoverPoint(inner));
     inner.mouseEntered(event);
     inner.mouseMoved(event);
 }

@@ -36,15 +36,15 @@ SignalView::Bar SignalView::addBar(const char* name, double y) {
             std::make_shared<TextLayer>()};
     for (const std::shared_ptr<Layer>& part :
          {bar.track, bar.fill, std::shared_ptr<Layer>(bar.label), std::shared_ptr<Layer>(bar.reading)})
-        layer()->addSublayer(part);
+        layer()->tree().add(part);
     bar.label->setName(name);
     bar.label->setAlignment(TextAlignment::left);
     bar.reading->setAlignment(TextAlignment::right);
     bar.label->setFrame({0, y, bounds().width / 2, kTextHeight});
     bar.reading->setFrame({bounds().width / 2, y, bounds().width / 2, kTextHeight});
     bar.track->setFrame({0, y + kTextHeight + kGap, bounds().width, kBarHeight});
-    bar.track->setCornerRadius(kBarHeight / 2);
-    bar.fill->setCornerRadius(kBarHeight / 2);
+    bar.track->look().setCornerRadius(kBarHeight / 2);
+    bar.fill->look().setCornerRadius(kBarHeight / 2);
     return bar;
 }
 
@@ -72,9 +72,9 @@ void SignalView::setBar(const Bar& bar, double from, double to, const std::strin
     const QVMUITheme& theme = QVMUITheme::theme();
     const QVMPalette& palette = theme.palette;
     const Rect track = bar.track->frame();
-    bar.track->setBackgroundColor(palette.trackFill);
-    bar.track->setBorder(1, palette.trackBorder);
-    bar.fill->setBackgroundColor(galleryAccent);
+    bar.track->look().setBackgroundColor(palette.trackFill);
+    bar.track->look().setBorder(1, palette.trackBorder);
+    bar.fill->look().setBackgroundColor(galleryAccent);
     bar.fill->setFrame(
         {track.x + track.width * std::min(from, to), track.y, track.width * std::abs(to - from), track.height});
     bar.label->setString(

@@ -12,7 +12,7 @@ QVMAuxiliarySketch::QVMAuxiliarySketch(const Rect& frame, float sampleRate, unsi
     : View(frame), glSketch_(std::make_shared<QVMSketchGLLayer>()) {
     layer()->setName("auxiliarySketch");
     glSketch_->setFrame(bounds());
-    glSketch_->setContentsScale(scale);
+    glSketch_->look().setContentsScale(scale);
     glSketch_->useVizRef(std::move(vizRef));
     glSketch_->setSampleRateMaxFramesSketchParamCountChanInChanOut(sampleRate, maxFrames, sketch, paramCount, inChan,
                                                                    outChan);
@@ -24,12 +24,12 @@ QVMAuxiliarySketch::~QVMAuxiliarySketch() {
 
 void QVMAuxiliarySketch::viewDidMoveToWindow() {
     if (!window()) return;
-    layer()->addSublayer(glSketch_);
+    layer()->tree().add(glSketch_);
     viewDidChangeBackingProperties();
 }
 
 void QVMAuxiliarySketch::viewDidChangeBackingProperties() {
-    glSketch_->setContentsScale(layer()->contentsScale());
+    glSketch_->look().setContentsScale(layer()->look().contentsScale());
     glSketch_->canvasDidChange();
 }
 

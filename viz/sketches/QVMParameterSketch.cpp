@@ -44,7 +44,7 @@ QVMParameterSketch::QVMParameterSketch(const Rect& frame, const QVMConfig& confi
     : View(frame), glSketch_(std::make_shared<QVMSketchGLLayer>()), numParams_(config.numParameters) {
     layer()->setName("parameterSketch");
     glSketch_->setFrame(getPathBounds(nullptr));
-    glSketch_->setContentsScale(scale);
+    glSketch_->look().setContentsScale(scale);
     glSketch_->setSampleRateMaxFramesSketchParamCountChanInChanOut(sampleRate, maxFrames, PB_Sketches[0],
                                                                    QVMParameterCount, inChan, outChan);
 }
@@ -70,7 +70,7 @@ void QVMParameterSketch::performParameterConversionWithValues(unsigned pid, floa
 }
 
 Rect QVMParameterSketch::getPathBounds(const Layer* path) const {
-    return path && path->superlayer() ? path->superlayer()->bounds() : bounds();
+    return path && path->tree().superlayer() ? path->tree().superlayer()->bounds() : bounds();
 }
 
 void QVMParameterSketch::setVizVisible(bool visible) {
@@ -89,7 +89,7 @@ void QVMParameterSketch::viewDidMoveToWindow() {
     windowVisibility_.reset();
     if (!window()) return;
     hasGL_ = true;
-    layer()->addSublayer(glSketch_);
+    layer()->tree().add(glSketch_);
     setVizVisible(true);
     viewDidChangeBackingProperties();
     windowVisibility_ = NotificationCenter::defaultCenter().observe(
@@ -114,7 +114,7 @@ void QVMParameterSketch::stopDisplayLink() {
 }
 
 void QVMParameterSketch::viewDidChangeBackingProperties() {
-    glSketch_->setContentsScale(layer()->contentsScale());
+    glSketch_->look().setContentsScale(layer()->look().contentsScale());
     glSketch_->canvasDidChange();
 }
 

@@ -37,15 +37,15 @@ void QVMSketchGLLayer::setSampleRateMaxFramesSketchParamCountChanInChanOut(float
 
 void QVMSketchGLLayer::build() {
     builtSize_ = bounds().size();
-    builtScale_ = contentsScale();
+    builtScale_ = look().contentsScale();
     cppSketch_->init(canvas(), sampleRate_, maxFrames_);
 }
 
 void QVMSketchGLLayer::canvasDidChange() {
-    if (!isSetUp_ || (builtSize_ == bounds().size() && builtScale_ == contentsScale())) return;
+    if (!isSetUp_ || (builtSize_ == bounds().size() && builtScale_ == look().contentsScale())) return;
     build();
     if (canRender_) cppSketch_->prepareForDrawing(canvas(), 0);
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 PBGLCanvas QVMSketchGLLayer::canvas() const {
@@ -56,7 +56,7 @@ PBGLCanvas QVMSketchGLLayer::canvas() const {
     if (row < PB_Parameters.size()) canvas.parameter = PB_Parameters[row];
     canvas.width = static_cast<float>(bounds().width);
     canvas.height = static_cast<float>(bounds().height);
-    canvas.scale = static_cast<float>(contentsScale());
+    canvas.scale = static_cast<float>(look().contentsScale());
     return canvas;
 }
 
@@ -74,7 +74,7 @@ Redraw QVMSketchGLLayer::prepareForDrawingWithDurationParameterSketch(float dura
     if (redraw == Redraw::no && canRender_) return Redraw::no;
     runOnMainQueueWithoutDeadlocking([this] {
         canRender_ = true;
-        setNeedsDisplay();
+        look().setNeedsDisplay();
     });
     return Redraw::yes;
 }
@@ -90,7 +90,7 @@ void QVMSketchGLLayer::draw(DrawingSurface& surface) const {
 void QVMSketchGLLayer::setShouldRender(bool shouldRender) {
     if (shouldRender_ == shouldRender) return;
     shouldRender_ = shouldRender;
-    setNeedsDisplay();
+    look().setNeedsDisplay();
 }
 
 void QVMSketchGLLayer::addParameterStates(const QVMParameterState* states) {

@@ -31,7 +31,7 @@ protected:
     }
     QVMVerticalSlider& slider() { return dynamic_cast<QVMVerticalSlider&>(*control(kTiltGain).primaryControl()); }
     std::string readout() { return slider().readout()->string().string(); }
-    Point handle() { return slider().convertToWindow(slider().readoutBulb()->position()); }
+    Point handle() { return slider().coordinates().toWindow(slider().readoutBulb()->position()); }
     void send(EventType type, Point at, std::uint32_t modifiers = 0, int clicks = 1) {
         Event event = mouseEvent(type, at, modifiers);
         event.clickCount = clicks;

@@ -41,7 +41,7 @@ public:
         if (const auto* shape = dynamic_cast<const ShapeLayer*>(&layer))
             addGround(own.apply(shape->path().bounds()), shape->fillColor(), seen);
         if (seen >= 1 && clip.contains(toRoot.apply(box).center())) note(layer, toRoot.apply(box));
-        for (const auto& sublayer : layer.sublayers())
+        for (const auto& sublayer : layer.tree().sublayers())
             walk(*sublayer,
                  boxToSuperBox(sublayer->presentation(), sublayer->anchorPoint(), layer.yAxis(), presented.bounds)
                      .then(toRoot),
@@ -71,8 +71,8 @@ private:
     }
     static bool isUnit(const TextRun& run) { return run.text >= icons::dbPerOctave && run.text <= icons::percent; }
     void note(const Layer& layer, const Rect& box) {
-        if (layer.contents() && layer.contentsTint().a > 0)
-            note(layer.name(), layer.contentsTint(), box.center(), minimumTextContrast);
+        if (layer.contents() && layer.look().contentsTint().a > 0)
+            note(layer.name(), layer.look().contentsTint(), box.center(), minimumTextContrast);
         const auto* text = dynamic_cast<const TextLayer*>(&layer);
         if (!text) return;
         constexpr double inside = 2;
@@ -169,7 +169,7 @@ TEST_P(EditorContrast, FindsATextThatCannotBeRead) {
     text->setName("faint");
     text->setFrame({100, 100, 60, 20});
     text->setString({"faint", QVMUITheme::unitFontOfSize(12), QVMUITheme::theme().backgroundColor});
-    ui_->clumpsView()->layer()->addSublayer(text);
+    ui_->clumpsView()->layer()->tree().add(text);
     const auto found = findings();
     const auto faint =
         std::find_if(found.begin(), found.end(), [](const auto& finding) { return finding.what == "faint \"faint\""; });

@@ -55,7 +55,7 @@ TEST_F(EditorSketchesTest, TheCurveStandsInTheBoxAndFollowsTheLayout) {
     EXPECT_EQ(sketches_.main()->frame(), EditorLayoutForAltFrame(QVMAltFrameNormal).sketchPlace);
     sketches_.assumeLayout(EditorLayoutForAltFrame(QVMAltFrameCompact));
     EXPECT_EQ(sketches_.main()->frame(), (Rect{0, 0, 200, 200}));
-    EXPECT_EQ(sketches_.main()->layer()->cornerRadius(), 0);
+    EXPECT_EQ(sketches_.main()->layer()->look().cornerRadius(), 0);
 }
 
 TEST_F(EditorSketchesTest, TheFirstPictureIsOfWhatTheControlsShow) {

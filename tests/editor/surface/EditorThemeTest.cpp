@@ -34,10 +34,10 @@ void collect(const Layer& layer, const std::string& above, std::vector<DrawnColo
         DrawnColor drawn{path + " " + what, color};
         if (all.empty() || all.back() != drawn) all.push_back(std::move(drawn)); // a text may have more runs or fewer
     };
-    add("background", layer.backgroundColor());
-    if (layer.borderWidth() > 0) add("border", layer.borderColor());
-    if (layer.shadow().opacity > 0) add("shadow", layer.shadow().color);
-    add("tint", layer.contentsTint());
+    add("background", layer.look().backgroundColor());
+    if (layer.look().borderWidth() > 0) add("border", layer.look().borderColor());
+    if (layer.look().shadow().opacity > 0) add("shadow", layer.look().shadow().color);
+    add("tint", layer.look().contentsTint());
     if (const auto* shape = dynamic_cast<const ShapeLayer*>(&layer)) {
         add("fill", shape->fillColor());
         add("stroke", shape->strokeColor());
@@ -45,7 +45,7 @@ void collect(const Layer& layer, const std::string& above, std::vector<DrawnColo
     if (text)
         for (const TextRun& run : text->string().runs)
             if (!run.text.empty()) add("text", run.color);
-    for (const auto& sublayer : layer.sublayers())
+    for (const auto& sublayer : layer.tree().sublayers())
         collect(*sublayer, path, all);
 }
 
@@ -161,12 +161,12 @@ protected:
         expectDrawnIn(label(p.labelInk), {"label:Slope tint"});
         expectDrawnIn(label(p.labelInk), {"mark -12 text"});
         expectDrawnIn(label(p.headingInk), {"label:FILTER tint"});
-        EXPECT_EQ(layerNamed(*ui_->layer(), "drawerBackdrop")->backgroundPattern(), theme.backgroundPattern);
-        EXPECT_EQ(layerNamed(*ui_->layer(), "advClumpsView")->backgroundPattern(), theme.backgroundPattern);
+        EXPECT_EQ(layerNamed(*ui_->layer(), "drawerBackdrop")->look().backgroundPattern(), theme.backgroundPattern);
+        EXPECT_EQ(layerNamed(*ui_->layer(), "advClumpsView")->look().backgroundPattern(), theme.backgroundPattern);
     }
     static const Layer* layerNamed(const Layer& layer, const std::string& name) {
         if (layer.name() == name) return &layer;
-        for (const auto& sublayer : layer.sublayers())
+        for (const auto& sublayer : layer.tree().sublayers())
             if (const Layer* found = layerNamed(*sublayer, name)) return found;
         return nullptr;
     }
@@ -261,11 +261,11 @@ TEST_F(EditorInGreen, NothingIsDrawnInAColourOfItsOwn) {
 TEST_F(EditorInGreen, FindsAColourOfItsOwn) {
     for (const Color color : {Color::white(1), Color::white(0, 0.3f), colorFromHex(0x71343A)}) {
         auto stranger = std::make_shared<Layer>();
-        stranger->setBackgroundColor(color);
+        stranger->look().setBackgroundColor(color);
         const std::size_t others = strangers().size();
-        ui_->layer()->addSublayer(stranger);
+        ui_->layer()->tree().add(stranger);
         EXPECT_EQ(strangers().size(), others + 1);
-        stranger->removeFromSuperlayer();
+        stranger->tree().removeFromSuperlayer();
     }
 }
 

@@ -20,7 +20,7 @@ protected:
             }
         }
     }
-    Point curve() const { return ui_->powerBox()->convertToWindow(Rect{10, 230, 20, 20}).center(); }
+    Point curve() const { return ui_->powerBox()->coordinates().toWindow(Rect{10, 230, 20, 20}).center(); }
     FrameButton& button() { return *ui_->frameButton(); }
 };
 

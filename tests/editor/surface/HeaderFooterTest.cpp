@@ -13,15 +13,15 @@ TEST(HeaderFooter, AHeaderEndsInADividerBelowIt) {
     Layer strip;
     QVMFillGenericHeaderFooterOnEdge(strip, area, QVMEdge::top, 30);
     EXPECT_EQ(strip.frame(), (Rect{10, 20, 200, 30}));
-    ASSERT_EQ(strip.sublayers().size(), 1u);
-    EXPECT_EQ(strip.sublayers().front()->frame(), (Rect{0, 29, 200, 1}));
+    ASSERT_EQ(strip.tree().sublayers().size(), 1u);
+    EXPECT_EQ(strip.tree().sublayers().front()->frame(), (Rect{0, 29, 200, 1}));
 }
 
 TEST(HeaderFooter, AFooterEndsInADividerAboveIt) {
     Layer strip;
     QVMFillGenericHeaderFooterOnEdge(strip, area, QVMEdge::bottom, 30);
     EXPECT_EQ(strip.frame(), (Rect{10, 310, 200, 30}));
-    EXPECT_EQ(strip.sublayers().front()->frame(), (Rect{0, 0, 200, 1}));
+    EXPECT_EQ(strip.tree().sublayers().front()->frame(), (Rect{0, 0, 200, 1}));
 }
 
 TEST(HeaderFooter, OneAtASideEndsInADividerOnItsInnerSide) {
@@ -29,20 +29,20 @@ TEST(HeaderFooter, OneAtASideEndsInADividerOnItsInnerSide) {
     QVMFillGenericHeaderFooterOnEdge(left, area, QVMEdge::left, 30);
     QVMFillGenericHeaderFooterOnEdge(right, area, QVMEdge::right, 30);
     EXPECT_EQ(left.frame(), (Rect{10, 20, 30, 320}));
-    EXPECT_EQ(left.sublayers().front()->frame(), (Rect{29, 0, 1, 320}));
+    EXPECT_EQ(left.tree().sublayers().front()->frame(), (Rect{29, 0, 1, 320}));
     EXPECT_EQ(right.frame(), (Rect{180, 20, 30, 320}));
-    EXPECT_EQ(right.sublayers().front()->frame(), (Rect{0, 0, 1, 320}));
+    EXPECT_EQ(right.tree().sublayers().front()->frame(), (Rect{0, 0, 1, 320}));
 }
 
 TEST(HeaderFooter, FilledAgainItTakesTheThemesColoursAndNoSecondDivider) {
     Layer strip;
     QVMFillGenericHeaderFooterOnEdge(strip, area, QVMEdge::top, 30);
-    EXPECT_EQ(strip.backgroundColor(), QVMUITheme::light().palette.sidePanel);
+    EXPECT_EQ(strip.look().backgroundColor(), QVMUITheme::light().palette.sidePanel);
     const ScopedTheme dark(QVMUITheme::dark());
     QVMFillGenericHeaderFooterOnEdge(strip, area, QVMEdge::top, 30);
-    EXPECT_EQ(strip.backgroundColor(), QVMUITheme::dark().palette.sidePanel);
-    ASSERT_EQ(strip.sublayers().size(), 1u);
-    EXPECT_EQ(strip.sublayers().front()->backgroundColor(), QVMUITheme::dark().interiorBorderColor);
+    EXPECT_EQ(strip.look().backgroundColor(), QVMUITheme::dark().palette.sidePanel);
+    ASSERT_EQ(strip.tree().sublayers().size(), 1u);
+    EXPECT_EQ(strip.tree().sublayers().front()->look().backgroundColor(), QVMUITheme::dark().interiorBorderColor);
 }
 
 } // namespace

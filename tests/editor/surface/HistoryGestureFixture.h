@@ -15,7 +15,7 @@ protected:
 
     Point handleOf(std::uint32_t pid) {
         const auto& slider = dynamic_cast<QVMVerticalSlider&>(*control(pid).primaryControl());
-        return slider.convertToWindow(slider.readoutBulb()->position());
+        return slider.coordinates().toWindow(slider.readoutBulb()->position());
     }
     void down(Point at, std::uint32_t modifiers = 0) {
         window_.sendEvent(mouseEvent(EventType::mouseDown, at, modifiers));

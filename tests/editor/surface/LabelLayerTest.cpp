@@ -16,7 +16,7 @@ TEST(LabelLayer, ShowsThePictureInTheGivenColour) {
     LabelLayer label(content(GetClump(1)->label, "TILT"));
     label.setColor({1, 0, 0, 1});
     EXPECT_TRUE(label.layer()->contents());
-    EXPECT_EQ(label.layer()->contentsTint(), (Color{1, 0, 0, 1}));
+    EXPECT_EQ(label.layer()->look().contentsTint(), (Color{1, 0, 0, 1}));
 }
 
 TEST(LabelLayer, FallsBackToTextInCapitals) {

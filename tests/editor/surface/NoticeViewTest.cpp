@@ -13,7 +13,7 @@ class NoticeViewTest : public testing::Test {
 protected:
     NoticeViewTest() { notice_.placeIn({0, 30, 418, 290}); }
     const TextLayer& text(std::size_t index) const {
-        return dynamic_cast<const TextLayer&>(*notice_.layer()->sublayers().at(index));
+        return dynamic_cast<const TextLayer&>(*notice_.layer()->tree().sublayers().at(index));
     }
 
     VirtualTime time_;

@@ -38,14 +38,14 @@ protected:
         window_.sendEvent(scroll);
     }
     const Layer& mark(const char* name) {
-        for (const auto& sublayer : outline_->layer()->sublayers().front()->sublayers())
+        for (const auto& sublayer : outline_->layer()->tree().sublayers().front()->tree().sublayers())
             if (sublayer->name() == name) return *sublayer;
         ADD_FAILURE() << "no layer " << name;
         return *outline_->layer();
     }
 
     Color colorOf(const std::string& words) {
-        for (const auto& sublayer : outline_->layer()->sublayers().front()->sublayers()) {
+        for (const auto& sublayer : outline_->layer()->tree().sublayers().front()->tree().sublayers()) {
             const auto* text = dynamic_cast<const TextLayer*>(sublayer.get());
             if (text && text->string().string() == words) return text->string().runs.front().color;
         }

@@ -23,7 +23,7 @@ protected:
     void press(const View& view, int clickCount = 1) {
         Event event;
         event.type = EventType::mouseDown;
-        event.locationInWindow = view.convertToWindow(view.bounds()).center();
+        event.locationInWindow = view.coordinates().toWindow(view.bounds()).center();
         event.clickCount = clickCount;
         window_.sendEvent(event);
         event.type = EventType::mouseUp;
@@ -69,10 +69,10 @@ TEST_F(QVMABControlTest, TheIndicatorMovesAtOnceOrGlides) {
     const Rect atA = ab_->indicator()->frame();
     ab_->updatePositionAnimated(1, Animate::no);
     EXPECT_GT(ab_->indicator()->frame().minX(), atA.maxX());
-    EXPECT_FALSE(ab_->indicator()->isAnimating());
+    EXPECT_FALSE(ab_->indicator()->animations().isRunning());
     ab_->updatePositionAnimated(0, Animate::yes);
     EXPECT_EQ(ab_->indicator()->frame(), atA);
-    EXPECT_TRUE(ab_->indicator()->isAnimating("position"));
+    EXPECT_TRUE(ab_->indicator()->animations().isRunning("position"));
     EXPECT_TRUE(ab_->box()->frame().contains(atA));
 }
 
@@ -84,18 +84,18 @@ TEST_F(QVMABControlTest, TheArrowPointsToTheOtherSide) {
 }
 
 TEST_F(QVMABControlTest, TheIndicatorIsADiscInTheBox) {
-    EXPECT_EQ(ab_->box()->cornerRadius(), ab_->box()->frame().height / 2);
+    EXPECT_EQ(ab_->box()->look().cornerRadius(), ab_->box()->frame().height / 2);
     for (const std::uint32_t position : {0u, 1u}) {
         ab_->updatePositionAnimated(position, Animate::no);
         const Rect disc = ab_->indicator()->frame();
         EXPECT_EQ(disc.width, disc.height);
-        EXPECT_EQ(ab_->indicator()->cornerRadius(), disc.height / 2);
+        EXPECT_EQ(ab_->indicator()->look().cornerRadius(), disc.height / 2);
         EXPECT_TRUE(ab_->box()->frame().contains(disc));
     }
 }
 
 TEST_F(QVMABControlTest, ShowsKeyboardFocus) {
-    const auto border = ab_->layer()->sublayers()[2];
+    const auto border = ab_->layer()->tree().sublayers()[2];
     EXPECT_EQ(border->opacity(), 0);
     ab_->setFocused(true);
     EXPECT_TRUE(ab_->focused());

@@ -81,7 +81,7 @@ TEST_F(QVMClumpViewTest, FiveControlsFadeFiftiethsOfASecondApart) {
     for (const std::uint32_t pid : pids)
         addControl(*view, pid);
     const auto delayOf = [&](std::size_t i) {
-        const BasicAnimation* fade = view->parameterControls().at(i)->layer()->animationForKey("dimRipple");
+        const BasicAnimation* fade = view->parameterControls().at(i)->layer()->animations().find("dimRipple");
         return fade ? fade->beginDelay : 0;
     };
     view->setDimmedDelayPriority(true, 0, 5);

@@ -11,7 +11,7 @@ class QVMClumpsViewTest : public testing::Test {
 protected:
     static std::vector<const Layer*> layersNamed(const QVMClumpsView& view, const std::string& name) {
         std::vector<const Layer*> found;
-        for (const auto& sublayer : view.layer()->sublayers())
+        for (const auto& sublayer : view.layer()->tree().sublayers())
             if (sublayer->name() == name) found.push_back(sublayer.get());
         return found;
     }
@@ -24,8 +24,8 @@ TEST_F(QVMClumpsViewTest, APanelLiesUnderEachClump) {
     const QVMClumpsView view(frame_, *config_);
     ASSERT_EQ(layersNamed(view, "panel:Tilt").size(), 1u);
     EXPECT_EQ(layersNamed(view, "panel:Tilt").front()->frame(), (Rect{0, 0, 321, 174}));
-    EXPECT_EQ(layersNamed(view, "panel:Output").front()->backgroundColor(), QVMPalette::light().sidePanel);
-    EXPECT_FALSE(view.layer()->backgroundPattern()) << "only drawers have one";
+    EXPECT_EQ(layersNamed(view, "panel:Output").front()->look().backgroundColor(), QVMPalette::light().sidePanel);
+    EXPECT_FALSE(view.layer()->look().backgroundPattern()) << "only drawers have one";
     EXPECT_FALSE(view.advanced());
 }
 
@@ -34,7 +34,7 @@ TEST_F(QVMClumpsViewTest, LinesPartThePanels) {
     const auto dividers = layersNamed(view, "divider");
     ASSERT_EQ(dividers.size(), 3u);
     EXPECT_EQ(dividers[1]->frame(), (Rect{0, 174, 321, 1})); // between tilt and filter
-    EXPECT_EQ(dividers[1]->backgroundColor(), QVMUITheme::light().interiorBorderColor);
+    EXPECT_EQ(dividers[1]->look().backgroundColor(), QVMUITheme::light().interiorBorderColor);
 }
 
 TEST_F(QVMClumpsViewTest, InsetsCutThePanelsAndLeaveTheLines) {
@@ -49,34 +49,34 @@ TEST_F(QVMClumpsViewTest, InsetsCutThePanelsAndLeaveTheLines) {
 TEST_F(QVMClumpsViewTest, TheAdvancedAreaIsADrawersGroundWithAHeaderAndABanner) {
     const QVMClumpsView view({480, 0, 200, 320}, *config_, ClumpsArea::advanced);
     EXPECT_TRUE(view.advanced());
-    EXPECT_EQ(view.layer()->backgroundColor(), QVMPalette::light().drawer);
-    EXPECT_EQ(view.layer()->backgroundPattern(), QVMUITheme::light().backgroundPattern);
-    ASSERT_EQ(view.layer()->sublayers().size(), 3u); // the header, the banner in it, and a line along the top
+    EXPECT_EQ(view.layer()->look().backgroundColor(), QVMPalette::light().drawer);
+    EXPECT_EQ(view.layer()->look().backgroundPattern(), QVMUITheme::light().backgroundPattern);
+    ASSERT_EQ(view.layer()->tree().sublayers().size(), 3u); // the header, the banner in it, and a line along the top
     const Layer* header = layersNamed(view, "header").front();
     EXPECT_EQ(header->frame(), (Rect{0, 0, 200, 30}));
-    EXPECT_EQ(header->backgroundColor(), QVMPalette::light().sidePanel);
+    EXPECT_EQ(header->look().backgroundColor(), QVMPalette::light().sidePanel);
     EXPECT_EQ(layersNamed(view, "divider").front()->frame(), (Rect{0, 0, 200, 1}));
     EXPECT_EQ(layersNamed(view, "label:").front()->frame(), (Rect{0, 0, 200, 30}));
 }
 
 TEST_F(QVMClumpsViewTest, ALineAroundItIsDrawnOnlyWhenItIsWanted) {
     QVMClumpsView view(frame_, *config_);
-    EXPECT_EQ(view.layer()->borderWidth(), 0);
+    EXPECT_EQ(view.layer()->look().borderWidth(), 0);
     view.setDrawOutsideBorder(true);
     EXPECT_TRUE(view.drawOutsideBorder());
-    EXPECT_EQ(view.layer()->borderWidth(), 1);
+    EXPECT_EQ(view.layer()->look().borderWidth(), 1);
 }
 
 TEST_F(QVMClumpsViewTest, FollowsTheTheme) {
     Window window;
     QVMClumpsView& view = window.setContentView(std::make_unique<QVMClumpsView>(frame_, *config_));
     QVMUITheme::toggleThemeForWindow(&window);
-    EXPECT_EQ(view.layer()->backgroundColor(), QVMUITheme::dark().backgroundColor);
-    EXPECT_EQ(layersNamed(view, "panel:Tilt").front()->backgroundColor(), QVMUITheme::dark().backgroundColor);
-    EXPECT_EQ(layersNamed(view, "panel:Output").front()->backgroundColor(), QVMPalette::dark().sidePanel);
-    EXPECT_EQ(layersNamed(view, "divider").front()->backgroundColor(), QVMUITheme::dark().interiorBorderColor);
+    EXPECT_EQ(view.layer()->look().backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(layersNamed(view, "panel:Tilt").front()->look().backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(layersNamed(view, "panel:Output").front()->look().backgroundColor(), QVMPalette::dark().sidePanel);
+    EXPECT_EQ(layersNamed(view, "divider").front()->look().backgroundColor(), QVMUITheme::dark().interiorBorderColor);
     QVMUITheme::toggleThemeForWindow(&window);
-    EXPECT_EQ(view.layer()->backgroundColor(), QVMUITheme::light().backgroundColor);
+    EXPECT_EQ(view.layer()->look().backgroundColor(), QVMUITheme::light().backgroundColor);
 }
 
 } // namespace

@@ -71,24 +71,24 @@ TEST_F(QVMDrawerViewTest, WithAnimationItFadesAndThenGoesAway) {
     drawer_->toggleVisibility();
     EXPECT_EQ(drawer_->layer()->presentation().opacity, 0);
     time_.advance(1);
-    drawer_->layer()->finishAnimations(RunLoop::main().now());
+    drawer_->layer()->animations().finish(RunLoop::main().now());
     EXPECT_EQ(drawer_->layer()->presentation().opacity, 1);
     drawer_->toggleVisibility();
     EXPECT_TRUE(isInView()); // still to be seen
     time_.advance(1);
-    drawer_->layer()->finishAnimations(RunLoop::main().now());
+    drawer_->layer()->animations().finish(RunLoop::main().now());
     EXPECT_FALSE(isInView());
 }
 
 TEST_F(QVMDrawerViewTest, OpeningItAgainInMidFadeLeavesItOpen) {
     drawer_->toggleVisibility();
     time_.advance(1);
-    drawer_->layer()->finishAnimations(RunLoop::main().now());
+    drawer_->layer()->animations().finish(RunLoop::main().now());
     drawer_->toggleVisibility();
     time_.advance(0.1);
     drawer_->toggleVisibility();
     time_.advance(1);
-    drawer_->layer()->finishAnimations(RunLoop::main().now());
+    drawer_->layer()->animations().finish(RunLoop::main().now());
     EXPECT_TRUE(drawer_->visible());
     EXPECT_TRUE(isInView());
 }
@@ -100,7 +100,7 @@ TEST_F(QVMDrawerViewTest, AFadeOfTheOwnersIsLeftToEndWhereItIs) {
     fadeOut.keyPath = "opacity";
     fadeOut.fromValue = 1.0;
     fadeOut.toValue = 0.0;
-    drawer_->layer()->addAnimation(fadeOut, "fadeOut");
+    drawer_->layer()->animations().add(fadeOut, "fadeOut");
     drawer_->toggleVisibility();
     EXPECT_FALSE(drawer_->visible());
     EXPECT_TRUE(isInView());
@@ -141,9 +141,9 @@ TEST_F(QVMDrawerViewTest, TakesNoClicksWhileItFadesAway) {
 
 TEST_F(QVMDrawerViewTest, DrawsTheThemesPatternWhenToldTo) {
     drawer_->setDrawsPatternedBackground(true);
-    EXPECT_EQ(drawer_->layer()->backgroundPattern(), QVMUITheme::theme().backgroundPattern);
+    EXPECT_EQ(drawer_->layer()->look().backgroundPattern(), QVMUITheme::theme().backgroundPattern);
     drawer_->setDrawsPatternedBackground(false);
-    EXPECT_EQ(drawer_->layer()->backgroundPattern(), nullptr);
+    EXPECT_EQ(drawer_->layer()->look().backgroundPattern(), nullptr);
 }
 
 } // namespace

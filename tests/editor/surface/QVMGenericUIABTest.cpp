@@ -66,7 +66,7 @@ TEST_F(QVMGenericUIAB, TheArrowCopiesToTheOtherSideAndGoesThere) {
     delegate_.sent.clear();
     click(middleOf(ab().arrow()));
     EXPECT_EQ(ui_->abState(), 1u);
-    EXPECT_TRUE(ab().indicator()->isAnimating("position"));
+    EXPECT_TRUE(ab().indicator()->animations().isRunning("position"));
     EXPECT_THAT(delegate_.sent, IsEmpty()); // both sides are the same now
     change(pidTiltGain, -3);
     tap(ab().a());
@@ -101,13 +101,13 @@ TEST_F(QVMGenericUIAB, UndoAcrossASwitchComesBackToThatSidesPreset) {
     settle();
     EXPECT_EQ(ui_->currentPreset(), 8u);
     EXPECT_EQ(ui_->abState(), 0u);
-    EXPECT_FALSE(ab().indicator()->isAnimating());
+    EXPECT_FALSE(ab().indicator()->animations().isRunning());
     EXPECT_FALSE(ui_->presetBar()->dirty());
 }
 
 TEST_F(QVMGenericUIAB, ALetterMovesTheIndicatorAtOnce) {
     click(middleOf(ab().b()));
-    EXPECT_FALSE(ab().indicator()->isAnimating());
+    EXPECT_FALSE(ab().indicator()->animations().isRunning());
 }
 
 TEST_F(QVMGenericUIAB, TheSideThatIsLeftIsHandedOutForSaving) {

@@ -35,7 +35,7 @@ TEST_F(QVMGenericUIDamage, ALevelDamagesTheTrackOnly) {
     object().levelMeter()->channel(0).level = -6;
     const RenderStatistics& statistics = drawFrame();
     EXPECT_THAT(statistics.rasterised, ElementsAre("sketch"));
-    const Rect track = gainSlider().convertToWindow(gainSlider().trackRect());
+    const Rect track = gainSlider().coordinates().toWindow(gainSlider().trackRect());
     ASSERT_FALSE(statistics.damage.empty());
     for (const Rect& damaged : statistics.damage)
         EXPECT_TRUE(track.contains(damaged));
@@ -46,19 +46,19 @@ TEST_F(QVMGenericUIDamage, AGlideDamagesTheCurveAndTheHandleOnly) {
     delegate_.unit[1] = 6;
     const RenderStatistics& statistics = drawFrame();
     EXPECT_THAT(statistics.rasterised, Contains("sketch"));
-    const Rect gain = control(pidTiltGain).convertToWindow(control(pidTiltGain).bounds());
-    const Rect curve = sketch().convertToWindow(sketch().bounds());
+    const Rect gain = control(pidTiltGain).coordinates().toWindow(control(pidTiltGain).bounds());
+    const Rect curve = sketch().coordinates().toWindow(sketch().bounds());
     for (const Rect& damaged : statistics.damage)
         EXPECT_TRUE(curve.contains(damaged) || gain.insetBy(-8, -8).contains(damaged));
 }
 
 TEST_F(QVMGenericUIDamage, ADragOfTheTiltGainRedrawsItsSliderAndTheCurveAndNothingElse) {
     auto& slider = dynamic_cast<QVMVerticalSlider&>(*control(pidTiltGain).primaryControl());
-    Point at = slider.convertToWindow(slider.readoutBulb()->position());
+    Point at = slider.coordinates().toWindow(slider.readoutBulb()->position());
     window_.sendEvent(mouseEvent(EventType::mouseDown, at));
     drawAtRest(); // the focus has come
-    const Rect gain = control(pidTiltGain).convertToWindow(control(pidTiltGain).bounds()).insetBy(-8, -8);
-    const Rect curve = sketch().convertToWindow(sketch().bounds());
+    const Rect gain = control(pidTiltGain).coordinates().toWindow(control(pidTiltGain).bounds()).insetBy(-8, -8);
+    const Rect curve = sketch().coordinates().toWindow(sketch().bounds());
     int inSlider = 0, inCurve = 0;
     for (int step = 0; step < 20; ++step) {
         at.x += 4;

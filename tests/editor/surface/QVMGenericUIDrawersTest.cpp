@@ -48,9 +48,9 @@ TEST_F(QVMGenericUIDrawers, TheClumpsShrinkToAMiniatureBehindThePresets) {
     ui_->toggleDrawerForce(presets(), false);
     EXPECT_TRUE(presets().visible());
     EXPECT_EQ(presets().frame(), (Rect{0, 30, 418, 290}));
-    ASSERT_TRUE(presets().layer()->animationForKey("fadeIn"));
-    EXPECT_EQ(presets().layer()->animationForKey("fadeIn")->duration, 0.25);
-    EXPECT_EQ(ui_->clumpsView()->layer()->animationForKey("transform")->duration, 0.2);
+    ASSERT_TRUE(presets().layer()->animations().find("fadeIn"));
+    EXPECT_EQ(presets().layer()->animations().find("fadeIn")->duration, 0.25);
+    EXPECT_EQ(ui_->clumpsView()->layer()->animations().find("transform")->duration, 0.2);
     drawFor(0.1);
     EXPECT_GT(miniature().a, 0.5);
     EXPECT_LT(miniature().a, 1);
@@ -67,9 +67,9 @@ TEST_F(QVMGenericUIDrawers, ClosingBringsTheClumpsBackAndThenShiftsTheDrawerAway
     window_.makeFirstResponder(nullptr);
     ui_->toggleDrawerForce(presets(), false);
     EXPECT_FALSE(presets().visible());
-    ASSERT_TRUE(presets().layer()->animationForKey("fadeOut"));
-    EXPECT_EQ(presets().layer()->animationForKey("fadeOut")->duration, 0.3);
-    EXPECT_EQ(ui_->clumpsView()->layer()->animationForKey("transform")->duration, 0.25);
+    ASSERT_TRUE(presets().layer()->animations().find("fadeOut"));
+    EXPECT_EQ(presets().layer()->animations().find("fadeOut")->duration, 0.3);
+    EXPECT_EQ(ui_->clumpsView()->layer()->animations().find("transform")->duration, 0.25);
     EXPECT_EQ(window_.firstResponder(), ui_);
     drawFor(0.27);
     EXPECT_TRUE(miniature().isIdentity());
@@ -217,7 +217,7 @@ TEST_F(QVMGenericUIDrawers, AClosedEditorInMidTransitionLeavesNothingBehind) {
     ui_->toggleFrame(); // waits for the presets drawer's end
     ui_->toggleDrawerForce(other, false);
     drawFor(0.1);
-    ASSERT_TRUE(presets().layer()->animationForKey("fadeOut"));
+    ASSERT_TRUE(presets().layer()->animations().find("fadeOut"));
     ASSERT_NE(RunLoop::main().nextDue(), std::nullopt);
     const std::weak_ptr<Layer> drawer = presets().layer(), waiting = other.layer(), clumps = ui_->clumpsView()->layer();
     renderer_.setRootLayer(nullptr);

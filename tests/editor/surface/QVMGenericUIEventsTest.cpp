@@ -59,7 +59,8 @@ TEST_F(QVMGenericUIEvents, ADragOfARangesBandIsOneGestureOfEachEnd) {
 
 TEST_F(QVMGenericUIEvents, APressBesideARangesBandIsOneGestureOfEachEndAndJumpsNeither) {
     narrowTheBand();
-    const Rect strip = control(pidTiltRangeHigh).range()->convertToWindow(control(pidTiltRangeHigh).range()->bounds());
+    const Rect strip =
+        control(pidTiltRangeHigh).range()->coordinates().toWindow(control(pidTiltRangeHigh).range()->bounds());
     for (const double x : {strip.minX() + 10, strip.minX() + 45, strip.maxX() - 45}) {
         delegate_.calls.clear();
         const float low = memoized(pidTiltRangeLow), high = memoized(pidTiltRangeHigh);

@@ -17,7 +17,7 @@ TEST_F(QVMGenericUIHistory, TheSidesOfTheComparisonAreTwoStates) {
     EXPECT_EQ(stack().stack().size(), 2u) << "with the same values";
     ui_->keyboard().keyboardShortcutUndo();
     EXPECT_EQ(ui_->abState(), 0u);
-    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
+    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->animations().isRunning());
 }
 
 TEST_F(QVMGenericUIHistory, ThePresetFollowsUndoAndRedo) {
@@ -97,7 +97,7 @@ TEST_F(QVMGenericUIHistory, RestoringASlotMakesTheOtherOneActiveAndAppliesNothin
     ui_->restoreABStateSettings(0, "1;6.5;30");
     EXPECT_EQ(ui_->abState(), 1u);
     EXPECT_EQ(ui_->presetBar()->ab().position(), 1u);
-    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->isAnimating());
+    EXPECT_FALSE(ui_->presetBar()->ab().indicator()->animations().isRunning());
     EXPECT_EQ(memoized(pidTiltGain), 0);
     EXPECT_THAT(delegate_.calls, IsEmpty());
     ui_->restoreABStateSettings(2, "1;2");

@@ -55,7 +55,7 @@ TEST_F(QVMGenericUIHistoryGestures, AgreesWithASimpleModelOverRandomGestures) {
             break;
         }
         case 4: // the next preset
-            click(ui_->presetBar()->convertToWindow(Point{320, 15}));
+            click(ui_->presetBar()->coordinates().toWindow(Point{320, 15}));
             break;
         case 5: // the other side
             click(middleOf(random() % 2 ? ui_->presetBar()->ab().b() : ui_->presetBar()->ab().arrow()));

@@ -82,7 +82,7 @@ TEST_F(QVMGenericUIKeyMenu, OpensBelowTheControlWithTheFocus) {
     for (const auto& [code, modifiers] : {std::pair{Key::codeMenu, 0U}, {Key::codeF10, EventModifier::shift}}) {
         ASSERT_TRUE(opens(code, modifiers)) << code;
         EXPECT_EQ(host_.menu->title, "Output Gain");
-        const Rect frame = control(pidOutputGain).convertToWindow(control(pidOutputGain).bounds());
+        const Rect frame = control(pidOutputGain).coordinates().toWindow(control(pidOutputGain).bounds());
         EXPECT_EQ(host_.at, (Point{frame.minX(), frame.maxY()}));
         EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
         EXPECT_EQ(ui_->focusedControl(), &control(pidOutputGain)) << "and leaves it there";

@@ -157,8 +157,8 @@ protected:
     }
     void addStray() {
         stray_ = std::make_shared<Layer>();
-        ui_->layer()->addSublayer(stray_);
-        stray_->setContentsScale(1);
+        ui_->layer()->tree().add(stray_);
+        stray_->look().setContentsScale(1);
     }
     std::shared_ptr<Layer> stray_;
 };
@@ -167,26 +167,26 @@ TEST_F(QVMGenericUIScale, IsGivenToEveryLayerAThirdOfASecondAfterTheSetup) {
     build(QVMConfig::inlinedConfig());
     addStray();
     time_.advance(0.34);
-    EXPECT_EQ(stray_->contentsScale(), 1);
+    EXPECT_EQ(stray_->look().contentsScale(), 1);
     time_.advance(0.02);
-    EXPECT_EQ(stray_->contentsScale(), 2);
+    EXPECT_EQ(stray_->look().contentsScale(), 2);
 }
 
 TEST_F(QVMGenericUIScale, IsGivenToEveryLayerWithALayoutWhenItHasChanged) {
     ui_->assumeAltFrameScaleChanged(QVMAltFrameDoubleWide, false);
-    EXPECT_EQ(stray_->contentsScale(), 1);
+    EXPECT_EQ(stray_->look().contentsScale(), 1);
     ui_->assumeAltFrameScaleChanged(QVMAltFrameNormal, true);
-    EXPECT_EQ(stray_->contentsScale(), 2);
+    EXPECT_EQ(stray_->look().contentsScale(), 2);
 }
 
 TEST_F(QVMGenericUILayout, TheWindowsScaleReachesEveryLayer) {
     window_.setBackingScaleFactor(2);
     auto stray = std::make_shared<Layer>();
-    ui_->layer()->addSublayer(stray);
-    stray->setContentsScale(1);
+    ui_->layer()->tree().add(stray);
+    stray->look().setContentsScale(1);
     ui_->setBackingScaleOnViewRecursively(*ui_);
-    EXPECT_EQ(stray->contentsScale(), 2);
-    EXPECT_EQ(ui_->powerBox()->logoStamp().layer()->contentsScale(), 2);
+    EXPECT_EQ(stray->look().contentsScale(), 2);
+    EXPECT_EQ(ui_->powerBox()->logoStamp().layer()->look().contentsScale(), 2);
 }
 
 } // namespace

@@ -50,7 +50,7 @@ TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
 
 TEST_F(QVMGenericUIMenu, OverOutputChoosesWhatTheMeterShows) {
     const QVMClumpView& output = *ui_->clumpViewWithCodename("Output");
-    const Point heading = output.convertToWindow(Point{output.bounds().midX(), 4});
+    const Point heading = output.coordinates().toWindow(Point{output.bounds().midX(), 4});
     for (const Point at : {heading, middleOf(control(pidTiltLoudnessMode)), middleOf(control(pidOutputGain))}) {
         const auto menu = menuAt(at);
         const MenuItem& modes = itemNamed(*menu, "Meter Mode");

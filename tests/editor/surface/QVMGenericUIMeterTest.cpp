@@ -31,7 +31,7 @@ TEST_F(QVMGenericUIMeter, TheMeterStandsOverTheGainSliderWhereItsSketchSays) {
     EXPECT_EQ(object().refCount, 2u);
     ASSERT_NE(object().levelMeter(), nullptr);
     const PBRect& outer = PB_Sketches[1].outer;
-    const Rect inClumps = meter().convertToWindow(meter().bounds()).offsetBy(0, -ui_->clumpsView()->frame().y);
+    const Rect inClumps = meter().coordinates().toWindow(meter().bounds()).offsetBy(0, -ui_->clumpsView()->frame().y);
     EXPECT_EQ(inClumps, (Rect{outer.x, outer.y, outer.w, outer.h}));
 }
 
@@ -59,10 +59,10 @@ TEST_F(QVMGenericUIMeter, ALevelEndsAtTheMiddleOfTheHandleOfAsMuchGain) {
 }
 
 TEST_F(QVMGenericUIMeter, TheMeterIsBelowTheHandleAndAboveTheGroove) {
-    const auto& layers = gainSlider().layer()->sublayers();
+    const auto& layers = gainSlider().layer()->tree().sublayers();
     const auto indexOf = [&](const Layer* layer) {
-        while (layer && layer->superlayer() != gainSlider().layer().get())
-            layer = layer->superlayer();
+        while (layer && layer->tree().superlayer() != gainSlider().layer().get())
+            layer = layer->tree().superlayer();
         const auto found = std::find_if(layers.begin(), layers.end(), [&](const auto& l) { return l.get() == layer; });
         return found - layers.begin();
     };
@@ -78,7 +78,7 @@ TEST_F(QVMGenericUIMeter, TheMetersBarsAreBlackAndStandOutInBothThemes) {
             EXPECT_EQ(levels.channel(i).colourEmpty, (Color{0, 0, 0, alpha}));
             EXPECT_EQ(levels.channel(i).colourFull, (Color{0, 0, 0, alpha}));
             EXPECT_EQ(levels.channel(i).colourClip, (Color{1, 0, 0, alpha}));
-            const Color groove = gainSlider().background()->backgroundColor();
+            const Color groove = gainSlider().background()->look().backgroundColor();
             const Color panel = QVMUITheme::theme().palette.sidePanel;
             EXPECT_GT(contrastRatio(composite(levels.barColour(i), groove), groove), i == 0 ? 1.6 : 2.9);
             EXPECT_GT(contrastRatio(groove, panel), 1.2) << "the groove shows, too";

@@ -88,7 +88,7 @@ TEST_F(QVMGenericUIPresetNames, ANameThatNoPresetHasCannotBeChosen) {
 }
 
 TEST_F(QVMGenericUIPresetNames, AnArrowInTheBarAppliesTheNextPresetAndTakesTheFocus) {
-    const Point rightArrow = ui_->presetBar()->convertToWindow(Point{320, 15});
+    const Point rightArrow = ui_->presetBar()->coordinates().toWindow(Point{320, 15});
     click(rightArrow);
     EXPECT_EQ(ui_->currentPreset(), 1u);
     EXPECT_EQ(memoized(pidTiltGain), 6);
@@ -116,7 +116,7 @@ TEST_F(QVMGenericUIPresetNames, AClickOnTheNameOpensTheListAndSetsNothingWhateve
 TEST_F(QVMGenericUIPresetNames, AnArrowWithAltStepsToTheNextPresetAndNotToTheFirst) {
     ui_->requestPresetNamed("Air");
     settle();
-    click(ui_->presetBar()->convertToWindow(Point{320, 15}), EventModifier::option);
+    click(ui_->presetBar()->coordinates().toWindow(Point{320, 15}), EventModifier::option);
     EXPECT_EQ(ui_->currentPreset(), 9u);
 }
 

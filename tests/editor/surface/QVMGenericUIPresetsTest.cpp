@@ -172,7 +172,7 @@ TEST_F(QVMGenericUIPresets, ChoosingAPresetIsOneUndoStep) {
 
 TEST_F(QVMGenericUIPresets, AChosenPresetIsNoGestureOfThePowerSwitch) {
     ui_->requestPresetNamed("Air");
-    click(ui_->presetBar()->convertToWindow(Point{320, 15}));
+    click(ui_->presetBar()->coordinates().toWindow(Point{320, 15}));
     EXPECT_EQ(ui_->interactionState(pidMasterOnOff), QVMInteractionDiscrete);
     for (const std::string& call : delegate_.calls)
         EXPECT_TRUE(call.starts_with("updated") || call.starts_with("preset")) << call;

@@ -72,7 +72,7 @@ TEST_F(QVMGenericUISideEffects, PowerOffRipplesThroughTheControlsOfEachClump) {
         const std::vector<QVMParameterControl*> controls = ui_->clumpViewWithCodename(clump)->parameterControls();
         ASSERT_GE(controls.size(), 2u) << clump;
         for (std::size_t i = 1; i < controls.size(); ++i) {
-            const BasicAnimation* fade = controls[i]->layer()->animationForKey("dimRipple");
+            const BasicAnimation* fade = controls[i]->layer()->animations().find("dimRipple");
             ASSERT_NE(fade, nullptr) << clump << ' ' << i;
             EXPECT_DOUBLE_EQ(fade->beginDelay, 0.02 * static_cast<double>(i)) << clump << ' ' << i;
         }

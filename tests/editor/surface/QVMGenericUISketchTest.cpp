@@ -81,8 +81,8 @@ TEST_F(QVMGenericUISketch, AnEditorThatOpensInTheCompactFormHasTheCurveFillIt) {
 
 TEST_F(QVMGenericUISketch, FollowsTheWindowsScale) {
     window_.setBackingScaleFactor(2);
-    EXPECT_EQ(sketch().glSketch()->contentsScale(), 2);
-    EXPECT_EQ(meter().glSketch()->contentsScale(), 2);
+    EXPECT_EQ(sketch().glSketch()->look().contentsScale(), 2);
+    EXPECT_EQ(meter().glSketch()->look().contentsScale(), 2);
     EXPECT_EQ(object().responseDisplay().canvas().scale, 2);
     EXPECT_EQ(object().refCount, 2u);
 }
@@ -151,7 +151,7 @@ TEST_F(QVMGenericUISketch, ComesWhateverWasClickedBefore) {
         EXPECT_EQ(sketch().focusedPid(), -1) << name;
     }
     openAnew();
-    click(ui_->presetBar()->convertToWindow(Point{320, 15})); // an arrow beside the preset's name
+    click(ui_->presetBar()->coordinates().toWindow(Point{320, 15})); // an arrow beside the preset's name
     ASSERT_EQ(ui_->focusedControl(), ui_->presetBar()->presetControl());
     time_.advance(0.6);
     EXPECT_EQ(sketch().focusedPid(), -1) << "the preset's number is no parameter of the unit";

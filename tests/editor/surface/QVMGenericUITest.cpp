@@ -117,22 +117,23 @@ TEST_F(QVMGenericUITest, AThemeChosenInOneWindowRecoloursTheEditorInAnother) {
     Window otherWindow;
     QVMGenericUI& other = otherWindow.setContentView(std::move(made));
     ui_->toggleUITheme();
-    EXPECT_EQ(other.clumpsView()->layer()->backgroundColor(), ui_->clumpsView()->layer()->backgroundColor());
-    EXPECT_EQ(other.clumpsView()->layer()->backgroundColor(), QVMUITheme::dark().backgroundColor);
-    EXPECT_EQ(other.presetBar()->layer()->backgroundColor(), QVMUITheme::dark().palette.sidePanel);
+    EXPECT_EQ(other.clumpsView()->layer()->look().backgroundColor(),
+              ui_->clumpsView()->layer()->look().backgroundColor());
+    EXPECT_EQ(other.clumpsView()->layer()->look().backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(other.presetBar()->layer()->look().backgroundColor(), QVMUITheme::dark().palette.sidePanel);
 }
 
 TEST_F(QVMGenericUITest, TheThemeRecoloursEveryPart) {
-    const Color box = ui_->powerBox()->layer()->backgroundColor();
-    const Color bar = ui_->presetBar()->layer()->backgroundColor();
-    const Color panel = ui_->clumpsView()->layer()->backgroundColor();
+    const Color box = ui_->powerBox()->layer()->look().backgroundColor();
+    const Color bar = ui_->presetBar()->layer()->look().backgroundColor();
+    const Color panel = ui_->clumpsView()->layer()->look().backgroundColor();
     ui_->toggleUITheme();
-    EXPECT_EQ(ui_->powerBox()->layer()->backgroundColor(), box); // the product's colour in both
-    EXPECT_NE(ui_->presetBar()->layer()->backgroundColor(), bar);
-    EXPECT_NE(ui_->clumpsView()->layer()->backgroundColor(), panel);
+    EXPECT_EQ(ui_->powerBox()->layer()->look().backgroundColor(), box); // the product's colour in both
+    EXPECT_NE(ui_->presetBar()->layer()->look().backgroundColor(), bar);
+    EXPECT_NE(ui_->clumpsView()->layer()->look().backgroundColor(), panel);
     EXPECT_EQ(delegate_.calls.back(), "preference theme 1");
     ui_->toggleUITheme();
-    EXPECT_EQ(ui_->presetBar()->layer()->backgroundColor(), bar);
+    EXPECT_EQ(ui_->presetBar()->layer()->look().backgroundColor(), bar);
     EXPECT_EQ(delegate_.calls.back(), "preference theme 1");
 }
 

@@ -18,9 +18,9 @@ using testing::IsEmpty;
 class QVMGenericUIValues : public EditorFixture {
 protected:
     Layer& spotlight() { return *ui_->powerBox()->gear()->spotlight(); }
-    bool gearFlashes() { return spotlight().animationForKey("flash") != nullptr; }
+    bool gearFlashes() { return spotlight().animations().find("flash") != nullptr; }
     // So that the next one is seen as such, and not the rest of the last.
-    void endFlash() { spotlight().removeAllAnimations(); }
+    void endFlash() { spotlight().animations().removeAll(); }
     // So that no earlier flash stands in the way of one that should not be.
     void endLimit() {
         time_.advance(1);

@@ -14,10 +14,10 @@ TEST(QVMHUDDisplay, AnUpdateChangesNothingVisible) {
     const std::array<std::uint8_t, 2> changes = {1, 1};
     QVMHUDDisplay hud({0, 0, 20, 20}, before);
     const std::string tree = dumpLayerTree(*hud.layer());
-    const std::uint64_t version = hud.layer()->contentVersion();
+    const std::uint64_t version = hud.layer()->look().version();
     hud.updateWithParamsChanges(after, changes);
     EXPECT_EQ(dumpLayerTree(*hud.layer()), tree);
-    EXPECT_EQ(hud.layer()->contentVersion(), version);
+    EXPECT_EQ(hud.layer()->look().version(), version);
 }
 
 TEST(QVMHUDDisplay, ATappedIndicatorIsTheDelegatesMatter) {

@@ -29,7 +29,7 @@ TEST(QVMPowerBox, HasNoGearWithoutAdvancedControls) {
 
 TEST(QVMPowerBox, CarriesTheProductsColour) {
     const QVMPowerBox box({418, 0, 62, 320}, AdvancedControls::yes, *GetMetadata());
-    EXPECT_EQ(box.layer()->backgroundColor(), QVMCGColor(GetMetadata()->color));
+    EXPECT_EQ(box.layer()->look().backgroundColor(), QVMCGColor(GetMetadata()->color));
 }
 
 TEST(QVMLogoStamp, StaysEmptyWithoutAPicture) {
@@ -40,15 +40,15 @@ TEST(QVMLogoStamp, StaysEmptyWithoutAPicture) {
 TEST(QVMInsetShadowBox, IsAWellWithAnEdge) {
     const QVMInsetShadowBox box({0, 2, 30, 12});
     EXPECT_EQ(box.frame(), (Rect{0, 2, 30, 12}));
-    EXPECT_GT(box.layer()->backgroundColor().a, 0);
-    EXPECT_GT(box.layer()->borderWidth(), 0);
+    EXPECT_GT(box.layer()->look().backgroundColor().a, 0);
+    EXPECT_GT(box.layer()->look().borderWidth(), 0);
 }
 
 TEST(QVMInsetShadowBox, ARimOutsideOfWhatIsSeenThrowsItsShadowIn) {
     QVMInsetShadowBox box({0, 2, 30, 12});
     EXPECT_TRUE(box.layer()->masksToBounds());
-    const auto& rim = dynamic_cast<const ShapeLayer&>(*box.layer()->sublayers().front());
-    EXPECT_GT(rim.shadow().opacity, 0);
+    const auto& rim = dynamic_cast<const ShapeLayer&>(*box.layer()->tree().sublayers().front());
+    EXPECT_GT(rim.look().shadow().opacity, 0);
     const Rect line = rim.path().bounds();
     EXPECT_TRUE(line.insetBy(rim.lineWidth() / 2, rim.lineWidth() / 2).contains(box.bounds()));
     box.setFrame({0, 2, 60, 20});

@@ -46,7 +46,7 @@ protected:
     }
     // A layer of the control by its name; null where it is not drawn.
     const Layer* drawn(const std::string& layerName) const {
-        for (const auto& sublayer : control_->layer()->sublayers())
+        for (const auto& sublayer : control_->layer()->tree().sublayers())
             if (sublayer->name() == layerName) return sublayer.get();
         return nullptr;
     }
@@ -71,19 +71,19 @@ TEST_F(QVMPresetControlTest, TheRightArrowStepsForwardAndPulses) {
     press(rightArrow);
     EXPECT_THAT(done(), ElementsAre("action 1"));
     EXPECT_EQ(shown(), "Brighter");
-    const BasicAnimation* pulse = control_->inc()->animationForKey("pulse");
+    const BasicAnimation* pulse = control_->inc()->animations().find("pulse");
     ASSERT_TRUE(pulse);
     EXPECT_EQ(std::get<double>(*pulse->toValue), 1.6);
     EXPECT_EQ(pulse->keyPath, "transform.scale");
     EXPECT_EQ(pulse->duration, 0.09);
-    EXPECT_EQ(control_->dec()->animationForKey("pulse"), nullptr);
+    EXPECT_EQ(control_->dec()->animations().find("pulse"), nullptr);
 }
 
 TEST_F(QVMPresetControlTest, TheLeftArrowStepsBackwardAndWrapsAtTheEnd) {
     press(leftArrow);
     EXPECT_THAT(done(), ElementsAre("action 22"));
     EXPECT_EQ(shown(), "Cellphone");
-    EXPECT_TRUE(control_->dec()->animationForKey("pulse"));
+    EXPECT_TRUE(control_->dec()->animations().find("pulse"));
     press(rightArrow);
     EXPECT_EQ(shown(), "Default");
 }
@@ -158,7 +158,7 @@ TEST_F(QVMPresetControlTest, DrawsAnArrowAtEachEndAndALineBesideEach) {
     EXPECT_EQ(drawn("incArrow")->frame().maxX(), 240);
     EXPECT_EQ(drawn("incArrow")->frame().size(), drawn("decArrow")->frame().size());
     std::vector<double> lines;
-    for (const auto& sublayer : control_->layer()->sublayers())
+    for (const auto& sublayer : control_->layer()->tree().sublayers())
         if (sublayer->name() == "divider") lines.push_back(sublayer->frame().x);
     EXPECT_THAT(lines, ElementsAre(0, 239));
 }
@@ -182,7 +182,7 @@ TEST_F(QVMPresetControlTest, TheArrowUnderThePointerIsLit) {
 
 TEST_F(QVMPresetControlTest, TheNameHasTheColourOfAValueAndNoCapsule) {
     EXPECT_EQ(control_->value()->string().runs.front().color, QVMUITheme::theme().textColor);
-    EXPECT_EQ(control_->bg()->backgroundColor().a, 0);
+    EXPECT_EQ(control_->bg()->look().backgroundColor().a, 0);
 }
 
 TEST_F(QVMPresetControlTest, EveryNameFitsBetweenTheArrows) {

@@ -24,7 +24,7 @@ protected:
     void clickOnRow(std::uint32_t preset) {
         drawer_->outline().select(preset); // brings it into view
         const Rect row = drawer_->outline().frameOfLeaf(preset);
-        click(drawer_->outline().convertToWindow(row.center()));
+        click(drawer_->outline().coordinates().toWindow(row.center()));
         settle();
     }
     void openDrawer() {
@@ -37,8 +37,8 @@ protected:
         finishAnimations(*ui_->layer());
     }
     void finishAnimations(Layer& layer) {
-        layer.finishAnimations(RunLoop::main().now());
-        for (const auto& sublayer : layer.sublayers())
+        layer.animations().finish(RunLoop::main().now());
+        for (const auto& sublayer : layer.tree().sublayers())
             finishAnimations(*sublayer);
     }
     bool arrowKey(char32_t arrow) { return window_.sendEvent(keyEvent(arrow, 0, EventModifier::numericPad)); }

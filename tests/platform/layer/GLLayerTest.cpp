@@ -39,7 +39,7 @@ struct GLLayerTest : testing::Test {
     GLLayerTest() {
         root->setFrame({0, 0, 20, 20});
         layer->setFrame({2, 3, 4, 5});
-        root->addSublayer(layer);
+        root->tree().add(layer);
         renderer.setRootLayer(root);
     }
 };
@@ -63,7 +63,7 @@ TEST_F(GLLayerTest, IdleFrameDrawsNothing) {
 TEST_F(GLLayerTest, AnyNumberOfRequestsMakeOnePicture) {
     renderer.update(0);
     for (int i = 0; i < 5; ++i)
-        layer->setNeedsDisplay();
+        layer->look().setNeedsDisplay();
     const RenderStatistics& frame = renderer.update(1);
     EXPECT_THAT(frame.rasterised, ElementsAre("GLLayer"));
     EXPECT_EQ(layer->drawn, 2);
@@ -72,21 +72,21 @@ TEST_F(GLLayerTest, AnyNumberOfRequestsMakeOnePicture) {
 TEST_F(GLLayerTest, DamageIsWhatWasPaintedAndIsPainted) {
     renderer.update(0);
     layer->left = 2;
-    layer->setNeedsDisplay();
+    layer->look().setNeedsDisplay();
     EXPECT_THAT(renderer.update(1).damage, UnorderedElementsAre(Rect{2, 7, 1, 1}, Rect{4, 7, 1, 1}));
     layer->left = 9; // beyond the layer
-    layer->setNeedsDisplay();
+    layer->look().setNeedsDisplay();
     EXPECT_THAT(renderer.update(2).damage, ElementsAre(Rect{4, 7, 1, 1}));
 }
 
 TEST_F(GLLayerTest, LookIsWhatIsPaintedWhicheverWayIsUp) {
     for (const YAxis axis : {YAxis::down, YAxis::up}) {
         CornerLayer corner(axis);
-        corner.setContentsScale(2);
+        corner.look().setContentsScale(2);
         corner.setFrame({0, 0, 4, 5});
         const Rect look = corner.lookBounds(corner.presentation(0));
         EXPECT_EQ(look, (Rect{0, axis == YAxis::down ? 4.0 : 0.0, 1, 1}));
-        corner.setBackgroundColor(Color::white(1));
+        corner.look().setBackgroundColor(Color::white(1));
         EXPECT_EQ(corner.lookBounds(corner.presentation(0)), (Rect{0, 0, 4, 5}));
     }
 }
@@ -94,7 +94,7 @@ TEST_F(GLLayerTest, LookIsWhatIsPaintedWhicheverWayIsUp) {
 TEST_F(GLLayerTest, HiddenLayerIsNotDrawn) {
     layer->setHidden(true);
     renderer.update(0);
-    layer->setNeedsDisplay();
+    layer->look().setNeedsDisplay();
     renderer.update(1);
     EXPECT_EQ(layer->drawn, 0);
     layer->setHidden(false);
@@ -107,7 +107,7 @@ TEST_F(GLLayerTest, HiddenLayerIsNotDrawn) {
 }
 
 TEST_F(GLLayerTest, PictureHasThePixelsOfTheContentsScale) {
-    layer->setContentsScale(2);
+    layer->look().setContentsScale(2);
     EXPECT_EQ(layer->contents()->width, 8);
     EXPECT_EQ(layer->contents()->height, 10);
     EXPECT_EQ(layer->contents()->pixels[9 * 8 + 1], 0xFFFFFFFFu);
@@ -121,7 +121,7 @@ TEST_F(GLLayerTest, PictureHasThePixelsOfTheContentsScale) {
 TEST_F(GLLayerTest, PictureThatSomebodyHoldsIsNotDrawnOver) {
     const auto held = layer->contents();
     layer->color = {1, 0, 0, 1};
-    layer->setNeedsDisplay();
+    layer->look().setNeedsDisplay();
     EXPECT_EQ(layer->contents()->pixels[16], 0xFFFF0000u);
     EXPECT_EQ(held->pixels[16], 0xFFFFFFFFu);
 }

@@ -1,5 +1,6 @@
-#include "platform/layer/Layer.h"
+#include "platform/layer/LayerAnimations.h"
 
+#include "platform/layer/Layer.h"
 #include "platform/layer/ShapeLayer.h"
 #include "platform/layer/Transaction.h"
 #include "platform/runloop/VirtualTime.h"
@@ -34,7 +35,7 @@ struct LayerAnimationsTest : testing::Test {
 };
 
 TEST_F(LayerAnimationsTest, PresentsBetweenItsValuesAndLeavesTheLayerAlone) {
-    layer->addAnimation(fade(), "fade");
+    layer->animations().add(fade(), "fade");
     for (const double t : {0.0, 0.25, 0.5, 0.75}) {
         EXPECT_DOUBLE_EQ(layer->presentation(100 + t).opacity, 0.8 * t);
     }
@@ -78,7 +79,7 @@ TEST_F(LayerAnimationsTest, EveryKeyPathReachesItsValueAndNoOther) {
         c.apply(expected);
         Layer fresh;
         fresh.setFrame({0, 0, 10, 10});
-        fresh.addAnimation(animation(c.keyPath, c.value, c.value), "any");
+        fresh.animations().add(animation(c.keyPath, c.value, c.value), "any");
         const PresentedLayer p = fresh.presentation(100.5);
         const auto values = [](const PresentedLayer& l) {
             return std::tuple(l.position, l.bounds, l.opacity, l.transform, l.backgroundColor, l.cornerRadius,
@@ -90,7 +91,7 @@ TEST_F(LayerAnimationsTest, EveryKeyPathReachesItsValueAndNoOther) {
 
 TEST_F(LayerAnimationsTest, ScaleMultipliesTheLayersOwnTransform) {
     layer->setTransform(AffineTransform::scale(2, 2).then(AffineTransform::translation(5, 0)));
-    layer->addAnimation(animation("transform.scale", 1.0, 3.0), "pulse");
+    layer->animations().add(animation("transform.scale", 1.0, 3.0), "pulse");
     EXPECT_EQ(layer->presentation(100.5).transform,
               AffineTransform::scale(4, 4).then(AffineTransform::translation(5, 0)));
 }
@@ -99,15 +100,15 @@ TEST_F(LayerAnimationsTest, AbsentValuesAreTheLayersOwn) {
     layer->setOpacity(0.5);
     BasicAnimation a = animation("opacity", 0.0, 0.0);
     a.toValue.reset();
-    layer->addAnimation(a, "fadeIn");
+    layer->animations().add(a, "fadeIn");
     EXPECT_EQ(layer->presentation(100.5).opacity, 0.25);
     layer->setOpacity(0.8); // the end moves along
     EXPECT_EQ(layer->presentation(100.5).opacity, 0.4);
 }
 
 TEST_F(LayerAnimationsTest, AnUnknownKeyPathOrAWrongKindOfValueChangesNothing) {
-    layer->addAnimation(animation("zPosition", 1.0, 2.0), "a");
-    layer->addAnimation(animation("position", 1.0, 2.0), "b");
+    layer->animations().add(animation("zPosition", 1.0, 2.0), "a");
+    layer->animations().add(animation("position", 1.0, 2.0), "b");
     EXPECT_EQ(layer->presentation(100.5).position, layer->position());
 }
 
@@ -115,83 +116,83 @@ TEST_F(LayerAnimationsTest, AutoreverseAndRepeat) {
     BasicAnimation a = animation("transform.scale", 1.0, 1.2, 0.5);
     a.autoreverses = true;
     a.repeatCount = 2;
-    layer->addAnimation(a, "pulse");
+    layer->animations().add(a, "pulse");
     const auto scaleAt = [&](double t) { return layer->presentation(100 + t).transform.a; };
     EXPECT_DOUBLE_EQ(scaleAt(0.25), 1.1);
     EXPECT_DOUBLE_EQ(scaleAt(0.5), 1.2);
     EXPECT_DOUBLE_EQ(scaleAt(0.75), 1.1);
     EXPECT_DOUBLE_EQ(scaleAt(1.5), 1.2);
     EXPECT_DOUBLE_EQ(scaleAt(2), 1);
-    EXPECT_FALSE(layer->animationForKey("pulse")->isFinishedAt(1.99));
-    layer->finishAnimations(102);
-    EXPECT_FALSE(layer->hasAnimations());
+    EXPECT_FALSE(layer->animations().find("pulse")->isFinishedAt(1.99));
+    layer->animations().finish(102);
+    EXPECT_TRUE(layer->animations().isEmpty());
 }
 
 TEST_F(LayerAnimationsTest, ForeverGoesOnUntilItIsRemoved) {
     ShapeLayer ants;
     BasicAnimation march = animation("lineDashPhase", 0.0, 10.0, 2);
     march.repeatCount = BasicAnimation::forever;
-    ants.addAnimation(march, "PhaseShift");
-    ants.finishAnimations(1e6);
-    EXPECT_TRUE(ants.isAnimating());
-    EXPECT_FALSE(ants.hasEndingAnimation());
+    ants.animations().add(march, "PhaseShift");
+    ants.animations().finish(1e6);
+    EXPECT_TRUE(ants.animations().isRunning());
+    EXPECT_FALSE(ants.animations().hasEnding());
     EXPECT_EQ(ants.presentation(100 + 2001).lineDashPhase, 5);
-    ants.removeAnimation("PhaseShift");
+    ants.animations().remove("PhaseShift");
     EXPECT_EQ(ants.presentation(100 + 2001).lineDashPhase, 0);
 }
 
 TEST_F(LayerAnimationsTest, TheCompletionComesOnceAtTheEnd) {
-    layer->addAnimation(fade(), "fade");
-    layer->finishAnimations(100.9);
+    layer->animations().add(fade(), "fade");
+    layer->animations().finish(100.9);
     EXPECT_TRUE(completions.empty());
-    EXPECT_TRUE(layer->hasAnimations());
-    layer->finishAnimations(101);
-    layer->finishAnimations(102);
+    EXPECT_FALSE(layer->animations().isEmpty());
+    layer->animations().finish(101);
+    layer->animations().finish(102);
     EXPECT_THAT(completions, ElementsAre(true));
-    EXPECT_FALSE(layer->hasAnimations());
+    EXPECT_TRUE(layer->animations().isEmpty());
 }
 
 TEST_F(LayerAnimationsTest, AnAnimationThatStaysKeepsItsEndValueAndCompletesOnce) {
     BasicAnimation a = fade();
     a.removedOnCompletion = false;
-    layer->addAnimation(a, "fade");
-    layer->finishAnimations(101);
-    layer->finishAnimations(102);
+    layer->animations().add(a, "fade");
+    layer->animations().finish(101);
+    layer->animations().finish(102);
     EXPECT_THAT(completions, ElementsAre(true));
     EXPECT_EQ(layer->presentation(200).opacity, 0.8);
-    EXPECT_TRUE(layer->hasAnimations());
-    EXPECT_FALSE(layer->isAnimating());
-    layer->removeAnimation("fade");
+    EXPECT_FALSE(layer->animations().isEmpty());
+    EXPECT_FALSE(layer->animations().isRunning());
+    layer->animations().remove("fade");
     EXPECT_THAT(completions, ElementsAre(true));
     EXPECT_EQ(layer->presentation(200).opacity, 1);
 }
 
 TEST_F(LayerAnimationsTest, RemovedOrReplacedBeforeItsEndItIsNotFinished) {
-    layer->addAnimation(fade(), "fade");
-    layer->addAnimation(fade(), "fade");
+    layer->animations().add(fade(), "fade");
+    layer->animations().add(fade(), "fade");
     EXPECT_THAT(completions, ElementsAre(false));
-    layer->removeAnimation("fade");
+    layer->animations().remove("fade");
     EXPECT_THAT(completions, ElementsAre(false, false));
-    layer->addAnimation(fade(), "one");
-    layer->addAnimation(fade(), "two");
-    layer->removeAllAnimations();
+    layer->animations().add(fade(), "one");
+    layer->animations().add(fade(), "two");
+    layer->animations().removeAll();
     EXPECT_THAT(completions, ElementsAre(false, false, false, false));
-    layer->removeAnimation("never added");
+    layer->animations().remove("never added");
 }
 
 TEST_F(LayerAnimationsTest, ACompletionMayAddAnAnimationOrDropTheLayer) {
     const auto root = std::make_shared<Layer>();
-    root->addSublayer(layer);
+    root->tree().add(layer);
     BasicAnimation first = animation("opacity", 0.0, 1.0);
     Layer* raw = layer.get();
     first.completion = [&, raw](bool) {
-        raw->addAnimation(fade(), "next");
-        raw->removeFromSuperlayer();
+        raw->animations().add(fade(), "next");
+        raw->tree().removeFromSuperlayer();
     };
-    layer->addAnimation(first, "first");
+    layer->animations().add(first, "first");
     layer.reset(); // the tree holds it alone
-    raw->finishAnimations(101);
-    EXPECT_TRUE(root->sublayers().empty());
+    raw->animations().finish(101);
+    EXPECT_TRUE(root->tree().sublayers().empty());
 }
 
 TEST_F(LayerAnimationsTest, EndingMarksTheTreeAsChanged) {
@@ -199,18 +200,18 @@ TEST_F(LayerAnimationsTest, EndingMarksTheTreeAsChanged) {
         int changes = 0;
         void layerTreeDidChange() override { ++changes; }
     } observer;
-    layer->setTreeObserver(&observer);
-    layer->addAnimation(fade(), "fade");
+    layer->tree().setObserver(&observer);
+    layer->animations().add(fade(), "fade");
     EXPECT_EQ(observer.changes, 1);
-    layer->finishAnimations(100.5);
+    layer->animations().finish(100.5);
     EXPECT_EQ(observer.changes, 1);
-    layer->finishAnimations(101);
+    layer->animations().finish(101);
     EXPECT_EQ(observer.changes, 2);
 }
 
 TEST_F(LayerAnimationsTest, ChangesAreImmediateOutsideATransaction) {
     layer->setOpacity(0.2);
-    EXPECT_FALSE(layer->hasAnimations());
+    EXPECT_TRUE(layer->animations().isEmpty());
     EXPECT_EQ(layer->presentation().opacity, 0.2);
 }
 
@@ -219,8 +220,8 @@ TEST_F(LayerAnimationsTest, ChangesGlideInsideATransaction) {
         const auto glide = Transaction::animated(0.5, TimingFunction::linear);
         layer->setFrame({100, 0, 20, 10});
         layer->setOpacity(0);
-        layer->setBackgroundColor(Color::white(1));
-        layer->setCornerRadius(4);
+        layer->look().setBackgroundColor(Color::white(1));
+        layer->look().setCornerRadius(4);
         layer->setTransform(AffineTransform::scale(3, 3));
     }
     EXPECT_EQ(layer->frame(), (Rect{100, 0, 20, 10}));
@@ -232,7 +233,7 @@ TEST_F(LayerAnimationsTest, ChangesGlideInsideATransaction) {
     EXPECT_EQ(half.backgroundColor, Color::white(0.5f, 0.5f));
     EXPECT_EQ(half.cornerRadius, 2);
     EXPECT_EQ(half.transform, AffineTransform::scale(2, 2));
-    EXPECT_EQ(layer->animationForKey("opacity")->duration, 0.5);
+    EXPECT_EQ(layer->animations().find("opacity")->duration, 0.5);
     time.advance(0.25);
     EXPECT_EQ(layer->presentation().frame({0.5, 0.5}), (Rect{100, 0, 20, 10}));
 }
@@ -268,13 +269,13 @@ TEST_F(LayerAnimationsTest, AnImmediateChangeEndsAGlide) {
     layer->setPosition({7, 7});
     EXPECT_EQ(layer->presentation().opacity, 0);
     EXPECT_EQ(layer->presentation().position, (Point{7, 7}));
-    EXPECT_FALSE(layer->hasAnimations());
+    EXPECT_TRUE(layer->animations().isEmpty());
 }
 
 TEST_F(LayerAnimationsTest, AnImmediateChangeLeavesExplicitAnimationsAlone) {
-    layer->addAnimation(fade(), "opacity");
+    layer->animations().add(fade(), "opacity");
     layer->setOpacity(0.3);
-    EXPECT_NE(layer->animationForKey("opacity"), nullptr);
+    EXPECT_NE(layer->animations().find("opacity"), nullptr);
     EXPECT_TRUE(completions.empty());
 }
 

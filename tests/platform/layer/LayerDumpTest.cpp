@@ -19,7 +19,7 @@ TEST(LayerDumpTest, ShowsTheTreeAndWhatIsNotAtItsDefault) {
     const auto root = std::make_shared<Layer>();
     root->setName("root");
     root->setFrame({0, 0, 480, 320});
-    root->setBackgroundColor({1, 0.5f, 0, 1});
+    root->look().setBackgroundColor({1, 0.5f, 0, 1});
     root->setMasksToBounds(true);
     const auto shape = std::make_shared<ShapeLayer>(YAxis::up);
     shape->setName("focus");
@@ -32,11 +32,11 @@ TEST(LayerDumpTest, ShowsTheTreeAndWhatIsNotAtItsDefault) {
     const auto text = std::make_shared<TextLayer>();
     text->setString({"12.5 dB", Font{"HelveticaNeue", 10}, {}});
     text->setHidden(true);
-    text->setCornerRadius(3);
-    text->setBorder(1, Color::white(0, 0.5f));
+    text->look().setCornerRadius(3);
+    text->look().setBorder(1, Color::white(0, 0.5f));
     text->setTransform(AffineTransform::translation(1, -2));
-    root->addSublayer(shape);
-    shape->addSublayer(text);
+    root->tree().add(shape);
+    shape->tree().add(text);
     EXPECT_EQ(dumpLayerTree(*root),
               "Layer root (0 0 480 320) masks background #ff8000ff\n"
               "  ShapeLayer focus (1 2 3 4) opacity 0.25 y-up path 5 (0 0 3 4) line 2 dashes 3,2.5\n"
@@ -50,13 +50,13 @@ TEST(LayerDumpTest, ShowsPicturesAndMotion) {
     auto image = std::make_shared<Image>();
     *image = {8, 6, std::vector<std::uint32_t>(48)};
     layer.setBounds({0, 5, 10, 10});
-    layer.setContents(image);
-    layer.setContentsTint(Color::white(1));
-    layer.setBackgroundPattern(image);
-    layer.setShadow({Color::white(0), 4, {}, 0.5f});
+    layer.look().setContents(image);
+    layer.look().setContentsTint(Color::white(1));
+    layer.look().setBackgroundPattern(image);
+    layer.look().setShadow({Color::white(0), 4, {}, 0.5f});
     BasicAnimation fade;
     fade.keyPath = "opacity";
-    layer.addAnimation(fade, "fade");
+    layer.animations().add(fade, "fade");
     EXPECT_EQ(dumpLayerTree(layer),
               "Layer (-5 -5 10 10) from 0,5 animating pattern shadow 4 contents 8x6 tint #ffffffff\n");
 }

@@ -62,18 +62,18 @@ TEST_F(LayerGeometryTest, GravityPlacesTheContents) {
     *image = {20, 10, std::vector<std::uint32_t>(200)};
     const Rect bounds{0, 0, 40, 60};
     EXPECT_EQ(contentsRect(layer, bounds), Rect{});
-    layer.setContents(image, ContentsGravity::resize);
+    layer.look().setContents(image, ContentsGravity::resize);
     EXPECT_EQ(contentsRect(layer, bounds), bounds);
-    layer.setContents(image, ContentsGravity::resizeAspect);
+    layer.look().setContents(image, ContentsGravity::resizeAspect);
     EXPECT_EQ(contentsRect(layer, bounds), (Rect{0, 20, 40, 20}));
-    layer.setContents(image, ContentsGravity::center);
+    layer.look().setContents(image, ContentsGravity::center);
     EXPECT_EQ(contentsRect(layer, bounds), (Rect{10, 25, 20, 10}));
-    layer.setContentsScale(2);
+    layer.look().setContentsScale(2);
     EXPECT_EQ(contentsRect(layer, bounds), (Rect{15, 27.5, 10, 5}));
-    layer.setContents(image, ContentsGravity::topLeft);
+    layer.look().setContents(image, ContentsGravity::topLeft);
     EXPECT_EQ(contentsRect(layer, bounds), (Rect{0, 0, 10, 5}));
     Layer up(YAxis::up);
-    up.setContents(image, ContentsGravity::topLeft);
+    up.look().setContents(image, ContentsGravity::topLeft);
     EXPECT_EQ(contentsRect(up, bounds), (Rect{0, 50, 20, 10}));
 }
 

@@ -28,7 +28,7 @@ TEST(ShapeLayerTest, HasALookWhenItsPathShows) {
 
 TEST(ShapeLayerTest, IsAPlainRectangleOnlyWithoutItsPath) {
     ShapeLayer layer;
-    layer.setBackgroundColor(Color::white(1));
+    layer.look().setBackgroundColor(Color::white(1));
     EXPECT_TRUE(layer.isPlainRectangle(layer.presentation(0)));
     layer.setPath(Path::rect({0, 0, 5, 5}));
     EXPECT_FALSE(layer.isPlainRectangle(layer.presentation(0)));
@@ -48,15 +48,15 @@ TEST(ShapeLayerTest, TheLookIsThePathGrownByItsLine) {
     EXPECT_EQ(look(), (Rect{-13, 17, 36, 36}));
     layer.setLineStyle(LineCap::butt, LineJoin::miter);
     EXPECT_EQ(look(), (Rect{-16, 14, 42, 42}));
-    layer.setBackgroundColor(Color::white(1));
+    layer.look().setBackgroundColor(Color::white(1));
     EXPECT_EQ(look(), (Rect{-16, 0, 116, 100}));
 }
 
 TEST(ShapeLayerTest, EveryChangeOfTheLookCountsOnce) {
     ShapeLayer layer;
     const auto setAll = [&] {
-        std::vector<std::uint64_t> versions{layer.contentVersion()};
-        const auto note = [&] { versions.push_back(layer.contentVersion()); };
+        std::vector<std::uint64_t> versions{layer.look().version()};
+        const auto note = [&] { versions.push_back(layer.look().version()); };
         layer.setPath(Path::rect({0, 0, 5, 5})), note();
         layer.setFillColor(Color::white(1)), note();
         layer.setStrokeColor(Color::white(1)), note();

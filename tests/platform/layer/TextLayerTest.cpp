@@ -10,16 +10,16 @@ const Font font{"HelveticaNeue-Medium", 12};
 TEST(TextLayerTest, SettingAnEqualTextCostsNothing) {
     TextLayer layer;
     layer.setString({"1.0 dB", font, Color::white(1)});
-    const auto version = layer.contentVersion();
+    const auto version = layer.look().version();
     layer.setString({"1.0 dB", font, Color::white(1)});
     layer.setAlignment(TextAlignment::center, TextPlacement::middle);
-    EXPECT_EQ(layer.contentVersion(), version);
+    EXPECT_EQ(layer.look().version(), version);
 }
 
 TEST(TextLayerTest, TextColourAndAlignmentChangeTheLook) {
     TextLayer layer;
-    auto last = layer.contentVersion();
-    const auto changed = [&] { return std::exchange(last, layer.contentVersion()) != layer.contentVersion(); };
+    auto last = layer.look().version();
+    const auto changed = [&] { return std::exchange(last, layer.look().version()) != layer.look().version(); };
     layer.setString({"1.0 dB", font, Color::white(1)});
     EXPECT_TRUE(changed());
     layer.setString({"1.0 dB", font, Color::white(0)});
@@ -35,7 +35,7 @@ TEST(TextLayerTest, AnEmptyTextHasNoLook) {
     EXPECT_FALSE(layer.hasLook(layer.presentation(0)));
     layer.setString({"", font, Color::white(1)});
     EXPECT_FALSE(layer.hasLook(layer.presentation(0)));
-    layer.setBackgroundColor(Color::white(1));
+    layer.look().setBackgroundColor(Color::white(1));
     EXPECT_TRUE(layer.isPlainRectangle(layer.presentation(0)));
     layer.setString({"x", font, Color::white(1)});
     EXPECT_TRUE(layer.hasLook(layer.presentation(0)));

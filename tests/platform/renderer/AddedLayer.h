@@ -12,8 +12,8 @@ inline std::shared_ptr<Layer> added(Layer& parent, const char* name, const Rect&
     auto layer = std::make_shared<Layer>();
     layer->setName(name);
     layer->setFrame(frame);
-    layer->setBackgroundColor(Color::white(0.5f));
-    parent.addSublayer(layer);
+    layer->look().setBackgroundColor(Color::white(0.5f));
+    parent.tree().add(layer);
     return layer;
 }
 

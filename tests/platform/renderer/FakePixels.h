@@ -80,8 +80,8 @@ private:
     static std::size_t lookHash(const Layer& layer, const PresentedLayer& p) {
         std::size_t seed = mix(mix(1, p.backgroundColor), p.cornerRadius);
         seed = mix(mix(seed, p.bounds.width), p.bounds.height);
-        seed = mix(mix(seed, layer.borderWidth()), layer.borderColor());
-        seed = mix(mix(seed, layer.shadow().radius), static_cast<double>(layer.shadow().opacity));
+        seed = mix(mix(seed, layer.look().borderWidth()), layer.look().borderColor());
+        seed = mix(mix(seed, layer.look().shadow().radius), static_cast<double>(layer.look().shadow().opacity));
         seed = mix(seed, layer.contents() ? layer.contents()->pixels.at(0) : 0.0);
         if (const auto* shape = dynamic_cast<const ShapeLayer*>(&layer)) {
             seed = mix(mix(mix(seed, shape->fillColor()), shape->strokeColor()), shape->lineWidth());

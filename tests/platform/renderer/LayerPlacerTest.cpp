@@ -76,7 +76,7 @@ TEST_F(LayerPlacerTest, WhatIsHiddenOrTransparentOrFlatHasNoStepNorHasWhatIsInIt
 }
 
 TEST_F(LayerPlacerTest, ALookThatIsNoRectangleIsRasterisedOnceAndNotBeforeItIsSeen) {
-    box->setCornerRadius(4);
+    box->look().setCornerRadius(4);
     box->setPosition({500, 500});
     place();
     EXPECT_THAT(steps(), IsEmpty());
@@ -108,7 +108,7 @@ TEST_F(LayerPlacerTest, EveryPushKnowsItsPopAndWhatIsTouchedBetweenThem) {
 }
 
 TEST_F(LayerPlacerTest, AGroupOfOneThingGivesItsOpacityToThatThing) {
-    box->setBackgroundColor({});
+    box->look().setBackgroundColor({});
     box->setOpacity(0.5);
     auto only = added(*box, "only", {0, 0, 5, 5});
     place();
@@ -118,7 +118,7 @@ TEST_F(LayerPlacerTest, AGroupOfOneThingGivesItsOpacityToThatThing) {
 }
 
 TEST_F(LayerPlacerTest, AClipWithNothingInItIsTakenBack) {
-    box->setBackgroundColor({});
+    box->look().setBackgroundColor({});
     box->setMasksToBounds(true);
     added(*box, "outside", {100, 0, 5, 5});
     place();

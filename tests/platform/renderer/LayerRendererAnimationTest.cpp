@@ -17,11 +17,11 @@ struct LayerRendererAnimationTest : LayerRendererFixture {
         ants->setName("ants");
         ants->setFrame({100, 50, 20, 20});
         ants->setPath(Path::rect({0, 0, 20, 20}));
-        root->addSublayer(ants);
+        root->tree().add(ants);
         march.keyPath = "lineDashPhase";
         march.toValue = 10.0;
         march.repeatCount = BasicAnimation::forever;
-        ants->addAnimation(march, "PhaseShift");
+        ants->animations().add(march, "PhaseShift");
         return ants;
     }
 };
@@ -34,7 +34,7 @@ TEST_F(LayerRendererAnimationTest, AScalePulseReusesTheRaster) {
     pulse.toValue = 1.2;
     pulse.duration = 0.09;
     pulse.autoreverses = true;
-    button->addAnimation(pulse, "pulse");
+    button->animations().add(pulse, "pulse");
     int frames = 0;
     update();
     while (renderer.isAnimating()) {
@@ -105,14 +105,14 @@ TEST_F(LayerRendererAnimationTest, CompletionsRunEvenForWhatIsHiddenAndMayChange
     fade.toValue = 0.0;
     fade.duration = 0.1;
     int asked = 0;
-    fade.completion = [this](bool) { box->removeFromSuperlayer(); };
-    button->addAnimation(fade, "fadeOut");
+    fade.completion = [this](bool) { box->tree().removeFromSuperlayer(); };
+    button->animations().add(fade, "fadeOut");
     update();
     EXPECT_TRUE(renderer.isAnimating());
     renderer.setChangeHandler([&] { ++asked; });
     time.advance(0.1);
     update();
-    EXPECT_EQ(box->superlayer(), nullptr);
+    EXPECT_EQ(box->tree().superlayer(), nullptr);
     EXPECT_FALSE(renderer.isAnimating());
     EXPECT_EQ(asked, 0); // it was part of this update
 }

@@ -19,14 +19,14 @@ struct LayerRendererFixture : testing::Test {
 
     LayerRendererFixture() {
         root->setFrame({0, 0, 200, 100});
-        root->setBackgroundColor(Color::white(0.2f));
+        root->look().setBackgroundColor(Color::white(0.2f));
         box = added(*root, "box", {10, 10, 80, 60});
         button = added(*box, "button", {5, 5, 20, 10});
-        button->setCornerRadius(3);
+        button->look().setCornerRadius(3);
         label->setName("label");
         label->setFrame({100, 10, 60, 20});
         label->setString({"1.0", Font{"HelveticaNeue", 8}, Color::white(1)});
-        root->addSublayer(label);
+        root->tree().add(label);
         renderer.setRootLayer(root);
     }
     const RenderStatistics& update() { return renderer.update(time.now()); }

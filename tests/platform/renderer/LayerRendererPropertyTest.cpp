@@ -42,13 +42,13 @@ std::shared_ptr<Layer> stillCopy(const Layer& layer, double time) {
     copy->setOpacity(p.opacity);
     copy->setHidden(layer.isHidden());
     copy->setMasksToBounds(layer.masksToBounds());
-    copy->setBackgroundColor(p.backgroundColor);
-    copy->setCornerRadius(p.cornerRadius);
-    copy->setBorder(layer.borderWidth(), layer.borderColor());
-    copy->setShadow(layer.shadow());
-    copy->setContents(layer.contents(), layer.contentsGravity());
-    for (const auto& sublayer : layer.sublayers())
-        copy->addSublayer(stillCopy(*sublayer, time));
+    copy->look().setBackgroundColor(p.backgroundColor);
+    copy->look().setCornerRadius(p.cornerRadius);
+    copy->look().setBorder(layer.look().borderWidth(), layer.look().borderColor());
+    copy->look().setShadow(layer.look().shadow());
+    copy->look().setContents(layer.contents(), layer.look().contentsGravity());
+    for (const auto& sublayer : layer.tree().sublayers())
+        copy->tree().add(stillCopy(*sublayer, time));
     return copy;
 }
 
@@ -56,7 +56,7 @@ class RandomTree {
 public:
     explicit RandomTree(unsigned seed) : random_(seed) {
         root->setFrame({0, 0, width, height});
-        root->setBackgroundColor(Color::white(0.5f));
+        root->look().setBackgroundColor(Color::white(0.5f));
         for (int i = 0; i < 6; ++i)
             addLayer();
     }
@@ -99,8 +99,8 @@ private:
             layer = text;
         } else {
             layer = std::make_shared<Layer>(axis);
-            if (chance(0.8)) layer->setBackgroundColor(color());
-            if (chance(0.3)) layer->setCornerRadius(2);
+            if (chance(0.8)) layer->look().setBackgroundColor(color());
+            if (chance(0.3)) layer->look().setCornerRadius(2);
             layer->setMasksToBounds(chance(0.4));
         }
         layer->setFrame(rect());
@@ -109,10 +109,10 @@ private:
     void addLayer() {
         all_.push_back(newLayer());
         Layer& parent = anyLayer();
-        parent.insertSublayer(all_.back(),
-                              static_cast<std::size_t>(pick(static_cast<int>(parent.sublayers().size()) + 1)));
+        parent.tree().insert(all_.back(),
+                             static_cast<std::size_t>(pick(static_cast<int>(parent.tree().sublayers().size()) + 1)));
         while (all_.size() > 24)
-            all_.front()->removeFromSuperlayer(), all_.erase(all_.begin());
+            all_.front()->tree().removeFromSuperlayer(), all_.erase(all_.begin());
     }
     Layer& anyLayer() {
         if (all_.empty() || chance(0.3)) return *root;
@@ -133,10 +133,10 @@ private:
         a.removedOnCompletion = chance(0.8);
         if (chance(0.2)) {
             a.completion = [weak = layer.weak_from_this()](bool) {
-                if (const auto over = weak.lock()) over->removeFromSuperlayer();
+                if (const auto over = weak.lock()) over->tree().removeFromSuperlayer();
             };
         }
-        layer.addAnimation(a, a.keyPath);
+        layer.animations().add(a, a.keyPath);
     }
     void changeOne() {
         Layer& layer = anyLayer();
@@ -145,7 +145,7 @@ private:
         case 0:
             return addLayer();
         case 1:
-            return layer.removeFromSuperlayer();
+            return layer.tree().removeFromSuperlayer();
         case 2:
             return layer.setFrame(rect());
         case 3:
@@ -157,9 +157,9 @@ private:
         case 6:
             return layer.setMasksToBounds(!layer.masksToBounds());
         case 7:
-            return layer.setCornerRadius(pick(4) * 2);
+            return layer.look().setCornerRadius(pick(4) * 2);
         case 8:
-            return layer.setBackgroundColor(color());
+            return layer.look().setBackgroundColor(color());
         case 9:
             return layer.setBounds({coordinate(10), coordinate(10), layer.bounds().width, layer.bounds().height});
         case 10:
@@ -168,16 +168,16 @@ private:
                             : AffineTransform::rotation(pick(8) * 0.4).then(AffineTransform::scale(pick(9) / 4.0, 1)));
         case 11: { // another superlayer or another place in the order
             Layer& parent = anyLayer();
-            return parent.insertSublayer(layer.shared_from_this(), static_cast<std::size_t>(pick(4)));
+            return parent.tree().insert(layer.shared_from_this(), static_cast<std::size_t>(pick(4)));
         }
         case 12:
-            return layer.setBorder(pick(3), color());
+            return layer.look().setBorder(pick(3), color());
         case 13:
-            return layer.setShadow({color(), double(pick(3)), {1, 2}, chance(0.5) ? 0.5f : 0});
+            return layer.look().setShadow({color(), double(pick(3)), {1, 2}, chance(0.5) ? 0.5f : 0});
         case 14: {
             auto image = std::make_shared<Image>();
             *image = {8, 6, std::vector<std::uint32_t>(48, static_cast<std::uint32_t>(pick(1000)))};
-            return layer.setContents(chance(0.3) ? nullptr : image, static_cast<ContentsGravity>(pick(4)));
+            return layer.look().setContents(chance(0.3) ? nullptr : image, static_cast<ContentsGravity>(pick(4)));
         }
         case 15:
             return animate(layer);

@@ -61,16 +61,16 @@ TEST_F(LayerRendererTest, AppearingAndVanishingDamageTheirPlace) {
     EXPECT_THAT(update().damage, ElementsAre(Rect{150, 60, 10, 10}));
     extra->setHidden(true);
     EXPECT_THAT(update().damage, ElementsAre(Rect{150, 60, 10, 10}));
-    extra->removeFromSuperlayer();
+    extra->tree().removeFromSuperlayer();
     EXPECT_THAT(update().damage, IsEmpty());
-    button->removeFromSuperlayer();
+    button->tree().removeFromSuperlayer();
     EXPECT_THAT(update().damage, ElementsAre(Rect{15, 15, 20, 10}));
 }
 
 TEST_F(LayerRendererTest, AReorderDamagesWhatChangedItsPlace) {
     const auto over = added(*root, "over", {80, 60, 20, 20});
     update();
-    root->insertSublayer(over, 0);
+    root->tree().insert(over, 0);
     EXPECT_THAT(update().damage, ElementsAre(Rect{80, 60, 20, 20}));
 }
 
@@ -78,7 +78,7 @@ TEST_F(LayerRendererTest, AHiddenOrTransparentSubtreeCostsNothing) {
     box->setOpacity(0);
     EXPECT_THAT(update().rasterised, ElementsAre("label"));
     EXPECT_THAT(composeCalls(), ElementsAre("fill", "draw"));
-    button->setBackgroundColor(Color::white(1)); // of no account while nothing of it shows
+    button->look().setBackgroundColor(Color::white(1)); // of no account while nothing of it shows
     const RenderStatistics& s = update();
     EXPECT_THAT(s.rasterised, IsEmpty());
     EXPECT_THAT(s.damage, IsEmpty());
@@ -104,10 +104,10 @@ TEST_F(LayerRendererTest, AGroupOfOneTakesTheOpacityItself) {
         void fill(const Rect&, Color color) override { opacities.push_back(static_cast<double>(color.a)); }
         void pushGroup(const Rect&, double) override { ADD_FAILURE() << "a group for one layer"; }
     } target;
-    box->setBackgroundColor(Color::clear());
+    box->look().setBackgroundColor(Color::clear());
     box->setOpacity(0.5);
     button->setOpacity(0.5);
-    label->removeFromSuperlayer();
+    label->tree().removeFromSuperlayer();
     update();
     renderer.compose(target, {0, 0, 200, 100});
     EXPECT_THAT(target.opacities, ElementsAre(1, 0.25));
@@ -118,7 +118,7 @@ TEST_F(LayerRendererTest, AMaskClipsItsSublayersAndTheirDamage) {
     const auto wide = added(*box, "wide", {70, 50, 100, 100});
     update();
     EXPECT_THAT(composeCalls(), ElementsAre("fill", "pushClip", "fill", "draw", "fill", "popClip", "draw"));
-    wide->setBackgroundColor(Color::white(1));
+    wide->look().setBackgroundColor(Color::white(1));
     EXPECT_THAT(update().damage, ElementsAre(Rect{80, 60, 10, 10}));
     wide->setPosition({300, 300}); // beyond the mask: gone
     EXPECT_THAT(update().damage, ElementsAre(Rect{80, 60, 10, 10}));
@@ -128,7 +128,7 @@ TEST_F(LayerRendererTest, AMaskClipsItsSublayersAndTheirDamage) {
 TEST_F(LayerRendererTest, WithoutAMaskSublayersReachOutside) {
     added(*box, "wide", {70, 50, 100, 10});
     update();
-    box->sublayers().back()->setBackgroundColor(Color::white(1));
+    box->tree().sublayers().back()->look().setBackgroundColor(Color::white(1));
     EXPECT_THAT(update().damage, ElementsAre(Rect{80, 60, 100, 10}));
 }
 
@@ -144,7 +144,7 @@ TEST_F(LayerRendererTest, ScrollingMovesTheSublayers) {
 TEST_F(LayerRendererTest, InAYUpLayerSublayersStandOnTheBottom) {
     const auto up = std::make_shared<Layer>(YAxis::up);
     up->setFrame({120, 40, 40, 50});
-    root->addSublayer(up);
+    root->tree().add(up);
     update();
     added(*up, "bottom", {0, 0, 10, 5});
     EXPECT_THAT(update().damage, ElementsAre(Rect{120, 85, 10, 5}));
@@ -167,16 +167,16 @@ TEST_F(LayerRendererTest, AScaleChangeDrawsEverythingAnewAtThatScale) {
 TEST_F(LayerRendererTest, RastersOfLayersThatLeftAreDropped) {
     update();
     EXPECT_EQ(backend.alive(), 2);
-    box->removeFromSuperlayer();
+    box->tree().removeFromSuperlayer();
     update();
     EXPECT_EQ(backend.alive(), 1);
-    root->addSublayer(box);
+    root->tree().add(box);
     EXPECT_THAT(update().rasterised, ElementsAre("button"));
 }
 
 TEST_F(LayerRendererTest, ALayerThatOnlyMovesInTheTreeKeepsItsRaster) {
     update();
-    root->addSublayer(button);
+    root->tree().add(button);
     EXPECT_THAT(update().rasterised, IsEmpty());
     button->setHidden(true);
     update();
@@ -225,10 +225,10 @@ TEST_F(LayerRendererTest, ALayerBornWhereAnotherDiedIsDrawnAnew) {
     // The allocator may hand out the same address: neither raster nor place may be taken for the old one's.
     update();
     for (int i = 0; i < 20; ++i) {
-        button->removeFromSuperlayer();
+        button->tree().removeFromSuperlayer();
         button.reset();
         button = added(*box, "button", {5, 5, 20, 10});
-        button->setCornerRadius(3);
+        button->look().setCornerRadius(3);
         const RenderStatistics& s = update();
         EXPECT_THAT(s.rasterised, ElementsAre("button"));
         EXPECT_THAT(s.damage, ElementsAre(Rect{15, 15, 20, 10}));

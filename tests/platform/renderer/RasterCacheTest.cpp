@@ -59,14 +59,14 @@ TEST_F(RasterCacheTest, AScaleChangeDropsAllPixels) {
 
 TEST_F(RasterCacheTest, KeepsTheLayersOfOneTree) {
     const auto root = std::make_shared<Layer>();
-    root->addSublayer(layer);
+    root->tree().add(layer);
     rasterises();
     cache.keepOnly(root.get());
     EXPECT_FALSE(rasterises());
-    layer->removeFromSuperlayer();
+    layer->tree().removeFromSuperlayer();
     cache.keepOnly(root.get());
     EXPECT_EQ(backend.alive(), 0);
-    root->addSublayer(layer);
+    root->tree().add(layer);
     rasterises();
     cache.keepOnly(nullptr);
     EXPECT_EQ(backend.alive(), 0);

@@ -54,13 +54,13 @@ TEST(View, AnimatedAlphaGlidesFromWhatIsShown) {
 TEST(View, SubviewLayersStandInOrderAboveTheViewsOwn) {
     View parent({0, 0, 100, 100});
     const auto own = std::make_shared<Layer>();
-    parent.layer()->addSublayer(own);
+    parent.layer()->tree().add(own);
     View& a = parent.addSubview(view({}));
     View& b = parent.addSubview(view({}));
     View& lowest = parent.addSubview(view({}), Order::below);
     View& between = parent.addSubview(view({}), Order::above, &a);
     View& belowB = parent.addSubview(view({}), Order::below, &b);
-    EXPECT_THAT(parent.layer()->sublayers(),
+    EXPECT_THAT(parent.layer()->tree().sublayers(),
                 ElementsAre(own, lowest.layer(), a.layer(), between.layer(), belowB.layer(), b.layer()));
     std::vector<View*> order;
     for (const auto& subview : parent.subviews())
@@ -75,7 +75,7 @@ TEST(View, RemovedViewIsHandedBackAndItsLayerGoes) {
     EXPECT_EQ(back.get(), &child);
     EXPECT_EQ(child.superview(), nullptr);
     EXPECT_TRUE(parent.subviews().empty());
-    EXPECT_TRUE(parent.layer()->sublayers().empty());
+    EXPECT_TRUE(parent.layer()->tree().sublayers().empty());
     EXPECT_EQ(child.removeFromSuperview(), nullptr);
 }
 
@@ -139,37 +139,12 @@ TEST(View, WhatReachesBeyondTheSuperviewIsNotHitThere) {
     EXPECT_EQ(root.hitTest({25, 5}), &root);
 }
 
-TEST(View, CoordinatesTurnOverInAViewWhoseYPointsUp) {
-    View root({0, 0, 100, 100});
-    View& up = root.addSubview(view({10, 20, 50, 40}, YAxis::up));
-    EXPECT_EQ(up.convertFromWindow({10, 60}), (Point{0, 0}));
-    EXPECT_EQ(up.convertFromWindow({15, 25}), (Point{5, 35}));
-    EXPECT_EQ(up.convertToWindow(Point{5, 35}), (Point{15, 25}));
-    EXPECT_EQ(up.convertToWindow(Rect{0, 0, 10, 5}), (Rect{10, 55, 10, 5}));
-}
-
-TEST(View, FramesInsideAViewWhoseYPointsUpCountFromItsBottom) {
-    View root({0, 0, 100, 100});
-    View& up = root.addSubview(view({0, 0, 100, 100}, YAxis::up));
-    View& downIn = up.addSubview(view({0, 70, 20, 30}));          // its top touches the window's top
-    View& upIn = up.addSubview(view({50, 0, 20, 30}, YAxis::up)); // at the window's bottom
-    EXPECT_EQ(downIn.convertFromWindow({5, 5}), (Point{5, 5}));
-    EXPECT_EQ(downIn.convertToWindow(Point{5, 5}), (Point{5, 5}));
-    EXPECT_EQ(upIn.convertFromWindow({55, 95}), (Point{5, 5}));
-    EXPECT_EQ(root.hitTest({5, 0}), &downIn);
-    EXPECT_EQ(root.hitTest({5, 29}), &downIn);
-    EXPECT_EQ(root.hitTest({5, 30}), &up);
-    EXPECT_EQ(root.hitTest({55, 70}), &upIn);
-    EXPECT_EQ(root.hitTest({55, 69}), &up);
-    EXPECT_EQ(downIn.convertFromView({5, 5}, upIn), (Point{55, 95}));
-}
-
 TEST(View, LayersShowWhereViewsAreHit) {
     // The same tree, asked both ways: a view's box in the window is its layer's.
     View root({0, 0, 100, 100});
     View& up = root.addSubview(view({0, 0, 100, 100}, YAxis::up));
     View& child = up.addSubview(view({10, 70, 20, 30}));
-    EXPECT_EQ(child.convertToWindow(child.bounds()), (Rect{10, 0, 20, 30}));
+    EXPECT_EQ(child.coordinates().toWindow(child.bounds()), (Rect{10, 0, 20, 30}));
     EXPECT_EQ(child.layer()->frame(), (Rect{10, 70, 20, 30}));
     EXPECT_EQ(up.layer()->yAxis(), YAxis::up);
 }
@@ -214,11 +189,11 @@ TEST(View, LayersOfATreeTakeTheWindowsScaleOnEntering) {
     window.setBackingScaleFactor(2);
     auto root = view({0, 0, 10, 10});
     const auto own = std::make_shared<Layer>();
-    root->layer()->addSublayer(own);
+    root->layer()->tree().add(own);
     View& child = root->addSubview(view({}));
     window.setContentView(std::move(root));
-    EXPECT_EQ(own->contentsScale(), 2);
-    EXPECT_EQ(child.layer()->contentsScale(), 2);
+    EXPECT_EQ(own->look().contentsScale(), 2);
+    EXPECT_EQ(child.layer()->look().contentsScale(), 2);
 }
 
 TEST(View, LayersAndViewsAddedLaterTakeTheWindowsScale) {
@@ -226,19 +201,19 @@ TEST(View, LayersAndViewsAddedLaterTakeTheWindowsScale) {
     View& root = window.setContentView(view({0, 0, 10, 10}));
     window.setBackingScaleFactor(3);
     const auto late = std::make_shared<Layer>(), nested = std::make_shared<Layer>();
-    late->addSublayer(nested);
-    root.layer()->addSublayer(late);
-    EXPECT_EQ(late->contentsScale(), 3);
-    EXPECT_EQ(nested->contentsScale(), 3);
-    EXPECT_EQ(root.addSubview(view({})).layer()->contentsScale(), 3);
+    late->tree().add(nested);
+    root.layer()->tree().add(late);
+    EXPECT_EQ(late->look().contentsScale(), 3);
+    EXPECT_EQ(nested->look().contentsScale(), 3);
+    EXPECT_EQ(root.addSubview(view({})).layer()->look().contentsScale(), 3);
 }
 
 TEST(View, LayerThatWasGivenAScaleKeepsItWhenAddedLater) {
     View root;
     const auto picture = std::make_shared<Layer>();
-    picture->setContentsScale(6);
-    root.layer()->addSublayer(picture);
-    EXPECT_EQ(picture->contentsScale(), 6);
+    picture->look().setContentsScale(6);
+    root.layer()->tree().add(picture);
+    EXPECT_EQ(picture->look().contentsScale(), 6);
 }
 
 } // namespace

@@ -182,9 +182,9 @@ TEST_F(WindowTest, WithoutAHostTheWindowIsKeyAtOnce) {
 
 TEST_F(WindowTest, ScaleReachesEveryLayerThenEveryViewIsTold) {
     const auto deep = std::make_shared<Layer>();
-    inner->layer()->addSublayer(deep);
+    inner->layer()->tree().add(deep);
     double seen = 0;
-    root->also = [&](const std::string&) { seen = deep->contentsScale(); };
+    root->also = [&](const std::string&) { seen = deep->look().contentsScale(); };
     window->setBackingScaleFactor(1.5);
     root->also = nullptr;
     EXPECT_EQ(seen, 1.5);

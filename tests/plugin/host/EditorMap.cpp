@@ -24,12 +24,12 @@ Point EditorMap::handleOf(std::uint32_t pid, float shownValue) {
     QVMVerticalSlider& it = slider(pid);
     Point inSlider = it.readoutBulb()->position();
     (it.horizontal() ? inSlider.x : inSlider.y) = it.positionValueFromFloatValue(shownValue);
-    return it.convertToWindow(inSlider);
+    return it.coordinates().toWindow(inSlider);
 }
 
 Rect EditorMap::frameOf(std::uint32_t pid) {
     const QVMParameterControl& control = *view_->ui().parameterControlWithPid(pid);
-    return control.convertToWindow(control.bounds());
+    return control.coordinates().toWindow(control.bounds());
 }
 
 } // namespace QVM_NAMESPACE

@@ -55,7 +55,7 @@ protected:
     }
     Point middleOf(const std::string& identifier) {
         View& it = exhibit(identifier);
-        return it.convertToWindow(it.bounds().center());
+        return it.coordinates().toWindow(it.bounds().center());
     }
 
     VirtualTime time;
@@ -144,7 +144,7 @@ TEST_F(GalleryViewTest, TheThemeSwitchChangesTheThemeAndFollowsIt) {
     const Point themeSwitch{GalleryView::size.width - 60, 23};
     click(themeSwitch);
     EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());
-    EXPECT_EQ(view->pageView().layer()->backgroundColor(), QVMUITheme::dark().backgroundColor);
+    EXPECT_EQ(view->pageView().layer()->look().backgroundColor(), QVMUITheme::dark().backgroundColor);
     QVMUITheme::toggleThemeForWindow(nullptr);
     click(themeSwitch);
     EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());

@@ -11,7 +11,7 @@ using QVMParameterSketchTest = ParameterSketchFixture;
 TEST_F(QVMParameterSketchTest, IsSetUpForTheResponseCurve) {
     EXPECT_EQ(view.glSketch()->sketch(), PB_Sketches[0]);
     EXPECT_EQ(view.glSketch()->frame(), (Rect{0, 0, 54, 62}));
-    EXPECT_EQ(view.glSketch()->contentsScale(), 2);
+    EXPECT_EQ(view.glSketch()->look().contentsScale(), 2);
     EXPECT_EQ(view.numParams(), 24);
     EXPECT_EQ(object().paramCount(), 24u);
     EXPECT_EQ(object().refCount, 1u);
@@ -22,7 +22,7 @@ TEST_F(QVMParameterSketchTest, RunsWhileItIsInAWindow) {
     EXPECT_TRUE(view.hasGL());
     EXPECT_TRUE(view.isRunning());
     EXPECT_TRUE(ticks.isStarted());
-    EXPECT_EQ(view.glSketch()->superlayer(), view.layer().get());
+    EXPECT_EQ(view.glSketch()->tree().superlayer(), view.layer().get());
     const std::unique_ptr<View> taken = view.removeFromSuperview();
     EXPECT_FALSE(view.isRunning());
     EXPECT_FALSE(ticks.isStarted());
@@ -119,16 +119,16 @@ TEST_F(QVMParameterSketchTest, TheCurveIsPreparedWhileItGlidesAndTheMeterAlways)
     for (std::size_t pid = 0; pid < settings.size(); ++pid)
         object().interpTargets()[pid] = static_cast<float>(settings[pid]);
     object().restartGlide();
-    std::uint64_t version = view.glSketch()->contentVersion();
+    std::uint64_t version = view.glSketch()->look().version();
     for (int i = 0; i < 7; ++i) {
         frame();
-        EXPECT_NE(view.glSketch()->contentVersion(), version) << i;
-        version = view.glSketch()->contentVersion();
+        EXPECT_NE(view.glSketch()->look().version(), version) << i;
+        version = view.glSketch()->look().version();
     }
     EXPECT_TRUE(view.glSketch()->canRender());
     for (int i = 0; i < 10; ++i)
         frame();
-    EXPECT_EQ(view.glSketch()->contentVersion(), version);
+    EXPECT_EQ(view.glSketch()->look().version(), version);
 }
 
 TEST_F(QVMParameterSketchTest, FramesLeftOutCountForTheMetersTime) {
@@ -260,7 +260,7 @@ TEST_F(QVMParameterSketchTest, ChangesOfScaleAndSizeReachTheDrawingObject) {
     QVMAuxiliarySketch& meter = addMeter();
     window.setBackingScaleFactor(1);
     EXPECT_EQ(object().numPoints(), 54);
-    EXPECT_EQ(meter.glSketch()->contentsScale(), 1);
+    EXPECT_EQ(meter.glSketch()->look().contentsScale(), 1);
     view.setFrame({0, 0, 200, 200});
     EXPECT_EQ(object().numPoints(), 200);
     EXPECT_EQ(object().refCount, 2u);

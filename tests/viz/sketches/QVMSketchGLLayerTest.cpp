@@ -32,7 +32,7 @@ private:
 std::shared_ptr<QVMSketchGLLayer> makeLayer(const PBSketch& sketch, VizRef vizRef = nullptr) {
     auto layer = std::make_shared<QVMSketchGLLayer>();
     layer->setFrame({0, 0, sketch.outer.w, sketch.outer.h});
-    layer->setContentsScale(2);
+    layer->look().setContentsScale(2);
     if (vizRef) layer->useVizRef(std::move(vizRef));
     layer->setSampleRateMaxFramesSketchParamCountChanInChanOut(48000, 512, sketch, 24, 1, 2);
     return layer;
@@ -137,9 +137,9 @@ TEST(QVMSketchGLLayer, IsTransparentWhileItShouldNotRender) {
     const auto layer = makeLayer(PB_Sketches[0]);
     setSettings(static_cast<QVM0015GLSketch&>(*layer->getVizRef()), initialSettings());
     layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, true);
-    const std::uint64_t before = layer->contentVersion();
+    const std::uint64_t before = layer->look().version();
     layer->setShouldRender(false);
-    EXPECT_NE(layer->contentVersion(), before);
+    EXPECT_NE(layer->look().version(), before);
     EXPECT_TRUE(isTransparent(*layer));
     layer->setShouldRender(true);
     EXPECT_FALSE(isTransparent(*layer));
@@ -150,9 +150,9 @@ TEST(QVMSketchGLLayer, ShowingWhatIsShownOrHidingWhatIsHiddenDrawsNothing) {
     layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, true);
     for (const bool isShown : {true, false}) {
         layer->setShouldRender(isShown);
-        const std::uint64_t drawn = layer->contentVersion();
+        const std::uint64_t drawn = layer->look().version();
         layer->setShouldRender(isShown);
-        EXPECT_EQ(layer->contentVersion(), drawn) << isShown;
+        EXPECT_EQ(layer->look().version(), drawn) << isShown;
     }
 }
 
@@ -172,13 +172,13 @@ TEST(QVMSketchGLLayer, IsPreparedOnlyForItsOwnKindOfSketch) {
 TEST(QVMSketchGLLayer, AFrameThatLooksTheSameIsNotDrawnAgain) {
     const auto layer = makeLayer(PB_Sketches[1]);
     layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, false);
-    const std::uint64_t drawn = layer->contentVersion();
+    const std::uint64_t drawn = layer->look().version();
     for (int frame = 0; frame < 100; ++frame)
         layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, false);
-    EXPECT_EQ(layer->contentVersion(), drawn);
+    EXPECT_EQ(layer->look().version(), drawn);
     static_cast<QVM0015GLSketch&>(*layer->getVizRef()).levelMeter()->channel(0).level = -6;
     layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, false);
-    EXPECT_NE(layer->contentVersion(), drawn);
+    EXPECT_NE(layer->look().version(), drawn);
 }
 
 TEST(QVMSketchGLLayer, IsBuiltAnewWhenItsCanvasChangesAndOnlyThen) {
@@ -186,16 +186,16 @@ TEST(QVMSketchGLLayer, IsBuiltAnewWhenItsCanvasChangesAndOnlyThen) {
     auto& object = static_cast<QVM0015GLSketch&>(*layer->getVizRef());
     setSettings(object, initialSettings());
     layer->prepareForDrawingWithDurationParameterSketch(1.0f / 60, true);
-    const std::uint64_t version = layer->contentVersion();
+    const std::uint64_t version = layer->look().version();
     layer->canvasDidChange();
-    EXPECT_EQ(layer->contentVersion(), version);
+    EXPECT_EQ(layer->look().version(), version);
     layer->setFrame({0, 0, 200, 200});
     layer->canvasDidChange();
     EXPECT_EQ(object.numPoints(), 400);
-    EXPECT_NE(layer->contentVersion(), version);
+    EXPECT_NE(layer->look().version(), version);
     EXPECT_FALSE(isTransparent(*layer));
     EXPECT_EQ(object.refCount, 1u);
-    layer->setContentsScale(1);
+    layer->look().setContentsScale(1);
     layer->canvasDidChange();
     EXPECT_EQ(object.numPoints(), 200);
     EXPECT_EQ(object.responseDisplay().kernel().size(), 3u);
