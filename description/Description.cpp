@@ -33,7 +33,7 @@ QVMClump* GetClump(std::uint32_t cid) {
     if (cid >= slots.size()) return nullptr;
     return RecordInSlot(slots[cid], [cid](QVMClump& clump) {
         tables::FillClump(clump, cid);
-        for (const std::uint32_t pid : tables::Clumps()[cid].pids)
+        for (const std::uint32_t pid : tables::PidsOfClump(cid))
             clump.parameters.push_back(GetParameter(pid));
     });
 }

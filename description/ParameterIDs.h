@@ -36,7 +36,8 @@ enum ParameterID : std::uint32_t {
     pidFilterSlopeHigh = 21,
     pidFilterResonanceHigh = 22,
     pidHQMode = 23,
+    pidBehindTheLast // of no parameter
 };
-inline constexpr std::uint32_t QVMParameterCount = 24; // one more than the last
+inline constexpr std::uint32_t QVMParameterCount = pidBehindTheLast;
 
 } // namespace QVM_NAMESPACE

@@ -1,6 +1,6 @@
 #include "description/Presets.h"
 
-#include "description/Description.h"
+#include "description/tables/ParameterTable.h"
 #include "description/tables/PresetTable.h"
 
 #include <array>
@@ -12,15 +12,15 @@ std::optional<std::vector<float>> PresetIndexToPresetValues(std::int64_t index) 
     if (index < 0 || index >= static_cast<std::int64_t>(presets.size())) return std::nullopt;
 
     std::array<float, QVMParameterCount> byPid{};
-    byPid[0] = 1.0f; // the master switch
+    for (const tables::ParameterRow& parameter : tables::Parameters())
+        byPid[parameter.pid] = parameter.initialValue;
     const auto& row = presets[static_cast<std::size_t>(index)];
     for (std::size_t i = 0; i < row.values.size(); ++i)
         byPid[tables::kPresetPids[i]] = row.values[i];
 
     std::vector<float> values;
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-        if (!GetParameter(pid)->presetWildcard) values.push_back(byPid[pid]);
-    }
+    for (const tables::ParameterRow& parameter : tables::Parameters())
+        if (!parameter.presetWildcard) values.push_back(byPid[parameter.pid]);
     return values;
 }
 

@@ -2,6 +2,7 @@
 
 #include "description/tables/Artwork.h"
 #include "description/tables/Frames.h"
+#include "description/tables/ParameterTable.h"
 
 #include <array>
 
@@ -9,12 +10,6 @@ namespace QVM_NAMESPACE {
 namespace tables {
 
 namespace {
-
-constexpr std::array<std::uint32_t, 1> kMasterPids = {0};
-constexpr std::array<std::uint32_t, 5> kTiltPids = {1, 2, 3, 4, 5};
-constexpr std::array<std::uint32_t, 3> kOutputPids = {6, 7, 8};
-constexpr std::array<std::uint32_t, 6> kFilterPids = {9, 10, 11, 12, 13, 20};
-constexpr std::array<std::uint32_t, 9> kAdvancedPids = {14, 15, 16, 17, 18, 19, 21, 22, 23};
 
 constexpr std::array<TaggedLabelRow, 2> kTiltLabels = {{
     {"GAIN", {231, 8, 80, 14}, QVMLabelAlignment::right},
@@ -33,25 +28,14 @@ constexpr std::array<SketchRow, 1> kOutputSketches = {{{"InputOutputMeter", "Out
 constexpr QVMRect kHeading = {11, 7, 100, 15};
 
 constexpr std::array<ClumpRow, 5> kClumps = {{
-    {0, "MasterOn/Off", "MasterOnOff", "MasterOn/Off", nullptr, QVMClumpTypeMaster, kMasterPids, kPowerBox, {}, {}, {}},
-    {1,
-     "Tilt",
-     "Tilt",
-     "TILT",
-     &artwork::headingTilt,
-     QVMClumpTypeOrdinary,
-     kTiltPids,
-     kTiltPanel,
-     kHeading,
-     kTiltLabels,
-     {}},
+    {0, "MasterOn/Off", "MasterOnOff", "MasterOn/Off", nullptr, QVMClumpTypeMaster, kPowerBox, {}, {}, {}},
+    {1, "Tilt", "Tilt", "TILT", &artwork::headingTilt, QVMClumpTypeOrdinary, kTiltPanel, kHeading, kTiltLabels, {}},
     {2,
      "Output",
      "Output",
      "OUT",
      &artwork::headingOutput,
      QVMClumpTypeOrdinary,
-     kOutputPids,
      kOutputPanel,
      kHeading,
      {},
@@ -62,7 +46,6 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
      "FILTER",
      &artwork::headingFilter,
      QVMClumpTypeOrdinary,
-     kFilterPids,
      kFilterPanel,
      kHeading,
      kFilterLabels,
@@ -73,7 +56,6 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
      "ADV FILTER",
      &artwork::headingAdvFilter,
      QVMClumpTypeAdvanced,
-     kAdvancedPids,
      {0, 0, kAdvancedWidth, kEditorSize.height},
      {11, 8, 120, 15},
      kAdvancedLabels,
@@ -84,6 +66,13 @@ constexpr std::array<ClumpRow, 5> kClumps = {{
 
 std::span<const ClumpRow> Clumps() {
     return kClumps;
+}
+
+std::vector<ParameterID> PidsOfClump(std::uint32_t cid) {
+    std::vector<ParameterID> pids;
+    for (const ParameterRow& row : Parameters())
+        if (row.cid == cid) pids.push_back(row.pid);
+    return pids;
 }
 
 } // namespace tables

@@ -1,10 +1,13 @@
-// The clumps of this product: identity, parameters in display order, frames, extra labels and visualisations.
+// The clumps of this product: identity, frames, extra labels and visualisations. Which parameters stand in one, their
+// rows say.
 #pragma once
 
+#include "description/ParameterIDs.h"
 #include "description/QVMClump.h"
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 namespace tables {
@@ -30,15 +33,17 @@ struct ClumpRow {
     std::string_view labelString;
     const char* const* headingArtwork; // null: the heading is the label text
     std::int32_t clumpType;            // QVMClumpTypeCode
-    std::span<const std::uint32_t> pids;
-    QVMRect frame;      // in the view around the clumps
-    QVMRect labelFrame; // of the heading
+    QVMRect frame;                     // in the view around the clumps
+    QVMRect labelFrame;                // of the heading
     std::span<const TaggedLabelRow> taggedLabels;
     std::span<const SketchRow> sketches;
 };
 
 // In cid order. The table lives as long as the process.
 std::span<const ClumpRow> Clumps();
+
+// The parameters whose row names the clump, in display order, which is that of the pids. Any thread.
+std::vector<ParameterID> PidsOfClump(std::uint32_t cid);
 
 } // namespace tables
 } // namespace QVM_NAMESPACE

@@ -1,5 +1,7 @@
 #include "description/tables/Artwork.h"
+#include "description/tables/ClumpTable.h"
 #include "description/tables/Frames.h"
+#include "description/tables/ParameterTable.h"
 #include "description/tables/RecordBuilder.h"
 
 namespace QVM_NAMESPACE {
@@ -7,35 +9,12 @@ namespace tables {
 
 namespace {
 
-// The order of the settings address, which is not that of the pids: the listen switches stand together, and the
-// advanced clump follows in its own order.
-const std::vector<std::string>& ParameterOrder() {
-    static const std::vector<std::string> order = {
-        "MasterOnOff",
-        "TiltGain",
-        "TiltRangeLow",
-        "TiltRangeHigh",
-        "TiltRangeLink",
-        "TiltRangeLinkRatio",
-        "TiltLoudnessMode",
-        "OutputGain",
-        "MeterMode",
-        "FilterRangeLow",
-        "FilterRangeHigh",
-        "FilterRangeLink",
-        "FilterRangeLinkRatio",
-        "FilterListenLow",
-        "FilterListenHigh",
-        "FilterSlopeLow",
-        "FilterResonanceLow",
-        "FilterSlopeLink",
-        "FilterSlopeLinkRatio",
-        "FilterResonanceLink",
-        "FilterResonanceLinkRatio",
-        "FilterSlopeHigh",
-        "FilterResonanceHigh",
-        "HQMode",
-    };
+// The order of the settings address and of the Tab walk: clump by clump, each in its own order.
+std::vector<std::string> ParameterOrder() {
+    std::vector<std::string> order;
+    for (const ClumpRow& clump : Clumps())
+        for (const ParameterID pid : PidsOfClump(clump.cid))
+            order.emplace_back(Parameters()[pid].codesafeName);
     return order;
 }
 
@@ -69,7 +48,8 @@ void FillMetadata(QVMMetadata& metadata) {
     metadata.genericHQParameter = "HQMode";
     metadata.sketch = {true, ColorFromHexText("#FFFFFF"), {4, 0}};
     metadata.parameterOrder = ParameterOrder();
-    metadata.tabOrder.assign(ParameterOrder().begin() + 1, ParameterOrder().end()); // all but the master switch
+    metadata.tabOrder.assign(metadata.parameterOrder.begin() + 1,
+                             metadata.parameterOrder.end()); // not the master switch
     metadata.advBanner = ImageText(artwork::advBanner);
     metadata.layoutEdges = LayoutEdges();
 }

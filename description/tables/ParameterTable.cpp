@@ -78,11 +78,11 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .frame = {0, 132, kTiltPanel.width, 34}, .controlFrame = kBandSlider},
     {.pid = pidTiltRangeLink, .name = "Tilt Range Link", .codesafeName = "TiltRangeLink", .minimalName = "trlnk", .cid = kTilt,
      .unit = QVMUnitSwitch, .minValue = 10, .maxValue = 24000, .initialValue = 0,
-     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#B25962"},
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .hasEffect = false, .color = "#B25962"},
     {.pid = pidTiltRangeLinkRatio, .name = "Tilt Range Link Ratio", .codesafeName = "TiltRangeLinkRatio", .minimalName = "trrto", .cid = kTilt,
      .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 10, .maxValue = 24000, .initialValue = 0,
      .steps = {1, 1, 10},
-     .controlType = QVMControlTypeSlider, .color = "#B25962"},
+     .controlType = QVMControlTypeSlider, .hasEffect = false, .color = "#B25962"},
     {.pid = pidTiltLoudnessMode, .name = "Tilt Loudness Mode", .codesafeName = "TiltLoudnessMode", .minimalName = "tal", .cid = kOutput,
      .unit = QVMUnitIndexed, .minValue = 0, .maxValue = 3, .initialValue = 0,
      .controlType = QVMControlTypeCycle, .controlStyle = 1, .horizontal = true, .includeCrementers = true, .color = "#71343A", .labelString = "Loudness",
@@ -112,11 +112,11 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .frame = {0, 71, kFilterPanel.width, 34}, .controlFrame = kBandSlider},
     {.pid = pidFilterRangeLink, .name = "Filter Range Link", .codesafeName = "FilterRangeLink", .minimalName = "frlnk", .cid = kFilter,
      .unit = QVMUnitSwitch, .minValue = 4, .maxValue = 24000, .initialValue = 0,
-     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#877879"},
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .hasEffect = false, .color = "#877879"},
     {.pid = pidFilterRangeLinkRatio, .name = "Filter Range Link Ratio", .codesafeName = "FilterRangeLinkRatio", .minimalName = "frrto", .cid = kFilter,
      .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 4, .maxValue = 24000, .initialValue = 0,
      .steps = {1, 1, 10},
-     .controlType = QVMControlTypeSlider, .color = "#877879"},
+     .controlType = QVMControlTypeSlider, .hasEffect = false, .color = "#877879"},
     {.pid = pidFilterListenLow, .name = "Filter Listen Low", .codesafeName = "FilterListenLow", .minimalName = "fll", .cid = kFilter,
      .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
      .controlType = QVMControlTypeToggle, .controlStyle = 4, .labelDisplay = 2, .cueSymbolDisplay = 2, .isDisplaced = true, .color = "#5E5454",
@@ -134,18 +134,18 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .frame = {10, 150, 80, 60}, .controlFrame = kNumberControl, .labelFrame = kNumberLabel, .numberOnlyPixelConstants = kNumberPoints},
     {.pid = pidFilterSlopeLink, .name = "Filter Slope Link", .codesafeName = "FilterSlopeLink", .minimalName = "fslnk", .cid = kAdv,
      .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
-     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#FF69B4"},
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .hasEffect = false, .color = "#FF69B4"},
     {.pid = pidFilterSlopeLinkRatio, .name = "Filter Slope Link Ratio", .codesafeName = "FilterSlopeLinkRatio", .minimalName = "fsrto", .cid = kAdv,
      .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 0, .maxValue = 100, .initialValue = 0,
      .steps = {1, 1, 10},
-     .controlType = QVMControlTypeSlider, .color = "#FF69B4"},
+     .controlType = QVMControlTypeSlider, .hasEffect = false, .color = "#FF69B4"},
     {.pid = pidFilterResonanceLink, .name = "Filter Resonance Link", .codesafeName = "FilterResonanceLink", .minimalName = "frelnk", .cid = kAdv,
      .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
-     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .color = "#FF69B4"},
+     .controlType = QVMControlTypeToggle, .controlStyle = 1, .labelDisplay = 2, .cueSymbolDisplay = 2, .hasEffect = false, .color = "#FF69B4"},
     {.pid = pidFilterResonanceLinkRatio, .name = "Filter Resonance Link Ratio", .codesafeName = "FilterResonanceLinkRatio", .minimalName = "frelnkr", .cid = kAdv,
      .unit = QVMUnitPercent, .unitSymbol = "%", .minValue = 0, .maxValue = 100, .initialValue = 0,
      .steps = {1, 1, 10},
-     .controlType = QVMControlTypeSlider, .color = "#FF69B4"},
+     .controlType = QVMControlTypeSlider, .hasEffect = false, .color = "#FF69B4"},
     {.pid = pidFilterListenHigh, .name = "Filter Listen High", .codesafeName = "FilterListenHigh", .minimalName = "flh", .cid = kFilter,
      .unit = QVMUnitSwitch, .minValue = 0, .maxValue = 1, .initialValue = 0,
      .controlType = QVMControlTypeToggle, .controlStyle = 4, .labelDisplay = 2, .cueSymbolDisplay = 2, .isDisplaced = true, .color = "#5E5454",
@@ -168,6 +168,13 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .frame = {65, 258, 70, 36}, .controlFrame = {0, 0, 70, 36}},
 }};
 // clang-format on
+
+constexpr bool rowsStandAtTheirPids() {
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        if (kParameters[pid].pid != pid) return false;
+    return true;
+}
+static_assert(rowsStandAtTheirPids());
 
 } // namespace
 

@@ -68,6 +68,7 @@ struct ParameterRow {
     bool includeCrementers = false;
     bool hidden = false;
     bool presetWildcard = false;
+    bool hasEffect = true; // false: kept for the sessions that have it, but neither heard nor seen, and hosts hide it
     const char* color = "";
     std::string_view label = {};
     const char* const* labelArtwork = nullptr; // a picture in place of the label text

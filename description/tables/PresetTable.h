@@ -1,6 +1,6 @@
 // The factory presets of this product.
 //
-// A row holds only what presets differ in; the master switch is on and every other parameter 0 in all of them.
+// A row holds only what presets differ in; every other parameter is at its initial value in all of them.
 #pragma once
 
 #include "BuildNamespace.h"

@@ -1,11 +1,8 @@
 #include "plugin/vst3/ParameterListing.h"
 
-#include "description/Description.h"
+#include "description/tables/ParameterTable.h"
 
 #include <juce_core/juce_core.h>
-
-#include <algorithm>
-#include <array>
 
 namespace QVM_NAMESPACE {
 
@@ -13,20 +10,19 @@ using namespace Steinberg::Vst;
 
 namespace {
 
-constexpr std::array hiddenPids = {
-    pidMasterOnOff,          pidTiltRangeLink,        pidTiltRangeLinkRatio,
-    pidFilterRangeLink,      pidFilterRangeLinkRatio, pidFilterSlopeLink,
-    pidFilterSlopeLinkRatio, pidFilterResonanceLink,  pidFilterResonanceLinkRatio,
-};
-
-// As the toolkit's wrapper makes it of the name in code.
-ParamID identifierOf(const QVMParameter& parameter) {
-    return static_cast<ParamID>(juce::String(parameter.codesafeName).hashCode()) & 0x7fffffffU;
+// The master switch is the host's bypass under another name.
+bool isHidden(const tables::ParameterRow& row) {
+    return row.pid == pidMasterOnOff || !row.hasEffect;
 }
 
-const QVMParameter* parameterOf(ParamID id) {
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        if (identifierOf(*GetParameter(pid)) == id) return GetParameter(pid);
+// As the toolkit's wrapper makes it of the name in code.
+ParamID identifierOf(const tables::ParameterRow& row) {
+    return static_cast<ParamID>(juce::String(row.codesafeName).hashCode()) & 0x7fffffffU;
+}
+
+const tables::ParameterRow* rowOf(ParamID id) {
+    for (const tables::ParameterRow& row : tables::Parameters())
+        if (identifierOf(row) == id) return &row;
     return nullptr;
 }
 
@@ -34,10 +30,10 @@ const QVMParameter* parameterOf(ParamID id) {
 
 void completeParameterInfo(ParameterInfo& info) {
     if (info.flags & ParameterInfo::kIsProgramChange) info.flags |= ParameterInfo::kIsList;
-    const QVMParameter* parameter = parameterOf(info.id);
-    if (!parameter) return;
-    if (info.stepCount > 1 && !parameter->stringValues.empty()) info.flags |= ParameterInfo::kIsList;
-    if (std::find(hiddenPids.begin(), hiddenPids.end(), parameter->pid) == hiddenPids.end()) return;
+    const tables::ParameterRow* row = rowOf(info.id);
+    if (!row) return;
+    if (info.stepCount > 1 && !row->stringValues.empty()) info.flags |= ParameterInfo::kIsList;
+    if (!isHidden(*row)) return;
     // The format asks for the three together.
     info.flags &= ~ParameterInfo::kCanAutomate;
     info.flags |= ParameterInfo::kIsHidden | ParameterInfo::kIsReadOnly;

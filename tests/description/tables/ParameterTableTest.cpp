@@ -121,6 +121,13 @@ TEST(ParameterTable, WhatAllParametersHaveInCommon) {
     }
 }
 
+TEST(ParameterTable, LinksAndRatiosAloneHaveNoEffect) {
+    for (const tables::ParameterRow& row : tables::Parameters()) {
+        const bool isLink = std::string_view(row.name).find(" Link") != std::string_view::npos;
+        EXPECT_EQ(row.hasEffect, !isLink) << row.name;
+    }
+}
+
 TEST(ParameterTable, OnlyTheQualityModeIsAPresetWildcard) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         EXPECT_EQ(GetParameter(pid)->presetWildcard, pid == pidHQMode);
