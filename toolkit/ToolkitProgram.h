@@ -13,7 +13,8 @@ namespace QVM_NAMESPACE {
 // Main thread, all of it. A program says in initialise() what it does and lets go of everything in shutdown().
 class ToolkitProgram : public juce::JUCEApplicationBase {
 public:
-    explicit ToolkitProgram(std::string name) : name_(std::move(name)) {}
+    // What the desktop calls it, and what whoever called it does, for messages.
+    ToolkitProgram(std::string name, std::string calledAs) : name_(std::move(name)), calledAs_(std::move(calledAs)) {}
 
     // Makes a Program with the options, runs it until it quits and returns its exit status. Once a process.
     template <class Program, class Options>
@@ -34,13 +35,17 @@ public:
     void unhandledException(const std::exception*, const juce::String&, int) override {}
 
 protected:
-    // Ends the program with status 1 and a line on the error stream that begins with its name.
+    // A line on the error stream that begins with the program's name.
+    void warn(const std::string& message) const;
+    // The same, and ends the program with status 1.
     void fail(const std::string& message);
+    // For a program that can write a picture in place of opening a window.
+    void failForWantOfDisplay();
 
 private:
     static int run(int argumentCount, char* arguments[], CreateInstanceFunction create);
 
-    const std::string name_;
+    const std::string name_, calledAs_;
 };
 
 } // namespace QVM_NAMESPACE

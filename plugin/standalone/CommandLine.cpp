@@ -1,6 +1,7 @@
 #include "plugin/standalone/CommandLine.h"
 
 #include "description/NumberText.h"
+#include "plugin/standalone/Console.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,6 +28,18 @@ std::string firstLeftOver(const CLI::App& app) {
     return found == left.end() ? std::string() : unknownArgument(*found);
 }
 
+std::string needsAValue(const std::string& option) {
+    return option + " needs a value";
+}
+
+// The library's words are "--option: 1 required TEXT missing" and "flag was given a disallowed flag override".
+std::string mismatchText(const std::string& said) {
+    const std::size_t colon = said.find(':');
+    if (colon != std::string::npos) return needsAValue(said.substr(0, colon));
+    const std::string flag = said.substr(0, said.find(' '));
+    return (flag.size() == 1 ? "-" : "--") + flag + " takes no value";
+}
+
 // The library's way for a setter to refuse a value, which parseCommandLine catches.
 std::function<void(const std::string&)> refusing(OptionSetter setter) {
     return [setter = std::move(setter)](const std::string& value) {
@@ -35,6 +48,11 @@ std::function<void(const std::string&)> refusing(OptionSetter setter) {
 }
 
 } // namespace
+
+std::string numberText(double number) {
+    constexpr int significantDigits = 9;
+    return SignificantText(number, significantDigits);
+}
 
 std::string unknownArgument(const std::string& argument) {
     return "unknown argument \"" + argument + "\" (--help lists the options)";
@@ -46,17 +64,27 @@ void addOption(CLI::App& app, const OptionText& text, OptionSetter setter) {
         ->take_last();
 }
 
+void addFile(CLI::App& app, const OptionText& text, std::string& file) {
+    addOption(app, text, [name = text.name, &file](const std::string& value) {
+        file = value;
+        return value.empty() ? needsAValue(name) : std::string();
+    });
+}
+
 void addNumber(CLI::App& app, const OptionText& text, double least, double most, std::function<void(double)> set) {
     addOption(app, text, [name = text.name, least, most, set = std::move(set)](const std::string& value) {
         const std::optional<double> number = numberWithin(value, least, most);
-        if (!number) return name + " takes a number, not \"" + value + "\"";
+        if (!number) {
+            return name + " takes a number from " + numberText(least) + " to " + numberText(most) + ", not \"" + value +
+                   "\"";
+        }
         set(*number);
         return std::string();
     });
 }
 
 void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::string& help) {
-    app.add_flag(names, flag, help);
+    app.add_flag(names, flag, help)->disable_flag_override();
 }
 
 void addTheme(CLI::App& app, StartTheme& theme) {
@@ -90,19 +118,18 @@ std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& argu
     try {
         app.parse(std::move(fromLast));
     } catch (const CLI::ArgumentMismatch& mismatch) {
-        const std::string said = mismatch.what();
-        return said.substr(0, said.find(':')) + " needs a value";
+        return mismatchText(mismatch.what());
     } catch (const CLI::ParseError& error) {
         return error.what();
     }
     return firstLeftOver(app);
 }
 
-std::string commandLineHelp(const CLI::App& app) {
+std::string commandLineHelp(const CLI::App& app, const std::string& program) {
     CLI::Formatter formatter;
     formatter.column_width(columnOfHelp);
-    return formatter.make_usage(&app, app.get_name()) + app.get_description() + '\n' +
-           formatter.make_positionals(&app) + formatter.make_groups(&app, CLI::AppFormatMode::Normal);
+    return formatter.make_usage(&app, program) + app.get_description() + '\n' + formatter.make_positionals(&app) +
+           formatter.make_groups(&app, CLI::AppFormatMode::Normal) + '\n' + exitStatusHelp();
 }
 
 } // namespace QVM_NAMESPACE

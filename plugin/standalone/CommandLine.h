@@ -24,7 +24,9 @@ struct OptionText {
 
 // Adds an option with a value; of several the last one counts. The setter is called by parseCommandLine.
 void addOption(CLI::App& app, const OptionText& text, OptionSetter setter);
-// Adds one whose value is a number within limits, in the C locale's form and nothing after it.
+// Adds one whose value names a file, which lives as long as the app is used.
+void addFile(CLI::App& app, const OptionText& text, std::string& file);
+// Adds one whose value is a number within limits, both included, in the C locale's form and nothing after it.
 void addNumber(CLI::App& app, const OptionText& text, double least, double most, std::function<void(double)> set);
 // Adds an option without a value, by all its names ("-h,--help"). The flag lives as long as the app is used.
 void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::string& help);
@@ -37,13 +39,15 @@ void addTheme(CLI::App& app, StartTheme& theme);
 // `otherwise` says what the scale is when it is not given, in device pixels a point.
 void addScale(CLI::App& app, const std::string& otherwise, double& scale);
 void addQuitAfter(CLI::App& app, std::optional<double>& seconds);
+// A number as in what is said of one.
+std::string numberText(double number);
 // What is said of an argument that has no place.
 std::string unknownArgument(const std::string& argument);
 
 // Reads the arguments behind the program's name and sets what they say. Answers what is wrong in one line without a
 // newline, or nothing.
 [[nodiscard]] std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& arguments);
-// How to call the program, what it does, and its options in the order in which they were added.
-std::string commandLineHelp(const CLI::App& app);
+// How to call the program, what it does, its options in the order in which they were added, and its exit statuses.
+std::string commandLineHelp(const CLI::App& app, const std::string& program);
 
 } // namespace QVM_NAMESPACE

@@ -2,6 +2,7 @@
 
 #include "description/Description.h"
 #include "plugin/standalone/CommandLine.h"
+#include "plugin/standalone/NearestName.h"
 #include "settings/SettingsAddress.h"
 
 #include <CLI/CLI.hpp>
@@ -17,7 +18,7 @@ namespace {
 std::string setPreset(Options& options, const std::string& value) {
     const auto& names = GetPresets()->stringValues;
     const auto found = std::find(names.begin(), names.end(), value);
-    if (found == names.end()) return "there is no preset named \"" + value + "\"";
+    if (found == names.end()) return unknownName("preset", value, names);
     options.presetIndex = static_cast<int>(found - names.begin());
     return {};
 }
@@ -44,8 +45,7 @@ class OptionsLine {
 public:
     explicit OptionsLine(Options& options) : options_(options) {
         app.set_help_flag(); // an option like the others, so that what stands beside it is still looked at
-        add({"--play", "FILE", "loop a WAV, AIFF or FLAC file through the unit"},
-            [](Options& o, const std::string& v) { return o.playFile = v, std::string(); });
+        addFile(app, {"--play", "FILE", "loop a WAV, AIFF or FLAC file through the unit"}, options.playFile);
         addBareFile(app, "the same as --play FILE", [this](const std::string& value) {
             if (!options_.playFile.empty()) return unknownArgument(value);
             return options_.playFile = value, std::string();
@@ -55,8 +55,8 @@ public:
         addTheme(app, options.theme);
         add({"--layout", "NAME", "start normal, wide (with the advanced drawer) or compact"}, setLayout);
         addScale(app, "the desktop's", options.scale);
-        add({"--screenshot", "FILE", "write a PNG of the editor; works without a display"},
-            [](Options& o, const std::string& v) { return o.screenshotFile = v, std::string(); });
+        addFile(app, {"--screenshot", "FILE", "write a PNG of the editor; works without a display"},
+                options.screenshotFile);
         addNumber(app, {"--after", "SECONDS", "when to write it (2)"}, 0, 3600,
                   [this](double v) { options_.afterSeconds = v; });
         addQuitAfter(app, options.quitAfterSeconds);
@@ -64,7 +64,7 @@ public:
         addFlag(app, "--version", options.showVersion, "print the version");
     }
 
-    CLI::App app{"Opens the editor on an audio unit that processes the file, or built-in pink noise.", "Slantwise"};
+    CLI::App app{"Opens the editor on an audio unit that processes the file, or built-in pink noise."};
 
 private:
     void add(const OptionText& text, std::string (*set)(Options&, const std::string&)) {
@@ -74,18 +74,27 @@ private:
     Options& options_;
 };
 
+// What is wrong with options that are right each by itself, or nothing.
+std::string contradictionIn(const Options& options) {
+    if (options.screenshotFile.empty() || !options.quitAfterSeconds) return {};
+    if (*options.quitAfterSeconds >= options.afterSeconds) return {};
+    return "--quit-after " + numberText(*options.quitAfterSeconds) + " is before --after " +
+           numberText(options.afterSeconds) + ", so that there would be no picture";
+}
+
 } // namespace
 
 std::variant<Options, OptionsError> parseOptions(const std::vector<std::string>& arguments) {
     Options options;
     OptionsLine line(options);
     if (std::string wrong = parseCommandLine(line.app, arguments); !wrong.empty()) return OptionsError{wrong};
+    if (std::string wrong = contradictionIn(options); !wrong.empty()) return OptionsError{wrong};
     return options;
 }
 
-std::string helpText() {
+std::string helpText(const std::string& program) {
     Options options;
-    return commandLineHelp(OptionsLine(options).app);
+    return commandLineHelp(OptionsLine(options).app, program);
 }
 
 std::string versionText() {

@@ -24,6 +24,7 @@ struct Options {
     double afterSeconds = 2;    // when to write it
     std::optional<double> quitAfterSeconds;
     bool showHelp = false, showVersion = false;
+    std::string program = "slantwise"; // the name that it is called by, for messages
 };
 
 struct OptionsError {
@@ -32,8 +33,8 @@ struct OptionsError {
 
 // Parses the arguments behind the program's name.
 [[nodiscard]] std::variant<Options, OptionsError> parseOptions(const std::vector<std::string>& arguments);
-// The text of --help.
-std::string helpText();
+// The text of --help of the program by the name that it is called by.
+std::string helpText(const std::string& program);
 // "Slantwise 2.0.1 (a6a669f)".
 std::string versionText();
 

@@ -19,15 +19,14 @@ constexpr double noiseRateHz = 48000;
 
 } // namespace
 
-StandaloneApp::StandaloneApp(Options options) : ToolkitProgram("Slantwise"), options_(std::move(options)) {}
+StandaloneApp::StandaloneApp(Options options)
+    : ToolkitProgram("Slantwise", options.program), options_(std::move(options)) {}
 
 StandaloneApp::~StandaloneApp() = default;
 
 void StandaloneApp::initialise(const juce::String&) {
     const bool display = hasDisplay();
-    if (!display && options_.screenshotFile.empty()) {
-        return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
-    }
+    if (!display && options_.screenshotFile.empty()) return failForWantOfDisplay();
     AudioClip clip;
     if (options_.playFile.empty()) {
         clip = pinkNoise(noiseRateHz);
@@ -35,6 +34,7 @@ void StandaloneApp::initialise(const juce::String&) {
         auto read = readAudioFile(options_.playFile);
         if (const auto* error = std::get_if<AudioFileError>(&read)) return fail(error->message);
         clip = std::get<AudioClip>(std::move(read));
+        if (clip.isDamaged) warn(damagedFileText(options_.playFile));
     }
 
     processor_ = std::make_unique<SlantwiseProcessor>();

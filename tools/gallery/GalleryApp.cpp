@@ -17,17 +17,18 @@ namespace {
 
 constexpr double signalSampleRateHz = 48000;
 
-// A line at a time, so that whoever reads them sees them at once.
-void printLine(const std::string& line) {
-    std::printf("%s\n", line.c_str());
-    std::fflush(stdout);
-}
-
 } // namespace
 
-GalleryApp::GalleryApp(GalleryOptions options) : ToolkitProgram("slantwise-gallery"), options_(std::move(options)) {}
+GalleryApp::GalleryApp(GalleryOptions options)
+    : ToolkitProgram("slantwise-gallery", options.program), options_(std::move(options)) {}
 
 GalleryApp::~GalleryApp() = default;
+
+void GalleryApp::printLine(const std::string& line) {
+    if (isCutOff_ || (std::printf("%s\n", line.c_str()) >= 0 && std::fflush(stdout) == 0)) return;
+    isCutOff_ = true;
+    fail("cannot write the output");
+}
 
 std::unique_ptr<StereoFeed> GalleryApp::makeFeed() {
     const std::string& file = options_.audioFile;
@@ -39,25 +40,22 @@ std::unique_ptr<StereoFeed> GalleryApp::makeFeed() {
         fail(error->message);
         return nullptr;
     }
-    return std::make_unique<StereoFeed>(std::get<AudioClip>(std::move(read)),
-                                        std::filesystem::path(file).filename().string());
+    auto clip = std::get<AudioClip>(std::move(read));
+    if (clip.isDamaged) warn(damagedFileText(file));
+    return std::make_unique<StereoFeed>(std::move(clip), std::filesystem::path(file).filename().string());
 }
 
 void GalleryApp::initialise(const juce::String&) {
     if (!options_.screenshotFile.empty()) return writeScreenshot();
-    const bool display = hasDisplay();
-    if (!display && !options_.quitAfterSeconds)
-        return fail("there is no display; set DISPLAY, or write a picture with --screenshot FILE");
+    if (!hasDisplay()) return failForWantOfDisplay();
     if (!openView()) return;
-    if (display) {
-        if (options_.scale > 0) {
-            // The desktop scales the window on its own; this is what is missing to the scale asked for.
-            const double desktop = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->scale;
-            component_->setTransform(juce::AffineTransform::scale(static_cast<float>(options_.scale / desktop)));
-        }
-        window_ = std::make_unique<ProgramWindow>("Slantwise gallery", *component_);
-        component_->window().makeKey(); // Tab works before the first click
+    if (options_.scale > 0) {
+        // The desktop scales the window on its own; this is what is missing to the scale asked for.
+        const double desktop = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->scale;
+        component_->setTransform(juce::AffineTransform::scale(static_cast<float>(options_.scale / desktop)));
     }
+    window_ = std::make_unique<ProgramWindow>("Slantwise gallery", *component_);
+    component_->window().makeKey(); // Tab works before the first click
     if (options_.quitAfterSeconds) quitCall_.schedule(*options_.quitAfterSeconds, [] { JUCEApplicationBase::quit(); });
 }
 
@@ -69,7 +67,8 @@ bool GalleryApp::openView() {
     if (options_.scale > 0) window.setBackingScaleFactor(options_.scale);
     if (options_.theme == GalleryOptions::Theme::dark) QVMUITheme::toggleThemeForWindow(&window);
     window.setContentView(std::make_unique<GalleryView>(
-        *feed_, options_.page, options_.printEvents ? GalleryView::Listener(&printLine) : nullptr));
+        *feed_, options_.page,
+        options_.printEvents ? GalleryView::Listener([this](const std::string& line) { printLine(line); }) : nullptr));
     return true;
 }
 

@@ -23,6 +23,8 @@ public:
     void shutdown() override;
 
 private:
+    // A line at a time, so that whoever reads them sees them at once. Ends the program where nobody can.
+    void printLine(const std::string& line);
     // Null, with the program ended, when the file cannot be read.
     std::unique_ptr<StereoFeed> makeFeed();
     // False, with the program ended, when there is nothing to show.
@@ -31,6 +33,7 @@ private:
     void writeScreenshot();
 
     const GalleryOptions options_;
+    bool isCutOff_ = false; // from its output
     std::unique_ptr<StereoFeed> feed_;
     std::unique_ptr<WindowComponent> component_;
     std::unique_ptr<ProgramWindow> window_;

@@ -1,6 +1,7 @@
 #include "tools/gallery/GalleryOptions.h"
 
 #include "plugin/standalone/CommandLine.h"
+#include "plugin/standalone/NearestName.h"
 #include "tools/gallery/Pages.h"
 #include "tools/gallery/TestSignal.h"
 
@@ -12,23 +13,25 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
+std::vector<std::string> pageNames() {
+    std::vector<std::string> names;
+    for (const GalleryPage& page : galleryPages())
+        names.emplace_back(page.name);
+    return names;
+}
+
 // What is wrong with each value, or nothing.
 std::string setPage(GalleryOptions& options, const std::string& value) {
     const auto index = galleryPageNamed(value);
-    if (!index) return "there is no page named \"" + value + "\" (--pages lists them)";
+    if (!index) return unknownName("page", value, pageNames());
     options.page = *index;
     return {};
 }
 
 std::string setSignal(GalleryOptions& options, const std::string& value) {
-    if (std::ranges::find(testSignalNames(), value) == testSignalNames().end())
-        return "there is no signal named \"" + value + "\" (--help lists them)";
+    const std::vector<std::string> names(testSignalNames().begin(), testSignalNames().end());
+    if (std::ranges::find(names, value) == names.end()) return unknownName("signal", value, names);
     options.signal = value;
-    return {};
-}
-
-std::string setScreenshot(GalleryOptions& options, const std::string& value) {
-    options.screenshotFile = value;
     return {};
 }
 
@@ -45,15 +48,15 @@ public:
         addScale(app, "the desktop's; 1 for a picture", options.scale);
         add({"--signal", "NAME", "sine, noise, mono, wide or antiphase (noise)"}, setSignal);
         addFlag(app, "--events", options.printEvents, "print where each control stands and what happens to it");
-        add({"--screenshot", "FILE", "write a PNG of the page and end; works without a display"}, setScreenshot);
+        addFile(app, {"--screenshot", "FILE", "write a PNG of the page and end; works without a display"},
+                options.screenshotFile);
         addNumber(app, {"--after", "SECONDS", "of the signal until it is taken, which takes less (0.5)"}, 0, 3600,
                   [this](double v) { options_.afterSeconds = v; });
         addQuitAfter(app, options.quitAfterSeconds);
         addFlag(app, "-h,--help", options.showHelp, "print this");
     }
 
-    CLI::App app{"Shows every control in all its states, and displays fed by the file or a built-in signal.",
-                 "slantwise-gallery"};
+    CLI::App app{"Shows every control in all its states, and displays fed by the file or a built-in signal."};
 
 private:
     void add(const OptionText& text, std::string (*set)(GalleryOptions&, const std::string&)) {
@@ -72,9 +75,9 @@ std::variant<GalleryOptions, GalleryOptionsError> parseGalleryOptions(const std:
     return options;
 }
 
-std::string galleryHelpText() {
+std::string galleryHelpText(const std::string& program) {
     GalleryOptions options;
-    return commandLineHelp(GalleryLine(options).app);
+    return commandLineHelp(GalleryLine(options).app, program);
 }
 
 } // namespace QVM_NAMESPACE

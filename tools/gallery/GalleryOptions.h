@@ -23,6 +23,7 @@ struct GalleryOptions {
     std::string audioFile;        // plays instead of the signal; empty for none
     std::optional<double> quitAfterSeconds;
     bool printEvents = false, listPages = false, showHelp = false;
+    std::string program = "slantwise-gallery"; // the name that it is called by, for messages
 };
 
 struct GalleryOptionsError {
@@ -32,7 +33,7 @@ struct GalleryOptionsError {
 // Parses the arguments behind the program's name.
 [[nodiscard]] std::variant<GalleryOptions, GalleryOptionsError>
 parseGalleryOptions(const std::vector<std::string>& arguments);
-// The text of --help.
-std::string galleryHelpText();
+// The text of --help of the program by the name that it is called by.
+std::string galleryHelpText(const std::string& program);
 
 } // namespace QVM_NAMESPACE

@@ -1,30 +1,27 @@
 // Entry point of the gallery.
+#include "plugin/standalone/Console.h"
 #include "tools/gallery/GalleryApp.h"
 #include "tools/gallery/Pages.h"
 
-#include <cstdio>
-
 namespace {
 
-constexpr int exitUsage = 2;
-
-int printPages() {
+std::string listOfPages() {
+    std::string list;
     for (const slantwise::GalleryPage& page : slantwise::galleryPages())
-        std::printf("%s\n", std::string(page.name).c_str());
-    return 0;
+        list.append(page.name).append("\n");
+    return list;
 }
 
 } // namespace
 
 // An exception that nobody catches, such as want of memory, has to end the program in any case.
 int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-escape)
+    const slantwise::Console console(argumentCount, arguments, "slantwise-gallery");
     auto parsed = slantwise::parseGalleryOptions({arguments + 1, arguments + argumentCount});
-    if (const auto* error = std::get_if<slantwise::GalleryOptionsError>(&parsed)) {
-        std::fprintf(stderr, "slantwise-gallery: %s\n", error->message.c_str());
-        return exitUsage;
-    }
+    if (const auto* error = std::get_if<slantwise::GalleryOptionsError>(&parsed)) return console.refuse(error->message);
     auto& options = std::get<slantwise::GalleryOptions>(parsed);
-    if (options.showHelp) return std::fputs(slantwise::galleryHelpText().c_str(), stdout) < 0;
-    if (options.listPages) return printPages();
+    if (options.showHelp) return console.print(slantwise::galleryHelpText(console.program()));
+    if (options.listPages) return console.print(listOfPages());
+    options.program = console.program();
     return slantwise::ToolkitProgram::run<slantwise::GalleryApp>(argumentCount, arguments, std::move(options));
 }

@@ -6,8 +6,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <numbers>
+
+#include <sys/stat.h>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -35,6 +38,16 @@ std::string errorOf(const std::string& path) {
     const auto result = readAudioFile(path);
     const auto* error = std::get_if<AudioFileError>(&result);
     return error ? error->message : "";
+}
+
+std::string bytesOf(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// The bytes with others in a place of them.
+std::string with(std::string bytes, std::size_t at, const std::string& others) {
+    return bytes.replace(at, others.size(), others);
 }
 
 class AudioFileTest : public testing::Test {
@@ -101,6 +114,71 @@ TEST_F(AudioFileTest, ACutFileGivesWhatIsThere) {
     const AudioClip clip = clipOf(whole);
     EXPECT_GT(clip.frames(), 300U);
     EXPECT_LT(clip.frames(), 1000U);
+}
+
+// Nobody has to write into the pipe for this to return.
+TEST_F(AudioFileTest, WhatIsNoFileIsRefusedAtOnce) {
+    const std::string pipe = directory_.file("pipe.wav");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(errorOf(pipe), "cannot read \"" + pipe + "\": it is no file but a pipe or a device");
+    EXPECT_EQ(errorOf("/dev/zero"), "cannot read \"/dev/zero\": it is no file but a pipe or a device");
+    EXPECT_EQ(errorOf(directory_.file(".")), "cannot read \"" + directory_.file(".") + "\": it is a directory");
+    EXPECT_EQ(errorOf(directory_.bytes("empty.wav", "")),
+              "cannot read \"" + directory_.file("empty.wav") + "\": it is empty");
+    EXPECT_EQ(errorOf(directory_.file("missing.wav")),
+              "cannot read \"" + directory_.file("missing.wav") + "\": No such file or directory");
+}
+
+TEST_F(AudioFileTest, ReasonsTellOfTheFileAndNotOfTheLibrary) {
+    const auto reasonOf = [](const std::string& path) {
+        return errorOf(path).substr(std::string("cannot read \"\": ").size() + path.size());
+    };
+    EXPECT_EQ(reasonOf(directory_.bytes("text.wav", std::string(5000, 'x'))), "it is in no known format of audio");
+    EXPECT_EQ(reasonOf(directory_.audio("silent.wav", wav, 2, 48000, {})), "no audio in it");
+    const std::string whole = directory_.audio("whole.wav", wav, 2, 48000, tones(2, 1000));
+    EXPECT_EQ(reasonOf(directory_.bytes("head.wav", bytesOf(whole).substr(0, 30))), "it is damaged");
+    EXPECT_EQ(reasonOf(directory_.bytes("norate.wav", with(bytesOf(whole), 24, std::string(4, '\0')))),
+              "it is damaged");
+    EXPECT_EQ(reasonOf(directory_.bytes("mute.wav", with(bytesOf(whole), 22, std::string(2, '\0')))), "it is damaged");
+}
+
+TEST_F(AudioFileTest, ASampleRateThatNothingPlaysAtIsNamed) {
+    for (const int rateHz : {1, lowestClipRateHz - 1, highestClipRateHz + 1, 2000000000}) {
+        const std::string message = errorOf(directory_.audio("rate.wav", wav, 1, rateHz, tones(1, 100)));
+        EXPECT_NE(message.find("its sample rate is " + std::to_string(rateHz) + " Hz, and can be 4000 to 1000000 Hz"),
+                  std::string::npos)
+            << message;
+    }
+    for (const int rateHz : {lowestClipRateHz, highestClipRateHz})
+        EXPECT_EQ(clipOf(directory_.audio("rate.wav", wav, 1, rateHz, tones(1, 100))).sampleRateHz, rateHz);
+}
+
+TEST_F(AudioFileTest, OneSampleAndHundredsOfChannelsArePlayed) {
+    EXPECT_EQ(clipOf(directory_.audio("one.wav", wav, 1, 48000, tones(1, 1))).frames(), 1U);
+    const AudioClip wide = clipOf(directory_.audio("wide.wav", wavFloat, 200, 48000, tones(200, 100)));
+    EXPECT_EQ(wide.channels.size(), 2U);
+    EXPECT_EQ(wide.frames(), 100U);
+    EXPECT_FALSE(wide.isDamaged);
+}
+
+// MPEG's decoder writes to the error stream of the process, line after line.
+TEST_F(AudioFileTest, ABrokenCompressedFileIsKnownAndItsDecoderKeepsQuiet) {
+    for (const auto& [format, name] : {std::pair{SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, "a.mp3"},
+                                       std::pair{SF_FORMAT_FLAC | SF_FORMAT_PCM_16, "a.flac"}}) {
+        const std::string whole = directory_.audio(name, format, 2, 48000, tones(2, 96000));
+        if (whole.empty()) continue; // a library that cannot write it
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(clipOf(whole).isDamaged) << name;
+        const std::string bytes = bytesOf(whole);
+        const AudioClip cut = clipOf(directory_.bytes(std::string("cut-") + name, bytes.substr(0, bytes.size() / 2)));
+        EXPECT_TRUE(cut.isDamaged) << name;
+        EXPECT_GT(cut.frames(), 10000U) << name;
+        std::string holes = bytes;
+        for (std::size_t at = bytes.size() / 4; at < bytes.size(); at += 97)
+            holes[at] = static_cast<char>(~holes[at]);
+        EXPECT_TRUE(clipOf(directory_.bytes(std::string("holes-") + name, holes)).isDamaged) << name;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << name;
+    }
 }
 
 TEST(PinkNoise, HasItsLevelAndNoOffsetAndTwoUnlikeChannels) {

@@ -1,5 +1,7 @@
 #include "plugin/standalone/CommandLine.h"
 
+#include "plugin/standalone/Console.h"
+
 #include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 
@@ -23,7 +25,7 @@ struct CommandLine : testing::Test {
 
     std::string parse(const std::vector<std::string>& arguments) { return parseCommandLine(app, arguments); }
 
-    CLI::App app{"Does things.", "program"};
+    CLI::App app{"Does things."};
     std::string said;
     double size = 0;
     bool loud = false;
@@ -48,7 +50,7 @@ TEST_F(CommandLine, NumbersAreReadInTheCLocaleAndWhole) {
     EXPECT_EQ(parse({"--size", "1.5"}), "");
     EXPECT_EQ(size, 1.5);
     for (const char* text : {"1,5", "nan", "0x1p0", "1.5 ", " 1.5", "0.9", "2.1", ""})
-        EXPECT_EQ(parse({"--size", text}), "--size takes a number, not \"" + std::string(text) + "\"");
+        EXPECT_EQ(parse({"--size", text}), "--size takes a number from 1 to 2, not \"" + std::string(text) + "\"");
 }
 
 TEST_F(CommandLine, FlagsHaveSeveralNames) {
@@ -77,23 +79,38 @@ TEST(CommandLineOfAWindow, ScaleAndTheTimeToQuitHaveLimits) {
     EXPECT_EQ(seconds, 0);
     EXPECT_NE(parseCommandLine(app, {"--scale", "0.4"}), "");
     EXPECT_NE(parseCommandLine(app, {"--quit-after", "-1"}), "");
-    EXPECT_NE(commandLineHelp(app).find("0.5 to 4 (otherwise the desktop's)"), std::string::npos);
+    EXPECT_NE(commandLineHelp(app, "name").find("0.5 to 4 (otherwise the desktop's)"), std::string::npos);
 }
 
 TEST_F(CommandLine, ASecondBareArgumentHasNoPlace) {
     EXPECT_EQ(parse({"a.wav", "b.wav"}), unknownArgument("b.wav"));
 }
 
+TEST_F(CommandLine, AFlagTakesNoValue) {
+    EXPECT_EQ(parse({"--loud=1"}), "--loud takes no value");
+    EXPECT_EQ(parse({"--loud=false"}), "--loud takes no value");
+}
+
+TEST_F(CommandLine, AFileHasAName) {
+    std::string picture;
+    addFile(app, {"--picture", "FILE", "writes a picture"}, picture);
+    EXPECT_EQ(parse({"--picture", ""}), "--picture needs a value");
+    EXPECT_EQ(parse({"--picture="}), "--picture needs a value");
+    EXPECT_EQ(parse({"--picture", "a.png"}), "");
+    EXPECT_EQ(picture, "a.png");
+}
+
 TEST_F(CommandLine, MissingValuesNameTheOption) {
     EXPECT_EQ(parse({"--loud", "--size"}), "--size needs a value");
 }
 
-TEST_F(CommandLine, TheHelpBeginsWithHowToCallTheProgram) {
-    EXPECT_EQ(commandLineHelp(app), "Usage: program [OPTIONS] [file]\nDoes things.\n\n"
-                                    "Positionals:\n  file                  reads a file\n\n"
-                                    "Options:\n  --word WORD           says a word\n"
-                                    "  --size N              sets a size\n"
-                                    "  -l,--loud             is loud\n");
+TEST_F(CommandLine, TheHelpBeginsWithTheNameThatTheProgramIsCalledByAndEndsWithItsExitStatuses) {
+    EXPECT_EQ(commandLineHelp(app, "called"), "Usage: called [OPTIONS] [file]\nDoes things.\n\n"
+                                              "Positionals:\n  file                  reads a file\n\n"
+                                              "Options:\n  --word WORD           says a word\n"
+                                              "  --size N              sets a size\n"
+                                              "  -l,--loud             is loud\n\n" +
+                                                  exitStatusHelp());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
+#include "plugin/standalone/NearestName.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +21,10 @@ std::string errorOf(const Arguments& arguments) {
     const auto result = parseOptions(arguments);
     const auto* error = std::get_if<OptionsError>(&result);
     return error ? error->message : "";
+}
+
+std::string nearestPreset(const std::string& name) {
+    return nearestName(name, GetPresets()->stringValues);
 }
 
 TEST(Options, NothingGivenIsPinkNoiseInTheLightTheme) {
@@ -78,7 +83,9 @@ TEST(Options, HelpAndVersionNeedNothingElse) {
 
 TEST(Options, MistakesAreNamed) {
     EXPECT_EQ(errorOf({"--layout", "tall"}), "--layout takes normal, wide or compact, not \"tall\"");
-    EXPECT_EQ(errorOf({"--preset", "Nope"}), "there is no preset named \"Nope\"");
+    EXPECT_EQ(errorOf({"--preset", "Nope"}),
+              "there is no preset named \"Nope\"; the nearest is \"" + nearestPreset("Nope") + "\"");
+    EXPECT_EQ(errorOf({"--preset", "aer"}), "there is no preset named \"aer\"; the nearest is \"Air\"");
     EXPECT_NE(errorOf({"--theme", "pink"}).find("pink"), std::string::npos);
     EXPECT_NE(errorOf({"--frobnicate"}).find("--frobnicate"), std::string::npos);
     for (const char* text : {"", "-", "-x", "-theme"})
@@ -97,6 +104,21 @@ TEST(Options, NumbersAreWholeTextsWithinTheirLimits) {
     EXPECT_EQ(parsed({"--scale", "4"}).scale, 4);
 }
 
+TEST(Options, NumbersOutOfRangeNameTheRange) {
+    EXPECT_EQ(errorOf({"--scale", "9"}), "--scale takes a number from 0.5 to 4, not \"9\"");
+    EXPECT_EQ(errorOf({"--after", "-1"}), "--after takes a number from 0 to 3600, not \"-1\"");
+    EXPECT_EQ(errorOf({"--quit-after=1e9"}), "--quit-after takes a number from 0 to 1000000, not \"1e9\"");
+}
+
+TEST(Options, QuittingBeforeThePictureIsAMistake) {
+    EXPECT_EQ(errorOf({"--screenshot", "x.png", "--quit-after", "0.5", "--after", "1"}),
+              "--quit-after 0.5 is before --after 1, so that there would be no picture");
+    EXPECT_EQ(errorOf({"--quit-after", "1.5", "--screenshot", "x.png"}),
+              "--quit-after 1.5 is before --after 2, so that there would be no picture");
+    EXPECT_EQ(parsed({"--screenshot", "x.png", "--quit-after", "1", "--after", "1"}).quitAfterSeconds, 1);
+    EXPECT_EQ(parsed({"--quit-after", "0.5"}).quitAfterSeconds, 0.5);
+}
+
 TEST(Options, SettingsAreAnAddressThatCanBeRead) {
     const std::string address = "https://maker.example/slantwise/2.0.1/?tg:6";
     EXPECT_EQ(parsed({"--settings", address}).settings, address);
@@ -108,7 +130,7 @@ TEST(Options, SettingsAreAnAddressThatCanBeRead) {
 TEST(Options, HelpNamesEveryOption) {
     for (const char* option : {"--play", "--settings", "--preset", "--theme", "--scale", "--screenshot", "--after",
                                "--quit-after", "--help", "--version"})
-        EXPECT_NE(helpText().find(option), std::string::npos) << option;
+        EXPECT_NE(helpText("slantwise").find(option), std::string::npos) << option;
 }
 
 TEST(Options, VersionNamesProductVersionAndBuild) {

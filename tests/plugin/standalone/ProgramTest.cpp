@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include <random>
 #include <set>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace QVM_NAMESPACE {
@@ -20,19 +22,25 @@ namespace {
 
 struct Outcome {
     int status = -1;
-    std::string output; // both streams
+    std::string output; // both streams, without what the toolkit says of itself in a debug build
 };
 
-Outcome run(const std::string& arguments) {
+// A command of the shell in which $P is the program.
+Outcome runShell(const std::string& command) {
     Outcome outcome;
     FILE* const pipe =
-        popen(("env -u DISPLAY timeout 20 " SLANTWISE_STANDALONE " " + arguments + " 2>&1").c_str(), "r");
+        popen(("unset DISPLAY; P='timeout 20 " SLANTWISE_STANDALONE "'; { " + command + "; } 2>&1").c_str(), "r");
     std::array<char, 512> buffer{};
     while (std::fgets(buffer.data(), buffer.size(), pipe))
         outcome.output += buffer.data();
+    if (outcome.output.starts_with("JUCE v")) outcome.output.erase(0, outcome.output.find('\n') + 1);
     const int status = pclose(pipe);
     if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
     return outcome;
+}
+
+Outcome run(const std::string& arguments) {
+    return runShell("$P " + arguments);
 }
 
 std::shared_ptr<const Image> picture(const std::string& file) {
@@ -68,6 +76,13 @@ protected:
             samples.push_back(noise(random) * std::pow(10.0f, (-60 + 15 * static_cast<float>(i) / 48000) / 20));
         return directory_.audio("crescendo.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1, 48000, samples);
     }
+    static std::vector<float> noise(std::size_t count) {
+        std::mt19937 random(5);
+        std::uniform_real_distribution<float> sample(-1, 1);
+        std::vector<float> samples(count);
+        std::generate(samples.begin(), samples.end(), [&] { return sample(random); });
+        return samples;
+    }
     static std::size_t colours(const Image& image) {
         return std::set<std::uint32_t>(image.pixels.begin(), image.pixels.end()).size();
     }
@@ -89,8 +104,76 @@ TEST_F(StandaloneProgram, HelpAndVersionGoToTheOutput) {
     EXPECT_EQ(version.output, "Slantwise 2.0.1 (a6a669f)\n");
 }
 
+TEST_F(StandaloneProgram, SpeaksOfItselfByTheNameItIsCalledBy) {
+    const std::string link = directory_.file("tilt");
+    std::filesystem::create_symlink(SLANTWISE_STANDALONE, link);
+    EXPECT_EQ(runShell(link + " --help").output.rfind("Usage: tilt [OPTIONS] [file]\n", 0), 0U);
+    EXPECT_EQ(runShell(link + " --nope").output, "tilt: unknown argument \"--nope\" (--help lists the options)\n");
+    EXPECT_EQ(runShell(link).output.rfind("tilt: there is no display", 0), 0U);
+}
+
+TEST_F(StandaloneProgram, OutputThatCannotBeWrittenIsAnError) {
+    for (const char* option : {"--help", "--version"}) {
+        for (const char* stream : {">/dev/full", ">&-"}) {
+            const Outcome outcome = runShell(std::string("$P ") + option + " 2>&1 " + stream);
+            EXPECT_EQ(outcome.status, 1) << option << stream;
+            EXPECT_EQ(outcome.output, "Slantwise: cannot write the output\n") << option << stream;
+        }
+    }
+    EXPECT_EQ(runShell("$P --help | true").output, "");
+}
+
+// What is opened first would get the number of the stream.
+TEST_F(StandaloneProgram, DoesItsWorkWithAllStreamsClosed) {
+    const std::string file = directory_.file("shot.png");
+    EXPECT_EQ(runShell("$P --after 0.1 --screenshot " + file + " <&- >&- 2>&-").status, 0);
+    EXPECT_TRUE(picture(file));
+}
+
+TEST_F(StandaloneProgram, NeedsNoHome) {
+    const std::string file = directory_.file("shot.png");
+    const Outcome outcome = runShell("HOME=/nonexistent XDG_CONFIG_HOME=/proc/no XDG_CACHE_HOME=/proc/no "
+                                     "$P --after 0.1 --screenshot " +
+                                     file);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_TRUE(picture(file));
+}
+
+// Its faces are its own.
+TEST_F(StandaloneProgram, NeedsNoFontsOfTheSystem) {
+    const std::string file = directory_.file("shot.png");
+    EXPECT_EQ(runShell("FONTCONFIG_FILE=/dev/null $P --after 0.1 --screenshot " + file).status, 0);
+    const auto shown = picture(file);
+    ASSERT_TRUE(shown);
+    EXPECT_GT(colours(*shown), 50U);
+}
+
+TEST_F(StandaloneProgram, ADisplayThatCannotBeOpenedIsNamed) {
+    const Outcome outcome = runShell("DISPLAY=:7777 $P --quit-after 0");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output.rfind("Slantwise: cannot open the display \":7777\"; ", 0), 0U) << outcome.output;
+}
+
+TEST_F(StandaloneProgram, ADamagedFileIsPlayedWithAWord) {
+    const std::string whole = directory_.audio("a.flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 1, 48000, noise(96000));
+    std::filesystem::resize_file(whole, std::filesystem::file_size(whole) / 2);
+    const Outcome outcome = run("--after 0.1 --screenshot " + directory_.file("shot.png") + " " + whole);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "Slantwise: \"" + whole + "\" is damaged, and plays as far as it can be read\n");
+}
+
+TEST_F(StandaloneProgram, APipeInPlaceOfAFileDoesNotHoldIt) {
+    const std::string pipe = directory_.file("pipe.wav");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const Outcome outcome = run("--screenshot " + directory_.file("shot.png") + " --play " + pipe);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "Slantwise: cannot read \"" + pipe + "\": it is no file but a pipe or a device\n");
+}
+
 TEST_F(StandaloneProgram, MistakesEndItWithTwoAndAMessage) {
-    for (const char* arguments : {"--nope", "--scale x", "--preset Nope", "--play"}) {
+    for (const char* arguments :
+         {"--nope", "--scale x", "--preset Nope", "--play", "--screenshot x.png --quit-after 0"}) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_EQ(outcome.output.rfind("Slantwise: ", 0), 0U) << outcome.output;

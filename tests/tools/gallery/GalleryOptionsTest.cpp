@@ -45,9 +45,9 @@ TEST(GalleryOptions, TakesEveryOption) {
 
 TEST(GalleryOptions, SaysWhatIsWrong) {
     EXPECT_EQ(mistake({"--page"}), "--page needs a value");
-    EXPECT_EQ(mistake({"--page", "Nope"}), "there is no page named \"Nope\" (--pages lists them)");
-    EXPECT_EQ(mistake({"--signal", "square"}), "there is no signal named \"square\" (--help lists them)");
-    EXPECT_EQ(mistake({"--scale", "9"}), "--scale takes a number, not \"9\"");
+    EXPECT_EQ(mistake({"--page", "Slider"}), "there is no page named \"Slider\"; the nearest is \"Sliders\"");
+    EXPECT_EQ(mistake({"--signal", "square"}), "there is no signal named \"square\"; the nearest is \"sine\"");
+    EXPECT_EQ(mistake({"--scale", "9"}), "--scale takes a number from 0.5 to 4, not \"9\"");
     EXPECT_EQ(mistake({"--theme", "blue"}), "--theme takes light or dark, not \"blue\"");
     EXPECT_EQ(mistake({"one.wav", "two.wav"}), "unknown argument \"two.wav\" (--help lists the options)");
 }
@@ -60,7 +60,7 @@ TEST(GalleryOptions, TakesShortHelpAndEqualsSignsAndDashedFiles) {
 
 TEST(GalleryOptions, TheHelpNamesEverySignal) {
     for (const std::string_view name : testSignalNames())
-        EXPECT_NE(galleryHelpText().find(name), std::string::npos) << name;
+        EXPECT_NE(galleryHelpText("slantwise-gallery").find(name), std::string::npos) << name;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <set>
 #include <sstream>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace QVM_NAMESPACE {
@@ -23,7 +24,8 @@ struct Outcome {
 
 Outcome run(const std::string& arguments) {
     Outcome outcome;
-    FILE* const pipe = popen(("env -u DISPLAY timeout 20 " SLANTWISE_GALLERY " " + arguments + " 2>&1").c_str(), "r");
+    FILE* const pipe =
+        popen(("{ env -u DISPLAY timeout 20 " SLANTWISE_GALLERY " " + arguments + "; } 2>&1").c_str(), "r");
     std::array<char, 512> buffer{};
     while (std::fgets(buffer.data(), buffer.size(), pipe))
         outcome.output += buffer.data();
@@ -115,7 +117,7 @@ TEST_F(GalleryProgram, DisplaysShowTheSignalAndTheFile) {
 }
 
 TEST_F(GalleryProgram, TellsWhereThingsStand) {
-    const Outcome outcome = run("--events --quit-after 0.1 --page Choices");
+    const Outcome outcome = run("--events --after 0.1 --page Choices --screenshot " + directory_.file("shot.png"));
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.output.find("at Choices/Phase/normal 24 "), std::string::npos) << outcome.output;
 }
@@ -126,9 +128,34 @@ TEST_F(GalleryProgram, MistakesEndItWithAMessage) {
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_EQ(outcome.output.rfind("slantwise-gallery: ", 0), 0U) << outcome.output;
     }
-    EXPECT_EQ(run("").status, 1) << "no display";
     EXPECT_EQ(run("--quit-after 0 " + directory_.file("missing.wav")).status, 1);
     EXPECT_EQ(run("--after 0 --screenshot " + directory_.file("no/such/folder.png")).status, 1);
+}
+
+TEST_F(GalleryProgram, WithNoDisplayItSaysSoAndFails) {
+    for (const char* arguments : {"", "--quit-after 0.1", "--events --quit-after 0"}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.output.rfind("slantwise-gallery: there is no display; ", 0), 0U) << outcome.output;
+    }
+}
+
+TEST_F(GalleryProgram, OutputThatCannotBeWrittenIsAnError) {
+    const std::string events = "--events --after 0.1 --screenshot " + directory_.file("shot.png");
+    for (const std::string& arguments : {std::string("--help"), std::string("--pages"), events}) {
+        const Outcome outcome = run(arguments + " 2>&1 >/dev/full");
+        EXPECT_EQ(outcome.status, 1) << arguments;
+        EXPECT_EQ(outcome.output, "slantwise-gallery: cannot write the output\n") << arguments;
+    }
+}
+
+TEST_F(GalleryProgram, APipeInPlaceOfAFileDoesNotHoldIt) {
+    const std::string pipe = directory_.file("pipe.wav");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const Outcome outcome = run("--screenshot " + directory_.file("shot.png") + " " + pipe);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output,
+              "slantwise-gallery: cannot read \"" + pipe + "\": it is no file but a pipe or a device\n");
 }
 
 TEST_F(GalleryProgram, HelpGoesToTheOutput) {
