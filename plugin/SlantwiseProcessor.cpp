@@ -12,8 +12,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::uint32_t bypassBit = 1U << QVMParameterCount, allBits = (bypassBit << 1) - 1;
-static_assert(QVMParameterCount < 32);
+constexpr std::uint32_t bypassBit = 1U << QVMParameterCount, allValues = (bypassBit << 1) - 1;
+static_assert(allValues < SlantwiseProcessor::stateChangeBit);
 
 constexpr std::uint32_t bitOf(std::uint32_t pid) {
     return 1U << pid;
@@ -52,14 +52,7 @@ int SlantwiseProcessor::getCurrentProgram() {
 void SlantwiseProcessor::setCurrentProgram(int index) {
     // A preset of an LV2 bundle may well be the present one once more; it is asked for by hand.
     const bool isAskedFor = isLv2() || (index != unit_.presetIndex() && index != overruledProgram_);
-    if (!isAskedFor || !unit_.choosePreset(index)) return;
-    if (isLv2()) return announceAll();
-    due_.add(allBits);
-}
-
-void SlantwiseProcessor::announceAll() {
-    for (UnitParameter* parameter : parameters_)
-        parameter->announceValue();
+    if (isAskedFor && unit_.choosePreset(index)) due_.add(allValues);
 }
 
 void SlantwiseProcessor::announceWhatIsDue() {
@@ -96,6 +89,7 @@ juce::AudioProcessorParameter& SlantwiseProcessor::touchedParameter(std::uint32_
 }
 
 void SlantwiseProcessor::valueChanged(std::uint32_t pid) {
+    if (isLv2()) return due_.add(bitOf(pid));
     if (!bypass_ || pid != pidMasterOnOff) return parameters_[pid]->announceValue();
     due_.add(bitOf(pid));
     bypass_->announceValue();
@@ -124,7 +118,7 @@ void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
     unit_.process(buffer.getArrayOfReadPointers(), buffer.getArrayOfWritePointers(),
                   static_cast<std::uint32_t>(buffer.getNumSamples()));
     overruledProgram_.store(-1, std::memory_order_relaxed);
-    announceWhatIsDue();
+    if (!isLv2()) announceWhatIsDue();
 }
 
 void SlantwiseProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) {
@@ -151,7 +145,7 @@ void SlantwiseProcessor::setStateInformation(const void* bytes, int size) {
     }
     if (before != getCurrentProgram()) overruledProgram_ = before;
     // LV2 hosts know values by message alone; the others ask for them after a restore.
-    if (isLv2()) announceAll();
+    if (isLv2()) due_.add(allValues);
 }
 
 juce::AudioProcessorEditor* SlantwiseProcessor::createEditor() {

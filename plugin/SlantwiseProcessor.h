@@ -2,7 +2,8 @@
 //
 // Values and gestures from the editor reach the host as the ledger of host/ has them; values from the host go straight
 // into the unit on whatever thread the host uses. Neither comes back to where it started. What follows from something
-// that the host did itself, such as a program, it is told of by the next block (DueAnnouncements).
+// that the host did itself, such as a program, it is told of by the next block (DueAnnouncements); in LV2 so is all
+// else.
 #pragma once
 
 #include "host/GestureLedger.h"
@@ -24,9 +25,10 @@ public:
     QVM0015_AudioUnit& unit() { return unit_; }
     UnitParameter& parameter(std::uint32_t pid) { return *parameters_[pid]; }
 
-    // Tells the host, of LV2, that what a session saves of the plug-in has changed. Any thread; the toolkit takes its
-    // lock of listeners for it.
-    void announceStateChange() { updateHostDisplay(ChangeDetails().withNonParameterStateChanged(true)); }
+    // What an LV2 host is still to be told of: a bit for each value, by pid, and the one below when what a session
+    // saves of the plug-in has changed. Its messages are written outside of the toolkit. Render thread: no lock.
+    std::uint32_t takeDue() { return due_.take(); }
+    static constexpr std::uint32_t stateChangeBit = 1U << 31;
 
     // What the host hears of gestures. An editor has it follow its window. Main thread.
     GestureLedger& gestures() { return gestures_; }
@@ -36,8 +38,9 @@ public:
     void setScaledByHost();
     bool isScaledByHost() const { return isScaledByHost_; }
 
-    // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log, save that in a
-    // block that has something to announce the toolkit takes its locks of listeners, as for each automated value.
+    // Audio: mono to mono, mono to stereo, stereo to stereo. Render thread; no allocation, lock or log, save that
+    // outside of LV2 the toolkit takes its locks of listeners in a block that has something to announce, as for each
+    // automated value.
     void prepareToPlay(double sampleRateHz, int maxFrames) override;
     void releaseResources() override {}
     void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer&) override;
@@ -60,7 +63,7 @@ public:
     bool acceptsMidi() const override { return false; }
     bool producesMidi() const override { return false; }
     // The factory presets, as programs of the host. In LV2 they are presets of the bundle, and a program is only what
-    // such a preset names. Any thread; the host is told of the values by the next block, in LV2 at once. A program that
+    // such a preset names. Any thread; the host is told of the values by the next block. A program that
     // is current already, or was current until a state was restored, changes nothing: hosts send a program with a
     // state, and the state's values count.
     int getNumPrograms() override;
@@ -78,12 +81,11 @@ private:
     void gestureEnded(std::uint32_t pid) override { touchedParameter(pid).endChangeGesture(); }
     // Other hosts know by the gestures that their session is modified; LV2 has none.
     void editEnded() override {
-        if (isLv2()) announceStateChange();
+        if (isLv2()) due_.add(stateChangeBit);
     }
     juce::AudioProcessorParameter& touchedParameter(std::uint32_t pid) const;
     bool isLv2() const { return wrapperType == wrapperType_LV2; }
     void offerBypass();
-    void announceAll();
     // Render thread.
     void announceWhatIsDue();
     template <class Sample>

@@ -26,10 +26,14 @@ UnitParameter::UnitParameter(const QVMParameter& parameter, AudioUnitInstance& u
                                  juce::AudioProcessorParameterWithIDAttributes().withLabel(unitText(parameter))),
       parameter_(parameter), unit_(unit), range_(parameter), hostRange_(range_.minimum, range_.maximum) {}
 
+float UnitParameter::hostValue() const {
+    float value = 0;
+    AudioUnitGetParameter(&unit_, parameter_.pid, kAudioUnitScope_Global, 0, &value);
+    return value;
+}
+
 float UnitParameter::getValue() const {
-    float hostValue = 0;
-    AudioUnitGetParameter(&unit_, parameter_.pid, kAudioUnitScope_Global, 0, &hostValue);
-    return range_.normalised(hostValue);
+    return range_.normalised(hostValue());
 }
 
 void UnitParameter::setValue(float normalisedValue) {

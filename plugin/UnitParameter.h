@@ -19,10 +19,14 @@ public:
     // 0 to 1, read from and written to the unit itself; any thread, no locks.
     float getValue() const override;
     void setValue(float normalisedValue) override;
+    // As the unit has it.
+    float hostValue() const;
     // What the host gives the unit, whoever it gives it to; true when it is another value than the unit's. The one
     // place that knows a host's echo: it changes nothing, so that a host never wears down the bits the editor sent, and
     // nobody is told of it. Neither does a value that is no finite number. Any thread, no locks.
     bool takeFromHost(float normalisedValue);
+    // The same for a host that has the unit's own numbers.
+    bool takeHostValue(float hostValue) { return takeFromHost(range_.normalised(hostValue)); }
     float getDefaultValue() const override;
     // The host-domain range, linear: what a host shows that has numbers of its own and no text from us.
     const juce::NormalisableRange<float>& getNormalisableRange() const override { return hostRange_; }

@@ -1,5 +1,8 @@
 #include "plugin/lv2/AdaptedInstance.h"
 
+#include "description/Description.h"
+#include "plugin/lv2/Properties.h"
+
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -11,9 +14,12 @@ constexpr std::uint32_t controlPort = 4, notifyPort = 5;
 
 } // namespace
 
-AdaptedInstance::AdaptedInstance(const LV2_Descriptor& toolkit, LV2_Handle handle, const LV2_URID_Map& map)
-    : toolkit_(toolkit), handle_(handle), requests_(map, toolkit.URI) {
-    toolkit_.connect_port(handle_, notifyPort, notify_.sequence());
+AdaptedInstance::AdaptedInstance(const LV2_Descriptor& toolkit, LV2_Handle handle, const LV2_URID_Map& map,
+                                 PropertyValues& values)
+    : toolkit_(toolkit), handle_(handle), values_(values),
+      urids_(map, toolkit.URI), unheard_{{sizeof(LV2_Atom_Sequence_Body), urids_.sequence}, {0, 0}}, unsaid_{} {
+    toolkit_.connect_port(handle_, controlPort, &unheard_);
+    toolkit_.connect_port(handle_, notifyPort, &unsaid_.sequence);
 }
 
 AdaptedInstance::~AdaptedInstance() {
@@ -23,10 +29,11 @@ AdaptedInstance::~AdaptedInstance() {
 void AdaptedInstance::connectPort(std::uint32_t port, void* data) {
     if (port == notifyPort) {
         told_ = static_cast<LV2_Atom_Sequence*>(data);
-        return;
+    } else if (port == controlPort) {
+        control_ = static_cast<const LV2_Atom_Sequence*>(data);
+    } else {
+        toolkit_.connect_port(handle_, port, data);
     }
-    if (port == controlPort) control_ = static_cast<const LV2_Atom_Sequence*>(data);
-    toolkit_.connect_port(handle_, port, data);
 }
 
 void AdaptedInstance::activate() {
@@ -34,15 +41,24 @@ void AdaptedInstance::activate() {
     toolkit_.activate(handle_);
 }
 
-void AdaptedInstance::run(std::uint32_t frames, HostAnnouncements& announcements) {
-    const Untold due = std::exchange(due_, {});
-    const ParameterBits values = due.values | requests_.askedFor(control_);
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        if (values >> pid & 1) announcements.announceValue(pid);
-    if (due.stateChange) announcements.announceStateChange();
-    notify_.sequence();
+void AdaptedInstance::run(std::uint32_t frames) {
+    requests_.forEachSetting(
+        control_, [this](const PropertySetting& setting) { values_.setHostValue(setting.pid, setting.hostValue); });
+    const ParameterBits asked = requests_.askedFor(control_);
+    unsaid_.sequence.atom = {sizeof unsaid_ - sizeof(LV2_Atom), 0};
     toolkit_.run(handle_, frames);
-    due_ = notify_.handOn(told_);
+    const DueMessages fresh = values_.takeDue(), late = std::exchange(due_, {});
+    tell({fresh.values | late.values | asked, fresh.stateChange || late.stateChange});
+}
+
+void AdaptedInstance::tell(DueMessages due) {
+    notify_.begin(told_);
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const ParameterBits bit = ParameterBits{1} << pid;
+        if (!(due.values & bit)) continue;
+        if (!notify_.tellValue(pid, propertyValue(*GetParameter(pid), values_.hostValue(pid)))) due_.values |= bit;
+    }
+    if (due.stateChange) due_.stateChange = !notify_.tellStateChange();
 }
 
 void AdaptedInstance::deactivate() {

@@ -2,6 +2,7 @@
 #include "description/Description.h"
 #include "description/Presets.h"
 #include "plugin/lv2/BundleText.h"
+#include "plugin/lv2/Properties.h"
 #include "plugin/lv2/TurtleText.h"
 
 namespace QVM_NAMESPACE {
@@ -30,9 +31,9 @@ std::string stateText(const std::string& pluginUri, std::uint32_t index) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         const QVMParameter& parameter = *GetParameter(pid);
         if (parameter.presetWildcard) continue;
-        const std::string value = turtleFloat(parameter.reverseCastValue(*next++));
-        text.append(" ;\n\t\t<").append(pluginUri).append(":").append(parameter.codesafeName);
-        text.append("> \"").append(value).append("\"^^xsd:float");
+        text.append(" ;\n\t\t<").append(pluginUri).append(":").append(propertyName(parameter));
+        text.append("> \"").append(propertyNumberText(parameter, *next++)).append("\"^^xsd:");
+        text.append(isWholeProperty(parameter) ? "int" : "float");
     }
     return text;
 }

@@ -1,100 +1,70 @@
 #include "plugin/lv2/BundleText.h"
 
 #include "description/Description.h"
-#include "plugin/HostRange.h"
 #include "plugin/lv2/TurtleStatements.h"
-#include "plugin/lv2/TurtleText.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr const char* prefixes = "@prefix doap:  <http://usefulinc.com/ns/doap#> .\n"
-                                 "@prefix lv2:   <http://lv2plug.in/ns/lv2core#> .\n"
-                                 "@prefix rdf:   <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
-                                 "@prefix rdfs:  <http://www.w3.org/2000/01/rdf-schema#> .\n"
-                                 "@prefix ui:    <http://lv2plug.in/ns/extensions/ui#> .\n"
-                                 "@prefix units: <http://lv2plug.in/ns/extensions/units#> .\n\n";
+constexpr const char* prefixes = "@prefix atom:   <http://lv2plug.in/ns/ext/atom#> .\n"
+                                 "@prefix doap:   <http://usefulinc.com/ns/doap#> .\n"
+                                 "@prefix lv2:    <http://lv2plug.in/ns/lv2core#> .\n"
+                                 "@prefix patch:  <http://lv2plug.in/ns/ext/patch#> .\n"
+                                 "@prefix pg:     <http://lv2plug.in/ns/ext/port-groups#> .\n"
+                                 "@prefix pprops: <http://lv2plug.in/ns/ext/port-props#> .\n"
+                                 "@prefix rdf:    <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
+                                 "@prefix rdfs:   <http://www.w3.org/2000/01/rdf-schema#> .\n"
+                                 "@prefix ui:     <http://lv2plug.in/ns/extensions/ui#> .\n"
+                                 "@prefix units:  <http://lv2plug.in/ns/extensions/units#> .\n\n";
 
 constexpr const char* comment =
     "A tilt equaliser: turns the whole spectrum about a pivot between a low and a high corner frequency, with low and "
-    "high cut filters of 6 to 48 dB per octave, loudness compensation and output metering. Frequencies are automated "
-    "on a musical scale, so their values here are positions, named in hertz.";
+    "high cut filters of 6 to 48 dB per octave, loudness compensation and output metering.";
 
 constexpr const char* shortDescription = "Turns the spectrum about a pivot, with low and high cut filters";
 
-// Frequencies are positions on a skewed scale for the host; these get a name, in hertz.
-constexpr std::array<float, 12> namedFrequenciesHz = {10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000, 24000};
-
-std::string unitText(const QVMParameter& parameter) {
-    switch (parameter.unit) {
-    case QVMUnitPercent:
-        return "\tunits:unit units:pc";
-    case QVMUnitDecibels:
-        return "\tunits:unit units:db";
-    case QVMUnitDecibelsPerOctave:
-        return "\tunits:unit [ a units:Unit ; rdfs:label \"decibels per octave\" ; units:symbol \"dB/Oct\" ; "
-               "units:render \"%f dB/Oct\" ]";
-    default:
-        return {};
-    }
-}
-
-// The values that have a name, by host-domain value.
-std::map<float, std::string> namedValues(const QVMParameter& parameter) {
-    const HostRange range(parameter);
-    std::map<float, std::string> names;
-    for (int step = 0; step < range.steps; ++step) {
-        const float value = range.minimum + static_cast<float>(step);
-        names[value] = parameter.stringValues.empty() ? (step == 0 ? "Off" : "On") : hostTextForValue(parameter, value);
-    }
-    if (parameter.unit == QVMUnitHertz) {
-        for (const float hz : namedFrequenciesHz) {
-            if (hz < parameter.minValue) continue;
-            const float value = parameter.reverseCastValue(hz);
-            names[value] = hostTextForValue(parameter, value);
-        }
-    }
-    for (const float end : {range.minimum, range.maximum}) {
-        if (parameter.substituteStringsForValues.empty()) break;
-        names[end] = hostTextForValue(parameter, end);
-    }
-    return names;
-}
-
-std::string scalePointsText(const std::map<float, std::string>& names) {
-    std::string text;
-    for (const auto& [value, name] : names) {
-        text += text.empty() ? "\tlv2:scalePoint " : " , ";
-        text += "[\n\t\trdfs:label " + turtleString(name) + " ;\n\t\trdf:value " + turtleFloat(value) + "\n\t]";
-    }
-    return text;
-}
-
-std::string parameterText(const QVMParameter& parameter, const std::string& pluginUri) {
-    std::string text;
-    for (const std::string& part : {unitText(parameter), scalePointsText(namedValues(parameter))}) {
-        if (part.empty()) continue;
-        text += (text.empty() ? "" : " ;\n") + part;
-    }
-    return text.empty() ? text : "<" + pluginUri + ":" + parameter.codesafeName + ">\n" + text + " .\n\n";
-}
-
-// What the toolkit's statements are about.
 #define LV2_CORE "http://lv2plug.in/ns/lv2core#"
-const std::set<std::string> lv2Limits = {LV2_CORE "default", LV2_CORE "minimum", LV2_CORE "maximum"};
-// What the toolkit says of the plug-in and the manifest or the extra file says better.
-const std::set<std::string> lv2Replaced = {LV2_CORE "scalePoint", LV2_CORE "minorVersion", LV2_CORE "microVersion"};
+constexpr const char* lv2Parameter = LV2_CORE "Parameter";
+constexpr const char* lv2Symbol = LV2_CORE "symbol";
+// What the manifest or the extra file says of the plug-in.
+const std::set<std::string> lv2Replaced = {"http://lv2plug.in/ns/ext/patch#writable",
+                                           "http://lv2plug.in/ns/ext/patch#readable", LV2_CORE "minorVersion",
+                                           LV2_CORE "microVersion"};
+// What the toolkit says of the editor and is none of its kind: a feature among its interfaces, and the other way round.
+const std::set<std::pair<std::string, std::string>> lv2Misplaced = {
+    {LV2_CORE "extensionData", "http://lv2plug.in/ns/extensions/ui#noUserResize"},
+    {LV2_CORE "optionalFeature", "http://lv2plug.in/ns/ext/options#interface"}};
 #undef LV2_CORE
+constexpr const char* rdfType = "http://www.w3.org/1999/02/22-rdf-syntax-ns#type";
 constexpr const char* stateState = "http://lv2plug.in/ns/ext/state#state";
 constexpr const char* seeAlso = "http://www.w3.org/2000/01/rdf-schema#seeAlso";
-constexpr const char* xsdInteger = "http://www.w3.org/2001/XMLSchema#integer";
-constexpr const char* xsdDecimal = "http://www.w3.org/2001/XMLSchema#decimal";
+constexpr const char* rdfsComment = "http://www.w3.org/2000/01/rdf-schema#comment";
+// A project has these, and a plug-in has none.
+const std::set<std::string> ofProject = {"http://usefulinc.com/ns/doap#maintainer",
+                                         "http://usefulinc.com/ns/doap#release"};
+
+// What each port is for, by symbol.
+const std::map<std::string, const char*> portComments = {
+    {"audio_in_1", "The left channel before the effect."},
+    {"audio_in_2", "The right channel before the effect."},
+    {"audio_out_1", "The left channel behind the effect."},
+    {"audio_out_2", "The right channel behind the effect."},
+    {"in", "Messages that set parameters or ask for them."},
+    {"out", "Messages with the parameters' values, and that the session has changed."},
+    {"latency", "The effect's latency in samples."},
+    {"freeWheeling", "Whether the host renders faster than it plays."},
+    {"enabled", "Whether the effect is in the way; if not, the audio passes unchanged."},
+};
+
+std::string projectOf(const std::string& pluginUri) {
+    return pluginUri + ":project";
+}
 
 // Whoever is described in dsp.ttl is so in the extra file.
 void referToExtraFile(TurtleText& manifest) {
@@ -111,6 +81,24 @@ void referToExtraFile(TurtleText& manifest) {
     statements.insert(found + 1, reference);
 }
 
+void commentOnPorts(TurtleText& dsp) {
+    auto& statements = dsp.statements;
+    for (std::size_t i = 0; i < statements.size(); ++i) {
+        if (statements[i].subject.kind != TurtleTerm::Kind::blank || dsp.full(statements[i].predicate) != lv2Symbol)
+            continue;
+        const auto found = portComments.find(statements[i].object.text);
+        if (found == portComments.end()) continue;
+        const auto isComment = [&](const TurtleStatement& statement) {
+            return statement.subject == statements[i].subject && dsp.full(statement.predicate) == rdfsComment;
+        };
+        if (std::ranges::any_of(statements, isComment)) continue;
+        TurtleStatement said = statements[i];
+        said.predicate = {TurtleTerm::Kind::uri, rdfsComment};
+        said.object.text = found->second;
+        statements.insert(statements.begin() + static_cast<std::ptrdiff_t>(i) + 1, said);
+    }
+}
+
 } // namespace
 
 std::string lv2ExtraText(const std::string& pluginUri) {
@@ -119,15 +107,13 @@ std::string lv2ExtraText(const std::string& pluginUri) {
     text += "<" + pluginUri +
             ">\n\ta lv2:Plugin , lv2:EQPlugin ;\n\tdoap:license <https://spdx.org/licenses/"
             "GPL-3.0-or-later> ;\n\tlv2:project <" +
-            pluginUri + ":project> ;\n\tdoap:shortdesc \"" + shortDescription + "\" ;\n\trdfs:comment \"" + comment +
+            projectOf(pluginUri) + "> ;\n\tdoap:shortdesc \"" + shortDescription + "\" ;\n\trdfs:comment \"" + comment +
             "\" .\n\n";
-    text += "<" + pluginUri + ":project>\n\ta doap:Project ;\n\tdoap:name \"" + product + "\" .\n\n";
+    text += "<" + projectOf(pluginUri) + ">\n\ta doap:Project ;\n\tdoap:name \"" + product + "\" .\n\n";
     // The toolkit says so as well, in a file on the editor alone, which hosts need not read before they make its
     // window.
     text += "<" + pluginUri + ":UI>\n\tlv2:optionalFeature ui:noUserResize .\n\n";
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        text += parameterText(*GetParameter(pid), pluginUri);
-    return text;
+    return text + lv2ParametersText(pluginUri);
 }
 
 std::string lv2VersionText(const std::string& pluginUri) {
@@ -151,14 +137,27 @@ std::optional<std::string> repairedLv2Manifest(const std::string& text) {
 std::optional<std::string> repairedLv2Dsp(const std::string& text) {
     std::optional<TurtleText> dsp = readTurtle(text);
     if (!dsp) return {};
-    dsp->erase([&](const TurtleStatement& statement) { return lv2Replaced.contains(dsp->full(statement.predicate)); });
-    for (TurtleStatement& statement : dsp->statements) {
-        if (!lv2Limits.contains(dsp->full(statement.predicate))) continue;
-        if (dsp->full(statement.datatype) != xsdInteger) continue;
-        statement.object.text += ".0";
-        statement.datatype.text = xsdDecimal;
-    }
+    std::set<std::string> parameters;
+    for (const TurtleStatement& statement : dsp->statements)
+        if (dsp->full(statement.predicate) == rdfType && dsp->full(statement.object) == lv2Parameter)
+            parameters.insert(statement.subject.text);
+    dsp->erase([&](const TurtleStatement& statement) {
+        return parameters.contains(statement.subject.text) || lv2Replaced.contains(dsp->full(statement.predicate));
+    });
+    for (TurtleStatement& statement : dsp->statements)
+        if (ofProject.contains(dsp->full(statement.predicate)) && !statement.subject.text.ends_with(projectOf({})))
+            statement.subject.text = projectOf(statement.subject.text);
+    commentOnPorts(*dsp);
     return writeTurtle(*dsp);
+}
+
+std::optional<std::string> repairedLv2Ui(const std::string& text) {
+    std::optional<TurtleText> ui = readTurtle(text);
+    if (!ui) return {};
+    ui->erase([&](const TurtleStatement& statement) {
+        return lv2Misplaced.contains({ui->full(statement.predicate), ui->full(statement.object)});
+    });
+    return writeTurtle(*ui);
 }
 
 } // namespace QVM_NAMESPACE

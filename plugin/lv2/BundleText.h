@@ -1,12 +1,11 @@
 // What the toolkit's LV2 generator leaves out of a bundle's text, or gets wrong.
 //
-// Left out: the plug-in's class, licence, project, comment and version in the manifest, the unit of each parameter, and
-// names for values. Wrong: a preset that refers to a property nobody defines, named values on a scale of 0 to 1 where
-// the parameter's is another, and integers where floats belong. Linked data adds up, so what is left out stands in a
-// file of its own.
+// Left out: the plug-in's class, licence, project and comment, and the version in the manifest. Wrong: a preset that
+// refers to a property nobody defines, the parameters, in numbers that nobody reads, and words where the format does
+// not allow them. Linked data adds up, so what is left out or said better stands in files of their own.
 #pragma once
 
-#include "BuildNamespace.h"
+#include "description/QVMParameter.h"
 
 #include <optional>
 #include <string>
@@ -19,10 +18,13 @@ inline constexpr const char* lv2PresetsFile = "presets.ttl";
 
 // Turtle that completes the description of the plug-in with this URI, all from the product's own tables.
 std::string lv2ExtraText(const std::string& pluginUri);
+// Of that, the parameters with their groups, and that they can be read and written.
+std::string lv2ParametersText(const std::string& pluginUri);
+// A number of this parameter's: a whole one, or one with a decimal point.
+std::string propertyNumberText(const QVMParameter& parameter, float value);
 
 // The factory presets as presets of the plug-in with this URI, in banks by section. Each has the number by which the
-// plug-in recalls it, and for hosts that set parameters themselves the host-domain values; the quality mode is left
-// alone.
+// plug-in recalls it, and the values for hosts that set parameters themselves; the quality mode is left alone.
 std::string lv2PresetsText(const std::string& pluginUri);
 
 // What the manifest says of each preset: that it is there, and in which file.
@@ -36,7 +38,11 @@ std::string lv2VersionText(const std::string& pluginUri);
 // repaired already says the same afterwards; so it does below. Absent where it is no Turtle.
 std::optional<std::string> repairedLv2Manifest(const std::string& text);
 
-// dsp.ttl as the toolkit wrote it, without its scale points and its version, and with every limit a float.
+// dsp.ttl as the toolkit wrote it, without its parameters and its version, with a comment on each port, and with
+// the maintainer and the release as the project's.
 std::optional<std::string> repairedLv2Dsp(const std::string& text);
+
+// ui.ttl as the toolkit wrote it, without what is no interface or no feature of the editor's.
+std::optional<std::string> repairedLv2Ui(const std::string& text);
 
 } // namespace QVM_NAMESPACE

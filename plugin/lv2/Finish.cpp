@@ -42,7 +42,8 @@ int main(int argumentCount, char* arguments[]) {
                      if (manifest) *manifest += slantwise::lv2VersionText(uri) + slantwise::lv2PresetsManifestText(uri);
                      return manifest;
                  }) ||
-        !rewrite(bundle / "dsp.ttl", slantwise::repairedLv2Dsp)) {
+        !rewrite(bundle / "dsp.ttl", slantwise::repairedLv2Dsp) ||
+        !rewrite(bundle / "ui.ttl", slantwise::repairedLv2Ui)) {
         return std::fprintf(stderr, "Finish: cannot rewrite the text of %s\n", bundle.c_str()), 1;
     }
     return 0;

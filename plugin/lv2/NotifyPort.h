@@ -1,40 +1,35 @@
-// Where the toolkit writes what it has to tell an LV2 host, and what the host gets of it.
+// What an LV2 host is told, in messages: a parameter's value, or that what a session saves of the plug-in has changed.
 //
-// The toolkit does not look whether there is room, and half a message is worse than none. So it writes into a sequence
-// of ours, which always has room, and whole messages are handed on; what did not fit is said, to be told again.
+// A message is written whole or not at all; what has no room is said, to be told with a later block.
 #pragma once
 
-#include "plugin/lv2/PropertyRequests.h"
+#include "plugin/lv2/PropertyUrids.h"
 
-#include <array>
+#include <lv2/atom/atom.h>
+
 #include <cstddef>
 
 namespace QVM_NAMESPACE {
 
-// What a host was not told for lack of room.
-struct Untold {
-    ParameterBits values = 0;
-    bool stateChange = false;
-};
-
-// Render thread, all of it; allocates nothing.
+// Render thread, all but the constructor: it allocates nothing.
 class NotifyPort {
 public:
-    // Borrowed, and outlives the port.
-    explicit NotifyPort(const PropertyRequests& requests) : requests_(requests) {}
+    // Borrowed, and outlive the port.
+    explicit NotifyPort(const PropertyUrids& urids) : urids_(urids) {}
 
-    // Empty and with all its room, for the toolkit's next block.
-    LV2_Atom_Sequence* sequence();
-    // Hands on what the toolkit wrote since. The host's sequence says how much room it has, as the format lays down;
-    // null is taken to have none.
-    Untold handOn(LV2_Atom_Sequence* host) const;
+    // The host's sequence for the block, or null for none. It says how much room it has, as the format lays down, and
+    // is empty afterwards.
+    void begin(LV2_Atom_Sequence* host);
+    // False where there is no room.
+    [[nodiscard]] bool tellValue(std::uint32_t pid, float value);
+    [[nodiscard]] bool tellStateChange();
 
 private:
-    // A value and its message take 72 bytes; a block tells each value once at most, and one change of state.
-    static constexpr std::size_t roomBytes = 128 + std::size_t{72} * QVMParameterCount;
+    bool append(const void* message, std::size_t bytes);
 
-    const PropertyRequests& requests_;
-    alignas(LV2_Atom_Sequence) std::array<std::byte, roomBytes> bytes_{};
+    const PropertyUrids& urids_;
+    LV2_Atom_Sequence* host_ = nullptr; // null without room for a sequence
+    std::size_t room_ = 0;              // bytes of its body
 };
 
 } // namespace QVM_NAMESPACE

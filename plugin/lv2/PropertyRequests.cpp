@@ -1,74 +1,88 @@
 #include "plugin/lv2/PropertyRequests.h"
 
 #include "description/Description.h"
-
-#include <lv2/atom/util.h>
-#include <lv2/patch/patch.h>
-#include <lv2/state/state.h>
+#include "plugin/lv2/Properties.h"
 
 #include <algorithm>
-#include <string>
+#include <cmath>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-LV2_URID mapped(const LV2_URID_Map& map, const std::string& uri) {
-    return map.map(map.handle, uri.c_str());
+// By place; the number of all when it is none of them.
+std::uint32_t placeOf(LV2_URID urid, const std::array<LV2_URID, QVMParameterCount>& urids) {
+    return static_cast<std::uint32_t>(std::ranges::find(urids, urid) - urids.begin());
+}
+
+template <class Atom>
+auto bodyOf(const LV2_Atom* atom) {
+    return reinterpret_cast<const Atom*>(atom)->body;
 }
 
 } // namespace
 
-PropertyRequests::PropertyRequests(const LV2_URID_Map& map, const char* pluginUri)
-    : sequence_(mapped(map, LV2_ATOM__Sequence)), object_(mapped(map, LV2_ATOM__Object)),
-      blank_(mapped(map, LV2_ATOM__Blank)), urid_(mapped(map, LV2_ATOM__URID)), get_(mapped(map, LV2_PATCH__Get)),
-      set_(mapped(map, LV2_PATCH__Set)), subject_(mapped(map, LV2_PATCH__subject)),
-      property_(mapped(map, LV2_PATCH__property)), stateChanged_(mapped(map, LV2_STATE__StateChanged)),
-      plugin_(mapped(map, pluginUri)) {
-    // As the toolkit names them.
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-        properties_[pid] = mapped(map, std::string(pluginUri) + ":" + GetParameter(pid)->codesafeName);
-}
-
 ParameterBits PropertyRequests::askedFor(const LV2_Atom_Sequence* messages) const {
     ParameterBits bits = 0;
-    if (!messages || messages->atom.type != sequence_) return bits;
+    if (!isSequence(messages)) return bits;
     LV2_ATOM_SEQUENCE_FOREACH(messages, event) bits |= requestedBy(event->body);
     return bits;
 }
 
-ParameterBits PropertyRequests::setBy(const LV2_Atom& message) const {
-    if (!isObject(message, set_)) return 0;
-    const LV2_Atom* property = nullptr;
-    lv2_atom_object_get(reinterpret_cast<const LV2_Atom_Object*>(&message), property_, &property, 0);
-    return bitOf(property);
-}
-
-bool PropertyRequests::isStateChange(const LV2_Atom& message) const {
-    return isObject(message, stateChanged_);
+bool PropertyRequests::isSequence(const LV2_Atom_Sequence* messages) const {
+    return messages && messages->atom.type == urids_.sequence;
 }
 
 bool PropertyRequests::isObject(const LV2_Atom& message, LV2_URID type) const {
-    if ((message.type != object_ && message.type != blank_) || message.size < sizeof(LV2_Atom_Object_Body))
+    if ((message.type != urids_.object && message.type != urids_.blank) || message.size < sizeof(LV2_Atom_Object_Body))
         return false;
     return reinterpret_cast<const LV2_Atom_Object&>(message).body.otype == type;
 }
 
+bool PropertyRequests::isToThePlugin(const LV2_Atom* subject) const {
+    return !subject || (subject->type == urids_.urid && bodyOf<LV2_Atom_URID>(subject) == urids_.plugin);
+}
+
 ParameterBits PropertyRequests::bitOf(const LV2_Atom* property) const {
-    if (!property || property->type != urid_ || property->size < sizeof(LV2_URID)) return 0;
-    const LV2_URID urid = reinterpret_cast<const LV2_Atom_URID*>(property)->body;
-    const auto found = std::ranges::find(properties_, urid);
-    return found == properties_.end() ? 0 : ParameterBits{1} << (found - properties_.begin());
+    if (property->type != urids_.urid || property->size < sizeof(LV2_URID)) return 0;
+    const std::uint32_t pid = placeOf(bodyOf<LV2_Atom_URID>(property), urids_.properties);
+    return pid < QVMParameterCount ? ParameterBits{1} << pid : 0;
 }
 
 ParameterBits PropertyRequests::requestedBy(const LV2_Atom& message) const {
-    if (!isObject(message, get_)) return 0;
+    if (!isObject(message, urids_.get)) return 0;
     const LV2_Atom *subject = nullptr, *property = nullptr;
-    lv2_atom_object_get(reinterpret_cast<const LV2_Atom_Object*>(&message), subject_, &subject, property_, &property,
-                        0);
-    const auto* const named = reinterpret_cast<const LV2_Atom_URID*>(subject);
-    if (named && (named->atom.type != urid_ || named->body != plugin_)) return 0;
+    lv2_atom_object_get(reinterpret_cast<const LV2_Atom_Object*>(&message), urids_.subject, &subject, urids_.property,
+                        &property, 0);
+    if (!isToThePlugin(subject)) return 0;
     return property ? bitOf(property) : allParameters;
+}
+
+std::optional<PropertySetting> PropertyRequests::settingOf(const LV2_Atom& message) const {
+    if (!isObject(message, urids_.set)) return {};
+    const LV2_Atom *subject = nullptr, *property = nullptr, *value = nullptr;
+    lv2_atom_object_get(reinterpret_cast<const LV2_Atom_Object*>(&message), urids_.subject, &subject, urids_.property,
+                        &property, urids_.value, &value, 0);
+    const std::optional<float> number = numberOf(value);
+    if (!number || !isToThePlugin(subject) || !property || property->type != urids_.urid) return {};
+    const auto urid = bodyOf<LV2_Atom_URID>(property);
+    if (const std::uint32_t pid = placeOf(urid, urids_.properties); pid < QVMParameterCount)
+        return PropertySetting{pid, hostValueOfProperty(*GetParameter(pid), *number)};
+    const std::uint32_t pid = urid ? placeOf(urid, urids_.formerProperties) : QVMParameterCount;
+    if (pid < QVMParameterCount) return PropertySetting{pid, *number};
+    return {};
+}
+
+// Hosts write a number in the type that they have it in.
+std::optional<float> PropertyRequests::numberOf(const LV2_Atom* value) const {
+    if (!value) return {};
+    std::optional<float> number;
+    if (value->type == urids_.floatType) number = bodyOf<LV2_Atom_Float>(value);
+    if (value->type == urids_.doubleType) number = static_cast<float>(bodyOf<LV2_Atom_Double>(value));
+    if (value->type == urids_.intType || value->type == urids_.boolType)
+        number = static_cast<float>(bodyOf<LV2_Atom_Int>(value));
+    if (value->type == urids_.longType) number = static_cast<float>(bodyOf<LV2_Atom_Long>(value));
+    return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
 } // namespace QVM_NAMESPACE

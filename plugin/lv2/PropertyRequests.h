@@ -1,40 +1,51 @@
-// The parameters as properties of LV2 messages: which one a message is about, and which ones a host asks for.
+// What an LV2 host's messages want of the parameters: to set them, and to be told of them.
 #pragma once
 
-#include "description/ParameterIDs.h"
+#include "plugin/lv2/PropertyUrids.h"
 
 #include <lv2/atom/atom.h>
-#include <lv2/urid/urid.h>
+#include <lv2/atom/util.h>
 
-#include <array>
-#include <cstdint>
+#include <optional>
 
 namespace QVM_NAMESPACE {
 
-// One bit for each parameter, by pid.
-using ParameterBits = std::uint32_t;
-static_assert(QVMParameterCount < 32);
-inline constexpr ParameterBits allParameters = (ParameterBits{1} << QVMParameterCount) - 1;
+struct PropertySetting {
+    std::uint32_t pid;
+    float hostValue; // as the unit has it, and no NaN
+};
 
-// Made while the plug-in is; afterwards for the render thread: it allocates nothing and never maps a name.
+// Render thread, all but the constructor: it allocates nothing.
 class PropertyRequests {
 public:
-    PropertyRequests(const LV2_URID_Map& map, const char* pluginUri);
+    // Borrowed, and outlive this.
+    explicit PropertyRequests(const PropertyUrids& urids) : urids_(urids) {}
 
     // What the host's messages ask for: one property each, or all where they name none. Null asks for nothing, and so
     // does what is no sequence, or a request to another subject.
     ParameterBits askedFor(const LV2_Atom_Sequence* messages) const;
-    // Of an object that sets a property; 0 for any other.
-    ParameterBits setBy(const LV2_Atom& message) const;
-    bool isStateChange(const LV2_Atom& message) const;
+    // Calls `take(PropertySetting)` for what the messages set, in their order; likewise.
+    template <class Take>
+    void forEachSetting(const LV2_Atom_Sequence* messages, Take&& take) const;
 
 private:
+    bool isSequence(const LV2_Atom_Sequence* messages) const;
     bool isObject(const LV2_Atom& message, LV2_URID type) const;
+    bool isToThePlugin(const LV2_Atom* subject) const;
     ParameterBits bitOf(const LV2_Atom* property) const;
     ParameterBits requestedBy(const LV2_Atom& message) const;
+    std::optional<PropertySetting> settingOf(const LV2_Atom& message) const;
+    std::optional<float> numberOf(const LV2_Atom* value) const;
 
-    const LV2_URID sequence_, object_, blank_, urid_, get_, set_, subject_, property_, stateChanged_, plugin_;
-    std::array<LV2_URID, QVMParameterCount> properties_; // by pid
+    const PropertyUrids& urids_;
 };
+
+template <class Take>
+void PropertyRequests::forEachSetting(const LV2_Atom_Sequence* messages, Take&& take) const {
+    if (!isSequence(messages)) return;
+    LV2_ATOM_SEQUENCE_FOREACH(messages, event) {
+        if (const std::optional<PropertySetting> setting = settingOf(event->body)) take(*setting);
+    }
+}
 
 } // namespace QVM_NAMESPACE

@@ -47,21 +47,24 @@ const LV2UI_Descriptor& toolkitEditor() {
 }
 
 // What a host has a handle of.
-class Instance final : private slantwise::HostAnnouncements {
+class Instance final : private slantwise::PropertyValues {
 public:
     Instance(LV2_Handle toolkit, const LV2_URID_Map& map)
         : processor_(
               static_cast<slantwise::SlantwiseProcessor&>(*processorOf(*static_cast<ToolkitInstance*>(toolkit)))),
-          adapted_(toolkitPlugin(), toolkit, map) {}
+          adapted_(toolkitPlugin(), toolkit, map, *this) {}
 
     static Instance& of(LV2_Handle handle) { return *static_cast<Instance*>(handle); }
     slantwise::AdaptedInstance& adapted() { return adapted_; }
-    void run(std::uint32_t frames) { adapted_.run(frames, *this); }
     void setScaledByHost() { processor_.setScaledByHost(); } // before there is an editor
 
 private:
-    void announceValue(std::uint32_t pid) override { processor_.parameter(pid).announceValue(); }
-    void announceStateChange() override { processor_.announceStateChange(); }
+    float hostValue(std::uint32_t pid) const override { return processor_.parameter(pid).hostValue(); }
+    void setHostValue(std::uint32_t pid, float value) override { processor_.parameter(pid).takeHostValue(value); }
+    slantwise::DueMessages takeDue() override {
+        const std::uint32_t due = processor_.takeDue();
+        return {due & slantwise::allParameters, (due & slantwise::SlantwiseProcessor::stateChangeBit) != 0};
+    }
 
     slantwise::SlantwiseProcessor& processor_; // the toolkit's instance owns it
     slantwise::AdaptedInstance adapted_;
@@ -117,7 +120,7 @@ LV2_SYMBOL_EXPORT const LV2_Descriptor* lv2_descriptor(std::uint32_t index) {
             Instance::of(handle).adapted().connectPort(port, data);
         },
         [](LV2_Handle handle) { Instance::of(handle).adapted().activate(); },
-        [](LV2_Handle handle, std::uint32_t frames) { Instance::of(handle).run(frames); },
+        [](LV2_Handle handle, std::uint32_t frames) { Instance::of(handle).adapted().run(frames); },
         [](LV2_Handle handle) { Instance::of(handle).adapted().deactivate(); },
         [](LV2_Handle handle) { delete &Instance::of(handle); },
         extensionData};

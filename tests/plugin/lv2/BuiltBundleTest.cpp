@@ -1,6 +1,8 @@
 // The library of the built LV2 bundle in a host of a few lines: what passes between the two, byte by byte.
 #include "description/Description.h"
 #include "plugin/lv2/Messages.h"
+#include "plugin/lv2/Properties.h"
+#include "support/RealtimeTrap.h"
 
 #include <lv2/buf-size/buf-size.h>
 #include <lv2/core/lv2.h>
@@ -13,6 +15,7 @@
 #include <array>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -75,11 +78,46 @@ protected:
     static bool isAll(const Words& words) {
         bool isIt = words.size() == QVMParameterCount;
         for (std::uint32_t pid = 0; isIt && pid < QVMParameterCount; ++pid)
-            isIt = words[pid].starts_with(std::string(GetParameter(pid)->codesafeName) + "=");
+            isIt = words[pid].starts_with(propertyName(*GetParameter(pid)) + "=");
         return isIt;
+    }
+    // NaN where it is not told of.
+    static float numberIn(const Words& words, const std::string& name) {
+        for (const std::string& word : words)
+            if (word.starts_with(name + "=")) return std::stof(word.substr(name.size() + 1));
+        return std::numeric_limits<float>::quiet_NaN();
     }
     const LV2_State_Interface& state() const {
         return *static_cast<const LV2_State_Interface*>(plugin_->extension_data(LV2_STATE__interface));
+    }
+
+    // What it saves: the text under its one key.
+    std::string save() const {
+        std::string saved;
+        const auto store = [](LV2_State_Handle to, std::uint32_t, const void* value, size_t size, std::uint32_t,
+                              std::uint32_t) {
+            static_cast<std::string*>(to)->assign(static_cast<const char*>(value), size);
+            return LV2_STATE_SUCCESS;
+        };
+        EXPECT_EQ(state().save(instance_, store, &saved, 0, nullptr), LV2_STATE_SUCCESS);
+        return saved;
+    }
+    // From a state with one entry.
+    LV2_State_Status restore(const std::string& key, const std::string& value, const char* type = LV2_ATOM__String) {
+        struct Source {
+            const std::string& value;
+            LV2_URID key, type;
+        } source{value, urids_[property(key.c_str())], urids_[type]};
+        const auto retrieve = [](LV2_State_Handle from, std::uint32_t asked, size_t* size, std::uint32_t* kind,
+                                 std::uint32_t* flags) -> const void* {
+            const Source& given = *static_cast<Source*>(from);
+            if (asked != given.key) return nullptr;
+            *size = given.value.size();
+            *kind = given.type;
+            *flags = LV2_STATE_IS_POD | LV2_STATE_IS_PORTABLE;
+            return given.value.data();
+        };
+        return state().restore(instance_, retrieve, &source, 0, nullptr);
     }
 
     static constexpr std::uint32_t frames = 64;
@@ -135,34 +173,79 @@ TEST_F(BuiltBundle, TellsAllValuesOfARestoredStateAndSavesWhatItGot) {
     run();
     control_.addSet(property("TiltGain"), 4.5F);
     run();
-    std::string saved;
-    const auto store = [](LV2_State_Handle to, std::uint32_t, const void* value, size_t size, std::uint32_t,
-                          std::uint32_t) {
-        static_cast<std::string*>(to)->assign(static_cast<const char*>(value), size);
-        return LV2_STATE_SUCCESS;
-    };
-    EXPECT_EQ(state().save(instance_, store, &saved, 0, nullptr), LV2_STATE_SUCCESS);
+    const std::string saved = save();
     ASSERT_FALSE(saved.empty());
     remove();
     ASSERT_TRUE(insert());
     run();
-    struct Source {
-        const std::string& text;
-        LV2_URID key, type;
-    } source{saved, urids_[property("StateString")], urids_[LV2_ATOM__String]};
-    const auto retrieve = [](LV2_State_Handle from, std::uint32_t key, size_t* size, std::uint32_t* kind,
-                             std::uint32_t* flags) -> const void* {
-        const Source& given = *static_cast<Source*>(from);
-        if (key != given.key) return nullptr;
-        *size = given.text.size();
-        *kind = given.type;
-        *flags = LV2_STATE_IS_POD | LV2_STATE_IS_PORTABLE;
-        return given.text.data();
-    };
-    EXPECT_EQ(state().restore(instance_, retrieve, &source, 0, nullptr), LV2_STATE_SUCCESS);
+    EXPECT_EQ(restore("StateString", saved), LV2_STATE_SUCCESS);
     const Words told = run();
     EXPECT_TRUE(isAll(told));
     EXPECT_EQ(std::ranges::count(told, "TiltGain=4.5"), 1) << "and no change of the session";
+}
+
+// Saved when the frequencies were told as positions: the tilt from 8000 to 20000, the low filter at 6000.
+TEST_F(BuiltBundle, ReadsASessionSavedBeforeFrequenciesWereToldInHertz) {
+    const std::string former = "139.SckLXE....vh....X........9C...IP..f9EA.PbZD...................rv.....A.f6Vz++sqQ..."
+                               "................PAA....."
+                               "..............................ED........f+H..........G....PTYlEVcrQG.....ADg+K.";
+    ASSERT_TRUE(insert());
+    run();
+    EXPECT_EQ(restore("StateString", former + '\0'), LV2_STATE_SUCCESS);
+    const Words told = run();
+    EXPECT_TRUE(isAll(told));
+    for (const char* const word :
+         {"TiltGain=4.5", "FilterRangeHighHz=24000", "MeterMode=int 2", "OutputGain=-96", "HQMode=int 1"})
+        EXPECT_EQ(std::ranges::count(told, word), 1) << word;
+    EXPECT_NEAR(numberIn(told, "TiltRangeLowHz"), 133.597, 0.001);
+    EXPECT_NEAR(numberIn(told, "TiltRangeHighHz"), 6555.53, 0.01);
+    EXPECT_NEAR(numberIn(told, "FilterRangeLowHz"), 35.166, 0.001);
+    EXPECT_EQ(save(), former + '\0') << "and nothing of it has changed";
+}
+
+// A session's automation, recorded by then.
+TEST_F(BuiltBundle, ObeysTheFormerPositionsOfFrequencies) {
+    ASSERT_TRUE(insert());
+    run();
+    control_.addSet(property("TiltRangeLow"), 8000.0F);
+    control_.addGet(property("TiltRangeLowHz"));
+    EXPECT_NEAR(numberIn(run(), "TiltRangeLowHz"), 133.597, 0.001);
+}
+
+TEST_F(BuiltBundle, WhatItTellsAndIsSetAgainIsTheSame) {
+    ASSERT_TRUE(insert());
+    run();
+    for (const float hertz : {10.0F, 10.1F, 63.5F, 1000.0F, 9999.9F, 23999.9F, 24000.0F}) {
+        for (int again = 0; again < 3; ++again) {
+            control_.addSet(property("TiltRangeLowHz"), hertz);
+            control_.addSet(property("TiltLoudnessMode"), 3);
+            control_.addGet(property("TiltRangeLowHz"));
+            control_.addGet(property("TiltLoudnessMode"));
+            const Words told = run();
+            ASSERT_EQ(told.size(), 2U);
+            EXPECT_EQ(numberIn(told, "TiltRangeLowHz"), hertz);
+            EXPECT_EQ(told[1], "TiltLoudnessMode=int 3");
+        }
+    }
+}
+
+// The toolkit takes its lock of the callback in every block, and none for a value.
+TEST_F(BuiltBundle, TellingAndSettingValuesTakesNoLockAndNoMemoryInRun) {
+    ASSERT_TRUE(insert());
+    const auto offences = [this] {
+        notify_.offer();
+        return realtime::offencesOf([this] { plugin_->run(instance_, frames); });
+    };
+    run();
+    const realtime::Offences idle = offences();
+    control_.addGet({});
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
+        control_.addSet(property(propertyName(*GetParameter(pid)).c_str()), 1);
+    const realtime::Offences busy = offences();
+    EXPECT_TRUE(isAll(notify_.words(SLANTWISE_LV2_URI)));
+    EXPECT_EQ(busy.heapCalls, 0U) << busy;
+    EXPECT_EQ(busy.systemCalls, 0U) << busy;
+    EXPECT_EQ(busy.locks, idle.locks) << busy;
 }
 
 } // namespace

@@ -9,8 +9,9 @@
 #include <lv2/state/state.h>
 #include <lv2/urid/urid.h>
 
+#include <charconv>
 #include <cstdint>
-#include <cstdio>
+#include <cstring>
 #include <map>
 #include <string>
 #include <vector>
@@ -68,23 +69,19 @@ public:
         addName(LV2_PATCH__property, property);
         lv2_atom_forge_pop(&forge_, &object);
     }
-    void addSet(const std::string& property, float value) {
+    template <class Value>
+    void addSet(const std::string& property, Value value, const std::string& subject = {}) {
         LV2_Atom_Forge_Frame object;
         lv2_atom_forge_frame_time(&forge_, 0);
         lv2_atom_forge_object(&forge_, &object, 0, urids_[LV2_PATCH__Set]);
+        addName(LV2_PATCH__subject, subject);
         addName(LV2_PATCH__property, property);
         lv2_atom_forge_key(&forge_, urids_[LV2_PATCH__value]);
-        lv2_atom_forge_float(&forge_, value);
-        lv2_atom_forge_pop(&forge_, &object);
-    }
-    void addStateChange() {
-        LV2_Atom_Forge_Frame object;
-        lv2_atom_forge_frame_time(&forge_, 0);
-        lv2_atom_forge_object(&forge_, &object, 0, urids_[LV2_STATE__StateChanged]);
+        add(value);
         lv2_atom_forge_pop(&forge_, &object);
     }
 
-    // What it says, a word a message, in order: "TiltGain=3", or "changed" for a change of state.
+    // What it says, a word a message, in order: "TiltGain=3.5", "HQMode=int 1", or "changed" for a change of state.
     std::vector<std::string> words(const std::string& pluginUri) {
         std::vector<std::string> said;
         LV2_ATOM_SEQUENCE_FOREACH(sequence(), event) {
@@ -94,15 +91,29 @@ public:
             lv2_atom_object_get(object, urids_[LV2_PATCH__property], &property, urids_[LV2_PATCH__value], &value, 0);
             if (object->body.otype != urids_[LV2_PATCH__Set] || !property || !value) continue;
             const std::string name = urids_.nameOf(reinterpret_cast<const LV2_Atom_URID*>(property)->body);
-            char number[32];
-            std::snprintf(number, sizeof number, "=%g",
-                          static_cast<double>(reinterpret_cast<const LV2_Atom_Float*>(value)->body));
-            said.push_back(name.substr(pluginUri.size() + 1) + number);
+            said.push_back(name.substr(pluginUri.size() + 1) + "=" + numberText(*value));
         }
         return said;
     }
 
 private:
+    void add(float value) { lv2_atom_forge_float(&forge_, value); }
+    void add(double value) { lv2_atom_forge_double(&forge_, value); }
+    void add(std::int32_t value) { lv2_atom_forge_int(&forge_, value); }
+    void add(std::int64_t value) { lv2_atom_forge_long(&forge_, value); }
+    void add(bool value) { lv2_atom_forge_bool(&forge_, value); }
+    void add(const char* text) { lv2_atom_forge_string(&forge_, text, static_cast<std::uint32_t>(std::strlen(text))); }
+
+    // As short as reads back the same.
+    std::string numberText(const LV2_Atom& value) {
+        if (value.type == urids_[LV2_ATOM__Int])
+            return "int " + std::to_string(reinterpret_cast<const LV2_Atom_Int&>(value).body);
+        if (value.type != urids_[LV2_ATOM__Float]) return "no number";
+        char text[64];
+        char* const end =
+            std::to_chars(text, text + sizeof text, reinterpret_cast<const LV2_Atom_Float&>(value).body).ptr;
+        return {text, end};
+    }
     void addName(const char* key, const std::string& uri) {
         if (uri.empty()) return;
         lv2_atom_forge_key(&forge_, urids_[key]);

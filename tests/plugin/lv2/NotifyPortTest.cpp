@@ -4,48 +4,51 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 namespace QVM_NAMESPACE {
 namespace {
 
 class NotifyPortTest : public testing::Test {
 protected:
-    // As the toolkit does: into the room that it was given.
-    void write(messages::Port& said) { std::memcpy(port_.sequence(), said.sequence(), 8 + said.sequence()->atom.size); }
+    using Words = std::vector<std::string>;
 
-    messages::Urids urids_;
-    PropertyRequests requests_{urids_.map(), "urn:plugin"};
-    NotifyPort port_{requests_};
-    messages::Port toolkit_{urids_}, host_{urids_};
+    void begin(std::uint32_t room) {
+        host_.setRoom(room);
+        host_.offer();
+        port_.begin(host_.sequence());
+    }
+    Words words() { return host_.words("urn:plugin"); }
+
+    messages::Urids names_;
+    PropertyUrids urids_{names_.map(), "urn:plugin"};
+    NotifyPort port_{urids_};
+    messages::Port host_{names_};
 };
 
-TEST_F(NotifyPortTest, HasRoomForAllValuesAndAChangeOfState) {
-    EXPECT_GE(port_.sequence()->atom.size, 8U + 72 * QVMParameterCount + 24 + 8) << "the last for the toolkit's count";
+TEST_F(NotifyPortTest, TellsWholeNumbersOfSwitchesAndModesAndFractionsOfTheRest) {
+    begin(9920);
+    EXPECT_TRUE(port_.tellValue(pidTiltRangeLow, 63.5F));
+    EXPECT_TRUE(port_.tellStateChange());
+    EXPECT_TRUE(port_.tellValue(pidTiltLoudnessMode, 3));
+    EXPECT_EQ(words(), (Words{"TiltRangeLowHz=63.5", "changed", "TiltLoudnessMode=int 3"}));
+    begin(9920);
+    EXPECT_EQ(words(), Words()) << "a block's messages are not the next one's";
 }
 
-TEST_F(NotifyPortTest, AMessageThatDoesNotFitIsSaidToBeUntoldAndASmallerOneBehindItFits) {
-    toolkit_.begin();
-    toolkit_.addSet("urn:plugin:TiltGain", 1);
-    toolkit_.addSet("urn:plugin:OutputGain", 2);
-    toolkit_.addStateChange();
-    write(toolkit_);
-    host_.setRoom(8 + 72 + 24);
-    host_.offer();
-    const Untold untold = port_.handOn(host_.sequence());
-    EXPECT_EQ(host_.words("urn:plugin"), (std::vector<std::string>{"TiltGain=1", "changed"}));
-    EXPECT_EQ(untold.values, 1U << pidOutputGain);
-    EXPECT_FALSE(untold.stateChange);
+TEST_F(NotifyPortTest, AMessageThatDoesNotFitIsNotWrittenAndASmallerOneBehindItFits) {
+    begin(8 + 72 + 24);
+    EXPECT_TRUE(port_.tellValue(pidTiltGain, 1));
+    EXPECT_FALSE(port_.tellValue(pidOutputGain, 2));
+    EXPECT_TRUE(port_.tellStateChange());
+    EXPECT_FALSE(port_.tellStateChange());
+    EXPECT_EQ(words(), (Words{"TiltGain=1", "changed"}));
 }
 
-TEST_F(NotifyPortTest, AHostWithoutRoomIsToldNothing) {
-    toolkit_.begin();
-    toolkit_.addSet("urn:plugin:TiltGain", 1);
-    toolkit_.addStateChange();
-    write(toolkit_);
-    const Untold untold = port_.handOn(nullptr);
-    EXPECT_EQ(untold.values, 1U << pidTiltGain);
-    EXPECT_TRUE(untold.stateChange);
+TEST_F(NotifyPortTest, WithoutRoomForASequenceTheHostsIsLeftAlone) {
+    begin(7);
+    EXPECT_FALSE(port_.tellStateChange());
+    EXPECT_EQ(host_.sequence()->atom.size, 7U);
+    port_.begin(nullptr);
+    EXPECT_FALSE(port_.tellStateChange());
 }
 
 } // namespace

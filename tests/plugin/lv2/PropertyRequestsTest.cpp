@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <utility>
+#include <vector>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -11,15 +15,26 @@ constexpr const char* uri = "urn:plugin";
 
 class PropertyRequestsTest : public testing::Test {
 protected:
-    ParameterBits asked() const { return requests_.askedFor(port_.sequence()); }
+    using Settings = std::vector<std::pair<std::uint32_t, float>>; // pid, and the unit's value
 
-    messages::Urids urids_;
-    PropertyRequests requests_{urids_.map(), uri};
-    mutable messages::Port port_{urids_};
+    PropertyRequestsTest() { port_.begin(); }
+    ParameterBits asked() const { return requests_.askedFor(port_.sequence()); }
+    // What is in the port, which is empty afterwards.
+    Settings set() {
+        Settings settings;
+        requests_.forEachSetting(port_.sequence(),
+                                 [&](const PropertySetting& s) { settings.emplace_back(s.pid, s.hostValue); });
+        port_.begin();
+        return settings;
+    }
+
+    messages::Urids names_;
+    PropertyUrids urids_{names_.map(), uri};
+    PropertyRequests requests_{urids_};
+    mutable messages::Port port_{names_};
 };
 
 TEST_F(PropertyRequestsTest, AsksForOnePropertyOrForAll) {
-    port_.begin();
     EXPECT_EQ(asked(), 0U);
     port_.addGet("urn:plugin:TiltGain");
     EXPECT_EQ(asked(), 1U << pidTiltGain);
@@ -33,23 +48,43 @@ TEST_F(PropertyRequestsTest, WhatIsNoRequestToThisPlugInAsksForNothing) {
     EXPECT_EQ(requests_.askedFor(nullptr), 0U);
     port_.offer();
     EXPECT_EQ(asked(), 0U) << "no sequence";
-    port_.begin();
+    EXPECT_EQ(set(), Settings());
     port_.addGet("urn:plugin:NoSuchThing");
     port_.addGet({}, "urn:another");
-    port_.addSet("urn:plugin:TiltGain", 3);
+    port_.addSet("urn:plugin:TiltGain", 3.0F);
     EXPECT_EQ(asked(), 0U);
 }
 
-TEST_F(PropertyRequestsTest, TellsWhatAMessageIsAbout) {
-    port_.begin();
-    port_.addSet("urn:plugin:OutputGain", 3);
-    port_.addStateChange();
-    const LV2_Atom_Event* const set = lv2_atom_sequence_begin(&port_.sequence()->body);
-    const LV2_Atom_Event* const change = lv2_atom_sequence_next(set);
-    EXPECT_EQ(requests_.setBy(set->body), 1U << pidOutputGain);
-    EXPECT_FALSE(requests_.isStateChange(set->body));
-    EXPECT_EQ(requests_.setBy(change->body), 0U);
-    EXPECT_TRUE(requests_.isStateChange(change->body));
+TEST_F(PropertyRequestsTest, SetsANumberOfAnyTypeInOrder) {
+    port_.addSet("urn:plugin:OutputGain", -3.5F);
+    port_.addSet("urn:plugin:OutputGain", -4.5);
+    port_.addSet("urn:plugin:MeterMode", 2, uri);
+    port_.addSet("urn:plugin:MeterMode", std::int64_t{1});
+    port_.addSet("urn:plugin:HQMode", true);
+    EXPECT_EQ(set(), (Settings{{7, -3.5F}, {7, -4.5F}, {8, 2.0F}, {8, 1.0F}, {23, 1.0F}}));
+}
+
+TEST_F(PropertyRequestsTest, AFrequencyIsSetInHertzAndByItsFormerNameAsThePositionThatItWas) {
+    port_.addSet("urn:plugin:TiltRangeLowHz", 24000);
+    port_.addSet("urn:plugin:TiltRangeLowHz", 489.89795F); // in the middle, by octaves
+    port_.addSet("urn:plugin:TiltRangeLow", 12005.0F);
+    const Settings settings = set();
+    ASSERT_EQ(settings.size(), 3U);
+    EXPECT_EQ(settings[0], (std::pair{2U, 24000.0F}));
+    EXPECT_NEAR(settings[1].second, 12005, 0.01);
+    EXPECT_EQ(settings[2], (std::pair{2U, 12005.0F}));
+}
+
+TEST_F(PropertyRequestsTest, WhatIsNoNumberForThisPlugInSetsNothing) {
+    port_.addSet("urn:plugin:TiltGain", 3.0F, "urn:another");
+    port_.addSet("urn:plugin:NoSuchThing", 3.0F);
+    port_.addSet("urn:plugin:TiltGain", "3");
+    port_.addSet("urn:plugin:TiltGain", std::numeric_limits<float>::quiet_NaN());
+    port_.addSet("urn:plugin:TiltGain", std::numeric_limits<double>::infinity());
+    port_.addSet("urn:plugin:TiltGain", 1e300);
+    port_.addSet({}, 3.0F);
+    port_.addGet("urn:plugin:TiltGain");
+    EXPECT_EQ(set(), Settings());
 }
 
 } // namespace
