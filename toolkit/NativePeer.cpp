@@ -3,6 +3,7 @@
 #include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
 
 #include "toolkit/NativePeer.h"
+#include "toolkit/SingleMessage.h"
 
 #include <juce_events/native/juce_linux_EventLoopInternal.h>
 
@@ -38,14 +39,15 @@ int keepNextEvent(::Display* display, XEvent* event) {
     return system != nullptr ? system->getDisplay() : nullptr;
 }
 
-// As a message of its own: what the events lead to may take away whoever calls.
+// As a message of its own: what the events lead to may take away whoever calls. One for all that wait: while the main
+// thread is busy every request would find them again.
+SingleMessage dispatch(&MessageManager::callAsync, [] {
+    if (::Display* const stillOpen = openDisplay())
+        LinuxEventLoopInternal::invokeEventLoopCallbackForFd(X11Symbols::getInstance()->xConnectionNumber(stillOpen));
+});
+
 void dispatchWaitingEvents(::Display* display, int mode) {
-    if (X11Symbols::getInstance()->xEventsQueued(display, mode) == 0) return;
-    MessageManager::callAsync([] {
-        if (::Display* const stillOpen = openDisplay())
-            LinuxEventLoopInternal::invokeEventLoopCallbackForFd(
-                X11Symbols::getInstance()->xConnectionNumber(stillOpen));
-    });
+    if (X11Symbols::getInstance()->xEventsQueued(display, mode) > 0) dispatch.send();
 }
 
 // Called by Xlib after each request, on the thread that made it. What an answer brought along, or what came while there
@@ -82,6 +84,7 @@ int checkTypedWindowEvent(::Display* display, ::Window window, int type, XEvent*
 void keepEvents() {
     X11Symbols& x11 = *X11Symbols::getInstance();
     if (x11.xNextEvent == &keepNextEvent) return;
+    dispatch.forget(); // the toolkit was started anew
     takeNextEvent = std::exchange(x11.xNextEvent, &keepNextEvent);
     flushNow = std::exchange(x11.xFlush, &flush);
     checkNow = std::exchange(x11.xCheckTypedWindowEvent, &checkTypedWindowEvent);
