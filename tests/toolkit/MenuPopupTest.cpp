@@ -1,5 +1,4 @@
-// Menus and tool tips of a window's views.
-#include "toolkit/WindowComponent.h"
+#include "toolkit/MenuPopup.h"
 
 #include "toolkit/WindowInput.h"
 
@@ -10,28 +9,9 @@ namespace {
 
 using ::testing::IsEmpty;
 using Mods = juce::ModifierKeys;
-using WindowComponentMenuTest = WindowInput;
+using MenuPopupTest = WindowInput;
 
-TEST_F(WindowComponentMenuTest, ThereIsNoToolTipFromAKeyUntilThePointerMoves) {
-    view->setToolTip("Tilt");
-    move({50, 40});
-    component->keyPressed(juce::KeyPress('5'));
-    EXPECT_EQ(component->getTooltip(), "");
-    move({50, 40}); // it rests
-    EXPECT_EQ(component->getTooltip(), "");
-    move({52, 40});
-    EXPECT_EQ(component->getTooltip(), "Tilt");
-}
-
-TEST_F(WindowComponentMenuTest, ToolTipIsTheViewsAndThereIsNoneInMidDrag) {
-    view->setToolTip("Tilt");
-    EXPECT_EQ(component->getTooltip(), "Tilt");
-    press({50, 40});
-    EXPECT_EQ(component->getTooltip(), "");
-    release({50, 40});
-}
-
-TEST_F(WindowComponentMenuTest, MenuIsShownInsideTheWindowAndClosesWithIt) {
+TEST_F(MenuPopupTest, MenuIsShownInsideTheWindowAndClosesWithIt) {
     const FakeDisplay display;
     view->menu = std::make_unique<Menu>(Menu{"Tilt", {{"Reset", true, false, nullptr, {}}}});
     press({10, 20}, Mods::rightButtonModifier);
@@ -45,7 +25,7 @@ TEST_F(WindowComponentMenuTest, MenuIsShownInsideTheWindowAndClosesWithIt) {
     desktop = std::make_unique<FakeDesktopWindow>(*component);
 }
 
-TEST_F(WindowComponentMenuTest, ChosenItemOfTheMenuRuns) {
+TEST_F(MenuPopupTest, ChosenItemOfTheMenuRuns) {
     const FakeDisplay display;
     int runs = 0;
     view->menu = std::make_unique<Menu>(Menu{"", {{"Reset", true, false, [&] { ++runs; }, {}}}});
@@ -60,9 +40,9 @@ TEST_F(WindowComponentMenuTest, ChosenItemOfTheMenuRuns) {
 }
 
 // The ways to press beside an open menu, by the button.
-class WindowComponentMenuPressTest : public WindowComponentMenuTest, public ::testing::WithParamInterface<int> {};
+class MenuPopupPressTest : public MenuPopupTest, public ::testing::WithParamInterface<int> {};
 
-TEST_P(WindowComponentMenuPressTest, PressBesideAMenuClosesItAndDoesNoMore) {
+TEST_P(MenuPopupPressTest, PressBesideAMenuClosesItAndDoesNoMore) {
     const FakeDisplay display;
     int runs = 0;
     const MenuItem row{"Reset", true, false, [&] { ++runs; }, {}};
@@ -85,10 +65,10 @@ TEST_P(WindowComponentMenuPressTest, PressBesideAMenuClosesItAndDoesNoMore) {
     EXPECT_EQ(view->events.size(), 2u) << "the next one is a press as any";
 }
 
-INSTANTIATE_TEST_SUITE_P(Buttons, WindowComponentMenuPressTest,
+INSTANTIATE_TEST_SUITE_P(Buttons, MenuPopupPressTest,
                          ::testing::Values(int(Mods::leftButtonModifier), int(Mods::rightButtonModifier)));
 
-TEST_F(WindowComponentMenuTest, MenuWithoutRowsIsNone) {
+TEST_F(MenuPopupTest, MenuWithoutRowsIsNone) {
     const FakeDisplay display;
     component->window().popUpMenu(std::make_unique<Menu>(), {10, 20});
     runPostedMessages();
@@ -97,7 +77,7 @@ TEST_F(WindowComponentMenuTest, MenuWithoutRowsIsNone) {
     EXPECT_EQ(view->events.size(), 2u);
 }
 
-TEST_F(WindowComponentMenuTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
+TEST_F(MenuPopupTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
     const FakeDisplay display;
     std::string chosen;
     const auto row = [&](const char* title, bool isEnabled) {

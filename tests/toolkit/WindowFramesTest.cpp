@@ -1,16 +1,11 @@
 // When a window paints, and how much of it.
-#include "toolkit/WindowComponent.h"
+#include "toolkit/WindowFrames.h"
 
 #include "platform/layer/GLLayer.h"
 #include "platform/layer/Transaction.h"
-#include "platform/runloop/DisplayLink.h"
 #include "toolkit/WindowPainting.h"
 
 #include <gmock/gmock.h>
-
-#include <atomic>
-#include <functional>
-#include <thread>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -19,73 +14,9 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Box = juce::Rectangle<int>;
 
-using WindowComponentFramesTest = WindowPainting;
+using WindowFramesTest = WindowPainting;
 
-TEST_F(WindowComponentFramesTest, ItsWindowIsVisibleUntilItIsHiddenOnAScreen) {
-    WindowComponent unseen(WindowComponent::Embedding::inHost);
-    EXPECT_TRUE(unseen.window().isVisible()) << "no screen yet: who asks for a picture sees it";
-    settle();
-    const Window& window = component->window();
-    EXPECT_TRUE(window.isVisible());
-    component->setVisible(false);
-    EXPECT_FALSE(window.isVisible());
-    component->setVisible(true);
-    EXPECT_TRUE(window.isVisible());
-    desktop->removeChildComponent(component.get());
-    EXPECT_FALSE(window.isVisible());
-    desktop->addAndMakeVisible(*component);
-    EXPECT_TRUE(window.isVisible());
-}
-
-// The period of the next tick of all display links, in seconds.
-double linkPeriod() {
-    std::atomic<double> seconds = 0;
-    const auto link = DisplayLink::create();
-    link->setOutputCallback(
-        [](const std::shared_ptr<DisplayLink>&, const DisplayTimeStamp& stamp, void* found) {
-            *static_cast<std::atomic<double>*>(found) =
-                static_cast<double>(stamp.videoRefreshPeriod) / stamp.videoTimeScale;
-            return 0;
-        },
-        &seconds);
-    link->start();
-    while (seconds == 0)
-        std::this_thread::yield();
-    link->stop();
-    return seconds;
-}
-
-TEST_F(WindowComponentFramesTest, DisplayThatDoesNotSayItsRateIsOneOfSixtyAlsoWhileItsWindowRests) {
-    DisplayRate another;
-    another.setHertz(24);
-    const FakeDisplay display;
-    settle();
-    EXPECT_NEAR(linkPeriod(), 1.0 / 60, 1e-6);
-    for (int i = 0; i < 20; ++i) {
-        time.advance(0.3);
-        peer().vBlank();
-    }
-    EXPECT_NEAR(linkPeriod(), 1.0 / 60, 1e-6);
-}
-
-// Of these nobody tells: a look now and then finds out.
-TEST_F(WindowComponentFramesTest, ItsWindowIsHiddenByAMinimisedOrHiddenWindowAround) {
-    settle();
-    const Window& window = component->window();
-    for (const auto& hide : {std::function<void(bool)>([&](bool hidden) { peer().minimised = hidden; }),
-                             std::function<void(bool)>([&](bool hidden) { desktop->setVisible(!hidden); })}) {
-        hide(true);
-        time.advance(0.3);
-        peer().vBlank();
-        EXPECT_FALSE(window.isVisible());
-        hide(false);
-        time.advance(0.3);
-        peer().vBlank();
-        EXPECT_TRUE(window.isVisible());
-    }
-}
-
-TEST_F(WindowComponentFramesTest, ChangeRepaintsExactlyWhatItDamaged) {
+TEST_F(WindowFramesTest, ChangeRepaintsExactlyWhatItDamaged) {
     settle();
     square->look().setBackgroundColor(blue);
     peer().vBlank();
@@ -96,7 +27,7 @@ TEST_F(WindowComponentFramesTest, ChangeRepaintsExactlyWhatItDamaged) {
     EXPECT_EQ(peer().repaints[1], Box(20, 30, 11, 10));
 }
 
-TEST_F(WindowComponentFramesTest, IdleWindowRepaintsNothing) {
+TEST_F(WindowFramesTest, IdleWindowRepaintsNothing) {
     settle();
     for (int i = 0; i < 10; ++i) {
         time.advance(1.0 / 60);
@@ -107,7 +38,7 @@ TEST_F(WindowComponentFramesTest, IdleWindowRepaintsNothing) {
     EXPECT_EQ(peer().flushes, 0);
 }
 
-TEST_F(WindowComponentFramesTest, ChangeIsShownAsSoonAsTheEventsAtHandAreDealtWith) {
+TEST_F(WindowFramesTest, ChangeIsShownAsSoonAsTheEventsAtHandAreDealtWith) {
     settle();
     square->look().setBackgroundColor(blue);
     EXPECT_THAT(peer().repaints, IsEmpty()); // not in place
@@ -116,7 +47,7 @@ TEST_F(WindowComponentFramesTest, ChangeIsShownAsSoonAsTheEventsAtHandAreDealtWi
     EXPECT_EQ(peer().flushes, 1);
 }
 
-TEST_F(WindowComponentFramesTest, BurstOfChangesIsOneFrame) {
+TEST_F(WindowFramesTest, BurstOfChangesIsOneFrame) {
     settle();
     for (int i = 0; i < 5; ++i)
         square->look().setBackgroundColor({0, 0, 0.1f * static_cast<float>(i), 1});
@@ -129,7 +60,7 @@ TEST_F(WindowComponentFramesTest, BurstOfChangesIsOneFrame) {
     EXPECT_EQ(peer().repaints.size(), 2u);
 }
 
-TEST_F(WindowComponentFramesTest, AnimationGetsAFrameWithEachRefreshUntilItsEnd) {
+TEST_F(WindowFramesTest, AnimationGetsAFrameWithEachRefreshUntilItsEnd) {
     settle();
     {
         const auto gliding = Transaction::animated(0.1);
@@ -162,7 +93,7 @@ private:
     VirtualTime& time_;
 };
 
-TEST_F(WindowComponentFramesTest, AfterALongFrameItRestsSoThatInputIsSeen) {
+TEST_F(WindowFramesTest, AfterALongFrameItRestsSoThatInputIsSeen) {
     const auto slow = std::make_shared<SlowLayer>(time);
     slow->setFrame({50, 10, 10, 10});
     component->window().contentView()->layer()->tree().add(slow);
@@ -188,7 +119,7 @@ TEST_F(WindowComponentFramesTest, AfterALongFrameItRestsSoThatInputIsSeen) {
     }
 }
 
-TEST_F(WindowComponentFramesTest, HiddenWindowDrawsNothingUntilItIsShown) {
+TEST_F(WindowFramesTest, HiddenWindowDrawsNothingUntilItIsShown) {
     settle();
     const auto lookAround = [this] { // several times a second
         time.advance(0.25);
@@ -205,7 +136,7 @@ TEST_F(WindowComponentFramesTest, HiddenWindowDrawsNothingUntilItIsShown) {
     EXPECT_EQ(peer().repaints.size(), 1u);
 }
 
-TEST_F(WindowComponentFramesTest, AnimatedDrawingIsShownWithoutTheWindowsRefresh) {
+TEST_F(WindowFramesTest, AnimatedDrawingIsShownWithoutTheWindowsRefresh) {
     settle();
     for (int i = 0; i < 20; ++i) { // a display link's frames, each with a change
         time.advance(1.0 / 60);
@@ -216,7 +147,7 @@ TEST_F(WindowComponentFramesTest, AnimatedDrawingIsShownWithoutTheWindowsRefresh
     EXPECT_EQ(peer().flushes, 20);
 }
 
-TEST_F(WindowComponentFramesTest, ChangeThatComesTooSoonIsShownWithoutTheWindowsRefresh) {
+TEST_F(WindowFramesTest, ChangeThatComesTooSoonIsShownWithoutTheWindowsRefresh) {
     settle();
     square->look().setBackgroundColor(blue);
     runPostedMessages();

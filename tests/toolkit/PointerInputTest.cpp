@@ -1,5 +1,5 @@
 // The user's pointer on its way through the toolkit to a view.
-#include "toolkit/WindowComponent.h"
+#include "toolkit/PointerInput.h"
 
 #include "toolkit/WindowInput.h"
 
@@ -11,9 +11,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Mods = juce::ModifierKeys;
-using WindowComponentInputTest = WindowInput;
+using PointerInputTest = WindowInput;
 
-TEST_F(WindowComponentInputTest, PressDragAndReleaseReachTheView) {
+TEST_F(PointerInputTest, PressDragAndReleaseReachTheView) {
     press({10, 20});
     press({30, 25});
     press({300, 250});
@@ -25,7 +25,7 @@ TEST_F(WindowComponentInputTest, PressDragAndReleaseReachTheView) {
     EXPECT_EQ(view->events[0].clickCount, 1);
 }
 
-TEST_F(WindowComponentInputTest, SecondQuickClickCountsTwo) {
+TEST_F(PointerInputTest, SecondQuickClickCountsTwo) {
     for (int i = 0; i < 2; ++i) {
         press({10, 20});
         release({10, 20});
@@ -39,7 +39,7 @@ TEST_F(WindowComponentInputTest, SecondQuickClickCountsTwo) {
     EXPECT_THAT(counts, ElementsAre(1, 1, 2, 2, 1, 1));
 }
 
-TEST_F(WindowComponentInputTest, ModifiersMayChangeInMidDrag) {
+TEST_F(PointerInputTest, ModifiersMayChangeInMidDrag) {
     Mods::currentModifiers = Mods(Mods::altModifier);
     press({10, 20});
     Mods::currentModifiers = Mods(Mods::ctrlModifier | Mods::leftButtonModifier);
@@ -52,7 +52,7 @@ TEST_F(WindowComponentInputTest, ModifiersMayChangeInMidDrag) {
     EXPECT_EQ(view->events[2].modifierFlags, 0u);
 }
 
-TEST_F(WindowComponentInputTest, RightButtonAsksForAMenuAndIsNoDrag) {
+TEST_F(PointerInputTest, RightButtonAsksForAMenuAndIsNoDrag) {
     press({10, 20}, Mods::rightButtonModifier);
     press({15, 20}, Mods::rightButtonModifier);
     release({15, 20});
@@ -60,27 +60,27 @@ TEST_F(WindowComponentInputTest, RightButtonAsksForAMenuAndIsNoDrag) {
     EXPECT_THAT(take(), ::testing::Contains("v menu"));
 }
 
-TEST_F(WindowComponentInputTest, MiddleButtonIsNobodys) {
+TEST_F(PointerInputTest, MiddleButtonIsNobodys) {
     press({10, 20}, Mods::middleButtonModifier);
     release({10, 20});
     EXPECT_THAT(view->events, IsEmpty());
 }
 
-TEST_F(WindowComponentInputTest, HoverEntersAndLeaves) {
+TEST_F(PointerInputTest, HoverEntersAndLeaves) {
     move({10, 10});
     move({-5, 10});
     move({10, 10});
     EXPECT_THAT(take(), ElementsAre("v moved", "v exited", "v entered", "v moved", "v moved"));
 }
 
-TEST_F(WindowComponentInputTest, WheelReachesTheViewUnderThePointer) {
+TEST_F(PointerInputTest, WheelReachesTheViewUnderThePointer) {
     peer().wheel({10, 20}, {0, 50.0f / 256, false, false, false}, now += 10);
     ASSERT_EQ(view->events.size(), 1u);
     EXPECT_DOUBLE_EQ(view->events[0].scrollingDeltaY, 1);
     EXPECT_EQ(view->events[0].locationInWindow, (Point{10, 20}));
 }
 
-TEST_F(WindowComponentInputTest, CursorOfTheViewIsShown) {
+TEST_F(PointerInputTest, CursorOfTheViewIsShown) {
     view->setCursor(Cursor::resizeUpDown);
     EXPECT_TRUE(component->getMouseCursor() == juce::MouseCursor::UpDownResizeCursor);
     component->window().pushCursor(Cursor::none);
@@ -89,7 +89,7 @@ TEST_F(WindowComponentInputTest, CursorOfTheViewIsShown) {
     EXPECT_TRUE(component->getMouseCursor() == juce::MouseCursor::UpDownResizeCursor);
 }
 
-TEST_F(WindowComponentInputTest, PressOfAHiddenWindowEndsThere) {
+TEST_F(PointerInputTest, PressOfAHiddenWindowEndsThere) {
     press({10, 20});
     take();
     desktop->setVisible(false);
@@ -97,7 +97,7 @@ TEST_F(WindowComponentInputTest, PressOfAHiddenWindowEndsThere) {
     EXPECT_THAT(take(), ElementsAre("v cancelled"));
 }
 
-TEST_F(WindowComponentInputTest, AfterALostPressThePointerHoldsNothingAndTheNextPressIsOne) {
+TEST_F(PointerInputTest, AfterALostPressThePointerHoldsNothingAndTheNextPressIsOne) {
     press({10, 20});
     component->window().cancelPress();
     component->parentHierarchyChanged(); // it looks around
@@ -108,13 +108,32 @@ TEST_F(WindowComponentInputTest, AfterALostPressThePointerHoldsNothingAndTheNext
     EXPECT_THAT(take(), ::testing::IsSupersetOf({std::string("v down"), std::string("v up")}));
 }
 
-TEST_F(WindowComponentInputTest, WindowMayBeDestroyedByWhatItsViewsDo) {
+TEST_F(PointerInputTest, WindowMayBeDestroyedByWhatItsViewsDo) {
     view->also = [this](const std::string& word) {
         if (word == "up") component.reset();
     };
     press({10, 20});
     release({10, 20});
     EXPECT_EQ(component, nullptr);
+}
+
+TEST_F(PointerInputTest, ThereIsNoToolTipFromAKeyUntilThePointerMoves) {
+    view->setToolTip("Tilt");
+    move({50, 40});
+    component->keyPressed(juce::KeyPress('5'));
+    EXPECT_EQ(component->getTooltip(), "");
+    move({50, 40}); // it rests
+    EXPECT_EQ(component->getTooltip(), "");
+    move({52, 40});
+    EXPECT_EQ(component->getTooltip(), "Tilt");
+}
+
+TEST_F(PointerInputTest, ToolTipIsTheViewsAndThereIsNoneInMidDrag) {
+    view->setToolTip("Tilt");
+    EXPECT_EQ(component->getTooltip(), "Tilt");
+    press({50, 40});
+    EXPECT_EQ(component->getTooltip(), "");
+    release({50, 40});
 }
 
 } // namespace

@@ -1,0 +1,60 @@
+// The pointer: from the toolkit's component to the window of views, with its presses and its tool tips.
+#pragma once
+
+#include "platform/runloop/DelayedCall.h"
+#include "platform/view/Window.h"
+#include "toolkit/KeyboardFocus.h"
+#include "toolkit/RefreshPace.h"
+#include "toolkit/ToolTipWindow.h"
+#include "toolkit/ToolkitRuntime.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <memory>
+
+namespace QVM_NAMESPACE {
+
+// The component may be destroyed by what an event leads to. Main thread.
+class PointerInput {
+public:
+    // All are borrowed and outlive it. `keys` is told of presses.
+    PointerInput(juce::Component& component, Window& window, KeyboardFocus& keys, RefreshPace& pace,
+                 ToolkitRuntime& runtime)
+        : component_(component), window_(window), keys_(keys), pace_(pace), runtime_(runtime) {}
+
+    // What the toolkit tells the component.
+    void down(const juce::MouseEvent& event);
+    void drag(const juce::MouseEvent& event);
+    void up(const juce::MouseEvent& event);
+    void move(const juce::MouseEvent& event);
+    void enter(const juce::MouseEvent& event);
+    void exit(const juce::MouseEvent& event);
+    void wheel(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel);
+
+    // A press may end where nobody tells of it: call now and then. Asks the X server while one goes on.
+    void endLostPress();
+
+    // Of the view under the pointer; empty when there is none to show.
+    juce::String toolTip() const;
+    // Who types looks at what is typed: there are none until the pointer is used again.
+    void quietToolTips() { areToolTipsQuiet_ = true; }
+    // Before the component goes.
+    void closeToolTips() { toolTips_ = nullptr; }
+
+private:
+    void send(const juce::MouseEvent& event, EventType type);
+    bool isPressLost();
+    void losePress();
+
+    juce::Component& component_;
+    Window& window_;
+    KeyboardFocus& keys_;
+    RefreshPace& pace_;
+    ToolkitRuntime& runtime_;
+    Point pointer_; // where it was last seen, in the window
+    bool areToolTipsQuiet_ = false;
+    DelayedCall toolkitRelease_;              // of a button that is up already
+    std::unique_ptr<ToolTipWindow> toolTips_; // while the pointer is inside
+};
+
+} // namespace QVM_NAMESPACE
