@@ -9,8 +9,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-// As the toolkit numbers them: two inputs and two outputs of audio, then these.
-constexpr std::uint32_t controlPort = 4, notifyPort = 5;
+// As the toolkit numbers them, behind those of audio.
+constexpr std::uint32_t controlPort = AudioPorts::count, notifyPort = controlPort + 1;
 
 } // namespace
 
@@ -31,6 +31,8 @@ void AdaptedInstance::connectPort(std::uint32_t port, void* data) {
         told_ = static_cast<LV2_Atom_Sequence*>(data);
     } else if (port == controlPort) {
         control_ = static_cast<const LV2_Atom_Sequence*>(data);
+    } else if (port < AudioPorts::count) {
+        audio_.connect(port, static_cast<float*>(data));
     } else {
         toolkit_.connect_port(handle_, port, data);
     }
@@ -45,10 +47,14 @@ void AdaptedInstance::run(std::uint32_t frames) {
     requests_.forEachSetting(
         control_, [this](const PropertySetting& setting) { values_.setHostValue(setting.pid, setting.hostValue); });
     const ParameterBits asked = requests_.askedFor(control_);
-    unsaid_.sequence.atom = {sizeof unsaid_ - sizeof(LV2_Atom), 0};
-    toolkit_.run(handle_, frames);
+    audio_.render(frames, [this](std::uint32_t piece) { render(piece); });
     const DueMessages fresh = values_.takeDue(), late = std::exchange(due_, {});
     tell({fresh.values | late.values | asked, fresh.stateChange || late.stateChange});
+}
+
+void AdaptedInstance::render(std::uint32_t frames) {
+    unsaid_.sequence.atom = {sizeof unsaid_ - sizeof(LV2_Atom), 0};
+    toolkit_.run(handle_, frames);
 }
 
 void AdaptedInstance::tell(DueMessages due) {

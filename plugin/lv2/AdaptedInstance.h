@@ -6,6 +6,7 @@
 // locks of its listeners for each.
 #pragma once
 
+#include "plugin/lv2/AudioPorts.h"
 #include "plugin/lv2/NotifyPort.h"
 #include "plugin/lv2/PropertyRequests.h"
 
@@ -48,11 +49,13 @@ public:
     void deactivate();
 
 private:
+    void render(std::uint32_t frames);
     void tell(DueMessages due);
 
     const LV2_Descriptor& toolkit_;
     const LV2_Handle handle_;
     PropertyValues& values_;
+    AudioPorts audio_{toolkit_, handle_};
     const PropertyUrids urids_;
     const PropertyRequests requests_{urids_};
     NotifyPort notify_{urids_};

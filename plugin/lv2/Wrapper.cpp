@@ -52,11 +52,14 @@ public:
     Instance(LV2_Handle toolkit, const LV2_URID_Map& map)
         : processor_(
               static_cast<slantwise::SlantwiseProcessor&>(*processorOf(*static_cast<ToolkitInstance*>(toolkit)))),
+          program_(map.map(map.handle, juce::lv2_client::JucePluginLV2UriProgram.toRawUTF8())),
           adapted_(toolkitPlugin(), toolkit, map, *this) {}
 
     static Instance& of(LV2_Handle handle) { return *static_cast<Instance*>(handle); }
     slantwise::AdaptedInstance& adapted() { return adapted_; }
     void setScaledByHost() { processor_.setScaledByHost(); } // before there is an editor
+    LV2_State_Status restore(LV2_State_Retrieve_Function retrieve, LV2_State_Handle from, std::uint32_t flags,
+                             const LV2_Feature* const* features);
 
 private:
     float hostValue(std::uint32_t pid) const override { return processor_.parameter(pid).hostValue(); }
@@ -67,6 +70,7 @@ private:
     }
 
     slantwise::SlantwiseProcessor& processor_; // the toolkit's instance owns it
+    const LV2_URID program_;
     slantwise::AdaptedInstance adapted_;
 };
 
@@ -85,6 +89,18 @@ const LV2_State_Interface& toolkitState() {
     return *static_cast<const LV2_State_Interface*>(toolkitPlugin().extension_data(LV2_STATE__interface));
 }
 
+// The toolkit is content with any text for a state.
+LV2_State_Status Instance::restore(LV2_State_Retrieve_Function retrieve, LV2_State_Handle from, std::uint32_t flags,
+                                   const LV2_Feature* const* features) {
+    std::size_t size = 0;
+    std::uint32_t type = 0, valueFlags = 0;
+    const bool isProgram = retrieve(from, program_, &size, &type, &valueFlags) != nullptr;
+    const std::uint32_t before = processor_.unit().restoreCount();
+    const LV2_State_Status status = toolkitState().restore(adapted_.handle(), retrieve, from, flags, features);
+    const bool isTaken = isProgram || processor_.unit().restoreCount() != before;
+    return status == LV2_STATE_SUCCESS && !isTaken ? LV2_STATE_ERR_UNKNOWN : status;
+}
+
 const void* extensionData(const char* uri) {
     static const LV2_State_Interface state{
         [](LV2_Handle handle, LV2_State_Store_Function store, LV2_State_Handle to, std::uint32_t flags,
@@ -93,20 +109,23 @@ const void* extensionData(const char* uri) {
         },
         [](LV2_Handle handle, LV2_State_Retrieve_Function retrieve, LV2_State_Handle from, std::uint32_t flags,
            const LV2_Feature* const* features) {
-            return toolkitState().restore(Instance::of(handle).adapted().handle(), retrieve, from, flags, features);
+            return Instance::of(handle).restore(retrieve, from, flags, features);
         }};
     return std::strcmp(uri, LV2_STATE__interface) == 0 ? &state : toolkitPlugin().extension_data(uri);
 }
 
-// The editor reaches the toolkit's instance by the handle that the host has: ours.
+// The editor reaches the toolkit's instance by the handle that the host has: ours. None where the host lacks what the
+// bundle says is required; the toolkit does not look at all of it.
 LV2UI_Handle instantiateEditor(const LV2UI_Descriptor*, const char* plugin, const char* bundle,
                                LV2UI_Write_Function write, LV2UI_Controller controller, LV2UI_Widget* widget,
                                const LV2_Feature* const* features) {
+    auto* const instance = slantwise::featureData<Instance>(features, LV2_INSTANCE_ACCESS_URI);
+    const bool hasAll = instance && slantwise::featureData<void>(features, LV2_UI__parent) &&
+                        slantwise::featureData<const LV2_URID_Map>(features, LV2_URID__map);
+    if (!hasAll || std::strcmp(plugin, toolkitPlugin().URI) != 0) return nullptr;
     slantwise::HostFeatures adapted(features);
-    if (auto* const instance = slantwise::featureData<Instance>(features, LV2_INSTANCE_ACCESS_URI)) {
-        adapted.replace(LV2_INSTANCE_ACCESS_URI, instance->adapted().handle());
-        if (slantwise::isScaleSaid(features)) instance->setScaledByHost();
-    }
+    adapted.replace(LV2_INSTANCE_ACCESS_URI, instance->adapted().handle());
+    if (slantwise::isScaleSaid(features)) instance->setScaledByHost();
     return toolkitEditor().instantiate(&toolkitEditor(), plugin, bundle, write, controller, widget, adapted.get());
 }
 

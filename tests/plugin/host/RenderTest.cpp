@@ -63,7 +63,7 @@ AudioClip fileClip() {
 // The host's side of a render: settings, a second of silence in which they settle, and the clip.
 class Render {
 public:
-    explicit Render(Format format) : plugin_(format) {}
+    explicit Render(Format format) : format_(format), plugin_(format) {}
 
     bool isThere() const { return plugin_.instance() != nullptr; }
     int latency() const { return plugin_.instance()->getLatencySamples(); }
@@ -86,8 +86,9 @@ private:
             float shown = parameter.initialValue;
             for (const auto& [which, value] : settings)
                 if (which == pid) shown = value;
-            const float host = parameter.reverseCastValue(shown);
-            plugin_.parameter(std::string(parameter.name).c_str()).setValue(HostRange(parameter).normalised(host));
+            // A host's slider is linear over the unit's numbers, in LV2 over those that the user reads.
+            const float number = format_ == Format::lv2 ? shown : parameter.reverseCastValue(shown);
+            plugin_.parameter(std::string(parameter.name).c_str()).setValue(HostRange(parameter).normalised(number));
         }
     }
     void process(Channels& audio, const Blocks& blocks) {
@@ -102,6 +103,7 @@ private:
         }
     }
 
+    const Format format_;
     HostedPlugin plugin_;
     juce::MidiBuffer midi_;
 };
