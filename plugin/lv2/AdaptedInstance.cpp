@@ -71,4 +71,26 @@ void AdaptedInstance::deactivate() {
     toolkit_.deactivate(handle_);
 }
 
+bool AdaptedInstance::restoreValues(LV2_State_Retrieve_Function retrieve, LV2_State_Handle from) {
+    bool isAny = false;
+    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+        const bool isFound = restoreValue(urids_.properties[pid], retrieve, from) ||
+                             restoreValue(urids_.formerProperties[pid], retrieve, from);
+        if (isFound) due_.values |= ParameterBits{1} << pid;
+        isAny |= isFound;
+    }
+    return isAny;
+}
+
+bool AdaptedInstance::restoreValue(LV2_URID property, LV2_State_Retrieve_Function retrieve, LV2_State_Handle from) {
+    if (property == 0) return false;
+    std::size_t bytes = 0;
+    std::uint32_t type = 0, flags = 0;
+    const void* const number = retrieve(from, property, &bytes, &type, &flags);
+    if (!number) return false;
+    const std::optional<PropertySetting> setting = requests_.setting(property, type, number, bytes);
+    if (setting) values_.setHostValue(setting->pid, setting->hostValue);
+    return setting.has_value();
+}
+
 } // namespace QVM_NAMESPACE

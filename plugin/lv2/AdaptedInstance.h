@@ -11,6 +11,7 @@
 #include "plugin/lv2/PropertyRequests.h"
 
 #include <lv2/core/lv2.h>
+#include <lv2/state/state.h>
 
 #include <array>
 
@@ -47,10 +48,14 @@ public:
     void activate();
     void run(std::uint32_t frames);
     void deactivate();
+    // From a state that has properties with values, as a preset of another's may; false where it has none. What it does
+    // not have stays.
+    bool restoreValues(LV2_State_Retrieve_Function retrieve, LV2_State_Handle from);
 
 private:
     void render(std::uint32_t frames);
     void tell(DueMessages due);
+    bool restoreValue(LV2_URID property, LV2_State_Retrieve_Function retrieve, LV2_State_Handle from);
 
     const LV2_Descriptor& toolkit_;
     const LV2_Handle handle_;

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <limits>
 
 namespace QVM_NAMESPACE {
 
@@ -63,26 +65,33 @@ std::optional<PropertySetting> PropertyRequests::settingOf(const LV2_Atom& messa
     const LV2_Atom *subject = nullptr, *property = nullptr, *value = nullptr;
     lv2_atom_object_get(reinterpret_cast<const LV2_Atom_Object*>(&message), urids_.subject, &subject, urids_.property,
                         &property, urids_.value, &value, 0);
-    const std::optional<float> number = numberOf(value);
-    if (!number || !isToThePlugin(subject) || !property || property->type != urids_.urid) return {};
-    const auto urid = bodyOf<LV2_Atom_URID>(property);
-    if (const std::uint32_t pid = placeOf(urid, urids_.properties); pid < QVMParameterCount)
-        return PropertySetting{pid, hostValueOfProperty(*GetParameter(pid), *number)};
-    const std::uint32_t pid = urid ? placeOf(urid, urids_.formerProperties) : QVMParameterCount;
-    if (pid < QVMParameterCount) return PropertySetting{pid, *number};
-    return {};
+    if (!value || !isToThePlugin(subject) || !property || property->type != urids_.urid) return {};
+    return setting(bodyOf<LV2_Atom_URID>(property), value->type, value + 1, value->size);
+}
+
+std::optional<PropertySetting> PropertyRequests::setting(LV2_URID property, LV2_URID type, const void* number,
+                                                         std::size_t bytes) const {
+    const std::optional<float> value = numberOf(type, number, bytes);
+    if (!value || property == 0) return {};
+    if (const std::uint32_t pid = placeOf(property, urids_.properties); pid < QVMParameterCount)
+        return PropertySetting{pid, hostValueOfProperty(*GetParameter(pid), *value)};
+    const std::uint32_t pid = placeOf(property, urids_.formerProperties);
+    return pid < QVMParameterCount ? std::optional(PropertySetting{pid, *value}) : std::nullopt;
 }
 
 // Hosts write a number in the type that they have it in.
-std::optional<float> PropertyRequests::numberOf(const LV2_Atom* value) const {
-    if (!value) return {};
-    std::optional<float> number;
-    if (value->type == urids_.floatType) number = bodyOf<LV2_Atom_Float>(value);
-    if (value->type == urids_.doubleType) number = static_cast<float>(bodyOf<LV2_Atom_Double>(value));
-    if (value->type == urids_.intType || value->type == urids_.boolType)
-        number = static_cast<float>(bodyOf<LV2_Atom_Int>(value));
-    if (value->type == urids_.longType) number = static_cast<float>(bodyOf<LV2_Atom_Long>(value));
-    return number && std::isfinite(*number) ? number : std::nullopt;
+std::optional<float> PropertyRequests::numberOf(LV2_URID type, const void* number, std::size_t bytes) const {
+    float value = std::numeric_limits<float>::quiet_NaN();
+    const auto readAs = [&](auto written) {
+        if (bytes < sizeof written) return;
+        std::memcpy(&written, number, sizeof written);
+        value = static_cast<float>(written);
+    };
+    if (type == urids_.floatType) readAs(0.0F);
+    if (type == urids_.doubleType) readAs(0.0);
+    if (type == urids_.intType || type == urids_.boolType) readAs(std::int32_t{});
+    if (type == urids_.longType) readAs(std::int64_t{});
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 } // namespace QVM_NAMESPACE

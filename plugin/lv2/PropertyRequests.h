@@ -6,6 +6,7 @@
 #include <lv2/atom/atom.h>
 #include <lv2/atom/util.h>
 
+#include <cstddef>
 #include <optional>
 
 namespace QVM_NAMESPACE {
@@ -27,6 +28,9 @@ public:
     // Calls `take(PropertySetting)` for what the messages set, in their order; likewise.
     template <class Take>
     void forEachSetting(const LV2_Atom_Sequence* messages, Take&& take) const;
+    // What a number of this type means for the property of this name; nothing where either is none of ours.
+    std::optional<PropertySetting> setting(LV2_URID property, LV2_URID type, const void* number,
+                                           std::size_t bytes) const;
 
 private:
     bool isSequence(const LV2_Atom_Sequence* messages) const;
@@ -35,7 +39,7 @@ private:
     ParameterBits bitOf(const LV2_Atom* property) const;
     ParameterBits requestedBy(const LV2_Atom& message) const;
     std::optional<PropertySetting> settingOf(const LV2_Atom& message) const;
-    std::optional<float> numberOf(const LV2_Atom* value) const;
+    std::optional<float> numberOf(LV2_URID type, const void* number, std::size_t bytes) const;
 
     const PropertyUrids& urids_;
 };

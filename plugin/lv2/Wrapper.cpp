@@ -89,7 +89,7 @@ const LV2_State_Interface& toolkitState() {
     return *static_cast<const LV2_State_Interface*>(toolkitPlugin().extension_data(LV2_STATE__interface));
 }
 
-// The toolkit is content with any text for a state.
+// The toolkit is content with any text for a state, and knows none of values.
 LV2_State_Status Instance::restore(LV2_State_Retrieve_Function retrieve, LV2_State_Handle from, std::uint32_t flags,
                                    const LV2_Feature* const* features) {
     std::size_t size = 0;
@@ -97,6 +97,7 @@ LV2_State_Status Instance::restore(LV2_State_Retrieve_Function retrieve, LV2_Sta
     const bool isProgram = retrieve(from, program_, &size, &type, &valueFlags) != nullptr;
     const std::uint32_t before = processor_.unit().restoreCount();
     const LV2_State_Status status = toolkitState().restore(adapted_.handle(), retrieve, from, flags, features);
+    if (status == LV2_STATE_ERR_NO_PROPERTY && adapted_.restoreValues(retrieve, from)) return LV2_STATE_SUCCESS;
     const bool isTaken = isProgram || processor_.unit().restoreCount() != before;
     return status == LV2_STATE_SUCCESS && !isTaken ? LV2_STATE_ERR_UNKNOWN : status;
 }

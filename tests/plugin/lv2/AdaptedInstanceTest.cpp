@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -136,6 +137,35 @@ TEST_F(AdaptedInstanceTest, AFormerPropertyIsObeyedAndAnsweredByNoName) {
     control_.addGet("urn:plugin:TiltRangeLowHz");
     control_.addGet("urn:plugin:TiltRangeLow");
     EXPECT_EQ(told(), Words{"TiltRangeLowHz=489.89777"});
+}
+
+TEST_F(AdaptedInstanceTest, AStateOfValuesSetsThoseThatItHasAndTheyAreTold) {
+    struct Value {
+        LV2_URID type;
+        float number;
+    };
+    using State = std::map<LV2_URID, Value>;
+    const auto retrieve = [](LV2_State_Handle from, std::uint32_t key, std::size_t* bytes, std::uint32_t* type,
+                             std::uint32_t*) -> const void* {
+        const State& state = *static_cast<const State*>(from);
+        const auto found = state.find(key);
+        if (found == state.end()) return nullptr;
+        *bytes = sizeof found->second.number;
+        *type = found->second.type;
+        return &found->second.number;
+    };
+    State state = {{urids_["urn:plugin:TiltRangeLowHz"], {urids_[LV2_ATOM__Float], 500}},
+                   {urids_["urn:plugin:TiltRangeHigh"], {urids_[LV2_ATOM__Float], 20000}}, // by its former name
+                   {urids_["urn:plugin:OutputGain"], {urids_[LV2_ATOM__String], 3}},
+                   {urids_["urn:plugin:TiltGain"], {urids_[LV2_ATOM__Double], 3}}}; // in four bytes
+    EXPECT_TRUE(instance_->restoreValues(retrieve, &state));
+    EXPECT_EQ(unit_.values[pidTiltRangeHigh], 20000);
+    const Words heard = told();
+    ASSERT_EQ(heard.size(), 2U);
+    EXPECT_EQ(heard[0], "TiltRangeLowHz=500");
+    EXPECT_TRUE(heard[1].starts_with("TiltRangeHighHz=6555.5")) << heard[1];
+    state.clear();
+    EXPECT_FALSE(instance_->restoreValues(retrieve, &state));
 }
 
 TEST_F(AdaptedInstanceTest, WhatHasNoRoomIsToldByALaterBlockAndNothingByHalves) {

@@ -149,6 +149,17 @@ TEST_F(StrictHost, AFactoryPresetIsChosenByItsNumberAndTold) {
     EXPECT_EQ(std::ranges::count(told, "TiltGain=7"), 1);
 }
 
+// A preset that somebody has written by hand, with the bundle's properties alone.
+TEST_F(StrictHost, AStateOfValuesAloneIsTaken) {
+    ASSERT_TRUE(insert());
+    run();
+    const float hertz = 120;
+    const std::string bytes(reinterpret_cast<const char*>(&hertz), sizeof hertz);
+    EXPECT_EQ(restore("TiltRangeLowHz", bytes, LV2_ATOM__Float), LV2_STATE_SUCCESS);
+    EXPECT_EQ(run(), Words{"TiltRangeLowHz=120"});
+    EXPECT_EQ(restore("TiltRangeLowHz", bytes, LV2_ATOM__String), LV2_STATE_ERR_NO_PROPERTY);
+}
+
 TEST_F(StrictHost, TwoInstancesKnowNothingOfEachOther) {
     ASSERT_TRUE(insert());
     const LV2_Handle first = instance_;
