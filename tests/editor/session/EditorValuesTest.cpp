@@ -130,6 +130,15 @@ TEST_F(EditorValuesTest, AValueOutsideTheUnitsRangeGivesWayThoughTheUnitPostsNot
     EXPECT_EQ(values_.memoized(pidTiltGain), 18);
 }
 
+// Two things happen between two frames: the editor sends a value, and the host sets the one that was there before.
+TEST_F(EditorValuesTest, AValueThatTheHostTookBackBeforeTheNextFrameGivesWay) {
+    values_.receive(pidTiltGain, 3);
+    values_.send(pidTiltGain, 9);
+    values_.receiveIfNew(pidTiltGain, 3);
+    EXPECT_EQ(values_.memoized(pidTiltGain), 3);
+    EXPECT_EQ(surface_.shown[pidTiltGain], 3);
+}
+
 TEST_F(EditorValuesTest, AFrameThatSaysNothingNewReachesNobody) {
     values_.receive(pidTiltGain, 3);
     adopted_.clear();
