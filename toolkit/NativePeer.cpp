@@ -1,6 +1,11 @@
 // Part of the toolkit's library: the one translation unit that sees the peer's class is the module's own source, so
-// that is compiled here, with these functions behind it.
+// that is compiled here, with these functions behind it and its questions to the desktop before it.
+#define JUCE_CORE_INCLUDE_NATIVE_HEADERS 1 // as that source does, before anything of the toolkit is included
+#include "toolkit/DesktopQuestion.h"
+
+#define ChildProcess DesktopQuestion
 #include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
+#undef ChildProcess
 
 #include "toolkit/NativePeer.h"
 #include "toolkit/SingleMessage.h"
