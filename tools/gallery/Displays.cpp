@@ -2,6 +2,10 @@
 
 #include "tools/gallery/LiveDisplayView.h"
 #include "tools/gallery/SignalView.h"
+#include "viz/displays/GRHistoryDisplay.h"
+#include "viz/displays/GoniometerDisplay.h"
+#include "viz/displays/HistogramDisplay.h"
+#include "viz/displays/StereoscopeDisplay.h"
 
 #include <array>
 
@@ -13,9 +17,9 @@ std::unique_ptr<View> signal(const Rect& frame, StereoFeed& feed) {
     return std::make_unique<SignalView>(frame, feed);
 }
 
-template <auto makeDisplay>
+template <class Display>
 std::unique_ptr<View> live(const Rect& frame, StereoFeed& feed) {
-    return std::make_unique<LiveDisplayView>(frame, feed, makeDisplay());
+    return std::make_unique<LiveDisplayView>(frame, feed, std::make_unique<Display>());
 }
 
 constexpr double kUpper = 282, kLower = 208;                                           // points
@@ -23,15 +27,14 @@ constexpr Size kSquare = {282, kUpper}, kFan = {540, kUpper}, kColumn = {210, kU
 constexpr Size kHalf = {526, kLower};
 
 constexpr std::array<GalleryDisplay, 5> kDisplays = {
-    {{"Goniometer", "Goniometer", "Mid upwards, side across, at whatever level", kSquare,
-      &live<&makeGoniometerDisplay>},
+    {{"Goniometer", "Goniometer", "Mid upwards, side across, at whatever level", kSquare, &live<GoniometerDisplay>},
      {"Stereoscope", "Stereoscope", "20 Hz in the middle, 20 kHz outside; where it is heard is where it is seen", kFan,
-      &live<&makeStereoscopeDisplay>},
+      &live<StereoscopeDisplay>},
      {"Signal", "Signal", "Level, and how alike the sides are", kColumn, &signal},
      {"GainReduction", "Gain reduction", "What 4:1 above -20 dB takes away; a line every 6 dB", kHalf,
-      &live<&makeGRHistoryDisplay>},
+      &live<GRHistoryDisplay>},
      {"Histogram", "Histogram", "Thirds of an octave from 25 Hz to 20 kHz; a line every 12 dB from -60 dB", kHalf,
-      &live<&makeHistogramDisplay>}}};
+      &live<HistogramDisplay>}}};
 
 } // namespace
 

@@ -79,7 +79,7 @@ TEST_P(GoniometerPicture, TheGoniometerDrawsNothingForSilence) {
 // What a display is given are the sides: middle and difference would stand upright.
 TEST(GoniometerDisplay, TakesItsSoundAsLeftAndRight) {
     for (const Signal signal : {Signal::left, Signal::right}) {
-        const std::unique_ptr<LiveDisplay> display = makeGoniometerDisplay();
+        const std::unique_ptr<LiveDisplay> display = std::make_unique<GoniometerDisplay>();
         display->init(displayCanvas(kSide, kSide), float{kRate}, kBlock);
         SignalSource source(signal, kRate);
         play(

@@ -34,7 +34,7 @@ TEST_P(LiveDisplayPicture, AStalledMachineDrawsTheSamePictures) {
 
 // A display that waits for the audio goes back to rest by its own time.
 TEST_P(LiveDisplayPicture, WithoutAudioTheReductionGoesBackToRest) {
-    const std::unique_ptr<LiveDisplay> display = makeGRHistoryDisplay();
+    const std::unique_ptr<LiveDisplay> display = std::make_unique<GRHistoryDisplay>();
     display->init(displayCanvas(kSide, kSide), float{kRate}, kBlock);
     const auto drawn = [&] { return picture([&](DrawingSurface& s) { display->draw(s); }); };
     const double atRest = [&] {
