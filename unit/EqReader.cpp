@@ -8,7 +8,8 @@ namespace QVM_NAMESPACE::dsp {
 
 namespace {
 
-// A filter at the end of its range is off. The editor shows tenths of a hertz, and so do these.
+// A filter at the end of its range is off. Readout and curve ask that of the value on its fine step, a tenth of a
+// hertz; here it comes as fine as the host has it, and what is within half a step of 4 or 24000 Hz is at the end.
 constexpr double kLowIsOff = 4.05, kHighIsOff = 23999.95; // hertz
 constexpr double kDecibelsPerOctaveAndOrder = 6, kLowestOrder = 1, kHighestOrder = 8;
 

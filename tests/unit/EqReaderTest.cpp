@@ -28,11 +28,21 @@ TEST_F(EqReaderTest, InitiallyThereIsNothingToDo) {
     EXPECT_EQ(settings.quality, Quality::normal);
 }
 
+// Of the value that the editor shows of the corner and draws the curve from.
+bool readoutSaysOff(std::uint32_t pid, float corner) {
+    const QVMParameter& parameter = *GetParameter(pid);
+    return parameter.stringForValue(parameter.heldValueFromHostValue(parameter.reverseCastValue(corner))) == "Off";
+}
+
 TEST_F(EqReaderTest, AFilterIsOffWhereItsReadoutSaysSo) {
     EXPECT_EQ(with(9, 4.0F).low.state, Switch::off);
     EXPECT_EQ(with(9, 4.1F).low.state, Switch::on);
     EXPECT_EQ(with(10, 24000.0F).high.state, Switch::off);
     EXPECT_EQ(with(10, 23990.0F).high.state, Switch::on);
+    for (const float corner : {4.0F, 4.02F, 4.04F, 4.06F, 4.2F, 100.0F})
+        EXPECT_EQ(with(9, corner).low.state == Switch::off, readoutSaysOff(9, corner)) << corner;
+    for (const float corner : {20000.0F, 23990.0F, 23999.0F, 23999.9F, 23999.96F, 24000.0F})
+        EXPECT_EQ(with(10, corner).high.state == Switch::off, readoutSaysOff(10, corner)) << corner;
 }
 
 TEST_F(EqReaderTest, SlopesAreOrders) {
