@@ -46,7 +46,7 @@ const LV2UI_Descriptor& toolkitEditor() {
     return *juce::lv2_client::toolkitUiDescriptor(0);
 }
 
-// What a host has a handle of.
+// What a host has a handle of, by a pointer that shares it with the editors.
 class Instance final : private slantwise::PropertyValues {
 public:
     Instance(LV2_Handle toolkit, const LV2_URID_Map& map)
@@ -55,7 +55,9 @@ public:
           program_(map.map(map.handle, juce::lv2_client::JucePluginLV2UriProgram.toRawUTF8())),
           adapted_(toolkitPlugin(), toolkit, map, *this) {}
 
-    static Instance& of(LV2_Handle handle) { return *static_cast<Instance*>(handle); }
+    using Shared = std::shared_ptr<Instance>;
+    static Shared& sharedOf(LV2_Handle handle) { return *static_cast<Shared*>(handle); }
+    static Instance& of(LV2_Handle handle) { return *sharedOf(handle); }
     slantwise::AdaptedInstance& adapted() { return adapted_; }
     void setScaledByHost() { processor_.setScaledByHost(); } // before there is an editor
     LV2_State_Status restore(LV2_State_Retrieve_Function retrieve, LV2_State_Handle from, std::uint32_t flags,
@@ -82,7 +84,7 @@ LV2_Handle instantiate(const LV2_Descriptor*, double rateHz, const char* bundle,
     slantwise::HostFeatures adapted(features);
     adapted.replace(LV2_OPTIONS__options, options.get());
     const LV2_Handle toolkit = toolkitPlugin().instantiate(&toolkitPlugin(), rateHz, bundle, adapted.get());
-    return toolkit ? new Instance(toolkit, *map) : nullptr;
+    return toolkit ? new Instance::Shared(std::make_shared<Instance>(toolkit, *map)) : nullptr;
 }
 
 const LV2_State_Interface& toolkitState() {
@@ -115,19 +117,64 @@ const void* extensionData(const char* uri) {
     return std::strcmp(uri, LV2_STATE__interface) == 0 ? &state : toolkitPlugin().extension_data(uri);
 }
 
+// What a host has a handle of as an editor. The toolkit's looks at the instance to its own end, and some host lets go
+// of the instance first.
+struct Editor {
+    Instance::Shared instance;
+    LV2UI_Handle toolkit;
+};
+
+LV2UI_Handle toolkitHandleOf(LV2UI_Handle editor) {
+    return static_cast<Editor*>(editor)->toolkit;
+}
+
+template <class Interface>
+const Interface& toolkitEditorData(const char* uri) {
+    return *static_cast<const Interface*>(toolkitEditor().extension_data(uri));
+}
+
+// The toolkit's interfaces, which are given an editor, with its own in place of ours.
+const void* editorExtensionData(const char* uri) {
+    static const LV2UI_Idle_Interface idle{[](LV2UI_Handle editor) {
+        return toolkitEditorData<LV2UI_Idle_Interface>(LV2_UI__idleInterface).idle(toolkitHandleOf(editor));
+    }};
+    static const LV2UI_Resize resize{
+        nullptr, [](LV2UI_Feature_Handle editor, int width, int height) {
+            return toolkitEditorData<LV2UI_Resize>(LV2_UI__resize).ui_resize(toolkitHandleOf(editor), width, height);
+        }};
+    static const LV2_Options_Interface options{
+        [](LV2_Handle editor, LV2_Options_Option* list) {
+            return toolkitEditorData<LV2_Options_Interface>(LV2_OPTIONS__interface).get(toolkitHandleOf(editor), list);
+        },
+        [](LV2_Handle editor, const LV2_Options_Option* list) {
+            return toolkitEditorData<LV2_Options_Interface>(LV2_OPTIONS__interface).set(toolkitHandleOf(editor), list);
+        }};
+    if (std::strcmp(uri, LV2_UI__idleInterface) == 0) return &idle;
+    if (std::strcmp(uri, LV2_UI__resize) == 0) return &resize;
+    if (std::strcmp(uri, LV2_OPTIONS__interface) == 0) return &options;
+    return toolkitEditor().extension_data(uri);
+}
+
 // The editor reaches the toolkit's instance by the handle that the host has: ours. None where the host lacks what the
 // bundle says is required; the toolkit does not look at all of it.
 LV2UI_Handle instantiateEditor(const LV2UI_Descriptor*, const char* plugin, const char* bundle,
                                LV2UI_Write_Function write, LV2UI_Controller controller, LV2UI_Widget* widget,
                                const LV2_Feature* const* features) {
-    auto* const instance = slantwise::featureData<Instance>(features, LV2_INSTANCE_ACCESS_URI);
+    auto* const instance = slantwise::featureData<Instance::Shared>(features, LV2_INSTANCE_ACCESS_URI);
     const bool hasAll = instance && slantwise::featureData<void>(features, LV2_UI__parent) &&
                         slantwise::featureData<const LV2_URID_Map>(features, LV2_URID__map);
     if (!hasAll || std::strcmp(plugin, toolkitPlugin().URI) != 0) return nullptr;
     slantwise::HostFeatures adapted(features);
-    adapted.replace(LV2_INSTANCE_ACCESS_URI, instance->adapted().handle());
-    if (slantwise::isScaleSaid(features)) instance->setScaledByHost();
-    return toolkitEditor().instantiate(&toolkitEditor(), plugin, bundle, write, controller, widget, adapted.get());
+    adapted.replace(LV2_INSTANCE_ACCESS_URI, (*instance)->adapted().handle());
+    if (slantwise::isScaleSaid(features)) (*instance)->setScaledByHost();
+    const LV2UI_Handle toolkit =
+        toolkitEditor().instantiate(&toolkitEditor(), plugin, bundle, write, controller, widget, adapted.get());
+    return toolkit ? new Editor{*instance, toolkit} : nullptr;
+}
+
+void cleanUpEditor(LV2UI_Handle editor) {
+    const std::unique_ptr<Editor> ended(static_cast<Editor*>(editor));
+    toolkitEditor().cleanup(ended->toolkit);
 }
 
 } // namespace
@@ -142,16 +189,17 @@ LV2_SYMBOL_EXPORT const LV2_Descriptor* lv2_descriptor(std::uint32_t index) {
         [](LV2_Handle handle) { Instance::of(handle).adapted().activate(); },
         [](LV2_Handle handle, std::uint32_t frames) { Instance::of(handle).adapted().run(frames); },
         [](LV2_Handle handle) { Instance::of(handle).adapted().deactivate(); },
-        [](LV2_Handle handle) { delete &Instance::of(handle); },
+        [](LV2_Handle handle) { delete &Instance::sharedOf(handle); },
         extensionData};
     return index == 0 ? &descriptor : nullptr;
 }
 
 LV2_SYMBOL_EXPORT const LV2UI_Descriptor* lv2ui_descriptor(std::uint32_t index) {
-    static const LV2UI_Descriptor descriptor = [] {
-        LV2UI_Descriptor adapted = toolkitEditor();
-        adapted.instantiate = instantiateEditor;
-        return adapted;
-    }();
+    static const LV2UI_Descriptor descriptor{
+        toolkitEditor().URI, instantiateEditor, cleanUpEditor,
+        [](LV2UI_Handle editor, std::uint32_t port, std::uint32_t bytes, std::uint32_t format, const void* data) {
+            toolkitEditor().port_event(toolkitHandleOf(editor), port, bytes, format, data);
+        },
+        editorExtensionData};
     return index == 0 ? &descriptor : nullptr;
 }
