@@ -1,11 +1,13 @@
 #include "plugin/SlantwiseProcessor.h"
 
 #include "description/Description.h"
+#include "description/NumberText.h"
 #include "description/Presets.h"
 #include "platform/system/Log.h"
 #include "plugin/SlantwiseEditor.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
 
 namespace QVM_NAMESPACE {
@@ -102,9 +104,13 @@ bool SlantwiseProcessor::isBusesLayoutSupported(const BusesLayout& layout) const
 }
 
 void SlantwiseProcessor::prepareToPlay(double sampleRateHz, int maxFrames) {
-    unit_.prepare(sampleRateHz, static_cast<std::uint32_t>(std::max(maxFrames, 0)),
-                  static_cast<std::uint32_t>(getMainBusNumInputChannels()),
-                  static_cast<std::uint32_t>(getMainBusNumOutputChannels()));
+    const int channelsIn = getMainBusNumInputChannels(), channelsOut = getMainBusNumOutputChannels();
+    const OSStatus status =
+        unit_.prepare(sampleRateHz, static_cast<std::uint32_t>(std::max(maxFrames, 0)),
+                      static_cast<std::uint32_t>(channelsIn), static_cast<std::uint32_t>(channelsOut));
+    if (status == noErr) return;
+    logLine("not prepared for " + ShortestText(sampleRateHz) + " Hz and " + std::to_string(channelsIn) + " to " +
+            std::to_string(channelsOut) + " channels: it goes on as before");
 }
 
 void SlantwiseProcessor::setScaledByHost() {
@@ -115,8 +121,11 @@ void SlantwiseProcessor::setScaledByHost() {
 template <class Sample>
 void SlantwiseProcessor::process(juce::AudioBuffer<Sample>& buffer) {
     const juce::ScopedNoDenormals noDenormals;
-    unit_.process(buffer.getArrayOfReadPointers(), buffer.getArrayOfWritePointers(),
-                  static_cast<std::uint32_t>(buffer.getNumSamples()));
+    // A host may give fewer channels than were prepared. What is missing of them is silence.
+    std::array<Sample*, RenderPath::maxChannels> channels{};
+    const auto given = static_cast<std::size_t>(std::max(buffer.getNumChannels(), 0));
+    std::copy_n(buffer.getArrayOfWritePointers(), std::min(given, channels.size()), channels.begin());
+    unit_.process(channels.data(), channels.data(), static_cast<std::uint32_t>(buffer.getNumSamples()));
     overruledProgram_.store(-1, std::memory_order_relaxed);
     if (!isLv2()) announceWhatIsDue();
 }

@@ -17,8 +17,12 @@ float peakOf(const Sample* samples, std::uint32_t frames) {
     return static_cast<float>(peak);
 }
 
-double finite(double sample) {
-    return std::isfinite(sample) ? sample : 0;
+// 600 dB above full scale. What is louder is no sound either, and would end as no number in filters and amplifiers.
+constexpr double loudest = 1e30;
+
+// The sample, or silence in place of what is no sound.
+double audible(double sample) {
+    return std::abs(sample) <= loudest ? sample : 0; // NaN is not
 }
 
 } // namespace
@@ -83,7 +87,7 @@ void RenderPath::render(Frames<Sample>& signal, std::uint32_t frames, const Rend
     for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
         for (std::uint32_t i = 0; i < frames; ++i) {
             const double dry = static_cast<double>(signal[channel][i]);
-            const double wet = (isEqualised ? pairs_[2 * i + channel] : finite(dry)) * gains[i];
+            const double wet = (isEqualised ? pairs_[2 * i + channel] : audible(dry)) * gains[i];
             signal[channel][i] = static_cast<Sample>(fading ? dry + (wet - dry) * shares[i] : wet);
         }
     }
@@ -97,7 +101,7 @@ bool RenderPath::equalise(const Frames<Sample>& signal, std::uint32_t frames, co
     for (std::uint32_t i = 0; i < frames; ++i) {
         for (std::uint32_t channel = 0; channel < maxChannels; ++channel) {
             const std::uint32_t from = std::min(channel, chanOut_ - 1);
-            pairs_[2 * i + channel] = finite(static_cast<double>(signal[from][i]));
+            pairs_[2 * i + channel] = audible(static_cast<double>(signal[from][i]));
         }
     }
     equaliser_.process(pairs_.data(), frames, settings.equaliser);
