@@ -2,6 +2,8 @@
 
 #include "description/PartnerRule.h"
 
+#include <cmath>
+
 namespace QVM_NAMESPACE {
 
 EditorValues::EditorValues(const QVMConfig& config, SessionSurface& surface, EditorValuesObserver& observer)
@@ -43,8 +45,10 @@ void EditorValues::send(std::uint32_t pid, float value) {
     const QVMParameter* parameter = config_.parameterForPid(pid);
     if (!parameter) return;
     value = parameter->restrictValue(value);
+    const float hostValue = parameter->reverseCastValue(value);
+    if (!std::isfinite(hostValue)) return; // as of a frequency below zero: the unit would refuse it and never answer
     if (pid < count()) isReplyAwaited_[pid] = true;
-    if (delegate_) delegate_->interfaceUpdatedParameterKeyedValue(pid, parameter->reverseCastValue(value));
+    if (delegate_) delegate_->interfaceUpdatedParameterKeyedValue(pid, hostValue);
     memoize(pid, value);
     if (!comesBack_) show(pid, value);
 }

@@ -139,6 +139,14 @@ TEST_F(EditorValuesTest, AValueThatTheHostTookBackBeforeTheNextFrameGivesWay) {
     EXPECT_EQ(surface_.shown[pidTiltGain], 3);
 }
 
+// Sides of A/B and values by name come from outside.
+TEST_F(EditorValuesTest, AValueThatTheHostHasNoNumberForIsNotSent) {
+    const float before = values_.memoized(pidTiltRangeHigh);
+    values_.send(pidTiltRangeHigh, -1);
+    EXPECT_THAT(surface_.calls, IsEmpty());
+    EXPECT_EQ(values_.memoized(pidTiltRangeHigh), before);
+}
+
 TEST_F(EditorValuesTest, AFrameThatSaysNothingNewReachesNobody) {
     values_.receive(pidTiltGain, 3);
     adopted_.clear();
