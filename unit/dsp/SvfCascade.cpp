@@ -24,10 +24,13 @@ HWY_INLINE void runSections(Section* sections, const vectors::SvfCoefficients* s
     using B = Bank<glides>;
     constexpr std::size_t behind = edge + lag;
     if (frames == 0) return;
+    const auto stepsFrom = [steps](std::size_t at) {
+        return glides ? steps + at : nullptr;
+    }; // there are none otherwise
     for (std::size_t at = 0; at < count; at += 2 * room) {
         const std::size_t middle = std::min(at + room, count), end = std::min(middle + room, count);
-        B one(sections + at, steps + at, states + at, middle - at);
-        B two(sections + middle, steps + middle, states + middle, end - middle);
+        B one(sections + at, stepsFrom(at), states + at, middle - at);
+        B two(sections + middle, stepsFrom(middle), states + middle, end - middle);
         for (std::size_t i = 0; i < frames + edge + behind; ++i) {
             if (i >= behind + edge && i < frames) {
                 one.template step<B::At::middle>(samples, i, frames);
