@@ -106,6 +106,21 @@ TEST_F(StrictHost, PortsThatAreLeftOutAreNoCrash) {
     EXPECT_EQ(audio_[2][frames - 1], 0) << "silence in";
 }
 
+TEST_F(StrictHost, ABlockLongerThanAnnouncedIsProcessedToItsEnd) {
+    ASSERT_TRUE(insert());
+    for (const std::uint32_t length : {frames + 1, 100000U, 0U, frames}) {
+        std::array<std::vector<float>, 4> longer;
+        for (std::uint32_t port = 0; port < 4; ++port) {
+            longer.at(port).assign(length, port < 2 ? 0.5F : 0);
+            plugin_->connect_port(instance_, port, longer.at(port).data());
+        }
+        plugin_->run(instance_, length);
+        for (const std::size_t output : {2U, 3U})
+            for (const float sample : longer.at(output))
+                ASSERT_NEAR(sample, 0.5F, 1e-6) << length;
+    }
+}
+
 TEST_F(StrictHost, OneBufferMayBeInputAndOutput) {
     std::array<float, frames> a{}, b{}, c{}, d{};
     const std::vector<float> apart = rendered(a.data(), b.data(), c.data(), d.data());
