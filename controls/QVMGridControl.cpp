@@ -40,7 +40,7 @@ int columnsFor(int count, Size room) {
 } // namespace
 
 QVMGridControl::QVMGridControl(const Rect& frame, const QVMParameter& parameter)
-    : BoxControl(frame, parameter, BoxShape::rounded), current_(std::make_shared<Layer>(YAxis::up)),
+    : SweptControl(frame, parameter, BoxShape::rounded), current_(std::make_shared<Layer>(YAxis::up)),
       field_(std::make_shared<ShapeLayer>(YAxis::up)), strValue_(std::make_shared<TextLayer>(YAxis::up)) {
     strValue_->setAlignment(centeredStyle(), TextPlacement::middle);
     addPart(field_, "squares");
@@ -126,19 +126,6 @@ int QVMGridControl::indexAt(Point point) const {
 int QVMGridControl::indexValueForEvent(const QVMEvent& event) const {
     const int index = indexAt(event.point);
     return index < 0 ? IntegerPart(floatValue()) : index;
-}
-
-void QVMGridControl::takeValueFromEvent(const QVMEvent& event) {
-    setFloatValue(static_cast<float>(indexValueForEvent(event)));
-    reportInterfaceInitiatedValueChange();
-}
-
-void QVMGridControl::handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
-    takeValueFromEvent(event);
-}
-
-void QVMGridControl::handleMouseDraggedWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
-    takeValueFromEvent(event);
 }
 
 float QVMGridControl::incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const {

@@ -2,7 +2,7 @@
 // or sweeping; the arrow keys for up and down go by rows. Main thread only.
 #pragma once
 
-#include "controls/BoxControl.h"
+#include "controls/SweptControl.h"
 #include "platform/layer/ShapeLayer.h"
 #include "platform/layer/TextLayer.h"
 
@@ -10,7 +10,7 @@
 
 namespace QVM_NAMESPACE {
 
-class QVMGridControl : public BoxControl {
+class QVMGridControl : public SweptControl {
 public:
     QVMGridControl(const Rect& frame, const QVMParameter& parameter);
 
@@ -34,11 +34,10 @@ public:
     void setFloatValue(float value) override;
     // A row for up and down, as far as there are values; a step of the parameter for left and right.
     float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const override;
-    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
-    void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
-                                                  const QVMGranularities& granularities) override;
 
 protected:
+    // On no square it takes the present value, as a whole number.
+    void takeValueFromEvent(const QVMEvent& event) override { takeIndex(indexValueForEvent(event)); }
     void redraw() override;
     int indexAt(Point point) const override;
     std::optional<Rect> hoverFrame(int index) const override { return squares_[static_cast<std::size_t>(index)]; }
@@ -46,7 +45,6 @@ protected:
 private:
     void addSquares();
     void showValue(Animate animate);
-    void takeValueFromEvent(const QVMEvent& event);
 
     std::vector<Rect> squares_;
     int square_ = 1;

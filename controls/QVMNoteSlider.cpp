@@ -18,7 +18,7 @@ constexpr double kSelectionRadius = 8;
 } // namespace
 
 QVMNoteSlider::QVMNoteSlider(const Rect& frame, const QVMParameter& parameter)
-    : BoxControl(frame, parameter, BoxShape::rounded), selection_(std::make_shared<Layer>(YAxis::up)) {
+    : SweptControl(frame, parameter, BoxShape::rounded), selection_(std::make_shared<Layer>(YAxis::up)) {
     addPart(hover(), "hover");
     addPart(selection_, "selection");
     for (std::size_t i = 0; i < parameter.cueSymbols.size(); ++i) {
@@ -96,17 +96,7 @@ int QVMNoteSlider::indexAt(Point point) const {
 
 void QVMNoteSlider::selectIndexFromEvent(const QVMEvent& event) {
     const int index = indexAt(event.point);
-    if (index < 0) return;
-    setFloatValue(static_cast<float>(index));
-    reportInterfaceInitiatedValueChange();
-}
-
-void QVMNoteSlider::handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
-    selectIndexFromEvent(event);
-}
-
-void QVMNoteSlider::handleMouseDraggedWithEventGranularities(const QVMEvent& event, const QVMGranularities&) {
-    selectIndexFromEvent(event);
+    if (index >= 0) takeIndex(index);
 }
 
 float QVMNoteSlider::incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const {

@@ -2,14 +2,14 @@
 // pointer down. Main thread only.
 #pragma once
 
-#include "controls/BoxControl.h"
+#include "controls/SweptControl.h"
 #include "platform/layer/TextLayer.h"
 
 #include <vector>
 
 namespace QVM_NAMESPACE {
 
-class QVMNoteSlider : public BoxControl {
+class QVMNoteSlider : public SweptControl {
 public:
     static constexpr Size cell = {28, 32}; // points, of one symbol
 
@@ -28,11 +28,9 @@ public:
 
     void setFloatValue(float value) override;
     float incrementedValueForArrowGranularity(char32_t arrow, std::int32_t granularity) const override;
-    void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
-    void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
-                                                  const QVMGranularities& granularities) override;
 
 protected:
+    void takeValueFromEvent(const QVMEvent& event) override { selectIndexFromEvent(event); }
     void redraw() override;
     int indexAt(Point point) const override;
     std::optional<Rect> hoverFrame(int index) const override; // none for the symbol that is taken
