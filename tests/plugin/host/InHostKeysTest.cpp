@@ -67,7 +67,7 @@ protected:
     double shownValue(std::uint32_t pid) {
         const QVMParameter& parameter = *GetParameter(pid);
         const double host = parameter.minValue + hostValue(pid) * (parameter.maxValue - parameter.minValue);
-        return parameter.castValue(static_cast<float>(host));
+        return GetParam() == Format::lv2 ? host : parameter.castValue(static_cast<float>(host));
     }
 };
 

@@ -2,6 +2,7 @@
 // the host's window is given.
 #include "plugin/host/Jalv.h"
 #include "plugin/host/TabStops.h"
+#include "plugin/lv2/Properties.h"
 
 #include "description/Description.h"
 
@@ -39,12 +40,12 @@ protected:
         }
         return found;
     }
-    // The last value sent of a parameter, in the shown domain; its initial one while there is none.
+    // The last value sent of a parameter; its initial one while there is none.
     double shown(std::uint32_t pid) const {
         const QVMParameter& parameter = *GetParameter(pid);
         double value = parameter.initialValue;
         for (const Sent& each : sent())
-            if (each.codename == parameter.codesafeName) value = parameter.castValue(static_cast<float>(each.value));
+            if (each.codename == propertyName(parameter)) value = each.value;
         return value;
     }
     bool becomes(std::uint32_t pid, double value, double tolerance) const {
@@ -57,7 +58,7 @@ protected:
         EXPECT_TRUE(comesTrue([&] { return sent().size() > before; })) << key << " for " << pid;
         const auto all = sent();
         for (std::size_t i = before; i < all.size(); ++i)
-            EXPECT_EQ(all[i].codename, GetParameter(pid)->codesafeName) << key;
+            EXPECT_EQ(all[i].codename, propertyName(*GetParameter(pid))) << key;
     }
     // What the host's window was given since the editor opened.
     std::vector<std::string> hostKeys() const {
