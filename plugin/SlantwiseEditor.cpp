@@ -1,12 +1,26 @@
 #include "plugin/SlantwiseEditor.h"
 
+#include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
+#include "platform/runloop/NotificationCenter.h"
+#include "plugin/FramePlace.h"
+#include "theme/QVMUITheme.h"
+#include "toolkit/Conversions.h"
 
+#include <cmath>
 #include <utility>
 
 namespace QVM_NAMESPACE {
+
+namespace {
+
+Size layoutSize(DrawerPlace drawer) {
+    return EditorLayoutForAltFrame(QVMAltFrameDoubleWide, drawer).editor.size();
+}
+
+} // namespace
 
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
     : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding),
@@ -17,8 +31,10 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
         &component_.window().setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&owner.unit(), {}));
     presses_ = owner.gestures().follow(component_.window());
     addAndMakeVisible(component_);
+    theme_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
+                                                         [this](const Notification&) { repaint(); });
     followScale();
-    childBoundsChanged(&component_);
+    askForFrame();
     setResizable(false, false);
 }
 
@@ -34,12 +50,12 @@ void SlantwiseEditor::setScaleFactor(float factor) {
 
 void SlantwiseEditor::followScale() {
     const double scale = processor_.isScaledByHost() ? 1 : desktopScale_.value();
-    if (std::exchange(scale_, scale) != scale)
-        component_.setTransform(juce::AffineTransform::scale(static_cast<float>(scale)));
+    if (std::exchange(scale_, scale) != scale) askForFrame();
 }
 
 void SlantwiseEditor::followHost() {
     followScale();
+    frame_.refresh();
     const std::uint32_t restores = processor_.unit().restoreCount();
     if (std::exchange(restores_, restores) != restores) view_->adoptRestoredState();
     const std::int32_t index = processor_.unit().presetIndex();
@@ -47,14 +63,33 @@ void SlantwiseEditor::followHost() {
     if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
 }
 
-void SlantwiseEditor::resized() {
-    component_.setTopLeftPosition(0, 0);
+void SlantwiseEditor::childBoundsChanged(juce::Component* child) {
+    if (child == &component_ && !isPlacing_) askForFrame();
 }
 
-void SlantwiseEditor::childBoundsChanged(juce::Component* child) {
-    if (child != &component_) return;
-    const juce::Rectangle<int> occupied = component_.getBoundsInParent();
-    setSize(occupied.getWidth(), occupied.getHeight());
+void SlantwiseEditor::askForFrame() {
+    const Size content = view_->bounds().size();
+    frame_.ask({std::ceil(content.width * scale_), std::ceil(content.height * scale_)});
+    layOut(); // also where that is the size it has
+}
+
+void SlantwiseEditor::layOut() {
+    if (std::exchange(isPlacing_, true)) return;
+    const Size frame{double(getWidth()), double(getHeight())}, content = view_->bounds().size();
+    const bool isInside = fitsFrame(content, scale_, frame);
+    view_->ui().setDrawerPlace(isInside ? DrawerPlace::beside : DrawerPlace::over);
+    const bool isDrawerOver = !isInside && content == layoutSize(DrawerPlace::beside);
+    const FramePlace place = placeInFrame(isDrawerOver ? layoutSize(DrawerPlace::over) : content, scale_, frame);
+    component_.setTopLeftPosition(0, 0);
+    component_.setTransform(juce::AffineTransform::scale(static_cast<float>(place.scale))
+                                .translated(static_cast<float>(place.origin.x), static_cast<float>(place.origin.y)));
+    repaint();
+    isPlacing_ = false;
+}
+
+void SlantwiseEditor::paint(juce::Graphics& g) {
+    g.excludeClipRegion(component_.getBoundsInParent());
+    g.fillAll(toToolkit(QVMUITheme::theme().palette.sidePanel));
 }
 
 } // namespace QVM_NAMESPACE

@@ -1,6 +1,10 @@
 // The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
+//
+// It is as large as the frame that the host gives it, and asks for the one that the view wants, at the desktop's scale
+// where the host says none. In another one the view is placed whole (FramePlace), with the theme's ground beside it.
 #pragma once
 
+#include "plugin/HostFrame.h"
 #include "plugin/SlantwiseProcessor.h"
 #include "toolkit/DesktopScale.h"
 #include "toolkit/WindowComponent.h"
@@ -32,18 +36,24 @@ private:
     // desktop has said of its scale. With every refresh of the window, which comes anyway, and so never before there is
     // one: until then another thread may be serving the timers.
     void followHost();
-    void resized() override;
+    // Asks for the frame that the view wants, and places the view in the present one.
+    void askForFrame();
+    void layOut();
+    void resized() override { layOut(); }
+    void paint(juce::Graphics& g) override;
     void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
     juce::SharedResourcePointer<ToolkitRuntime> runtime_;
     DesktopScale desktopScale_{runtime_->connection()};
-    double scale_ = 1; // of the component in the editor; the host's own is that of the editor
-    bool hasFactor_ = false;
+    HostFrame frame_{*this, runtime_->connection()};
+    double scale_ = 1; // that the component is to have in the editor; the host's own is the editor's
+    bool hasFactor_ = false, isPlacing_ = false;
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
     ObservationToken presses_;           // that hold gestures
-    std::uint32_t restores_;             // of the unit, as far as the editor has followed them
+    ObservationToken theme_;
+    std::uint32_t restores_; // of the unit, as far as the editor has followed them
     juce::VBlankAttachment refresh_{this, [this] { followHost(); }};
 };
 

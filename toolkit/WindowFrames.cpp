@@ -1,6 +1,7 @@
 #include "toolkit/WindowFrames.h"
 
 #include "platform/runloop/RunLoop.h"
+#include "theme/QVMUITheme.h"
 #include "toolkit/Conversions.h"
 #include "toolkit/NativePeer.h"
 #include "toolkit/ToolkitRasterTarget.h"
@@ -106,7 +107,9 @@ void WindowFrames::paint(juce::Graphics& g) {
         last_ = &renderer_.update(RunLoop::main().now());
         repaintDamage(); // what lies outside of this paint's clip
     }
-    if (!isContentOpaque()) g.fillAll(juce::Colours::black);
+    // Beside the content is the ground that its panels have.
+    const Color ground = window_.contentView() ? QVMUITheme::theme().palette.sidePanel : Color::white(0);
+    if (!isContentOpaque()) g.fillAll(toToolkit(ground));
     composeInto(g, scale);
     didDraw(start);
 }

@@ -37,6 +37,13 @@ constexpr QVMEditorLayout doubleWide() {
     return layout;
 }
 
+// Up against the column, whose buttons stay where they are.
+constexpr QVMEditorLayout drawerOver() {
+    QVMEditorLayout layout = normal;
+    layout.advClumpsView.x = kPowerBox.x - kAdvancedWidth;
+    return layout;
+}
+
 // The box with the curve in it is the whole editor. What is not part of this form stands outside it, out of sight.
 constexpr QVMEditorLayout compact() {
     QVMEditorLayout layout = normal;
@@ -51,11 +58,12 @@ constexpr QVMEditorLayout compact() {
 }
 
 constexpr std::array<QVMEditorLayout, 3> layouts = {normal, doubleWide(), compact()};
-constexpr QVMEditorLayout none = {};
+constexpr QVMEditorLayout wideInside = drawerOver(), none = {};
 
 } // namespace
 
-const QVMEditorLayout& EditorLayoutForAltFrame(std::int32_t altFrame) {
+const QVMEditorLayout& EditorLayoutForAltFrame(std::int32_t altFrame, DrawerPlace drawer) {
+    if (altFrame == QVMAltFrameDoubleWide && drawer == DrawerPlace::over) return wideInside;
     if (altFrame < 0 || static_cast<std::size_t>(altFrame) >= layouts.size()) return none;
     return layouts[static_cast<std::size_t>(altFrame)];
 }

@@ -32,7 +32,11 @@ struct QVMEditorLayout {
     Rect advClumpsView;
 };
 
+// Where the advanced drawer has its place: beside the controls, or over them where a host gives no more room than the
+// editor has without it.
+enum class DrawerPlace { beside, over };
+
 // The frames of a layout variant. Any thread; the table lives as long as the process.
-const QVMEditorLayout& EditorLayoutForAltFrame(std::int32_t altFrame);
+const QVMEditorLayout& EditorLayoutForAltFrame(std::int32_t altFrame, DrawerPlace drawer = DrawerPlace::beside);
 
 } // namespace QVM_NAMESPACE

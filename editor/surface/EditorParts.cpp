@@ -86,9 +86,9 @@ QVMClumpView* EditorParts::clumpViewWithCodename(std::string_view codesafeName) 
     return masterClump_ && masterClump_->clump().codesafeName == codesafeName ? masterClump_ : nullptr;
 }
 
-void EditorParts::assumeLayout(std::int32_t altFrame, QVMParameterControl* power) {
+void EditorParts::assumeLayout(std::int32_t altFrame, QVMParameterControl* power, DrawerPlace drawer) {
     altFrame_ = altFrame;
-    const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_, drawer);
     editor_.setFrame(layout.editor);
     place(clumpsView_, layout.clumpsView, layout.editor);
     place(presetBar_, layout.presetBar, layout.editor);

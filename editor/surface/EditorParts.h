@@ -49,7 +49,7 @@ public:
 
     // Everything where a layout variant has it, the editor itself included. `power` is the control of the master
     // switch, or null.
-    void assumeLayout(std::int32_t altFrame, QVMParameterControl* power);
+    void assumeLayout(std::int32_t altFrame, QVMParameterControl* power, DrawerPlace drawer = DrawerPlace::beside);
     // Says something over the controls for a few seconds.
     void showNotice(std::string what, std::string why);
 

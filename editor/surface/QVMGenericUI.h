@@ -120,6 +120,8 @@ public:
     void toggleDoubleWide() override { gearTapped(); }
     void gearTapped();
     std::int32_t altFrame() const { return altFrame_; }
+    // Where the advanced drawer opens, in the layout that has it.
+    void setDrawerPlace(DrawerPlace place);
     // What the delegate multiplies the size of a layout variant with.
     float currentScale() const { return currentScale_; }
     void setCurrentScale(float scale) { currentScale_ = scale; }
@@ -252,6 +254,7 @@ private:
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
     float currentScale_ = 1;
     std::int32_t altFrame_ = QVMAltFrameNormal;
+    DrawerPlace drawerPlace_ = DrawerPlace::beside;
 
     ShownSession shown_;
     EditorSession session_;

@@ -8,6 +8,8 @@
 #include "platform/view/Window.h"
 #include "theme/QVMUITheme.h"
 
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -34,9 +36,13 @@ void QVMGenericUI::assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleC
 }
 
 void QVMGenericUI::assumeFrames() {
-    parts_.assumeLayout(altFrame_, parameterControlWithPid(pidMasterOnOff));
+    parts_.assumeLayout(altFrame_, parameterControlWithPid(pidMasterOnOff), drawerPlace_);
     sketches_.assumeLayout(EditorLayoutForAltFrame(altFrame_));
     focus_.dropIfHidden();
+}
+
+void QVMGenericUI::setDrawerPlace(DrawerPlace place) {
+    if (std::exchange(drawerPlace_, place) != place && altFrame_ == QVMAltFrameDoubleWide) assumeFrames();
 }
 
 void QVMGenericUI::restoreUIState(std::uint32_t state) {

@@ -76,6 +76,21 @@ TEST_F(EditorPartsTest, WhatALayoutHasNoRoomForIsHidden) {
     EXPECT_EQ(parts_.frameButton()->destination(), FrameButton::Destination::wholeEditor);
 }
 
+TEST_F(EditorPartsTest, WithoutRoomBesideItTheDrawerLiesOverTheControlsUpAgainstTheColumn) {
+    build();
+    parts_.assumeLayout(QVMAltFrameDoubleWide, controls_.withPid(pidMasterOnOff), DrawerPlace::over);
+    EXPECT_EQ(root_.frame(), (Rect{0, 0, 480, 320}));
+    EXPECT_EQ(parts_.advClumpsView()->frame(), (Rect{218, 0, 200, 320}));
+    EXPECT_EQ(parts_.powerBox()->frame(), (Rect{418, 0, 62, 320}));
+    EXPECT_FALSE(parts_.advClumpsView()->isHidden());
+    EXPECT_FALSE(parts_.clumpsView()->isHidden());
+    for (const std::int32_t without : {QVMAltFrameNormal, QVMAltFrameCompact}) {
+        parts_.assumeLayout(without, controls_.withPid(pidMasterOnOff), DrawerPlace::over);
+        EXPECT_EQ(root_.frame(), EditorLayoutForAltFrame(without).editor) << without;
+        EXPECT_TRUE(parts_.advClumpsView()->isHidden()) << without;
+    }
+}
+
 TEST_F(EditorPartsTest, ANoticeStandsWhereTheLayoutHasRoomForIt) {
     build();
     parts_.assumeLayout(QVMAltFrameNormal, nullptr);

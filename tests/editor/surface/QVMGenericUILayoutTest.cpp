@@ -29,6 +29,18 @@ TEST_F(QVMGenericUILayout, TheGearOpensAndClosesTheAdvancedDrawer) {
     EXPECT_THAT(delegate_.calls, ElementsAre("frame 1", "save state 1", "frame 0", "save state 0"));
 }
 
+TEST_F(QVMGenericUILayout, TheDrawerMovesWithItsPlaceWhileItIsOpen) {
+    ui_->setDrawerPlace(DrawerPlace::over);
+    EXPECT_EQ(ui_->frame(), (Rect{0, 0, 480, 320}));
+    EXPECT_TRUE(ui_->advClumpsView()->isHidden()) << "it is closed";
+    click(middleOf(*ui_->powerBox()->gear()));
+    EXPECT_TRUE(ui_->powerBox()->gear()->selected());
+    EXPECT_EQ(ui_->advClumpsView()->frame(), (Rect{218, 0, 200, 320}));
+    ui_->setDrawerPlace(DrawerPlace::beside);
+    EXPECT_EQ(ui_->advClumpsView()->frame(), (Rect{480, 0, 200, 320}));
+    EXPECT_EQ(ui_->frame(), (Rect{0, 0, 680, 320}));
+}
+
 TEST_F(QVMGenericUILayout, TheCompactFormIsThePowerBoxAlone) {
     ui_->toggleFrame();
     EXPECT_EQ(ui_->altFrame(), 2);
