@@ -12,7 +12,6 @@ EditorValues::EditorValues(const QVMConfig& config, SessionSurface& surface, Edi
     memoizedPValues_.resize(count);
     memoizedPValuesChanged_.assign(count, 1);
     receivedPValues_.assign(count, nothingReceived);
-    isReplyAwaited_.assign(count, false);
     heldRanges_.resize(count);
     scratchPValues_.resize(count);
     displays_.resize(count);
@@ -47,7 +46,6 @@ void EditorValues::send(std::uint32_t pid, float value) {
     value = parameter->restrictValue(value);
     const float hostValue = parameter->reverseCastValue(value);
     if (!std::isfinite(hostValue)) return; // as of a frequency below zero: the unit would refuse it and never answer
-    if (pid < count()) isReplyAwaited_[pid] = true;
     if (delegate_) delegate_->interfaceUpdatedParameterKeyedValue(pid, hostValue);
     memoize(pid, value);
     if (!comesBack_) show(pid, value);
@@ -73,16 +71,13 @@ void EditorValues::sendScratch(const std::function<bool(std::uint32_t pid)>& isL
         if (scratchPValues_[pid] != memoizedPValues_[pid] && !isLeftOut(pid)) send(pid, scratchPValues_[pid]);
 }
 
-// What comes after a value was sent is news, also where it is the one that came last: the host may have set it again
-// between two frames, or the unit has moved what was sent to an end of its range and held that one all along.
 void EditorValues::receiveIfNew(std::uint32_t pid, float value) {
-    if (pid < count() && (value != receivedPValues_[pid] || isReplyAwaited_[pid])) receive(pid, value);
+    if (pid < count() && (value != receivedPValues_[pid] || !isMemoizedValueHeld(pid))) receive(pid, value);
 }
 
 void EditorValues::receive(std::uint32_t pid, float value) {
     const QVMParameter* parameter = config_.parameterForPid(pid);
     if (!parameter || pid >= count()) return;
-    isReplyAwaited_[pid] = false;
     const float was = std::exchange(receivedPValues_[pid], value);
     if (was == nothingReceived) rereadMemoizedValue(*parameter, value);
     const bool isWhole = parameter->unit == QVMUnitIndexed || parameter->unit == QVMUnitSwitch;
@@ -100,7 +95,8 @@ bool EditorValues::isEcho(const QVMParameter& parameter, float value) const {
     return isMemoizedValueHeld(parameter.pid) && parameter.heldValueFromHostValue(sent) == value;
 }
 
-// A value that was sent outside the unit's range, as by the rule that pushes partners apart, is another in the unit.
+// A value that was sent outside the unit's range, as by the rule that pushes partners apart, is another in the unit,
+// which may have held that one all along and then posts nothing new.
 bool EditorValues::isMemoizedValueHeld(std::uint32_t pid) const {
     return heldRanges_[pid].contains(memoizedPValues_[pid]);
 }

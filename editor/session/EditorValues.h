@@ -96,7 +96,6 @@ private:
     std::vector<float> memoizedPValues_;
     std::vector<std::uint8_t> memoizedPValuesChanged_;
     std::vector<float> receivedPValues_;      // `nothingReceived` at first
-    std::vector<bool> isReplyAwaited_;        // a value was sent and none received since
     std::vector<QVMFloat32Range> heldRanges_; // QVMParameter::heldRange()
     std::vector<float> scratchPValues_;
     std::vector<ParameterDisplay*> displays_;    // null for a parameter that has none

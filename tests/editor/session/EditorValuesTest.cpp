@@ -130,15 +130,6 @@ TEST_F(EditorValuesTest, AValueOutsideTheUnitsRangeGivesWayThoughTheUnitPostsNot
     EXPECT_EQ(values_.memoized(pidTiltGain), 18);
 }
 
-// Two things happen between two frames: the editor sends a value, and the host sets the one that was there before.
-TEST_F(EditorValuesTest, AValueThatTheHostTookBackBeforeTheNextFrameGivesWay) {
-    values_.receive(pidTiltGain, 3);
-    values_.send(pidTiltGain, 9);
-    values_.receiveIfNew(pidTiltGain, 3);
-    EXPECT_EQ(values_.memoized(pidTiltGain), 3);
-    EXPECT_EQ(surface_.shown[pidTiltGain], 3);
-}
-
 // Sides of A/B and values by name come from outside.
 TEST_F(EditorValuesTest, AValueThatTheHostHasNoNumberForIsNotSent) {
     const float before = values_.memoized(pidTiltRangeHigh);
