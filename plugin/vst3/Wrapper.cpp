@@ -1,12 +1,17 @@
-// The toolkit's VST3 wrapper, whose edit controller and view are given base classes of ours: nothing less than this
-// source, which has the classes to itself, lets the host's handler be replaced before the wrapper keeps it, the records
-// of the parameters be completed, and it be known that the host has said the scale which the wrapper takes for granted.
+// The toolkit's VST3 wrapper, whose edit controller and view are given base classes of ours and whose buffers are ours:
+// nothing less than this source, which has its classes to itself, lets the host's handler be replaced before the wrapper
+// keeps it, the records of the parameters be completed, a block be looked at before it is copied, and it be known that the
+// host has said the scale which the wrapper takes for granted.
 #include <juce_core/system/juce_TargetPlatform.h>
 // In the wrapper's own order: each needs the one before.
 #include <juce_core/system/juce_CompilerWarnings.h>
 // And the format's sources, which are compiled here.
 #include <juce_audio_processors/format_types/juce_VST3Headers.h>
+// The modules with the window system's types, as the wrapper wants them.
+#define JUCE_GUI_BASICS_INCLUDE_XHEADERS 1
+#include <juce_audio_processors/juce_audio_processors.h>
 
+#include "plugin/vst3/CheckedBuffers.h"
 #include "plugin/vst3/DeferredHandler.h"
 #include "plugin/vst3/ParameterListing.h"
 
@@ -61,14 +66,18 @@ private:
 
 } // namespace Steinberg
 
-// NOLINTBEGIN(readability-identifier-naming): the names of the base classes and of what is overridden
+// NOLINTBEGIN(readability-identifier-naming): the names in the wrapper
 #define EditController CompletedController
+#define ClientBufferMapper ::slantwise::CheckedBufferMapper
+#define ClientRemappedBuffer ::slantwise::CheckedRemappedBuffer
 #define IPlugViewContentScaleSupport HeardContentScale
 #define setContentScaleFactor setToolkitScaleFactor
 // NOLINTEND(readability-identifier-naming)
 #include <juce_audio_plugin_client/juce_audio_plugin_client_VST3.cpp> // NOLINT(bugprone-suspicious-include): see above
 #undef setContentScaleFactor
 #undef IPlugViewContentScaleSupport
+#undef ClientRemappedBuffer
+#undef ClientBufferMapper
 #undef EditController
 
 // Behind the toolkit's source, which says first how its modules are to be included.

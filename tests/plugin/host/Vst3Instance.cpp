@@ -52,6 +52,10 @@ std::string Vst3Instance::textOf(Vst::ParamID id, double normalisedValue) const 
     return plainText(text);
 }
 
+IPtr<Vst::IAudioProcessor> Vst3Instance::audio() const {
+    return FUnknownPtr<Vst::IAudioProcessor>(component_);
+}
+
 float Vst3Instance::runBlocks(int count) {
     constexpr int32 channels = 2, frames = 64;
     const FUnknownPtr<Vst::IAudioProcessor> processor(component_);

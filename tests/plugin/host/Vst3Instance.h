@@ -4,6 +4,7 @@
 
 #include "plugin/host/Vst3Module.h"
 
+#include <pluginterfaces/vst/ivstaudioprocessor.h>
 #include <pluginterfaces/vst/ivstcomponent.h>
 #include <pluginterfaces/vst/ivsteditcontroller.h>
 
@@ -27,6 +28,10 @@ public:
     // The one of this title; throws where there is none.
     Steinberg::Vst::ParameterInfo parameter(const std::string& title) const;
     std::string textOf(Steinberg::Vst::ParamID id, double normalisedValue) const;
+
+    // For what the rest leaves out. The component is neither set up nor active.
+    Steinberg::Vst::IComponent& component() const { return *component_; }
+    Steinberg::IPtr<Steinberg::Vst::IAudioProcessor> audio() const;
 
     // Blocks of 64 frames at 48 kHz, a square wave of amplitude 1; the highest sample of the last.
     float runBlocks(int count);
