@@ -1,7 +1,7 @@
 // The toolkit's VST3 wrapper, whose edit controller and view are given base classes of ours and whose buffers are ours:
 // nothing less than this source, which has its classes to itself, lets the host's handler be replaced before the wrapper
-// keeps it, the records of the parameters be completed, a block be looked at before it is copied, and it be known that the
-// host has said the scale which the wrapper takes for granted.
+// keeps it, the records of the parameters be completed, a block be looked at before it is copied, an editor keep what it
+// shows, and it be known that the host has said the scale which the wrapper takes for granted.
 #include <juce_core/system/juce_TargetPlatform.h>
 // In the wrapper's own order: each needs the one before.
 #include <juce_core/system/juce_CompilerWarnings.h>
@@ -15,6 +15,9 @@
 #include "plugin/vst3/DeferredHandler.h"
 #include "plugin/vst3/ParameterListing.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace Steinberg::Vst {
 
 class CompletedController : public EditController {
@@ -25,6 +28,11 @@ public:
         const tresult result = EditController::getParameterInfo(index, info);
         if (result == kResultTrue) slantwise::completeParameterInfo(info);
         return result;
+    }
+
+    tresult PLUGIN_API setParamNormalized(ParamID id, ParamValue value) override {
+        if (!std::isfinite(value)) return kInvalidArgument;
+        return EditController::setParamNormalized(id, std::clamp(value, 0.0, 1.0));
     }
 
     tresult PLUGIN_API setComponentHandler(IComponentHandler* host) override {
@@ -48,6 +56,16 @@ private:
     IPtr<slantwise::DeferredHandler> handler_; // the base class calls and counts it as well
 };
 
+// Has a share in the processor, which the toolkit's editor uses to its own end: some host ends the component and its
+// controller first.
+class KeepingEditorView : public EditorView {
+public:
+    explicit KeepingEditorView(EditController* controller, ViewRect* size = nullptr);
+
+private:
+    IPtr<FUnknown> processor_;
+};
+
 } // namespace Steinberg::Vst
 
 namespace Steinberg {
@@ -68,6 +86,7 @@ private:
 
 // NOLINTBEGIN(readability-identifier-naming): the names in the wrapper
 #define EditController CompletedController
+#define EditorView KeepingEditorView
 #define ClientBufferMapper ::slantwise::CheckedBufferMapper
 #define ClientRemappedBuffer ::slantwise::CheckedRemappedBuffer
 #define IPlugViewContentScaleSupport HeardContentScale
@@ -78,6 +97,7 @@ private:
 #undef IPlugViewContentScaleSupport
 #undef ClientRemappedBuffer
 #undef ClientBufferMapper
+#undef EditorView
 #undef EditController
 
 // Behind the toolkit's source, which says first how its modules are to be included.
@@ -90,4 +110,11 @@ void Steinberg::HeardContentScale::wasHeard() {
     auto* const controller = dynamic_cast<juce::JuceVST3EditController*>(view.getController());
     auto* const processor = controller ? controller->getPluginInstance() : nullptr;
     if (processor) static_cast<slantwise::SlantwiseProcessor*>(processor)->setScaledByHost();
+}
+
+Steinberg::Vst::KeepingEditorView::KeepingEditorView(EditController* controller, ViewRect* size)
+    : EditorView(controller, size) {
+    void* processor = nullptr;
+    if (controller->queryInterface(juce::JuceAudioProcessor::iid, &processor) == kResultOk)
+        processor_ = owned<FUnknown>(static_cast<juce::JuceAudioProcessor*>(processor));
 }

@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <pluginterfaces/gui/iplugview.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -132,6 +135,42 @@ TEST_F(Vst3Faults, SilentFlagsAndSeparateBuffersAreTakenAsTheyAre) {
     in.data.outputs = &out.bus;
     EXPECT_EQ(audio_->process(in.data), kResultTrue);
     EXPECT_TRUE(out.isAll(0));
+    expectPlays();
+}
+
+TEST_F(Vst3Faults, ValuesThatAreNoNumbersLeaveEveryValueInItsRange) {
+    setUp();
+    for (const double value :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), -1.0, 1e300}) {
+        for (const Vst::ParameterInfo& info : instance_->parameters()) {
+            instance_->controller().setParamNormalized(info.id, value);
+            const double now = instance_->controller().getParamNormalized(info.id);
+            EXPECT_TRUE(now >= 0 && now <= 1) << plainText(info.title) << " " << value << " " << now;
+        }
+        Block<float> block(announcedFrames);
+        audio_->process(block.data);
+        for (const auto& channel : block.samples)
+            EXPECT_TRUE(std::ranges::all_of(channel, [](float s) { return std::isfinite(s); })) << value;
+    }
+}
+
+// The host lets go of the plug-in first and of its editor afterwards.
+TEST_F(Vst3Faults, AnEditorMayOutliveTheInstance) {
+    setUp();
+    expectPlays();
+    IPtr<IPlugView> view = owned(instance_->controller().createView(Vst::ViewType::kEditor));
+    ASSERT_TRUE(view);
+    ViewRect size;
+    EXPECT_EQ(view->getSize(&size), kResultTrue);
+    EXPECT_EQ(size.getWidth(), 480);
+    instance_->component().setActive(false);
+    audio_ = nullptr;
+    instance_.reset();
+    EXPECT_EQ(view->getSize(&size), kResultTrue);
+    view = nullptr;
+    instance_.emplace(module_);
+    audio_ = instance_->audio();
+    setUp();
     expectPlays();
 }
 
