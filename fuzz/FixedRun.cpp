@@ -3,6 +3,7 @@
 #include "Fuzz.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -12,7 +13,6 @@
 
 namespace {
 
-constexpr int inputs = 20000;
 constexpr std::size_t longestInput = 6000;
 
 using Input = std::string;
@@ -73,18 +73,29 @@ private:
     std::mt19937 random_{1};
 };
 
+// For whoever looks for the cause: FixedRun takes a folder with nothing but this file too.
+constexpr const char* failedInput = "failed_input";
+const Input* present = nullptr;
+
+void keepPresentInput(int) {
+    std::ofstream(failedInput, std::ios::binary).write(present->data(), static_cast<std::streamsize>(present->size()));
+}
+
 void run(const Input& input) {
+    present = &input;
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
 }
 
 } // namespace
 
 int main(int argumentCount, char* arguments[]) {
-    const std::vector<Input> seeds = argumentCount == 2 ? readSeeds(arguments[1]) : std::vector<Input>();
+    const std::vector<Input> seeds = argumentCount == 3 ? readSeeds(arguments[2]) : std::vector<Input>();
     if (seeds.empty()) {
-        std::fprintf(stderr, "usage: %s FOLDER OF SEEDS\n", arguments[0]);
+        std::fprintf(stderr, "usage: %s COUNT FOLDER\nCOUNT inputs are made of the seeds in FOLDER\n", arguments[0]);
         return 2;
     }
+    const int inputs = std::atoi(arguments[1]);
+    std::signal(SIGABRT, keepPresentInput);
     for (const Input& seed : seeds)
         run(seed);
     Mutator mutator(seeds);
