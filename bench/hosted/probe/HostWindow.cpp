@@ -4,6 +4,7 @@
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 #include <X11/extensions/Xdamage.h>
+#include <X11/extensions/Xfixes.h>
 
 #include <poll.h>
 
@@ -51,6 +52,8 @@ Window mainChild(Display* display, Window window, const Area& area) {
 HostWindow::HostWindow() : display_(XOpenDisplay(nullptr)) {
     if (!display_) throw std::runtime_error("no display");
     XSetErrorHandler(&ignoreError);
+    // The server draws the pointer into the screen's own pixels, where it would look like an answer to its movement.
+    XFixesHideCursor(display_, DefaultRootWindow(display_));
 }
 
 HostWindow::~HostWindow() {

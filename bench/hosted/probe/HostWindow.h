@@ -11,7 +11,8 @@ namespace slantwise_bench {
 
 class HostWindow {
 public:
-    // Connects to the display that DISPLAY names; throws std::runtime_error when there is none.
+    // Connects to the display that DISPLAY names; throws std::runtime_error when there is none. Nobody sees the pointer
+    // as long as this lives.
     HostWindow();
     ~HostWindow();
     HostWindow(const HostWindow&) = delete;

@@ -31,7 +31,7 @@ public:
         noise_.connect();
         window_.watchDrawing();
         movePointer({-area_.x, -area_.y}); // one that rests in the window may have tooltips looked for
-        pause(settling);
+        findAudioThread();
     }
 
     long privateKilobytes() const { return host_.privateKilobytes(); }
@@ -117,9 +117,21 @@ private:
         movePointer({handle.at.x + along(handle.reach.x), handle.at.y + along(handle.reach.y)});
     }
 
-    // The thread that sleeps once a block is the one that processes the sound.
-    bool isAudio(double sleepsPerSecond) const {
-        return std::abs(sleepsPerSecond / noise_.blocksPerSecond() - 1) < 0.1;
+    // The thread that processes the sound sleeps once a block. Found while nothing happens: later others may come near.
+    void findAudioThread() {
+        const HostProcess::Threads before = host_.threads();
+        const double start = nowSeconds();
+        pause(settling);
+        const double blocks = noise_.blocksPerSecond() * (nowSeconds() - start);
+        double least = 0.1; // of the blocks
+        for (const auto& [id, thread] : host_.threads()) {
+            const auto was = before.find(id);
+            if (was == before.end()) continue;
+            const double off = std::abs(static_cast<double>(thread.sleeps - was->second.sleeps) / blocks - 1);
+            if (off < least) audioThread_ = id;
+            least = std::min(least, off);
+        }
+        if (audioThread_ == 0) throw std::runtime_error("no thread of the host processes sound");
     }
 
     template <class Step>
@@ -140,9 +152,8 @@ private:
         double worked = 0;
         for (const auto& [id, thread] : host_.threads()) {
             const auto was = before.find(id);
-            const HostProcess::Thread from = was == before.end() ? HostProcess::Thread() : was->second;
-            if (!isAudio(static_cast<double>(thread.sleeps - from.sleeps) / lasted))
-                worked += thread.workedSeconds - from.workedSeconds;
+            if (id != audioThread_)
+                worked += thread.workedSeconds - (was == before.end() ? 0 : was->second.workedSeconds);
         }
         return {100 * worked / lasted, pictures / lasted};
     }
@@ -153,6 +164,7 @@ private:
     HostWindow window_;
     NoiseSource noise_;
     Area area_;
+    pid_t audioThread_ = 0;
 };
 
 } // namespace
