@@ -11,7 +11,8 @@ class ValuesFromUnit {
 public:
     virtual ~ValuesFromUnit() = default;
     // A parameter's value as the unit holds it, in the shown domain, whether it is another one than before or not.
-    virtual void receiveIfNew(std::uint32_t pid, float value) = 0;
+    // `wasStored`: since the frame before somebody has stored one, which may be the one that there was.
+    virtual void receiveIfNew(std::uint32_t pid, float value, bool wasStored) = 0;
     // All of one frame was received.
     virtual void frameWasReceived() = 0;
 };

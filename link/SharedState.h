@@ -8,6 +8,7 @@
 //   parameterStates: value,         unit: whoever stores a parameter, any   main thread, each frame
 //     auxValue; interpTargets         thread, one at a time (VizLink)
 //   parameterStates: displayValue   main thread, each step of the glide     main thread
+//   storedParameters                unit: as above, after the values        main thread, which takes them, each frame
 //   interpAmount, the two flags     unit starts a glide, main thread ends   main thread
 //                                     it
 //   levels                          unit: render thread, each block; a      main thread, which takes them, each frame
@@ -49,6 +50,8 @@ struct SharedState {
     }
 
     ParameterGlide glide;
+    // By pid as bits: what was stored since a frame has taken them, be it what was there before.
+    SharedWord<std::uint32_t> storedParameters = 0;
     LevelWords levels{meterChannels, meterRange.min};
     NumericMeterWords numericMeter;
     FrameRequest frameRequest;

@@ -39,6 +39,9 @@ public:
         while (value > seen && !word_.compare_exchange_weak(seen, value, std::memory_order_relaxed)) {}
     }
 
+    // Sets the bits that `bits` has. Any thread, no order.
+    void setBits(T bits) { word_.fetch_or(bits, std::memory_order_relaxed); }
+
     // Any thread; all ordered operations, on whatever words, happen in one order that every thread agrees on, and what
     // was written before an ordered store is seen after an ordered load of it.
     T loadOrdered() const { return word_.load(); }

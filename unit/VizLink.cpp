@@ -57,8 +57,10 @@ void VizLink::writeStates() {
     bool glides = isNew_;
     isNew_ = false;
     // The bits go before the values are read, so that a value which is stored meanwhile is posted again.
-    for (std::uint32_t rest = changed_.exchange(0); rest != 0; rest &= rest - 1)
+    const std::uint32_t stored = changed_.exchange(0);
+    for (std::uint32_t rest = stored; rest != 0; rest &= rest - 1)
         glides |= writeState(*state, static_cast<std::uint32_t>(std::countr_zero(rest)));
+    state->storedParameters.setBits(stored);
     if (glides) state->restartGlide();
     state->frameRequest.ask(); // also for a value that came back as it was: an editor may have sent another one
 }

@@ -71,8 +71,11 @@ void EditorValues::sendScratch(const std::function<bool(std::uint32_t pid)>& isL
         if (scratchPValues_[pid] != memoizedPValues_[pid] && !isLeftOut(pid)) send(pid, scratchPValues_[pid]);
 }
 
-void EditorValues::receiveIfNew(std::uint32_t pid, float value) {
-    if (pid < count() && (value != receivedPValues_[pid] || !isMemoizedValueHeld(pid))) receive(pid, value);
+void EditorValues::receiveIfNew(std::uint32_t pid, float value, bool wasStored) {
+    if (pid >= count()) return;
+    const QVMParameter* const parameter = wasStored ? config_.parameterForPid(pid) : nullptr;
+    const bool wasTakenBack = parameter && !isEcho(*parameter, value);
+    if (value != receivedPValues_[pid] || !isMemoizedValueHeld(pid) || wasTakenBack) receive(pid, value);
 }
 
 void EditorValues::receive(std::uint32_t pid, float value) {

@@ -73,8 +73,9 @@ public:
     // A value as the unit has it (QVMParameter::heldValueFromHostValue). Nothing is sent. What the unit makes of the
     // memoized value counts as the memoized value, if the unit can hold that.
     void receive(std::uint32_t pid, float value);
-    // The same, for a value that comes with every frame: only when it says anything new.
-    void receiveIfNew(std::uint32_t pid, float value) override;
+    // The same, for a value that comes with every frame: only when it says anything new, which the value of the frame
+    // before does where another was sent, and then this one stored again by somebody else.
+    void receiveIfNew(std::uint32_t pid, float value, bool wasStored) override;
     // All of one frame was received.
     void frameWasReceived() override { ++receivedParamUpdateCount_; }
     std::uint32_t receivedFrames() const { return receivedParamUpdateCount_; }

@@ -64,6 +64,15 @@ TEST_F(VizLinkTest, AValueThatIsThereAlreadyStartsNoGlide) {
 }
 
 // What any control of the editor can send, for every parameter but the hidden link switches, which read clamped.
+TEST_F(VizLinkTest, AValueThatWasStoredAgainIsSaidToBe) {
+    link.exchange(&drawing->sharedState);
+    drawing->takeStoredParameters();
+    EXPECT_EQ(drawing->takeStoredParameters(), 0U);
+    set(pidTiltGain, 0);
+    EXPECT_EQ(drawing->takeStoredParameters(), 1U << pidTiltGain) << "the one that was there";
+    EXPECT_EQ(drawing->takeStoredParameters(), 0U);
+}
+
 TEST_F(VizLinkTest, AValueThatTheEditorSentComesBackBitForBit) {
     link.exchange(&drawing->sharedState);
     std::mt19937 random(15);

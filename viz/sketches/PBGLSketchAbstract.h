@@ -56,6 +56,7 @@ public:
     void requestFrame() { sharedState.frameRequest.ask(); }
     bool isFrameRequested() const { return sharedState.frameRequest.isAsked(); }
     bool takeFrameRequest() { return sharedState.frameRequest.take(); }
+    std::uint32_t takeStoredParameters() { return sharedState.storedParameters.exchange(0); }
 
     std::uint32_t chanIn = 0;
     std::uint32_t chanOut = 0;

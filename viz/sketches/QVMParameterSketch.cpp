@@ -146,8 +146,9 @@ void QVMParameterSketch::handOnStates() {
     const QVMParameterState* const states = getVizRefParameterStates();
     if (!delegate_ || delegate_->sketchHasUpdatedParameterStates(*this, states) != StatesAre::theUnits) return;
     if (!values_) return;
+    const std::uint32_t stored = getVizRef()->takeStoredParameters(); // before the values, so that none goes unseen
     for (std::uint32_t pid = 0; pid < getVizRef()->paramCount(); ++pid)
-        values_->receiveIfNew(pid, states[pid].value);
+        values_->receiveIfNew(pid, states[pid].value, (stored >> pid & 1) != 0);
     values_->frameWasReceived();
 }
 

@@ -126,8 +126,19 @@ TEST_F(EditorValuesTest, AValueOutsideTheUnitsRangeGivesWayThoughTheUnitPostsNot
     values_.receive(pidTiltGain, 18); // the end of the range
     values_.send(pidTiltGain, 30);
     ASSERT_EQ(unitHolds(pidTiltGain), 18);
-    values_.receiveIfNew(pidTiltGain, 18);
+    values_.receiveIfNew(pidTiltGain, 18, false);
     EXPECT_EQ(values_.memoized(pidTiltGain), 18);
+}
+
+// Two things happen between two frames: the editor sends a value, and the host sets the one that was there before.
+TEST_F(EditorValuesTest, AValueThatTheHostTookBackBeforeTheNextFrameGivesWay) {
+    values_.receive(pidTiltGain, 3);
+    values_.send(pidTiltGain, 9);
+    values_.receiveIfNew(pidTiltGain, 3, false);
+    EXPECT_EQ(values_.memoized(pidTiltGain), 9) << "a frame from before it was sent";
+    values_.receiveIfNew(pidTiltGain, 3, true);
+    EXPECT_EQ(values_.memoized(pidTiltGain), 3);
+    EXPECT_EQ(surface_.shown[pidTiltGain], 3);
 }
 
 // Sides of A/B and values by name come from outside.
@@ -142,7 +153,7 @@ TEST_F(EditorValuesTest, AFrameThatSaysNothingNewReachesNobody) {
     values_.receive(pidTiltGain, 3);
     adopted_.clear();
     surface_.received.clear();
-    values_.receiveIfNew(pidTiltGain, 3);
+    values_.receiveIfNew(pidTiltGain, 3, false);
     EXPECT_THAT(adopted_, IsEmpty());
     EXPECT_THAT(surface_.received, IsEmpty());
 }
@@ -187,7 +198,7 @@ TEST_F(EditorValuesTest, UnknownPidsHaveNoEffect) {
     values_.send(99, 1);
     values_.memoize(99, 1);
     values_.receive(99, 1);
-    values_.receiveIfNew(99, 1);
+    values_.receiveIfNew(99, 1, true);
     values_.setDirectly(99, 1);
     EXPECT_THAT(surface_.calls, IsEmpty());
     EXPECT_THAT(adopted_, IsEmpty());

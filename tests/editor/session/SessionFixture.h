@@ -94,7 +94,7 @@ protected:
     // One display frame: what the unit holds comes back.
     void frame() {
         for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            values().receiveIfNew(pid, GetParameter(pid)->heldValueFromHostValue(surface_.unit[pid]));
+            values().receiveIfNew(pid, GetParameter(pid)->heldValueFromHostValue(surface_.unit[pid]), true);
         values().frameWasReceived();
     }
     // An editor that has been open for a while.

@@ -11,6 +11,7 @@
 
 #include <map>
 #include <thread>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 
@@ -37,13 +38,17 @@ public:
         tiltGain = states[1].value;
         return statesAre;
     }
-    void receiveIfNew(std::uint32_t pid, float value) override { received[pid] = value; }
+    void receiveIfNew(std::uint32_t pid, float value, bool wasStored) override {
+        received[pid] = value;
+        if (wasStored) stored.push_back(pid);
+    }
     void frameWasReceived() override { ++receivedFrames; }
 
     int frames = 0;
     float tiltGain = 0;
     StatesAre statesAre = StatesAre::drawnOnly;
     std::map<std::uint32_t, float> received; // by pid
+    std::vector<std::uint32_t> stored;       // pids, as they were told
     int receivedFrames = 0;
 };
 

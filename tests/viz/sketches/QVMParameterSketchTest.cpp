@@ -81,6 +81,17 @@ TEST_F(QVMParameterSketchTest, TellsItsDelegateTheStatesOnceAFrame) {
     EXPECT_EQ(reader.frames, 2);
 }
 
+TEST_F(QVMParameterSketchTest, SaysWhichValuesWereStoredOncePerStoring) {
+    Reader reader;
+    reader.statesAre = StatesAre::theUnits;
+    view.setDelegate(&reader);
+    view.setValues(&reader);
+    object().sharedState.storedParameters.setBits(1U << 1 | 1U << 7);
+    frame();
+    frame();
+    EXPECT_EQ(reader.stored, (std::vector<std::uint32_t>{1, 7}));
+}
+
 TEST_F(QVMParameterSketchTest, HandsOnOnlyTheStatesThatAreTheUnits) {
     Reader reader;
     view.setDelegate(&reader);
