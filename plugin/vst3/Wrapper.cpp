@@ -1,7 +1,8 @@
-// The toolkit's VST3 wrapper, whose edit controller and view are given base classes of ours and whose buffers are ours:
-// nothing less than this source, which has its classes to itself, lets the host's handler be replaced before the wrapper
-// keeps it, the records of the parameters be completed, a block be looked at before it is copied, an editor keep what it
-// shows, and it be known that the host has said the scale which the wrapper takes for granted.
+// The toolkit's VST3 wrapper, whose classes are given base classes of ours and whose buffers are ours: nothing less than
+// this source, which has its classes to itself, lets the host's handler be replaced before the wrapper keeps it, the
+// records of the parameters be completed, a block be looked at before it is copied, an editor keep what it shows, it be
+// known that the host has said the scale which the wrapper takes for granted, and what the wrapper leaves undone of a
+// block be done.
 #include <juce_core/system/juce_TargetPlatform.h>
 // In the wrapper's own order: each needs the one before.
 #include <juce_core/system/juce_CompilerWarnings.h>
@@ -25,6 +26,7 @@ public:
     ~CompletedController() override { detach(); }
 
     tresult PLUGIN_API getParameterInfo(int32 index, ParameterInfo& info) override {
+        if (index < 0 || index >= getParameterCount()) return kInvalidArgument; // the base class would throw
         const tresult result = EditController::getParameterInfo(index, info);
         if (result == kResultTrue) slantwise::completeParameterInfo(info);
         return result;
@@ -34,6 +36,9 @@ public:
         if (!std::isfinite(value)) return kInvalidArgument;
         return EditController::setParamNormalized(id, std::clamp(value, 0.0, 1.0));
     }
+
+    // The wrapper has taken the values from the component by then.
+    tresult PLUGIN_API setComponentState(IBStream* state) override { return state ? kResultTrue : kInvalidArgument; }
 
     tresult PLUGIN_API setComponentHandler(IComponentHandler* host) override {
         if (host != nullptr && handler_ && handler_->isFor(host)) return kResultTrue;
@@ -66,6 +71,17 @@ private:
     IPtr<FUnknown> processor_;
 };
 
+class FlaggedProcessor : public IAudioProcessor {
+public:
+    // Hosts hand buffers with the silence flags of whatever was in them before, and believe what they find afterwards.
+    tresult PLUGIN_API process(ProcessData& data) final {
+        for (int32 bus = 0; data.outputs != nullptr && bus < data.numOutputs; ++bus)
+            data.outputs[bus].silenceFlags = 0;
+        return processInToolkit(data);
+    }
+    virtual tresult PLUGIN_API processInToolkit(ProcessData& data) = 0;
+};
+
 } // namespace Steinberg::Vst
 
 namespace Steinberg {
@@ -89,6 +105,8 @@ private:
 #define EditorView KeepingEditorView
 #define ClientBufferMapper ::slantwise::CheckedBufferMapper
 #define ClientRemappedBuffer ::slantwise::CheckedRemappedBuffer
+#define IAudioProcessor FlaggedProcessor
+#define process processInToolkit
 #define IPlugViewContentScaleSupport HeardContentScale
 #define setContentScaleFactor setToolkitScaleFactor
 // NOLINTEND(readability-identifier-naming)
@@ -98,6 +116,8 @@ private:
 #undef ClientRemappedBuffer
 #undef ClientBufferMapper
 #undef EditorView
+#undef process
+#undef IAudioProcessor
 #undef EditController
 
 // Behind the toolkit's source, which says first how its modules are to be included.
