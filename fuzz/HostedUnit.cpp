@@ -160,8 +160,10 @@ void HostedUnit::checkEditorShows(std::uint32_t pid) {
 void HostedUnit::checkUndoAndRedo() {
     if (!window_ || !window_->isVisible()) return;
     if (window_->mouseCapture() || window_->isKeyHeld()) return; // the history waits for the end of a gesture
-    wait(1); // a snapshot is due half a second after the last change
-    wait(1);
+    // Just opened, the editor has its live pictures, hands over what it shares and takes the unit's values with a frame
+    // each; a snapshot is due half a second after the last change.
+    for (int i = 0; i < 4; ++i)
+        wait(1);
     QVMKeyboardHandler& keyboard = ui().keyboard();
     const std::optional<QVMSnapshot> before = keyboard.undoRedoStack().currentValues()
                                                   ? std::optional(*keyboard.undoRedoStack().currentValues())
