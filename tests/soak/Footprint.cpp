@@ -1,0 +1,82 @@
+#include "Footprint.h"
+
+#include <X11/Xlib.h>
+#include <X11/extensions/XRes.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include <malloc.h>
+#include <time.h>
+
+namespace slantwise_tests {
+
+namespace {
+
+long entriesOf(const char* folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
+}
+
+long privateDirtyKb() {
+    std::ifstream rollup("/proc/self/smaps_rollup");
+    for (std::string line; std::getline(rollup, line);) {
+        if (line.rfind("Private_Dirty:", 0) == 0) return std::atol(line.c_str() + line.find(':') + 1);
+    }
+    return 0;
+}
+
+long resourcesOf(Display* display, const XResClient& client) {
+    int count = 0;
+    XResType* types = nullptr;
+    XResQueryClientResources(display, client.resource_base, &count, &types);
+    long sum = 0;
+    for (int i = 0; i < count; ++i)
+        sum += static_cast<long>(types[i].count);
+    XFree(types);
+    return sum;
+}
+
+// By a connection of its own, which goes with the call.
+long serverResources() {
+    const std::unique_ptr<Display, int (*)(Display*)> display(XOpenDisplay(nullptr), XCloseDisplay);
+    if (!display) return 0;
+    int count = 0;
+    XResClient* clients = nullptr;
+    XResQueryClients(display.get(), &count, &clients);
+    long sum = 0;
+    for (int i = 0; i < count; ++i)
+        sum += resourcesOf(display.get(), clients[i]);
+    XFree(clients);
+    return sum;
+}
+
+} // namespace
+
+Footprint Footprint::now() {
+    malloc_trim(0);
+    const struct mallinfo2 info = mallinfo2();
+    Footprint print;
+    print.heapBytes = static_cast<long>(info.uordblks + info.hblkhd);
+    print.privateDirtyKb = slantwise_tests::privateDirtyKb();
+    print.threads = entriesOf("/proc/self/task");
+    print.openFiles = entriesOf("/proc/self/fd");
+    print.serverResources = slantwise_tests::serverResources();
+    return print;
+}
+
+double Footprint::threadSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+}
+
+void Footprint::print(const char* when) const {
+    std::printf("  %-10s heap %ld bytes, private dirty %ld KB, threads %ld, open files %ld, X resources %ld\n", when,
+                heapBytes, privateDirtyKb, threads, openFiles, serverResources);
+}
+
+} // namespace slantwise_tests
