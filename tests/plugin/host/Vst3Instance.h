@@ -30,7 +30,6 @@ public:
     std::string textOf(Steinberg::Vst::ParamID id, double normalisedValue) const;
 
     // For what the rest leaves out. The component is neither set up nor active.
-    Steinberg::Vst::IComponent& component() const { return *component_; }
     Steinberg::IPtr<Steinberg::Vst::IAudioProcessor> audio() const;
 
     // Blocks of 64 frames at 48 kHz, a square wave of amplitude 1; the highest sample of the last.
