@@ -36,7 +36,8 @@ public:
     float number() { return std::bit_cast<float>(word()); }
     // A byte says how long it is, in units of `step` bytes.
     std::string text(std::size_t step = 1) {
-        const std::size_t length = std::min(byte() * step, left_.size());
+        const std::size_t wanted = byte() * step; // read before it is asked what is left
+        const std::size_t length = std::min(wanted, left_.size());
         const std::string value(left_.begin(), left_.begin() + static_cast<std::ptrdiff_t>(length));
         left_ = left_.subspan(length);
         return value;
