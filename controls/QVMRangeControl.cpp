@@ -87,14 +87,15 @@ void QVMRangeControl::updateRangeAnimated(Animate animate) {
 
 void QVMRangeControl::followMember(const QVMParameterControl& member) {
     const QVMVerticalSlider* slider = sliderOf(&member);
-    updateRangeAnimated(slider && slider->isHandleGliding() ? Animate::yes : Animate::no);
+    updateRangeAnimated(slider && slider->layers().isHandleGliding() ? Animate::yes : Animate::no);
 }
 
 View* QVMRangeControl::hitTest(Point pointInSuperview) {
     View* hit = interactive_ ? QVMParameterControl::hitTest(pointInSuperview) : nullptr;
     if (!hit || !superview()) return hit;
     for (QVMVerticalSlider* slider : {sliderOf(low_), sliderOf(high_)}) {
-        if (slider && slider->isOnHandle(slider->coordinates().fromView(pointInSuperview, *superview()))) return slider;
+        if (slider && slider->layers().isOnHandle(slider->coordinates().fromView(pointInSuperview, *superview())))
+            return slider;
     }
     return hit;
 }

@@ -58,7 +58,7 @@ void QVMRangeSlider::updateForLowHighAnimation(double low, double high, double s
 }
 
 void QVMRangeSlider::updatePositionForLowHighAnimation(double seconds) {
-    const Rect track = trackRect();
+    const Rect track = layers().trackRect();
     const double from = positionValueFromFloatValue(static_cast<float>(low_));
     const double to = std::max(from, positionValueFromFloatValue(static_cast<float>(high_)));
     const Rect box =
@@ -83,7 +83,7 @@ void QVMRangeSlider::layOut() {
 }
 
 void QVMRangeSlider::layOutTicks() {
-    const Rect track = trackRect();
+    const Rect track = layers().trackRect();
     const double pixels = layer()->look().contentsScale();
     Path lines;
     for (const FrequencyTick& tick : kTicks) {
@@ -91,7 +91,7 @@ void QVMRangeSlider::layOutTicks() {
                              tick.hertz <= parameter().maxValue;
         if (!isShown) continue;
         const double at = std::round((positionValueFromFloatValue(tick.hertz) - 0.5) * pixels) / pixels;
-        const double across = (trackThickness - tick.length) / 2;
+        const double across = (SliderLayers::trackThickness - tick.length) / 2;
         lines.addRect(horizontal() ? Rect{at, track.y + across, 1, tick.length}
                                    : Rect{track.x + across, at, tick.length, 1});
     }

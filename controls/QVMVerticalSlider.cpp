@@ -2,8 +2,9 @@
 
 #include "controls/FineDrag.h"
 #include "controls/QVMFocusBorder.h"
+#include "controls/ReadoutText.h"
+#include "controls/TextFitting.h"
 #include "platform/layer/Transaction.h"
-#include "theme/Colors.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,50 +13,34 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kHorizontalBulbOverhang = 58; // a lying track reaches below its handle's ends by this much
+constexpr double kFocusRounding = 0.5; // a share: below 1, of the height
 constexpr double kRetrySeconds = 0.1;
-
-BulbPointer pointerFor(const QVMParameter& parameter) {
-    if (parameter.range.empty()) return BulbPointer::none;
-    return parameter.range.boolValue("low") ? BulbPointer::down : BulbPointer::up;
-}
 
 } // namespace
 
 QVMVerticalSlider::QVMVerticalSlider(const Rect& frame, const QVMParameter& parameter)
-    : QVMFloatControl(frame, parameter), horizontal_(parameter.horizontal),
-      background_(std::make_shared<Layer>(YAxis::up)), bulb_(QVMCGColor(parameter.color), pointerFor(parameter)) {
-    background_->setName("track");
-    layer()->tree().add(background_);
-    layer()->tree().add(scale_.layer());
-    layer()->tree().add(bulb_.bulb());
-    bulb_.bulb()->tree().add(highlight()); // it travels with the handle
-    sizeReadoutToFitWidestValue();
+    : QVMFloatControl(frame, parameter), layers_(*this, parameter) {
+    readoutBulb()->tree().add(highlight()); // it travels with the handle
     QVMVerticalSlider::layOut();
     setDisplayText(floatValue());
 }
 
-void QVMVerticalSlider::calculateSliderPixelExtents() {
-    lowest_ = horizontal_ ? bulb_.width() - kHorizontalBulbOverhang : ReadoutBulb::height;
-    highest_ = (horizontal_ ? frame().width : frame().height) - lowest_;
-}
-
-Point QVMVerticalSlider::pointFromRelevant(double position) const {
-    return horizontal_ ? Point{position, 0} : Point{0, position};
+void QVMVerticalSlider::layOut() {
+    const Transaction atOnce = Transaction::disablingActions();
+    layers_.layOut([this](float value) { return positionValueFromFloatValue(value); });
+    layers_.moveHandle(idealHandleValue(), Animate::no);
+    const Rect capsule = {0, 0, layers_.bulb().width(), ReadoutBulb::height};
+    animateHighlightToFramePositionRoundingInset(capsule.insetBy(0, -1), {}, kFocusRounding, true);
 }
 
 double QVMVerticalSlider::positionValueFromFloatValue(float value) const {
-    const double position = std::round(positionFromFraction(parameter().percentageFromFloatValue(value)));
-    return std::isfinite(position) ? position : lowest_;
+    const double position = std::round(layers_.axis().positionAt(parameter().percentageFromFloatValue(value)));
+    return std::isfinite(position) ? position : lowest();
 }
 
 float QVMVerticalSlider::floatValueFromPositionValueGranularity(double position, std::int32_t granularity) const {
-    const auto fraction = static_cast<float>(fractionFromPosition(position));
+    const auto fraction = static_cast<float>(layers_.axis().fractionAt(position));
     return limitFloat(parameter().normalizedFloatValueFromPercent(fraction, granularity));
-}
-
-bool QVMVerticalSlider::isHandleGliding() const {
-    return relevantFromPoint(readoutBulb()->presentation().position) != handleValue();
 }
 
 void QVMVerticalSlider::normalizeAndMoveToPositionAnimateSendActionGranularity(double position, Animate animate,
@@ -67,12 +52,12 @@ void QVMVerticalSlider::normalizeAndMoveToPositionAnimateSendActionGranularity(d
 }
 
 float QVMVerticalSlider::valueReachedAt(double position, std::int32_t granularity) const {
-    return floatValueFromPositionValueGranularity(std::max(lowest_, std::min(position, highest_)), granularity);
+    return floatValueFromPositionValueGranularity(std::max(lowest(), std::min(position, highest())), granularity);
 }
 
 void QVMVerticalSlider::updatePositionFloatValueAnimateSendAction(double position, float value, Animate animate,
                                                                   SendAction send) {
-    if (handleValue() != position) moveBulb(position, setOnce_ ? animate : Animate::no);
+    if (handleValue() != position) layers_.moveHandle(position, setOnce_ ? animate : Animate::no);
     setDisplayText(value);
     if (send == SendAction::no) return;
     setFloatValueFromInteraction(value, ValueOrigin::interaction);
@@ -81,13 +66,6 @@ void QVMVerticalSlider::updatePositionFloatValueAnimateSendAction(double positio
 
 void QVMVerticalSlider::moveToExactFloatValue(float value) {
     updatePositionFloatValueAnimateSendAction(positionValueFromFloatValue(value), value, Animate::no, SendAction::yes);
-}
-
-void QVMVerticalSlider::moveBulb(double position, Animate animate) {
-    const double across = bulbCenter();
-    const Transaction transaction =
-        animate == Animate::yes ? Transaction::animated(glideSeconds) : Transaction::disablingActions();
-    readoutBulb()->setPosition(horizontal_ ? Point{position, across} : Point{across, position});
 }
 
 double QVMVerticalSlider::diffMultForGranularityFloatValue(std::int32_t granularity, float value) const {
@@ -100,7 +78,7 @@ void QVMVerticalSlider::setFloatValueFromInteraction(float value, ValueOrigin or
     if (dragging_) return;
     if (origin == ValueOrigin::interaction) {
         latentValue_ = value;
-        if (writeLocked_ || isHandleGliding()) {
+        if (writeLocked_ || layers_.isHandleGliding()) {
             retry_.schedule(kRetrySeconds, [this] { retrySettingLatentValue(); });
             return;
         }
@@ -122,7 +100,7 @@ void QVMVerticalSlider::handleMouseDownWithEventGranularities(const QVMEvent& ev
     dragging_ = false;
     const double position = relevantFromPoint(event.point);
     // A replayed gesture is another control's: it is only aimed along the axis, and always at the handle.
-    if (event.simulated || isOnHandle(event.point)) {
+    if (event.simulated || layers_.isOnHandle(event.point)) {
         clickOffset_ = position - idealHandleValue();
         isHandlePressed_ = true;
     } else if (handleCueClick(event.point)) {
@@ -133,20 +111,19 @@ void QVMVerticalSlider::handleMouseDownWithEventGranularities(const QVMEvent& ev
                                                                QVMGranularityNormal);
         isHandlePressed_ = true;
     }
-    percentageWas_ = naivePercentageWas_ = fractionFromPosition(idealHandleValue());
+    percentageWas_ = naivePercentageWas_ = layers_.axis().fractionAt(idealHandleValue());
     writeLocked_ = true;
     showBulbState();
 }
 
 bool QVMVerticalSlider::handleCueClick(Point point) {
-    const std::vector<QVMCueRect>& cues = cueRects();
-    const auto hit =
-        std::find_if(cues.begin(), cues.end(), [&](const QVMCueRect& c) { return c.rect.contains(point); });
-    if (hit == cues.end()) return false;
+    const QVMCueRect* hit = layers_.cueAt(point);
+    if (!hit) return false;
     clickOffset_ = 0;
     float value = hit->value;
     if (hit->indexed) {
-        const auto index = static_cast<float>(hit - cues.begin()), last = static_cast<float>(cues.size() - 1);
+        const auto index = static_cast<float>(hit - cueRects().data()),
+                   last = static_cast<float>(cueRects().size() - 1);
         value = limitFloat(parameter().normalizedFloatValueFromPercent(index / last, QVMGranularityFine));
     }
     setFloatValueFromInteraction(value, ValueOrigin::interaction);
@@ -163,8 +140,8 @@ void QVMVerticalSlider::handleMouseDraggedWithEventGranularities(const QVMEvent&
 }
 
 void QVMVerticalSlider::dragFine(double position, bool reanchor) {
-    if (reanchor) percentageWas_ = naivePercentageWas_ = fractionFromPosition(idealHandleValue());
-    const double fraction = fractionFromPosition(position);
+    if (reanchor) percentageWas_ = naivePercentageWas_ = layers_.axis().fractionAt(idealHandleValue());
+    const double fraction = layers_.axis().fractionAt(position);
     const double moved =
         (fraction - percentageWas_) * diffMultForGranularityFloatValue(QVMGranularityFine, floatValue());
     const double reached = naivePercentageWas_ + moved;
@@ -187,6 +164,60 @@ void QVMVerticalSlider::handleMetaActionWithEvent(std::int32_t code, const QVMEv
     if (code == QVMMetaActionDown) handleMouseDownEvent(replayed);
     if (code == QVMMetaActionDragged) handleMouseDraggedEvent(replayed);
     if (code == QVMMetaActionUp) handleMouseUpEvent(replayed);
+}
+
+AttributedString QVMVerticalSlider::formattedReadoutStringForValueSuffixFontSize(
+    const std::string& value, const std::optional<std::string>& suffix, double fontSize) {
+    return readoutText(value, suffix, fontSize);
+}
+
+AttributedString QVMVerticalSlider::potentiallyShrunkenVersionOfString(const AttributedString& text) const {
+    return shrunkenToWidth(text, layers_.bulb().textWidth());
+}
+
+void QVMVerticalSlider::setDisplayText(float value) {
+    if (!displayingTransientBufferValue_) layers_.showValue(value);
+}
+
+void QVMVerticalSlider::themeUpdated() {
+    layOut();
+    if (!displayingTransientBufferValue_) setDisplayText(floatValue());
+}
+
+void QVMVerticalSlider::displayTransientBufferValue(const AttributedString& text) {
+    layers_.bulb().setText(text);
+}
+
+void QVMVerticalSlider::discardTransientBufferValue() {
+    setDisplayingTransientBufferValue(false);
+    setDisplayText(floatValue());
+}
+
+void QVMVerticalSlider::setDisplayingTransientBufferValue(bool displaying) {
+    displayingTransientBufferValue_ = displaying;
+    layers_.bulb().setTyping(displaying);
+}
+
+double QVMVerticalSlider::transientStringPreferredFontSize() const {
+    return SliderLayers::readoutSize;
+}
+
+void QVMVerticalSlider::mouseMoved(const Event& event) {
+    const Point point = coordinates().fromWindow(event.locationInWindow);
+    isHandleHovered_ = layers_.isOnHandle(point);
+    isHandlePressed_ = false; // no button is down, even if its release was not ours to see
+    setCursor(!isDisabled() && (isHandleHovered_ || layers_.cueAt(point)) ? Cursor::pointingHand : Cursor::arrow);
+    showBulbState();
+}
+
+void QVMVerticalSlider::mouseExited(const Event&) {
+    isHandleHovered_ = false;
+    showBulbState();
+}
+
+void QVMVerticalSlider::showBulbState() {
+    const bool isHovered = isHandleHovered_ && !isDisabled() && !dimmed();
+    layers_.bulb().setState(isHandlePressed_ ? BulbState::pressed : isHovered ? BulbState::hovered : BulbState::normal);
 }
 
 } // namespace QVM_NAMESPACE

@@ -8,8 +8,7 @@
 #pragma once
 
 #include "controls/QVMFloatControl.h"
-#include "controls/ReadoutBulb.h"
-#include "controls/SliderScale.h"
+#include "controls/SliderLayers.h"
 #include "platform/runloop/DelayedCall.h"
 
 namespace QVM_NAMESPACE {
@@ -19,39 +18,21 @@ enum class ValueOrigin : bool { model, interaction };
 
 class QVMVerticalSlider : public QVMFloatControl, public QVMTransientBufferDisplay {
 public:
-    static constexpr double trackThickness = 14; // points
-    static constexpr double glideSeconds = 0.1;  // of an animated move
-
     QVMVerticalSlider(const Rect& frame, const QVMParameter& parameter);
 
     // Geometry: points along the slider's axis, of the handle's centre.
-    bool horizontal() const { return horizontal_; }
-    double lowest() const { return lowest_; }
-    double highest() const { return highest_; }
-    double range() const { return highest_ - lowest_; }
-    void calculateSliderPixelExtents();
-    double relevantFromPoint(Point point) const { return horizontal_ ? point.x : point.y; }
-    double fractionFromPosition(double position) const { return (position - lowest_) / range(); }
-    double positionFromFraction(double fraction) const { return range() * fraction + lowest_; }
+    bool horizontal() const { return layers_.axis().horizontal; }
+    double lowest() const { return layers_.axis().lowest; }
+    double highest() const { return layers_.axis().highest; }
+    double range() const { return layers_.axis().range(); }
+    void calculateSliderPixelExtents() { layers_.calculateExtents(); }
+    double relevantFromPoint(Point point) const { return layers_.axis().coordinateOf(point); }
     // Rounded to whole points; the lowest position for a value that has none.
     double positionValueFromFloatValue(float value) const;
     float floatValueFromPositionValueGranularity(double position, std::int32_t granularity) const;
-    // Where the handle belongs, where its layer is, and whether it is still on the way there.
+    // Where the handle belongs, and where its layer is.
     double idealHandleValue() const { return positionValueFromFloatValue(floatValue()); }
-    double handleValue() const { return relevantFromPoint(readoutBulb()->position()); }
-    bool isHandleGliding() const;
-    // Whether a point (own coordinates) is on the handle or its pointer.
-    bool isOnHandle(Point point) const { return bulb_.contains(point); }
-    // The groove, own coordinates: what shows inside it belongs into `background()`, below the handle.
-    Rect trackRect() const;
-    // Adds a view that covers the slider and is seen in the track only, below the scale and the handle. It takes no
-    // clicks.
-    template <class T>
-    T& addInTrack(std::unique_ptr<T> view) {
-        T& added = *view;
-        placeInTrack(std::move(view));
-        return added;
-    }
+    double handleValue() const { return layers_.handlePosition(); }
 
     // Moving. Positions are clamped to the track; the handle snaps to the place of the value that results.
     void normalizeAndMoveToPositionAnimateSendActionGranularity(double position, Animate animate, SendAction send,
@@ -69,10 +50,10 @@ public:
     bool writeLocked() const { return writeLocked_; }
     // Whether the handle has been placed at all; the first time it does not glide.
     bool setOnce() const { return setOnce_; }
-    const std::vector<QVMCueRect>& cueRects() const { return scale_.cueRects(); }
+    const std::vector<QVMCueRect>& cueRects() const { return layers_.cueRects(); }
 
     // Text. Makes the handle as wide as its widest value needs, but not narrower than usual.
-    void sizeReadoutToFitWidestValue();
+    void sizeReadoutToFitWidestValue() { layers_.sizeHandleToFitWidestValue(); }
     AttributedString potentiallyShrunkenVersionOfString(const AttributedString& text) const;
     static AttributedString formattedReadoutStringForValueSuffixFontSize(const std::string& value,
                                                                          const std::optional<std::string>& suffix,
@@ -83,12 +64,21 @@ public:
     void setDisplayingTransientBufferValue(bool displaying) override;
     double transientStringPreferredFontSize() const override;
 
-    // Layers.
-    const std::shared_ptr<Layer>& background() const { return background_; }
-    const std::shared_ptr<Layer>& readoutBulb() const { return bulb_.bulb(); }
-    const std::shared_ptr<ShapeLayer>& readoutBg() const { return bulb_.background(); }
-    const std::shared_ptr<ShapeLayer>& readoutBorder() const { return bulb_.border(); }
-    const std::shared_ptr<TextLayer>& readout() const { return bulb_.text(); }
+    // What is seen: where it stands, and its parts by name.
+    const SliderLayers& layers() const { return layers_; }
+    const std::shared_ptr<Layer>& background() const { return layers_.background(); }
+    const std::shared_ptr<Layer>& readoutBulb() const { return layers_.bulb().bulb(); }
+    const std::shared_ptr<ShapeLayer>& readoutBg() const { return layers_.bulb().background(); }
+    const std::shared_ptr<ShapeLayer>& readoutBorder() const { return layers_.bulb().border(); }
+    const std::shared_ptr<TextLayer>& readout() const { return layers_.bulb().text(); }
+    // Adds a view that covers the slider and is seen in the track only, below the scale and the handle. It takes no
+    // clicks.
+    template <class T>
+    T& addInTrack(std::unique_ptr<T> view) {
+        T& added = *view;
+        layers_.addInTrack(std::move(view));
+        return added;
+    }
 
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities&) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
@@ -96,7 +86,7 @@ public:
     void pressDidEnd(const QVMEvent& event) override;
     void handleMetaActionWithEvent(std::int32_t code, const QVMEvent* event) override;
     void themeUpdated() override;
-    void frameDidChange() override;
+    void frameDidChange() override { layOut(); }
     void viewDidMoveToWindow() override { layOut(); }
     void viewDidChangeBackingProperties() override { layOut(); }
     void mouseEntered(const Event& event) override { mouseMoved(event); }
@@ -104,7 +94,7 @@ public:
     void mouseExited(const Event& event) override;
 
     // Named by the contract and not used in this product: the point on the track at a position.
-    Point pointFromRelevant(double position) const;
+    Point pointFromRelevant(double position) const { return layers_.axis().pointAt(position); }
 
 protected:
     // Places and colours everything; the handle is moved at once.
@@ -112,22 +102,13 @@ protected:
     void setDragging(bool dragging) { dragging_ = dragging; }
 
 private:
-    void placeInTrack(std::unique_ptr<View> view);
-    void layOutTrackContent();
-    bool isMember() const { return !parameter().range.empty(); }
-    double trackCenter() const;
-    double bulbCenter() const;
     float valueReachedAt(double position, std::int32_t granularity) const;
     bool handleCueClick(Point point);
     void dragFine(double position, bool reanchor);
-    void moveBulb(double position, Animate animate);
     void setDisplayText(float value);
-    AttributedString textForValue(float value) const;
     void retrySettingLatentValue() { setFloatValueFromInteraction(latentValue_, ValueOrigin::interaction); }
     void showBulbState();
 
-    bool horizontal_;
-    double lowest_ = 0, highest_ = 0;
     double clickOffset_ = 0;                            // from the handle's centre to where it was grabbed
     double percentageWas_ = 0, naivePercentageWas_ = 0; // fine drag: under the pointer, and reached, unclamped
     double simDiff_ = 0;                                // from the pointer of a replayed gesture to this handle
@@ -135,10 +116,7 @@ private:
     float latentValue_ = 0; // waits for the handle to be free
     bool displayingTransientBufferValue_ = false;
     bool isHandleHovered_ = false, isHandlePressed_ = false;
-    std::shared_ptr<Layer> background_;
-    View* trackContent_ = nullptr; // as large as the track; null while nothing was added there
-    SliderScale scale_;
-    ReadoutBulb bulb_;
+    SliderLayers layers_;
     DelayedCall retry_;
 };
 

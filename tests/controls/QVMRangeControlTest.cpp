@@ -96,7 +96,7 @@ TEST_F(Pair, TheBandEndsUnderTheHandlesAndItsTrackMatchesTheirs) {
     EXPECT_DOUBLE_EQ(band.minX(), sliderOf(low).handleValue());
     EXPECT_DOUBLE_EQ(band.maxX(), sliderOf(high).handleValue());
     EXPECT_DOUBLE_EQ(band.height, 14);
-    EXPECT_EQ(bottom->rangeSlider()->trackRect(), (Rect{11, 0, 238, 14}));
+    EXPECT_EQ(bottom->rangeSlider()->layers().trackRect(), (Rect{11, 0, 238, 14}));
 }
 
 TEST_F(Pair, TheBandFollowsAMemberAtOnceAndGlidesWithAGlidingOne) {

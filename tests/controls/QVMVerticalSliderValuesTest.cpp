@@ -19,11 +19,11 @@ TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelGlideAndSendNothing) {
     show(slider, 0);
     GestureRecord record(slider);
     slider.setFloatValue(18);
-    EXPECT_TRUE(slider.isHandleGliding());
+    EXPECT_TRUE(slider.layers().isHandleGliding());
     EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
     EXPECT_LT(slider.readoutBulb()->presentation().position.x, 256);
-    time.advance(QVMVerticalSlider::glideSeconds + 0.01);
-    EXPECT_FALSE(slider.isHandleGliding());
+    time.advance(SliderLayers::glideSeconds + 0.01);
+    EXPECT_FALSE(slider.layers().isHandleGliding());
     EXPECT_THAT(record.lines, IsEmpty());
 }
 
@@ -33,17 +33,17 @@ TEST_F(QVMVerticalSliderValuesTest, TheFirstValueIsThereAtOnce) {
     slider.setFloatValue(18);
     EXPECT_TRUE(slider.setOnce());
     EXPECT_DOUBLE_EQ(slider.handleValue(), 256);
-    EXPECT_FALSE(slider.isHandleGliding());
+    EXPECT_FALSE(slider.layers().isHandleGliding());
 }
 
 TEST_F(QVMVerticalSliderValuesTest, AClickOnTheTrackCountsAsAFirstValueToo) {
     QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     press(slider, at(slider, 200));
     EXPECT_TRUE(slider.setOnce());
-    EXPECT_FALSE(slider.isHandleGliding()) << "the first";
+    EXPECT_FALSE(slider.layers().isHandleGliding()) << "the first";
     release(slider, at(slider, 200));
     press(slider, at(slider, 60));
-    EXPECT_TRUE(slider.isHandleGliding()) << "the second";
+    EXPECT_TRUE(slider.layers().isHandleGliding()) << "the second";
 }
 
 TEST_F(QVMVerticalSliderValuesTest, ValuesFromTheModelDuringADragAreStoredButDoNotMoveTheHandle) {

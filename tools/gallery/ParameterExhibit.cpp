@@ -52,7 +52,7 @@ QVMParameterControl& ParameterExhibit::addControl(const Rect& frame, const Galle
 }
 
 void ParameterExhibit::addBand() {
-    constexpr double thickness = QVMVerticalSlider::trackThickness;
+    constexpr double thickness = SliderLayers::trackThickness;
     const Rect frame{0, bounds().midY() - thickness / 2 + kBandDrop, bounds().width, thickness};
     const auto make = [&] {
         auto range =

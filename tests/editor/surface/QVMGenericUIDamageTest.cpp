@@ -35,7 +35,7 @@ TEST_F(QVMGenericUIDamage, ALevelDamagesTheTrackOnly) {
     object().levelMeter()->channel(0).level = -6;
     const RenderStatistics& statistics = drawFrame();
     EXPECT_THAT(statistics.rasterised, ElementsAre("sketch"));
-    const Rect track = gainSlider().coordinates().toWindow(gainSlider().trackRect());
+    const Rect track = gainSlider().coordinates().toWindow(gainSlider().layers().trackRect());
     ASSERT_FALSE(statistics.damage.empty());
     for (const Rect& damaged : statistics.damage)
         EXPECT_TRUE(track.contains(damaged));

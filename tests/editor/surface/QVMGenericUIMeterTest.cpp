@@ -37,7 +37,7 @@ TEST_F(QVMGenericUIMeter, TheMeterStandsOverTheGainSliderWhereItsSketchSays) {
 
 TEST_F(QVMGenericUIMeter, TheMetersBarsLieInsideTheTrack) {
     const PBRect& track = PB_Parameters[pidOutputGain].track;
-    const Rect groove = gainSlider().trackRect();
+    const Rect groove = gainSlider().layers().trackRect();
     EXPECT_GT(track.x - track.w / 2, groove.minX());
     EXPECT_LT(track.x + track.w * 1.5, groove.maxX());
     // A full bar ends at the middle of a handle at the top.

@@ -43,14 +43,14 @@ protected:
 TEST_F(MeterTrack, AValueStandsAtTheSameHeightOnMeterAndSlider) {
     for (float value = -96; value <= 12; value += 0.5f) {
         const float fill = parameter.percentageFromFloatValue(value);
-        EXPECT_NEAR(track.y + track.h * fill, slider.positionFromFraction(fill), 1e-3) << value;
+        EXPECT_NEAR(track.y + track.h * fill, slider.layers().axis().positionAt(fill), 1e-3) << value;
     }
     EXPECT_EQ(track.y, slider.lowest());
     EXPECT_EQ(track.y + track.h, slider.highest());
 }
 
 TEST_F(MeterTrack, TwoChannelsStandCentredInsideTheGroove) {
-    const Rect groove = slider.trackRect();
+    const Rect groove = slider.layers().trackRect();
     const double left = track.x - 0.5 * track.w, right = track.x + 1.5 * track.w;
     EXPECT_EQ((left + right) / 2, groove.midX());
     EXPECT_GT(left, groove.minX());
