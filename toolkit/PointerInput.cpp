@@ -32,18 +32,40 @@ void PointerInput::endLostPress() {
 }
 
 void PointerInput::losePress() {
+    endPress();
+    // Not in the middle of the event that the toolkit is telling of.
+    toolkitRelease_.schedule(0, [this] { releaseInToolkit(); });
+}
+
+void PointerInput::leave() {
+    if (isHeldByToolkit()) {
+        endPress();
+        releaseInToolkit();
+    }
+    toolTips_ = nullptr;
+}
+
+void PointerInput::endPress() {
     keys_.setPressed(false);
     window_.cancelPress();
-    // The toolkit waits for a release that never comes: until then all moves would be drags, and the next press none.
-    toolkitRelease_.schedule(0, [this] {
-        juce::ComponentPeer* const peer = component_.getPeer();
-        if (!peer) return;
-        juce::ModifierKeys::currentModifiers = juce::ModifierKeys::currentModifiers.withoutMouseButtons();
-        const juce::Point<float> at = juce::Desktop::getInstance().getMainMouseSource().getScreenPosition();
-        peer->handleMouseEvent(juce::MouseInputSource::InputSourceType::mouse, peer->globalToLocal(at),
-                               juce::ModifierKeys::currentModifiers, juce::MouseInputSource::defaultPressure,
-                               juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
-    });
+}
+
+// Whether the toolkit takes a button for held that was pressed in the component or its menu, or in what is gone by now.
+bool PointerInput::isHeldByToolkit() const {
+    const juce::MouseInputSource pointer = juce::Desktop::getInstance().getMainMouseSource();
+    const juce::Component* const pressed = pointer.getComponentUnderMouse();
+    return pointer.isDragging() && (!pressed || pressed == &component_ || component_.isParentOf(pressed));
+}
+
+// The toolkit waits for a release that never comes: until then all moves would be drags, and the next press none.
+void PointerInput::releaseInToolkit() {
+    juce::ComponentPeer* const peer = component_.getPeer();
+    if (!peer) return;
+    juce::ModifierKeys::currentModifiers = juce::ModifierKeys::currentModifiers.withoutMouseButtons();
+    const juce::Point<float> at = juce::Desktop::getInstance().getMainMouseSource().getScreenPosition();
+    peer->handleMouseEvent(juce::MouseInputSource::InputSourceType::mouse, peer->globalToLocal(at),
+                           juce::ModifierKeys::currentModifiers, juce::MouseInputSource::defaultPressure,
+                           juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
 }
 
 void PointerInput::down(const juce::MouseEvent& event) {

@@ -38,13 +38,17 @@ public:
     juce::String toolTip() const;
     // Who types looks at what is typed: there are none until the pointer is used again.
     void quietToolTips() { areToolTipsQuiet_ = true; }
-    // Before the component goes.
-    void closeToolTips() { toolTips_ = nullptr; }
+    // Before the component goes: its tool tip is closed, and a press in it ends for the toolkit too, whose pointer
+    // would carry it into the next window.
+    void leave();
 
 private:
     void send(const juce::MouseEvent& event, EventType type);
     bool isPressLost();
     void losePress();
+    void endPress();
+    bool isHeldByToolkit() const;
+    void releaseInToolkit();
 
     juce::Component& component_;
     Window& window_;

@@ -25,7 +25,7 @@ WindowComponent::WindowComponent(Embedding embedding)
 WindowComponent::~WindowComponent() {
     window_.setHost(nullptr);
     menu_.dismiss();
-    pointer_.closeToolTips();
+    pointer_.leave();
     frames_.setRootLayer(nullptr);
 }
 

@@ -108,6 +108,36 @@ TEST_F(PointerInputTest, AfterALostPressThePointerHoldsNothingAndTheNextPressIsO
     EXPECT_THAT(take(), ::testing::IsSupersetOf({std::string("v down"), std::string("v up")}));
 }
 
+TEST_F(PointerInputTest, PressEndsWithTheWindowAndTheNextOneIsTheNextWindows) {
+    for (const int button : {Mods::leftButtonModifier, Mods::rightButtonModifier, Mods::middleButtonModifier}) {
+        Mods::currentModifiers = Mods(button);
+        press({10, 20}, button);
+        component.reset();
+        EXPECT_FALSE(Mods::currentModifiers.isAnyMouseButtonDown());
+        component = std::make_unique<WindowComponent>(WindowComponent::Embedding::inHost);
+        view = &component->window().setContentView(std::make_unique<EventListener>("v", record, Rect{0, 0, 100, 80}));
+        desktop = std::make_unique<FakeDesktopWindow>(*component);
+        take();
+        press({30, 20});
+        EXPECT_THAT(take(), ::testing::Contains("v down"));
+        release({30, 20});
+    }
+}
+
+TEST_F(PointerInputTest, PressInAnotherWindowGoesOnWhenThisOneGoes) {
+    WindowComponent other(WindowComponent::Embedding::inHost);
+    other.window().setContentView(std::make_unique<EventListener>("w", record, Rect{0, 0, 100, 80}));
+    FakeDesktopWindow otherDesktop(other);
+    otherDesktop.peer().mouse({10, 20}, Mods::leftButtonModifier, now += 10);
+    component.reset();
+    take();
+    otherDesktop.peer().mouse({40, 30}, Mods::leftButtonModifier, now += 10);
+    EXPECT_THAT(take(), ElementsAre("w dragged"));
+    otherDesktop.peer().mouse({40, 30}, 0, now += 10);
+    component = std::make_unique<WindowComponent>(WindowComponent::Embedding::inHost); // for the fixture's end
+    desktop = std::make_unique<FakeDesktopWindow>(*component);
+}
+
 TEST_F(PointerInputTest, WindowMayBeDestroyedByWhatItsViewsDo) {
     view->also = [this](const std::string& word) {
         if (word == "up") component.reset();

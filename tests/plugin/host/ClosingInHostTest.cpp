@@ -90,6 +90,16 @@ protected:
         press(button);
         release(button);
     }
+    // Takes the handle of the tilt gain, wherever on its track it is, and moves it with the button held.
+    void beginDrag() {
+        const int begun = edits_.begun;
+        point(160, 79);
+        press();
+        point(180, 79);
+        point(200, 79);
+        ASSERT_EQ(edits_.begun, begun + 1);
+        ASSERT_FALSE(edits_.areEnded());
+    }
     // Takes the view away as it is, and opens another, which is to be as good as
     // the first.
     void closeAndOpen() {
@@ -109,16 +119,32 @@ protected:
     std::unique_ptr<Vst3View> view_;
 };
 
-TEST_F(ClosingInHost, InMidDragTheGestureEnds) {
-    point(160, 79); // the handle of the tilt gain
-    press();
-    point(180, 79);
-    point(200, 79);
-    ASSERT_FALSE(edits_.areEnded());
+TEST_F(ClosingInHost, InMidDragTheGestureEndsAndTheNextEditorsFirstPressDrags) {
+    beginDrag();
     view_.reset();
     EXPECT_TRUE(edits_.areEnded());
     screen_.button(1, false);
     open();
+    beginDrag();
+    release();
+    EXPECT_TRUE(view_->runUntil([this] { return edits_.areEnded(); }));
+}
+
+TEST_F(ClosingInHost, InMidDragAndOpenedAgainWithTheButtonStillHeld) {
+    beginDrag();
+    view_.reset();
+    open();
+    release();
+    beginDrag();
+}
+
+TEST_F(ClosingInHost, InMidPressInAMenu) {
+    const Picture before = picture();
+    click(200, 250, 3);
+    ASSERT_TRUE(view_->runUntil([&] { return picture().differingPixels(before) > 5000; }));
+    point(215, 262); // over its first item
+    press();
+    closeAndOpen();
 }
 
 TEST_F(ClosingInHost, WithAMenuOpen) {

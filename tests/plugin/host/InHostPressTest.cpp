@@ -162,6 +162,24 @@ TEST_P(InHostPress, ADragEndsWhereTheKeyboardGoesToAnotherProgram) {
     EXPECT_EQ(gainDb(), value);
 }
 
+TEST_P(InHostPress, AfterAnEditorClosedInMidDragTheFirstPressOfTheNextDrags) {
+    open();
+    pointAt(gainHandle(0));
+    press();
+    glideTo(gainHandle(6));
+    EXPECT_TRUE(comesTrue([this] { return std::abs(gainDb() - 6) < 1; }));
+    plugin_.closeEditor();
+    release();
+    const double left = gainDb();
+    open();
+    pointAt(gainHandle(left));
+    press();
+    glideTo(gainHandle(-6));
+    EXPECT_TRUE(comesTrue([this] { return std::abs(gainDb() + 6) < 1; }));
+    release();
+    EXPECT_TRUE(hasGestureEnded());
+}
+
 INSTANTIATE_TEST_SUITE_P(Vst3, InHostPress, testing::Values(Format::vst3), [](const auto&) { return "Bundle"; });
 INSTANTIATE_TEST_SUITE_P(Lv2, InHostPress, testing::Values(Format::lv2), [](const auto&) { return "Bundle"; });
 
