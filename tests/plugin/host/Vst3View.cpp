@@ -46,6 +46,7 @@ public:
         XSync(display_, False);
     }
     unsigned long window() const { return window_; }
+    bool hasHandlers() const { return !files_.empty() || !timers_.empty(); }
 
     void step() {
         std::vector<pollfd> descriptors;
@@ -175,6 +176,10 @@ Vst3View::Size Vst3View::corner() const {
 
 unsigned long Vst3View::window() const {
     return host_->window();
+}
+
+bool Vst3View::isCalledByHost() const {
+    return host_->hasHandlers();
 }
 
 void Vst3View::run(double seconds) {

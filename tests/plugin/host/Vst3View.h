@@ -41,6 +41,9 @@ public:
     Size corner() const;
     unsigned long window() const;
 
+    // Whether the host's run loop still has something of the plug-in's to call.
+    bool isCalledByHost() const;
+
     void run(double seconds);
     // False when it does not come true within some seconds.
     bool runUntil(const std::function<bool()>& condition);
