@@ -22,7 +22,8 @@ QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config,
     : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), shown_(*this),
       session_(*config_, shown_), focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
       reports_(*this, session_.values().count()), controls_(reports_, session_.values()), parts_(*this, *config_),
-      drawers_(*this, *this), sketches_(*config_, session_.values(), controls_), menus_(*this) {
+      drawers_(*this, *this), sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}),
+      layouts_(*this), menus_(*this) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
@@ -97,7 +98,7 @@ QVMDrawerView& QVMGenericUI::addDrawer(std::unique_ptr<QVMDrawerView> drawer) {
 void QVMGenericUI::addFrameButton() {
     parts_.addFrameButton().setAction([this](Control&) { toggleFrame(); });
     powerBox()->setFrameToggle([this] { toggleFrame(); });
-    powerBox()->setHoverHandler([this](bool isInside) { frameButton()->setPointerNear(isInside); });
+    powerBox()->setHoverHandler([this](bool isInside) { parts_.frameButton()->setPointerNear(isInside); });
 }
 
 void QVMGenericUI::addHudAndNumericMeter() {
@@ -105,6 +106,11 @@ void QVMGenericUI::addHudAndNumericMeter() {
     hud_ = &addSubview(std::make_unique<QVMHUDDisplay>(Rect{}, session_.values().memoized()));
     hud_->setDelegate(this);
     sketches_.addNumericMeter(*powerBox(), [this] { meterTapped(); });
+}
+
+void QVMGenericUI::addSketch() {
+    handover_.addSketches();
+    sketches_.setFocusedPid(focusedPid());
 }
 
 } // namespace QVM_NAMESPACE

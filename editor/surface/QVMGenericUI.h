@@ -16,13 +16,14 @@
 #include "editor/surface/EditorParts.h"
 #include "editor/surface/EditorSketches.h"
 #include "editor/surface/InterfacePreferences.h"
+#include "editor/surface/LayoutVariants.h"
 #include "editor/surface/ParameterControls.h"
 #include "editor/surface/QVMABControl.h"
 #include "editor/surface/QVMGenericUIDelegate.h"
 #include "editor/surface/QVMHUDDisplay.h"
 #include "editor/surface/ShownSession.h"
+#include "editor/surface/SketchHandover.h"
 #include "platform/runloop/NotificationCenter.h"
-#include "viz/sketches/QVMParameterSketchDelegate.h"
 
 #include <memory>
 #include <span>
@@ -35,7 +36,6 @@ namespace QVM_NAMESPACE {
 
 class QVMGenericUI : public View,
                      private QVMHUDDisplayDelegate,
-                     private QVMParameterSketchDelegate,
                      private QVMABControlDelegate,
                      private FocusSurface,
                      private KeyboardSurface,
@@ -110,18 +110,19 @@ public:
     }
     void resetABState(std::span<const float> values) { session_.resetComparison(values); }
 
-    // Layout variants (QVMAltFrame). `requestFrame` asks the delegate, which answers with
+    // Layout variants (LayoutVariants). `requestFrame` asks the delegate, which answers with
     // `assumeAltFrameScaleChanged`.
-    void requestFrame(std::int32_t altFrame);
-    void assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged);
-    void restoreUIState(std::uint32_t state);
-    // An open presets drawer is closed first, and the layout changes half a second later.
-    void toggleFrame() override;
+    void requestFrame(std::int32_t altFrame) { layouts_.request(altFrame); }
+    void assumeAltFrameScaleChanged(std::int32_t altFrame, bool scaleChanged) {
+        layouts_.assume(altFrame, scaleChanged);
+    }
+    void restoreUIState(std::uint32_t state) { layouts_.restore(state); }
+    void toggleFrame() override { layouts_.toggleCompact(); }
     void toggleDoubleWide() override { gearTapped(); }
-    void gearTapped();
-    std::int32_t altFrame() const { return altFrame_; }
+    void gearTapped() { layouts_.toggleDoubleWide(); }
+    std::int32_t altFrame() const { return layouts_.current(); }
     // Where the advanced drawer opens, in the layout that has it.
-    void setDrawerPlace(DrawerPlace place);
+    void setDrawerPlace(DrawerPlace place) { layouts_.setDrawerPlace(place); }
     // What the delegate multiplies the size of a layout variant with.
     float currentScale() const { return currentScale_; }
     void setCurrentScale(float scale) { currentScale_ = scale; }
@@ -165,7 +166,6 @@ public:
     QVMClumpsView* advClumpsView() const { return parts_.advClumpsView(); }
     QVMClumpView* masterClump() const { return parts_.masterClump(); }
     QVMPowerBox* powerBox() const { return parts_.powerBox(); }
-    FrameButton* frameButton() const { return parts_.frameButton(); }
     QVMPresetBar* presetBar() const { return parts_.presetBar(); }
     NoticeView* notice() const { return parts_.notice(); }
     QVMHUDDisplay* hud() const { return hud_; }
@@ -228,14 +228,9 @@ private:
     void addHudAndNumericMeter();
     void addSketch();
 
-    void assumeNextFrame();
-    void assumeFrames();
     void observePreferences();
     std::int32_t focusedPid() const; // -1 for none
 
-    // QVMParameterSketchDelegate: until the unit has the drawing object it is handed over, and nothing is received.
-    StatesAre sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState* states) override;
-    void sketchDidChangeVisibility(QVMParameterSketch& sketch) override;
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
     // QVMABControlDelegate
@@ -253,8 +248,6 @@ private:
     QVMGenericUIDelegate* delegate_ = nullptr;
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
     float currentScale_ = 1;
-    std::int32_t altFrame_ = QVMAltFrameNormal;
-    DrawerPlace drawerPlace_ = DrawerPlace::beside;
 
     ShownSession shown_;
     EditorSession session_;
@@ -265,11 +258,13 @@ private:
     EditorParts parts_;
     EditorDrawers drawers_;
     EditorSketches sketches_;
+    SketchHandover handover_;
+    LayoutVariants layouts_;
     EditorMenus menus_;
     InterfacePreferences preferences_;
 
     QVMHUDDisplay* hud_ = nullptr;
-    DelayedCall toggleFrameCall_, backingScaleCall_, sketchCall_;
+    DelayedCall backingScaleCall_, sketchCall_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::vector<ObservationToken> windowObservations_;
 };

@@ -1,11 +1,14 @@
-// Keyboard focus, keys, clicks, and notifications.
+// Keyboard focus, keys, clicks, menus, and what the window and the preferences say.
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMLogoStamp.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
+#include "platform/layer/Transaction.h"
+#include "platform/view/Menu.h"
 #include "platform/view/Window.h"
+#include "theme/QVMUITheme.h"
 
 namespace QVM_NAMESPACE {
 
@@ -34,7 +37,7 @@ void QVMGenericUI::setHasFocus(bool hasFocus) {
 }
 
 const View* QVMGenericUI::closedDrawer() const {
-    return altFrame_ == QVMAltFrameNormal ? advClumpsView() : nullptr;
+    return altFrame() == QVMAltFrameNormal ? advClumpsView() : nullptr;
 }
 
 void QVMGenericUI::openClosedDrawer() {
@@ -56,6 +59,31 @@ void QVMGenericUI::viewDidMoveToWindow() {
     windowObservations_.push_back(
         center.observe(Window::didResignKeyNotification, window(), [this](const auto&) { setHasFocus(false); }));
     ensureFirstResponder();
+}
+
+void QVMGenericUI::setBackingScaleOnViewRecursively(View& view) {
+    setBackingScaleOnLayerRecursively(*view.layer());
+}
+
+// A view's layers include those of its subviews.
+void QVMGenericUI::setBackingScaleOnLayerRecursively(Layer& layer) {
+    if (!window()) return;
+    layer.look().setContentsScale(window()->backingScaleFactor());
+    for (const auto& sublayer : layer.tree().sublayers())
+        setBackingScaleOnLayerRecursively(*sublayer);
+}
+
+void QVMGenericUI::viewDidChangeBackingProperties() {
+    const auto immediately = Transaction::disablingActions();
+    setBackingScaleOnViewRecursively(*this);
+    sketches_.scaleDidChange();
+}
+
+void QVMGenericUI::toggleUITheme() {
+    QVMUITheme::toggleThemeForWindow(window());
+    if (powerBox()) powerBox()->layer()->look().setNeedsDisplay();
+    layer()->look().setNeedsDisplay();
+    if (delegate_) delegate_->interfaceDidUpdateInterfacePreferenceValue(*this, "theme", 1);
 }
 
 bool QVMGenericUI::wantsKeys() const {
@@ -85,6 +113,14 @@ void QVMGenericUI::mouseUp(const Event& event) {
 
 QVMParameterControl* QVMGenericUI::controlAtWindowPoint(Point pointInWindow) const {
     return controls_.around(window() ? window()->hitTest(pointInWindow) : nullptr);
+}
+
+std::unique_ptr<Menu> QVMGenericUI::menuForEvent(const Event& event) {
+    return menus_.menuForEvent(event);
+}
+
+std::unique_ptr<Menu> QVMGenericUI::menuForKeyboard() {
+    return menus_.menuForKeyboard();
 }
 
 bool QVMGenericUI::togglePresetsDrawer() {

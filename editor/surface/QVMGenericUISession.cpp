@@ -1,7 +1,8 @@
-// What reaches the session from the controls, the bar and the host.
+// What reaches the session from the controls, the bar and the host, and what leaves it for the browser and the unit.
 #include "description/ValueMapping.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetBar.h"
+#include "platform/system/Workspace.h"
 
 #include <algorithm>
 
@@ -47,6 +48,20 @@ void QVMGenericUI::presetUpdated() {
     QVMParameterControl* presets = presetBar() ? presetBar()->presetControl() : nullptr;
     session_.presets().choose(presets ? static_cast<std::uint32_t>(std::max(IntegerPart(presets->floatValue()), 0))
                                       : 0);
+}
+
+void QVMGenericUI::presetSaveTapped() {
+    const std::string address = session_.settings().address();
+    Workspace::current().openUrl(address);
+    Workspace::current().setClipboardString(address);
+}
+
+void QVMGenericUI::openManualWithExtension(const std::string& extension) {
+    Workspace::current().openUrl(session_.settings().baseAddress() + "/manual/" + extension);
+}
+
+void QVMGenericUI::meterTapped() {
+    if (delegate_) delegate_->interfaceWantsToResetMetering(*this);
 }
 
 } // namespace QVM_NAMESPACE

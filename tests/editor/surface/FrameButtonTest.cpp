@@ -21,7 +21,7 @@ protected:
         }
     }
     Point curve() const { return ui_->powerBox()->coordinates().toWindow(Rect{10, 230, 20, 20}).center(); }
-    FrameButton& button() { return *ui_->frameButton(); }
+    FrameButton& button() { return *ui_->parts().frameButton(); }
 };
 
 TEST_F(FrameButtonTest, LeadsToTheCompactFormAndBack) {

@@ -1,0 +1,35 @@
+#include "editor/surface/SketchHandover.h"
+
+#include "editor/surface/QVMGenericUI.h"
+#include "editor/surface/QVMPowerBox.h"
+#include "platform/view/Window.h"
+#include "viz/sketches/QVMParameterSketch.h"
+
+namespace QVM_NAMESPACE {
+
+void SketchHandover::addSketches() {
+    if (ui_.sketch() || !ui_.powerBox()) return;
+    EditorSketches::Settings settings;
+    settings.chanIn = channels_[0];
+    settings.chanOut = channels_[1];
+    if (ui_.window()) settings.scale = static_cast<float>(ui_.window()->backingScaleFactor());
+    if (QVMGenericUIDelegate* delegate = ui_.delegate())
+        delegate->interfaceWantsSampleRateMaxFrames(ui_, settings.sampleRate, settings.maxFrames);
+    ui_.sketches().add(*ui_.powerBox(), EditorLayoutForAltFrame(ui_.altFrame()), *this, settings);
+    ui_.session().values().setComesBack();
+}
+
+void SketchHandover::sketchDidChangeVisibility(QVMParameterSketch&) {
+    ui_.sketches().visibilityDidChange(*ui_.powerBox());
+}
+
+StatesAre SketchHandover::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState*) {
+    QVMGenericUIDelegate* const delegate = ui_.delegate();
+    if (!delegate) return StatesAre::drawnOnly;
+    SharedState* shared = &sketch.getVizRef()->sharedState;
+    if (delegate->interfaceWantsVizRef(ui_) == shared) return StatesAre::theUnits;
+    delegate->interfaceHasReadiedVizRef(ui_, shared);
+    return StatesAre::drawnOnly;
+}
+
+} // namespace QVM_NAMESPACE
