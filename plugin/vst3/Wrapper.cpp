@@ -1,8 +1,8 @@
-// The toolkit's VST3 wrapper, whose classes are given base classes of ours and whose buffers are ours: nothing less than
-// this source, which has its classes to itself, lets the host's handler be replaced before the wrapper keeps it, the
-// records of the parameters be completed, a block be looked at before it is copied, an editor keep what it shows, it be
-// known that the host has said the scale which the wrapper takes for granted, and what the wrapper leaves undone of a
-// block be done.
+// The toolkit's VST3 wrapper, whose classes are given base classes of ours and whose buffers are ours: nothing less
+// than this source, which has its classes to itself, lets the host's handler be replaced before the wrapper keeps it,
+// the records of the parameters be completed, a block be looked at before it is copied, an editor keep what it shows,
+// it be known that the host has said the scale which the wrapper takes for granted, and what the wrapper leaves undone
+// of a block be done.
 #include <juce_core/system/juce_TargetPlatform.h>
 // In the wrapper's own order: each needs the one before.
 #include <juce_core/system/juce_CompilerWarnings.h>
