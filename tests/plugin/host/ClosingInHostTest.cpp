@@ -19,6 +19,8 @@ using namespace Steinberg;
 // What the plug-in tells of edits. It outlives the plug-in: nobody counts.
 class Edits final : public Vst::IComponentHandler {
 public:
+    virtual ~Edits() = default;
+
     std::map<Vst::ParamID, int> open; // gestures by parameter
     std::map<Vst::ParamID, Vst::ParamValue> values;
     int begun = 0;
