@@ -17,7 +17,8 @@ set_source_files_properties(${JUCE_MODULES_DIR}/juce_core/juce_core.cpp
     PROPERTIES COMPILE_DEFINITIONS JUCE_DISABLE_JUCE_VERSION_PRINTING=1)
 # NativePeer.cpp includes this source and adds to it.
 set_source_files_properties(${JUCE_MODULES_DIR}/juce_gui_basics/juce_gui_basics.cpp PROPERTIES HEADER_FILE_ONLY ON)
-target_sources(juce_toolkit PRIVATE ${PROJECT_SOURCE_DIR}/toolkit/NativePeer.cpp)
+target_sources(juce_toolkit PRIVATE
+    ${PROJECT_SOURCE_DIR}/toolkit/GoneWindows.cpp ${PROJECT_SOURCE_DIR}/toolkit/NativePeer.cpp)
 target_include_directories(juce_toolkit PRIVATE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(juce_toolkit PRIVATE
     JUCE_WEB_BROWSER=0 JUCE_USE_CURL=0 JUCE_USE_OGGVORBIS=0 JUCE_USE_MP3AUDIOFORMAT=0 JUCE_USE_CDREADER=0

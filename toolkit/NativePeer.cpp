@@ -7,6 +7,7 @@
 #include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
 #undef ChildProcess
 
+#include "toolkit/GoneWindows.h"
 #include "toolkit/NativePeer.h"
 #include "toolkit/SingleMessage.h"
 
@@ -86,14 +87,30 @@ int checkTypedWindowEvent(::Display* display, ::Window window, int type, XEvent*
     return isFound;
 }
 
+// The toolkit makes a colour map for each window and frees none of them. Those that it makes are all alike, so one for
+// each visual serves every window, and goes with the connection.
+X11Symbols::XCreateColormap makeColourMap = nullptr;
+std::map<Visual*, Colormap> colourMaps;
+
+Colormap sharedColourMap(::Display* display, ::Window window, Visual* visual, int allocation) {
+    Colormap& map = colourMaps[visual];
+    if (map == 0) map = makeColourMap(display, window, visual, allocation);
+    return map;
+}
+
+// Also sees to it that the toolkit's connection costs the host nothing, and does not end it.
 void keepEvents() {
     X11Symbols& x11 = *X11Symbols::getInstance();
     if (x11.xNextEvent == &keepNextEvent) return;
     dispatch.forget(); // the toolkit was started anew
     takeNextEvent = std::exchange(x11.xNextEvent, &keepNextEvent);
     flushNow = std::exchange(x11.xFlush, &flush);
+    colourMaps.clear();
+    makeColourMap = std::exchange(x11.xCreateColormap, &sharedColourMap);
     checkNow = std::exchange(x11.xCheckTypedWindowEvent, &checkTypedWindowEvent);
-    watchRequests(XWindowSystem::getInstance()->getDisplay());
+    ::Display* const display = XWindowSystem::getInstance()->getDisplay();
+    watchRequests(display);
+    disregardGoneWindows(display);
 }
 
 } // namespace

@@ -1,13 +1,11 @@
 #include "Footprint.h"
 
-#include <X11/Xlib.h>
-#include <X11/extensions/XRes.h>
+#include "support/ServerResources.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 
 #include <malloc.h>
@@ -27,31 +25,6 @@ long privateDirtyKb() {
         if (line.rfind("Private_Dirty:", 0) == 0) return std::atol(line.c_str() + line.find(':') + 1);
     }
     return 0;
-}
-
-long resourcesOf(Display* display, const XResClient& client) {
-    int count = 0;
-    XResType* types = nullptr;
-    XResQueryClientResources(display, client.resource_base, &count, &types);
-    long sum = 0;
-    for (int i = 0; i < count; ++i)
-        sum += static_cast<long>(types[i].count);
-    XFree(types);
-    return sum;
-}
-
-// By a connection of its own, which goes with the call.
-long serverResources() {
-    const std::unique_ptr<Display, int (*)(Display*)> display(XOpenDisplay(nullptr), XCloseDisplay);
-    if (!display) return 0;
-    int count = 0;
-    XResClient* clients = nullptr;
-    XResQueryClients(display.get(), &count, &clients);
-    long sum = 0;
-    for (int i = 0; i < count; ++i)
-        sum += resourcesOf(display.get(), clients[i]);
-    XFree(clients);
-    return sum;
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 // go with theirs open.
 #include "plugin/host/Vst3View.h"
 #include "plugin/host/XScreen.h"
+#include "support/ServerErrors.h"
+#include "support/ServerResources.h"
 
 #include <gtest/gtest.h>
 
@@ -179,6 +181,36 @@ TEST_F(ClosingInHost, BeforeTheFirstPicture) {
         if (i % 2 == 0) view_->attach();
     }
     closeAndOpen();
+}
+
+// A host without a handler of its own would end with the first error.
+TEST_F(ClosingInHost, AWindowThatTheHostDestroyedFirstIsNoErrorOfTheServers) {
+    point(160, 79);
+    const ServerErrors errors;
+    view_->destroyWindow();
+    view_->run(1.5); // refreshes, live pictures, and the question who has the keyboard
+    view_->remove();
+    view_->run(0.2);
+    EXPECT_EQ(errors.told(), "");
+    closeAndOpen();
+}
+
+TEST_F(ClosingInHost, TheServerKeepsNoMoreAfterTwentyOpenings) {
+    const auto reopen = [this] {
+        view_.reset();
+        view_ = std::make_unique<Vst3View>(*instance_);
+        view_->attach();
+        view_->run(0.1);
+    };
+    reopen();
+    view_.reset();
+    const long atFirst = serverResources();
+    ASSERT_GT(atFirst, 0);
+    for (int i = 0; i < 20; ++i)
+        reopen();
+    EXPECT_GT(serverResources(), atFirst) << "the open window is counted";
+    view_.reset();
+    EXPECT_EQ(serverResources(), atFirst);
 }
 
 TEST_F(ClosingInHost, TheInstanceGoesWithItsEditorOpen) {

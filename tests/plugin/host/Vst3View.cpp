@@ -166,6 +166,10 @@ void Vst3View::resize(Size frame) {
     view_->onSize(&rect);
 }
 
+void Vst3View::destroyWindow() {
+    host_->close();
+}
+
 std::vector<Vst3View::Size> Vst3View::takeAsked() {
     return std::exchange(host_->asked, {});
 }

@@ -33,6 +33,8 @@ public:
     // Opens the host's window, as large as the view says or as given, and puts the view into it.
     void attach(std::optional<Size> frame = std::nullopt);
     void remove();
+    // The host's window goes with the view in it, and the view has not been told.
+    void destroyWindow();
     // The host gives its window and the view this size.
     void resize(Size frame);
     // The sizes that the plug-in has asked for since the last call.
