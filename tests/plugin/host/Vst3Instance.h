@@ -22,6 +22,7 @@ public:
     Vst3Instance& operator=(const Vst3Instance&) = delete;
     ~Vst3Instance();
 
+    Steinberg::Vst::IComponent& component() const { return *component_; }
     Steinberg::Vst::IEditController& controller() const { return *controller_; }
     std::vector<Steinberg::Vst::ParameterInfo> parameters() const;
     // The one of this title; throws where there is none.
