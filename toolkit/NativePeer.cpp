@@ -3,7 +3,7 @@
 #define JUCE_CORE_INCLUDE_NATIVE_HEADERS 1 // as that source does, before anything of the toolkit is included
 #include "toolkit/DesktopQuestion.h"
 
-#define ChildProcess DesktopQuestion
+#define ChildProcess DesktopQuestion           // NOLINT(readability-identifier-naming): the name in the module
 #include <juce_gui_basics/juce_gui_basics.cpp> // NOLINT(bugprone-suspicious-include): see above
 #undef ChildProcess
 

@@ -29,7 +29,8 @@ void ToolkitProgram::fail(const std::string& message) {
 }
 
 void ToolkitProgram::failForWantOfDisplay() {
-    const std::string display = std::getenv("DISPLAY");
+    const char* const setTo = std::getenv("DISPLAY");
+    const std::string display = setTo ? setTo : "";
     const std::string otherwise = ", or write a picture with --screenshot FILE";
     if (display.empty() || display == noDisplay) return fail("there is no display; set DISPLAY" + otherwise);
     fail("cannot open the display \"" + display + "\"; set DISPLAY to another" + otherwise);

@@ -80,6 +80,9 @@ public:
         return processInToolkit(data);
     }
     virtual tresult PLUGIN_API processInToolkit(ProcessData& data) = 0;
+
+protected:
+    ~FlaggedProcessor() = default; // who counts the references deletes the whole
 };
 
 } // namespace Steinberg::Vst
@@ -93,6 +96,9 @@ public:
         return setToolkitScaleFactor(factor);
     }
     virtual tresult PLUGIN_API setToolkitScaleFactor(ScaleFactor factor) = 0;
+
+protected:
+    ~HeardContentScale() = default; // as above
 
 private:
     void wasHeard();
