@@ -44,7 +44,8 @@ struct ParameterRow {
     const char* name = "";
     const char* codesafeName = "";
     const char* minimalName = "";
-    std::uint32_t cid = 0; // of the clump that it stands in
+    std::uint32_t cid = 0;    // of the clump that it stands in
+    const char* purpose = ""; // what it does, in a sentence for whoever sees it without the editor
 
     QVMUnitCode unit = QVMUnitIndexed;
     const char* unitSymbol = ""; // empty: goes without

@@ -2,47 +2,19 @@
 #include "description/Description.h"
 #include "description/NumberText.h"
 #include "description/QVMClump.h"
+#include "description/tables/ParameterTable.h"
 #include "plugin/HostRange.h"
 #include "plugin/lv2/BundleText.h"
 #include "plugin/lv2/Properties.h"
 #include "plugin/lv2/TurtleText.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <map>
 
 namespace QVM_NAMESPACE {
 
 namespace {
-
-// A sentence about each, by pid.
-constexpr std::array<const char*, QVMParameterCount> comments = {
-    "Switches the effect on; off, the audio passes unchanged.",
-    "How much the spectrum leans between the two ends of the tilt range.",
-    "Where the tilt begins; at least an octave below its high end in the editor.",
-    "Where the tilt ends; at least an octave above its low end in the editor.",
-    "Links the two ends of the tilt range in an editor; no effect on the sound.",
-    "How an editor moves the linked end of the tilt range; no effect on the sound.",
-    "What keeps its loudness while the spectrum leans.",
-    "The gain behind everything; silence at the bottom.",
-    "What the editor's level meter shows; no effect on the sound.",
-    "Cuts what lies below; off at the bottom.",
-    "Cuts what lies above; off at the top.",
-    "Links the two filters' frequencies in an editor; no effect on the sound.",
-    "How an editor moves the linked filter's frequency; no effect on the sound.",
-    "Lets only what the low filter takes away be heard.",
-    "How steeply the low filter cuts.",
-    "How far the low filter rises at its frequency.",
-    "Links the two filters' slopes in an editor; no effect on the sound.",
-    "How an editor moves the linked slope; no effect on the sound.",
-    "Links the two filters' resonances in an editor; no effect on the sound.",
-    "How an editor moves the linked resonance; no effect on the sound.",
-    "Lets only what the high filter takes away be heard.",
-    "How steeply the high filter cuts.",
-    "How far the high filter rises at its frequency.",
-    "Holds the sound to the curve up to 20 kHz in place of 16 kHz.",
-};
 
 // The format allows a short name this much.
 constexpr std::size_t shortNameLength = 16;
@@ -117,7 +89,7 @@ std::string parameterText(const QVMParameter& parameter, const std::string& plug
     const std::string brief = shortName(parameter);
     if (!brief.empty()) say("lv2:shortName", turtleString(brief));
     say("lv2:symbol", turtleString(propertyName(parameter)));
-    say("rdfs:comment", turtleString(comments[parameter.pid]));
+    say("rdfs:comment", turtleString(tables::Parameters()[parameter.pid].purpose));
     if (parameter.clump->clumpType != QVMClumpTypeMaster)
         say("pg:group", "<" + pluginUri + ":" + groupName(*parameter.clump) + ">");
     say("rdfs:range", isWholeProperty(parameter) ? "atom:Int" : "atom:Float");
