@@ -1,37 +1,21 @@
 #include "toolkit/DesktopScale.h"
 
+#include "description/NumberText.h"
 #include "platform/runloop/RunLoop.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 #include <xcb/xcb.h>
 
-#include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::string_view resource = "Xft.dpi";
+constexpr const char* resource = "Xft.dpi";
 constexpr double plainDpi = 96, stepsAPoint = 8, leastScale = 0.5, greatestScale = 4;
 constexpr double askSeconds = 0.5;               // between looks, at most
 constexpr std::uint32_t resourceWords = 1 << 14; // of four bytes, enough for any desktop's
-
-constexpr std::string_view blank = " \t\r";
-
-std::string_view trimmed(std::string_view text) {
-    const auto begin = std::min(text.find_first_not_of(blank), text.size());
-    return text.substr(begin, text.find_last_not_of(blank) + 1 - begin);
-}
-
-// Whole, in no locale's way.
-std::optional<double> numberFrom(std::string_view text) {
-    double number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
-    return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
-}
 
 // The toolkit looks at what some desktops say of windows, for a program of its own only.
 bool isScaledByToolkit() {
@@ -44,13 +28,10 @@ bool isScaledByToolkit() {
 
 std::optional<double> scaleOfResources(std::string_view resources) {
     std::optional<double> found;
-    while (!resources.empty()) {
-        const auto end = std::min(resources.find('\n'), resources.size());
-        const std::string_view line = resources.substr(0, end);
-        resources.remove_prefix(std::min(end + 1, resources.size()));
-        const auto colon = line.find(':');
-        if (colon == std::string_view::npos || trimmed(line.substr(0, colon)) != resource) continue;
-        found = numberFrom(trimmed(line.substr(colon + 1)));
+    for (const juce::String& line :
+         juce::StringArray::fromLines(juce::String::fromUTF8(resources.data(), static_cast<int>(resources.size())))) {
+        if (!line.containsChar(':') || line.upToFirstOccurrenceOf(":", false, false).trim() != resource) continue;
+        found = NumberFromText<double>(line.fromFirstOccurrenceOf(":", false, false).trim().toStdString());
     }
     if (!found || !std::isfinite(*found)) return std::nullopt;
     const double scale = std::round(*found / plainDpi * stepsAPoint) / stepsAPoint;
