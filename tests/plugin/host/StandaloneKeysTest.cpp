@@ -2,11 +2,11 @@
 // of all settings, copied by keys too.
 #include "plugin/host/EditorProgram.h"
 #include "plugin/host/TabStops.h"
+#include "support/ShellCommand.h"
 
 #include "description/Description.h"
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <utility>
 
@@ -29,15 +29,7 @@ protected:
         std::filesystem::remove(log_);
     }
 
-    static std::string output(const std::string& command) {
-        std::string text;
-        std::FILE* const pipe = popen(command.c_str(), "r");
-        std::array<char, 512> buffer{};
-        while (pipe && std::fgets(buffer.data(), buffer.size(), pipe))
-            text += buffer.data();
-        if (pipe) pclose(pipe);
-        return text;
-    }
+    static std::string output(const std::string& command) { return slantwise_tests::runCommand(command).output; }
     static std::string clipboard() { return output("timeout 5 xclip -selection clipboard -o 2>/dev/null"); }
     // What differs from the initial settings, as in their address. Paste can't be chosen while there is nothing to
     // paste, so the way to Copy is the same whatever the focus.

@@ -2,41 +2,27 @@
 #include "geometry/Geometry.h"
 #include "platform/surface/Image.h"
 #include "plugin/standalone/AudioFiles.h"
+#include "support/ShellCommand.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <set>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 namespace QVM_NAMESPACE {
 namespace {
 
-struct Outcome {
-    int status = -1;
-    std::string output; // both streams, without what the toolkit says of itself in a debug build
-};
+using Outcome = slantwise_tests::CommandResult;
 
 // A command of the shell in which $P is the program.
 Outcome runShell(const std::string& command) {
-    Outcome outcome;
-    FILE* const pipe =
-        popen(("unset DISPLAY; P='timeout 20 " SLANTWISE_STANDALONE "'; { " + command + "; } 2>&1").c_str(), "r");
-    std::array<char, 512> buffer{};
-    while (std::fgets(buffer.data(), buffer.size(), pipe))
-        outcome.output += buffer.data();
-    if (outcome.output.starts_with("JUCE v")) outcome.output.erase(0, outcome.output.find('\n') + 1);
-    const int status = pclose(pipe);
-    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
-    return outcome;
+    return slantwise_tests::runToolkitProgram("unset DISPLAY; P='timeout 20 " SLANTWISE_STANDALONE "'; " + command);
 }
 
 Outcome run(const std::string& arguments) {

@@ -1,38 +1,24 @@
 // The gallery as it is started where there is no display.
 #include "platform/surface/Image.h"
 #include "plugin/standalone/AudioFiles.h"
+#include "support/ShellCommand.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <iterator>
 #include <set>
 #include <sstream>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 namespace QVM_NAMESPACE {
 namespace {
 
-struct Outcome {
-    int status = -1;
-    std::string output; // both streams, without what the toolkit says of itself in a debug build
-};
+using Outcome = slantwise_tests::CommandResult;
 
 Outcome run(const std::string& arguments) {
-    Outcome outcome;
-    FILE* const pipe =
-        popen(("{ env -u DISPLAY timeout 20 " SLANTWISE_GALLERY " " + arguments + "; } 2>&1").c_str(), "r");
-    std::array<char, 512> buffer{};
-    while (std::fgets(buffer.data(), buffer.size(), pipe))
-        outcome.output += buffer.data();
-    if (outcome.output.starts_with("JUCE v")) outcome.output.erase(0, outcome.output.find('\n') + 1);
-    const int status = pclose(pipe);
-    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
-    return outcome;
+    return slantwise_tests::runToolkitProgram("env -u DISPLAY timeout 20 " SLANTWISE_GALLERY " " + arguments);
 }
 
 class GalleryProgram : public testing::Test {

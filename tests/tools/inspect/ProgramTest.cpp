@@ -1,35 +1,20 @@
 // The built program, run as a user would run it in a shell with no display.
 #include "BuildNamespace.h"
+#include "support/ShellCommand.h"
 
-#include <array>
-#include <cstdio>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <sys/wait.h>
 
 namespace QVM_NAMESPACE {
 namespace {
 
 using testing::HasSubstr;
 
-struct ProgramResult {
-    int status = -1;
-    std::string output; // of both streams where they are joined
-};
+using ProgramResult = slantwise_tests::CommandResult;
 
 ProgramResult RunProgram(const std::string& before, const std::string& after) {
-    const std::string command = before + " env -u DISPLAY -u WAYLAND_DISPLAY " SLANTWISE_INSPECT " " + after;
-    ProgramResult result;
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe) return result;
-    std::array<char, 4096> buffer;
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-        result.output.append(buffer.data(), count);
-    }
-    const int status = pclose(pipe);
-    if (WIFEXITED(status)) result.status = WEXITSTATUS(status);
-    return result;
+    return slantwise_tests::runCommand(before + " env -u DISPLAY -u WAYLAND_DISPLAY " SLANTWISE_INSPECT " " + after);
 }
 
 TEST(InspectProgram, DescribesThePlugin) {
