@@ -16,7 +16,6 @@ MAIN_WINDOW = r"^\*?try - Ardour$"
 PLUGIN_WINDOW = r"Slantwise \(by Ferrowind\)"
 
 # In the main window, from its upper left corner; the button of the mixer from the upper right.
-CLOCK = (497, 30, 150, 26)
 MIXER_FROM_RIGHT = (-23, 74)
 STRIP_X, FIRST_ENTRY_Y, ENTRY_STEP = 331, 208, 21
 # In the plug-in selector.
@@ -27,6 +26,7 @@ PLACES = ((1050, 620), (540, 620))
 
 class Ardour(Trial):
     host = "Ardour 7"
+    clock = (497, 30, 150, 26)
 
     def insert(self):
         self._settings()
@@ -38,13 +38,6 @@ class Ardour(Trial):
 
     def open(self):
         self._open_entry(2, PLACES[0])
-
-    def is_rolling(self):
-        main = self._main()
-        x, y, width, height = CLOCK
-        before = screen.pixels(main.x + x, main.y + y, width, height)
-        time.sleep(0.5)
-        return screen.pixels(main.x + x, main.y + y, width, height) != before
 
     def save(self):
         must(self._main().title.startswith("*"), "the session is not marked as modified after three edits")

@@ -10,8 +10,7 @@ from trial import Trial
 MAIN_WINDOW = r"^(Untitled\d+|/\S*/try\.qtr)( \[modified\])? — Qtractor$"
 EDITOR_WINDOW = r"^Slantwise( \d+)? - Track 1 — Qtractor$"
 
-# In the main window: what the transport shows, and the track with the name of its plug-in.
-CLOCK = (350, 85, 120, 24)
+# In the main window: the track with the name of its plug-in.
 TRACK = (40, 150)
 PLUGIN_OF_TRACK = (182, 180)
 # In the dialogs of a track and of plug-ins.
@@ -24,6 +23,7 @@ PLACES = ((1090, 60), (1090, 480))
 
 class Qtractor(Trial):
     host = "qtractor"
+    clock = (350, 85, 120, 24)
     format = "LV2"
 
     def insert(self):
@@ -42,13 +42,6 @@ class Qtractor(Trial):
         must(found, "no window for the editor")
         screen.move(found, *PLACES[0])
         self._finish_dialog()
-
-    def is_rolling(self):
-        main = self._main()
-        x, y, width, height = CLOCK
-        before = screen.pixels(main.x + x, main.y + y, width, height)
-        time.sleep(0.5)
-        return screen.pixels(main.x + x, main.y + y, width, height) != before
 
     def save(self):
         must("[modified]" in self._main().title, "the session is not marked as modified after three edits")

@@ -19,6 +19,7 @@ class Trial:
 
     host = ""
     format = ""
+    clock = None # where the main window shows the time of the transport: x, y, width, height
     ends_with_plugin = False # when that is removed
     STEPS = ("insert", "open", "draw", "drag", "type", "menu", "space bar to the transport", "save", "reload",
              "automation by touch", "two instances", "remove while open")
@@ -52,7 +53,17 @@ class Trial:
         raise NotImplementedError
 
     def is_rolling(self):
-        raise NotThere("no transport of its own")
+        if not self.clock:
+            raise NotThere("no transport of its own")
+        main = self._main()
+        x, y, width, height = self.clock
+        before = screen.pixels(main.x + x, main.y + y, width, height)
+        time.sleep(0.5)
+        return screen.pixels(main.x + x, main.y + y, width, height) != before
+
+    def _main(self):
+        """The window that shows the transport, in hosts that have one."""
+        raise NotImplementedError
 
     def save(self):
         raise NotImplementedError
