@@ -24,9 +24,8 @@ HWY_INLINE void runSections(Section* sections, const vectors::SvfCoefficients* s
     using B = Bank<glides>;
     constexpr std::size_t behind = edge + lag;
     if (frames == 0) return;
-    const auto stepsFrom = [steps](std::size_t at) {
-        return glides ? steps + at : nullptr;
-    }; // there are none otherwise
+    // There are steps where it glides only.
+    const auto stepsFrom = [steps](std::size_t at) { return glides ? steps + at : nullptr; };
     for (std::size_t at = 0; at < count; at += 2 * room) {
         const std::size_t middle = std::min(at + room, count), end = std::min(middle + room, count);
         B one(sections + at, stepsFrom(at), states + at, middle - at);
