@@ -20,10 +20,11 @@ constexpr double backingScaleDelay = 0.35, sketchDelay = 0.5; // seconds
 QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config, std::uint32_t chanIn,
                            std::uint32_t chanOut)
     : View(frame), config_(std::move(config)), chanIn_(chanIn), chanOut_(chanOut), shown_(*this),
-      session_(*config_, shown_), focus_(*config_, session_.values(), *this, *this), keyboard_(session_, focus_, *this),
-      reports_(*this, session_.values().count()), controls_(reports_, session_.values()), parts_(*this, *config_),
-      drawers_(*this, *this), sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}),
-      layouts_(*this), menus_(*this) {
+      session_(*config_, shown_), shownFocus_(*this), focus_(*config_, session_.values(), *this, shownFocus_),
+      keyboard_(session_, focus_, *this), reports_(*this, session_.values().count()),
+      controls_(reports_, session_.values()), parts_(*this, *config_), drawers_(*this, *this),
+      sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}), layouts_(*this),
+      menus_(*this) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
@@ -110,7 +111,7 @@ void QVMGenericUI::addHudAndNumericMeter() {
 
 void QVMGenericUI::addSketch() {
     handover_.addSketches();
-    sketches_.setFocusedPid(focusedPid());
+    shownFocus_.showInCurve();
 }
 
 } // namespace QVM_NAMESPACE

@@ -21,6 +21,7 @@
 #include "editor/surface/QVMABControl.h"
 #include "editor/surface/QVMGenericUIDelegate.h"
 #include "editor/surface/QVMHUDDisplay.h"
+#include "editor/surface/ShownFocus.h"
 #include "editor/surface/ShownSession.h"
 #include "editor/surface/SketchHandover.h"
 #include "platform/runloop/NotificationCenter.h"
@@ -37,7 +38,6 @@ namespace QVM_NAMESPACE {
 class QVMGenericUI : public View,
                      private QVMHUDDisplayDelegate,
                      private QVMABControlDelegate,
-                     private FocusSurface,
                      private KeyboardSurface,
                      private EditorDrawersDelegate {
 public:
@@ -150,24 +150,21 @@ public:
     void logoTapped() { presetSaveTapped(); }
     // Opens the manual; the extension is put behind its address, and may be empty.
     void openManualWithExtension(const std::string& extension);
-    // Says for a few seconds why a thing that was asked for did not happen.
-    void showNotice(std::string what, std::string why) { parts_.showNotice(std::move(what), std::move(why)); }
 
     // Look-ups; null when there is none, or not yet. What is found is owned by the view that it stands in.
     QVMParameterControl* parameterControlWithPid(std::uint32_t pid) const override { return controls_.withPid(pid); }
-    QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const override {
+    QVMParameterControl* parameterControlWithCodename(std::string_view codesafeName) const {
         return controls_.withCodename(codesafeName);
     }
     QVMClumpView* clumpViewWithCodename(std::string_view codesafeName) const {
         return parts_.clumpViewWithCodename(codesafeName);
     }
-    const std::vector<QVMParameterControl*>& parameterControls() const override { return controls_.all(); }
+    const std::vector<QVMParameterControl*>& parameterControls() const { return controls_.all(); }
     QVMClumpsView* clumpsView() const { return parts_.clumpsView(); }
     QVMClumpsView* advClumpsView() const { return parts_.advClumpsView(); }
     QVMClumpView* masterClump() const { return parts_.masterClump(); }
     QVMPowerBox* powerBox() const { return parts_.powerBox(); }
     QVMPresetBar* presetBar() const { return parts_.presetBar(); }
-    NoticeView* notice() const { return parts_.notice(); }
     QVMHUDDisplay* hud() const { return hud_; }
     // The parameter's control that stands at a point, in the window's coordinates.
     QVMParameterControl* controlAtWindowPoint(Point pointInWindow) const;
@@ -229,17 +226,11 @@ private:
     void addSketch();
 
     void observePreferences();
-    std::int32_t focusedPid() const; // -1 for none
 
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
-    // FocusSurface
-    const View* closedDrawer() const override;
-    void openClosedDrawer() override;
-    void focusWillMove() override { keyboard_.clearNumberBuffer(); }
-    void focusDidMove(FocusableControl* control) override;
     // EditorDrawersDelegate
     void drawerWillOpen() override { focus_.bring(nullptr); }
     void presetsDrawerWillClose() override { ensureFirstResponder(); }
@@ -251,6 +242,7 @@ private:
 
     ShownSession shown_;
     EditorSession session_;
+    ShownFocus shownFocus_;
     EditorFocus focus_;
     QVMKeyboardHandler keyboard_;
     ControlReports reports_;

@@ -1,7 +1,6 @@
 // Keyboard focus, keys, clicks, menus, and what the window and the preferences say.
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "editor/surface/QVMLogoStamp.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
@@ -12,36 +11,9 @@
 
 namespace QVM_NAMESPACE {
 
-namespace {
-
-constexpr double unfocusedLogoAlpha = 0.5;
-
-} // namespace
-
-void QVMGenericUI::focusDidMove(FocusableControl* control) {
-    sketches_.setFocusedPid(focusedPid());
-    if (!presetBar()) return;
-    presetBar()->ab().setFocused(&presetBar()->ab() == control);
-    if (presetBar()->presetControl()) presetBar()->presetControl()->setFocused(presetBar()->presetControl() == control);
-}
-
-// The preset control's parameter is none of the unit's.
-std::int32_t QVMGenericUI::focusedPid() const {
-    const QVMParameterControl* control = controls_.around(focus_.focused());
-    return control ? static_cast<std::int32_t>(control->parameter()->pid) : -1;
-}
-
 void QVMGenericUI::setHasFocus(bool hasFocus) {
-    if (powerBox()) powerBox()->logoStamp().setAlpha(hasFocus ? 1 : unfocusedLogoAlpha);
+    shownFocus_.windowHasKeyboard(hasFocus);
     focus_.setHasFocus(hasFocus);
-}
-
-const View* QVMGenericUI::closedDrawer() const {
-    return altFrame() == QVMAltFrameNormal ? advClumpsView() : nullptr;
-}
-
-void QVMGenericUI::openClosedDrawer() {
-    requestFrame(QVMAltFrameDoubleWide);
 }
 
 void QVMGenericUI::ensureFirstResponder() {

@@ -102,7 +102,7 @@ void ShownSession::presetDidBecomeCurrent(const std::string& name, std::uint32_t
 }
 
 void ShownSession::settingsWereRefused(const std::string& why) {
-    ui_.showNotice("Not pasted", why);
+    ui_.parts().showNotice("Not pasted", why);
 }
 
 } // namespace QVM_NAMESPACE

@@ -176,9 +176,9 @@ TEST_F(QVMKeyboardHandlerSettings, WhatIsRefusedChangesNothingAndSaysWhy) {
         log_.clear();
         EXPECT_FALSE(paste(text)) << text.substr(0, 80);
         ASSERT_EQ(log_.size(), 1u);
-        ASSERT_TRUE(ui_->notice() && !ui_->notice()->isHidden());
-        EXPECT_EQ(log_.front(), "settings address refused: " + ui_->notice()->why() + "\n");
-        EXPECT_FALSE(ui_->notice()->why().empty());
+        ASSERT_TRUE(ui_->parts().notice() && !ui_->parts().notice()->isHidden());
+        EXPECT_EQ(log_.front(), "settings address refused: " + ui_->parts().notice()->why() + "\n");
+        EXPECT_FALSE(ui_->parts().notice()->why().empty());
     }
     frame();
     time_.advance(1);
@@ -195,7 +195,7 @@ TEST_F(QVMKeyboardHandlerSettings, APictureInTheClipboardChangesNothing) {
     desktop_.clipboard.reset();
     EXPECT_FALSE(ui_->session().settings().canPaste());
     EXPECT_FALSE(keyboard().keyboardShortcutHandlePaste());
-    EXPECT_EQ(ui_->notice()->why(), "there is no text in the clipboard");
+    EXPECT_EQ(ui_->parts().notice()->why(), "there is no text in the clipboard");
     EXPECT_THAT(delegate_.calls, IsEmpty());
 }
 
@@ -219,23 +219,23 @@ TEST_F(QVMKeyboardHandlerSettings, TheMenuOffersToPasteWhatBeginsAsThisProductsA
 
 TEST_F(QVMKeyboardHandlerSettings, ANoticeGoesByItselfAndAPasteThatWorksMakesNone) {
     EXPECT_TRUE(paste(" " + base + "/?tg:6\n"));
-    EXPECT_EQ(ui_->notice(), nullptr);
+    EXPECT_EQ(ui_->parts().notice(), nullptr);
     EXPECT_FALSE(paste("hello"));
-    EXPECT_FALSE(ui_->notice()->isHidden());
+    EXPECT_FALSE(ui_->parts().notice()->isHidden());
     time_.advance(NoticeView::shownSeconds + NoticeView::fadeSeconds + 0.1);
-    EXPECT_TRUE(ui_->notice()->isHidden());
+    EXPECT_TRUE(ui_->parts().notice()->isHidden());
 }
 
 TEST_F(QVMKeyboardHandlerSettings, ANoticeStandsOverTheControlsInEveryLayoutAndTakesNoClicks) {
     EXPECT_FALSE(paste("https://a.example/?tg:1"));
     for (const std::int32_t layout : {0, 1, 2, 0}) {
         ui_->requestFrame(layout);
-        const Rect frame = ui_->notice()->frame();
+        const Rect frame = ui_->parts().notice()->frame();
         EXPECT_GE(frame.x, 0) << layout;
         EXPECT_LE(frame.maxX(), ui_->bounds().width) << layout;
         EXPECT_GE(frame.y, layout == 2 ? 0 : ui_->presetBar()->frame().maxY()) << layout;
-        EXPECT_EQ(ui_->subviews().back().get(), ui_->notice()) << layout;
-        EXPECT_NE(ui_->hitTest(frame.center()), ui_->notice()) << layout;
+        EXPECT_EQ(ui_->subviews().back().get(), ui_->parts().notice()) << layout;
+        EXPECT_NE(ui_->hitTest(frame.center()), ui_->parts().notice()) << layout;
     }
 }
 
