@@ -36,10 +36,12 @@ constexpr const char* lv2Symbol = LV2_CORE "symbol";
 const std::set<std::string> lv2Replaced = {"http://lv2plug.in/ns/ext/patch#writable",
                                            "http://lv2plug.in/ns/ext/patch#readable", LV2_CORE "minorVersion",
                                            LV2_CORE "microVersion"};
-// What the toolkit says of the editor and is none of its kind: a feature among its interfaces, and the other way round.
+// What the toolkit says of the editor and is not so: a feature among its interfaces, the other way round, and an option
+// that nothing reads.
 const std::set<std::pair<std::string, std::string>> lv2Misplaced = {
     {LV2_CORE "extensionData", "http://lv2plug.in/ns/extensions/ui#noUserResize"},
-    {LV2_CORE "optionalFeature", "http://lv2plug.in/ns/ext/options#interface"}};
+    {LV2_CORE "optionalFeature", "http://lv2plug.in/ns/ext/options#interface"},
+    {"http://lv2plug.in/ns/ext/options#supportedOption", "http://lv2plug.in/ns/ext/parameters#sampleRate"}};
 #undef LV2_CORE
 constexpr const char* rdfType = "http://www.w3.org/1999/02/22-rdf-syntax-ns#type";
 constexpr const char* stateState = "http://lv2plug.in/ns/ext/state#state";

@@ -101,6 +101,14 @@ TEST(Lv2Dsp, SaysOfEachPortWhatItIsFor) {
     EXPECT_EQ(repairedLv2Dsp(repaired), repaired);
 }
 
+TEST(Lv2Ui, LosesTheOptionThatNothingReads) {
+    const std::string repaired =
+        repairedLv2Ui(prefixes + "<https://a.example/p:UI> opts:supportedOption ui:scaleFactor , "
+                                 "<http://lv2plug.in/ns/ext/parameters#sampleRate> .")
+            .value();
+    EXPECT_EQ(said(repaired), said(prefixes + "<https://a.example/p:UI> opts:supportedOption ui:scaleFactor ."));
+}
+
 TEST(Lv2Ui, LosesWhatIsNoInterfaceOrNoFeature) {
     const std::string text = "<https://a.example/p:UI> lv2:extensionData ui:idleInterface , opts:interface , "
                              "ui:noUserResize , ui:resize ; lv2:optionalFeature ui:noUserResize , opts:interface , "
