@@ -4,6 +4,8 @@
 #include "settings/AddressParts.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -21,6 +23,12 @@ struct QueryForm {
     char betweenEntries, behindKey;
 };
 constexpr QueryForm currentForm{'/', ':'}, olderForm{'&', '='};
+
+std::string numberText(float value, AddressDigits digits) {
+    if (digits == AddressDigits::seven) return SignificantText(double{value}, significantDigits);
+    std::array<char, 64> text; // the largest has 39 digits
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr};
+}
 
 // All of the text as a number. Beyond single precision it is the largest there is, which no range reaches.
 std::optional<float> finiteNumber(std::string_view text) {
@@ -119,13 +127,13 @@ const std::string& settingsKeyFor(const QVMParameter& parameter) {
     return parameter.minimalName.empty() ? parameter.codesafeName : parameter.minimalName;
 }
 
-std::string writeSettingsAddress(std::string_view base, const std::vector<SettingsEntry>& entries) {
+std::string writeSettingsAddress(std::string_view base, const std::vector<SettingsEntry>& entries,
+                                 AddressDigits digits) {
     std::string address = std::string(base) + "/?";
     const char* separator = "";
     for (const SettingsEntry& entry : entries) {
-        const std::string value =
-            entry.value ? SignificantText(double{*entry.value}, significantDigits) : std::string(leaveAsItIs);
-        address += separator + entry.key + currentForm.behindKey + value;
+        address += separator + entry.key + currentForm.behindKey;
+        address += entry.value ? numberText(*entry.value, digits) : std::string(leaveAsItIs);
         separator = "/";
     }
     return address;

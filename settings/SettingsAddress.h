@@ -69,7 +69,10 @@ float settingsValueFor(const QVMParameter& parameter, float value);
 std::string settingsBaseAddress(std::string_view site, const QVMMetadata& metadata);
 // The key that stands for a parameter: the minimal codename, or the full one where there is none.
 const std::string& settingsKeyFor(const QVMParameter& parameter);
-// The whole address; numbers have up to seven significant digits.
-std::string writeSettingsAddress(std::string_view base, const std::vector<SettingsEntry>& entries);
+// How exactly numbers are written: with up to seven significant digits, or so that they read back as the same.
+enum class AddressDigits : bool { seven, all };
+// The whole address.
+std::string writeSettingsAddress(std::string_view base, const std::vector<SettingsEntry>& entries,
+                                 AddressDigits digits = AddressDigits::seven);
 
 } // namespace QVM_NAMESPACE

@@ -1,0 +1,112 @@
+#include "presets/PresetName.h"
+
+#include "platform/system/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr std::string_view takenAmiss = "/\\%:*?\"<>|";
+constexpr char escape = '%';
+
+bool isBlank(char32_t character) {
+    constexpr std::u32string_view blanks = U" \u00A0\u1680\u2028\u2029\u202F\u205F\u3000";
+    return blanks.find(character) != std::u32string_view::npos || (character >= 0x2000 && character <= 0x200D);
+}
+
+// Of no width and no line: what moves, turns or hides the text around it is not part of a name.
+bool isControl(char32_t character) {
+    return character < 0x20 || (character >= 0x7F && character < 0xA0) ||
+           (character >= 0x200B && character <= 0x200F) || (character >= 0x2028 && character <= 0x202E) ||
+           (character >= 0x2060 && character <= 0x206F) || character == 0xFEFF || character == 0xFFFD ||
+           (character & 0xFFFE) == 0xFFFE;
+}
+
+void appendUtf8(std::string& text, char32_t character) {
+    const auto tail = [&](unsigned shift) { text += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
+    if (character < 0x80) {
+        text += static_cast<char>(character);
+    } else if (character < 0x800) {
+        text += static_cast<char>(0xC0 | character >> 6);
+        tail(0);
+    } else if (character < 0x10000) {
+        text += static_cast<char>(0xE0 | character >> 12);
+        tail(6);
+        tail(0);
+    } else {
+        text += static_cast<char>(0xF0 | character >> 18);
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+std::string escaped(char byte) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const auto value = static_cast<unsigned char>(byte);
+    return {escape, digits[value >> 4], digits[value & 15]};
+}
+
+std::optional<char> unescaped(std::string_view text) {
+    if (text.size() < 3 || text[0] != escape) return std::nullopt;
+    unsigned value = 0;
+    const auto read = std::from_chars(text.data() + 1, text.data() + 3, value, 16);
+    if (read.ec != std::errc() || read.ptr != text.data() + 3) return std::nullopt;
+    return static_cast<char>(value);
+}
+
+} // namespace
+
+bool isPresetName(std::string_view name) {
+    return !name.empty() && isPlainUtf8(name) && presetNameFrom(name) == name;
+}
+
+std::string presetNameFrom(std::string_view text) {
+    const std::size_t begin = text.find_first_not_of("\r\n");
+    if (begin == std::string_view::npos) return {};
+    text = text.substr(begin);
+    std::u32string characters = charactersOfUtf8(text.substr(0, text.find_first_of("\r\n")));
+    std::ranges::replace(characters, U'\t', U' ');
+    std::erase_if(characters, isControl);
+    const auto withoutBlanksAtEnd = [&] {
+        while (!characters.empty() && isBlank(characters.back()))
+            characters.pop_back();
+    };
+    characters.erase(characters.begin(), std::ranges::find_if_not(characters, isBlank));
+    withoutBlanksAtEnd();
+    if (characters.size() > longestPresetName) characters.resize(longestPresetName);
+    withoutBlanksAtEnd();
+    std::string name;
+    for (const char32_t character : characters)
+        appendUtf8(name, character);
+    return name;
+}
+
+std::string presetFileName(std::string_view name) {
+    std::string file;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        const bool isDotInFront = i == 0 && name[i] == '.';
+        file += isDotInFront || takenAmiss.find(name[i]) != std::string_view::npos ? escaped(name[i])
+                                                                                   : std::string(1, name[i]);
+    }
+    return file.append(presetFileEnding);
+}
+
+std::string nameFromPresetFile(std::string_view fileName) {
+    if (fileName.ends_with(presetFileEnding)) fileName.remove_suffix(presetFileEnding.size());
+    std::string name;
+    while (!fileName.empty()) {
+        const std::optional<char> byte = unescaped(fileName);
+        name += byte.value_or(fileName.front());
+        fileName.remove_prefix(byte ? 3 : 1);
+    }
+    const std::string shown = presetNameFrom(name);
+    return shown.empty() ? "?" : shown;
+}
+
+} // namespace QVM_NAMESPACE
