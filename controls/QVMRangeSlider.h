@@ -23,6 +23,8 @@ public:
     // Shows two values, gliding there in `seconds` (0: at once).
     void updateForLowHighAnimation(double low, double high, double seconds);
     const std::shared_ptr<Layer>& band() const { return band_; }
+    // The frequencies that are written in the track, lowest first.
+    const std::vector<std::shared_ptr<TextLayer>>& numbers() const { return numbers_; }
 
     bool doLimit() const override { return false; }
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): it has no handle to move
@@ -51,15 +53,18 @@ protected:
 private:
     void performMetaAction(std::int32_t code, const QVMEvent* event);
     void updatePositionForLowHighAnimation(double seconds);
-    void layOutTicks();
+    void layOutFrequencies();
+    void layOutNumbers();
+    Path ticks() const;
     void showHover(bool hovered);
 
     double low_ = 0, high_ = 0;
     std::uint32_t lowPid_ = 0, highPid_ = 0;
     bool pairing_ = false, interactive_ = false;
     bool holdsEnds_ = false; // a press has been performed on both ends, and must end there
-    std::shared_ptr<Layer> band_, hoverLight_;
+    std::shared_ptr<Layer> band_, hoverLight_, numberLayer_;
     std::shared_ptr<ShapeLayer> ticks_;
+    std::vector<std::shared_ptr<TextLayer>> numbers_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -29,8 +29,7 @@ void QVMVerticalSlider::layOut() {
     const Transaction atOnce = Transaction::disablingActions();
     layers_.layOut([this](float value) { return positionValueFromFloatValue(value); });
     layers_.moveHandle(idealHandleValue(), Animate::no);
-    const Rect capsule = {0, 0, layers_.bulb().width(), ReadoutBulb::height};
-    animateHighlightToFramePositionRoundingInset(capsule.insetBy(0, -1), {}, kFocusRounding, true);
+    animateHighlightToFramePositionRoundingInset(layers_.bulb().capsuleBox(), {}, kFocusRounding, true);
 }
 
 double QVMVerticalSlider::positionValueFromFloatValue(float value) const {

@@ -18,7 +18,10 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double kHorizontalBulbOverhang = 58; // a lying track reaches below its handle's ends by this much
-constexpr double kLyingBulbWidth = 76, kUprightBulbWidth = 70; // points, unless a value needs more
+constexpr double kLyingBulbWidth = 76, kUprightBulbWidth = 61; // points, unless a value needs more
+constexpr double kUprightRoom = 6;      // above and below an upright handle, so that its border meets no heading
+constexpr double kUprightCenter = 35.5; // from the left edge, of an upright track with a scale at its right
+constexpr float kFillAlpha = 0.45f;
 constexpr double kScaleTrackDepth = 21; // from the top of a lying slider with a scale to its track's middle
 constexpr double kLowMemberMargin = 2;  // above the handle of a pair's low end; the high one's stands at the bottom
 constexpr int kWidthSamples = 48;
@@ -67,7 +70,10 @@ double widestReadout(const QVMParameter& parameter) {
 }
 
 BulbPointer pointerFor(const QVMParameter& parameter) {
-    if (parameter.range.empty()) return BulbPointer::none;
+    if (parameter.range.empty()) {
+        if (!SliderScale::hasMarks(parameter)) return BulbPointer::none;
+        return parameter.horizontal ? BulbPointer::shortDown : BulbPointer::shortRight;
+    }
     return parameter.range.boolValue("low") ? BulbPointer::down : BulbPointer::up;
 }
 
@@ -75,9 +81,12 @@ BulbPointer pointerFor(const QVMParameter& parameter) {
 
 SliderLayers::SliderLayers(View& slider, const QVMParameter& parameter)
     : slider_(slider), parameter_(parameter), axis_{.horizontal = parameter.horizontal},
-      background_(std::make_shared<Layer>(YAxis::up)), bulb_(QVMCGColor(parameter.color), pointerFor(parameter)) {
+      background_(std::make_shared<Layer>(YAxis::up)), fill_(std::make_shared<Layer>(YAxis::up)),
+      bulb_(QVMCGColor(parameter.color), pointerFor(parameter), parameter.horizontal ? 0 : kUprightRoom) {
     background_->setName("track");
+    fill_->setName("fill");
     slider_.layer()->tree().add(background_);
+    slider_.layer()->tree().add(fill_);
     slider_.layer()->tree().add(scale_.layer());
     slider_.layer()->tree().add(bulb_.bulb());
     sizeHandleToFitWidestValue();
@@ -85,42 +94,36 @@ SliderLayers::SliderLayers(View& slider, const QVMParameter& parameter)
 
 void SliderLayers::calculateExtents() {
     const Size size = slider_.bounds().size();
-    axis_.lowest = axis_.horizontal ? bulb_.width() - kHorizontalBulbOverhang : ReadoutBulb::height;
+    axis_.lowest = axis_.horizontal ? bulb_.width() - kHorizontalBulbOverhang : bulb_.fullHeight();
     axis_.highest = (axis_.horizontal ? size.width : size.height) - axis_.lowest;
 }
 
 void SliderLayers::sizeHandleToFitWidestValue() {
     const double usual = axis_.horizontal ? kLyingBulbWidth : kUprightBulbWidth;
-    const double needed = 2 * std::ceil((widestReadout(parameter_) + 2 * ReadoutBulb::textMargin) /
-                                        2); // even, so that its middle is a whole point
-    bulb_.setWidth(std::max(usual, needed));
+    const double needed = widestReadout(parameter_) + 2 * ReadoutBulb::textMargin;
+    // Wider by whole points at either side, so that its middle stays where it was on the grid of points.
+    bulb_.setWidth(usual + 2 * std::max(0.0, std::ceil((needed - usual) / 2)));
     calculateExtents();
 }
 
 double SliderLayers::trackCenter() const {
     const Size size = slider_.bounds().size();
-    if (!axis_.horizontal) return std::floor(size.width / 2);
-    if (!isMember() && SliderScale::hasMarks(parameter_)) return size.height - kScaleTrackDepth;
+    if (!axis_.horizontal) return hasScale() ? kUprightCenter : std::floor(size.width / 2);
+    if (hasScale()) return size.height - kScaleTrackDepth;
     return std::floor(size.height / 2);
 }
 
 double SliderLayers::handleCenter() const {
-    switch (bulb_.pointer()) {
-    case BulbPointer::down:
+    if (bulb_.pointer() == BulbPointer::down)
         return slider_.bounds().height - kLowMemberMargin - ReadoutBulb::height / 2;
-    case BulbPointer::up:
-        return ReadoutBulb::height / 2;
-    case BulbPointer::none:
-        break;
-    }
-    return trackCenter();
+    return bulb_.pointer() == BulbPointer::up ? ReadoutBulb::height / 2 : trackCenter();
 }
 
 Rect SliderLayers::trackRect() const {
-    const double half = trackThickness / 2, center = trackCenter();
-    const double start = axis_.lowest - half, length = axis_.range() + trackThickness;
-    return axis_.horizontal ? Rect{start, center - half, length, trackThickness}
-                            : Rect{center - half, start, trackThickness, length};
+    const double half = thickness() / 2, center = trackCenter();
+    const double start = axis_.lowest - std::floor(half), length = axis_.range() + 2 * std::floor(half);
+    return axis_.horizontal ? Rect{start, center - half, length, thickness()}
+                            : Rect{center - half, start, thickness(), length};
 }
 
 void SliderLayers::layOut(const SliderScale::PositionOfValue& position) {
@@ -128,11 +131,12 @@ void SliderLayers::layOut(const SliderScale::PositionOfValue& position) {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     calculateExtents();
     background_->setFrame(trackRect());
-    background_->look().setCornerRadius(trackThickness / 2);
+    background_->look().setCornerRadius(thickness() / 2);
     background_->look().setBackgroundColor(palette.trackFill);
     background_->look().setBorder(1, palette.trackBorder);
     background_->setHidden(isMember());
     layOutTrackContent();
+    layOutFill(position);
     layOutScale(position);
     bulb_.style();
 }
@@ -142,12 +146,27 @@ void SliderLayers::layOutScale(const SliderScale::PositionOfValue& position) {
     if (isMember()) return;
     const Rect track = trackRect();
     const SliderScaleGeometry geometry = {.horizontal = axis_.horizontal,
-                                          .trackEdge = axis_.horizontal ? track.minY() : track.maxX(),
+                                          .edge = axis_.horizontal ? track.minY() : trackCenter() + bulb_.width() / 2,
                                           .farEdge = slider_.bounds().width,
                                           .lowest = axis_.lowest,
                                           .highest = axis_.highest,
                                           .devicePixels = slider_.layer()->look().contentsScale()};
     scale_.layOut(parameter_, geometry, position);
+}
+
+void SliderLayers::layOutFill(const SliderScale::PositionOfValue& position) {
+    fill_->setHidden(isMember() || parameter_.minValue >= 0 || parameter_.minValue != -parameter_.maxValue);
+    if (fill_->isHidden()) return;
+    fill_->look().setBackgroundColor(QVMCGColor(parameter_.color).withAlpha(kFillAlpha));
+    zeroPosition_ = position(0);
+    placeFill(handlePosition());
+}
+
+void SliderLayers::placeFill(double position) {
+    const double from = std::min(zeroPosition_, position), length = std::abs(position - zeroPosition_);
+    const Rect track = trackRect();
+    fill_->setFrame(axis_.horizontal ? Rect{from, track.y, length, track.height}
+                                     : Rect{track.x, from, track.width, length});
 }
 
 void SliderLayers::addInTrack(std::unique_ptr<View> view) {
@@ -174,6 +193,7 @@ void SliderLayers::moveHandle(double position, Animate animate) {
     const Transaction transaction =
         animate == Animate::yes ? Transaction::animated(glideSeconds) : Transaction::disablingActions();
     bulb_.bulb()->setPosition(axis_.pointAt(position, handleCenter()));
+    if (!fill_->isHidden()) placeFill(position);
 }
 
 bool SliderLayers::isHandleGliding() const {

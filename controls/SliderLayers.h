@@ -20,6 +20,8 @@ namespace QVM_NAMESPACE {
 class SliderLayers {
 public:
     static constexpr double trackThickness = 14;
+    // Of an upright track with a scale: odd, so that two channels of a meter and the gap between them are whole points.
+    static constexpr double uprightTrackThickness = 15;
     static constexpr double readoutSize = 16;   // of the value's font
     static constexpr double glideSeconds = 0.1; // of an animated move
 
@@ -56,18 +58,25 @@ public:
     const QVMCueRect* cueAt(Point point) const;
 
     const std::shared_ptr<Layer>& background() const { return background_; }
+    // The part of the track between 0 and the value, where the parameter goes as far to either side of 0; else hidden.
+    const std::shared_ptr<Layer>& fill() const { return fill_; }
 
 private:
-    bool isMember() const { return bulb_.pointer() != BulbPointer::none; }
+    bool isMember() const { return !parameter_.range.empty(); }
+    bool hasScale() const { return !isMember() && SliderScale::hasMarks(parameter_); }
+    double thickness() const { return !axis_.horizontal && hasScale() ? uprightTrackThickness : trackThickness; }
     double trackCenter() const;
     double handleCenter() const;
     void layOutScale(const SliderScale::PositionOfValue& position);
     void layOutTrackContent();
+    void layOutFill(const SliderScale::PositionOfValue& position);
+    void placeFill(double position);
 
     View& slider_;
     const QVMParameter& parameter_;
     SliderAxis axis_;
-    std::shared_ptr<Layer> background_;
+    std::shared_ptr<Layer> background_, fill_;
+    double zeroPosition_ = 0;      // where the fill begins, on the axis
     View* trackContent_ = nullptr; // as large as the track; null while nothing was added there
     SliderScale scale_;
     ReadoutBulb bulb_;

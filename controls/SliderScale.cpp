@@ -5,15 +5,18 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <string_view>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
 constexpr double kTextSize = 9.5, kTextKern = 0.2, kSymbolSize = 12;
-constexpr double kLineWidth = 1, kLineLength = 4, kLineGap = 4.5; // points, from the track's edge
-constexpr double kTextGap = 11.5;                                 // from the track's edge to a text beside it
-constexpr double kTextDrop = 10, kTextHeight = 12, kTextWidth = 34;
+constexpr double kLineWidth = 1, kLineLength = 4;           // points
+constexpr double kLineGapBelow = 4.5, kLineGapBeside = 4.5; // from the edge to a line
+constexpr double kTextGap = 10.5;                           // from the edge to a text beside it
+constexpr double kTextDrop = 12, kTextHeight = 12, kTextWidth = 34;
+constexpr std::string_view kMinus = "\u2212";
 constexpr double kLeastDistanceBeside = 10, kLeastDistanceBelow = 24; // between two texts
 
 // The value's own name where it has one, else its number as a mark.
@@ -21,6 +24,12 @@ std::string markText(const QVMParameter& parameter, float value) {
     const std::string own = parameter.stringForValue(value);
     const bool isNamed = !own.empty() && own.find_first_of("0123456789") == std::string::npos;
     return isNamed ? own : parameter.displayStringFromCueValue(value);
+}
+
+// As it is set: a number has a minus, not a hyphen.
+std::string typeset(std::string text) {
+    const bool isNegativeNumber = text.size() > 1 && text[0] == '-' && text[1] >= '0' && text[1] <= '9';
+    return isNegativeNumber ? text.replace(0, 1, kMinus) : text;
 }
 
 std::set<float> markValues(const QVMParameter& parameter) {
@@ -87,14 +96,14 @@ void SliderScale::layOut(const QVMParameter& parameter, const SliderScaleGeometr
 
 void SliderScale::addMark(const Mark& mark, const SliderScaleGeometry& geometry, Path& lines) {
     const auto snapped = [&](double x) { return std::ceil(x * geometry.devicePixels - 0.5) / geometry.devicePixels; };
-    const double edge = geometry.trackEdge, start = snapped(mark.position - kLineWidth / 2);
+    const double edge = geometry.edge, start = snapped(mark.position - kLineWidth / 2);
     Rect textBox;
     if (geometry.horizontal) {
-        lines.addRect({start, snapped(edge - kLineGap - kLineLength), kLineWidth, kLineLength});
+        lines.addRect({start, snapped(edge - kLineGapBelow - kLineLength), kLineWidth, kLineLength});
         textBox = {mark.position - kTextWidth / 2, edge - kTextDrop - kTextHeight + 2, kTextWidth, kTextHeight};
         cueRects_.push_back({{textBox.x, textBox.y, kTextWidth, edge - textBox.y}, mark.indexed, mark.value});
     } else {
-        lines.addRect({snapped(edge + kLineGap), start, kLineLength, kLineWidth});
+        lines.addRect({snapped(edge + kLineGapBeside), start, kLineLength, kLineWidth});
         textBox = {edge + kTextGap, mark.position - kTextHeight / 2, geometry.farEdge - edge - kTextGap, kTextHeight};
         const double cueHeight = std::min(kTextHeight, kLeastDistanceBeside);
         cueRects_.push_back(
@@ -104,7 +113,7 @@ void SliderScale::addMark(const Mark& mark, const SliderScaleGeometry& geometry,
     const QVMUITheme& theme = QVMUITheme::theme();
     const Font font = mark.indexed ? QVMUITheme::appropriateFontForValueSizeIconSize(mark.text, kSymbolSize, 0)
                                    : QVMUITheme::unitFontOfSize(kTextSize);
-    AttributedString text(mark.text, font, theme.labelColorGivenInk(theme.palette.labelInk));
+    AttributedString text(typeset(mark.text), font, theme.labelColorGivenInk(theme.palette.labelInk));
     text.runs.front().kern = kTextKern;
     auto label = std::make_shared<TextLayer>(YAxis::up);
     label->setName("mark " + mark.text);

@@ -20,8 +20,8 @@ struct QVMCueRect {
 // Where a scale stands. Positions are points along the slider's axis; y grows upwards.
 struct SliderScaleGeometry {
     bool horizontal = false;
-    double trackEdge = 0; // the side of the track that faces the texts: its lower or its right edge
-    double farEdge = 0;   // how far to the right texts may reach (vertical sliders)
+    double edge = 0;    // what the marks stand off: below the track, or to the right of the way of the handle
+    double farEdge = 0; // how far to the right texts may reach (vertical sliders)
     double lowest = 0, highest = 0;
     double devicePixels = 1; // a point; lines are laid on whole ones
 };

@@ -11,12 +11,16 @@ namespace tables {
 
 namespace {
 
+// What heads a row of a panel stands above the row, in one column right of the panels' headings.
+constexpr QVMRect captionAt(double y) {
+    return {66, y, 60, 14};
+}
 constexpr std::array<TaggedLabelRow, 2> kTiltLabels = {{
-    {"GAIN", {231, 8, 80, 14}, QVMLabelAlignment::right},
-    {"RANGE", {231, 84, 80, 14}, QVMLabelAlignment::right},
+    {"GAIN", captionAt(8), QVMLabelAlignment::left},
+    {"RANGE", captionAt(77), QVMLabelAlignment::left},
 }};
 constexpr std::array<TaggedLabelRow, 1> kFilterLabels = {{
-    {"RANGE", {66, 8, 60, 14}, QVMLabelAlignment::left},
+    {"RANGE", captionAt(8), QVMLabelAlignment::left},
 }};
 constexpr std::array<TaggedLabelRow, 2> kAdvancedLabels = {{
     {"LOW", {10, 38, 80, 16}, QVMLabelAlignment::center},

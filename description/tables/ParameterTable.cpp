@@ -48,7 +48,13 @@ constexpr std::array<Dimming, 1> kListeningHigh = {{{1, kHighResonance}}};
 // Points of drag for the whole range: fine, normal, coarse. A drag of one and a half times the number sweeps it.
 constexpr std::array<double, 3> kNumberPoints = {240, 120, 90};
 
-constexpr QVMRect kBandSlider = {30, 0, 260, 34};
+// The two ends of a range: one row above the band that joins them and one below, each with room for a handle.
+constexpr double kBandRow = 36;
+constexpr QVMRect kBandSlider = {30, 0, 260, kBandRow};
+constexpr QVMRect bandRowAt(double y) {
+    return {0, y, kTiltPanel.width, kBandRow};
+}
+static_assert(kTiltPanel.width == kFilterPanel.width);
 constexpr QVMRect kNumberControl = {0, 16, 80, 44};
 constexpr QVMRect kNumberLabel = {0, 0, 80, 13};
 
@@ -67,19 +73,19 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .steps = {0.5f, 0.1f, 1.5f}, .decimals = 1,
      .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#A54D55",
      .cueSymbols = kTiltCues, .cueSymbolPositions = kTiltCuePositions, .cueSymbolValues = kTiltCueValues, .tickmarks = kZeroMark,
-     .frame = {0, 26, kTiltPanel.width, 56}, .controlFrame = {30, 2, 260, 54}},
+     .frame = {0, 20, kTiltPanel.width, 56}, .controlFrame = {30, 2, 260, 54}},
     {.pid = pidTiltRangeLow, .name = "Tilt Range Low", .codesafeName = "TiltRangeLow", .minimalName = "trl", .cid = kTilt,
      .purpose = "Where the tilt begins; at least an octave below its high end in the editor.",
      .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 10, .maxValue = 24000, .initialValue = 20,
      .steps = {1, 0.1f, 10}, .scale = Scale::tiltFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::low, .partner = pidTiltRangeHigh,
      .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#B25962",
-     .frame = {0, 98, kTiltPanel.width, 34}, .controlFrame = kBandSlider},
+     .frame = bandRowAt(96), .controlFrame = kBandSlider},
     {.pid = pidTiltRangeHigh, .name = "Tilt Range High", .codesafeName = "TiltRangeHigh", .minimalName = "trh", .cid = kTilt,
      .purpose = "Where the tilt ends; at least an octave above its low end in the editor.",
      .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 10, .maxValue = 24000, .initialValue = 20000,
      .steps = {1, 0.1f, 10}, .scale = Scale::tiltFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::high, .partner = pidTiltRangeLow,
      .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#B25962",
-     .frame = {0, 132, kTiltPanel.width, 34}, .controlFrame = kBandSlider},
+     .frame = bandRowAt(96 + kBandRow), .controlFrame = kBandSlider},
     {.pid = pidTiltRangeLink, .name = "Tilt Range Link", .codesafeName = "TiltRangeLink", .minimalName = "trlnk", .cid = kTilt,
      .purpose = "Links the two ends of the tilt range in an editor; no effect on the sound.",
      .unit = QVMUnitSwitch, .minValue = 10, .maxValue = 24000, .initialValue = 0,
@@ -113,14 +119,14 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
      .steps = {1, 0.1f, 10}, .scale = Scale::filterFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::low, .partner = pidFilterRangeHigh,
      .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#877879",
      .exceptions = kLowestFilter, .dims = kLowFilterOff,
-     .frame = {0, 37, kFilterPanel.width, 34}, .controlFrame = kBandSlider},
+     .frame = bandRowAt(35), .controlFrame = kBandSlider},
     {.pid = pidFilterRangeHigh, .name = "Filter Range High", .codesafeName = "FilterRangeHigh", .minimalName = "frh", .cid = kFilter,
      .purpose = "Cuts what lies above; off at the top.",
      .unit = QVMUnitHertz, .unitSymbol = "Hz", .minValue = 4, .maxValue = 24000, .initialValue = 24000,
      .steps = {1, 0.1f, 10}, .scale = Scale::filterFrequency, .coarseGranularityOptions = kThirdOctaves, .end = RangeEnd::high, .partner = pidFilterRangeLow,
      .controlType = QVMControlTypeSlider, .labelDisplay = 2, .horizontal = true, .color = "#877879",
      .exceptions = kHighestFilter, .dims = kHighFilterOff,
-     .frame = {0, 71, kFilterPanel.width, 34}, .controlFrame = kBandSlider},
+     .frame = bandRowAt(35 + kBandRow), .controlFrame = kBandSlider},
     {.pid = pidFilterRangeLink, .name = "Filter Range Link", .codesafeName = "FilterRangeLink", .minimalName = "frlnk", .cid = kFilter,
      .purpose = "Links the two filters' frequencies in an editor; no effect on the sound.",
      .unit = QVMUnitSwitch, .minValue = 4, .maxValue = 24000, .initialValue = 0,

@@ -21,10 +21,10 @@ constexpr double kLeft = 30;             // of the sliders in their controls
 class Pair : public testing::Test, public QVMParameterControlDelegate {
 protected:
     Pair() {
-        View& content = window.setContentView(std::make_unique<View>(Rect{0, 0, 321, 68}));
+        View& content = window.setContentView(std::make_unique<View>(Rect{0, 0, 321, 72}));
         low = &content.addSubview(
-            std::make_unique<QVMParameterControl>(Rect{0, 0, 321, 34}, Rect{}, GetParameter(pidTiltRangeLow), 125.0f));
-        high = &content.addSubview(std::make_unique<QVMParameterControl>(Rect{0, 34, 321, 34}, Rect{},
+            std::make_unique<QVMParameterControl>(Rect{0, 0, 321, 36}, Rect{}, GetParameter(pidTiltRangeLow), 125.0f));
+        high = &content.addSubview(std::make_unique<QVMParameterControl>(Rect{0, 36, 321, 36}, Rect{},
                                                                          GetParameter(pidTiltRangeHigh), 6300.0f));
         top = &content.addSubview(
             std::make_unique<QVMRangeControl>(kBand, Rect{}, GetParameter(pidTiltRangeHigh), 6300.0f));
@@ -129,23 +129,23 @@ TEST_F(Pair, ClicksFindTheHandleThenTheBand) {
     EXPECT_EQ(window.hitTest({lowX(), 10}), &sliderOf(low));
     EXPECT_EQ(window.hitTest({lowX(), 31}), &sliderOf(low)); // its pointer reaches into the band
     EXPECT_EQ(window.hitTest({highX(), 50}), &sliderOf(high));
-    EXPECT_EQ(window.hitTest({highX(), 39}), &sliderOf(high));
-    EXPECT_EQ(window.hitTest({middleX(), 35}), top->rangeSlider());
-    EXPECT_EQ(window.hitTest({lowX() - 20, 35}), top->rangeSlider());
-    EXPECT_EQ(window.hitTest({highX() + 20, 35}), top->rangeSlider());
-    EXPECT_EQ(window.hitTest({kLeft - 10, 35}), top) << "beside the slider";
+    EXPECT_EQ(window.hitTest({highX(), 43}), &sliderOf(high));
+    EXPECT_EQ(window.hitTest({middleX(), 37}), top->rangeSlider());
+    EXPECT_EQ(window.hitTest({lowX() - 20, 37}), top->rangeSlider());
+    EXPECT_EQ(window.hitTest({highX() + 20, 37}), top->rangeSlider());
+    EXPECT_EQ(window.hitTest({kLeft - 10, 37}), top) << "beside the slider";
 }
 
 TEST_F(Pair, DraggingTheBandMovesBothEndsByThePointersWay) {
     const double lowWas = lowX(), highWas = highX(), x = middleX();
-    send(EventType::mouseDown, {x, 35});
+    send(EventType::mouseDown, {x, 37});
     EXPECT_FLOAT_EQ(low->floatValue(), 125);
     EXPECT_FLOAT_EQ(high->floatValue(), 6300);
-    send(EventType::mouseDragged, {x + 15, 35});
+    send(EventType::mouseDragged, {x + 15, 37});
     EXPECT_NEAR(lowX(), lowWas + 15, 1);
     EXPECT_NEAR(highX(), highWas + 15, 1);
     EXPECT_NE(low->floatValue(), 125);
-    send(EventType::mouseUp, {x + 15, 35});
+    send(EventType::mouseUp, {x + 15, 37});
     EXPECT_FALSE(sliderOf(low).dragging());
     EXPECT_THAT(reports,
                 ElementsAre("high began", "low began", "range began", "high ended", "low ended", "range ended"));
@@ -160,13 +160,13 @@ TEST_F(Pair, APressBesideTheBandMovesBothEndsByThePointersWayAndJumpsNeither) {
         time.advance(1);
         reports.clear();
         const double lowWas = lowX(), highWas = highX();
-        send(EventType::mouseDown, {x, 35});
+        send(EventType::mouseDown, {x, 37});
         EXPECT_FLOAT_EQ(low->floatValue(), 125) << x;
         EXPECT_FLOAT_EQ(high->floatValue(), 6300) << x;
-        send(EventType::mouseDragged, {x + 12, 35});
+        send(EventType::mouseDragged, {x + 12, 37});
         EXPECT_NEAR(lowX(), lowWas + 12, 1) << x;
         EXPECT_NEAR(highX(), highWas + 12, 1) << x;
-        send(EventType::mouseUp, {x + 12, 35});
+        send(EventType::mouseUp, {x + 12, 37});
         EXPECT_THAT(reports,
                     ElementsAre("high began", "low began", "range began", "high ended", "low ended", "range ended"))
             << x;
@@ -178,7 +178,7 @@ TEST_F(Pair, APressBesideTheBandMovesBothEndsByThePointersWayAndJumpsNeither) {
 TEST_F(Pair, APressOnAHandlesPointerMovesItsEndAlone) {
     for (QVMParameterControl* end : {low, high}) {
         reports.clear();
-        const double x = kLeft + sliderOf(end).handleValue(), y = end == low ? 31 : 39;
+        const double x = kLeft + sliderOf(end).handleValue(), y = end == low ? 31 : 43;
         QVMParameterControl* const other = end == low ? high : low;
         const float otherWas = other->floatValue();
         send(EventType::mouseDown, {x, y});
@@ -211,9 +211,9 @@ TEST_F(Pair, APressOnAPointerThatReachesBeyondItsControlIsPerformedOnce) {
 
 TEST_F(Pair, OptionHeldAtTheReleaseLeavesNeitherEndDragging) {
     const double x = middleX();
-    send(EventType::mouseDown, {x, 35});
-    send(EventType::mouseDragged, {x + 15, 35});
-    send(EventType::mouseUp, {x + 15, 35}, EventModifier::option);
+    send(EventType::mouseDown, {x, 37});
+    send(EventType::mouseDragged, {x + 15, 37});
+    send(EventType::mouseUp, {x + 15, 37}, EventModifier::option);
     for (QVMParameterControl* end : {low, high}) {
         EXPECT_FALSE(sliderOf(end).dragging());
         EXPECT_FALSE(sliderOf(end).writeLocked());
@@ -224,12 +224,12 @@ TEST_F(Pair, OptionHeldAtTheReleaseLeavesNeitherEndDragging) {
 }
 
 TEST_F(Pair, OptionClickOnTheBandResetsBothEnds) {
-    send(EventType::mouseDown, {middleX(), 35}, EventModifier::option);
+    send(EventType::mouseDown, {middleX(), 37}, EventModifier::option);
     EXPECT_FLOAT_EQ(low->floatValue(), 20);
     EXPECT_FLOAT_EQ(high->floatValue(), 20000);
     EXPECT_THAT(reports, ElementsAre("high began", "high ended", "low began", "low ended", "range began"));
     reports.clear();
-    send(EventType::mouseUp, {middleX(), 35});
+    send(EventType::mouseUp, {middleX(), 37});
     EXPECT_THAT(reports, ElementsAre("range ended")) << "the ends have ended already";
 }
 
@@ -247,7 +247,7 @@ TEST_F(Pair, WithoutAPointerOverItTheInteractiveOneShowsNothing) {
         return false;
     };
     EXPECT_FALSE(isShown());
-    send(EventType::mouseMoved, {middleX(), 35});
+    send(EventType::mouseMoved, {middleX(), 37});
     EXPECT_TRUE(isShown());
     send(EventType::mouseMoved, {lowX(), 10});
     EXPECT_FALSE(isShown());
@@ -259,9 +259,9 @@ TEST_F(Pair, AMemberThatGoesAwayLeavesItsPlace) {
     EXPECT_EQ(top->low(), nullptr);
     EXPECT_EQ(bottom->low(), nullptr);
     top->updateRangeAnimated(Animate::no);
-    send(EventType::mouseDown, {highX() - 60, 35});
-    send(EventType::mouseDragged, {highX() - 50, 35});
-    send(EventType::mouseUp, {highX() - 50, 35});
+    send(EventType::mouseDown, {highX() - 60, 37});
+    send(EventType::mouseDragged, {highX() - 50, 37});
+    send(EventType::mouseUp, {highX() - 50, 37});
     top->setHigh(nullptr);
     EXPECT_EQ(top->high(), nullptr);
 }

@@ -5,8 +5,13 @@
 #include "platform/renderer/LayerRenderer.h"
 #include "platform/runloop/VirtualTime.h"
 
+#include "theme/Colors.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -82,16 +87,57 @@ TEST(QVMRangeSlider, ItsOwnValuesAreNotLimited) {
     EXPECT_FLOAT_EQ(slider.limitFloat(20000), 20000);
 }
 
-TEST(QVMRangeSlider, TheTrackMarksTheFrequenciesWithinItsRangeAndDecadesStandTaller) {
+std::size_t countOf(const Path& ticks) {
+    return static_cast<std::size_t>(
+        std::count_if(ticks.elements().begin(), ticks.elements().end(),
+                      [](const Path::Element& element) { return element.verb == Path::Verb::move; }));
+}
+
+TEST(QVMRangeSlider, TheTrackTellsTheDecadesInNumbersAndMarksTheStepsBetweenThem) {
     const QVMRangeSlider slider(kFrame, *GetParameter(pidTiltRangeHigh));
-    const auto& elements = ticksOf(slider).path().elements();
-    std::size_t ticks = 0;
-    for (const Path::Element& element : elements)
-        ticks += element.verb == Path::Verb::move;
-    EXPECT_EQ(ticks, 11u); // 10, 20, 50 ... 20000
-    EXPECT_DOUBLE_EQ(ticksOf(slider).path().bounds().height, 8);
+    std::vector<std::string> texts;
+    for (const std::shared_ptr<TextLayer>& number : slider.numbers())
+        texts.push_back(number->string().string());
+    EXPECT_THAT(texts, ElementsAre("100", "1k", "10k"));
+    EXPECT_DOUBLE_EQ(slider.numbers()[1]->position().x, slider.positionValueFromFloatValue(1000));
+    EXPECT_EQ(slider.numbers()[1]->position().y, slider.layers().trackRect().midY());
+    const Path& ticks = ticksOf(slider).path();
+    EXPECT_DOUBLE_EQ(ticks.bounds().height, 8) << "10 Hz, which has no number";
+    EXPECT_GT(countOf(ticks), 12u);
+    for (const std::shared_ptr<TextLayer>& number : slider.numbers())
+        for (const Path::Element& element : ticks.elements())
+            EXPECT_FALSE(number->frame().insetBy(1, 0).contains(element.end)) << number->name();
     const QVMRangeSlider other(kFrame, *GetParameter(pidTiltGain)); // no frequencies
     EXPECT_TRUE(ticksOf(other).path().isEmpty());
+    EXPECT_TRUE(other.numbers().empty());
+}
+
+TEST(QVMRangeSlider, ItsNumbersAreLegibleInTheBandToo) {
+    for (const bool isDark : {false, true}) {
+        std::optional<DarkTheme> dark;
+        if (isDark) dark.emplace();
+        for (const std::uint32_t pid : {pidTiltRangeHigh, pidFilterRangeHigh}) {
+            const QVMRangeSlider slider(kFrame, *GetParameter(pid));
+            const Color track = QVMUITheme::theme().palette.trackFill;
+            const Color band = composite(slider.band()->look().backgroundColor(), track);
+            const Color ink = slider.numbers().front()->string().runs.front().color;
+            EXPECT_GE(contrastRatio(ink, band), minimumTextContrast - 0.01) << pid << isDark;
+            EXPECT_GE(contrastRatio(ink, track), minimumTextContrast - 0.01) << pid << isDark;
+        }
+    }
+}
+
+// The border around a handle that hangs beside the band reaches into the track.
+TEST(QVMRangeSlider, TheFocusBorderOfAnEndStrikesNoNumber) {
+    const QVMRangeSlider band(kFrame, *GetParameter(pidTiltRangeHigh));
+    constexpr double capitals = 6.5; // points, of the numbers
+    const double free = (SliderLayers::trackThickness - capitals) / 2;
+    const QVMParameter& parameter = *GetParameter(pidTiltRangeLow);
+    const QVMVerticalSlider low({0, 0, parameter.controlFrame.width, parameter.controlFrame.height}, parameter);
+    const double handleBottom = low.readoutBulb()->frame().minY(); // y up
+    const double trackTop = -1 + SliderLayers::trackThickness / 2; // around a point below the control's bottom
+    const double border = 4;                                       // below the handle
+    EXPECT_LT(trackTop - (handleBottom - border), free);
 }
 
 TEST(QVMRangeSlider, MovingTheBandRasterisesNothing) {

@@ -103,11 +103,29 @@ TEST_F(QVMVerticalSliderLayersTest, ThePointerIsAHandOverTheHandleAndTheMarksOnl
     EXPECT_EQ(cursorAt({137, 33}), Cursor::arrow);
 }
 
-TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderTravelsFourPointsAroundTheHandle) {
+TEST_F(QVMVerticalSliderLayersTest, TheFocusBorderTravelsAroundTheHandleAndMeetsNoNumberOfItsScale) {
     QVMVerticalSlider slider(kLying, *GetParameter(pidTiltGain));
     EXPECT_EQ(slider.highlight()->tree().superlayer(), slider.readoutBulb().get());
-    EXPECT_EQ(slider.highlight()->frame(), (Rect{-4, -4, 84, 34}));
-    EXPECT_DOUBLE_EQ(slider.highlight()->rounding(), 17);
+    EXPECT_EQ(slider.highlight()->frame(), (Rect{-4, -3, 84, 32}));
+    EXPECT_DOUBLE_EQ(slider.highlight()->rounding(), 16);
+    for (const std::uint32_t pid : {pidTiltGain, pidOutputGain}) {
+        const QVMVerticalSlider scaled(pid == pidTiltGain ? kLying : kUpright, *GetParameter(pid));
+        const Rect border = scaled.highlight()->frame().insetBy(-1, -1); // with half its line
+        const Rect handle = scaled.readoutBulb()->frame();
+        ASSERT_FALSE(scaled.cueRects().empty());
+        for (const std::shared_ptr<Layer>& part : scaled.layer()->tree().sublayers()) {
+            if (part->name() != "scale") continue;
+            for (const std::shared_ptr<Layer>& mark : part->tree().sublayers()) {
+                if (!dynamic_cast<const TextLayer*>(mark.get())) continue;
+                // Capitals fill the middle three fifths of a line.
+                const Rect letters = mark->frame().insetBy(0, mark->frame().height / 5);
+                if (scaled.horizontal())
+                    EXPECT_LT(letters.maxY(), handle.y + border.minY()) << mark->name();
+                else
+                    EXPECT_GT(letters.minX(), handle.x + border.maxX()) << mark->name();
+            }
+        }
+    }
 }
 
 TEST_F(QVMVerticalSliderLayersTest, TheHandleIsAsWideAsItsWidestValueNeeds) {

@@ -20,9 +20,9 @@ TEST_F(QVMVerticalSliderTest, ExtentsFollowTheHandlesSize) {
     EXPECT_DOUBLE_EQ(lying.lowest(), 18);
     EXPECT_DOUBLE_EQ(lying.highest(), 256);
     EXPECT_DOUBLE_EQ(lying.range(), 238);
-    EXPECT_DOUBLE_EQ(upright.readoutBulb()->bounds().width, 70);
-    EXPECT_DOUBLE_EQ(upright.lowest(), 26);
-    EXPECT_DOUBLE_EQ(upright.highest(), 191);
+    EXPECT_DOUBLE_EQ(upright.lowest(), upright.readoutBulb()->bounds().height);
+    EXPECT_DOUBLE_EQ(upright.lowest(), 38); // a capsule of 26 points with 6 above it and below
+    EXPECT_DOUBLE_EQ(upright.highest(), 179);
     EXPECT_EQ(lying.pointFromRelevant(5), (Point{5, 0}));
     EXPECT_EQ(upright.pointFromRelevant(5), (Point{0, 5}));
 }

@@ -30,6 +30,18 @@ TEST(ReadoutBulb, ItIsHitOnItsBoxAndOnItsPointer) {
     EXPECT_FALSE(up.contains({100, 33}));
 }
 
+TEST(ReadoutBulb, ARoomBelongsToItsHeightAndIsNotHit) {
+    ReadoutBulb bulb(kColor, BulbPointer::shortRight, 6);
+    bulb.setWidth(70);
+    bulb.bulb()->setPosition({100, 50});
+    EXPECT_EQ(bulb.fullHeight(), 38);
+    EXPECT_EQ(bulb.background()->frame(), (Rect{0, 6, 70, 26}));
+    EXPECT_TRUE(bulb.contains({100, 38}));
+    EXPECT_FALSE(bulb.contains({100, 36}));
+    EXPECT_TRUE(bulb.contains({137, 50})) << "the pointer";
+    EXPECT_FALSE(bulb.contains({137, 58}));
+}
+
 TEST(ReadoutBulb, LongTextIsShrunkToItsRoom) {
     ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
     const AttributedString fitting = readoutText("12.0", "dB", 16), tooLong = readoutText("123456789012", "", 16);

@@ -62,12 +62,12 @@ TEST(SliderLayersTest, TheHandlesWayFollowsTheSizeOfTheViewAndOfTheHandle) {
     Bench lying(kLying, pidTiltGain), upright(kUpright, pidOutputGain);
     EXPECT_DOUBLE_EQ(lying.layers.axis().lowest, 18); // the handle's 76 points less 58
     EXPECT_DOUBLE_EQ(lying.layers.axis().highest, 256);
-    EXPECT_DOUBLE_EQ(upright.layers.axis().lowest, 26);
-    EXPECT_DOUBLE_EQ(upright.layers.axis().highest, 191);
+    EXPECT_DOUBLE_EQ(upright.layers.axis().lowest, 38);
+    EXPECT_DOUBLE_EQ(upright.layers.axis().highest, 179);
     upright.setFrame({0, 0, 97, 300});
-    EXPECT_DOUBLE_EQ(upright.layers.axis().highest, 191) << "not before it is calculated";
+    EXPECT_DOUBLE_EQ(upright.layers.axis().highest, 179) << "not before it is calculated";
     upright.layers.calculateExtents();
-    EXPECT_DOUBLE_EQ(upright.layers.axis().highest, 274);
+    EXPECT_DOUBLE_EQ(upright.layers.axis().highest, 262);
 }
 
 TEST(SliderLayersTest, TheLyingTrackSpansTheWayAndItsHandleIsCentredOnIt) {
@@ -79,11 +79,46 @@ TEST(SliderLayersTest, TheLyingTrackSpansTheWayAndItsHandleIsCentredOnIt) {
     EXPECT_EQ(bench.layers.bulb().bulb()->bounds().size(), (Size{76, 26}));
 }
 
-TEST(SliderLayersTest, TheUprightTrackStandsOnWholePointsInTheMiddle) {
+TEST(SliderLayersTest, AnUprightTrackWithAScaleStandsOnWholePointsLeftOfTheMarks) {
     Bench bench(kUpright, pidOutputGain);
     bench.layers.moveHandle(100, Animate::no);
-    EXPECT_EQ(bench.layers.trackRect(), (Rect{41, 19, 14, 179}));
-    EXPECT_EQ(bench.layers.bulb().bulb()->position(), (Point{48, 100}));
+    EXPECT_EQ(bench.layers.trackRect(), (Rect{28, 31, 15, 155}));
+    EXPECT_EQ(bench.layers.bulb().bulb()->position(), (Point{35.5, 100}));
+    // So that the handle hides none of them.
+    for (const QVMCueRect& cue : bench.layers.cueRects())
+        EXPECT_GE(cue.rect.minX(), bench.layers.bulb().bulb()->frame().maxX());
+}
+
+TEST(SliderLayersTest, AnUprightHandleAtTheTopLeavesRoomForItsBorderBelowAHeading) {
+    const Bench bench(kUpright, pidOutputGain);
+    constexpr double headingBottom = 19, border = 5; // points below the top; what the border reaches beyond the handle
+    const double top = kUpright.height - bench.layers.axis().highest - ReadoutBulb::height / 2;
+    EXPECT_GT(top - border, headingBottom);
+}
+
+TEST(SliderLayersTest, AHandleOnItsTrackPointsAtItsScaleFromWhereItsValueIs) {
+    const Bench lying(kLying, pidTiltGain), upright(kUpright, pidOutputGain);
+    const Rect down = lying.layers.bulb().background()->path().bounds();
+    EXPECT_EQ(lying.layers.bulb().pointer(), BulbPointer::shortDown);
+    EXPECT_DOUBLE_EQ(down.minY(), -ReadoutBulb::shortPointerLength);
+    EXPECT_EQ(upright.layers.bulb().pointer(), BulbPointer::shortRight);
+    EXPECT_DOUBLE_EQ(upright.layers.bulb().background()->path().bounds().maxX(),
+                     upright.layers.bulb().width() + ReadoutBulb::shortPointerLength);
+}
+
+TEST(SliderLayersTest, AGainFillsItsTrackFromZeroToItsHandle) {
+    Bench bench(kLying, pidTiltGain);
+    const Layer& fill = *bench.layers.fill();
+    bench.layers.moveHandle(200, Animate::no);
+    EXPECT_EQ(fill.frame(), (Rect{137, 26, 63, 14}));
+    bench.layers.moveHandle(100, Animate::no);
+    EXPECT_EQ(fill.frame(), (Rect{100, 26, 37, 14}));
+    bench.layers.moveHandle(137, Animate::no);
+    EXPECT_EQ(fill.frame().width, 0);
+    EXPECT_GT(bench.heightOf(fill), bench.heightOf(*bench.layers.background()));
+    EXPECT_LT(bench.heightOf(fill), bench.heightOf(*bench.layers.bulb().bulb()));
+    EXPECT_TRUE(Bench(kUpright, pidOutputGain).layers.fill()->isHidden()) << "goes farther down than up";
+    EXPECT_TRUE(Bench(kMember, pidTiltRangeLow).layers.fill()->isHidden());
 }
 
 TEST(SliderLayersTest, MembersHangAboveAndBelowTheirBandAndPointAtIt) {
@@ -115,12 +150,14 @@ TEST(SliderLayersTest, AGlidingHandleIsAtItsEndAndOnTheWayThere) {
 }
 
 TEST(SliderLayersTest, TheGainsMarksAreItsCuePositions) {
-    EXPECT_THAT(Bench(kLying, pidTiltGain).marks(), UnorderedElementsAre("-18", "-12", "-6", "0", "+6", "+12", "+18"));
+    EXPECT_THAT(Bench(kLying, pidTiltGain).marks(),
+                UnorderedElementsAre("\u221218", "\u221212", "\u22126", "0", "+6", "+12", "+18"));
 }
 
 TEST(SliderLayersTest, MarksThatWouldCollideAreLeftOutAndTheBottomOneIsNamed) {
     const Bench bench(kUpright, pidOutputGain);
-    EXPECT_THAT(bench.marks(), UnorderedElementsAre("+12", "+6", "0", "-12", "-24", "-36", "-48", "-Inf"));
+    EXPECT_THAT(bench.marks(),
+                UnorderedElementsAre("+12", "+6", "0", "\u221212", "\u221224", "\u221236", "\u221248", "-Inf"));
     for (const QVMCueRect& one : bench.layers.cueRects()) {
         EXPECT_GT(one.rect.x, bench.layers.trackRect().midX());
         for (const QVMCueRect& other : bench.layers.cueRects())
@@ -167,9 +204,11 @@ TEST(SliderLayersTest, AGrooveWithSomethingInItHasTheColourForThat) {
 TEST(SliderLayersTest, LinesLieOnWholePixelsAtEveryScale) {
     Window window;
     Bench& bench = window.setContentView(std::make_unique<Bench>(kLying, pidTiltGain));
+    const auto& parts = bench.layer()->tree().sublayers();
+    const auto& scaleLayer =
+        *std::find_if(parts.begin(), parts.end(), [](const auto& part) { return part->name() == "scale"; });
     for (const double scale : {1.0, 2.0, 3.0}) {
         window.setBackingScaleFactor(scale);
-        const auto& scaleLayer = bench.layer()->tree().sublayers().at(1);
         const auto& lines = dynamic_cast<const ShapeLayer&>(*scaleLayer->tree().sublayers().at(0));
         const double x = lines.path().elements().at(0).end.x * scale;
         EXPECT_DOUBLE_EQ(x, std::round(x)) << scale;

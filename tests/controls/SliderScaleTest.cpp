@@ -12,9 +12,9 @@ namespace {
 using testing::UnorderedElementsAre;
 
 const SliderScaleGeometry kLying = {
-    .horizontal = true, .trackEdge = 20, .farEdge = 100, .lowest = 0, .highest = 100, .devicePixels = 1};
+    .horizontal = true, .edge = 20, .farEdge = 100, .lowest = 0, .highest = 100, .devicePixels = 1};
 const SliderScaleGeometry kUpright = {
-    .horizontal = false, .trackEdge = 20, .farEdge = 60, .lowest = 0, .highest = 100, .devicePixels = 1};
+    .horizontal = false, .edge = 20, .farEdge = 60, .lowest = 0, .highest = 100, .devicePixels = 1};
 
 std::vector<float> valuesOf(const SliderScale& scale) {
     std::vector<float> values;

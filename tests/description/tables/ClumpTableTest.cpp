@@ -69,8 +69,24 @@ TEST(ClumpTable, TaggedLabels) {
     EXPECT_THAT(texts(2), ElementsAre());
     EXPECT_THAT(texts(3), ElementsAre("RANGE"));
     EXPECT_THAT(texts(4), ElementsAre("HIGH", "LOW"));
-    EXPECT_EQ(GetClump(1)->taggedLabels.at("GAIN").alignment, QVMLabelAlignment::right);
     EXPECT_EQ(GetClump(4)->taggedLabels.at("LOW").alignment, QVMLabelAlignment::center);
+}
+
+TEST(ClumpTable, CaptionsOfRowsStandInOneColumnAboveTheirRows) {
+    const QVMTaggedLabel& gain = GetClump(1)->taggedLabels.at("GAIN");
+    const QVMTaggedLabel& tilt = GetClump(1)->taggedLabels.at("RANGE");
+    const QVMTaggedLabel& filter = GetClump(3)->taggedLabels.at("RANGE");
+    for (const QVMTaggedLabel& caption : {gain, tilt, filter}) {
+        EXPECT_EQ(caption.frame.x, gain.frame.x);
+        EXPECT_EQ(caption.alignment, QVMLabelAlignment::left);
+        EXPECT_GT(caption.frame.x, GetClump(3)->labelFrame.x);
+    }
+    EXPECT_EQ(gain.frame.y, filter.frame.y) << "beside their headings";
+    // The border around a handle starts two points above its row at most; capitals fill the middle of a line.
+    const auto lettersEnd = [](const QVMTaggedLabel& label) { return label.frame.midY() + 4; };
+    EXPECT_LT(lettersEnd(tilt), GetParameter(pidTiltRangeLow)->frame.y - 3);
+    EXPECT_LT(lettersEnd(filter), GetParameter(pidFilterRangeLow)->frame.y - 3);
+    EXPECT_LT(lettersEnd(gain), GetParameter(pidTiltGain)->frame.y);
 }
 
 TEST(ClumpTable, TheOutputClumpAloneCarriesAMeter) {

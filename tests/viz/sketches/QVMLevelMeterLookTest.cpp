@@ -74,7 +74,7 @@ TEST_F(QVMLevelMeterTest, ColoursMixByFillThenByClipThenFade) {
 TEST_F(QVMLevelMeterTest, AVerticalBarGrowsUpFromTheTracksBottom) {
     meter.channel(0).fill = 0.5f;
     meter.channel(0).offset = {-3, 2};
-    EXPECT_EQ(meter.barRect(meterCanvas(), 0), (PBRect{42, 28, 6, 82.5f}));
+    EXPECT_EQ(meter.barRect(meterCanvas(), 0), (PBRect{29.5f, 40, 6, 70.5f}));
 }
 
 TEST_F(QVMLevelMeterTest, AHorizontalBarGrowsToTheRight) {
@@ -129,7 +129,9 @@ protected:
     }
     void draw() {
         surface.begin({97, 217}, 1);
-        meter.glDraw(meterCanvas(1), surface);
+        PBGLCanvas canvas = meterCanvas(1);
+        canvas.parameter.track = {45, 26, 6, 165};
+        meter.glDraw(canvas, surface);
         ASSERT_TRUE(surface.finish(picture));
     }
     // y upwards, in points.
