@@ -1,50 +1,18 @@
 #include "plugin/standalone/AudioFile.h"
 
-#include "plugin/standalone/HeldErrorStream.h"
+#include "program/HeldErrorStream.h"
+#include "program/SoundFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstdint>
-#include <filesystem>
-#include <memory>
 #include <numbers>
-#include <system_error>
-
-#include <sndfile.h>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-using SoundFile = std::unique_ptr<SNDFILE, int (*)(SNDFILE*)>;
-
 constexpr int framesPerRead = 4096;
-
-// Why nothing can be read from there, or nothing.
-std::string whyNoFile(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
-    if (error) return error.message();
-    if (std::filesystem::is_directory(status)) return "it is a directory";
-    if (!std::filesystem::is_regular_file(status)) return "it is no file but a pipe or a device";
-    return std::filesystem::file_size(path, error) == 0 ? "it is empty" : "";
-}
-
-// Why the library did not open a file, in our words where its own would tell of itself.
-std::string whyNotOpened() {
-    const int systemError = errno;
-    switch (sf_error(nullptr)) {
-    case SF_ERR_SYSTEM:
-        return std::generic_category().message(systemError);
-    case SF_ERR_UNRECOGNISED_FORMAT:
-        return "it is in no known format of audio";
-    case SF_ERR_UNSUPPORTED_ENCODING:
-        return "it is encoded in a way that is not known";
-    default:
-        return "it is damaged";
-    }
-}
 
 std::string whyNotPlayed(const SF_INFO& info) {
     if (info.samplerate >= lowestClipRateHz && info.samplerate <= highestClipRateHz) return {};
@@ -77,11 +45,10 @@ std::variant<AudioClip, AudioFileError> readAudioFile(const std::string& path, d
     const auto refusal = [&path](const std::string& why) {
         return AudioFileError{"cannot read \"" + path + "\": " + why};
     };
-    if (const std::string why = whyNoFile(path); !why.empty()) return refusal(why);
     const HeldErrorStream held;
-    SF_INFO info{};
-    const SoundFile file(sf_open(path.c_str(), SFM_READ, &info), sf_close);
-    if (!file) return refusal(whyNotOpened());
+    const auto opened = openSoundFile(path);
+    if (const auto* refused = std::get_if<SoundFileRefusal>(&opened)) return refusal(refused->why);
+    const auto& [file, info] = std::get<OpenSoundFile>(opened);
     if (const std::string why = whyNotPlayed(info); !why.empty()) return refusal(why);
     AudioClip clip = readFrames(file.get(), info, static_cast<std::size_t>(maxSeconds * info.samplerate));
     if (clip.frames() == 0) return refusal("no audio in it");

@@ -1,5 +1,5 @@
 // Entry point of the stand-alone program.
-#include "plugin/standalone/Console.h"
+#include "program/Console.h"
 #include "plugin/standalone/StandaloneApp.h"
 
 // An exception that nobody catches, such as want of memory, has to end the program in any case.

@@ -1,8 +1,8 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
-#include "plugin/standalone/CommandLine.h"
-#include "plugin/standalone/NearestName.h"
+#include "program/CommandLine.h"
+#include "program/NearestName.h"
 #include "settings/SettingsAddress.h"
 
 #include <CLI/CLI.hpp>
@@ -95,11 +95,6 @@ std::variant<Options, OptionsError> parseOptions(const std::vector<std::string>&
 std::string helpText(const std::string& program) {
     Options options;
     return commandLineHelp(OptionsLine(options).app, program);
-}
-
-std::string versionText() {
-    const QVMMetadata& metadata = *GetMetadata();
-    return metadata.pluginName + " " + metadata.version + " (" + metadata.sha + ")";
 }
 
 } // namespace QVM_NAMESPACE

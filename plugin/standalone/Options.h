@@ -1,7 +1,7 @@
 // The stand-alone program's command line. No toolkit, no side effects.
 #pragma once
 
-#include "plugin/standalone/CommandLine.h"
+#include "program/CommandLine.h"
 
 #include <optional>
 #include <string>
@@ -35,7 +35,5 @@ struct OptionsError {
 [[nodiscard]] std::variant<Options, OptionsError> parseOptions(const std::vector<std::string>& arguments);
 // The text of --help of the program by the name that it is called by.
 std::string helpText(const std::string& program);
-// "Slantwise 2.0.1 (a6a669f)".
-std::string versionText();
 
 } // namespace QVM_NAMESPACE

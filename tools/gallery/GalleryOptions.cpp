@@ -1,7 +1,7 @@
 #include "tools/gallery/GalleryOptions.h"
 
-#include "plugin/standalone/CommandLine.h"
-#include "plugin/standalone/NearestName.h"
+#include "program/CommandLine.h"
+#include "program/NearestName.h"
 #include "tools/gallery/Pages.h"
 #include "tools/gallery/TestSignal.h"
 

@@ -1,7 +1,7 @@
 // The gallery's command line. No toolkit, no side effects.
 #pragma once
 
-#include "plugin/standalone/CommandLine.h"
+#include "program/CommandLine.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,5 +1,5 @@
 // Entry point of the gallery.
-#include "plugin/standalone/Console.h"
+#include "program/Console.h"
 #include "tools/gallery/GalleryApp.h"
 #include "tools/gallery/Pages.h"
 

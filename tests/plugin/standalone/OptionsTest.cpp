@@ -1,7 +1,7 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
-#include "plugin/standalone/NearestName.h"
+#include "program/NearestName.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "plugin/standalone/NearestName.h"
+#include "program/NearestName.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,8 @@
-#include "plugin/standalone/CommandLine.h"
+#include "program/CommandLine.h"
 
+#include "description/Description.h"
 #include "description/NumberText.h"
-#include "plugin/standalone/Console.h"
+#include "program/Console.h"
 
 #include <CLI/CLI.hpp>
 
@@ -45,6 +46,10 @@ std::function<void(const std::string&)> refusing(OptionSetter setter) {
     return [setter = std::move(setter)](const std::string& value) {
         if (const std::string wrong = setter(value); !wrong.empty()) throw CLI::ValidationError(wrong);
     };
+}
+
+std::string whyNoFileName(const std::string& file) {
+    return file.empty() || file == "-" ? unknownArgument(file) : std::string();
 }
 
 } // namespace
@@ -105,10 +110,18 @@ void addQuitAfter(CLI::App& app, std::optional<double>& seconds) {
 }
 
 void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter) {
-    const auto check = [](const std::string& file) {
-        return file.empty() || file == "-" ? unknownArgument(file) : std::string();
-    };
-    app.add_option_function<std::string>("file", refusing(std::move(setter)), help)->type_name("")->check(check);
+    app.add_option_function<std::string>("file", refusing(std::move(setter)), help)
+        ->type_name("")
+        ->check(whyNoFileName);
+}
+
+void addBareFiles(CLI::App& app, const std::string& help, std::vector<std::string>& files) {
+    app.add_option("files", files, help)->type_name("")->check(whyNoFileName);
+}
+
+std::string versionText() {
+    const QVMMetadata& metadata = *GetMetadata();
+    return metadata.pluginName + " " + metadata.version + " (" + metadata.sha + ")";
 }
 
 std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& arguments) {

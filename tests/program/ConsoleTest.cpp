@@ -1,4 +1,4 @@
-#include "plugin/standalone/Console.h"
+#include "program/Console.h"
 
 #include <gtest/gtest.h>
 

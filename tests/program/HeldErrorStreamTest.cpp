@@ -1,4 +1,4 @@
-#include "plugin/standalone/HeldErrorStream.h"
+#include "program/HeldErrorStream.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +31,16 @@ TEST(HeldErrorStream, SeesWhatGoesPastTheStream) {
         EXPECT_TRUE(held.heldAnything());
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(HeldErrorStream, WhoHoldsItCanStillSpeak) {
+    testing::internal::CaptureStderr();
+    {
+        const HeldErrorStream held;
+        EXPECT_EQ(write(held.realStream(), "x", 1), 1);
+        EXPECT_FALSE(held.heldAnything());
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "x");
 }
 
 } // namespace

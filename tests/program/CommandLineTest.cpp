@@ -1,6 +1,6 @@
-#include "plugin/standalone/CommandLine.h"
+#include "program/CommandLine.h"
 
-#include "plugin/standalone/Console.h"
+#include "program/Console.h"
 
 #include <CLI/CLI.hpp>
 #include <gtest/gtest.h>

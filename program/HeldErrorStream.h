@@ -15,6 +15,8 @@ public:
     HeldErrorStream(const HeldErrorStream&) = delete;
     HeldErrorStream& operator=(const HeldErrorStream&) = delete;
 
+    // The stream that everybody else is kept from, for who holds it: a descriptor, which lives as long as this object.
+    int realStream() const;
     // Whether anything was kept back so far.
     bool heldAnything() const;
 

@@ -1,4 +1,4 @@
-#include "plugin/standalone/HeldErrorStream.h"
+#include "program/HeldErrorStream.h"
 
 #include <cstdio>
 
@@ -20,6 +20,10 @@ HeldErrorStream::~HeldErrorStream() {
         close(real_);
     }
     if (kept_ >= 0) close(kept_);
+}
+
+int HeldErrorStream::realStream() const {
+    return real_ >= 0 ? real_ : STDERR_FILENO;
 }
 
 bool HeldErrorStream::heldAnything() const {

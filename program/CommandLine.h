@@ -33,6 +33,8 @@ void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::str
 // Adds the one argument without a name: a file, and never an empty text. Setters are called in the order in which what
 // they belong to was added.
 void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter);
+// Adds any number of such arguments, in their order.
+void addBareFiles(CLI::App& app, const std::string& help, std::vector<std::string>& files);
 // The options of every program that opens a window. What they set lives as long as the app is used.
 enum class StartTheme : unsigned char { light, dark };
 void addTheme(CLI::App& app, StartTheme& theme);
@@ -41,6 +43,8 @@ void addScale(CLI::App& app, const std::string& otherwise, double& scale);
 void addQuitAfter(CLI::App& app, std::optional<double>& seconds);
 // A number as in what is said of one.
 std::string numberText(double number);
+// "Slantwise 2.0.1 (a6a669f)".
+std::string versionText();
 // What is said of an argument that has no place.
 std::string unknownArgument(const std::string& argument);
 

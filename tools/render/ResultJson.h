@@ -1,0 +1,17 @@
+// What was done and measured, as JSON.
+#pragma once
+
+#include "tools/render/RenderFile.h"
+
+#include <span>
+#include <string>
+
+namespace QVM_NAMESPACE {
+namespace render {
+
+// One object with a row for each file in its order, ending with a newline. Levels are in decibels, and null where there
+// is no sound. Bytes of names that are no UTF-8 are replaced.
+std::string resultsJson(std::span<const RenderResult> results, const RenderOptions& options);
+
+} // namespace render
+} // namespace QVM_NAMESPACE
