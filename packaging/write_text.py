@@ -10,7 +10,8 @@ In the source stand, for a man page (its name ends in .1.in):
 and for a completion:
 
     @OPTIONS@     the names of the options, @COMMANDS@ those of the commands, as words
-    @VALUES@      the branches of a `case` over options that take one of some words, or a file
+    @VALUES@      the branches of a `case` over options that take one of some words, or a file; none for those whose value
+                  may be left out
     @PRESETS@     the factory presets, as words
 
 and @VERSION@ for both.
@@ -86,7 +87,7 @@ def branches(options):
             lines.append(f"    {names}) offered=({words(choice)}) ;;")
         elif option.value == "FILE":
             lines.append(f"    {names}) files=yes ;;")
-        elif option.value and option.names != ["--preset"]:
+        elif option.value and not option.value.startswith("[") and option.names != ["--preset"]:
             lines.append(f"    {names}) return ;;")
     return "\n".join(lines)
 

@@ -1,6 +1,6 @@
 // Entry point of the stand-alone program.
-#include "program/Console.h"
 #include "plugin/standalone/StandaloneApp.h"
+#include "program/Console.h"
 
 // An exception that nobody catches, such as want of memory, has to end the program in any case.
 int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-escape)

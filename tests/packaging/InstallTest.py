@@ -32,7 +32,7 @@ def expected_files():
              "doc/slantwise/MANUAL.md"}
     share |= {f"doc/slantwise/images/{picture}" for picture in pictures}
     share |= {f"icons/hicolor/{side}x{side}/apps/slantwise.png" for side in SIDES}
-    programs = ("slantwise", "slantwise-inspect")
+    programs = ("slantwise", "slantwise-inspect", "slantwise-render")
     share |= {f"man/man1/{program}.1" for program in programs}
     share |= {f"bash-completion/completions/{program}" for program in programs}
     lv2, vst3 = files_below(bundle("Slantwise.lv2")), files_below(bundle("Slantwise.vst3"))
@@ -124,7 +124,7 @@ class InstallTest(unittest.TestCase):
 
     @unittest.skipUnless(shutil.which("groff"), "needs groff")
     def test_the_man_pages_are_without_fault_and_have_every_option(self):
-        for program in ("slantwise", "slantwise-inspect"):
+        for program in ("slantwise", "slantwise-inspect", "slantwise-render"):
             page = self.root / f"share/man/man1/{program}.1"
             said = subprocess.run(["groff", "-man", "-Tutf8", "-ww", "-rHY=0", "-P-cbou", page], text=True,
                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
@@ -192,6 +192,17 @@ class CompletionTest(unittest.TestCase):
             (Path(folder) / "two words.wav").touch()
             self.assertEqual(self.completed("slantwise", "--play", "tw", folder=folder), ["two words.wav"])
             self.assertEqual(self.completed("slantwise", "", folder=folder), ["two words.wav"])
+
+    def test_options_and_files_of_render(self):
+        self.assertEqual(self.completed("slantwise-render", "--pr"), ["--preset"])
+        self.assertEqual(self.completed("slantwise-render", "--preset", "Su"), ["Sub\\ Love"])
+        self.assertEqual(self.completed("slantwise-render", "--bits", "fl"), ["float"])
+        self.assertEqual(self.completed("slantwise-render", "--format", "=", "fl"), ["flac"])
+        self.assertEqual(self.completed("slantwise-render", "--jobs", ""), [""])
+        with tempfile.TemporaryDirectory() as folder:
+            (Path(folder) / "two words.wav").touch()
+            for before in ([], ["--normalise"], ["--output"], ["--force", "other.wav"]):
+                self.assertEqual(self.completed("slantwise-render", *before, "tw", folder=folder), ["two words.wav"])
 
     def test_commands_of_inspect_in_the_first_place_only(self):
         self.assertEqual(self.completed("slantwise-inspect", "de"), ["description"])

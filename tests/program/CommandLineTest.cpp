@@ -113,5 +113,18 @@ TEST_F(CommandLine, TheHelpBeginsWithTheNameThatTheProgramIsCalledByAndEndsWithI
                                                   exitStatusHelp());
 }
 
+TEST(BareFiles, AreTakenInTheirOrderAndEachIsAName) {
+    CLI::App app{"Reads files."};
+    std::vector<std::string> files;
+    addBareFiles(app, "files to read", files);
+    EXPECT_EQ(parseCommandLine(app, {"a.wav", "--", "-b.wav"}), "");
+    EXPECT_EQ(files, (std::vector<std::string>{"a.wav", "-b.wav"}));
+    EXPECT_EQ(parseCommandLine(app, {"a.wav", ""}), unknownArgument(""));
+}
+
+TEST(VersionText, NamesProductVersionAndBuild) {
+    EXPECT_EQ(versionText(), "Slantwise 2.0.1 (a6a669f)");
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

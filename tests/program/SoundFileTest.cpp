@@ -37,7 +37,8 @@ TEST_F(SoundFileTest, SaysWhatIsWrongAndWaitsForNobody) {
     EXPECT_EQ(whyNot(directory_.file("none.wav")), "No such file or directory");
     EXPECT_EQ(whyNot(directory_.bytes("empty.wav", "")), "it is empty");
     EXPECT_EQ(whyNot(directory_.bytes("text.wav", "this is only text")), "it is in no known format of audio");
-    EXPECT_EQ(whyNot(directory_.bytes("cut.wav", "RIFF\x10")), "it is damaged");
+    const std::string header("RIFF\x24\0\0\0WAVEfmt \x10\0\0\0", 20);
+    EXPECT_EQ(whyNot(directory_.bytes("cut.wav", header)), "it is damaged");
 }
 
 } // namespace

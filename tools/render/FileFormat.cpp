@@ -42,6 +42,12 @@ bool isWav(int format) {
     return major(format) == SF_FORMAT_WAV || major(format) == SF_FORMAT_WAVEX;
 }
 
+// At most.
+int bytesOfSample(int format) {
+    if (const int bits = integerBits(format)) return (bits + 7) / 8;
+    return isSingle(format) ? 4 : 8;
+}
+
 // Files that end in "wav" are of three kinds, and stay of theirs.
 bool isOfContainer(int format, const Container& container) {
     if (container.format == SF_FORMAT_WAV) return isWav(format) || major(format) == SF_FORMAT_RF64;
@@ -81,6 +87,7 @@ const Container* containerNamed(std::string_view name) {
 
 const Container* containerOfEnding(std::string_view ending) {
     if (const Container* named = containerNamed(ending)) return named;
+    if (ending.find(' ') != std::string_view::npos) return nullptr;
     const std::string word = " " + small(ending) + " ";
     const auto* const found = std::ranges::find_if(
         containers, [&word](const Container& container) { return container.others.find(word) != std::string::npos; });
@@ -118,8 +125,7 @@ std::optional<SF_INFO> formatToWrite(const SF_INFO& source, const FormatRequest&
         if (!isSensible(candidate, source.format, isWanted)) continue;
         info.format = container | candidate | byteOrder;
         if (sf_format_check(&info) == 0) continue;
-        const sf_count_t bytes =
-            frames * info.channels * std::max(integerBits(candidate) / 8, candidate == SF_FORMAT_DOUBLE ? 8 : 4);
+        const sf_count_t bytes = frames * info.channels * bytesOfSample(candidate);
         if (isWav(info.format) && bytes > largestRiff) info.format = SF_FORMAT_RF64 | candidate;
         return info;
     }

@@ -96,32 +96,32 @@ void LoudnessMeter::Destroyer::operator()(ebur128_state* state) const {
 }
 
 LoudnessMeter::LoudnessMeter(int channels, int sampleRateHz, std::span<const int> channelMap, Measures measures)
-    : channels_(static_cast<unsigned>(channels)), measures_(measures) {
-    const int mode = measures == Measures::peaks ? EBUR128_MODE_TRUE_PEAK
-                                                 : EBUR128_MODE_I | EBUR128_MODE_LRA | EBUR128_MODE_TRUE_PEAK;
-    state_.reset(ebur128_init(channels_, static_cast<unsigned long>(sampleRateHz), mode));
+    : channels_(static_cast<std::size_t>(channels)), peaks_(channels_, TruePeakMeter(sampleRateHz)) {
+    if (measures == Measures::peaks) return;
+    const auto count = static_cast<unsigned>(channels);
+    state_.reset(ebur128_init(count, static_cast<unsigned long>(sampleRateHz), EBUR128_MODE_I | EBUR128_MODE_LRA));
     if (!state_) throw std::bad_alloc();
     const std::vector<int> map = places(channels, channelMap);
-    for (unsigned channel = 0; channel < channels_; ++channel)
+    for (unsigned channel = 0; channel < count; ++channel)
         ebur128_set_channel(state_.get(), channel, map[channel]);
 }
 
 LoudnessMeter::~LoudnessMeter() = default;
 
 void LoudnessMeter::add(std::span<const double> interleaved) {
-    ebur128_add_frames_double(state_.get(), interleaved.data(), interleaved.size() / channels_);
+    if (interleaved.empty()) return;
+    for (std::size_t channel = 0; channel < channels_; ++channel)
+        peaks_[channel].add(interleaved.subspan(channel), channels_);
+    if (state_) ebur128_add_frames_double(state_.get(), interleaved.data(), interleaved.size() / channels_);
 }
 
 Loudness LoudnessMeter::result() const {
     Loudness result;
-    for (unsigned channel = 0; channel < channels_; ++channel) {
-        double peak = 0;
-        ebur128_sample_peak(state_.get(), channel, &peak);
-        result.samplePeak = std::max(result.samplePeak, peak);
-        ebur128_true_peak(state_.get(), channel, &peak);
-        result.truePeak = std::max({result.truePeak, peak, result.samplePeak});
+    for (const TruePeakMeter& peak : peaks_) {
+        result.samplePeak = std::max(result.samplePeak, peak.samplePeak());
+        result.truePeak = std::max(result.truePeak, peak.truePeak());
     }
-    if (measures_ == Measures::peaks) return result;
+    if (!state_) return result;
     double value = 0;
     const int loudness = ebur128_loudness_global(state_.get(), &value);
     result.integratedLufs = finite(loudness, value);

@@ -1,11 +1,12 @@
-// Loudness and peaks as EBU R 128 defines them, with the library for it.
+// Loudness and peaks as EBU R 128 defines them; the loudness by the library for it.
 #pragma once
 
-#include "BuildNamespace.h"
+#include "tools/render/TruePeakMeter.h"
 
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include <ebur128.h>
 
@@ -43,9 +44,9 @@ private:
         void operator()(ebur128_state* state) const;
     };
 
-    unsigned channels_;
-    Measures measures_;
-    std::unique_ptr<ebur128_state, Destroyer> state_;
+    std::size_t channels_;
+    std::vector<TruePeakMeter> peaks_;                // by channel
+    std::unique_ptr<ebur128_state, Destroyer> state_; // null where only peaks are measured
 };
 
 } // namespace render

@@ -66,10 +66,12 @@ void copyChunks(SNDFILE* from, SNDFILE* to) {
 } // namespace
 
 void copyMetadata(SNDFILE* from, const SF_INFO& source, SNDFILE* to, const SF_INFO& target) {
-    constexpr std::size_t longestRecord = 48 * 1024; // of a broadcast or cart chunk with its history
+    // A little less than the longest that the library takes; what is shorter says so itself.
+    using Broadcast = SF_BROADCAST_INFO_VAR(16 * 1024 - 64);
+    using Cart = SF_CART_INFO_VAR(16 * 1024 - 64);
     copyTexts(from, to);
-    copyRecord(from, to, SFC_GET_BROADCAST_INFO, SFC_SET_BROADCAST_INFO, longestRecord);
-    copyRecord(from, to, SFC_GET_CART_INFO, SFC_SET_CART_INFO, longestRecord);
+    copyRecord(from, to, SFC_GET_BROADCAST_INFO, SFC_SET_BROADCAST_INFO, sizeof(Broadcast));
+    copyRecord(from, to, SFC_GET_CART_INFO, SFC_SET_CART_INFO, sizeof(Cart));
     copyRecord(from, to, SFC_GET_INSTRUMENT, SFC_SET_INSTRUMENT, sizeof(SF_INSTRUMENT));
     copyCues(from, to);
     std::vector<int> map = channelMapOf(from, source.channels);

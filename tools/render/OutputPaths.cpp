@@ -30,7 +30,7 @@ std::string outputFor(const std::string& file, const RenderOptions& options, boo
 
 std::string placeOf(const std::string& path) {
     std::error_code error;
-    const fs::path place = fs::weakly_canonical(path, error);
+    const fs::path place = fs::weakly_canonical(fs::absolute(path), error);
     return error ? path : place.string();
 }
 

@@ -133,9 +133,5 @@ TEST(Options, HelpNamesEveryOption) {
         EXPECT_NE(helpText("slantwise").find(option), std::string::npos) << option;
 }
 
-TEST(Options, VersionNamesProductVersionAndBuild) {
-    EXPECT_EQ(versionText(), "Slantwise 2.0.1 (a6a669f)");
-}
-
 } // namespace
 } // namespace QVM_NAMESPACE

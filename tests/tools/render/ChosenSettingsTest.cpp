@@ -1,0 +1,83 @@
+#include "tools/render/ChosenSettings.h"
+
+#include "description/Description.h"
+#include "unit/QVM0015_AudioUnit.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace render {
+namespace {
+
+float valueIn(const QVM0015_AudioUnit& unit, AudioUnitParameterID pid) {
+    float value = -1000;
+    unit.getParameter(pid, kAudioUnitScope_Global, 0, &value);
+    return value;
+}
+
+TEST(ChosenSettings, TakesAPresetByNameOrByNumberFromOne) {
+    const auto& names = GetPresets()->stringValues;
+    ChosenSettings settings;
+    EXPECT_EQ(settings.choosePreset(names[4]), "");
+    EXPECT_EQ(settings.presetIndex, 4);
+    EXPECT_EQ(settings.choosePreset("1"), "");
+    EXPECT_EQ(settings.presetIndex, 0);
+    EXPECT_EQ(settings.choosePreset(std::to_string(names.size())), "");
+    EXPECT_EQ(settings.presetIndex, static_cast<int>(names.size()) - 1);
+}
+
+TEST(ChosenSettings, SaysWhichPresetsThereAre) {
+    ChosenSettings settings;
+    for (const char* number : {"0", "24"})
+        EXPECT_EQ(settings.choosePreset(number),
+                  "--preset takes a name or a number from 1 to 23, not \"" + std::string(number) + "\"");
+    EXPECT_EQ(settings.choosePreset("Aire"), "there is no preset named \"Aire\"; the nearest is \"Air\"");
+    EXPECT_FALSE(settings.presetIndex);
+}
+
+TEST(ChosenSettings, APresetReachesTheUnit) {
+    ChosenSettings settings;
+    ASSERT_EQ(settings.choosePreset("Air"), "");
+    QVM0015_AudioUnit unit, expected;
+    settings.applyTo(unit);
+    expected.choosePreset(*settings.presetIndex);
+    EXPECT_EQ(unit.saveState(), expected.saveState());
+    EXPECT_NE(unit.saveState(), QVM0015_AudioUnit().saveState());
+}
+
+TEST(ChosenSettings, AnAddressReachesTheUnitAlsoCutDown) {
+    QVM0015_AudioUnit whole, cutDown;
+    ChosenSettings settings;
+    ASSERT_EQ(settings.chooseAddress("/?tg:4.5/out:-6"), "");
+    settings.applyTo(cutDown);
+    ASSERT_EQ(settings.chooseAddress("https://a.example/slantwise/2/?tg:4.5/out:-6"), "");
+    settings.applyTo(whole);
+    EXPECT_EQ(valueIn(cutDown, pidTiltGain), 4.5f);
+    EXPECT_EQ(valueIn(cutDown, pidOutputGain), -6);
+    EXPECT_EQ(whole.saveState(), cutDown.saveState());
+}
+
+TEST(ChosenSettings, WhatAnAddressLeavesAloneStays) {
+    ChosenSettings settings;
+    ASSERT_EQ(settings.chooseAddress("/?tg:x"), "");
+    QVM0015_AudioUnit unit;
+    settings.applyTo(unit);
+    EXPECT_EQ(unit.saveState(), QVM0015_AudioUnit().saveState());
+}
+
+TEST(ChosenSettings, SaysWhyAnAddressIsNone) {
+    ChosenSettings settings;
+    EXPECT_THAT(settings.chooseAddress("tg:4"), testing::StartsWith("cannot read the settings: "));
+    EXPECT_EQ(settings.address, "");
+}
+
+TEST(ChosenSettings, TheListHasALineForEveryPreset) {
+    const std::string list = presetList();
+    EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 23);
+    EXPECT_THAT(list, testing::HasSubstr("  " + GetPresets()->stringValues[22] + "\n"));
+    EXPECT_THAT(list, testing::StartsWith(" 1  " + GetPresets()->stringValues[0] + "\n"));
+}
+
+} // namespace
+} // namespace render
+} // namespace QVM_NAMESPACE
