@@ -30,6 +30,8 @@ SoundWriter::SoundWriter(int descriptor, const SF_INFO& format, SNDFILE* source,
     sf_command(file_.get(), SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
     sf_command(file_.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
     if (!isLossless(format.format)) {
+        int mode = SF_BITRATE_MODE_VARIABLE; // in the other modes MP3 files have the usual rate whatever the quality
+        sf_command(file_.get(), SFC_SET_BITRATE_MODE, &mode, sizeof mode);
         double quality = 0.9;
         sf_command(file_.get(), SFC_SET_VBR_ENCODING_QUALITY, &quality, sizeof quality);
     }

@@ -76,6 +76,15 @@ TEST_F(SoundWriterTest, EveryRunWritesTheSameBytes) {
     EXPECT_EQ(bytesOf(directory_.file("one")).find("PEAK"), std::string::npos) << "has the time of day in it";
 }
 
+TEST_F(SoundWriterTest, CompressedFilesAreOfHighQuality) {
+    const std::string from = directory_.audio("from", SF_FORMAT_WAV | SF_FORMAT_PCM_24, 2, 48000, tones(2, 96000));
+    for (const int format : {SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, SF_FORMAT_OGG | SF_FORMAT_VORBIS}) {
+        ASSERT_EQ(rewrite(from, directory_.file("to"), format), "");
+        const auto bytes = static_cast<double>(std::filesystem::file_size(directory_.file("to")));
+        EXPECT_GT(bytes * 8 / 2, 170000) << formatText(format); // bits a second
+    }
+}
+
 // A file may grow to so many bytes, as if there were no more room on the disk.
 class LimitedFileSize {
 public:
