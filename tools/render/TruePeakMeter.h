@@ -1,7 +1,7 @@
 // The highest level of one channel, between the samples as well, as ITU-R BS.1770 has it: the sound is looked at with
 // four times the rate, from 96 kHz on with twice, and from 192 kHz on as it is.
 //
-// The library for loudness has this too. There it took three quarters of the time of a whole rendering.
+// The library for loudness has this too. There it took more than half of the time of a whole rendering.
 #pragma once
 
 #include "BuildNamespace.h"
