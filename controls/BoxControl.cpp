@@ -2,6 +2,7 @@
 
 #include "controls/QVMFocusBorder.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 
@@ -9,8 +10,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kCornerRadius = 10, kFocusRadius = 13; // points, of a rounded box and of the border around it
-constexpr double kCapsuleFocusShare = 0.5;              // of the height
+constexpr double kFocusRadius = radii::box + 3; // points, of the border around a rounded box
+constexpr double kCapsuleFocusShare = 0.5;      // of the height
 constexpr double kGlideSeconds = 0.1;
 
 } // namespace
@@ -33,7 +34,7 @@ std::optional<Color> BoxControl::surface() const {
 
 void BoxControl::placeBox(const Rect& frame) {
     const double most = std::min(frame.width, frame.height) / 2;
-    const double radius = shape_ == BoxShape::capsule ? most : std::min(kCornerRadius, most);
+    const double radius = shape_ == BoxShape::capsule ? most : std::min(radii::box, most);
     bg_->setFrame(frame);
     bg_->look().setCornerRadius(radius);
     hover_->setFrame(frame);

@@ -1,5 +1,6 @@
 #include "controls/QVMCycleControl.h"
 
+#include "controls/DimmedText.h"
 #include "controls/TextFitting.h"
 #include "platform/layer/TextMetrics.h"
 #include "theme/QVMUITheme.h"
@@ -174,7 +175,9 @@ void QVMCycleControl::typesetAttributedStringValueBackgroundColor(const Attribut
     const bool plainText = isAscii(text.string());
     const Rect available = rectAvailableForTextDisplay();
     value_->setFrame(plainText ? available : bgFrame());
-    value_->setString(shrunkenToWidth(text, available.width));
+    const bool staysLegible = dimmed() && plainText;
+    value_->setLeastOpacity(staysLegible ? dimmedValueOpacity : 0);
+    value_->setString(shrunkenToWidth(staysLegible ? inDimmedInk(text) : text, available.width));
     bg()->look().setBackgroundColor(look.background);
     bg()->look().setBorder(look.border.a > 0 ? 1 : 0, look.border);
     bg()->setOpacity(look.backgroundOpacity);
@@ -182,6 +185,11 @@ void QVMCycleControl::typesetAttributedStringValueBackgroundColor(const Attribut
 
 void QVMCycleControl::setFloatValue(float value) {
     QVMFloatControl::setFloatValue(value);
+    redraw();
+}
+
+void QVMCycleControl::setDimmed(bool dimmed) {
+    BoxControl::setDimmed(dimmed);
     redraw();
 }
 

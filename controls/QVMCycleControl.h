@@ -39,6 +39,7 @@ public:
     const std::shared_ptr<ShapeLayer>& dec() const { return dec_; }
 
     void setFloatValue(float value) override;
+    void setDimmed(bool dimmed) override;
     void setHighlit(bool highlit) override { BoxControl::setHighlit(highlit && canHighlight_); }
     bool incrementWithArrowGranularity(char32_t arrow, std::int32_t granularity) override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;

@@ -3,6 +3,7 @@
 #include "controls/TextFitting.h"
 #include "description/ValueMapping.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,7 @@ namespace {
 constexpr double kMarginY = 4, kTextStrip = 24; // points
 constexpr double kPaddingX = 6, kGap = 3;       // around the field and between squares
 constexpr double kValueSize = 14, kIconSize = 18, kUnitSize = 11;
-constexpr double kSquareRounding = 0.18, kMostRounding = 6; // of the side; points
+constexpr double kSquareRounding = 0.18, kMostRounding = radii::mark; // of the side; points
 constexpr int kMostSquares = 1024;
 
 double squareRadius(double side) {

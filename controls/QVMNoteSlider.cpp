@@ -2,6 +2,7 @@
 
 #include "description/ValueMapping.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +14,6 @@ namespace {
 constexpr double kIconSize = 22;             // points
 constexpr double kMarginX = 5, kMarginY = 3; // between background and symbols
 constexpr double kSelectionInset = 1;        // within a symbol's cell
-constexpr double kSelectionRadius = 8;
 
 } // namespace
 
@@ -51,11 +51,11 @@ void QVMNoteSlider::redraw() {
     layOutSymbols();
     drawPlainBox();
     bg()->look().setBackgroundColor(theme.backgroundColor); // a box's fill would be too near to the glyphs
-    hover()->look().setCornerRadius(kSelectionRadius);
+    hover()->look().setCornerRadius(radii::box);
     const Color accent = contrasted(QVMCGColor(parameter().color), palette.onAccent);
     selection_->look().setBackgroundColor(accent);
     selection_->look().setBorder(1, accent.mixedWith(palette.boxFill, 0.25f));
-    selection_->look().setCornerRadius(kSelectionRadius);
+    selection_->look().setCornerRadius(radii::box);
     showSelection(Animate::no);
 }
 

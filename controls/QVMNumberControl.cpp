@@ -1,5 +1,6 @@
 #include "controls/QVMNumberControl.h"
 
+#include "controls/DimmedText.h"
 #include "controls/FineDrag.h"
 #include "controls/TextFitting.h"
 #include "platform/view/Window.h"
@@ -108,7 +109,8 @@ void QVMNumberControl::redraw() {
     std::string text;
     std::optional<std::string> suffix;
     parameter().valueString(&text, &suffix, floatValue());
-    unit_->setString({suffix.value_or(""), QVMUITheme::unitFontOfSize(kUnitSize), palette.unit});
+    unit_->setString({suffix.value_or(""), QVMUITheme::unitFontOfSize(kUnitSize),
+                      dimmed() ? QVMUITheme::theme().textColor : palette.unit});
     layOut();
     if (!displayingTransient_) {
         const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, 0);
@@ -122,6 +124,14 @@ void QVMNumberControl::redraw() {
 void QVMNumberControl::setFloatValue(float value) {
     QVMFloatControl::setFloatValue(value);
     redraw();
+}
+
+// The value is in the theme's ink as it is.
+void QVMNumberControl::setDimmed(bool dimmed) {
+    BoxControl::setDimmed(dimmed);
+    redraw();
+    for (TextLayer* text : {value_.get(), unit_.get()})
+        text->setLeastOpacity(dimmed ? dimmedValueOpacity : 0);
 }
 
 double QVMNumberControl::transientStringPreferredFontSize() const {

@@ -22,6 +22,7 @@ public:
                                                                   double pixels) const;
 
     void setFloatValue(float value) override;
+    void setDimmed(bool dimmed) override;
     void handleMouseDownWithEventGranularities(const QVMEvent& event, const QVMGranularities& granularities) override;
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;

@@ -4,6 +4,7 @@
 #include "platform/layer/TextMetrics.h"
 #include "platform/layer/Transaction.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +16,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr float kBandAlpha = 0.45f;
-constexpr double kFocusRounding = 4;
+constexpr double kFocusRounding = radii::mark;
 
 // The track marks frequencies like logarithmic paper; these are told in numbers, in place of their marks.
 struct FrequencyNumber {

@@ -2,19 +2,20 @@
 
 #include "controls/QVMCycleControl.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kLightInset = 2, kLightRadius = 5; // points
+constexpr double kLightInset = 2; // points
 constexpr float kLightAlpha = 0.4f, kHoverAlpha = 0.1f;
 constexpr double kDisabledOpacity = 0.2;
 
 std::shared_ptr<Layer> makeLight(const char* name) {
     auto light = std::make_shared<Layer>();
     light->setName(name);
-    light->look().setCornerRadius(kLightRadius);
+    light->look().setCornerRadius(radii::mark);
     light->setOpacity(0);
     return light;
 }

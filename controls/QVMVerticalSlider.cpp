@@ -183,6 +183,11 @@ void QVMVerticalSlider::themeUpdated() {
     if (!displayingTransientBufferValue_) setDisplayText(floatValue());
 }
 
+void QVMVerticalSlider::setDimmed(bool dimmed) {
+    QVMFloatControl::setDimmed(dimmed);
+    layers_.bulb().setDimmed(dimmed);
+}
+
 void QVMVerticalSlider::displayTransientBufferValue(const AttributedString& text) {
     layers_.bulb().setText(text);
 }

@@ -86,6 +86,7 @@ public:
     void pressDidEnd(const QVMEvent& event) override;
     void handleMetaActionWithEvent(std::int32_t code, const QVMEvent* event) override;
     void themeUpdated() override;
+    void setDimmed(bool dimmed) override;
     void frameDidChange() override { layOut(); }
     void viewDidMoveToWindow() override { layOut(); }
     void viewDidChangeBackingProperties() override { layOut(); }

@@ -1,5 +1,6 @@
 #include "controls/ReadoutBulb.h"
 
+#include "controls/DimmedText.h"
 #include "controls/ReadoutText.h"
 #include "controls/TextFitting.h"
 #include "platform/layer/TextMetrics.h"
@@ -122,8 +123,15 @@ bool ReadoutBulb::contains(Point point) const {
 }
 
 void ReadoutBulb::setText(const AttributedString& text) {
-    text_->setString(shrunkenToWidth(text, textWidth()));
+    value_ = text;
+    text_->setString(shrunkenToWidth(isDimmed_ ? inDimmedInk(text) : text, textWidth()));
     placeCaret();
+}
+
+void ReadoutBulb::setDimmed(bool dimmed) {
+    isDimmed_ = dimmed;
+    text_->setLeastOpacity(dimmed ? dimmedValueOpacity : 0);
+    setText(AttributedString(value_));
 }
 
 void ReadoutBulb::placeCaret() {

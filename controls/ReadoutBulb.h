@@ -45,6 +45,8 @@ public:
     // Takes the theme's present colours.
     void style();
     void setText(const AttributedString& text);
+    // Has the text stay legible while all else of it is dimmed.
+    void setDimmed(bool dimmed);
     void setState(BulbState state);
     // Shows the border and the caret of a field that is being typed into.
     void setTyping(bool typing);
@@ -56,6 +58,8 @@ private:
     BulbPointer pointer_;
     const double room_; // points
     BulbState state_ = BulbState::normal;
+    bool isDimmed_ = false;
+    AttributedString value_; // as it was given
     std::shared_ptr<Layer> bulb_;
     std::shared_ptr<ShapeLayer> background_, border_;
     std::shared_ptr<TextLayer> text_;

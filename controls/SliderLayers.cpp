@@ -20,7 +20,7 @@ namespace {
 constexpr double kHorizontalBulbOverhang = 58; // a lying track reaches below its handle's ends by this much
 constexpr double kLyingBulbWidth = 76, kUprightBulbWidth = 61; // points, unless a value needs more
 constexpr double kUprightRoom = 6;      // above and below an upright handle, so that its border meets no heading
-constexpr double kUprightCenter = 35.5; // from the left edge, of an upright track with a scale at its right
+constexpr double kUprightCenter = 36.5; // from the left edge, of an upright track with a scale at its right
 constexpr float kFillAlpha = 0.45f;
 constexpr double kScaleTrackDepth = 21; // from the top of a lying slider with a scale to its track's middle
 constexpr double kLowMemberMargin = 2;  // above the handle of a pair's low end; the high one's stands at the bottom
@@ -182,7 +182,6 @@ void SliderLayers::addInTrack(std::unique_ptr<View> view) {
 
 void SliderLayers::layOutTrackContent() {
     if (!trackContent_) return;
-    background_->look().setBackgroundColor(QVMUITheme::theme().palette.meterGroove);
     const Rect track = trackRect();
     trackContent_->setFrame(track);
     for (const auto& view : trackContent_->subviews())

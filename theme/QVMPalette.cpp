@@ -17,7 +17,8 @@ const QVMPalette& QVMPalette::light() {
         .tick = colorFromHex(0x9A8F90),
         .unit = colorFromHex(0x635A5B),
         .note = colorFromHex(0x645C5C),
-        .meterGroove = colorFromHex(0xE3DEDC),
+        .meterBar = colorFromHex(0x776C6D),
+        .meterClip = colorFromHex(0xD2322D),
         .hover = Color::white(0, 0.05f),
     };
     return palette;
@@ -36,7 +37,8 @@ const QVMPalette& QVMPalette::dark() {
         .tick = colorFromHex(0x7A7273),
         .unit = colorFromHex(0xAFA6A7),
         .note = colorFromHex(0xB0A8A9),
-        .meterGroove = colorFromHex(0x9A9293),
+        .meterBar = colorFromHex(0xA89FA0),
+        .meterClip = colorFromHex(0xFF5B50),
         .hover = Color::white(1, 0.08f),
     };
     return palette;

@@ -25,8 +25,9 @@ struct QVMPalette {
     Color unit; // beside or under a number
     Color note; // remarks in italics
 
-    // Groove of a slider with a meter in it, whose black bars shade it in either theme.
-    Color meterGroove;
+    // A meter's bars in the groove of a slider, and what tells that they reached full scale.
+    Color meterBar;
+    Color meterClip;
 
     // Translucent; laid over whatever the pointer is above.
     Color hover;

@@ -1,6 +1,7 @@
 #include "editor/surface/EditorLayout.h"
 
 #include "description/tables/Frames.h"
+#include "theme/Radii.h"
 
 #include <array>
 
@@ -25,7 +26,7 @@ constexpr QVMEditorLayout normal = {
     .logoButton = {kColumnX, 8, kColumnWidth, 34},
     .gearButton = {kColumnX, 76, kColumnWidth, 40},
     .sketchPlace = kCurvePlace,
-    .sketchPlaceRadius = 4,
+    .sketchPlaceRadius = radii::mark,
     .abControl = {359, 0, 62, kBarHeight},
     .presetControl = {89, 0, 240, kBarHeight},
     .advClumpsView = {kEditorSize.width, 0, kAdvancedWidth, kEditorSize.height},

@@ -2,6 +2,7 @@
 
 #include "controls/QVMVerticalSlider.h"
 #include "editor/session/ModesWithoutControl.h"
+#include "editor/surface/ClipLight.h"
 #include "editor/surface/NumericMeterReading.h"
 #include "editor/surface/ParameterControls.h"
 #include "editor/surface/QVMInsetShadowBox.h"
@@ -23,6 +24,9 @@ constexpr std::size_t mainSketch = 0;                       // in PB_Sketches; t
 constexpr double meterGlyphSize = 12, meterSuffixSize = 10; // points
 constexpr double meterShadowDrop = 2;                       // points
 constexpr float meterAlpha = 0.7f;
+constexpr float meterGap = 1;                  // points, between two channels
+constexpr Point clipLightInset = {12.5, 14.5}; // from the upper right corner of the meter's slider
+constexpr double ghostOpacity = 0.35, ghostSeconds = 0.25;
 
 } // namespace
 
@@ -62,6 +66,10 @@ void EditorSketches::add(QVMPowerBox& box, const QVMEditorLayout& layout, QVMPar
     }
     for (std::size_t i = mainSketch + 1; i < PB_Sketches.size(); ++i)
         addAuxiliarySketch(PB_Sketches[i], settings);
+    takeMeterInk();
+    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
+                                                                    [this](const Notification&) { takeMeterInk(); });
+    showGhost();
     describeMeters();
 }
 
@@ -73,6 +81,25 @@ void EditorSketches::addAuxiliarySketch(const PBSketch& description, const Setti
     sketch_->addAuxiliarySketch(slider->addInTrack(std::make_unique<QVMAuxiliarySketch>(
         slider->bounds(), static_cast<float>(settings.sampleRate), settings.maxFrames, description,
         sketch_->getVizRef()->paramCount(), sketch_->getVizRef(), settings.scale, settings.chanIn, settings.chanOut)));
+    const Point corner = {slider->bounds().width, slider->bounds().height}; // y up
+    clipLights_.push_back(
+        &slider->addSubview(std::make_unique<ClipLight>(corner - clipLightInset, sketch_->getVizRef().get())));
+}
+
+void EditorSketches::takeMeterInk() {
+    const QVMPalette& palette = QVMUITheme::theme().palette;
+    for (const QVMAuxiliarySketch* auxiliary : sketch_->auxiliarySketches())
+        auxiliary->glSketch()->setMeterInk({palette.meterBar, palette.meterClip, meterGap});
+}
+
+void EditorSketches::setGhosted(bool ghosted) {
+    if (std::exchange(isGhosted_, ghosted) == ghosted) return;
+    const Transaction fading = Transaction::animated(ghostSeconds);
+    showGhost();
+}
+
+void EditorSketches::showGhost() {
+    if (sketch_) sketch_->glSketch()->setOpacity(isGhosted_ ? ghostOpacity : 1);
 }
 
 // So that the first glide starts from what the controls show.
@@ -110,6 +137,8 @@ void EditorSketches::toggleVisibility() {
 // Something stays where the curve was, so that who hid it by a click finds it again.
 void EditorSketches::visibilityDidChange(QVMPowerBox& box) {
     box.setShowsHiddenSign(areHidden());
+    for (ClipLight* light : clipLights_)
+        light->setHidden(areHidden());
     sketch_->setToolTip(areHidden() ? "Show Curve and Meter" : "");
     describeMeters();
 }

@@ -6,12 +6,15 @@
 
 #include "editor/session/EditorValues.h"
 #include "editor/surface/EditorLayout.h"
+#include "platform/runloop/NotificationCenter.h"
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 
+class ClipLight;
 class NumericMeterReading;
 class PBGLSketchAbstract;
 class ParameterControls;
@@ -54,17 +57,24 @@ public:
     void toggleVisibility();
     bool areHidden() const;
     void visibilityDidChange(QVMPowerBox& box);
+    // Shows the curve as a ghost, while the audio passes unchanged; also before there are sketches.
+    void setGhosted(bool ghosted);
     // A meter's mode, which has no control, is told with the name of the slider that the meter stands in.
     void describeMeters();
 
 private:
     void addAuxiliarySketch(const PBSketch& description, const Settings& settings);
+    void showGhost();
+    void takeMeterInk();
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
 
     const QVMConfig& config_;
     EditorValues& values_;
     const ParameterControls& controls_;
-    QVMParameterSketch* sketch_ = nullptr;                     // owned by the power box
+    QVMParameterSketch* sketch_ = nullptr; // owned by the power box
+    std::vector<ClipLight*> clipLights_;   // owned by the sliders with the meters
+    bool isGhosted_ = false;
+    ObservationToken themeObservation_;
     std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/layer/ShapeLayer.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <utility>
 
@@ -9,7 +10,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double strokeWidth = 1.5, cornerRadius = 4, reach = 4.5, arm = 3.5; // points
+constexpr double strokeWidth = 1.5, cornerRadius = radii::mark, reach = 4.5, arm = 3.5; // points
 constexpr float groundAlpha = 0.35f;
 constexpr double nearAlpha = 0.75, fadeSeconds = 0.15;
 

@@ -3,6 +3,7 @@
 #include "editor/surface/LabelLayer.h"
 #include "platform/layer/TextLayer.h"
 #include "platform/layer/TextMetrics.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,9 +13,9 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double headSize = 9, headKern = 1, lineSize = 11;                 // points
-constexpr double topGap = 3, sideGap = 8, inset = 12, headTop = 4;          // points; not as far down as a handle
-constexpr double headHeight = 11, lineHeight = 15, height = 32, radius = 6; // points
+constexpr double headSize = 9, headKern = 1, lineSize = 11;        // points
+constexpr double topGap = 3, sideGap = 8, inset = 12, headTop = 4; // points; not as far down as a handle
+constexpr double headHeight = 11, lineHeight = 15, height = 32, radius = radii::box; // points
 constexpr double borderWidth = 1;
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "editor/surface/LabelLayer.h"
 #include "platform/view/Window.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +16,7 @@ namespace {
 constexpr double topPadding = 8, bottomPadding = 12, sectionGap = 9;
 constexpr double titleHeight = 19, nameHeight = 17, noteHeight = 13, noteOverlap = 1;
 constexpr double titleX = 14, nameX = 18, textRight = 12;
-constexpr double markInset = 8, markRadius = 5;
+constexpr double markInset = 8, markRadius = radii::mark;
 constexpr double thumbWidth = 3, thumbInset = 3, thumbGrasp = 10, shortestThumb = 24;
 constexpr double pointsALine = 17;
 constexpr double titleSize = 11, titleKern = 1, nameSize = 14, noteSize = 10.5;

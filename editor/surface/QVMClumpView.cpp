@@ -3,6 +3,7 @@
 #include "controls/QVMParameterControl.h"
 #include "description/QVMParameter.h"
 #include "editor/surface/EdgeInsets.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ constexpr double rippleStep = 0.02; // seconds between one control and the next
 constexpr const char* rippleKey = "dimRipple";
 constexpr double dimmedAlpha = 0.5;
 constexpr double lineWidth = 1; // points
-constexpr double outlineInset = 4, outlineRadius = 6;
+constexpr double outlineInset = 4, outlineRadius = radii::box;
 constexpr double interiorGap = 12; // points between a line and what it stands beside
 constexpr LabelStyle headingStyle = {12, 1.2};
 constexpr LabelStyle taggedLabelStyle = {10, 1};

@@ -1,11 +1,12 @@
 #include "editor/surface/QVMInsetShadowBox.h"
 
 #include "platform/layer/ShapeLayer.h"
+#include "theme/Radii.h"
 
 namespace QVM_NAMESPACE {
 
 namespace {
-constexpr double cornerRadius = 4, edgeWidth = 1, rimWidth = 8; // points
+constexpr double cornerRadius = radii::mark, edgeWidth = 1, rimWidth = 8; // points
 constexpr double shadowRadius = 3;
 constexpr Point shadowOffset = {0, 1};
 constexpr float wellAlpha = 0.12f, edgeAlpha = 0.18f, shadowAlpha = 0.45f; // of the theme's shade

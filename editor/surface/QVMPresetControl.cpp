@@ -4,6 +4,7 @@
 #include "editor/surface/BorderRect.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ constexpr const char* approximateFace = "HelveticaNeue-Italic";
 constexpr double nameSize = 15, arrowSize = 18; // points
 constexpr Rect arrowBox = {0, 8, 28, 14};       // at the left edge, mirrored at the right one
 constexpr double hitGrowth = 20;                // above and below an arrow
-constexpr double lightInsetX = 2, lightHeight = 22, lightRadius = 5;
+constexpr double lightInsetX = 2, lightHeight = 22, lightRadius = radii::mark;
 constexpr double nameInsetX = 36, nameInsetY = 6; // the focus border around it stays clear of the bar's edges
 constexpr double dividerWidth = 1, dividerInset = 6;
 constexpr double pulseScale = 1.6;

@@ -4,6 +4,7 @@
 #include "description/QVMConfig.h"
 #include "description/ValueMapping.h"
 #include "editor/surface/OutlineView.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,7 +13,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double listWidth = 195, borderWidth = 1, borderRadius = 2; // points
+constexpr double listWidth = 195, borderWidth = 1, borderRadius = radii::mark; // points
 
 std::vector<OutlineItem> outlineItemsOf(const std::vector<QVMPresetSection>& sections) {
     std::vector<OutlineItem> items;

@@ -45,7 +45,9 @@ void ShownSession::valueWasReceived(std::uint32_t pid, float value, float was) {
     QVMParameterControl* control = ui_.parameterControlWithPid(pid);
     if (!control) return;
     const QVMParameter& cause = *control->parameter();
-    ui_.controls().apply(sideEffectsOf(cause, value), *control, ui_.parts().areas());
+    const SideEffects effects = sideEffectsOf(cause, value);
+    ui_.controls().apply(effects, *control, ui_.parts().areas());
+    if (effects.scope == SideEffects::Scope::editor) ui_.sketches().setGhosted(effects.dimsScope);
     if (control->range()) control->range()->updateRangeAnimated(Animate::yes);
     if (ui_.receivedParamUpdateCount() == 0 || value != 0 || value == was) return;
     for (const std::vector<std::string>& link : cause.links) {

@@ -22,6 +22,12 @@ void TextLayer::setAlignment(TextAlignment alignment, TextPlacement placement) {
     store(placement_, placement);
 }
 
+void TextLayer::setLeastOpacity(double opacity) {
+    if (opacity == leastOpacity_) return;
+    leastOpacity_ = opacity;
+    tree().didChange();
+}
+
 bool TextLayer::hasLook(const PresentedLayer& presented) const {
     return Layer::hasLook(presented) || !string_.isEmpty();
 }

@@ -21,6 +21,11 @@ public:
     TextPlacement placement() const { return placement_; }
     void setAlignment(TextAlignment alignment, TextPlacement placement = TextPlacement::middle);
 
+    // How much of it is seen at least while a layer that it is in is faint: for what stays legible where all around it
+    // is dimmed. 0 at first.
+    double leastOpacity() const { return leastOpacity_; }
+    void setLeastOpacity(double opacity);
+
     Rect lookBounds(const PresentedLayer& presented) const override;
     bool hasLook(const PresentedLayer& presented) const override;
     bool isPlainRectangle(const PresentedLayer& presented) const override;
@@ -34,6 +39,7 @@ private:
     AttributedString string_;
     TextAlignment alignment_ = TextAlignment::center;
     TextPlacement placement_ = TextPlacement::middle;
+    double leastOpacity_ = 0;
 };
 
 } // namespace QVM_NAMESPACE

@@ -1,6 +1,7 @@
 #include "platform/renderer/LayerPlacer.h"
 
 #include "platform/layer/LayerGeometry.h"
+#include "platform/layer/TextLayer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,6 +28,12 @@ double wholeLength(double start, double length) {
     return std::max(1.0, whole);
 }
 
+// Texts alone ask for any.
+double leastOpacityOf(const Layer& layer) {
+    const auto* const text = dynamic_cast<const TextLayer*>(&layer);
+    return text ? text->leastOpacity() : 0;
+}
+
 } // namespace
 
 struct LayerPlacer::Space {
@@ -38,8 +45,16 @@ struct LayerPlacer::Space {
     Rect clip;                // device pixels, whole: nothing shows beyond
 };
 
+struct LayerPlacer::Legible {
+    const Layer* layer;
+    Space outer;
+    double opacity;
+};
+
 LayerPlacer::LayerPlacer(RasterCache& cache, std::vector<Placement>& placements, std::vector<std::string>& rasterised)
     : cache_(cache), placements_(placements), rasterised_(rasterised) {}
+
+LayerPlacer::~LayerPlacer() = default;
 
 Rect LayerPlacer::place(const Layer& root, double time) {
     time_ = time;
@@ -57,13 +72,26 @@ Rect LayerPlacer::place(const Layer& root, double time) {
 // Places a layer with all that is in it and returns the pixels that can be touched.
 Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
     if (layer.isHidden()) return {};
+    const double opacity = std::min(layer.presentation(time_).opacity, 1.0);
+    if (!(opacity > 0)) return {};
+    const double least = groupOpacity_ < 1 ? leastOpacityOf(layer) : 0;
+    if (least == 0) return visitShown(layer, outer, opacity);
+    legible_.push_back({&layer, outer, std::max(groupOpacity_ * opacity, least)});
+    return {};
+}
+
+Rect LayerPlacer::placeLegible() {
+    Rect touched;
+    for (const Legible& each : std::exchange(legible_, {}))
+        touched = touched.unionWith(visitShown(*each.layer, each.outer, each.opacity));
+    return touched;
+}
+
+Rect LayerPlacer::visitShown(const Layer& layer, const Space& outer, double opacity) {
     PresentedLayer presented = layer.presentation(time_);
     // Dashes march by steps too small to be seen, so that not every frame needs a raster of its own.
     presented.lineDashPhase =
         toWholePixel(presented.lineDashPhase * dashSteps * cache_.scale()) / (dashSteps * cache_.scale());
-    const double opacity = std::min(presented.opacity, 1.0);
-    if (!(opacity > 0)) return {};
-
     const AffineTransform toOuter = boxToSuperBox(presented, layer.anchorPoint(), outer.axis, outer.bounds);
     Space own{toOuter.then(outer.toDevice),
               outer.isRigid && toOuter.isTranslation(),
@@ -81,11 +109,13 @@ Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
 
     const std::size_t first = placements_.size(), leavesBefore = leaves_;
     const bool isGroup = opacity < 1 && !layer.tree().sublayers().empty();
+    const double groupOpacity = groupOpacity_;
     if (isGroup) {
         Placement& group = placements_.emplace_back();
         group.step = Step::pushGroup;
         group.layer = &layer;
         group.opacity = opacity;
+        groupOpacity_ *= opacity;
     }
     const std::size_t inner = placements_.size();
     if (layer.masksToBounds()) {
@@ -97,7 +127,8 @@ Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
         touched = touched.unionWith(visit(*sublayer, own));
     if (layer.masksToBounds()) closePush(inner, leavesBefore, touched);
     if (isGroup) closePush(first, leavesBefore, touched);
-    return touched;
+    groupOpacity_ = groupOpacity;
+    return groupOpacity_ == 1 && !legible_.empty() ? touched.unionWith(placeLegible()) : touched;
 }
 
 Rect LayerPlacer::placeLook(const Layer& layer, const PresentedLayer& presented, const Space& own, double opacity) {

@@ -19,15 +19,19 @@ public:
     // All are borrowed for the placer's life. The steps are added to `placements`, which is empty; the names (or kinds)
     // of the layers that were rasterised for them to `rasterised`. The cache's scale is the one that is placed at.
     LayerPlacer(RasterCache& cache, std::vector<Placement>& placements, std::vector<std::string>& rasterised);
+    ~LayerPlacer();
 
     // Places the tree as it is presented at `time` (run loop seconds), once, and returns the device pixels that the
     // root's box touches. Nothing is placed beyond them.
     Rect place(const Layer& root, double time);
 
 private:
-    struct Space; // what a layer hands down to its sublayers
+    struct Space;   // what a layer hands down to its sublayers
+    struct Legible; // a layer that is placed above the faint group that it is in
 
     Rect visit(const Layer& layer, const Space& outer);
+    Rect visitShown(const Layer& layer, const Space& outer, double opacity);
+    Rect placeLegible();
     Rect placeLook(const Layer& layer, const PresentedLayer& presented, const Space& own, double opacity);
     void pushClip(const Layer& layer, const PresentedLayer& presented, const Space& own);
     void closePush(std::size_t push, std::size_t leavesBefore, const Rect& touched);
@@ -37,7 +41,9 @@ private:
     std::vector<Placement>& placements_;
     std::vector<std::string>& rasterised_;
     double time_ = 0;
-    std::size_t leaves_ = 0; // draws and fills among placements_
+    double groupOpacity_ = 1;      // of all the groups that are open
+    std::vector<Legible> legible_; // in the open group
+    std::size_t leaves_ = 0;       // draws and fills among placements_
 };
 
 } // namespace QVM_NAMESPACE

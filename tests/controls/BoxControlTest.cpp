@@ -98,10 +98,10 @@ TEST_F(BoxControlTest, AThemeAndAFrameDrawItAnew) {
 }
 
 TEST_F(BoxControlTest, TheShapeGivesBoxAndFocusBorderTheirCorners) {
-    EXPECT_EQ(box.bg()->look().cornerRadius(), 10);
+    EXPECT_EQ(box.bg()->look().cornerRadius(), 8);
     box.setHighlit(true);
     EXPECT_EQ(box.highlight()->frame(), (Rect{-4, -3, 108, 36}));
-    EXPECT_EQ(box.highlight()->rounding(), 13);
+    EXPECT_EQ(box.highlight()->rounding(), 11);
     box.setFrame({0, 0, 100, 12});
     EXPECT_EQ(box.bg()->look().cornerRadius(), 6) << "no more than half the height";
 

@@ -275,8 +275,8 @@ TEST_F(QVMNumberControlTest, LayerTree) {
     control.setFloatValue(18);
     EXPECT_EQ(dumpLayerTree(*control.layer()),
               "Layer (0 0 80 44) y-up\n"
-              "  Layer bg (0 0 80 44) y-up background #f1eeecff corner 10 border 1 #dad4d2ff\n"
-              "  Layer hover (0 0 80 44) opacity 0 y-up background #0000000d corner 10\n"
+              "  Layer bg (0 0 80 44) y-up background #f1eeecff corner 8 border 1 #dad4d2ff\n"
+              "  Layer hover (0 0 80 44) opacity 0 y-up background #0000000d corner 8\n"
               "  TextLayer value (6 17 68 22) y-up \"18.0\"\n"
               "  TextLayer unit (6 4 68 14) y-up \"dB/Oct\"\n"
               "  ShapeLayer focusBorder (0 0 0 0) opacity 0 y-up\n");

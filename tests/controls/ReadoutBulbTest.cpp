@@ -1,6 +1,7 @@
 // The handle by itself.
 #include "controls/ReadoutBulb.h"
 
+#include "controls/DimmedText.h"
 #include "controls/ReadoutText.h"
 #include "theme/Colors.h"
 
@@ -70,6 +71,22 @@ TEST(ReadoutBulb, IsDarkEnoughForItsUnitToBeRead) {
     const Color fill = bulb.background()->fillColor();
     EXPECT_NE(fill, colorFromHex(0x938586));
     EXPECT_GE(contrastRatio(composite(readoutUnitColor(), fill), fill), minimumTextContrast);
+}
+
+TEST(ReadoutBulb, DimmedItsTextAloneStaysLegibleInTheThemesInk) {
+    ReadoutBulb bulb = bulbAt({}, BulbPointer::none);
+    const AttributedString text = readoutText("12.0", "dB", 16);
+    bulb.setText(text);
+    bulb.setDimmed(true);
+    EXPECT_EQ(bulb.text()->leastOpacity(), dimmedValueOpacity);
+    for (const TextRun& run : bulb.text()->string().runs)
+        EXPECT_EQ(run.color, QVMUITheme::theme().textColor);
+    bulb.setText(readoutText("11.5", "dB", 16));
+    EXPECT_EQ(bulb.text()->string().runs.front().color, QVMUITheme::theme().textColor);
+    bulb.setText(text);
+    bulb.setDimmed(false);
+    EXPECT_EQ(bulb.text()->leastOpacity(), 0);
+    EXPECT_EQ(bulb.text()->string(), text);
 }
 
 TEST(ReadoutBulb, TheCaretFollowsTheTypedText) {

@@ -12,9 +12,9 @@ struct TrackRow {
 };
 
 // The only slider that holds a meter. Its handle's centre goes from 38 to 179 points above the bottom, on a groove of
-// 15 points around x = 35.5; two channels of 6 points and a point between them fill the groove but for one point at
+// 15 points around x = 36.5; two channels of 6 points and a point between them fill the groove but for one point at
 // either side.
-constexpr std::array<TrackRow, 1> kTracks = {{{pidOutputGain, {32.5f, 38, 6, 141}}}};
+constexpr std::array<TrackRow, 1> kTracks = {{{pidOutputGain, {33.5f, 38, 6, 141}}}};
 
 std::array<PBParameter, QVMParameterCount> buildParameters() {
     std::array<PBParameter, QVMParameterCount> rows;

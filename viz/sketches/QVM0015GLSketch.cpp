@@ -1,6 +1,7 @@
 #include "viz/sketches/QVM0015GLSketch.h"
 
 #include "description/ValueMapping.h"
+#include "platform/runloop/NotificationCenter.h"
 #include "platform/vector/VectorMath.h"
 #include "response/ResponseModel.h"
 
@@ -61,9 +62,16 @@ void QVM0015GLSketch::initLevelMeter(const PBGLCanvas& canvas) {
 
 Redraw QVM0015GLSketch::prepareForDrawing(PBGLCanvas canvas, float duration) {
     if (canvas.sid == PBSketchResponseCurve) return prepareResponseCurve(duration);
-    if (canvas.sid == PBSketchLevelMeter && levelMeter_)
-        return levelMeter_->prepareForDrawing(duration, ParameterFloatValueToPercentage, pidOutputGain);
+    if (canvas.sid == PBSketchLevelMeter && levelMeter_) return prepareLevelMeter(duration);
     return Redraw::no;
+}
+
+Redraw QVM0015GLSketch::prepareLevelMeter(float duration) {
+    const Redraw redraw = levelMeter_->prepareForDrawing(duration, ParameterFloatValueToPercentage, pidOutputGain);
+    const PBGLSketchAbstract* const sender = this;
+    if (levelMeter_->wasReset()) NotificationCenter::defaultCenter().post(QVMLevelMeter::resetNotification, sender);
+    if (levelMeter_->isClipping()) NotificationCenter::defaultCenter().post(QVMLevelMeter::clippedNotification, sender);
+    return redraw;
 }
 
 float QVM0015GLSketch::axisDecibels() const {

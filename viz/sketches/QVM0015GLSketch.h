@@ -66,6 +66,7 @@ private:
     void initResponseCurve(const PBGLCanvas& canvas);
     void initLevelMeter(const PBGLCanvas& canvas);
     Redraw prepareResponseCurve(float duration);
+    Redraw prepareLevelMeter(float duration);
     void calcFilters(const MaybeFilter& low, const MaybeFilter& high);
     void calcListenCurve(const MaybeFilter& low, const MaybeFilter& high);
     void calcRemoved(const MaybeFilter& filter, float* out);

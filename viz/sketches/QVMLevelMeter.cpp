@@ -104,12 +104,14 @@ void QVMLevelMeter::slew(float dt, int index) {
     const float level = levelOfFrame(dt, index);
     const float milliseconds = c.display < level ? c.attackMs : c.releaseMs;
     c.display = approach(c.display, level, 1000 / milliseconds, dt);
+    isClipping_ = isClipping_ || level >= kClipLevel;
     c.clip = level >= kClipLevel ? approach(c.clip, 1, kClipAttack, dt) : approach(c.clip, 0, kClipRelease, dt);
 }
 
 template <class Fill>
 void QVMLevelMeter::advance(float dt, Fill fillFor) {
-    const bool isReset = words_.takeReset();
+    const bool isReset = wasReset_ = words_.takeReset();
+    isClipping_ = false;
     for (int i = 0; i < numChannels(); ++i) {
         Channel& c = channel(i);
         if (isReset) c.display = words_.silence();
@@ -185,12 +187,18 @@ PBRect QVMLevelMeter::barRect(const PBGLCanvas& canvas, int index) const {
     PBRect bar = {track.x + c.offset.x, track.y + c.offset.y, track.w, track.h};
     const bool horizontal = (canvas.parameter.flags & PBParameterHorizontal) != 0;
     (horizontal ? bar.w : bar.h) *= c.fill;
+    if (canvas.meterInk) {
+        const float half = canvas.meterInk->gap / 2;
+        float& across = horizontal ? bar.y : bar.x;
+        across += (horizontal ? c.offset.y : c.offset.x) < 0 ? -half : half;
+    }
     return bar;
 }
 
-Color QVMLevelMeter::barColour(int index) const {
+Color QVMLevelMeter::barColour(int index, const std::optional<MeterInk>& ink) const {
     const Channel& c = channel(index);
-    Color colour = mix(c.colourClip, mix(c.colourFull, c.colourEmpty, c.fill), c.clip);
+    Color colour =
+        ink ? mix(ink->clip, ink->bar, c.clip) : mix(c.colourClip, mix(c.colourFull, c.colourEmpty, c.fill), c.clip);
     colour.a *= c.opacity;
     return colour;
 }
@@ -201,7 +209,7 @@ void QVMLevelMeter::glDraw(PBGLCanvas canvas, DrawingSurface& surface) const {
         const PBRect bar = barRect(canvas, i);
         const float right = bar.x + bar.w, top = bar.y + bar.h;
         const std::array<Vertex, 4> corners = {{{bar.x, bar.y}, {right, bar.y}, {bar.x, top}, {right, top}}};
-        surface.fillTriangles(corners, TriangleMode::strip, barColour(i));
+        surface.fillTriangles(corners, TriangleMode::strip, barColour(i, canvas.meterInk));
     }
 }
 

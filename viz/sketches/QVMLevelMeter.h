@@ -44,6 +44,11 @@ public:
         int style = 0; // a bar; there is no other
     };
 
+    // Posted with the drawing object as its sender: with each frame in which a channel reached full scale, and with one
+    // that began anew (reset()).
+    static constexpr const char* clippedNotification = "QVMLevelMeterClippedNotification";
+    static constexpr const char* resetNotification = "QVMLevelMeterResetNotification";
+
     using ScaleMapping = float (*)(unsigned pid, float value);
 
     // Every channel stands at the minimum of the canvas's parameter. The levels are in words of the meter's own.
@@ -69,10 +74,14 @@ public:
     // whether the bars look different now.
     Redraw prepareForDrawing(float dt, ScaleMapping toScale, unsigned pid);
     void glDraw(PBGLCanvas canvas, DrawingSurface& surface) const;
+    // What the last frame found.
+    bool isClipping() const { return isClipping_; }
+    bool wasReset() const { return wasReset_; }
 
-    // What a channel's bar covers (points, y upwards) and its colour, as they are drawn.
+    // What a channel's bar covers (points, y upwards) and its colour, as they are drawn: with the canvas's ink, or in
+    // the channel's own colours.
     PBRect barRect(const PBGLCanvas& canvas, int channel) const;
-    Color barColour(int channel) const;
+    Color barColour(int channel, const std::optional<MeterInk>& ink = std::nullopt) const;
 
     // Named by the contract and not used in this product, which posts its peaks into words that it shares with the
     // meter. Audio for the meter itself: the largest absolute sample (NaN counts for nothing) becomes the channel's
@@ -112,6 +121,7 @@ private:
     std::vector<Channel> channels_;
     std::vector<Look> looks_; // of the frame before
     float marker_ = 0;
+    bool isClipping_ = false, wasReset_ = false;
 };
 
 } // namespace QVM_NAMESPACE

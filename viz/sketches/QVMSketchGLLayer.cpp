@@ -57,7 +57,14 @@ PBGLCanvas QVMSketchGLLayer::canvas() const {
     canvas.width = static_cast<float>(bounds().width);
     canvas.height = static_cast<float>(bounds().height);
     canvas.scale = static_cast<float>(look().contentsScale());
+    canvas.meterInk = meterInk_;
     return canvas;
+}
+
+void QVMSketchGLLayer::setMeterInk(const MeterInk& ink) {
+    if (meterInk_ == ink) return;
+    meterInk_ = ink;
+    look().setNeedsDisplay();
 }
 
 void QVMSketchGLLayer::performInterp() {

@@ -7,6 +7,7 @@
 #include "platform/layer/GLLayer.h"
 #include "viz/sketches/VizRef.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -32,6 +33,10 @@ public:
     // Has the object build anew what this layer needs, after its bounds or contents scale changed, and computes the
     // frame that is shown. Nothing happens while both are as they were. Counts nothing.
     void canvasDidChange();
+
+    // What a meter is drawn with from now on.
+    void setMeterInk(const MeterInk& ink);
+    const std::optional<MeterInk>& meterInk() const { return meterInk_; }
 
     // One step of the object's glide, and whether one runs.
     void performInterp();
@@ -70,6 +75,7 @@ private:
     bool isSetUp_ = false;
     bool canRender_ = false, shouldRender_ = true;
     PBSketch sketch_;
+    std::optional<MeterInk> meterInk_;
     float sampleRate_ = 0; // hertz; this and the next as the object was set up with them
     unsigned maxFrames_ = 0;
     Size builtSize_; // points

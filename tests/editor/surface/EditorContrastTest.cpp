@@ -15,7 +15,7 @@
 namespace QVM_NAMESPACE {
 namespace {
 
-constexpr double leastForIcons = 3;
+constexpr double leastForIcons = 3, leastForDimmedValues = 3;
 constexpr float faintAlpha = 0.5f; // an icon this faint says that its switch is off
 
 // Follows a layer tree in the order in which it is painted and notes, for each text and each picture of a text, how far
@@ -32,8 +32,10 @@ public:
     void walk(const Layer& layer, const AffineTransform& toRoot, double opacity, Rect clip = everywhere) {
         if (layer.isHidden()) return;
         const PresentedLayer presented = layer.presentation();
-        const double seen = opacity * presented.opacity;
-        if (seen <= 0) return;
+        const double faint = opacity * presented.opacity;
+        if (faint <= 0) return;
+        const auto* const text = dynamic_cast<const TextLayer*>(&layer);
+        const double seen = text ? std::max(faint, text->leastOpacity()) : faint;
         const Rect box = {0, 0, presented.bounds.width, presented.bounds.height};
         addGround(toRoot.apply(box), presented.backgroundColor, seen);
         if (layer.masksToBounds()) clip = clip.intersectionWith(toRoot.apply(box));
@@ -41,6 +43,7 @@ public:
         if (const auto* shape = dynamic_cast<const ShapeLayer*>(&layer))
             addGround(own.apply(shape->path().bounds()), shape->fillColor(), seen);
         if (seen >= 1 && clip.contains(toRoot.apply(box).center())) note(layer, toRoot.apply(box));
+        if (faint < seen) noteDimmed(layer, toRoot.apply(box), static_cast<float>(seen));
         for (const auto& sublayer : layer.tree().sublayers())
             walk(*sublayer,
                  boxToSuperBox(sublayer->presentation(), sublayer->anchorPoint(), layer.yAxis(), presented.bounds)
@@ -70,6 +73,14 @@ private:
         return !isUnit(run) && run.text.starts_with('\xEE'); // the private characters of the icon font
     }
     static bool isUnit(const TextRun& run) { return run.text >= icons::dbPerOctave && run.text <= icons::percent; }
+    void noteDimmed(const Layer& layer, const Rect& box, float opacity) {
+        const auto* text = dynamic_cast<const TextLayer*>(&layer);
+        if (!text) return;
+        for (const TextRun& run : text->string().runs)
+            if (!run.text.empty())
+                note(layer.name() + " \"" + run.text + "\"", run.color.withAlpha(run.color.a * opacity), box.center(),
+                     leastForDimmedValues);
+    }
     void note(const Layer& layer, const Rect& box) {
         if (layer.contents() && layer.look().contentsTint().a > 0)
             note(layer.name(), layer.look().contentsTint(), box.center(), minimumTextContrast);
@@ -147,6 +158,21 @@ TEST_P(EditorContrast, ValuesUnderThePointerCanBeRead) {
         time_.advance(1);
         expectLegible();
     }
+}
+
+TEST_P(EditorContrast, ValuesCanBeReadWithThePowerOffAndLittleElse) {
+    turnEverythingOn();
+    ui_->gearTapped();
+    hostSets(pidMasterOnOff, 0);
+    time_.advance(1);
+    const auto found = findings();
+    const auto isThere = [&](const char* what) {
+        return std::ranges::any_of(found, [what](const auto& finding) { return finding.what == what; });
+    };
+    for (const char* value : {"readout \"0.\"", "readout \"8\"", "value \"Auto\"", "value \"12.0\""})
+        EXPECT_TRUE(isThere(value)) << value;
+    EXPECT_FALSE(isThere("mark 0 \"0\""));
+    expectLegible();
 }
 
 TEST_P(EditorContrast, PresetsCanBeRead) {

@@ -5,6 +5,7 @@
 #include "editor/surface/QVMPresetsDrawer.h"
 #include "platform/layer/ShapeLayer.h"
 #include "platform/layer/TextLayer.h"
+#include "theme/Radii.h"
 #include "theme/ScopedTheme.h"
 
 #include <algorithm>
@@ -63,10 +64,10 @@ public:
         made.invertLabels = false;
         QVMPalette& p = made.palette;
         for (Color* each : {&p.sidePanel, &p.drawer, &p.trackFill, &p.boxFill, &p.trackBorder, &p.boxBorder,
-                            &p.pillBorder, &p.meterGroove, &p.shade, &p.litGround})
+                            &p.pillBorder, &p.shade, &p.litGround})
             *each = dark();
-        for (Color* each :
-             {&p.drawerSelection, &p.tick, &p.unit, &p.note, &p.headingInk, &p.labelInk, &p.onAccent, &p.glow})
+        for (Color* each : {&p.drawerSelection, &p.tick, &p.unit, &p.note, &p.headingInk, &p.labelInk, &p.onAccent,
+                            &p.glow, &p.meterBar, &p.meterClip})
             *each = light();
         p.hover = light().withAlpha(0.1f);
         return made;
@@ -293,6 +294,25 @@ TEST_F(EditorTheme, EveryColourFollowsAChangeOfTheTheme) {
     expectSame(drawn(), before);
     const ScopedTheme scoped(theme);
     expectSame(switchedTo, openedNow());
+}
+
+// Corners are square, those of a capsule, or of one short scale.
+TEST_F(EditorTheme, CornersAreOfOneShortScale) {
+    openEverything();
+    std::vector<const Layer*> open = {ui_->layer().get()};
+    std::size_t round = 0;
+    while (!open.empty()) {
+        const Layer& layer = *open.back();
+        open.pop_back();
+        for (const auto& sublayer : layer.tree().sublayers())
+            open.push_back(sublayer.get());
+        const double radius = layer.look().cornerRadius(), side = std::min(layer.bounds().width, layer.bounds().height);
+        if (radius == 0 || side == 0) continue;
+        ++round;
+        EXPECT_TRUE(radius == radii::box || radius == radii::mark || std::abs(radius - side / 2) < 0.01)
+            << layer.name() << ": " << radius << " of " << side;
+    }
+    EXPECT_GT(round, 20u);
 }
 
 } // namespace

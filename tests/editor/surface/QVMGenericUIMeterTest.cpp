@@ -70,19 +70,18 @@ TEST_F(QVMGenericUIMeter, TheMeterIsBelowTheHandleAndAboveTheGroove) {
     EXPECT_LT(indexOf(meter().layer().get()), indexOf(gainSlider().readoutBulb().get()));
 }
 
-TEST_F(QVMGenericUIMeter, TheMetersBarsAreBlackAndStandOutInBothThemes) {
+TEST_F(QVMGenericUIMeter, TheMetersBarsAreOfOneInkThatStandsOutInBothThemes) {
     const QVMLevelMeter& levels = *object().levelMeter();
     for (int theme = 0; theme < 2; ++theme) {
-        for (int i = 0; i < 2; ++i) {
-            const float alpha = i == 0 ? 0.25f : 0.5f;
-            EXPECT_EQ(levels.channel(i).colourEmpty, (Color{0, 0, 0, alpha}));
-            EXPECT_EQ(levels.channel(i).colourFull, (Color{0, 0, 0, alpha}));
-            EXPECT_EQ(levels.channel(i).colourClip, (Color{1, 0, 0, alpha}));
-            const Color groove = gainSlider().background()->look().backgroundColor();
-            const Color panel = QVMUITheme::theme().palette.sidePanel;
-            EXPECT_GT(contrastRatio(composite(levels.barColour(i), groove), groove), i == 0 ? 1.6 : 2.9);
-            EXPECT_GT(contrastRatio(groove, panel), 1.2) << "the groove shows, too";
-        }
+        const QVMPalette& palette = QVMUITheme::theme().palette;
+        const MeterInk& ink = meter().glSketch()->meterInk().value();
+        EXPECT_EQ(ink, (MeterInk{palette.meterBar, palette.meterClip, 1}));
+        const Color groove = gainSlider().background()->look().backgroundColor();
+        for (int i = 0; i < 2; ++i)
+            EXPECT_GT(contrastRatio(levels.barColour(i, ink), groove), 3.5);
+        EXPECT_GT(contrastRatio(ink.bar, palette.sidePanel), contrastRatio(groove, palette.sidePanel))
+            << "what is empty is quieter than what is filled";
+        EXPECT_GT(contrastRatio(groove, palette.sidePanel), 1.2) << "the groove shows, too";
         QVMUITheme::toggleThemeForWindow(&window_);
     }
 }

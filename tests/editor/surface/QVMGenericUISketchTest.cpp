@@ -52,6 +52,22 @@ TEST_F(QVMGenericUISketch, StandsInItsPlaceInThePowerBox) {
     EXPECT_EQ(sketch().frame(), (Rect{4, 196, 54, 62}));
 }
 
+TEST_F(QVMGenericUISketch, IsAGhostWhileThePowerIsOff) {
+    const Layer& curve = *sketch().glSketch();
+    EXPECT_EQ(curve.opacity(), 1);
+    hostSets(pidMasterOnOff, 0);
+    time_.advance(1);
+    EXPECT_GT(curve.presentation().opacity, 0.2);
+    EXPECT_LT(curve.presentation().opacity, 0.5);
+    hostSets(pidMasterOnOff, 1);
+    time_.advance(1);
+    EXPECT_EQ(curve.presentation().opacity, 1);
+    delegate_.unit[pidMasterOnOff] = 0;
+    openAnew();
+    frames(2);
+    EXPECT_LT(sketch().glSketch()->opacity(), 0.5) << "also in an editor that is opened then";
+}
+
 TEST_F(QVMGenericUISketch, AClickOnTheCurveHidesAllSketchesAndAnotherShowsThem) {
     click(middleOf(sketch()));
     EXPECT_FALSE(sketch().vizVisible());

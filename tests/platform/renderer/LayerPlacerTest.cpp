@@ -117,6 +117,40 @@ TEST_F(LayerPlacerTest, AGroupOfOneThingGivesItsOpacityToThatThing) {
     EXPECT_EQ(placements[0].color.a, 0.5f);
 }
 
+TEST_F(LayerPlacerTest, WhatStaysLegibleIsPlacedAboveTheFaintGroupsThatItIsIn) {
+    auto inner = added(*box, "inner", {0, 0, 30, 20});
+    auto value = std::make_shared<TextLayer>();
+    value->setFrame({5, 5, 5, 5});
+    value->look().setBackgroundColor(Color::white(1));
+    inner->tree().add(value);
+    auto after = added(*box, "after", {0, 25, 5, 5});
+    value->setLeastOpacity(0.5);
+    place();
+    EXPECT_THAT(steps(), ElementsAre(Step::fill, Step::fill, Step::fill, Step::fill))
+        << "in its order: nothing is faint";
+    EXPECT_EQ(placements[2].layer, value.get());
+    box->setOpacity(0.5);
+    inner->setOpacity(0.2);
+    place();
+    ASSERT_THAT(steps(), ElementsAre(Step::pushGroup, Step::fill, Step::fill, Step::fill, Step::popGroup, Step::fill));
+    EXPECT_EQ(placements[5].layer, value.get());
+    EXPECT_FLOAT_EQ(placements[5].color.a, 0.5f);
+    EXPECT_EQ(placements[5].bounds, (Rect{30, 30, 10, 10})) << "where it is in them";
+    EXPECT_EQ(placements[3].layer, after.get());
+    inner->setOpacity(1);
+    box->setOpacity(0.9); // on the way there it is as faint as they are
+    place();
+    EXPECT_FLOAT_EQ(placements.back().color.a, 0.9f);
+    inner->setHidden(true);
+    place();
+    for (const Placement& placement : placements)
+        EXPECT_NE(placement.layer, value.get());
+    inner->setHidden(false);
+    box->setOpacity(0);
+    place();
+    EXPECT_THAT(steps(), IsEmpty());
+}
+
 TEST_F(LayerPlacerTest, AClipWithNothingInItIsTakenBack) {
     box->look().setBackgroundColor({});
     box->setMasksToBounds(true);

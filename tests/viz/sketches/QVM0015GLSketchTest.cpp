@@ -2,10 +2,13 @@
 #include "viz/sketches/QVM0015GLSketch.h"
 
 #include "SketchFixture.h"
+#include "platform/runloop/NotificationCenter.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -48,6 +51,29 @@ TEST_F(QVM0015GLSketchTest, SetsUpAMeterOfTwoBarsSideBySide) {
         EXPECT_EQ(meter->channel(i).display, -96);
     }
     EXPECT_EQ(meter->barRect(meterCanvas(), 0).x + 6, meter->barRect(meterCanvas(), 1).x);
+}
+
+TEST_F(QVM0015GLSketchTest, SaysWhenItsMeterReachesFullScaleAndWhenItBeginsAnew) {
+    sketch->init(meterCanvas(), 44100, 512);
+    std::vector<std::string> heard;
+    std::vector<ObservationToken> tokens;
+    for (const char* name : {QVMLevelMeter::clippedNotification, QVMLevelMeter::resetNotification})
+        tokens.push_back(NotificationCenter::defaultCenter().observe(
+            name, static_cast<const PBGLSketchAbstract*>(sketch.get()),
+            [&](const Notification& notification) { heard.push_back(notification.name); }));
+    const auto frame = [&] {
+        heard.clear();
+        sketch->prepareForDrawing(meterCanvas(), 0.02f);
+        return heard;
+    };
+    sketch->sharedState.levels.post(1, -0.1f);
+    EXPECT_TRUE(frame().empty());
+    sketch->sharedState.levels.post(1, 0);
+    sketch->sharedState.levels.post(1, -20); // between two frames
+    EXPECT_EQ(frame(), std::vector<std::string>{QVMLevelMeter::clippedNotification});
+    EXPECT_TRUE(frame().empty());
+    sketch->levelMeter()->reset();
+    EXPECT_EQ(frame(), std::vector<std::string>{QVMLevelMeter::resetNotification});
 }
 
 TEST_F(QVM0015GLSketchTest, ItsMeterShowsTheSharedLevels) {

@@ -74,7 +74,7 @@ TEST_F(QVMLevelMeterTest, ColoursMixByFillThenByClipThenFade) {
 TEST_F(QVMLevelMeterTest, AVerticalBarGrowsUpFromTheTracksBottom) {
     meter.channel(0).fill = 0.5f;
     meter.channel(0).offset = {-3, 2};
-    EXPECT_EQ(meter.barRect(meterCanvas(), 0), (PBRect{29.5f, 40, 6, 70.5f}));
+    EXPECT_EQ(meter.barRect(meterCanvas(), 0), (PBRect{30.5f, 40, 6, 70.5f}));
 }
 
 TEST_F(QVMLevelMeterTest, AHorizontalBarGrowsToTheRight) {
@@ -149,6 +149,26 @@ TEST_F(QVMLevelMeterPicture, BarsCoverExactlyTheirPartOfTheTrack) {
             const bool inRight = x >= 48 && x < 54 && y >= 26 && y < 26 + 66;
             ASSERT_NEAR(alphaAt(x, y), inLeft || inRight ? 128 : 0, 1) << x << ", " << y;
         }
+    }
+}
+
+TEST_F(QVMLevelMeterPicture, InAnInkAllChannelsAreAlikeAndApart) {
+    const MeterInk ink = {{0.5f, 0.5f, 0.5f, 1}, {1, 0, 0, 1}, 2};
+    PBGLCanvas canvas = meterCanvas(1);
+    canvas.parameter.track = {45, 26, 6, 165};
+    canvas.meterInk = ink;
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(meter.barColour(i, ink), ink.bar);
+        meter.channel(i).clip = 1;
+        EXPECT_EQ(meter.barColour(i, ink), ink.clip);
+        meter.channel(i).clip = 0;
+    }
+    surface.begin({97, 217}, 1);
+    meter.glDraw(canvas, surface);
+    ASSERT_TRUE(surface.finish(picture));
+    for (int x = 0; x < 97; ++x) {
+        const bool inBar = (x >= 41 && x < 47) || (x >= 49 && x < 55);
+        ASSERT_EQ(alphaAt(x, 30), inBar ? 255u : 0u) << x;
     }
 }
 
