@@ -12,7 +12,6 @@ namespace {
 constexpr double kMenuMarginX = 2, kMenuMarginY = 6;
 // The menu opens this much after the press, seconds: the click is over by then.
 constexpr double kPopupDelay = 0.01;
-constexpr double kMenuGap = 2; // points between background and menu
 
 } // namespace
 
@@ -20,20 +19,20 @@ void QVMItemizedControl::handleMouseDownWithEventGranularities(const QVMEvent& e
                                                                const QVMGranularities& granularities) {
     if (!includeCrementers()) return QVMCycleControl::handleMouseDownWithEventGranularities(event, granularities);
     if (bgFrame().insetBy(-kMenuMarginX, -kMenuMarginY).contains(event.point)) {
-        popup_.schedule(kPopupDelay, [this] { popupItemizedOptions(); });
+        popup_.schedule(kPopupDelay, [this, at = event.point] { popupItemizedOptions(at.y); });
     } else {
         cycleValueForward(event.point.x >= bounds().midX());
     }
 }
 
-void QVMItemizedControl::popupItemizedOptions() {
-    if (window())
-        window()->popUpMenu(itemMenu(), coordinates().toWindow(Point{bgFrame().minX(), bgFrame().minY() - kMenuGap}));
+void QVMItemizedControl::popupItemizedOptions(double y) {
+    if (window()) window()->popUpMenu(itemMenu(), coordinates().toWindow(Point{bgFrame().minX(), y}));
 }
 
 std::unique_ptr<Menu> QVMItemizedControl::itemMenu() {
     auto menu = std::make_unique<Menu>();
     menu->title = parameter().labelString.empty() ? parameter().name : parameter().labelString;
+    menu->standsOnChecked = true;
     float nextValue = parameter().minValue;
     for (const QVMHierarchyItem& item : parameter().hierarchy)
         menu->items.push_back(itemFor(item, nextValue));

@@ -13,8 +13,9 @@ class QVMItemizedControl : public QVMCycleControl {
 public:
     using QVMCycleControl::QVMCycleControl;
 
-    // Opens the menu below the background; nothing while the control is in no window.
-    void popupItemizedOptions();
+    // Opens the menu over the background, with the present value's row at a height in own coordinates; nothing while
+    // the control is in no window.
+    void popupItemizedOptions(double y);
     // Every value by name, nested as the parameter nests them, the present one checked and those that the channel
     // configuration does not allow disabled. The menu may outlive the control: its items then do nothing.
     std::unique_ptr<Menu> itemMenu();

@@ -19,6 +19,10 @@ const QVMPalette& QVMPalette::light() {
         .note = colorFromHex(0x645C5C),
         .meterBar = colorFromHex(0x776C6D),
         .meterClip = colorFromHex(0xD2322D),
+        .menu = colorFromHex(0xFCFBFA),
+        .menuBorder = Color::white(0, 0.22f),
+        .menuText = Color::white(0.1f),
+        .menuHeading = colorFromHex(0x6B6162),
         .hover = Color::white(0, 0.05f),
     };
     return palette;
@@ -39,7 +43,12 @@ const QVMPalette& QVMPalette::dark() {
         .note = colorFromHex(0xB0A8A9),
         .meterBar = colorFromHex(0xA89FA0),
         .meterClip = colorFromHex(0xFF5B50),
+        .menu = colorFromHex(0x2A2526),
+        .menuBorder = Color::white(1, 0.22f),
+        .menuText = colorFromHex(0xEDE9E8),
+        .menuHeading = colorFromHex(0xB0A8A9),
         .hover = Color::white(1, 0.08f),
+        .columnShade = 0.34f,
     };
     return palette;
 }

@@ -29,8 +29,17 @@ struct QVMPalette {
     Color meterBar;
     Color meterClip;
 
+    // Menus and tooltips.
+    Color menu;
+    Color menuBorder; // translucent
+    Color menuText;
+    Color menuHeading; // of a menu; what cannot be chosen is fainter
+
     // Translucent; laid over whatever the pointer is above.
     Color hover;
+
+    // How much of `shade` lies over the column in the product's colour, so that it is no brighter than the rest.
+    float columnShade = 0; // alpha
 
     // The rest is the same in both themes.
 
@@ -45,12 +54,7 @@ struct QVMPalette {
     // What glyphs are to stand out from while a light is on: nearly the lightest that it makes of the product's colour.
     Color litGround = Color::white(0.65f);
 
-    // Menus and tooltips.
-    Color menu = colorFromHex(0x2A2526, 0.97f);
-    Color menuBorder = Color::white(1, 0.19f);
-    Color menuText = colorFromHex(0xEDE9E8);
-    Color menuHeading = colorFromHex(0xEDE9E8, 0.6f);
-    Color menuMark = colorFromHex(0x8E4E55); // under the chosen item
+    Color menuMark = colorFromHex(0x8E4E55); // under the item that would be chosen, whose text is `onAccent`
 
     static const QVMPalette& light();
     static const QVMPalette& dark();

@@ -1,13 +1,18 @@
-// How round corners are, points: what is not a capsule has one of these.
+// The corners of everything that is drawn with round ones: a short scale, so that what stands side by side agrees.
 #pragma once
 
-#include "BuildNamespace.h"
+#include "geometry/Geometry.h"
 
-namespace QVM_NAMESPACE {
-namespace radii {
+#include <algorithm>
 
-inline constexpr double box = 8;  // of what holds something: boxes, notices, outlines
-inline constexpr double mark = 4; // of what lies in a box or under a sign: marks, lights, pictures
+namespace QVM_NAMESPACE::radii {
 
-} // namespace radii
-} // namespace QVM_NAMESPACE
+inline constexpr double box = 8;  // points: what holds something, such as a menu or a number's box
+inline constexpr double mark = 4; // points: what marks a place in one, such as a row under the pointer
+
+// Of what has no straight side, such as a switch or a handle.
+constexpr double capsule(const Rect& frame) {
+    return std::min(frame.width, frame.height) / 2;
+}
+
+} // namespace QVM_NAMESPACE::radii

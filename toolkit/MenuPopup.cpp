@@ -2,7 +2,35 @@
 
 #include "toolkit/ToolkitMenu.h"
 
+#include <algorithm>
+
 namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr int gapToEdge = 5;   // points between a menu and the edge of the window
+constexpr int gapToPoint = 18; // points between a menu and the place of which it has to stand clear
+
+// Moves an open menu so that the checked row stands over a point of the component. Where there is no room for that it
+// stands clear of the point, or another row would be marked. The toolkit has a component for each row and one for the
+// title.
+void standOnChecked(juce::Component& shown, const Menu& menu, juce::Point<int> at) {
+    const auto checked = std::ranges::find_if(menu.items, &MenuItem::checked);
+    if (checked == menu.items.end()) return;
+    const int index = static_cast<int>(checked - menu.items.begin()) + (menu.title.empty() ? 0 : 1);
+    const juce::Component* const row = shown.getChildComponent(index);
+    const juce::Component* const parent = shown.getParentComponent();
+    if (!row || !parent || !shown.getLocalBounds().contains(row->getBounds())) return; // it is longer than the window
+    const juce::Rectangle<int> room = parent->getLocalBounds().reduced(gapToEdge);
+    int top = at.y - row->getBounds().getCentreY();
+    if (top + shown.getHeight() > room.getBottom())
+        top = at.y - gapToPoint - shown.getHeight();
+    else if (top < room.getY())
+        top = at.y + gapToPoint;
+    shown.setBounds(shown.getBounds().withPosition(at.x, top).constrainedWithin(room));
+}
+
+} // namespace
 
 void MenuPopup::popUp(const Menu& menu, Point at) {
     if (!hasDisplay()) return; // the toolkit can't do without one
@@ -22,6 +50,7 @@ void MenuPopup::popUp(const Menu& menu, Point at) {
                         });
     juce::Component* const shown = component_.getChildComponent(component_.getNumChildComponents() - 1);
     if (shown) shield_.protect(*shown);
+    if (menu.standsOnChecked && shown) standOnChecked(*shown, menu, target.getPosition());
     if (menu.selectsFirst && shown) shown->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
 }
 

@@ -9,7 +9,9 @@ constexpr int delayMs = 700;
 } // namespace
 
 ToolTipWindow::ToolTipWindow(juce::Component& parent, Placement placement)
-    : TooltipWindow(&parent, delayMs), placement_(std::move(placement)) {}
+    : TooltipWindow(&parent, delayMs), placement_(std::move(placement)) {
+    setOpaque(false); // what is behind a tip is seen at its round corners
+}
 
 juce::String ToolTipWindow::getTipFor(juce::Component& component) {
     auto* const client = dynamic_cast<juce::TooltipClient*>(&component);

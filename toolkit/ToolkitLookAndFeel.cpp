@@ -1,6 +1,7 @@
 #include "toolkit/ToolkitLookAndFeel.h"
 
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 #include "toolkit/Conversions.h"
 #include "toolkit/FaceTypeface.h"
 
@@ -8,21 +9,59 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr int menuMargin = 5; // above the first item and below the last
+// All in points.
+constexpr int menuMargin = 5; // above the first item and below the last, and beside all
+constexpr int rowHeight = 20, separatorHeight = 9;
+constexpr int textX = 24, textRight = 20; // from a row's ends; the tick stands before the text, an arrow behind it
+constexpr float tickX = 11, tickSize = 8, arrowSize = 8, signWidth = 1.5f;
+constexpr float frameWidth = 1;
 constexpr float menuTextPoints = 13, tooltipPoints = 12;
-constexpr int tooltipMargin = 6, tooltipBelowPointer = 20;
+constexpr int tooltipMargin = 7, tooltipBelowPointer = 20;
 constexpr float tooltipWidth = 260;
+constexpr float inactiveAlpha = 0.45f;
+
+const QVMPalette& palette() {
+    return QVMUITheme::theme().palette;
+}
+
+// The ground of a menu or a tooltip, with round corners and one line around it.
+void drawFrame(juce::Graphics& g, int width, int height, double radius) {
+    const auto round = static_cast<float>(radius);
+    const auto box = juce::Rectangle<int>(width, height).toFloat();
+    g.setColour(toToolkit(palette().menu));
+    g.fillRoundedRectangle(box, round);
+    g.setColour(toToolkit(palette().menuBorder));
+    g.drawRoundedRectangle(box.reduced(frameWidth / 2), round - frameWidth / 2, frameWidth);
+}
+
+void drawSign(juce::Graphics& g, const juce::Path& sign) {
+    g.strokePath(sign, juce::PathStrokeType(signWidth, juce::PathStrokeType::curved, juce::PathStrokeType::rounded));
+}
+
+juce::Path tick(juce::Point<float> middle) {
+    juce::Path path;
+    path.startNewSubPath(middle.translated(-tickSize / 2, 0));
+    path.lineTo(middle.translated(-tickSize / 8, tickSize * 3 / 8));
+    path.lineTo(middle.translated(tickSize / 2, -tickSize * 3 / 8));
+    return path;
+}
+
+// An open arrow head that points along `direction`, a unit vector.
+juce::Path arrowHead(juce::Point<float> middle, juce::Point<float> direction) {
+    const juce::Point<float> along = direction * (arrowSize / 4),
+                             across = {direction.y * arrowSize / 2, direction.x * arrowSize / 2};
+    juce::Path path;
+    path.startNewSubPath(middle - along - across);
+    path.lineTo(middle + along);
+    path.lineTo(middle - along + across);
+    return path;
+}
 
 } // namespace
 
 ToolkitLookAndFeel::ToolkitLookAndFeel(FaceLibrary& faces) : faces_(faces) {
-    using Id = juce::PopupMenu::ColourIds;
-    const QVMPalette& palette = QVMUITheme::theme().palette; // of menus the same in both themes
-    setColour(Id::backgroundColourId, toToolkit(palette.menu));
-    setColour(Id::textColourId, toToolkit(palette.menuText));
-    setColour(Id::headerTextColourId, toToolkit(palette.menuHeading));
-    setColour(Id::highlightedBackgroundColourId, toToolkit(palette.menuMark));
-    setColour(Id::highlightedTextColourId, toToolkit(palette.onAccent));
+    // Anything but opaque: what is behind a menu is seen at its corners.
+    setColour(juce::PopupMenu::backgroundColourId, juce::Colours::transparentBlack);
 }
 
 juce::Typeface::Ptr ToolkitLookAndFeel::getTypefaceForFont(const juce::Font& font) {
@@ -38,14 +77,56 @@ int ToolkitLookAndFeel::getPopupMenuBorderSize() {
 }
 
 void ToolkitLookAndFeel::drawPopupMenuBackground(juce::Graphics& g, int width, int height) {
-    g.fillAll(findColour(juce::PopupMenu::backgroundColourId));
-    g.setColour(toToolkit(QVMUITheme::theme().palette.menuBorder));
-    g.drawRect(0, 0, width, height);
+    drawFrame(g, width, height, radii::box);
+}
+
+// The toolkit sets the title in from the ends of a row by the margin.
+void ToolkitLookAndFeel::drawPopupMenuSectionHeader(juce::Graphics& g, const juce::Rectangle<int>& area,
+                                                    const juce::String& title) {
+    g.setFont(getPopupMenuFont());
+    g.setColour(toToolkit(palette().menuHeading));
+    g.drawText(title, area.withTrimmedLeft(textX - menuMargin), juce::Justification::centredLeft, true);
+}
+
+void ToolkitLookAndFeel::drawPopupMenuItem(juce::Graphics& g, const juce::Rectangle<int>& area, bool isSeparator,
+                                           bool isActive, bool isHighlighted, bool isTicked, bool hasSubMenu,
+                                           const juce::String& text, const juce::String&, const juce::Drawable*,
+                                           const juce::Colour*) {
+    const juce::Rectangle<int> row = area.reduced(menuMargin, 0);
+    if (isSeparator) {
+        g.setColour(toToolkit(palette().menuBorder));
+        g.fillRect(row.withSizeKeepingCentre(row.getWidth(), 1));
+        return;
+    }
+    const bool isMarked = isHighlighted && isActive;
+    if (isMarked) {
+        g.setColour(toToolkit(palette().menuMark));
+        g.fillRoundedRectangle(row.toFloat(), static_cast<float>(radii::mark));
+    }
+    const Color ink = isMarked ? palette().onAccent : palette().menuText;
+    g.setColour(toToolkit(ink.withAlpha(isActive ? 1 : inactiveAlpha)));
+    const float middle = row.toFloat().getCentreY();
+    if (isTicked) drawSign(g, tick({static_cast<float>(area.getX()) + tickX + tickSize / 4, middle}));
+    if (hasSubMenu) drawSign(g, arrowHead({static_cast<float>(row.getRight()) - arrowSize, middle}, {1, 0}));
+    g.setFont(getPopupMenuFont());
+    g.drawText(text, area.withTrimmedLeft(textX).withTrimmedRight(textRight), juce::Justification::centredLeft, true);
+}
+
+void ToolkitLookAndFeel::drawPopupMenuUpDownArrow(juce::Graphics& g, int width, int height, bool isScrollUpArrow) {
+    g.setColour(toToolkit(palette().menuText));
+    drawSign(g,
+             arrowHead(juce::Rectangle<int>(width, height).toFloat().getCentre(), {0, isScrollUpArrow ? -1.0f : 1.0f}));
+}
+
+void ToolkitLookAndFeel::getIdealPopupMenuItemSize(const juce::String& text, bool isSeparator, int, int& width,
+                                                   int& height) {
+    height = isSeparator ? separatorHeight : rowHeight;
+    width = isSeparator ? 0 : textX + textRight + getPopupMenuFont().getStringWidth(text) + 1;
 }
 
 juce::TextLayout ToolkitLookAndFeel::layOutTooltip(const juce::String& text) const {
     juce::AttributedString styled;
-    styled.append(text, juce::Font().withPointHeight(tooltipPoints), toToolkit(QVMUITheme::theme().palette.menuText));
+    styled.append(text, juce::Font().withPointHeight(tooltipPoints), toToolkit(palette().menuText));
     juce::TextLayout layout;
     layout.createLayoutWithBalancedLineLengths(styled, tooltipWidth);
     return layout;
@@ -60,7 +141,7 @@ juce::Rectangle<int> ToolkitLookAndFeel::getTooltipBounds(const juce::String& te
 }
 
 void ToolkitLookAndFeel::drawTooltip(juce::Graphics& g, const juce::String& text, int width, int height) {
-    drawPopupMenuBackground(g, width, height);
+    drawFrame(g, width, height, radii::mark);
     layOutTooltip(text).draw(g, juce::Rectangle<int>(width, height).reduced(tooltipMargin).toFloat());
 }
 

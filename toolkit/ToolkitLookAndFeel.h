@@ -1,4 +1,4 @@
-// How the toolkit draws its own menus and tooltips: flat and dark, in our type, whichever theme the editor shows.
+// How the toolkit draws its own menus and tooltips: flat, in our type and in the colours of the theme in force.
 #pragma once
 
 #include "toolkit/FaceLibrary.h"
@@ -17,6 +17,19 @@ public:
     juce::Font getPopupMenuFont() override;
     int getPopupMenuBorderSize() override;
     void drawPopupMenuBackground(juce::Graphics& g, int width, int height) override;
+    void drawPopupMenuSectionHeader(juce::Graphics& g, const juce::Rectangle<int>& area,
+                                    const juce::String& title) override;
+    void drawPopupMenuItem(juce::Graphics& g, const juce::Rectangle<int>& area, bool isSeparator, bool isActive,
+                           bool isHighlighted, bool isTicked, bool hasSubMenu, const juce::String& text,
+                           const juce::String& shortcut, const juce::Drawable* icon,
+                           const juce::Colour* textColour) override;
+    void drawPopupMenuUpDownArrow(juce::Graphics& g, int width, int height, bool isScrollUpArrow) override;
+    void getIdealPopupMenuItemSize(const juce::String& text, bool isSeparator, int standardHeight, int& width,
+                                   int& height) override;
+    // The toolkit would fill it with white where the desktop has no windows that can be seen through.
+    void preparePopupMenuWindow(juce::Component& menu) override { menu.setOpaque(false); }
+    // The toolkit would draw a second frame inside a menu that stands in a window.
+    void drawResizableFrame(juce::Graphics&, int, int, const juce::BorderSize<int>&) override {}
     void drawTooltip(juce::Graphics& g, const juce::String& text, int width, int height) override;
     juce::Rectangle<int> getTooltipBounds(const juce::String& text, juce::Point<int> pointer,
                                           juce::Rectangle<int> parent) override;

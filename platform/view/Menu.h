@@ -26,6 +26,7 @@ public:
     std::vector<MenuItem> items;
     bool selectsFirst =
         false; // for the keyboard: with the first row marked that can be chosen, wherever the pointer is
+    bool standsOnChecked = false; // for a list of values: with the checked row over the place where it is opened
 };
 
 } // namespace QVM_NAMESPACE

@@ -122,10 +122,12 @@ TEST_F(QVMItemizedControlTest, ChoosingAnItemIsADiscreteChange) {
     EXPECT_TRUE(control.userControlling());
 }
 
-TEST_F(QVMItemizedControlTest, TheMenuOpensBelowTheBackground) {
-    ASSERT_TRUE(clickOpensMenu(control.bgFrame().center()));
+TEST_F(QVMItemizedControlTest, TheMenuOpensOverTheBackgroundWithThePresentValueAtThePointersHeight) {
+    const Point pressed = control.bgFrame().center() + Point{9, -4};
+    ASSERT_TRUE(clickOpensMenu(pressed));
     EXPECT_EQ(host.places[0].x, 20 + control.bgFrame().minX());
-    EXPECT_GE(host.places[0].y, 30 + 26) << "y grows downwards in the window";
+    EXPECT_EQ(host.places[0].y, control.coordinates().toWindow(pressed).y);
+    EXPECT_TRUE(host.menus[0]->standsOnChecked);
 }
 
 TEST_F(QVMItemizedControlTest, ANestedHierarchyIsANestedMenu) {

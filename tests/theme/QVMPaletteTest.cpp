@@ -82,6 +82,11 @@ TEST_P(QVMPaletteOfTheme, LinesAndMarksStandOutFromWhatTheyLieOn) {
         EXPECT_GE(contrastRatio(composite(theme().interiorBorderColor, surface), surface), 1.3);
 }
 
+TEST_P(QVMPaletteOfTheme, MenusAreOfTheThemesKind) {
+    const bool isLight = contrastRatio(theme().backgroundColor, Color::white(0)) > 10;
+    EXPECT_EQ(contrastRatio(palette().menu, Color::white(0)) > 10, isLight);
+}
+
 TEST_P(QVMPaletteOfTheme, MenusAreLegible) {
     const QVMPalette& p = palette();
     const Color behind = composite(p.menu, Color::white(1)), mark = composite(p.menuMark, behind);

@@ -94,5 +94,56 @@ TEST_F(MenuPopupTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
     EXPECT_EQ(chosen, "Read");
 }
 
+// A list of values whose row of an index is the present one, opened at a point: the rows as they stand, the title
+// first.
+class MenuPopupListTest : public MenuPopupTest {
+protected:
+    std::vector<juce::Rectangle<int>> rowsWithChecked(std::size_t index, Point at) {
+        component->setSize(300, 200);
+        Menu menu{"Loudness", {}};
+        menu.standsOnChecked = true;
+        for (const char* title : {"Auto", "Norm", "Treble", "Bass"})
+            menu.items.push_back({title, true, menu.items.size() == index, nullptr, {}});
+        component->window().popUpMenu(std::make_unique<Menu>(std::move(menu)), at);
+        const juce::Component* shown = component->getChildComponent(component->getNumChildComponents() - 1);
+        std::vector<juce::Rectangle<int>> rows;
+        for (const juce::Component* row : shown->getChildren())
+            rows.push_back(row->getBounds() + shown->getPosition());
+        room = shown->getBounds();
+        juce::PopupMenu::dismissAllActiveMenus();
+        runPostedMessages();
+        return rows;
+    }
+    juce::Rectangle<int> room; // where the menu was
+};
+
+TEST_F(MenuPopupListTest, PresentChoiceStandsUnderThePointer) {
+    const FakeDisplay display;
+    for (const std::size_t index : {0u, 1u, 3u}) {
+        const auto rows = rowsWithChecked(index, {60, 110});
+        ASSERT_EQ(rows.size(), 5U);
+        EXPECT_EQ(rows[index + 1].getCentreY(), 110) << index;
+        EXPECT_EQ(rows[index + 1].getX(), 60);
+    }
+}
+
+TEST_F(MenuPopupListTest, MenuStaysInTheWindowAndClearOfThePointerWhereThereIsNoRoom) {
+    const FakeDisplay display;
+    for (const Point at : {Point{295, 195}, Point{1, 2}}) {
+        rowsWithChecked(1, at);
+        EXPECT_TRUE(component->getLocalBounds().reduced(4).contains(room)) << at.x;
+        EXPECT_FALSE(room.contains(static_cast<int>(at.x), static_cast<int>(at.y))) << at.x;
+    }
+}
+
+TEST_F(MenuPopupListTest, WhatIsBehindAMenuIsSeenAtItsCorners) {
+    const FakeDisplay display;
+    component->window().popUpMenu(std::make_unique<Menu>(Menu{"", {{"Reset", true, false, nullptr, {}}}}), {10, 20});
+    const juce::Component* shown = component->getChildComponent(component->getNumChildComponents() - 1);
+    EXPECT_FALSE(shown->isOpaque());
+    juce::PopupMenu::dismissAllActiveMenus();
+    runPostedMessages();
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -28,5 +28,11 @@ TEST(ToolTipWindow, StandsWhereItIsPlacedWhateverItsSizeAndWhereverItIsPut) {
     EXPECT_EQ(window.getPosition(), juce::Point<int>(70, 30));
 }
 
+TEST(ToolTipWindow, LetsBeSeenWhatIsBehindItsCorners) {
+    juce::Component parent;
+    const ToolTipWindow window(parent, [](int, int) { return juce::Point<int>(); });
+    EXPECT_FALSE(window.isOpaque());
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

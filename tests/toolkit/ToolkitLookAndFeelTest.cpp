@@ -1,0 +1,99 @@
+#include "toolkit/ToolkitLookAndFeel.h"
+
+#include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
+#include "theme/ScopedTheme.h"
+#include "toolkit/Conversions.h"
+#include "toolkit/ToolkitRuntime.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using Draw = std::function<void(juce::LookAndFeel&, juce::Graphics&)>;
+
+constexpr int width = 160, height = 60;
+
+class ToolkitLook : public testing::TestWithParam<const QVMUITheme*> {
+protected:
+    juce::Image picture(const Draw& draw) {
+        juce::Image image(juce::Image::ARGB, width, height, true);
+        juce::Graphics g(image);
+        draw(look_, g);
+        return image;
+    }
+    static int firstInkedColumn(const juce::Image& image) {
+        for (int x = 0; x < image.getWidth(); ++x)
+            for (int y = 0; y < image.getHeight(); ++y)
+                if (image.getPixelAt(x, y).getAlpha() > 128) return x;
+        return -1;
+    }
+    static void item(juce::LookAndFeel& look, juce::Graphics& g, bool isHighlighted, bool isTicked,
+                     const juce::String& text) {
+        look.drawPopupMenuItem(g, {0, 0, width, height}, false, true, isHighlighted, isTicked, false, text, {}, nullptr,
+                               nullptr);
+    }
+    const QVMPalette& palette() const { return GetParam()->palette; }
+
+    const juce::SharedResourcePointer<ToolkitRuntime> runtime_;
+    juce::LookAndFeel& look_ = runtime_->lookAndFeel();
+    const ScopedTheme theme_{*GetParam()};
+};
+
+TEST_P(ToolkitLook, MenusAndTooltipsStandOnTheThemesColourWithOneLineAroundAndRoundCorners) {
+    const Draw menu = [](auto& look, auto& g) { look.drawPopupMenuBackground(g, width, height); };
+    const Draw tip = [](auto& look, auto& g) { look.drawTooltip(g, "", width, height); };
+    for (const Draw& each : {menu, tip}) {
+        const juce::Image image = picture(each);
+        EXPECT_EQ(image.getPixelAt(width / 2, height / 2), toToolkit(palette().menu));
+        EXPECT_EQ(image.getPixelAt(0, 0).getAlpha(), 0) << "a corner";
+        const Color line = composite(palette().menuBorder, palette().menu);
+        EXPECT_LT(std::abs(image.getPixelAt(0, height / 2).getRed() - toToolkit(line).getRed()), 3);
+        EXPECT_EQ(image.getPixelAt(2, height / 2), toToolkit(palette().menu)) << "one line and no more";
+    }
+}
+
+TEST_P(ToolkitLook, WhatIsShownInAWindowHasNoSecondFrame) {
+    const juce::Image image =
+        picture([](auto& look, auto& g) { look.drawResizableFrame(g, width, height, juce::BorderSize<int>(5)); });
+    EXPECT_EQ(firstInkedColumn(image), -1);
+}
+
+TEST_P(ToolkitLook, TitleAndItemsOfAMenuBeginAtOneLine) {
+    const int item =
+        firstInkedColumn(picture([](auto& look, auto& g) { ToolkitLook::item(look, g, false, false, "Hall"); }));
+    const int inset = look_.getPopupMenuBorderSize(); // which the toolkit leaves at both ends of a title
+    const int title = firstInkedColumn(picture([inset](auto& look, auto& g) {
+        look.drawPopupMenuSectionHeader(g, {inset, 0, width - 2 * inset, height}, "Hall");
+    }));
+    EXPECT_GT(item, 0);
+    EXPECT_EQ(title, item);
+}
+
+TEST_P(ToolkitLook, TheTickStandsBeforeTheText) {
+    const juce::Image ticked =
+        picture([](auto& look, auto& g) { ToolkitLook::item(look, g, false, true, juce::String()); });
+    const int from = firstInkedColumn(ticked);
+    EXPECT_GT(from, 0);
+    EXPECT_LT(from,
+              firstInkedColumn(picture([](auto& look, auto& g) { ToolkitLook::item(look, g, false, false, "Hall"); })) -
+                  4);
+}
+
+TEST_P(ToolkitLook, TheMarkUnderAnItemIsRoundAndStandsIn) {
+    const juce::Image image =
+        picture([](auto& look, auto& g) { ToolkitLook::item(look, g, true, false, juce::String()); });
+    const int inset = look_.getPopupMenuBorderSize();
+    EXPECT_EQ(image.getPixelAt(width / 2, height / 2), toToolkit(palette().menuMark));
+    EXPECT_EQ(image.getPixelAt(inset - 1, height / 2).getAlpha(), 0);
+    EXPECT_LT(image.getPixelAt(inset, 0).getAlpha(), 128);
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, ToolkitLook, testing::Values(&QVMUITheme::light(), &QVMUITheme::dark()),
+                         [](const auto& test) { return test.param->invertLabels ? "dark" : "light"; });
+
+} // namespace
+} // namespace QVM_NAMESPACE
