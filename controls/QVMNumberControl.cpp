@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kValueSize = 16, kUnitSize = 11; // points
 constexpr double kTextPadding = 6;
+// The mark: two open arrow heads back to back, in a square at the right of the box.
+constexpr double kMarkSide = 12, kMarkInset = 5, kMarkReach = 5, kMarkArm = 2.5, kMarkWidth = 1.25;
 // Heights of the two lines, and how far the number's middle stands above the box's when a unit is under it.
 constexpr double kValueHeight = 22, kUnitHeight = 14, kValueRise = 6, kUnitDrop = 11;
 
@@ -24,14 +26,30 @@ constexpr std::array<std::size_t, 3> kPixelConstantIndex = {1, 0, 2};
 constexpr double kDefaultPixels = 120; // for a parameter without such a list
 constexpr double kTravel = 1.5;        // points of drag a point of range
 
+Path arrowsBothWays(bool horizontal) {
+    const Point middle{kMarkSide / 2, kMarkSide / 2};
+    const Point along = horizontal ? Point{1, 0} : Point{0, 1}, across{along.y, along.x};
+    Path path;
+    for (const double way : {1.0, -1.0}) {
+        const Point tip = middle + along * (way * kMarkReach), back = tip - along * (way * kMarkArm);
+        path.moveTo(back - across * kMarkArm).lineTo(tip).lineTo(back + across * kMarkArm);
+    }
+    return path;
+}
+
 } // namespace
 
 QVMNumberControl::QVMNumberControl(const Rect& frame, const QVMParameter& parameter)
     : BoxControl(frame, parameter, BoxShape::rounded), value_(std::make_shared<TextLayer>(YAxis::up)),
-      unit_(std::make_shared<TextLayer>(YAxis::up)) {
+      unit_(std::make_shared<TextLayer>(YAxis::up)), dragMark_(std::make_shared<ShapeLayer>(YAxis::up)) {
     addPart(hover(), "hover");
     addPart(value_, "value");
     addPart(unit_, "unit");
+    addPart(dragMark_, "dragMark");
+    dragMark_->setFillColor(Color::clear());
+    dragMark_->setLineWidth(kMarkWidth);
+    dragMark_->setLineStyle(LineCap::round, LineJoin::round);
+    dragMark_->setPath(arrowsBothWays(parameter.horizontal));
     setCursor(parameter.horizontal ? Cursor::resizeLeftRight : Cursor::resizeUpDown);
     QVMNumberControl::redraw();
 }
@@ -97,6 +115,7 @@ void QVMNumberControl::viewWillMoveToWindow(Window* newWindow) {
 void QVMNumberControl::layOut() {
     const Rect box = bounds();
     placeBox(box);
+    dragMark_->setFrame({box.maxX() - kMarkInset - kMarkSide, box.midY() - kMarkSide / 2, kMarkSide, kMarkSide});
     const bool hasUnit = !unit_->string().isEmpty();
     const double middle = box.midY() + (hasUnit ? kValueRise : 0);
     value_->setFrame({kTextPadding, middle - kValueHeight / 2, box.width - 2 * kTextPadding, kValueHeight});
@@ -116,6 +135,7 @@ void QVMNumberControl::redraw() {
         const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(text, kValueSize, 0);
         value_->setString(shrunkenToWidth({text, font, QVMUITheme::theme().textColor}, value_->bounds().width));
     }
+    dragMark_->setStrokeColor(palette.tick);
     bg()->look().setBackgroundColor(palette.boxFill);
     bg()->look().setBorder(1, displayingTransient_ ? QVMCGColor(parameter().color) : palette.boxBorder);
     showHover();

@@ -1,4 +1,4 @@
-// A number over its unit in a box: dragged up and down (or sideways) to change, or typed over.
+// A number over its unit in a box: dragged up and down (or sideways, as a small mark says) to change, or typed over.
 //
 // A drag is relative. How far the pointer must go for the whole range is the parameter's choice for each granularity;
 // what is accumulated and clamped is the way through the range, so that coming back from beyond an end moves at once.
@@ -6,6 +6,7 @@
 #pragma once
 
 #include "controls/BoxControl.h"
+#include "platform/layer/ShapeLayer.h"
 #include "platform/layer/TextLayer.h"
 
 namespace QVM_NAMESPACE {
@@ -37,6 +38,7 @@ public:
 
     const std::shared_ptr<TextLayer>& value() const { return value_; }
     const std::shared_ptr<TextLayer>& unit() const { return unit_; }
+    const std::shared_ptr<ShapeLayer>& dragMark() const { return dragMark_; }
 
     // Named by the contract and not used in this product, which asks the cycle controls alone: neither arrow keys nor
     // clicks cycle.
@@ -52,10 +54,11 @@ private:
     void popDragCursor();
 
     std::shared_ptr<TextLayer> value_, unit_;
-    double startPoint_ = 0;     // the pointer's axis coordinate at the previous event
-    float startValue_ = 0;      // at the press
-    float startPercentage_ = 0; // at the press
-    float diffWas_ = 0;         // fraction of the range moved so far
+    std::shared_ptr<ShapeLayer> dragMark_; // the two ways in which it is dragged
+    double startPoint_ = 0;                // the pointer's axis coordinate at the previous event
+    float startValue_ = 0;                 // at the press
+    float startPercentage_ = 0;            // at the press
+    float diffWas_ = 0;                    // fraction of the range moved so far
     bool displayingTransient_ = false;
     Window* cursorWindow_ = nullptr; // where this control's drag cursor is pushed
 };

@@ -271,6 +271,16 @@ TEST_F(QVMNumberControlTest, HoveringAndEqualValuesRasteriseNothingAnew) {
     EXPECT_EQ(versions(), before);
 }
 
+TEST_F(QVMNumberControlTest, AMarkShowsWhichWayItIsDragged) {
+    const QVMParameter sideways = parameterLike(parameter.pid, [](QVMParameter& p) { p.horizontal = true; });
+    QVMNumberControl other({0, 0, 80, 44}, sideways);
+    const Rect mark = control.dragMark()->path().bounds(), othersMark = other.dragMark()->path().bounds();
+    EXPECT_GT(mark.height, mark.width);
+    EXPECT_GT(othersMark.width, othersMark.height);
+    EXPECT_TRUE(control.bounds().contains(control.dragMark()->frame()));
+    EXPECT_GE(contrastRatio(control.dragMark()->strokeColor(), control.bg()->look().backgroundColor()), 2.5);
+}
+
 TEST_F(QVMNumberControlTest, LayerTree) {
     control.setFloatValue(18);
     EXPECT_EQ(dumpLayerTree(*control.layer()),
@@ -279,6 +289,7 @@ TEST_F(QVMNumberControlTest, LayerTree) {
               "  Layer hover (0 0 80 44) opacity 0 y-up background #0000000d corner 8\n"
               "  TextLayer value (6 17 68 22) y-up \"18.0\"\n"
               "  TextLayer unit (6 4 68 14) y-up \"dB/Oct\"\n"
+              "  ShapeLayer dragMark (63 16 12 12) y-up path 6 (3.5 1 5 10) line 1.25\n"
               "  ShapeLayer focusBorder (0 0 0 0) opacity 0 y-up\n");
 }
 

@@ -155,5 +155,12 @@ TEST_F(IconFont, TheQualitySwitchKeepsItsWidthWhenItIsSwitched) {
     EXPECT_EQ(inkOf(icons::qualityOff).xMin, inkOf(icons::qualityOn).xMin);
 }
 
+TEST_F(IconFont, TheQualitySwitchHasTheSameLettersOffAndOn) {
+    const Box off = inkOf(icons::qualityOff), on = inkOf(icons::qualityOn);
+    EXPECT_EQ(off.xMax, on.xMax);
+    EXPECT_EQ(off.yMin, on.yMin);
+    EXPECT_EQ(off.yMax, on.yMax);
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE
