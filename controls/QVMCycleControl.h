@@ -75,7 +75,8 @@ private:
     void layOutCrementers();
     void typesetAttributedStringValueBackgroundColor(const AttributedString& text, const Look& look);
     double widestValueText() const;
-    AttributedString attributedTextForValue(float value, Color color) const; // number with its unit, name or glyph
+    virtual AttributedString attributedTextForValue(float value,
+                                                    Color color) const; // number with its unit, name or glyph
 
     std::shared_ptr<TextLayer> value_;
     std::shared_ptr<ShapeLayer> inc_, dec_;

@@ -23,7 +23,7 @@ struct NamedKey {
 };
 
 // Made at each call: the toolkit's codes are no constants.
-std::array<NamedKey, 12> namedKeys() {
+std::array<NamedKey, 14> namedKeys() {
     using K = juce::KeyPress;
     return {{{K::upKey, Key::up, 126, EventModifier::numericPad},
              {K::downKey, Key::down, 125, EventModifier::numericPad},
@@ -36,7 +36,9 @@ std::array<NamedKey, 12> namedKeys() {
              {K::backspaceKey, U'\x7F', Key::codeDelete, 0},
              {K::deleteKey, U'\x7F', Key::codeDelete, 0},
              {K::escapeKey, U'\x1B', Key::codeEscape, 0},
-             {K::F10Key, U'\0', Key::codeF10, 0}}};
+             {K::F10Key, U'\0', Key::codeF10, 0},
+             {K::homeKey, U'\0', Key::codeHome, 0},
+             {K::endKey, U'\0', Key::codeEnd, 0}}};
 }
 
 // Keys of the keypad that the toolkit tells from the others.

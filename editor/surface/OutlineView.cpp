@@ -1,6 +1,7 @@
 #include "editor/surface/OutlineView.h"
 
 #include "editor/surface/LabelLayer.h"
+#include "editor/surface/PresetNameText.h"
 #include "platform/view/Window.h"
 #include "theme/Radii.h"
 
@@ -16,7 +17,7 @@ namespace {
 constexpr double topPadding = 8, bottomPadding = 12, sectionGap = 9;
 constexpr double titleHeight = 19, nameHeight = 17, noteHeight = 13, noteOverlap = 1;
 constexpr double titleX = 14, nameX = 18, textRight = 12;
-constexpr double markInset = 8, markRadius = radii::mark;
+constexpr double markInset = 8;
 constexpr double thumbWidth = 3, thumbInset = 3, thumbGrasp = 10, shortestThumb = 24;
 constexpr double pointsALine = 17;
 constexpr double titleSize = 11, titleKern = 1, nameSize = 14, noteSize = 10.5;
@@ -38,6 +39,10 @@ std::shared_ptr<Layer> makeLayer(const char* name, double radius, Layer& parent)
     return made;
 }
 
+char32_t smallLetter(char32_t letter) {
+    return letter >= U'A' && letter <= U'Z' ? letter - U'A' + U'a' : letter;
+}
+
 void place(Layer& mark, const std::optional<Rect>& frame) {
     mark.setHidden(!frame);
     if (frame) mark.setFrame(*frame);
@@ -49,8 +54,9 @@ OutlineView::OutlineView(const Rect& frame) : ThemedView(frame) {
     layer()->setName("outline");
     layer()->setMasksToBounds(true);
     list_ = makeLayer("list", 0, *layer());
-    hoverMark_ = makeLayer("hoverMark", markRadius, *list_);
-    selectionMark_ = makeLayer("selectionMark", markRadius, *list_);
+    hoverMark_ = makeLayer("hoverMark", radii::mark, *list_);
+    selectionMark_ = makeLayer("selectionMark", radii::mark, *list_);
+    fades_.emplace(*layer(), bounds());
     thumb_ = makeLayer("thumb", thumbWidth / 2, *layer());
     for (const auto& mark : {hoverMark_, selectionMark_, thumb_})
         mark->setHidden(true);
@@ -94,7 +100,7 @@ void OutlineView::addRow(const OutlineItem& item, std::size_t section, double& y
     const bool isTitle = !item.id;
     const double x = isTitle ? titleX : nameX, width = bounds().width - x - textRight;
     const double height = isTitle ? titleHeight : nameHeight;
-    Row row{section, item.id, {markInset, y, bounds().width - 2 * markInset, height}, nullptr, nullptr};
+    Row row{section, item.id, {markInset, y, bounds().width - 2 * markInset, height}, item.title, nullptr, nullptr};
     row.title = makeText({x, y, width, height});
     row.title->setName(item.title);
     row.title->setString({isTitle ? capitals(item.title) : item.title, {}, {}});
@@ -114,6 +120,7 @@ void OutlineView::style() {
     hoverMark_->look().setBackgroundColor(palette.hover);
     selectionMark_->look().setBackgroundColor(palette.drawerSelection);
     thumb_->look().setBackgroundColor(palette.tick.withAlpha(thumbAlpha));
+    fades_->setGround(palette.drawer);
     for (const Row& row : rows_)
         styleRow(row);
 }
@@ -127,8 +134,8 @@ void OutlineView::styleRow(const Row& row) const {
         return row.title->setString(title);
     }
     const bool isChosen = row.id == selection_;
-    row.title->setString({row.title->string().string(), QVMUITheme::safeFontWithNameSize(nameFace, nameSize),
-                          isChosen ? theme.backgroundColor : theme.textColor});
+    row.title->setString(presetNameText(row.name, QVMUITheme::safeFontWithNameSize(nameFace, nameSize),
+                                        isChosen ? theme.backgroundColor : theme.textColor));
     if (!row.note) return;
     row.note->setString({row.note->string().string(), QVMUITheme::italicFontOfSize(noteSize),
                          isChosen ? theme.subtleTextColor : theme.palette.note});
@@ -168,23 +175,50 @@ void OutlineView::select(std::optional<std::uint32_t> id) {
     if (!row) return;
     // With its section's title where that is next to it.
     const bool isFirst = row != rows_.data() && !(row - 1)->id;
-    const double top = isFirst ? (row - 1)->frame.minY() - topPadding : row->frame.minY() - sectionGap;
-    const double bottom = row->frame.maxY() + sectionGap;
+    const double top = isFirst ? (row - 1)->frame.minY() - topPadding : row->frame.minY() - EdgeFades::height;
+    const double bottom = row->frame.maxY() + EdgeFades::height;
     if (top < offset_) scrollTo(top);
     if (bottom > offset_ + bounds().height) scrollTo(bottom - bounds().height);
 }
 
 bool OutlineView::moveSelection(int places) {
     layOut();
-    std::vector<std::uint32_t> ids;
+    const std::vector<const Row*> all = leaves();
+    if (all.empty()) return false;
+    const auto present = std::ranges::find(all, rowOf(selection_));
+    std::ptrdiff_t index = places > 0 ? 0 : std::ssize(all) - 1;
+    if (present != all.end())
+        index = std::clamp<std::ptrdiff_t>(present - all.begin() + places, 0, std::ssize(all) - 1);
+    return choose(*all[static_cast<std::size_t>(index)]);
+}
+
+bool OutlineView::moveSelectionTo(End end) {
+    layOut();
+    const std::vector<const Row*> all = leaves();
+    return !all.empty() && choose(end == End::first ? *all.front() : *all.back());
+}
+
+bool OutlineView::chooseStartingWith(char32_t letter) {
+    layOut();
+    std::vector<const Row*> all = leaves();
+    const auto present = std::ranges::find(all, rowOf(selection_));
+    if (present != all.end()) std::ranges::rotate(all, present + 1);
+    const auto starts = [wanted = smallLetter(letter)](const Row* row) {
+        return !row->name.empty() && smallLetter(static_cast<unsigned char>(row->name.front())) == wanted;
+    };
+    const auto found = std::ranges::find_if(all, starts);
+    return found != all.end() && choose(**found);
+}
+
+std::vector<const OutlineView::Row*> OutlineView::leaves() const {
+    std::vector<const Row*> all;
     for (const Row& row : rows_)
-        if (row.id) ids.push_back(*row.id);
-    if (ids.empty()) return false;
-    const auto present = selection_ ? std::find(ids.begin(), ids.end(), *selection_) : ids.end();
-    std::ptrdiff_t index = places > 0 ? 0 : std::ssize(ids) - 1;
-    if (present != ids.end())
-        index = std::clamp<std::ptrdiff_t>(present - ids.begin() + places, 0, std::ssize(ids) - 1);
-    const std::uint32_t id = ids[static_cast<std::size_t>(index)];
+        if (row.id) all.push_back(&row);
+    return all;
+}
+
+bool OutlineView::choose(const Row& leaf) {
+    const std::uint32_t id = *leaf.id;
     if (selection_ == id) return true;
     select(id);
     if (chosen_) chosen_(id);
@@ -238,6 +272,7 @@ Rect OutlineView::thumbFrame() const {
 
 void OutlineView::placeThumb() {
     place(*thumb_, greatestOffset() > 0 ? std::optional(thumbFrame()) : std::nullopt);
+    fades_->update(offset_, greatestOffset() - offset_);
 }
 
 void OutlineView::scrollWheel(const Event& event) {

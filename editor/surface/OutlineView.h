@@ -1,9 +1,11 @@
 // A list of one column with titled sections, that scrolls: the preset list's looks and manners.
 //
-// A press on a leaf chooses it, as an arrow key does with the one before or behind; a press on a title folds its
-// section. Nothing is laid out until it is first shown. Main thread only.
+// A press on a leaf chooses it, as an arrow key does with the one before or behind, and a letter with the next one that
+// begins with it; a press on a title folds its section. Where there is more beyond an edge the list fades into it.
+// Nothing is laid out until it is first shown. Main thread only.
 #pragma once
 
+#include "editor/surface/EdgeFades.h"
 #include "editor/surface/OutlineItem.h"
 #include "editor/surface/ThemedView.h"
 #include "platform/layer/TextLayer.h"
@@ -35,6 +37,12 @@ public:
     std::optional<std::uint32_t> selection() const { return selection_; }
     // Chooses the leaf so many places behind the selected one, stopping at the ends; true when there is one.
     bool moveSelection(int places);
+    // Chooses the first or the last leaf; true when there is one.
+    enum class End : bool { first, last };
+    bool moveSelectionTo(End end);
+    // Chooses the next leaf behind the selected one, from the first one on behind the last, whose title begins with a
+    // letter, capital or small; false when there is none.
+    bool chooseStartingWith(char32_t letter);
 
     // The rows' frames in own coordinates as they are scrolled now; empty for what is folded or unknown.
     Rect frameOfLeaf(std::uint32_t id);
@@ -61,11 +69,14 @@ private:
         std::size_t section = 0;
         std::optional<std::uint32_t> id; // none: the section's title
         Rect frame;                      // in the list's coordinates
+        std::string name;                // what the title says
         std::shared_ptr<TextLayer> title, note;
     };
 
     void layOut();
     void addRow(const OutlineItem& item, std::size_t section, double& y);
+    std::vector<const Row*> leaves() const;
+    bool choose(const Row& leaf);
     void style();
     void styleRow(const Row& row) const;
     void placeMarks();
@@ -86,6 +97,7 @@ private:
     std::optional<double> thumbGrip_;    // from the thumb's top to where it was grasped
     double offset_ = 0, height_ = 0;
     std::shared_ptr<Layer> list_, selectionMark_, hoverMark_, thumb_;
+    std::optional<EdgeFades> fades_;
 };
 
 } // namespace QVM_NAMESPACE

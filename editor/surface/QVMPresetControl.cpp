@@ -2,6 +2,7 @@
 
 #include "description/ValueMapping.h"
 #include "editor/surface/BorderRect.h"
+#include "editor/surface/PresetNameText.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 #include "theme/Radii.h"
@@ -17,7 +18,7 @@ constexpr const char* approximateFace = "HelveticaNeue-Italic";
 constexpr double nameSize = 15, arrowSize = 18; // points
 constexpr Rect arrowBox = {0, 8, 28, 14};       // at the left edge, mirrored at the right one
 constexpr double hitGrowth = 20;                // above and below an arrow
-constexpr double lightInsetX = 2, lightHeight = 22, lightRadius = radii::mark;
+constexpr double lightInsetX = 2, lightHeight = 22;
 constexpr double nameInsetX = 36, nameInsetY = 6; // the focus border around it stays clear of the bar's edges
 constexpr double dividerWidth = 1, dividerInset = 6;
 constexpr double pulseScale = 1.6;
@@ -27,7 +28,6 @@ constexpr double pulseScale = 1.6;
 QVMPresetControl::QVMPresetControl(const Rect& frame, const QVMParameter& presets)
     : QVMCycleControl(frame, presets), arrowLight_(std::make_shared<Layer>(YAxis::up)) {
     arrowLight_->setName("arrowLight");
-    arrowLight_->look().setCornerRadius(lightRadius);
     arrowLight_->setOpacity(0);
     layer()->tree().add(arrowLight_);
     dec_ = addCrementerWithGlyphEdge(icons::chevronLeft, PresetEdge::left);
@@ -91,6 +91,11 @@ Font QVMPresetControl::appropriateFontForValueSizeIconSize(const std::string&, d
     return QVMUITheme::safeFontWithNameSize(inaccurate() ? approximateFace : nameFace, nameSize);
 }
 
+AttributedString QVMPresetControl::attributedTextForValue(float value, Color color) const {
+    const std::string name = textForValue(value);
+    return presetNameText(name, appropriateFontForValueSizeIconSize(name, nameSize, 0), color);
+}
+
 QVMCycleControl::Look QVMPresetControl::lookForValue(float) const {
     return {QVMUITheme::theme().textColor, QVMCGClearColor(), QVMCGClearColor()};
 }
@@ -124,6 +129,7 @@ void QVMPresetControl::mouseMoved(const Event& event) {
         if (!box.contains(at)) continue;
         arrowLight_->setFrame(
             {box.x + lightInsetX, (bounds().height - lightHeight) / 2, box.width - 2 * lightInsetX, lightHeight});
+        arrowLight_->look().setCornerRadius(radii::capsule(arrowLight_->bounds()));
         arrowLight_->setOpacity(1);
         return QVMCycleControl::mouseExited(event); // the pointer is not over the name
     }

@@ -44,6 +44,7 @@ protected:
     Look lookForValue(float value) const override;
     Rect backgroundFrame() const override;
     std::string textForValue(float value) const override;
+    AttributedString attributedTextForValue(float value, Color color) const override;
     Font appropriateFontForValueSizeIconSize(const std::string& value, double size, double icon) const override;
     std::optional<Color> surface() const override;
 

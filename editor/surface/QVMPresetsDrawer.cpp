@@ -13,7 +13,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double listWidth = 195, borderWidth = 1, borderRadius = radii::mark; // points
+constexpr double listWidth = 195, borderWidth = 1; // points
 
 std::vector<OutlineItem> outlineItemsOf(const std::vector<QVMPresetSection>& sections) {
     std::vector<OutlineItem> items;
@@ -39,7 +39,6 @@ QVMPresetsDrawer::QVMPresetsDrawer(const Rect& frame, const QVMConfig& config, c
     miniatureBorder_ = std::make_shared<Layer>();
     miniatureBorder_->setName("miniatureBorder");
     miniatureBorder_->setFrame(miniatureFrame.insetBy(-borderWidth, -borderWidth));
-    miniatureBorder_->look().setCornerRadius(borderRadius);
     layer()->tree().add(miniatureBorder_);
     outline_ = &addSubview(std::make_unique<OutlineView>(Rect{0, 0, listWidth, bounds().height}));
     outline_->setItems(outlineItemsOf(sections_));
@@ -95,9 +94,20 @@ bool QVMPresetsDrawer::keyDown(const Event& event) {
         return true;
     case Key::codeTab: // would walk through controls that cannot be used now
         return true;
+    case Key::codeHome:
+        return outline_->moveSelectionTo(OutlineView::End::first);
+    case Key::codeEnd:
+        return outline_->moveSelectionTo(OutlineView::End::last);
     default:
-        return false;
+        return chooseByLetter(event);
     }
+}
+
+bool QVMPresetsDrawer::chooseByLetter(const Event& event) {
+    const bool isPlain = !event.has(EventModifier::option) && !event.has(EventModifier::control) &&
+                         !event.has(EventModifier::numericPad) && event.charactersIgnoringModifiers.size() == 1;
+    return isPlain && event.charactersIgnoringModifiers.front() > U' ' &&
+           outline_->chooseStartingWith(event.charactersIgnoringModifiers.front());
 }
 
 bool QVMPresetsDrawer::performKeyEquivalent(const Event& event) {

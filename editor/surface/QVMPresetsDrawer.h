@@ -52,6 +52,8 @@ public:
     void presetSelected(std::uint32_t) {}
 
 private:
+    // A plain letter goes to the next preset that begins with it.
+    bool chooseByLetter(const Event& event);
     void choose(std::uint32_t presetID);
     void tapMiniature();
 

@@ -40,7 +40,8 @@ inline constexpr std::uint32_t none = 0, began = 1, changed = 4, ended = 8, mayB
 namespace Key {
 inline constexpr char32_t up = 0xF700, down = 0xF701, left = 0xF702, right = 0xF703;
 inline constexpr std::uint16_t codeReturn = 36, codeTab = 48, codeSpace = 49, codeGrave = 50, codeDelete = 51,
-                               codeEscape = 53, codeEnter = 76, codeF10 = 109, codeMenu = 110;
+                               codeEscape = 53, codeEnter = 76, codeF10 = 109, codeMenu = 110, codeHome = 115,
+                               codeEnd = 119;
 } // namespace Key
 
 struct Event {

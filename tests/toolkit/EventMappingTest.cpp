@@ -120,6 +120,8 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{"backspace", [] { return Key_(Key_::backspaceKey); }, U"\x7F", 51, 0},
         KeyCase{"delete", [] { return Key_(Key_::deleteKey); }, U"\x7F", 51, 0},
         KeyCase{"escape", [] { return Key_(Key_::escapeKey); }, U"\x1B", 53, 0},
+        KeyCase{"home", [] { return Key_(Key_::homeKey, Mods(), 0); }, U"", 115, 0},
+        KeyCase{"end", [] { return Key_(Key_::endKey, Mods(), 0); }, U"", 119, 0},
         KeyCase{"shiftF10", [] { return Key_(Key_::F10Key, Mods(Mods::shiftModifier), 0); }, U"", 109,
                 EventModifier::shift},
         KeyCase{"digit", [] { return Key_('7', {}, '7'); }, U"7", 0, 0},

@@ -172,5 +172,46 @@ TEST_F(OutlineViewTest, TheRowUnderThePointerLightsUp) {
     EXPECT_TRUE(mark("hoverMark").isHidden());
 }
 
+TEST_F(OutlineViewTest, ItsEndsAreChosenAtOnce) {
+    EXPECT_TRUE(outline_->moveSelectionTo(OutlineView::End::last));
+    EXPECT_EQ(outline_->selection(), 11u);
+    EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfLeaf(11)));
+    EXPECT_TRUE(outline_->moveSelectionTo(OutlineView::End::first));
+    EXPECT_TRUE(outline_->moveSelectionTo(OutlineView::End::first));
+    EXPECT_EQ(chosen_, (std::vector<std::uint32_t>{11, 0})) << "what is chosen is not chosen again";
+    outline_->setItems({});
+    EXPECT_FALSE(outline_->moveSelectionTo(OutlineView::End::last));
+}
+
+TEST_F(OutlineViewTest, ALetterChoosesTheNextLeafThatBeginsWithIt) {
+    outline_->setItems({{"First", "", {}, {{"Air", "", 0, {}}, {"bass", "", 1, {}}, {"Bright", "", 2, {}}}},
+                        {"Second", "", {}, {{"Berlin", "", 3, {}}}}});
+    for (const char32_t letter : {U'b', U'b', U'B', U'b'})
+        EXPECT_TRUE(outline_->chooseStartingWith(letter));
+    EXPECT_EQ(chosen_, (std::vector<std::uint32_t>{1, 2, 3, 1})) << "from the first one on behind the last";
+    EXPECT_FALSE(outline_->chooseStartingWith(U'x'));
+    EXPECT_FALSE(outline_->chooseStartingWith(U'f')) << "a section's title is none";
+    EXPECT_EQ(outline_->selection(), 1u);
+    EXPECT_TRUE(outline_->chooseStartingWith(U'a'));
+}
+
+TEST_F(OutlineViewTest, FadesAtAnEndThatHidesMore) {
+    const auto fade = [this](const char* name) -> double {
+        for (const auto& sublayer : outline_->layer()->tree().sublayers())
+            if (sublayer->name() == name) return sublayer->opacity();
+        ADD_FAILURE() << "no layer " << name;
+        return -1;
+    };
+    outline_->scrollTo(0);
+    outline_->contentHeight();
+    EXPECT_EQ(fade("topFade"), 0);
+    EXPECT_EQ(fade("bottomFade"), 1);
+    outline_->scrollTo(40);
+    EXPECT_EQ(fade("topFade"), 1);
+    outline_->scrollTo(1e4);
+    EXPECT_EQ(fade("topFade"), 1);
+    EXPECT_EQ(fade("bottomFade"), 0);
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -2,6 +2,7 @@
 
 #include "controls/Gestures.h"
 #include "description/Description.h"
+#include "editor/surface/PresetNameText.h"
 #include "platform/runloop/VirtualTime.h"
 #include "platform/view/Window.h"
 
@@ -188,11 +189,18 @@ TEST_F(QVMPresetControlTest, TheNameHasTheColourOfAValueAndNoCapsule) {
 TEST_F(QVMPresetControlTest, EveryNameFitsBetweenTheArrows) {
     for (std::size_t index = 0; index < GetPresets()->stringValues.size(); ++index) {
         control_->setFloatValue(static_cast<float>(index));
-        EXPECT_EQ(shown(), GetPresets()->stringValues[index]);
+        EXPECT_EQ(shown(), presetNameText(GetPresets()->stringValues[index], {}, {}).string());
         EXPECT_GE(control_->value()->string().runs.front().font.pointSize, 12) << shown();
     }
     EXPECT_GE(control_->value()->frame().minX(), control_->hitFrameOf(PresetEdge::left).maxX());
     EXPECT_LE(control_->value()->frame().maxX(), control_->hitFrameOf(PresetEdge::right).minX());
+}
+
+TEST_F(QVMPresetControlTest, AnArrowInANameIsDrawnAsOne) {
+    control_->setFloatValue(9);
+    EXPECT_EQ(control_->value()->string().runs.size(), 3u) << shown();
+    EXPECT_EQ(shown().find("->"), std::string::npos);
+    EXPECT_EQ(control_->value()->string().runs.front().font.pointSize, 15) << "there is room for it";
 }
 
 } // namespace

@@ -109,6 +109,22 @@ TEST_F(QVMPresetsDrawerTest, ArrowKeysChooseTheNextPresetWhileItIsOpen) {
     EXPECT_EQ(ui_->currentPreset(), 0u); // now they are the preset control's
 }
 
+TEST_F(QVMPresetsDrawerTest, HomeEndAndLettersMoveInTheList) {
+    EXPECT_FALSE(drawer_->keyDown(keyEvent(U's'))) << "closed, it has no keys";
+    openDrawer();
+    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeEnd)));
+    EXPECT_EQ(ui_->currentPreset(), 22u);
+    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeHome)));
+    EXPECT_EQ(ui_->currentPreset(), 0u);
+    EXPECT_TRUE(window_.sendEvent(keyEvent(U's')));
+    EXPECT_EQ(ui_->currentPreset(), 6u) << "Sharp";
+    EXPECT_TRUE(window_.sendEvent(keyEvent(U's')));
+    EXPECT_EQ(ui_->currentPreset(), 7u) << "Sub Love";
+    EXPECT_FALSE(drawer_->keyDown(keyEvent(U's', 0, EventModifier::option))) << "the host's";
+    EXPECT_FALSE(drawer_->keyDown(keyEvent(U'7', 0, EventModifier::numericPad)));
+    EXPECT_EQ(ui_->currentPreset(), 7u);
+}
+
 TEST_F(QVMPresetsDrawerTest, EscapeAndReturnCloseIt) {
     for (const std::uint16_t code : {Key::codeEscape, Key::codeReturn}) {
         openDrawer();
