@@ -4,6 +4,8 @@
 #include "theme/QVMUITheme.h"
 #include "theme/Radii.h"
 
+#include <algorithm>
+
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -12,10 +14,14 @@ constexpr double kLightInset = 2; // points
 constexpr float kLightAlpha = 0.4f, kHoverAlpha = 0.1f;
 constexpr double kDisabledOpacity = 0.2;
 
+// The alpha under a disabled glyph with which both are seen in one.
+float alphaUnder(float seen) {
+    return std::clamp(1 - (1 - seen) / (1 - static_cast<float>(kDisabledOpacity)), 0.0f, 1.0f);
+}
+
 std::shared_ptr<Layer> makeLight(const char* name) {
     auto light = std::make_shared<Layer>();
     light->setName(name);
-    light->look().setCornerRadius(radii::mark);
     light->setOpacity(0);
     return light;
 }
@@ -70,6 +76,21 @@ AttributedString QVMSymbolButton::attributedStringForGlyphColor(const std::strin
 
 void QVMSymbolButton::showGlyph() {
     glyph_->setString(attributedStringForGlyphColor(symbol_, shownColor()));
+    if (restingGlyph_)
+        restingGlyph_->setString(attributedStringForGlyphColor(symbol_, color_.withAlpha(alphaUnder(restingAlpha_))));
+}
+
+void QVMSymbolButton::setRestingAlpha(float alpha) {
+    restingAlpha_ = alpha;
+    if (!restingGlyph_) {
+        restingGlyph_ = std::make_shared<TextLayer>();
+        restingGlyph_->setName("restingGlyph");
+        restingGlyph_->setAlignment(TextAlignment::center, TextPlacement::middle);
+        layer()->tree().insert(restingGlyph_, layer()->tree().sublayers().size() - 1); // below the glyph
+        restingGlyph_->setOpacity(buttonEnabled_ ? 0 : 1);
+    }
+    showGlyph();
+    layOut();
 }
 
 Color QVMSymbolButton::shownColor() const {
@@ -78,10 +99,12 @@ Color QVMSymbolButton::shownColor() const {
 
 void QVMSymbolButton::layOut() {
     const Rect light = bounds().insetBy(kLightInset, kLightInset);
-    hoverLight_->setFrame(light);
-    spotlight_->setFrame(light);
-    warningLight_->setFrame(light);
+    for (const auto& each : {hoverLight_, spotlight_, warningLight_}) {
+        each->setFrame(light);
+        each->look().setCornerRadius(radii::capsule(light)); // as every switch that is on
+    }
     glyph_->setFrame(bounds());
+    if (restingGlyph_) restingGlyph_->setFrame(bounds());
 }
 
 void QVMSymbolButton::frameDidChange() {
@@ -91,6 +114,7 @@ void QVMSymbolButton::frameDidChange() {
 void QVMSymbolButton::setButtonEnabled(bool enabled) {
     buttonEnabled_ = enabled;
     glyph_->setOpacity(enabled ? 1 : kDisabledOpacity);
+    if (restingGlyph_) restingGlyph_->setOpacity(enabled ? 0 : 1);
     showHover();
 }
 

@@ -32,6 +32,10 @@ public:
     // A disabled button ignores clicks and shows its glyph faintly.
     bool buttonEnabled() const { return buttonEnabled_; }
     void setButtonEnabled(bool enabled);
+    // How faintly the symbol is seen while it is disabled, from the glyph's own alpha up: another one stands under it
+    // then. For an owner that knows the ground and wants the button to be found on it.
+    void setRestingAlpha(float alpha);
+    const std::shared_ptr<TextLayer>& restingGlyph() const { return restingGlyph_; } // null before
     bool selected() const { return selected_; }
     void setSelected(bool selected);
     // The light pulses when the state changes, not when it is set again.
@@ -67,11 +71,12 @@ private:
     std::string symbol_;
     Font font_;
     Color color_;
+    float restingAlpha_ = 0;
     double size_ = 0;
     bool buttonEnabled_ = true, selected_ = false, warning_ = false, hovered_ = false;
     int nid_ = 0;
     std::shared_ptr<Layer> hoverLight_, spotlight_, warningLight_;
-    std::shared_ptr<TextLayer> glyph_;
+    std::shared_ptr<TextLayer> glyph_, restingGlyph_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -14,11 +14,12 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr Rect boxFrame = {4, 4, 50, 21};
+constexpr Rect boxFrame = {0, 4, 54, 21}; // the focus border around it stays clear of the column beside the bar
 constexpr double lineWidth = 1, indicatorInset = 1.5; // points
-constexpr Rect aFrame = {1, 0, 26, 29}, bFrame = {31, 0, 26, 29}, arrowFrame = {24, 0, 10, 29};
+// Each letter stands in the middle of the disc that marks it, the arrow between the discs.
+constexpr Rect aFrame = {0, 0, 21, 29}, bFrame = {33, 0, 21, 29}, arrowFrame = {19, 0, 16, 29};
 constexpr const char* letterFace = "HelveticaNeue-Medium";
-constexpr double letterSize = 12, arrowSize = 9;
+constexpr double letterSize = 12, arrowSize = 14;
 constexpr double glideSeconds = 0.15;
 constexpr double focusDistance = 2; // leaves air to the bar's edges
 
@@ -46,7 +47,7 @@ QVMABControl::QVMABControl(const Rect& frame)
 
     a_ = &addButton("aButton", aFrame, "A");
     b_ = &addButton("bButton", bFrame, "B");
-    arrow_ = &addButton("arrowButton", arrowFrame, std::string(icons::triangleRight));
+    arrow_ = &addButton("arrowButton", arrowFrame, std::string(icons::copyRight));
     a_->setToolTip("Settings A");
     b_->setToolTip("Settings B");
     for (QVMSymbolButton* letter : {a_, b_})
@@ -89,7 +90,7 @@ void QVMABControl::style() {
     a_->resetGlyphColor(a_->symbol(), position_ == 0 ? palette.onAccent : label);
     b_->resetGlyphColor(b_->symbol(), position_ == 1 ? palette.onAccent : label);
     const bool toB = position_ == 0;
-    arrow_->resetGlyphColor(std::string(toB ? icons::triangleRight : icons::triangleLeft), theme.symbolColor);
+    arrow_->resetGlyphColor(std::string(toB ? icons::copyRight : icons::copyLeft), theme.symbolColor);
     arrow_->setToolTip(toB ? "Copy A to B" : "Copy B to A");
 }
 

@@ -15,7 +15,17 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr Rect undoFrame = {18, 1, 27, 27}, redoFrame = {46, 1, 27, 27};
-constexpr double toolGlyphSize = 22; // points
+constexpr double toolGlyphSize = 22;    // points
+constexpr double restingContrast = 2.1; // of a tool that cannot be used now
+
+// The alpha with which a colour stands out that much from a ground.
+float faintest(Color color, Color ground) {
+    constexpr float step = 0.01f;
+    float alpha = 0;
+    while (alpha < 1 && contrastRatio(composite(color.withAlpha(alpha), ground), ground) < restingContrast)
+        alpha += step;
+    return alpha;
+}
 
 } // namespace
 
@@ -57,8 +67,11 @@ void QVMPresetBar::themeUpdated() {
     const QVMUITheme& theme = QVMUITheme::theme();
     layer()->look().setBackgroundColor(theme.palette.sidePanel);
     edge_->look().setBackgroundColor(theme.interiorBorderColor);
-    undo_->resetGlyphColor(undo_->symbol(), theme.symbolColor);
-    redo_->resetGlyphColor(redo_->symbol(), theme.symbolColor);
+    const float resting = faintest(theme.symbolColor, theme.palette.sidePanel);
+    for (QVMSymbolButton* const tool : {undo_, redo_}) {
+        tool->resetGlyphColor(tool->symbol(), theme.symbolColor);
+        tool->setRestingAlpha(resting);
+    }
 }
 
 } // namespace QVM_NAMESPACE

@@ -41,7 +41,7 @@ TEST_F(QVMSymbolButtonTest, IsBuiltOfLightsBehindAGlyph) {
         EXPECT_EQ(light->look().backgroundColor(), Color::white(1, 0.4f));
         EXPECT_EQ(light->frame(), (Rect{2, 2, 50, 36}));
         EXPECT_EQ(light->opacity(), 0);
-        EXPECT_GT(light->look().cornerRadius(), 0);
+        EXPECT_EQ(light->look().cornerRadius(), 18) << "a capsule, as every switch that is on";
     }
     EXPECT_EQ(button.layer()->tree().sublayers().back(), button.glyph());
 }
@@ -71,6 +71,25 @@ TEST_F(QVMSymbolButtonTest, ADisabledButtonIgnoresClicksShowsItsGlyphFaintlyAndS
     EXPECT_TRUE(button.glyph()->animations().isEmpty());
     button.setButtonEnabled(true);
     EXPECT_EQ(button.glyph()->opacity(), 1);
+}
+
+TEST_F(QVMSymbolButtonTest, ARestingSymbolStandsUnderTheGlyphOfADisabledButtonOnly) {
+    EXPECT_FALSE(button.restingGlyph());
+    button.setRestingAlpha(0.6f);
+    ASSERT_TRUE(button.restingGlyph());
+    EXPECT_EQ(button.restingGlyph()->opacity(), 0);
+    EXPECT_EQ(button.layer()->tree().sublayers().back(), button.glyph());
+    button.setButtonEnabled(false);
+    EXPECT_EQ(button.restingGlyph()->opacity(), 1);
+    EXPECT_EQ(button.glyph()->opacity(), 0.2);
+    button.resetGlyphColor(std::string(icons::undo), Color::white(1));
+    const TextRun& under = button.restingGlyph()->string().runs.front();
+    EXPECT_EQ(under.text, icons::undo);
+    EXPECT_NEAR(composite(Color::white(1, 0.2f), composite(under.color, Color::white(0))).r, 0.6, 0.01)
+        << "what is seen of both";
+    EXPECT_EQ(button.restingGlyph()->frame(), button.glyph()->frame());
+    button.setButtonEnabled(true);
+    EXPECT_EQ(button.restingGlyph()->opacity(), 0);
 }
 
 TEST_F(QVMSymbolButtonTest, SelectionIsTheSpotlight) {

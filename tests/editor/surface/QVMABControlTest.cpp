@@ -2,6 +2,7 @@
 
 #include "controls/QVMFocusBorder.h"
 #include "controls/QVMSymbolButton.h"
+#include "editor/surface/EditorLayout.h"
 #include "platform/runloop/VirtualTime.h"
 #include "platform/view/Window.h"
 
@@ -81,6 +82,28 @@ TEST_F(QVMABControlTest, TheArrowPointsToTheOtherSide) {
     ab_->updatePositionAnimated(1, Animate::no);
     EXPECT_NE(ab_->arrow().symbol(), toB);
     EXPECT_EQ(ab_->arrow().toolTip(), "Copy B to A");
+}
+
+TEST_F(QVMABControlTest, TheArrowCanBeHitAndSeenBetweenTheDiscs) {
+    const Rect arrow = ab_->arrow().frame();
+    EXPECT_GE(arrow.width, 16);
+    for (double x = arrow.minX() + 0.5; x < arrow.maxX(); ++x)
+        EXPECT_EQ(ab_->hitTest({x, 15}), &ab_->arrow()) << x;
+    for (const std::uint32_t position : {0u, 1u}) {
+        ab_->updatePositionAnimated(position, Animate::no);
+        const QVMSymbolButton& letter = position == 0 ? ab_->a() : ab_->b();
+        EXPECT_EQ(ab_->indicator()->frame().midX(), letter.frame().midX()) << "a letter stands in its disc's middle";
+        EXPECT_LT(ab_->indicator()->frame().intersectionWith(arrow).width, 1);
+    }
+    EXPECT_GE(ab_->arrow().size(), 14);
+}
+
+TEST_F(QVMABControlTest, TheFocusBorderStaysClearOfTheColumnBesideTheBar) {
+    ab_->setFocused(true);
+    const auto border = ab_->layer()->tree().sublayers()[2];
+    const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
+    constexpr double halfLine = 1;
+    EXPECT_LT(layout.abControl.x + border->frame().maxX() + halfLine, layout.powerBox.x);
 }
 
 TEST_F(QVMABControlTest, TheIndicatorIsADiscInTheBox) {

@@ -6,6 +6,7 @@
 #include "editor/surface/QVMPresetControl.h"
 #include "theme/Colors.h"
 #include "theme/QVMPalette.h"
+#include "theme/ScopedTheme.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +52,22 @@ TEST_F(QVMPresetBarTest, TheNameStaysLegibleWhenItIsInaccurate) {
     for (const QVMUITheme* theme : {&QVMUITheme::light(), &QVMUITheme::dark()}) {
         const Color bar = theme->palette.sidePanel, seen = composite(theme->textColor.withAlpha(opacity), bar);
         EXPECT_GE(contrastRatio(seen, bar), minimumTextContrast);
+    }
+}
+
+TEST_F(QVMPresetBarTest, ToolsThatCannotBeUsedAreStillSeen) {
+    for (const QVMUITheme* theme : {&QVMUITheme::light(), &QVMUITheme::dark()}) {
+        const ScopedTheme inForce(*theme);
+        bar_.themeUpdated();
+        for (QVMSymbolButton* const tool : {&bar_.undo(), &bar_.redo()}) {
+            tool->setButtonEnabled(false);
+            const Color bar = theme->palette.sidePanel;
+            const Color resting = composite(tool->restingGlyph()->string().runs.front().color, bar);
+            const auto opacity = static_cast<float>(tool->glyph()->opacity());
+            const double ratio = contrastRatio(composite(tool->color().withAlpha(opacity), resting), bar);
+            EXPECT_GE(ratio, 2);
+            EXPECT_LT(ratio, 2.5) << "and told from those that can";
+        }
     }
 }
 
