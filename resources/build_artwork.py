@@ -128,21 +128,21 @@ def words(font, text, style):
 
 
 def advanced_banner():
-    """200 x 30 points: a family of filter slopes that fades out toward the heading at the left."""
+    """200 x 30 points: a family of filter slopes that fades out toward the heading at the left and ends inside."""
     surface, context = canvas(200 * LABEL_SCALE, 30 * LABEL_SCALE)
     context.scale(LABEL_SCALE, LABEL_SCALE)
     context.set_line_width(1.25)
     context.push_group()
     for i, steepness in enumerate((26, 19, 12)):
         ink(context, (0, 0, 0), 0.14 + 0.10 * i)
-        low, high = 116 + i * 3, 194 - i * 3
+        low, high = 110 + i * 3, 176 - i * 3
         draw_path(CairoPen(context),
                   f"M {low - steepness / 2} 26 C {low + steepness * 0.2} 26 {low} 8 {low + steepness} 8 "
                   f"H {high - steepness} C {high} 8 {high - steepness * 0.2} 26 {high + steepness / 2} 26")
         context.stroke()
     drawn = context.pop_group()
     fade = cairo.LinearGradient(90, 0, 200, 0)
-    for position, alpha in ((0, 0), (0.35, 1), (0.8, 1), (1, 0)):
+    for position, alpha in ((0, 0), (0.35, 1), (1, 1)):
         fade.add_color_stop_rgba(position, 0, 0, 0, alpha)
     context.set_source(drawn)
     context.mask(fade)

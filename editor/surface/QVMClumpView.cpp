@@ -17,7 +17,7 @@ constexpr double rippleStep = 0.02; // seconds between one control and the next
 constexpr const char* rippleKey = "dimRipple";
 constexpr double dimmedAlpha = 0.5;
 constexpr double lineWidth = 1; // points
-constexpr double outlineInset = 4, outlineRadius = radii::box;
+constexpr double outlineInset = 4;
 constexpr double interiorGap = 12; // points between a line and what it stands beside
 constexpr LabelStyle headingStyle = {12, 1.2};
 constexpr LabelStyle taggedLabelStyle = {10, 1};
@@ -26,6 +26,14 @@ constexpr float leastAccentChroma = 0.15f; // below it a colour is a grey and ma
 
 bool isLaidOut(const QVMParameter& parameter) {
     return !parameter.hidden && !parameter.frame.isEmpty();
+}
+
+// Labels side by side head columns.
+bool headsColumn(const Rect& frame, const QVMClump& clump) {
+    return std::ranges::any_of(clump.taggedLabels, [&frame](const auto& entry) {
+        const Rect& other = entry.second.frame;
+        return other.y == frame.y && (other.minX() >= frame.maxX() || other.maxX() <= frame.minX());
+    });
 }
 
 float chroma(const QVMColor& color) {
@@ -107,8 +115,11 @@ void QVMClumpView::addLabels() {
     if (!clump_.labelFrame.isEmpty())
         addLabel({clump_.label, clump_.labelString, clump_.labelFrame, QVMLabelAlignment::left, headingStyle},
                  LabelKind::heading);
-    for (const auto& [text, tagged] : clump_.taggedLabels)
-        addLabel({"", text, tagged.frame, tagged.alignment, taggedLabelStyle}, LabelKind::label);
+    for (const auto& [text, tagged] : clump_.taggedLabels) {
+        const bool heads = headsColumn(tagged.frame, clump_);
+        addLabel({"", text, tagged.frame, tagged.alignment, heads ? headingStyle : taggedLabelStyle},
+                 heads ? LabelKind::heading : LabelKind::label);
+    }
     for (const QVMParameter* parameter : clump_.parameters) {
         if (!isLaidOut(*parameter) || parameter->labelFrame.isEmpty()) continue;
         addLabel({parameter->label, parameter->labelString.empty() ? parameter->name : parameter->labelString,
@@ -128,7 +139,7 @@ void QVMClumpView::addOutline() {
     outline_ = std::make_shared<Layer>();
     outline_->setName("outline");
     outline_->setFrame(newRoundedBorderRect());
-    outline_->look().setCornerRadius(outlineRadius);
+    outline_->look().setCornerRadius(radii::box);
     layer()->tree().add(outline_);
 }
 

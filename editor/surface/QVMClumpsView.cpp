@@ -21,6 +21,12 @@ Rect boxForLine(const QVMLineSegment& line, double height) {
     return {left, top, width > 0 ? width : lineWidth, tall > 0 ? tall : lineWidth};
 }
 
+// A line along the area's own edge parts nothing.
+bool liesOnEdge(const QVMLineSegment& line, const Rect& area) {
+    const auto along = [](double from, double to, double end) { return from == to && (from == 0 || from == end); };
+    return along(line.from.y, line.to.y, area.height) || along(line.from.x, line.to.x, area.width);
+}
+
 } // namespace
 
 QVMClumpsView::QVMClumpsView(const Rect& frame, const QVMConfig& config, ClumpsArea clumpsArea)
@@ -77,6 +83,7 @@ void QVMClumpsView::addDividers() {
     const auto& groups = config_.metadata->layoutEdges;
     if (group >= groups.size()) return;
     for (const QVMLineSegment& line : groups[group]) {
+        if (liesOnEdge(line, bounds())) continue;
         auto divider = std::make_shared<Layer>();
         divider->setName("divider");
         divider->setFrame(boxForLine(line, bounds().height));

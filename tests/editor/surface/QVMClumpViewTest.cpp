@@ -3,6 +3,7 @@
 #include "controls/QVMParameterControl.h"
 #include "description/Description.h"
 #include "platform/layer/LayerDump.h"
+#include "platform/layer/TextLayer.h"
 #include "platform/runloop/VirtualTime.h"
 
 #include <gmock/gmock.h>
@@ -112,6 +113,19 @@ TEST_F(QVMClumpViewTest, DrawsItsHeadingFromThePictureAndItsTaggedLabels) {
 TEST_F(QVMClumpViewTest, DrawsTheLabelsOfItsParameters) {
     EXPECT_THAT(dumpLayerTree(*make(2)->layer()), HasSubstr("label:Loudness"));
     EXPECT_THAT(dumpLayerTree(*make(4)->layer()), HasSubstr("label:Slope"));
+}
+
+TEST_F(QVMClumpViewTest, LabelsSideBySideAreHeadingsOverThoseOfTheParameters) {
+    const auto sizeOf = [](const QVMClumpView& view, const std::string& label) -> double {
+        for (const auto& sublayer : view.layer()->tree().sublayers())
+            if (const auto* text = dynamic_cast<const TextLayer*>(sublayer.get()); text && text->name() == label)
+                return text->string().runs.front().font.pointSize;
+        return 0;
+    };
+    const auto advanced = make(4), tilt = make(1);
+    EXPECT_EQ(sizeOf(*advanced, "label:LOW"), 12);
+    EXPECT_EQ(sizeOf(*advanced, "label:HIGH"), 12);
+    EXPECT_EQ(sizeOf(*tilt, "label:RANGE"), 10) << "they stand one above the other";
 }
 
 TEST_F(QVMClumpViewTest, PartsItsColumnsWithALine) {
