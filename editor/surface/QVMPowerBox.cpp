@@ -65,8 +65,9 @@ void QVMPowerBox::setShowsHiddenSign(bool shows) {
 }
 
 void QVMPowerBox::themeUpdated() {
-    const Color box = QVMCGColor(metadata_.color);
     const QVMPalette& palette = QVMUITheme::theme().palette;
+    const Color product = QVMCGColor(metadata_.color);
+    const Color box = composite(palette.shade.withAlpha(palette.columnShade), product);
     const Color mark = palette.onAccent;
     layer()->look().setBackgroundColor(box);
     sketchPlace_->look().setBackgroundColor(composite(palette.shade.withAlpha(sketchPlaceAlpha), box));
@@ -78,7 +79,7 @@ void QVMPowerBox::themeUpdated() {
     if (!gear_->selected()) return;
     // A spotlight behind a gear of its own kind of colour would drown it.
     const Color lit = composite(gear_->spotlight()->look().backgroundColor(), box);
-    gear_->resetGlyphColor(gear_->symbol(), contrasted(box, lit));
+    gear_->resetGlyphColor(gear_->symbol(), contrasted(product, lit));
 }
 
 void QVMPowerBox::mouseDown(const Event& event) {

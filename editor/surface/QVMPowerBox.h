@@ -1,7 +1,7 @@
 // The column at the right: letter mark, gear, the place of the response curve, and the logo stamp.
 //
-// It carries the product's colour in both themes. The power switch stands over it, in the master clump. Main thread
-// only.
+// It carries the product's colour in both themes, shaded in the dark one. The power switch stands over it, in the
+// master clump. Main thread only.
 #pragma once
 
 #include "editor/surface/EditorLayout.h"

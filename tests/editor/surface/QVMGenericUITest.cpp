@@ -128,7 +128,7 @@ TEST_F(QVMGenericUITest, TheThemeRecoloursEveryPart) {
     const Color bar = ui_->presetBar()->layer()->look().backgroundColor();
     const Color panel = ui_->clumpsView()->layer()->look().backgroundColor();
     ui_->toggleUITheme();
-    EXPECT_EQ(ui_->powerBox()->layer()->look().backgroundColor(), box); // the product's colour in both
+    EXPECT_NE(ui_->powerBox()->layer()->look().backgroundColor(), box) << "the product's colour, but shaded";
     EXPECT_NE(ui_->presetBar()->layer()->look().backgroundColor(), bar);
     EXPECT_NE(ui_->clumpsView()->layer()->look().backgroundColor(), panel);
     EXPECT_EQ(delegate_.calls.back(), "preference theme 1");
