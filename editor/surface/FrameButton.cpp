@@ -10,7 +10,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double strokeWidth = 1.5, cornerRadius = radii::mark, reach = 4.5, arm = 3.5; // points
+constexpr double strokeWidth = 1.5, reach = 4.5, arm = 3.5; // points
 constexpr float groundAlpha = 0.35f;
 constexpr double nearAlpha = 0.75, fadeSeconds = 0.15;
 
@@ -37,7 +37,7 @@ Path arrows(FrameButton::Destination destination) {
 
 FrameButton::FrameButton() : Control({0, 0, size.width, size.height}), sign_(std::make_shared<ShapeLayer>()) {
     layer()->setName("frameButton");
-    layer()->look().setCornerRadius(cornerRadius);
+    layer()->look().setCornerRadius(radii::mark);
     layer()->setOpacity(0);
     sign_->setName("sign");
     sign_->setFrame(bounds());

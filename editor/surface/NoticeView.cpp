@@ -15,7 +15,7 @@ namespace {
 
 constexpr double headSize = 9, headKern = 1, lineSize = 11;        // points
 constexpr double topGap = 3, sideGap = 8, inset = 12, headTop = 4; // points; not as far down as a handle
-constexpr double headHeight = 11, lineHeight = 15, height = 32, radius = radii::box; // points
+constexpr double headHeight = 11, lineHeight = 15, height = 32;    // points
 constexpr double borderWidth = 1;
 
 } // namespace
@@ -23,7 +23,7 @@ constexpr double borderWidth = 1;
 NoticeView::NoticeView()
     : ThemedView(Rect{}), head_(std::make_shared<TextLayer>()), line_(std::make_shared<TextLayer>()) {
     layer()->setName("notice");
-    layer()->look().setCornerRadius(radius);
+    layer()->look().setCornerRadius(radii::box);
     head_->setName("head");
     line_->setName("line");
     layer()->tree().add(head_);

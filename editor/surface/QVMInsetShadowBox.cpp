@@ -6,7 +6,7 @@
 namespace QVM_NAMESPACE {
 
 namespace {
-constexpr double cornerRadius = radii::mark, edgeWidth = 1, rimWidth = 8; // points
+constexpr double edgeWidth = 1, rimWidth = 8; // points
 constexpr double shadowRadius = 3;
 constexpr Point shadowOffset = {0, 1};
 constexpr float wellAlpha = 0.12f, edgeAlpha = 0.18f, shadowAlpha = 0.45f; // of the theme's shade
@@ -14,7 +14,7 @@ constexpr float wellAlpha = 0.12f, edgeAlpha = 0.18f, shadowAlpha = 0.45f; // of
 
 QVMInsetShadowBox::QVMInsetShadowBox(const Rect& frame) : ThemedView(frame) {
     layer()->setName("insetShadowBox");
-    layer()->look().setCornerRadius(cornerRadius);
+    layer()->look().setCornerRadius(radii::mark);
     layer()->setMasksToBounds(true);
     // A rim around the box, outside of what is seen, throws its shadow into it.
     rim_ = std::make_shared<ShapeLayer>();
@@ -39,7 +39,7 @@ void QVMInsetShadowBox::frameDidChange() {
     const bool isEmpty = bounds().isEmpty();
     rim_->setPath(isEmpty
                       ? Path()
-                      : Path::roundedRect(bounds().insetBy(-rimWidth / 2, -rimWidth / 2), cornerRadius + rimWidth / 2));
+                      : Path::roundedRect(bounds().insetBy(-rimWidth / 2, -rimWidth / 2), radii::mark + rimWidth / 2));
 }
 
 } // namespace QVM_NAMESPACE
