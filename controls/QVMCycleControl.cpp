@@ -199,7 +199,7 @@ void QVMCycleControl::setInaccurate(bool inaccurate) {
 }
 
 void QVMCycleControl::cycleValueForward(bool forward) {
-    setFloatValue(parameter().floatValueAfter(floatValue(), forward));
+    setFloatValue(valueFollowing(forward));
     reportInterfaceInitiatedValueChange();
     reportDiscreteInteraction();
     pulse(forward);

@@ -58,6 +58,8 @@ protected:
         Color border; // clear: none
         double backgroundOpacity = 1;
     };
+    // The value that a step leads to.
+    virtual float valueFollowing(bool forward) { return parameter().floatValueAfter(floatValue(), forward); }
     // How a value is drawn in the current theme. A subclass that overrides this, the next four or surface() redraws at
     // the end of its constructor, since this class's constructor cannot see them.
     virtual Look lookForValue(float value) const;

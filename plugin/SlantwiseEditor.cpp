@@ -5,6 +5,7 @@
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 #include "platform/runloop/NotificationCenter.h"
+#include "platform/system/UserFolders.h"
 #include "plugin/FramePlace.h"
 #include "theme/QVMUITheme.h"
 #include "toolkit/Conversions.h"
@@ -20,15 +21,21 @@ Size layoutSize(DrawerPlace drawer) {
     return EditorLayoutForAltFrame(QVMAltFrameDoubleWide, drawer).editor.size();
 }
 
+std::filesystem::path presetsFolder() {
+    const std::filesystem::path data = userDataFolder();
+    return data.empty() ? data : data / "presets";
+}
+
 } // namespace
 
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
-    : juce::AudioProcessorEditor(owner), processor_(owner), component_(embedding),
+    : juce::AudioProcessorEditor(owner), processor_(owner), presets_(presetsFolder()), component_(embedding),
       restores_(owner.unit().restoreCount()) {
     // A host may open the editor on another thread than the one that served messages so far.
     RunLoop::main().becomeMainThread();
     view_ =
         &component_.window().setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&owner.unit(), {}));
+    view_->ui().session().presets().list().user().setStore(&presets_);
     presses_ = owner.gestures().follow(component_.window());
     addAndMakeVisible(component_);
     theme_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,

@@ -6,6 +6,7 @@
 
 #include "plugin/HostFrame.h"
 #include "plugin/SlantwiseProcessor.h"
+#include "presets/PresetFolder.h"
 #include "toolkit/DesktopScale.h"
 #include "toolkit/WindowComponent.h"
 
@@ -49,6 +50,7 @@ private:
     HostFrame frame_{*this, runtime_->connection()};
     double scale_ = 1; // that the component is to have in the editor; the host's own is the editor's
     bool hasFactor_ = false, isPlacing_ = false;
+    PresetFolder presets_; // the user's; outlives the view
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window
     ObservationToken presses_;           // that hold gestures

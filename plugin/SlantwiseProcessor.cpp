@@ -52,8 +52,9 @@ int SlantwiseProcessor::getCurrentProgram() {
 }
 
 void SlantwiseProcessor::setCurrentProgram(int index) {
-    // A preset of an LV2 bundle may well be the present one once more; it is asked for by hand.
-    const bool isAskedFor = isLv2() || (index != unit_.presetIndex() && index != overruledProgram_);
+    // A preset of an LV2 bundle may well be the present one once more; it is asked for by hand. Other hosts echo the
+    // program that they were told of, also while the preset is one of the user's.
+    const bool isAskedFor = isLv2() || (index != getCurrentProgram() && index != overruledProgram_);
     if (isAskedFor && unit_.choosePreset(index)) due_.add(allValues);
 }
 

@@ -27,25 +27,6 @@ bool isControl(char32_t character) {
            (character & 0xFFFE) == 0xFFFE;
 }
 
-void appendUtf8(std::string& text, char32_t character) {
-    const auto tail = [&](unsigned shift) { text += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char>(0xC0 | character >> 6);
-        tail(0);
-    } else if (character < 0x10000) {
-        text += static_cast<char>(0xE0 | character >> 12);
-        tail(6);
-        tail(0);
-    } else {
-        text += static_cast<char>(0xF0 | character >> 18);
-        tail(12);
-        tail(6);
-        tail(0);
-    }
-}
-
 std::string escaped(char byte) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     const auto value = static_cast<unsigned char>(byte);
@@ -81,10 +62,7 @@ std::string presetNameFrom(std::string_view text) {
     withoutBlanksAtEnd();
     if (characters.size() > longestPresetName) characters.resize(longestPresetName);
     withoutBlanksAtEnd();
-    std::string name;
-    for (const char32_t character : characters)
-        appendUtf8(name, character);
-    return name;
+    return utf8From(characters);
 }
 
 std::string presetFileName(std::string_view name) {

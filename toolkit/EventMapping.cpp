@@ -34,7 +34,9 @@ std::array<NamedKey, 14> namedKeys() {
              {K::spaceKey, U' ', Key::codeSpace, 0},
              {U'`', U'`', Key::codeGrave, 0},
              {K::backspaceKey, U'\x7F', Key::codeDelete, 0},
-             {K::deleteKey, U'\x7F', Key::codeDelete, 0},
+             {K::deleteKey, Key::forwardDelete, Key::codeDelete, 0},
+             {K::homeKey, Key::home, 0, 0},
+             {K::endKey, Key::end, 0, 0},
              {K::escapeKey, U'\x1B', Key::codeEscape, 0},
              {K::F10Key, U'\0', Key::codeF10, 0},
              {K::homeKey, U'\0', Key::codeHome, 0},
@@ -52,6 +54,14 @@ char32_t keypadCharacter(int code) {
     if (code == K::numberPadMultiply) return U'*';
     if (code == K::numberPadDivide) return U'/';
     return 0;
+}
+
+// What the key types into a text. With Ctrl or Alt it is a command.
+std::u32string typedBy(const juce::KeyPress& key) {
+    const auto typed = static_cast<char32_t>(key.getTextCharacter());
+    const juce::ModifierKeys mods = key.getModifiers();
+    if (mods.isCtrlDown() || mods.isAltDown() || typed < U' ' || (typed >= 0x7F && typed < 0xA0)) return {};
+    return {typed};
 }
 
 // The character that the key types with no modifier but Shift, letters always small.
@@ -110,6 +120,7 @@ Event keyEventFrom(const juce::KeyPress& key, SuperKey super) {
         out.modifierFlags |= EventModifier::numericPad;
     }
     if (character != 0) out.charactersIgnoringModifiers = {character};
+    out.characters = typedBy(key);
     return out;
 }
 

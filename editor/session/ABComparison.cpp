@@ -18,16 +18,29 @@ float numberFrom(std::string_view text) {
     return read && std::isfinite(read->value) ? read->value : 0;
 }
 
-// Decimal numbers that read back as the same values.
-std::string settingsText(const std::vector<float>& values) {
+// A decimal number that reads back as the same value.
+std::string numberText(float value) {
+    std::array<char, 64> digits;
+    return {digits.data(),
+            std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed).ptr};
+}
+
+// A name within a text whose elements end at ";".
+std::string escaped(std::string_view name) {
     std::string text;
-    for (const float value : values) {
-        std::array<char, 64> digits{};
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
-        if (!text.empty()) text += ';';
-        text.append(digits.data(), end.ptr);
-    }
+    for (const char c : name)
+        text += c == ';' ? "%3B" : c == '%' ? "%25" : std::string(1, c);
     return text;
+}
+
+std::string unescaped(std::string_view text) {
+    std::string name;
+    while (!text.empty()) {
+        const bool isSemicolon = text.starts_with("%3B"), isPercent = text.starts_with("%25");
+        name += isSemicolon ? ';' : text.front();
+        text.remove_prefix(isSemicolon || isPercent ? 3 : 1);
+    }
+    return name;
 }
 
 } // namespace
@@ -54,7 +67,7 @@ ABComparison::SideLeft ABComparison::flip(Copy copy) {
     const std::vector<float> slotLeft = slots_[left], slotEntered = slots_[entered]; // whatever is called in between
     for (std::uint32_t pid = 0; pid < values_.count(); ++pid)
         if (slotEntered[pid] != values_.memoized(pid)) values_.send(pid, slotEntered[pid]);
-    presets_.switchTo(static_cast<std::uint32_t>(std::max(IntegerPart(slotEntered.back()), 0)));
+    presets_.switchTo(presetIn(slotEntered));
     return {left, settingsText(slotLeft)};
 }
 
@@ -68,13 +81,37 @@ bool ABComparison::restore(std::uint32_t side, std::string_view settings) {
     if (side == nothingSaved || side >= slots_.size()) return false;
     for (float& value : slots_[side]) {
         const std::size_t end = settings.find(';');
-        value = numberFrom(settings.substr(0, end));
+        const std::string_view element = settings.substr(0, end);
+        value = &value == &slots_[side].back() ? static_cast<float>(presetFrom(element)) : numberFrom(element);
         if (end == std::string_view::npos) break;
         settings.remove_prefix(end + 1);
     }
     active_ = 1 - side;
     surface_.sideDidChange(active_, SideMove::jumps);
     return true;
+}
+
+std::uint32_t ABComparison::presetIn(const std::vector<float>& slot) {
+    return static_cast<std::uint32_t>(std::max(IntegerPart(slot.back()), 0));
+}
+
+// The index of one of the user's means something in this list alone: its name goes along.
+std::string ABComparison::settingsText(const std::vector<float>& slot) const {
+    std::string text;
+    for (std::uint32_t pid = 0; pid < values_.count(); ++pid)
+        text += numberText(slot[pid]) + ';';
+    const PresetList& list = presets_.list();
+    const std::uint32_t preset = presetIn(slot);
+    if (!list.isUsers(preset)) return text + numberText(slot.back());
+    return text + std::to_string(list.noPreset()) + ' ' + escaped(list.savedName(preset));
+}
+
+std::uint32_t ABComparison::presetFrom(std::string_view element) {
+    PresetList& list = presets_.list();
+    const std::size_t blank = element.find(' ');
+    if (blank != std::string_view::npos) return list.indexOfSaved(unescaped(element.substr(blank + 1)));
+    const auto index = static_cast<std::uint32_t>(std::max(IntegerPart(numberFrom(element)), 0));
+    return std::min(index, list.noPreset());
 }
 
 void ABComparison::replaceValue(std::uint32_t pid, float was, float is) {

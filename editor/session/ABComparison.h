@@ -20,7 +20,8 @@ public:
     // Stands for no side where a record of one is read.
     static constexpr std::uint32_t nothingSaved = 2;
 
-    // A side that was left, and its values in pid order and its preset as they were then, joined by ";".
+    // A side that was left, and its values in pid order and its preset as they were then, joined by ";": the preset's
+    // index, and where it is one of the user's a blank and the name to keep it under.
     struct SideLeft {
         std::uint32_t side = 0;
         std::string settings;
@@ -45,6 +46,9 @@ public:
 
 private:
     std::vector<float> presentSlot() const;
+    static std::uint32_t presetIn(const std::vector<float>& slot);
+    std::uint32_t presetFrom(std::string_view element);
+    std::string settingsText(const std::vector<float>& slot) const;
 
     EditorValues& values_;
     PresetSession& presets_;

@@ -1,6 +1,6 @@
 #include "editor/session/PresetSession.h"
 
-#include "description/Presets.h"
+#include "description/ParameterIDs.h"
 #include "description/ValueMapping.h"
 
 #include <algorithm>
@@ -17,18 +17,12 @@ constexpr double dirtyCheckDelay = 0.5; // seconds
 
 PresetSession::PresetSession(const QVMConfig& config, EditorValues& values, SessionSurface& surface,
                              std::function<void()> settled)
-    : config_(config), values_(values), surface_(surface), settled_(std::move(settled)) {
+    : config_(config), values_(values), surface_(surface), settled_(std::move(settled)), list_(config) {
     if (config.presets) current_ = static_cast<std::uint32_t>(std::max(IntegerPart(config.presets->initialValue), 0));
 }
 
-std::optional<std::uint32_t> PresetSession::indexOf(const std::string& name) const {
-    if (!config_.presets) return std::nullopt;
-    const std::vector<std::string>& names = config_.presets->stringValues;
-    return static_cast<std::uint32_t>(std::find(names.begin(), names.end(), name) - names.begin());
-}
-
-bool PresetSession::isKnown(std::uint32_t index) const {
-    return config_.presets && index < config_.presets->stringValues.size();
+std::optional<std::uint32_t> PresetSession::indexOf(const std::string& savedName) {
+    return config_.presets ? std::optional(list_.indexOfSaved(savedName)) : std::nullopt;
 }
 
 void PresetSession::setCurrent(std::uint32_t index) {
@@ -44,8 +38,14 @@ void PresetSession::switchTo(std::uint32_t index) {
 }
 
 void PresetSession::choose(std::uint32_t index) {
+    if (list_.isUsers(index)) list_.user().refresh(); // somebody else may have written it since
+    const auto values = list_.valuesOf(index);
+    if (!values && list_.isUsers(index)) {
+        surface_.presetWasRefused("Not loaded", list_.nameOf(index) + ": " + list_.reasonAgainst(index));
+        return surface_.showPreset(current_);
+    }
     current_ = index;
-    if (const auto values = PresetIndexToPresetValues(index)) apply(*values);
+    if (values) apply(*values);
     surface_.presetWasApplied();
     surface_.showPreset(index);
     announce();
@@ -63,13 +63,46 @@ void PresetSession::apply(std::span<const float> presetValues) {
 }
 
 void PresetSession::announce() const {
-    if (!config_.presets) return;
-    surface_.presetDidBecomeCurrent(isKnown(current_) ? config_.presets->stringValues[current_] : unknownName,
-                                    current_);
+    if (config_.presets) surface_.presetDidBecomeCurrent(list_.savedName(current_), current_);
 }
 
-bool PresetSession::isDirty() const {
-    const auto wantedValues = PresetIndexToPresetValues(current_);
+// The master switch is never in it, as in an address that is shared.
+std::vector<SettingsEntry> PresetSession::presentSettings() const {
+    std::vector<SettingsEntry> settings;
+    for (std::uint32_t pid = 0; pid < values_.count(); ++pid) {
+        const QVMParameter* const parameter = config_.parameterForPid(pid);
+        if (!parameter || parameter->presetWildcard || pid == pidMasterOnOff) continue;
+        if (values_.memoized(pid) != parameter->initialValue)
+            settings.push_back({settingsKeyFor(*parameter), values_.memoized(pid)});
+    }
+    return settings;
+}
+
+PresetOutcome PresetSession::saveAs(const std::string& name, ExistingFile existing) {
+    if (!config_.presets) return {PresetOutcome::Status::failed, "this product has no presets"};
+    PresetOutcome outcome = list_.user().save(name, presentSettings(), existing);
+    if (outcome.status != PresetOutcome::Status::done) return outcome;
+    switchTo(list_.indexOfUsers(name));
+    surface_.presetListDidChange();
+    return outcome;
+}
+
+void PresetSession::removeCurrent() {
+    if (list_.isUsers(current_)) listDidChange(list_.user().remove(list_.nameOf(current_)), "Not deleted");
+}
+
+void PresetSession::putBackRemoved() {
+    listDidChange(list_.user().putBack(), "Not put back");
+}
+
+void PresetSession::listDidChange(const PresetOutcome& outcome, const char* whatFailed) {
+    if (outcome.status != PresetOutcome::Status::done) surface_.presetWasRefused(whatFailed, outcome.reason);
+    surface_.presetListDidChange();
+    scheduleDirtyCheck();
+}
+
+bool PresetSession::isDirty() {
+    const auto wantedValues = list_.valuesOf(current_);
     if (!wantedValues) return true;
     auto next = wantedValues->begin();
     for (std::uint32_t pid = 0; pid < values_.count(); ++pid) {
@@ -77,9 +110,16 @@ bool PresetSession::isDirty() const {
         if (!parameter || parameter->presetWildcard) continue;
         if (next == wantedValues->end()) return true;
         const float wanted = *next++; // no number: any value will do
-        if (!std::isnan(wanted) && values_.memoized(pid) != wanted) return true;
+        if (!std::isnan(wanted) && !equals(*parameter, wanted)) return true;
     }
     return next != wantedValues->end();
+}
+
+// A preset of the user's may hold a value that is not on the fine step, and a session gives back what the unit made of
+// it.
+bool PresetSession::equals(const QVMParameter& parameter, float wanted) const {
+    const float value = values_.memoized(parameter.pid);
+    return value == wanted || value == parameter.heldValueFromHostValue(parameter.reverseCastValue(wanted));
 }
 
 void PresetSession::scheduleDirtyCheck() {

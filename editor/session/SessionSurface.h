@@ -47,8 +47,12 @@ public:
     virtual void showPresetDirty(bool dirty) = 0;
     // The values of the preset that was chosen are sent, and nobody has heard of it yet: the keyboard goes there.
     virtual void presetWasApplied() = 0;
-    // A preset became the current one by being chosen.
-    virtual void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) = 0;
+    // A preset became the current one by being chosen; the name is the one to keep it under.
+    virtual void presetDidBecomeCurrent(const std::string& savedName, std::uint32_t index) = 0;
+    // The user's presets are others than they were.
+    virtual void presetListDidChange() = 0;
+    // Something was to be done with a preset of the user's and was not, and why: one line each.
+    virtual void presetWasRefused(const std::string& what, const std::string& why) = 0;
 
     // Settings were offered and not taken, and why: one line in plain words.
     virtual void settingsWereRefused(const std::string& why) = 0;

@@ -13,8 +13,10 @@ namespace QVM_NAMESPACE {
 struct OutlineItem {
     std::string title;
     std::string note;                // shown under the title; empty: none
-    std::optional<std::uint32_t> id; // of a leaf: what choosing it means to the owner
+    std::optional<std::uint32_t> id; // of a leaf: what choosing it means to the owner; none: it cannot be chosen
     std::vector<OutlineItem> children;
+
+    bool operator==(const OutlineItem&) const = default;
 };
 
 } // namespace QVM_NAMESPACE

@@ -1,5 +1,6 @@
 #include "editor/surface/OutlineView.h"
 
+#include "editor/surface/ElidedText.h"
 #include "editor/surface/LabelLayer.h"
 #include "editor/surface/PresetNameText.h"
 #include "platform/view/Window.h"
@@ -23,6 +24,14 @@ constexpr double pointsALine = 17;
 constexpr double titleSize = 11, titleKern = 1, nameSize = 14, noteSize = 10.5;
 constexpr float thumbAlpha = 0.55f;
 constexpr const char* nameFace = "HelveticaNeue-Medium";
+
+Font nameFont() {
+    return QVMUITheme::safeFontWithNameSize(nameFace, nameSize);
+}
+
+Font noteFont() {
+    return QVMUITheme::italicFontOfSize(noteSize);
+}
 
 std::shared_ptr<TextLayer> makeText(const Rect& frame) {
     auto text = std::make_shared<TextLayer>();
@@ -85,29 +94,30 @@ void OutlineView::layOut() {
     double y = topPadding;
     for (std::size_t section = 0; section < items_.size(); ++section) {
         if (section > 0) y += sectionGap;
-        addRow(items_[section], section, y);
+        addRow(items_[section], section, true, y);
         if (!isExpanded(section)) continue;
         for (const OutlineItem& item : items_[section].children)
-            addRow(item, section, y);
+            addRow(item, section, false, y);
     }
+    inlayTop_ = y;
+    if (inlay_) y += inlay_->frame().height;
     height_ = y + bottomPadding;
     style();
     scrollTo(offset_);
     placeMarks();
 }
 
-void OutlineView::addRow(const OutlineItem& item, std::size_t section, double& y) {
-    const bool isTitle = !item.id;
+void OutlineView::addRow(const OutlineItem& item, std::size_t section, bool isTitle, double& y) {
     const double x = isTitle ? titleX : nameX, width = bounds().width - x - textRight;
     const double height = isTitle ? titleHeight : nameHeight;
-    Row row{section, item.id, {markInset, y, bounds().width - 2 * markInset, height}, item.title, nullptr, nullptr};
+    Row row{section, isTitle, item.id, {markInset, y, bounds().width - 2 * markInset, height}, item.title, nullptr, nullptr};
     row.title = makeText({x, y, width, height});
     row.title->setName(item.title);
-    row.title->setString({isTitle ? capitals(item.title) : item.title, {}, {}});
+    if (isTitle) row.title->setString({capitals(item.title), {}, {}});
     list_->tree().add(row.title);
     if (!item.note.empty()) {
         row.note = makeText({x, y + height - noteOverlap, width, noteHeight});
-        row.note->setString({item.note, {}, {}});
+        row.note->setString({elided(item.note, noteFont(), width), {}, {}});
         list_->tree().add(row.note);
         row.frame.height += noteHeight;
     }
@@ -128,17 +138,18 @@ void OutlineView::style() {
 // The chosen row's ground is of the other theme's kind, and its texts are as well.
 void OutlineView::styleRow(const Row& row) const {
     const QVMUITheme& theme = QVMUITheme::theme();
-    if (!row.id) {
+    if (row.isTitle) {
         AttributedString title(row.title->string().string(), QVMUITheme::unitFontOfSize(titleSize), titleColor_);
         title.runs.front().kern = titleKern;
         return row.title->setString(title);
     }
-    const bool isChosen = row.id == selection_;
-    row.title->setString(presetNameText(row.name, QVMUITheme::safeFontWithNameSize(nameFace, nameSize),
-                                        isChosen ? theme.backgroundColor : theme.textColor));
+    const bool isChosen = row.id && row.id == selection_;
+    const Color ink = row.id ? theme.textColor : theme.palette.note;
+    row.title->setString(presetNameText(elided(row.name, nameFont(), row.title->frame().width), nameFont(),
+                                        isChosen ? theme.backgroundColor : ink));
     if (!row.note) return;
-    row.note->setString({row.note->string().string(), QVMUITheme::italicFontOfSize(noteSize),
-                         isChosen ? theme.subtleTextColor : theme.palette.note});
+    row.note->setString(
+        {row.note->string().string(), noteFont(), isChosen ? theme.subtleTextColor : theme.palette.note});
 }
 
 void OutlineView::themeUpdated() {
@@ -148,8 +159,9 @@ void OutlineView::themeUpdated() {
 void OutlineView::placeMarks() {
     const Row* selected = rowOf(selection_);
     place(*selectionMark_, selected ? std::optional(selected->frame) : std::nullopt);
-    const bool hovers = hovered_ && *hovered_ < rows_.size() && rows_[*hovered_].id != selection_;
-    place(*hoverMark_, hovers ? std::optional(rows_[*hovered_].frame) : std::nullopt);
+    const Row* hovered = hovered_ && *hovered_ < rows_.size() ? &rows_[*hovered_] : nullptr;
+    if (hovered && !hovered->isTitle && (!hovered->id || hovered->id == selection_)) hovered = nullptr;
+    place(*hoverMark_, hovered ? std::optional(hovered->frame) : std::nullopt);
 }
 
 const OutlineView::Row* OutlineView::rowOf(std::optional<std::uint32_t> id) const {
@@ -174,7 +186,7 @@ void OutlineView::select(std::optional<std::uint32_t> id) {
     if (row) styleRow(*row);
     if (!row) return;
     // With its section's title where that is next to it.
-    const bool isFirst = row != rows_.data() && !(row - 1)->id;
+    const bool isFirst = row != rows_.data() && (row - 1)->isTitle;
     const double top = isFirst ? (row - 1)->frame.minY() - topPadding : row->frame.minY() - EdgeFades::height;
     const double bottom = row->frame.maxY() + EdgeFades::height;
     if (top < offset_) scrollTo(top);
@@ -234,7 +246,7 @@ Rect OutlineView::frameOfLeaf(std::uint32_t id) {
 Rect OutlineView::frameOfSection(std::size_t section) {
     layOut();
     for (const Row& row : rows_)
-        if (!row.id && row.section == section) return row.frame.offsetBy(0, -offset_);
+        if (row.isTitle && row.section == section) return row.frame.offsetBy(0, -offset_);
     return {};
 }
 
@@ -261,6 +273,20 @@ void OutlineView::scrollTo(double offset) {
     offset_ = std::round(std::clamp(offset, 0.0, greatestOffset()));
     list_->setFrame({0, -offset_, bounds().width, height_});
     placeThumb();
+    placeInlay();
+}
+
+void OutlineView::setInlay(std::unique_ptr<View> inlay) {
+    if (inlay_) inlay_->removeFromSuperview();
+    inlay_ = inlay.get();
+    if (inlay) addSubview(std::move(inlay));
+    isLaidOut_ = false;
+    layOut();
+    if (inlay_) scrollTo(greatestOffset());
+}
+
+void OutlineView::placeInlay() {
+    if (inlay_) inlay_->setFrame({0, inlayTop_ - offset_, inlay_->frame().width, inlay_->frame().height});
 }
 
 Rect OutlineView::thumbFrame() const {
@@ -292,7 +318,8 @@ void OutlineView::mouseDown(const Event& event) {
     }
     const Row* row = rowAt(at);
     if (!row) return;
-    if (!row->id) return setExpanded(row->section, !isExpanded(row->section));
+    if (row->isTitle) return setExpanded(row->section, !isExpanded(row->section));
+    if (!row->id) return;
     const std::uint32_t id = *row->id;
     select(id);
     if (chosen_) chosen_(id);

@@ -24,7 +24,8 @@ public:
 
     explicit OutlineView(const Rect& frame);
 
-    // Only titles at the top level and leaves below them are shown. All sections start unfolded.
+    // Only titles at the top level and leaves below them are shown; what is too long for a row is cut. All sections
+    // start unfolded.
     void setItems(std::vector<OutlineItem> items);
     const std::vector<OutlineItem>& items() const { return items_; }
     // Called when the user chooses a leaf, the selected one included.
@@ -50,6 +51,10 @@ public:
     bool isExpanded(std::size_t section) const { return !folded_.contains(section); }
     void setExpanded(std::size_t section, bool expanded);
 
+    // A view of the list's width that stands behind the last row and moves with it, such as something to be typed
+    // there; it is brought into view. Null takes the one that is there away.
+    void setInlay(std::unique_ptr<View> inlay);
+
     // Points from the top of the list to the top of the view. Scrolling stops at the ends of the list.
     double scrollOffset() const { return offset_; }
     void scrollTo(double offset);
@@ -67,20 +72,22 @@ public:
 private:
     struct Row {
         std::size_t section = 0;
-        std::optional<std::uint32_t> id; // none: the section's title
+        bool isTitle = false;            // of the section
+        std::optional<std::uint32_t> id; // none: it cannot be chosen
         Rect frame;                      // in the list's coordinates
         std::string name;                // what the title says
         std::shared_ptr<TextLayer> title, note;
     };
 
     void layOut();
-    void addRow(const OutlineItem& item, std::size_t section, double& y);
+    void addRow(const OutlineItem& item, std::size_t section, bool isTitle, double& y);
     std::vector<const Row*> leaves() const;
     bool choose(const Row& leaf);
     void style();
     void styleRow(const Row& row) const;
     void placeMarks();
     void placeThumb();
+    void placeInlay();
     Rect thumbFrame() const;
     double greatestOffset() const;
     const Row* rowAt(Point pointInView) const;
@@ -95,7 +102,8 @@ private:
     std::optional<std::uint32_t> selection_;
     std::optional<std::size_t> hovered_; // row
     std::optional<double> thumbGrip_;    // from the thumb's top to where it was grasped
-    double offset_ = 0, height_ = 0;
+    double offset_ = 0, height_ = 0, inlayTop_ = 0;
+    View* inlay_ = nullptr; // a subview
     std::shared_ptr<Layer> list_, selectionMark_, hoverMark_, thumb_;
     std::optional<EdgeFades> fades_;
 };

@@ -2,6 +2,7 @@
 
 #include "description/ValueMapping.h"
 #include "editor/surface/BorderRect.h"
+#include "editor/surface/ElidedText.h"
 #include "editor/surface/PresetNameText.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
@@ -22,6 +23,7 @@ constexpr double lightInsetX = 2, lightHeight = 22;
 constexpr double nameInsetX = 36, nameInsetY = 6; // the focus border around it stays clear of the bar's edges
 constexpr double dividerWidth = 1, dividerInset = 6;
 constexpr double pulseScale = 1.6;
+constexpr double leastShrinking = 0.8; // of a name that is too long, before it is cut
 
 } // namespace
 
@@ -83,8 +85,22 @@ void QVMPresetControl::pulse(bool forward) {
 std::string QVMPresetControl::textForValue(float value) const {
     const std::int32_t index = IntegerPart(value);
     const std::vector<std::string>& names = parameter().stringValues;
-    const bool exists = index >= 0 && static_cast<std::size_t>(index) < names.size();
-    return exists ? names[static_cast<std::size_t>(index)] : unknownName;
+    if (index >= 0 && static_cast<std::size_t>(index) < names.size()) return names[static_cast<std::size_t>(index)];
+    if (!presets_ || index < 0) return unknownName;
+    const std::string name = presets_->nameOf(static_cast<std::uint32_t>(index));
+    const Font font = appropriateFontForValueSizeIconSize(name, nameSize, nameSize);
+    return elided(name, font, rectAvailableForTextDisplay().width / leastShrinking);
+}
+
+void QVMPresetControl::setPresets(PresetList& presets) {
+    presets_ = &presets;
+    redraw();
+}
+
+float QVMPresetControl::valueFollowing(bool forward) {
+    const std::int32_t index = IntegerPart(floatValue());
+    if (!presets_ || index < 0) return QVMCycleControl::valueFollowing(forward);
+    return static_cast<float>(presets_->following(static_cast<std::uint32_t>(index), forward));
 }
 
 Font QVMPresetControl::appropriateFontForValueSizeIconSize(const std::string&, double, double) const {

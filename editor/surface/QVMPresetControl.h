@@ -1,7 +1,7 @@
 // The preset's name in the bar, with an arrow at each end that steps through the presets.
 //
 // A press on an arrow steps; a press on the name means nothing to the control itself and is reported as such. What is
-// shown for an index that no preset has is "N/A". Main thread only.
+// shown for an index that no preset has is "N/A"; a name that is too long is cut. Main thread only.
 #pragma once
 
 #include "controls/QVMCycleControl.h"
@@ -23,6 +23,9 @@ public:
     // `presets` has the preset's index as its value and their names as its texts; it outlives the control.
     QVMPresetControl(const Rect& frame, const QVMParameter& presets);
 
+    // Borrowed: what is stepped through and named from now on, which is more than the parameter has.
+    void setPresets(PresetList& presets);
+
     // The arrows; they hide the base's marks of the same name.
     const std::shared_ptr<TextLayer>& inc() const { return inc_; }
     const std::shared_ptr<TextLayer>& dec() const { return dec_; }
@@ -41,6 +44,7 @@ public:
     void mouseExited(const Event& event) override;
 
 protected:
+    float valueFollowing(bool forward) override;
     Look lookForValue(float value) const override;
     Rect backgroundFrame() const override;
     std::string textForValue(float value) const override;
@@ -53,6 +57,7 @@ private:
     std::shared_ptr<Layer> addDividerWithX(double x);
     void styleArrows();
 
+    PresetList* presets_ = nullptr;
     std::shared_ptr<TextLayer> inc_, dec_;
     std::shared_ptr<Layer> arrowLight_; // behind the arrow that the pointer is over
     std::array<std::shared_ptr<Layer>, 2> dividers_;

@@ -3,6 +3,8 @@
 #include "controls/QVMParameterControl.h"
 #include "description/QVMConfig.h"
 #include "description/ValueMapping.h"
+#include "editor/session/PresetSession.h"
+#include "editor/surface/NameField.h"
 #include "editor/surface/OutlineView.h"
 #include "theme/Radii.h"
 
@@ -14,6 +16,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double listWidth = 195, borderWidth = 1; // points
+constexpr const char* usersTitle = "User";
 
 std::vector<OutlineItem> outlineItemsOf(const std::vector<QVMPresetSection>& sections) {
     std::vector<OutlineItem> items;
@@ -57,10 +60,69 @@ void QVMPresetsDrawer::setPresetControl(QVMParameterControl* control) {
     setToggle(control);
 }
 
+// Straight to the inner control: the other one knows no index beyond those of the factory.
 void QVMPresetsDrawer::choose(std::uint32_t presetID) {
-    if (!presetControl_) return;
-    presetControl_->setFloatValue(static_cast<float>(presetID));
+    endNaming();
+    if (!presetControl_ || !presetControl_->primaryControl()) return;
+    presetControl_->primaryControl()->setFloatValue(static_cast<float>(presetID));
     presetControl_->reportValueChange();
+}
+
+OutlineItem QVMPresetsDrawer::usersSection() const {
+    OutlineItem section{usersTitle, {}, std::nullopt, {}};
+    PresetList& list = presets_->list();
+    for (const UserPresetEntry& entry : list.user().entries()) {
+        const std::string& name = entry.preset.name;
+        if (entry.problem.empty())
+            section.children.push_back({name, entry.preset.note, list.indexOfUsers(name), {}});
+        else
+            section.children.push_back({name, entry.problem, std::nullopt, {}});
+    }
+    return section;
+}
+
+// What is folded stays so while the list is the same.
+void QVMPresetsDrawer::showList() {
+    std::vector<OutlineItem> items = outlineItemsOf(sections_);
+    if (OutlineItem users = usersSection(); nameField_ || !users.children.empty()) items.push_back(std::move(users));
+    if (items != outline_->items()) outline_->setItems(std::move(items));
+    showCurrentPreset();
+}
+
+void QVMPresetsDrawer::presetListDidChange() {
+    if (visible() && presets_) showList();
+}
+
+void QVMPresetsDrawer::beginNaming() {
+    if (!visible() || !presets_ || nameField_) return;
+    const std::uint32_t current = presets_->current();
+    const std::string name = presets_->list().isUsers(current) ? presets_->list().nameOf(current) : std::string();
+    auto field = std::make_unique<NameField>(
+        outline_->bounds(), name,
+        NameField::Handlers{[this](const std::string& typed, bool isAnswer) { saveAs(typed, isAnswer); },
+                            [this] { endNaming(); }});
+    nameField_ = field.get();
+    showList();
+    outline_->setInlay(std::move(field));
+}
+
+void QVMPresetsDrawer::endNaming() {
+    if (!std::exchange(nameField_, nullptr)) return;
+    outline_->setInlay(nullptr);
+    showList();
+}
+
+// A name that is taken is given to nothing else before the user has said so.
+void QVMPresetsDrawer::saveAs(const std::string& name, bool isAnswer) {
+    const auto outcome = presets_->saveAs(name, isAnswer ? ExistingFile::replace : ExistingFile::keep);
+    switch (outcome.status) {
+    case PresetOutcome::Status::done:
+        return endNaming();
+    case PresetOutcome::Status::nameTaken:
+        return nameField_->ask("Name is taken", "Replace");
+    case PresetOutcome::Status::failed:
+        return presets_->tellRefusal("Not saved", outcome.reason);
+    }
 }
 
 void QVMPresetsDrawer::showCurrentPreset() {
@@ -70,7 +132,13 @@ void QVMPresetsDrawer::showCurrentPreset() {
 }
 
 void QVMPresetsDrawer::setVisibility(bool visible) {
+    const bool opens = visible && !this->visible();
     QVMDrawerView::setVisibility(visible);
+    if (!visible) endNaming();
+    if (opens && presets_) {
+        presets_->list().user().refresh();
+        showList();
+    }
     showCurrentPreset();
 }
 
@@ -85,7 +153,9 @@ void QVMPresetsDrawer::themeUpdated() {
 }
 
 bool QVMPresetsDrawer::keyDown(const Event& event) {
-    if (!visible() || event.has(EventModifier::command)) return false;
+    if (!visible()) return false;
+    if (nameField_) return nameField_->handleKey(event);
+    if (event.has(EventModifier::command)) return false;
     switch (event.keyCode) {
     case Key::codeEscape:
     case Key::codeReturn:
@@ -111,6 +181,7 @@ bool QVMPresetsDrawer::chooseByLetter(const Event& event) {
 }
 
 bool QVMPresetsDrawer::performKeyEquivalent(const Event& event) {
+    if (visible() && nameField_) return nameField_->handleKey(event);
     const bool isArrow = event.has(EventModifier::numericPad) && !event.charactersIgnoringModifiers.empty();
     if (!visible() || !isArrow) return false;
     const char32_t arrow = event.charactersIgnoringModifiers.front();

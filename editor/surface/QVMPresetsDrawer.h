@@ -12,8 +12,11 @@
 
 namespace QVM_NAMESPACE {
 
+class NameField;
 class OutlineView;
+class PresetSession;
 class QVMParameterControl;
+struct OutlineItem;
 
 class QVMPresetsDrawer final : public QVMDrawerView {
 public:
@@ -33,6 +36,18 @@ public:
     QVMParameterControl* presetControl() const { return presetControl_; }
     void setPresetControl(QVMParameterControl* control);
     void setMiniatureDelegate(QVMDrawerViewDelegate* delegate) { miniatureDelegate_ = delegate; }
+
+    // Borrowed: whose presets of the user's stand behind the catalogue, in a section of their own. They are looked at
+    // when the drawer opens. Null, as at first, has none.
+    void setPresets(PresetSession* presets) { presets_ = presets; }
+    // The user's presets are others.
+    void presetListDidChange();
+
+    // The present settings are to be a preset of the user's: its name is typed at the end of the list. Has no effect
+    // while the drawer is closed, and ends with it.
+    void beginNaming();
+    // Null while no name is typed.
+    NameField* nameField() const { return nameField_; }
 
     // Marks the preset control's present value in the list, when the drawer is open.
     void showCurrentPreset();
@@ -55,14 +70,20 @@ private:
     // A plain letter goes to the next preset that begins with it.
     bool chooseByLetter(const Event& event);
     void choose(std::uint32_t presetID);
+    void showList();
+    void endNaming();
+    void saveAs(const std::string& name, bool isAnswer);
+    OutlineItem usersSection() const;
     void tapMiniature();
 
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
     std::vector<QVMPresetSection> sections_;
+    PresetSession* presets_ = nullptr;
     QVMParameterControl* presetControl_ = nullptr;
     QVMDrawerViewDelegate* miniatureDelegate_ = nullptr;
     std::shared_ptr<Layer> miniatureBorder_;
     OutlineView* outline_ = nullptr;
+    NameField* nameField_ = nullptr; // in the list
 };
 
 } // namespace QVM_NAMESPACE

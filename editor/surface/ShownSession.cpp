@@ -98,9 +98,17 @@ void ShownSession::presetWasApplied() {
         ui_.bringParameterControlIntoFocus(ui_.presetBar()->presetControl());
 }
 
-void ShownSession::presetDidBecomeCurrent(const std::string& name, std::uint32_t index) {
+void ShownSession::presetDidBecomeCurrent(const std::string& savedName, std::uint32_t index) {
     if (ui_.presetDrawer()) ui_.presetDrawer()->presetSelected(index);
-    if (ui_.delegate()) ui_.delegate()->interfaceDidUpdateCurrentPresetToValueNamedPid(ui_, name, index);
+    if (ui_.delegate()) ui_.delegate()->interfaceDidUpdateCurrentPresetToValueNamedPid(ui_, savedName, index);
+}
+
+void ShownSession::presetListDidChange() {
+    if (ui_.presetDrawer()) ui_.presetDrawer()->presetListDidChange();
+}
+
+void ShownSession::presetWasRefused(const std::string& what, const std::string& why) {
+    ui_.showNotice(what, why);
 }
 
 void ShownSession::settingsWereRefused(const std::string& why) {

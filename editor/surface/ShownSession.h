@@ -33,7 +33,9 @@ public:
     void showPresetDirty(bool dirty) override;
     // Its control has the keyboard, unless the open list has it.
     void presetWasApplied() override;
-    void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override;
+    void presetDidBecomeCurrent(const std::string& savedName, std::uint32_t index) override;
+    void presetListDidChange() override;
+    void presetWasRefused(const std::string& what, const std::string& why) override;
     void settingsWereRefused(const std::string& why) override;
 
 private:

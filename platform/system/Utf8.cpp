@@ -40,6 +40,21 @@ std::u32string charactersOfUtf8(std::string_view text) {
     return characters;
 }
 
+std::string utf8From(std::u32string_view characters) {
+    std::string text;
+    for (char32_t character : characters) {
+        const bool isSurrogate = character >= 0xD800 && character < 0xE000;
+        if (isSurrogate || character > 0x10FFFF) character = U'\uFFFD';
+        const auto tail = [&](unsigned shift) { text += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
+        const unsigned tails = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+        constexpr std::array<char32_t, 4> leads = {0, 0xC0, 0xE0, 0xF0}; // by the number of bytes behind
+        text += static_cast<char>(leads[tails] | character >> (6 * tails));
+        for (unsigned i = tails; i > 0; --i)
+            tail(6 * (i - 1));
+    }
+    return text;
+}
+
 bool isPlainUtf8(std::string_view text) {
     while (!text.empty()) {
         if (takeUtf8Character(text).value_or(0) == 0) return false;

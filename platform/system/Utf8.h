@@ -1,4 +1,4 @@
-// Reads UTF-8, whatever bytes come. Any thread.
+// Reads UTF-8, whatever bytes come, and writes it. Any thread.
 #pragma once
 
 #include "BuildNamespace.h"
@@ -15,6 +15,9 @@ std::optional<char32_t> takeUtf8Character(std::string_view& text);
 
 // All characters; what is broken becomes U+FFFD.
 std::u32string charactersOfUtf8(std::string_view text);
+
+// The characters as UTF-8; what is no character becomes U+FFFD.
+std::string utf8From(std::u32string_view characters);
 
 // Whether nothing is broken and no character is zero.
 bool isPlainUtf8(std::string_view text);

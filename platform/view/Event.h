@@ -39,6 +39,7 @@ inline constexpr std::uint32_t none = 0, began = 1, changed = 4, ended = 8, mayB
 // Characters that function keys report, and the virtual key codes that the key tables name.
 namespace Key {
 inline constexpr char32_t up = 0xF700, down = 0xF701, left = 0xF702, right = 0xF703;
+inline constexpr char32_t forwardDelete = 0xF728, home = 0xF729, end = 0xF72B;
 inline constexpr std::uint16_t codeReturn = 36, codeTab = 48, codeSpace = 49, codeGrave = 50, codeDelete = 51,
                                codeEscape = 53, codeEnter = 76, codeF10 = 109, codeMenu = 110, codeHome = 115,
                                codeEnd = 119;
@@ -57,6 +58,7 @@ struct Event {
     std::uint32_t phase = EventPhase::none;
 
     std::u32string charactersIgnoringModifiers; // one character for the keys that the key tables name
+    std::u32string characters; // what the key types into a text, capitals and all; empty where it types nothing
     std::uint16_t keyCode = 0;
     bool isARepeat = false;
 

@@ -156,6 +156,24 @@ TEST(SlantwiseProcessor, ChoosingAPresetInTheEditorTellsTheHostOfTheProgram) {
     EXPECT_EQ(programs.told, (std::vector<int>{8, 22}));
 }
 
+TEST(SlantwiseProcessor, APresetOfTheUsersIsNoProgramAndTheEchoOfOneLeavesItsValues) {
+    SlantwiseProcessor processor;
+    processor.setCurrentProgram(8);
+    const std::string users = "User: Warm";
+    const std::string* const name = &users;
+    AudioUnitSetParameter(&processor.unit(), pidTiltGain, kAudioUnitScope_Global, 0, 4.5f, 0);
+    AudioUnitSetProperty(&processor.unit(), kQVMProperty_PresetName, kAudioUnitScope_Global, 0, &name, sizeof(name));
+    EXPECT_EQ(processor.getNumPrograms(), static_cast<int>(QVMPresetCount));
+    const auto before = stateOf(processor);
+    processor.setCurrentProgram(processor.getCurrentProgram());
+    EXPECT_EQ(stateOf(processor), before);
+    SlantwiseProcessor restored;
+    restore(restored, before);
+    EXPECT_EQ(stateOf(restored), before);
+    processor.setCurrentProgram(8);
+    EXPECT_EQ(processor.getCurrentProgram(), 8) << "any other one is asked for";
+}
+
 TEST(SlantwiseProcessor, AProgramIsChosenOnTheRenderThreadWithoutAllocatingOrLocking) {
     SlantwiseProcessor processor;
     prepare(processor, 2, 2);

@@ -118,7 +118,9 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{"space", [] { return Key_(Key_::spaceKey, {}, ' '); }, U" ", 49, 0},
         KeyCase{"grave", [] { return Key_('`', {}, '`'); }, U"`", 50, 0},
         KeyCase{"backspace", [] { return Key_(Key_::backspaceKey); }, U"\x7F", 51, 0},
-        KeyCase{"delete", [] { return Key_(Key_::deleteKey); }, U"\x7F", 51, 0},
+        KeyCase{"delete", [] { return Key_(Key_::deleteKey); }, U"\uF728", 51, 0},
+        KeyCase{"home", [] { return Key_(Key_::homeKey); }, U"\uF729", 0, 0},
+        KeyCase{"end", [] { return Key_(Key_::endKey); }, U"\uF72B", 0, 0},
         KeyCase{"escape", [] { return Key_(Key_::escapeKey); }, U"\x1B", 53, 0},
         KeyCase{"home", [] { return Key_(Key_::homeKey, Mods(), 0); }, U"", 115, 0},
         KeyCase{"end", [] { return Key_(Key_::endKey, Mods(), 0); }, U"", 119, 0},
@@ -135,6 +137,19 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{"keypadPoint", [] { return Key_(Key_::numberPadDecimalPoint); }, U".", 0, EventModifier::numericPad},
         KeyCase{"functionKey", [] { return Key_(Key_::F5Key); }, U"", 0, 0}),
     [](const auto& i) { return std::string(i.param.name); });
+
+TEST(EventMapping, AKeyTypesItsCharacterUnlessItIsACommand) {
+    const auto typed = [](const juce::KeyPress& key) { return keyEventFrom(key, SuperKey::up).characters; };
+    EXPECT_EQ(typed(Key_('K', Mods(Mods::shiftModifier), 'K')), U"K");
+    EXPECT_EQ(typed(Key_(0xE4, {}, 0xE4)), U"\u00E4");
+    EXPECT_EQ(typed(Key_(Key_::spaceKey, {}, ' ')), U" ");
+    EXPECT_EQ(typed(Key_('z', Mods(Mods::ctrlModifier), 26)), U"");
+    EXPECT_EQ(typed(Key_('z', Mods(Mods::ctrlModifier), 'z')), U"");
+    EXPECT_EQ(typed(Key_('z', Mods(Mods::altModifier), 'z')), U"");
+    EXPECT_EQ(typed(Key_(Key_::returnKey, {}, '\r')), U"");
+    EXPECT_EQ(typed(Key_(Key_::backspaceKey, {}, 0x7F)), U"");
+    EXPECT_EQ(typed(Key_(Key_::leftKey)), U"");
+}
 
 TEST(EventMapping, EveryCursorHasItsPicture) {
     using Toolkit = juce::MouseCursor;

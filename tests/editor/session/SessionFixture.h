@@ -69,6 +69,10 @@ public:
     void presetDidBecomeCurrent(const std::string& name, std::uint32_t index) override {
         calls.push_back("preset " + name + " " + std::to_string(index));
     }
+    void presetListDidChange() override { calls.push_back("list"); }
+    void presetWasRefused(const std::string& what, const std::string& why) override {
+        refusals.push_back(what + ": " + why);
+    }
     void settingsWereRefused(const std::string& why) override { refusals.push_back(why); }
 
     struct Received {

@@ -16,6 +16,12 @@ TEST(Utf8, ReadingTakesOneCharacterOff) {
     EXPECT_EQ(text, "a");
 }
 
+TEST(Utf8, CharactersOfEachLengthAreWritten) {
+    const std::string text = "aé\uE101\U0001F600\U0010FFFF";
+    EXPECT_EQ(utf8From(charactersOfUtf8(text)), text);
+    EXPECT_EQ(utf8From(std::u32string{0xD800, 0x110000}), "\uFFFD\uFFFD");
+}
+
 TEST(Utf8, WhatIsBrokenIsReplacedAndWhatFollowsIsKept) {
     EXPECT_EQ(charactersOfUtf8("a\x80z"), U"a\uFFFDz");
     EXPECT_EQ(charactersOfUtf8("\xE2\x82"), U"\uFFFD");
