@@ -2,6 +2,7 @@
 
 #include "description/ParameterIDs.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -27,6 +28,8 @@ void EditorFocus::bring(FocusableControl* control) {
     if (control != focused_) surface_.focusWillMove();
     focused_ = control;
     for (QVMParameterControl* each : surface_.parameterControls())
+        each->setFocused(control && each == control);
+    for (QVMParameterControl* each : standIns_)
         each->setFocused(control && each == control);
     surface_.focusDidMove(control);
 }
@@ -67,10 +70,24 @@ void EditorFocus::setHasFocus(bool hasFocus) {
     if (!isInClosedDrawer(*remembered)) bring(remembered);
 }
 
+// Null when none can be.
+QVMParameterControl* EditorFocus::shownControlNamed(std::string_view codename) const {
+    QVMParameterControl* const first = surface_.parameterControlWithCodename(codename);
+    if (first && canBeShown(*first)) return first;
+    const auto shown = std::find_if(standIns_.begin(), standIns_.end(), [&](const QVMParameterControl* control) {
+        return control->codename() == codename && canBeShown(*control);
+    });
+    return shown == standIns_.end() ? nullptr : *shown;
+}
+
 QVMParameterControl* EditorFocus::adjacent(const FocusableControl* from, int direction) const {
     const std::vector<std::string>& order = config_.metadata->tabOrder;
     if (order.empty() || static_cast<int>(values_.memoized(pidMasterOnOff)) == 0) return nullptr;
-    if (!from) return surface_.parameterControlWithCodename(order.front());
+    if (!from) {
+        for (const std::string& name : order)
+            if (QVMParameterControl* shown = shownControlNamed(name)) return shown;
+        return nullptr;
+    }
 
     const std::size_t count = order.size(), step = direction > 0 ? 1 : count - 1;
     std::size_t index = direction > 0 ? 0 : count - 1;
@@ -82,8 +99,8 @@ QVMParameterControl* EditorFocus::adjacent(const FocusableControl* from, int dir
             passed = true;
             continue;
         }
-        QVMParameterControl* candidate = passed ? surface_.parameterControlWithCodename(order[index]) : nullptr;
-        if (isUsable(candidate) && canBeShown(*candidate)) return candidate;
+        QVMParameterControl* candidate = passed ? shownControlNamed(order[index]) : nullptr;
+        if (isUsable(candidate)) return candidate;
     }
     return nullptr;
 }

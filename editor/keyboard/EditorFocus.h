@@ -8,6 +8,9 @@
 #include "editor/keyboard/FocusSurface.h"
 #include "editor/session/EditorValues.h"
 
+#include <string_view>
+#include <vector>
+
 namespace QVM_NAMESPACE {
 
 class EditorFocus {
@@ -23,6 +26,9 @@ public:
     bool canBeShown(const FocusableControl& control) const;
     // Whether a parameter's control stands in the drawer while that is closed. Null does not.
     bool isInClosedDrawer(const QVMParameter* parameter) const;
+    // A further control of a parameter, which the walk comes to where the layout hides the first. Borrowed; it is there
+    // whenever the focus is asked for anything.
+    void addStandIn(QVMParameterControl& control) { standIns_.push_back(&control); }
     // Opens the drawer when the focus is in there: whoever walks to it sees where he is.
     void reveal();
     // Takes the focus from a control that the layout has taken away: what is typed would change it.
@@ -32,17 +38,19 @@ public:
     void setHasFocus(bool hasFocus);
     bool hasFocus() const { return hasFocus_; }
 
-    // The next control along the description's tab order that can be used, or null; -1 is backwards. There is none
-    // while processing is off.
+    // The next control along the description's tab order that can be used, or null; -1 is backwards. From none it is
+    // the first, or the first that can be used where the layout hides that one. There is none while processing is off.
     QVMParameterControl* adjacent(const FocusableControl* from, int direction) const;
 
 private:
     bool isInClosedDrawer(const FocusableControl& control) const;
+    QVMParameterControl* shownControlNamed(std::string_view codename) const;
 
     const QVMConfig& config_;
     const EditorValues& values_;
     const View& root_;
     FocusSurface& surface_;
+    std::vector<QVMParameterControl*> standIns_;
     FocusableControl* focused_ = nullptr;
     FocusableControl* remembered_ = nullptr;
     bool hasFocus_ = false;

@@ -14,8 +14,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double compactButtonInset = 6; // points
-
 // What has no room in a layout, or stands outside the view it is in, is not part of it; its content would show all the
 // same, or an edge of it where a fraction of a pixel is rounded up.
 void place(View* view, const Rect& frame, const Rect& room) {
@@ -106,9 +104,7 @@ void EditorParts::layOutFrameButton() {
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(altFrame_);
     const Rect curve = layout.sketchPlace.offsetBy(layout.powerBox.x, layout.powerBox.y);
     const bool isCompact = altFrame_ == QVMAltFrameCompact;
-    const double inset = isCompact ? compactButtonInset : 0;
-    const Rect corner = {curve.maxX() - FrameButton::size.width - inset, curve.y + inset, FrameButton::size.width,
-                         FrameButton::size.height};
+    const Rect corner = FrameButton::placeIn(curve, isCompact ? FrameButton::inset : 0);
     place(frameButton_, curve.isEmpty() ? Rect{} : corner, layout.editor);
     frameButton_->setDestination(isCompact ? FrameButton::Destination::wholeEditor
                                            : FrameButton::Destination::compactForm);

@@ -3,6 +3,7 @@
 #include "controls/QVMVerticalSlider.h"
 #include "editor/session/ModesWithoutControl.h"
 #include "editor/surface/ClipLight.h"
+#include "editor/surface/CurveNumbers.h"
 #include "editor/surface/NumericMeterReading.h"
 #include "editor/surface/ParameterControls.h"
 #include "editor/surface/QVMInsetShadowBox.h"
@@ -30,7 +31,7 @@ constexpr double ghostOpacity = 0.35, ghostSeconds = 0.25;
 
 } // namespace
 
-EditorSketches::EditorSketches(const QVMConfig& config, EditorValues& values, const ParameterControls& controls)
+EditorSketches::EditorSketches(const QVMConfig& config, EditorValues& values, ParameterControls& controls)
     : config_(config), values_(values), controls_(controls) {}
 
 EditorSketches::~EditorSketches() = default;
@@ -64,6 +65,9 @@ void EditorSketches::add(QVMPowerBox& box, const QVMEditorLayout& layout, QVMPar
         const Transaction appearing = Transaction::animated(appearanceSeconds);
         box.addSubview(std::move(made));
     }
+    numbers_ = &sketch_->addSubview(
+        std::make_unique<CurveNumbers>(*sketch_, values_, controls_, [&box] { return box.sketchGround(); }));
+    numbers_->fit();
     for (std::size_t i = mainSketch + 1; i < PB_Sketches.size(); ++i)
         addAuxiliarySketch(PB_Sketches[i], settings);
     takeMeterInk();
@@ -113,6 +117,11 @@ void EditorSketches::assumeLayout(const QVMEditorLayout& layout) {
     if (!sketch_) return;
     sketch_->setFrame(layout.sketchPlace);
     sketch_->layer()->look().setCornerRadius(layout.sketchPlaceRadius);
+    if (numbers_) numbers_->fit();
+}
+
+void EditorSketches::curveDidChange() {
+    if (numbers_) numbers_->curveDidChange();
 }
 
 void EditorSketches::scaleDidChange() {
@@ -120,6 +129,7 @@ void EditorSketches::scaleDidChange() {
     sketch_->viewDidChangeBackingProperties();
     for (QVMAuxiliarySketch* auxiliary : sketch_->auxiliarySketches())
         auxiliary->viewDidChangeBackingProperties();
+    if (numbers_) numbers_->fit();
 }
 
 void EditorSketches::setFocusedPid(std::int32_t pid) {
@@ -139,6 +149,7 @@ void EditorSketches::visibilityDidChange(QVMPowerBox& box) {
     box.setShowsHiddenSign(areHidden());
     for (ClipLight* light : clipLights_)
         light->setHidden(areHidden());
+    if (numbers_) numbers_->fit();
     sketch_->setToolTip(areHidden() ? "Show Curve and Meter" : "");
     describeMeters();
 }

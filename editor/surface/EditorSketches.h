@@ -15,6 +15,7 @@
 namespace QVM_NAMESPACE {
 
 class ClipLight;
+class CurveNumbers;
 class NumericMeterReading;
 class PBGLSketchAbstract;
 class ParameterControls;
@@ -35,7 +36,7 @@ public:
     };
 
     // All borrowed.
-    EditorSketches(const QVMConfig& config, EditorValues& values, const ParameterControls& controls);
+    EditorSketches(const QVMConfig& config, EditorValues& values, ParameterControls& controls);
     ~EditorSketches();
 
     // The button of the numeric meter, where the description has one; a press on it is `tapped`. To be made before the
@@ -47,6 +48,10 @@ public:
              const Settings& settings);
     // The response curve, which hands its frames to the meter too. Null before there are sketches.
     QVMParameterSketch* main() const { return sketch_; }
+    // What the curve tells where it is large. Null before there are sketches.
+    CurveNumbers* numbers() const { return numbers_; }
+    // A frame of the curve was prepared.
+    void curveDidChange();
 
     void assumeLayout(const QVMEditorLayout& layout);
     void scaleDidChange();
@@ -70,8 +75,9 @@ private:
 
     const QVMConfig& config_;
     EditorValues& values_;
-    const ParameterControls& controls_;
+    ParameterControls& controls_;
     QVMParameterSketch* sketch_ = nullptr; // owned by the power box
+    CurveNumbers* numbers_ = nullptr;      // owned by the sketch
     std::vector<ClipLight*> clipLights_;   // owned by the sliders with the meters
     bool isGhosted_ = false;
     ObservationToken themeObservation_;

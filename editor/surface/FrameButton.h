@@ -16,6 +16,12 @@ class ShapeLayer;
 class FrameButton final : public Control {
 public:
     static constexpr Size size = {18, 18}; // points
+    // Points between it and the edges of a curve that is the whole editor.
+    static constexpr double inset = 6;
+    // In the corner of the curve.
+    static Rect placeIn(const Rect& curve, double inset) {
+        return {curve.maxX() - size.width - inset, curve.y + inset, size.width, size.height};
+    }
 
     FrameButton();
 

@@ -216,7 +216,9 @@ bool OutlineView::chooseStartingWith(char32_t letter) {
     const auto present = std::ranges::find(all, rowOf(selection_));
     if (present != all.end()) std::ranges::rotate(all, present + 1);
     const auto starts = [wanted = smallLetter(letter)](const Row* row) {
-        return !row->name.empty() && smallLetter(static_cast<unsigned char>(row->name.front())) == wanted;
+        std::string_view name = row->name;
+        const std::optional<char32_t> first = name.empty() ? std::nullopt : takeUtf8Character(name);
+        return first && smallLetter(*first) == wanted;
     };
     const auto found = std::ranges::find_if(all, starts);
     return found != all.end() && choose(**found);

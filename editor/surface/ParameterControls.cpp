@@ -57,6 +57,12 @@ void ParameterControls::enlist(const List& controls, QVMClumpView& clumpView) {
     }
 }
 
+void ParameterControls::addStandIn(QVMParameterControl& control) {
+    control.setTarget(values_);
+    control.setDelegate(&delegate_);
+    standIns_.push_back(&control);
+}
+
 // Two controls on one band: one above the handles to be dragged, and one below them that draws it.
 void ParameterControls::addRangeControls(QVMParameterControl& low, QVMParameterControl& high, QVMClumpView& clumpView) {
     const Rect band = bandFrame(low.frame(), high.frame());
@@ -92,14 +98,16 @@ QVMParameterControl* ParameterControls::withCodename(std::string_view codesafeNa
 
 QVMParameterControl* ParameterControls::around(const View* view) const {
     for (; view; view = view->superview()) {
-        const auto found = std::find(all_.begin(), all_.end(), view);
-        if (found != all_.end()) return *found;
+        for (const List* list : {&all_, &standIns_}) {
+            const auto found = std::find(list->begin(), list->end(), view);
+            if (found != list->end()) return *found;
+        }
     }
     return nullptr;
 }
 
 bool ParameterControls::contains(const QVMParameterControl* control) const {
-    return std::find(all_.begin(), all_.end(), control) != all_.end();
+    return std::ranges::find(all_, control) != all_.end() || std::ranges::find(standIns_, control) != standIns_.end();
 }
 
 std::vector<ShownValue> ParameterControls::shownValues() const {

@@ -27,6 +27,11 @@ public:
     // bands of its ranges. A displaced one stands in the view around the clump's.
     void addClump(QVMClump& clump, QVMClumpView& clumpView, View& around);
 
+    // A further control of a parameter that has one. It reports and sends as that does and is found where it stands,
+    // but it is not listed: what the session says of a parameter is for the first. Borrowed; as long as the controls.
+    void addStandIn(QVMParameterControl& control);
+    const List& standIns() const { return standIns_; }
+
     // In the order in which they were made.
     const List& all() const { return all_; }
     // Null when there is none.
@@ -48,7 +53,7 @@ private:
 
     QVMParameterControlDelegate& delegate_;
     EditorValues& values_;
-    List all_;
+    List all_, standIns_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -36,6 +36,8 @@ public:
     // Told when the pointer comes into the box (true) and when it leaves.
     void setHoverHandler(std::function<void(bool)> handler) { hoverHandler_ = std::move(handler); }
 
+    // What the response curve stands on; opaque.
+    Color sketchGround() const { return sketchPlace_->look().backgroundColor(); }
     // A faint eye where the response curve was hidden.
     void setShowsHiddenSign(bool shows);
     const std::shared_ptr<TextLayer>& hiddenSign() const { return hiddenSign_; }

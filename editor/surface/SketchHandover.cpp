@@ -16,14 +16,18 @@ void SketchHandover::addSketches() {
     if (QVMGenericUIDelegate* delegate = ui_.delegate())
         delegate->interfaceWantsSampleRateMaxFrames(ui_, settings.sampleRate, settings.maxFrames);
     ui_.sketches().add(*ui_.powerBox(), EditorLayoutForAltFrame(ui_.altFrame()), *this, settings);
+    for (QVMParameterControl* corner : ui_.controls().standIns())
+        ui_.focus().addStandIn(*corner);
     ui_.session().values().setComesBack();
 }
 
 void SketchHandover::sketchDidChangeVisibility(QVMParameterSketch&) {
     ui_.sketches().visibilityDidChange(*ui_.powerBox());
+    ui_.focus().dropIfHidden(); // a corner of the curve that is not there any more
 }
 
 StatesAre SketchHandover::sketchHasUpdatedParameterStates(QVMParameterSketch& sketch, const QVMParameterState*) {
+    ui_.sketches().curveDidChange();
     QVMGenericUIDelegate* const delegate = ui_.delegate();
     if (!delegate) return StatesAre::drawnOnly;
     SharedState* shared = &sketch.getVizRef()->sharedState;

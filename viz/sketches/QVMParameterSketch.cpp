@@ -89,7 +89,7 @@ void QVMParameterSketch::viewDidMoveToWindow() {
     windowVisibility_.reset();
     if (!window()) return;
     hasGL_ = true;
-    layer()->tree().add(glSketch_);
+    if (!glSketch_->tree().superlayer()) layer()->tree().add(glSketch_); // once: others may stand above it
     setVizVisible(true);
     viewDidChangeBackingProperties();
     windowVisibility_ = NotificationCenter::defaultCenter().observe(

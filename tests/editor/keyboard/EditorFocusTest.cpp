@@ -43,6 +43,30 @@ TEST_F(EditorFocusTest, WhatIsHiddenTakesItAwayFromAll) {
     EXPECT_EQ(focus_.focused(), nullptr);
 }
 
+TEST_F(EditorFocusTest, TheWalkComesToTheControlThatStandsInForAHiddenOne) {
+    View& other = root_.addSubview(std::make_unique<View>(Rect{0, 100, 200, 100}));
+    const QVMParameter* parameter = control(pidTiltRangeLow).parameter();
+    QVMParameterControl& standIn = other.addSubview(
+        std::make_unique<QVMParameterControl>(Rect{0, 0, 60, 60}, Rect{}, parameter, parameter->initialValue));
+    focus_.addStandIn(standIn);
+    EXPECT_EQ(focus_.adjacent(&control(pidTiltGain), 1), &control(pidTiltRangeLow)) << "the first can be shown";
+    EXPECT_EQ(focus_.adjacent(nullptr, 1), &control(pidTiltGain));
+
+    for (QVMParameterControl* each : controls_)
+        each->setHidden(true);
+    EXPECT_EQ(focus_.adjacent(&control(pidTiltGain), 1), &standIn);
+    EXPECT_EQ(focus_.adjacent(nullptr, 1), &standIn);
+    focus_.bring(&standIn);
+    EXPECT_TRUE(standIn.focused());
+    focus_.bring(nullptr);
+    EXPECT_FALSE(standIn.focused());
+
+    other.setHidden(true);
+    EXPECT_EQ(focus_.adjacent(nullptr, 1), nullptr);
+    focus_.bring(&standIn);
+    EXPECT_EQ(focus_.focused(), nullptr);
+}
+
 TEST_F(EditorFocusTest, TheClosedDrawerHidesNothingForTheFocusThatOpensIt) {
     EXPECT_TRUE(focus_.canBeShown(control(pidFilterSlopeLow)));
     EXPECT_TRUE(focus_.isInClosedDrawer(control(pidFilterSlopeLow).parameter()));

@@ -55,6 +55,22 @@ TEST_F(ParameterControlsTest, WhatTheUserMovesIsToldAndShown) {
         EXPECT_EQ(each.value, each.pid == 1 ? 3 : GetParameter(each.pid)->initialValue) << each.pid;
 }
 
+TEST_F(ParameterControlsTest, AFurtherControlOfAParameterSendsAndIsFoundButNotListed) {
+    QVMParameterControl& further = root_.addSubview(
+        std::make_unique<QVMParameterControl>(Rect{0, 0, 60, 60}, Rect{}, GetParameter(pidTiltGain), 0.0f));
+    EXPECT_FALSE(controls_.contains(&further));
+    const std::size_t listed = controls_.all().size();
+    controls_.addStandIn(further);
+    EXPECT_TRUE(controls_.contains(&further));
+    EXPECT_EQ(controls_.around(further.primaryControl()), &further);
+    EXPECT_EQ(controls_.withPid(pidTiltGain), &control(pidTiltGain));
+    EXPECT_EQ(controls_.all().size(), listed);
+    further.primaryControl()->setFloatValue(3);
+    further.primaryControl()->reportInterfaceInitiatedValueChange();
+    EXPECT_EQ(values().memoized(pidTiltGain), 3);
+    EXPECT_EQ(further.delegate(), &delegate_);
+}
+
 TEST_F(ParameterControlsTest, EachShowsWhatTheValuesSay) {
     for (const QVMParameterControl* each : controls_.all()) {
         const QVMParameter& parameter = *each->parameter();

@@ -119,7 +119,7 @@ TEST_F(QVMGenericUILayout, WithoutADelegateTheEditorNeverResizesItself) {
     EXPECT_EQ(ui_->frame(), (Rect{0, 0, 480, 320}));
 }
 
-TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocus) {
+TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocusButTheCornersOfItsCurve) {
     ui_->bringParameterControlIntoFocus(&control(pidTiltGain));
     ui_->requestFrame(QVMAltFrameCompact);
     EXPECT_EQ(ui_->focusedControl(), nullptr);
@@ -127,6 +127,11 @@ TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocus) {
     EXPECT_FALSE(ui_->wantsKeys());
     ui_->bringParameterControlIntoFocus(&control(pidHQMode));
     EXPECT_EQ(ui_->focusedControl(), nullptr) << "the drawer does not open here";
+    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeTab)));
+    ASSERT_NE(ui_->focusedControl(), nullptr);
+    EXPECT_EQ(ui_->focusedControl()->codename(), "TiltRangeLow");
+    EXPECT_NE(ui_->focusedControl(), &control(pidTiltRangeLow));
+    ui_->toggleSketchVisibility();
     EXPECT_FALSE(window_.sendEvent(keyEvent(0, Key::codeTab))) << "the key is the host's";
     EXPECT_EQ(ui_->focusedControl(), nullptr);
     ui_->presetBar()->ab().tap();

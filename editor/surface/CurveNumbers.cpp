@@ -1,0 +1,254 @@
+#include "editor/surface/CurveNumbers.h"
+
+#include "controls/ControlClasses.h"
+#include "editor/surface/CurveReading.h"
+#include "editor/surface/CurveTexts.h"
+#include "editor/surface/FrameButton.h"
+#include "editor/surface/NearestNote.h"
+#include "editor/surface/ParameterControls.h"
+#include "response/ResponseModel.h"
+#include "viz/sketches/QVM0015GLSketch.h"
+#include "viz/sketches/QVMParameterSketch.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+constexpr struct {
+    ParameterID pid;
+    CurveCorner::Shape shape;
+} kCorners[] = {{pidTiltRangeLow, CurveCorner::Shape::disc},
+                {pidTiltRangeHigh, CurveCorner::Shape::disc},
+                {pidFilterRangeLow, CurveCorner::Shape::ring},
+                {pidFilterRangeHigh, CurveCorner::Shape::ring}};
+
+constexpr double kSide = 6, kTop = 8, kBottom = 20;        // points that a corner stays away from the edges
+constexpr double kApart = 2 * CurveCorner::discRadius + 4; // points between the middles of two corners
+constexpr float kMarkAlpha = 0.7f;
+
+// A filter whose corner is at its end of the band is off.
+bool isOff(CurveCorner::Shape shape, double hertz) {
+    return shape == CurveCorner::Shape::ring && (hertz <= model::lowestHertz || hertz >= model::highestHertz);
+}
+
+// Moves `center` up or down until it is clear of `other`; down, where there is room.
+Point clearOf(Point center, Point other, double lowest) {
+    const double dx = center.x - other.x, dy = center.y - other.y;
+    if (std::hypot(dx, dy) >= kApart) return center;
+    const double reach = std::sqrt(kApart * kApart - dx * dx);
+    return {center.x, other.y + reach <= lowest ? other.y + reach : other.y - reach};
+}
+
+} // namespace
+
+CurveNumbers::CurveNumbers(QVMParameterSketch& sketch, const EditorValues& values, ParameterControls& controls,
+                           std::function<Color()> ground)
+    : ThemedView(sketch.bounds()), sketch_(sketch), values_(values), ground_(std::move(ground)) {
+    layer()->setName("curveNumbers");
+    sketch.layer()->tree().insert(marks_.layer(), 0);
+    layer()->tree().add(readout_.layer());
+    for (const auto& [pid, shape] : kCorners)
+        if (QVMParameterControl* listed = controls.withPid(pid)) addCorner(*listed, shape, controls);
+}
+
+CurveNumbers::~CurveNumbers() {
+    for (const Corner& corner : corners_)
+        if (corner.listed) corner.listed->removeFollower(*this);
+}
+
+void CurveNumbers::addCorner(QVMParameterControl& listed, CurveCorner::Shape shape, ParameterControls& controls) {
+    auto made = std::make_unique<QVMParameterControl>(Rect{0, 0, CurveCorner::hitSize, CurveCorner::hitSize},
+                                                      listed.parameter(), listed.floatValue(),
+                                                      &makeFloatControl<CurveCorner>, Rect{});
+    made->layer()->setName("corner:" + listed.parameter()->codesafeName);
+    auto& handle = static_cast<CurveCorner&>(*made->primaryControl());
+    handle.setSite(*this);
+    listed.addFollower(*this);
+    controls.addStandIn(*made);
+    QVMParameterControl& control = addSubview(std::move(made));
+    corners_.push_back({&control, &listed, &handle, shape, {}});
+}
+
+QVMParameterControl* CurveNumbers::corner(std::uint32_t pid) const {
+    const auto found = std::find_if(corners_.begin(), corners_.end(),
+                                    [pid](const Corner& each) { return each.control->parameter()->pid == pid; });
+    return found == corners_.end() ? nullptr : found->control;
+}
+
+const QVM0015GLSketch& CurveNumbers::curve() const {
+    return static_cast<const QVM0015GLSketch&>(*sketch_.getVizRef());
+}
+
+void CurveNumbers::fit() {
+    setFrame(sketch_.bounds());
+    const bool isShown = sketch_.vizVisible() && bounds().width >= leastWidth;
+    setHidden(!isShown);
+    marks_.layer()->setHidden(!isShown);
+    if (!isShown) {
+        pointer_.reset();
+        used_ = nullptr;
+    }
+    update();
+}
+
+void CurveNumbers::curveDidChange() {
+    if (!isHidden() && sketch_.glSketch()->look().version() != shownVersion_) update();
+}
+
+void CurveNumbers::update() {
+    shownVersion_ = sketch_.glSketch()->look().version();
+    if (isHidden()) return showReading();
+    const QVMFreqResp& display = curve().responseDisplay();
+    scale_ = CurveScale(display);
+    if (scale_.isEmpty()) return;
+    const Rect button = FrameButton::placeIn(bounds(), FrameButton::inset);
+    marks_.follow(display, button);
+    readout_.layOutIn(bounds().size(), button);
+    placeCorners();
+    showReading();
+}
+
+void CurveNumbers::themeUpdated() {
+    const Color ground = ground_(), ink = QVMUITheme::theme().palette.onAccent;
+    marks_.setColor(contrasted(composite(ink.withAlpha(kMarkAlpha), ground), ground));
+    readout_.setColors(ground);
+    for (const Corner& corner : corners_)
+        corner.handle->setLook(corner.shape, ground);
+}
+
+double CurveNumbers::yAt(double hertz) const {
+    return scale_.size.height * (1 - readCurve(curve(), hertz).height);
+}
+
+// A filter's makes room for a tilt's.
+void CurveNumbers::placeCorners() {
+    if (isHidden() || scale_.isEmpty()) return;
+    const double lowest = scale_.size.height - kBottom, pixels = layer()->look().contentsScale();
+    for (Corner& corner : corners_) {
+        const double hertz = double{corner.handle->floatValue()};
+        Point center = {std::clamp(scale_.xOf(hertz), kSide, scale_.size.width - kSide),
+                        std::clamp(yAt(hertz), kTop, lowest)};
+        if (corner.shape == CurveCorner::Shape::ring)
+            for (const Corner& other : corners_)
+                if (other.shape == CurveCorner::Shape::disc) center = clearOf(center, other.center, lowest);
+        corner.center = {std::round(center.x * pixels) / pixels, std::round(center.y * pixels) / pixels};
+        constexpr double size = CurveCorner::hitSize;
+        corner.control->setFrame({corner.center.x - size / 2, corner.center.y - size / 2, size, size});
+        corner.handle->setOff(isOff(corner.shape, hertz));
+    }
+}
+
+// The nearest one, where two could be meant.
+const CurveNumbers::Corner* CurveNumbers::cornerNear(Point point) const {
+    const Corner* nearest = nullptr;
+    double distance = 0;
+    for (const Corner& corner : corners_) {
+        const double here = std::hypot(point.x - corner.center.x, point.y - corner.center.y);
+        if (!corner.control->frame().contains(point) || (nearest && here >= distance)) continue;
+        nearest = &corner;
+        distance = here;
+    }
+    return nearest;
+}
+
+View* CurveNumbers::hitTest(Point pointInSuperview) {
+    if (!ThemedView::hitTest(pointInSuperview)) return nullptr;
+    const Point point = coordinates().fromSuperview(pointInSuperview);
+    const Corner* const corner = cornerNear(point);
+    return corner ? corner->control->hitTest(point) : this;
+}
+
+void CurveNumbers::mouseMoved(const Event& event) {
+    pointer_ = coordinates().fromWindow(event.locationInWindow);
+    const Corner* const corner = cornerNear(*pointer_);
+    used_ = corner ? corner->handle : nullptr;
+    showReading();
+}
+
+void CurveNumbers::mouseDragged(const Event& event) {
+    mouseMoved(event);
+}
+
+void CurveNumbers::mouseExited(const Event&) {
+    pointer_.reset();
+    used_ = nullptr;
+    for (const Corner& corner : corners_)
+        if (corner.handle->highlit()) used_ = corner.handle;
+    showReading();
+}
+
+double CurveNumbers::pointerX(const Event& event) const {
+    return coordinates().fromWindow(event.locationInWindow).x;
+}
+
+void CurveNumbers::cornerDidChange(CurveCorner&) {
+    if (isHidden()) return;
+    placeCorners();
+    showReading();
+}
+
+void CurveNumbers::cornerWasUsed(CurveCorner& corner) {
+    used_ = &corner;
+    if (!isHidden()) showReading();
+}
+
+// What came from the unit during a press was not shown.
+void CurveNumbers::cornerWasLeft(CurveCorner& corner) {
+    if (corner.highlit()) return corner.setFloatValue(values_.memoized(corner.parameter().pid));
+    if (used_ == &corner && !corner.isPressed() && !corner.isHovered()) used_ = nullptr;
+    showReading();
+}
+
+void CurveNumbers::followMember(const QVMParameterControl& member) {
+    for (const Corner& corner : corners_)
+        if (corner.listed == &member && !corner.handle->isPressed()) corner.control->setFloatValue(member.floatValue());
+}
+
+void CurveNumbers::forgetMember(const QVMParameterControl& member) {
+    for (Corner& corner : corners_)
+        if (corner.listed == &member) corner.listed = nullptr;
+}
+
+void CurveNumbers::showReading() {
+    const auto used =
+        std::find_if(corners_.begin(), corners_.end(), [this](const Corner& corner) { return corner.handle == used_; });
+    if (isHidden() || scale_.isEmpty())
+        readout_.hide();
+    else if (used != corners_.end())
+        readout_.show(readingOf(*used));
+    else if (pointer_)
+        readout_.show(readingAt(scale_.hertzAt(pointer_->x)));
+    else
+        readout_.hide();
+    marks_.giveWayTo(readout_.plateFrame());
+}
+
+CurveReadout::Content CurveNumbers::readingOf(const Corner& corner) const {
+    const CurveCorner& handle = *corner.handle;
+    const QVMParameter& parameter = handle.parameter();
+    const double hertz = double{handle.floatValue()};
+    CurveReadout::Content content = readingAt(hertz);
+    content.at.x = corner.center.x;
+    if (handle.displayingTransientBufferValue() || isOff(corner.shape, hertz)) {
+        const bool isTyped = handle.displayingTransientBufferValue();
+        content.frequency = isTyped ? handle.typedText() + "|" : parameter.stringForValue(handle.floatValue());
+        content.level = content.note = {};
+        return content;
+    }
+    content.cents = centsText(nearestNote(hertz).cents);
+    return content;
+}
+
+// A point of the screen is most of a semitone, so where the pointer is there are no cents to tell.
+CurveReadout::Content CurveNumbers::readingAt(double hertz) const {
+    const CurveReading reading = readCurve(curve(), hertz);
+    const double y = std::clamp(scale_.size.height * (1 - reading.height), 0.0, scale_.size.height);
+    return {
+        {scale_.xOf(hertz), y}, frequencyText(hertz), levelText(double{reading.gainDb}), nearestNote(hertz).name, {}};
+}
+
+} // namespace QVM_NAMESPACE
