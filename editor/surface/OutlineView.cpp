@@ -48,10 +48,6 @@ std::shared_ptr<Layer> makeLayer(const char* name, double radius, Layer& parent)
     return made;
 }
 
-char32_t smallLetter(char32_t letter) {
-    return letter >= U'A' && letter <= U'Z' ? letter - U'A' + U'a' : letter;
-}
-
 void place(Layer& mark, const std::optional<Rect>& frame) {
     mark.setHidden(!frame);
     if (frame) mark.setFrame(*frame);
@@ -193,49 +189,19 @@ void OutlineView::select(std::optional<std::uint32_t> id) {
     if (bottom > offset_ + bounds().height) scrollTo(bottom - bounds().height);
 }
 
-bool OutlineView::moveSelection(int places) {
+OutlineWalk OutlineView::walk() {
     layOut();
-    const std::vector<const Row*> all = leaves();
-    if (all.empty()) return false;
-    const auto present = std::ranges::find(all, rowOf(selection_));
-    std::ptrdiff_t index = places > 0 ? 0 : std::ssize(all) - 1;
-    if (present != all.end())
-        index = std::clamp<std::ptrdiff_t>(present - all.begin() + places, 0, std::ssize(all) - 1);
-    return choose(*all[static_cast<std::size_t>(index)]);
-}
-
-bool OutlineView::moveSelectionTo(End end) {
-    layOut();
-    const std::vector<const Row*> all = leaves();
-    return !all.empty() && choose(end == End::first ? *all.front() : *all.back());
-}
-
-bool OutlineView::chooseStartingWith(char32_t letter) {
-    layOut();
-    std::vector<const Row*> all = leaves();
-    const auto present = std::ranges::find(all, rowOf(selection_));
-    if (present != all.end()) std::ranges::rotate(all, present + 1);
-    const auto starts = [wanted = smallLetter(letter)](const Row* row) {
-        std::string_view name = row->name;
-        const std::optional<char32_t> first = name.empty() ? std::nullopt : takeUtf8Character(name);
-        return first && smallLetter(*first) == wanted;
-    };
-    const auto found = std::ranges::find_if(all, starts);
-    return found != all.end() && choose(**found);
-}
-
-std::vector<const OutlineView::Row*> OutlineView::leaves() const {
-    std::vector<const Row*> all;
+    OutlineWalk walk{{}, selection_};
     for (const Row& row : rows_)
-        if (row.id) all.push_back(&row);
-    return all;
+        if (row.id) walk.leaves.push_back({*row.id, row.name});
+    return walk;
 }
 
-bool OutlineView::choose(const Row& leaf) {
-    const std::uint32_t id = *leaf.id;
-    if (selection_ == id) return true;
+bool OutlineView::choose(std::optional<std::uint32_t> id) {
+    if (id == selection_) return id.has_value();
+    if (!id) return false;
     select(id);
-    if (chosen_) chosen_(id);
+    if (chosen_) chosen_(*id);
     return true;
 }
 

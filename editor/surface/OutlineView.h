@@ -7,6 +7,7 @@
 
 #include "editor/surface/EdgeFades.h"
 #include "editor/surface/OutlineItem.h"
+#include "editor/surface/OutlineWalk.h"
 #include "editor/surface/ThemedView.h"
 #include "platform/layer/TextLayer.h"
 
@@ -36,14 +37,9 @@ public:
     // Marks a leaf without telling anyone; none, or an unknown one, marks nothing. Brings the mark into view.
     void select(std::optional<std::uint32_t> id);
     std::optional<std::uint32_t> selection() const { return selection_; }
-    // Chooses the leaf so many places behind the selected one, stopping at the ends; true when there is one.
-    bool moveSelection(int places);
-    // Chooses the first or the last leaf; true when there is one.
-    enum class End : bool { first, last };
-    bool moveSelectionTo(End end);
-    // Chooses the next leaf behind the selected one, from the first one on behind the last, whose title begins with a
-    // letter, capital or small; false when there is none.
-    bool chooseStartingWith(char32_t letter);
+    // Where keys lead from here, and going there: the goal is chosen unless it is already. True when there is one.
+    OutlineWalk walk();
+    bool choose(std::optional<std::uint32_t> id);
 
     // The rows' frames in own coordinates as they are scrolled now; empty for what is folded or unknown.
     Rect frameOfLeaf(std::uint32_t id);
@@ -81,8 +77,6 @@ private:
 
     void layOut();
     void addRow(const OutlineItem& item, std::size_t section, bool isTitle, double& y);
-    std::vector<const Row*> leaves() const;
-    bool choose(const Row& leaf);
     void style();
     void styleRow(const Row& row) const;
     void placeMarks();

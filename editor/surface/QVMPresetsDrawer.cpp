@@ -165,9 +165,9 @@ bool QVMPresetsDrawer::keyDown(const Event& event) {
     case Key::codeTab: // would walk through controls that cannot be used now
         return true;
     case Key::codeHome:
-        return outline_->moveSelectionTo(OutlineView::End::first);
+        return outline_->choose(outline_->walk().toFirst());
     case Key::codeEnd:
-        return outline_->moveSelectionTo(OutlineView::End::last);
+        return outline_->choose(outline_->walk().toLast());
     default:
         return chooseByLetter(event);
     }
@@ -177,7 +177,7 @@ bool QVMPresetsDrawer::chooseByLetter(const Event& event) {
     const bool isPlain = !event.has(EventModifier::option) && !event.has(EventModifier::control) &&
                          !event.has(EventModifier::numericPad) && event.charactersIgnoringModifiers.size() == 1;
     return isPlain && event.charactersIgnoringModifiers.front() > U' ' &&
-           outline_->chooseStartingWith(event.charactersIgnoringModifiers.front());
+           outline_->choose(outline_->walk().toLetter(event.charactersIgnoringModifiers.front()));
 }
 
 bool QVMPresetsDrawer::performKeyEquivalent(const Event& event) {
@@ -186,7 +186,7 @@ bool QVMPresetsDrawer::performKeyEquivalent(const Event& event) {
     if (!visible() || !isArrow) return false;
     const char32_t arrow = event.charactersIgnoringModifiers.front();
     if (arrow != Key::up && arrow != Key::down) return false;
-    return outline_->moveSelection(arrow == Key::down ? 1 : -1);
+    return outline_->choose(outline_->walk().by(arrow == Key::down ? 1 : -1));
 }
 
 void QVMPresetsDrawer::mouseDown(const Event& event) {

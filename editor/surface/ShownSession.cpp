@@ -108,7 +108,7 @@ void ShownSession::presetListDidChange() {
 }
 
 void ShownSession::presetWasRefused(const std::string& what, const std::string& why) {
-    ui_.showNotice(what, why);
+    ui_.parts().showNotice(what, why);
 }
 
 void ShownSession::settingsWereRefused(const std::string& why) {

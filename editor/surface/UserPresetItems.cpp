@@ -34,7 +34,7 @@ void deleteCurrent(QVMGenericUI& ui) {
     PresetSession& presets = ui.session().presets();
     const std::string name = presets.list().nameOf(presets.current());
     presets.removeCurrent();
-    if (presets.list().user().removed() == name) ui.showNotice("Deleted", name + " can be put back from the menu");
+    if (presets.list().user().removed() == name) ui.parts().showNotice("Deleted", name + " can be put back from the menu");
 }
 
 void putBack(QVMGenericUI& ui) {

@@ -123,10 +123,10 @@ TEST_F(OutlineViewTest, SelectingTellsNobodyAndBringsTheRowIntoView) {
 }
 
 TEST_F(OutlineViewTest, KeysMoveTheSelectionAcrossSectionsAndStopAtTheEnds) {
-    EXPECT_TRUE(outline_->moveSelection(1));
+    EXPECT_TRUE(outline_->choose(outline_->walk().by(1)));
     EXPECT_EQ(outline_->selection(), 0u);
     for (int i = 0; i < 20; ++i)
-        outline_->moveSelection(1);
+        outline_->choose(outline_->walk().by(1));
     EXPECT_EQ(outline_->selection(), 11u);
     EXPECT_EQ(chosen_.size(), 12u); // nothing is chosen again at the end
     EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfLeaf(11)));
@@ -173,26 +173,26 @@ TEST_F(OutlineViewTest, TheRowUnderThePointerLightsUp) {
 }
 
 TEST_F(OutlineViewTest, ItsEndsAreChosenAtOnce) {
-    EXPECT_TRUE(outline_->moveSelectionTo(OutlineView::End::last));
+    EXPECT_TRUE(outline_->choose(outline_->walk().toLast()));
     EXPECT_EQ(outline_->selection(), 11u);
     EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfLeaf(11)));
-    EXPECT_TRUE(outline_->moveSelectionTo(OutlineView::End::first));
-    EXPECT_TRUE(outline_->moveSelectionTo(OutlineView::End::first));
+    EXPECT_TRUE(outline_->choose(outline_->walk().toFirst()));
+    EXPECT_TRUE(outline_->choose(outline_->walk().toFirst()));
     EXPECT_EQ(chosen_, (std::vector<std::uint32_t>{11, 0})) << "what is chosen is not chosen again";
     outline_->setItems({});
-    EXPECT_FALSE(outline_->moveSelectionTo(OutlineView::End::last));
+    EXPECT_FALSE(outline_->choose(outline_->walk().toLast()));
 }
 
 TEST_F(OutlineViewTest, ALetterChoosesTheNextLeafThatBeginsWithIt) {
     outline_->setItems({{"First", "", {}, {{"Air", "", 0, {}}, {"bass", "", 1, {}}, {"Bright", "", 2, {}}}},
                         {"Second", "", {}, {{"Berlin", "", 3, {}}}}});
     for (const char32_t letter : {U'b', U'b', U'B', U'b'})
-        EXPECT_TRUE(outline_->chooseStartingWith(letter));
+        EXPECT_TRUE(outline_->choose(outline_->walk().toLetter(letter)));
     EXPECT_EQ(chosen_, (std::vector<std::uint32_t>{1, 2, 3, 1})) << "from the first one on behind the last";
-    EXPECT_FALSE(outline_->chooseStartingWith(U'x'));
-    EXPECT_FALSE(outline_->chooseStartingWith(U'f')) << "a section's title is none";
+    EXPECT_FALSE(outline_->choose(outline_->walk().toLetter(U'x')));
+    EXPECT_FALSE(outline_->choose(outline_->walk().toLetter(U'f'))) << "a section's title is none";
     EXPECT_EQ(outline_->selection(), 1u);
-    EXPECT_TRUE(outline_->chooseStartingWith(U'a'));
+    EXPECT_TRUE(outline_->choose(outline_->walk().toLetter(U'a')));
 }
 
 TEST_F(OutlineViewTest, FadesAtAnEndThatHidesMore) {

@@ -231,8 +231,8 @@ TEST_F(UserPresetsInDrawer, WhatTheDiskRefusesIsToldAndTheNameStaysToBeTyped) {
     store_.fault = std::make_error_code(std::errc::no_space_on_device);
     save("Warm");
     EXPECT_TRUE(drawer().nameField());
-    EXPECT_FALSE(ui_->notice()->isHidden());
-    EXPECT_EQ(ui_->notice()->why(), store_.fault.message());
+    EXPECT_FALSE(ui_->parts().notice()->isHidden());
+    EXPECT_EQ(ui_->parts().notice()->why(), store_.fault.message());
     EXPECT_EQ(shownName(), "Default");
 }
 
@@ -246,7 +246,7 @@ TEST_F(UserPresetsInDrawer, OnlyTheUsersCanBeDeletedAndOnlyOncePutBack) {
     EXPECT_EQ(lastSection().title, "Speakers");
     EXPECT_EQ(shownName(), "Warm");
     EXPECT_TRUE(dirty());
-    EXPECT_EQ(ui_->notice()->why(), "Warm can be put back from the menu");
+    EXPECT_EQ(ui_->parts().notice()->why(), "Warm can be put back from the menu");
     EXPECT_EQ(menuItem("Put back").title, "Put back “Warm”");
     choose("Put back");
     EXPECT_THAT(lastTitles(), ElementsAre("User", "Warm"));
