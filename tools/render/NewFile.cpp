@@ -47,7 +47,7 @@ std::string whyNotWritten(const std::string& path, Replace replace) {
     return replace == Replace::yes ? "" : "it is there already, and --force would replace it";
 }
 
-NewFile::NewFile(std::string path, Way mostly) : path_(resolved(path)) {
+NewFile::NewFile(const std::string& path, Way mostly) : path_(resolved(path)) {
     if (mostly == Way::nameless) open(Way::nameless);
     if (descriptor_ < 0) open(Way::hidden);
     if (descriptor_ < 0) problem_ = lastError();

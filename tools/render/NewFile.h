@@ -19,7 +19,7 @@ public:
     enum class Way : unsigned char { nameless, hidden };
 
     // What stands at the path now is not touched. `mostly` is for tests.
-    explicit NewFile(std::string path, Way mostly = Way::nameless);
+    explicit NewFile(const std::string& path, Way mostly = Way::nameless);
     ~NewFile();
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;

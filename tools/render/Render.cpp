@@ -86,6 +86,7 @@ int renderAll(std::deque<Job>& jobs, const RenderOptions& options, const Console
         isHeard = report.isHeard();
     }
     std::vector<RenderResult> results;
+    results.reserve(jobs.size());
     for (Job& job : jobs)
         results.push_back(std::move(job.result));
     const int told = options.json ? console.print(resultsJson(results, options)) : exitSuccess;
