@@ -47,6 +47,7 @@ struct LayerPlacer::Space {
 
 struct LayerPlacer::Legible {
     const Layer* layer;
+    PresentedLayer presented;
     Space outer;
     double opacity;
 };
@@ -72,23 +73,23 @@ Rect LayerPlacer::place(const Layer& root, double time) {
 // Places a layer with all that is in it and returns the pixels that can be touched.
 Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
     if (layer.isHidden()) return {};
-    const double opacity = std::min(layer.presentation(time_).opacity, 1.0);
+    PresentedLayer presented = layer.presentation(time_);
+    const double opacity = std::min(presented.opacity, 1.0);
     if (!(opacity > 0)) return {};
     const double least = groupOpacity_ < 1 ? leastOpacityOf(layer) : 0;
-    if (least == 0) return visitShown(layer, outer, opacity);
-    legible_.push_back({&layer, outer, std::max(groupOpacity_ * opacity, least)});
+    if (least == 0) return visitShown(layer, std::move(presented), outer, opacity);
+    legible_.push_back({&layer, std::move(presented), outer, std::max(groupOpacity_ * opacity, least)});
     return {};
 }
 
 Rect LayerPlacer::placeLegible() {
     Rect touched;
     for (const Legible& each : std::exchange(legible_, {}))
-        touched = touched.unionWith(visitShown(*each.layer, each.outer, each.opacity));
+        touched = touched.unionWith(visitShown(*each.layer, each.presented, each.outer, each.opacity));
     return touched;
 }
 
-Rect LayerPlacer::visitShown(const Layer& layer, const Space& outer, double opacity) {
-    PresentedLayer presented = layer.presentation(time_);
+Rect LayerPlacer::visitShown(const Layer& layer, PresentedLayer presented, const Space& outer, double opacity) {
     // Dashes march by steps too small to be seen, so that not every frame needs a raster of its own.
     presented.lineDashPhase =
         toWholePixel(presented.lineDashPhase * dashSteps * cache_.scale()) / (dashSteps * cache_.scale());

@@ -30,7 +30,7 @@ private:
     struct Legible; // a layer that is placed above the faint group that it is in
 
     Rect visit(const Layer& layer, const Space& outer);
-    Rect visitShown(const Layer& layer, const Space& outer, double opacity);
+    Rect visitShown(const Layer& layer, PresentedLayer presented, const Space& outer, double opacity);
     Rect placeLegible();
     Rect placeLook(const Layer& layer, const PresentedLayer& presented, const Space& own, double opacity);
     void pushClip(const Layer& layer, const PresentedLayer& presented, const Space& own);
