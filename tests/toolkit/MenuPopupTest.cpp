@@ -129,8 +129,8 @@ TEST_F(MenuPopupListTest, PresentChoiceStandsUnderThePointer) {
 
 TEST_F(MenuPopupListTest, MenuStaysInTheWindowAndClearOfThePointerWhereThereIsNoRoom) {
     const FakeDisplay display;
-    for (const Point at : {Point{295, 195}, Point{1, 2}}) {
-        rowsWithChecked(1, at);
+    for (const auto& [at, index] : {std::pair(Point{150, 180}, 0u), {Point{60, 20}, 3u}, {Point{299, 199}, 1u}}) {
+        rowsWithChecked(index, at);
         EXPECT_TRUE(component->getLocalBounds().reduced(4).contains(room)) << at.x;
         EXPECT_FALSE(room.contains(static_cast<int>(at.x), static_cast<int>(at.y))) << at.x;
     }
