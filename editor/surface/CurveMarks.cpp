@@ -42,13 +42,15 @@ void CurveMarks::follow(const QVMFreqResp& display, const Rect& keptFree) {
         drawTicks();
         show(frequencies_, frequencyTexts_);
     }
+    if (scale == levelScale_ && display.referenceLevel == reference_ && keptFree == keptFree_) return;
+    levelScale_ = scale;
+    reference_ = display.referenceLevel;
+    keptFree_ = keptFree;
     std::vector<float> levels = display.gridLevels();
-    levels.push_back(display.referenceLevel);
+    levels.push_back(reference_);
     std::sort(levels.begin(), levels.end());
     const std::array kept = {keptFree};
-    std::vector<CurveMark> marks = levelMarks(scale, levels, display.referenceLevel, kept);
-    if (marks == levels_) return;
-    levels_ = std::move(marks);
+    levels_ = levelMarks(scale, levels, reference_, kept);
     show(levels_, levelTexts_);
 }
 

@@ -42,7 +42,10 @@ private:
     std::shared_ptr<ShapeLayer> ticks_;
     Texts frequencyTexts_, levelTexts_; // made when they are first shown
     std::vector<CurveMark> frequencies_, levels_;
-    CurveScale scale_;  // that the frequencies stand on
+    CurveScale scale_;      // that the frequencies stand on
+    CurveScale levelScale_; // and the levels; the next two are theirs as well
+    float reference_ = 0;   // dB
+    Rect keptFree_;
     double pixels_ = 0; // a point, for which the ticks are drawn
     Color color_;
     Rect over_; // what marks give way to

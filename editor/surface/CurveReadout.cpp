@@ -1,6 +1,6 @@
 #include "editor/surface/CurveReadout.h"
 
-#include "editor/surface/CurveTexts.h"
+#include "editor/surface/FrameButton.h"
 #include "platform/layer/ShapeLayer.h"
 #include "platform/layer/TextLayer.h"
 #include "platform/layer/TextMetrics.h"
@@ -15,8 +15,9 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kFontSize = 10, kPlateHeight = 16, kPlateRadius = 4, kPadding = 6, kColumnGap = 7; // points
-constexpr double kEdge = 4;                    // points, between the plate and the box
+constexpr double kFontSize = 10, kPlateHeight = FrameButton::size.height, kPlateRadius = 4, kPadding = 6,
+                 kColumnGap = 7;               // points
+constexpr double kEdge = FrameButton::inset;   // points, between the plate and the box; in line with the button
 constexpr double kFloor = 14;                  // points at the lower edge that the frequencies have
 constexpr double kClearance = 9;               // points, from the plate to what is read
 constexpr double kDotSize = 7, kDotRing = 1.5; // points
@@ -73,6 +74,7 @@ void CurveReadout::setColors(Color ground) {
 }
 
 void CurveReadout::layOutIn(Size box, const Rect& keptFree) {
+    if (box == box_ && keptFree == keptFree_) return;
     box_ = box;
     keptFree_ = keptFree;
     layer_->setFrame({0, 0, box.width, box.height});
