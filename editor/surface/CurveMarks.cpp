@@ -5,7 +5,6 @@
 #include "theme/Colors.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -67,16 +66,21 @@ void CurveMarks::show(const std::vector<CurveMark>& marks, Texts& texts) {
             layer_->tree().add(shown);
         }
         shown->setFrame(mark.box);
-        shown->setHidden(mark.box.intersects(over_));
+        shown->setHidden(isCovered(mark));
     }
 }
 
-void CurveMarks::giveWayTo(const Rect& box) {
-    if (std::exchange(over_, box) == box) return;
+void CurveMarks::giveWayTo(std::vector<Rect> boxes) {
+    if (boxes == over_) return;
+    over_ = std::move(boxes);
     for (const CurveMark& mark : frequencies_)
-        frequencyTexts_.at(mark.text)->setHidden(mark.box.intersects(box));
+        frequencyTexts_.at(mark.text)->setHidden(isCovered(mark));
     for (const CurveMark& mark : levels_)
-        levelTexts_.at(mark.text)->setHidden(mark.box.intersects(box));
+        levelTexts_.at(mark.text)->setHidden(isCovered(mark));
+}
+
+bool CurveMarks::isCovered(const CurveMark& mark) const {
+    return std::ranges::any_of(over_, [&](const Rect& box) { return box.intersects(mark.box); });
 }
 
 std::vector<CurveMark> CurveMarks::marks() const {

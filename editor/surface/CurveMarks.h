@@ -26,8 +26,8 @@ public:
 
     // Where the display's grid and frequencies are now. The box is to be kept free, whatever stands there.
     void follow(const QVMFreqResp& display, const Rect& keptFree);
-    // Hides the marks that something over the curve would cut; an empty box hides none.
-    void giveWayTo(const Rect& box);
+    // Hides the marks that something over the curve would cut; empty boxes hide none.
+    void giveWayTo(std::vector<Rect> boxes);
 
     // Those that are shown, whether or not they give way at the moment.
     std::vector<CurveMark> marks() const;
@@ -37,6 +37,7 @@ private:
 
     void show(const std::vector<CurveMark>& marks, Texts& texts);
     void drawTicks();
+    bool isCovered(const CurveMark& mark) const;
 
     std::shared_ptr<Layer> layer_;
     std::shared_ptr<ShapeLayer> ticks_;
@@ -48,7 +49,7 @@ private:
     Rect keptFree_;
     double pixels_ = 0; // a point, for which the ticks are drawn
     Color color_;
-    Rect over_; // what marks give way to
+    std::vector<Rect> over_; // what marks give way to
 };
 
 } // namespace QVM_NAMESPACE

@@ -11,6 +11,7 @@
 #include "viz/sketches/QVMParameterSketch.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -33,6 +34,13 @@ constexpr float kMarkAlpha = 0.7f;
 // A filter whose corner is at its end of the band is off.
 bool isOff(CurveCorner::Shape shape, double hertz) {
     return shape == CurveCorner::Shape::ring && (hertz <= model::lowestHertz || hertz >= model::highestHertz);
+}
+
+// The button in the corner has its place for itself.
+Point below(Point center, const Rect& button) {
+    constexpr double reach = CurveCorner::discRadius + 2;
+    if (!button.insetBy(-reach, -reach).contains(center)) return center;
+    return {center.x, button.maxY() + reach};
 }
 
 // Moves `center` up or down until it is clear of `other`; down, where there is room.
@@ -127,11 +135,13 @@ double CurveNumbers::yAt(double hertz) const {
 // A filter's makes room for a tilt's.
 void CurveNumbers::placeCorners() {
     if (isHidden() || scale_.isEmpty()) return;
+    const Rect button = FrameButton::placeIn(bounds(), FrameButton::inset);
     const double lowest = scale_.size.height - kBottom, pixels = layer()->look().contentsScale();
     for (Corner& corner : corners_) {
         const double hertz = double{corner.handle->floatValue()};
-        Point center = {std::clamp(scale_.xOf(hertz), kSide, scale_.size.width - kSide),
-                        std::clamp(yAt(hertz), kTop, lowest)};
+        const Point onCurve = {std::clamp(scale_.xOf(hertz), kSide, scale_.size.width - kSide),
+                               std::clamp(yAt(hertz), kTop, lowest)};
+        Point center = below(onCurve, button);
         if (corner.shape == CurveCorner::Shape::ring)
             for (const Corner& other : corners_)
                 if (other.shape == CurveCorner::Shape::disc) center = clearOf(center, other.center, lowest);
@@ -224,7 +234,16 @@ void CurveNumbers::showReading() {
         readout_.show(readingAt(scale_.hertzAt(pointer_->x)));
     else
         readout_.hide();
-    marks_.giveWayTo(readout_.plateFrame());
+    letMarksGiveWay();
+}
+
+void CurveNumbers::letMarksGiveWay() {
+    constexpr double radius = CurveCorner::discRadius;
+    const std::array shown = readout_.frames();
+    std::vector<Rect> over(shown.begin(), shown.end());
+    for (const Corner& corner : corners_)
+        over.push_back({corner.center.x - radius, corner.center.y - radius, 2 * radius, 2 * radius});
+    marks_.giveWayTo(std::move(over));
 }
 
 CurveReadout::Content CurveNumbers::readingOf(const Corner& corner) const {

@@ -77,6 +77,7 @@ private:
     void placeCorners();
     const Corner* cornerNear(Point point) const;
     void showReading();
+    void letMarksGiveWay();
     CurveReadout::Content readingOf(const Corner& corner) const;
     CurveReadout::Content readingAt(double hertz) const;
 

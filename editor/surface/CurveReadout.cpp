@@ -130,8 +130,9 @@ void CurveReadout::placeColumns() {
     plateWidth_ = x + kPadding;
 }
 
-Rect CurveReadout::plateFrame() const {
-    return isShown_ ? plate_->frame() : Rect{};
+std::array<Rect, 2> CurveReadout::frames() const {
+    if (!isShown_) return {};
+    return {plate_->frame(), hairLine_->frame()};
 }
 
 void CurveReadout::place() {

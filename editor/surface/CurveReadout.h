@@ -37,8 +37,8 @@ public:
     void hide();
     bool isShown() const { return isShown_; }
     const Content& content() const { return content_; }
-    // The plate while it is shown, empty otherwise.
-    Rect plateFrame() const;
+    // The plate and the hair line while they are shown, empty otherwise.
+    std::array<Rect, 2> frames() const;
 
 private:
     enum Column : std::size_t { frequency, level, note, columns };

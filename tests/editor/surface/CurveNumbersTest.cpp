@@ -145,12 +145,13 @@ TEST_F(CurveNumbersTest, ThePlateKeepsAwayFromTheFrameButtonAndMarksGiveWayToIt)
         frames(1);
         for (double x = 0; x < 200; x += 5) {
             pointTo({x, 140});
-            const Rect plate = readout().plateFrame();
+            const auto [plate, hairLine] = readout().frames();
             ASSERT_TRUE((Rect{0, 0, 200, 200}.contains(plate))) << x;
             ASSERT_FALSE(plate.intersects(button)) << x;
             for (const auto& layer : numbers().marks().layer()->tree().sublayers()) {
                 const bool isMark = !layer->isHidden() && layer->name().starts_with("curveMark:");
                 ASSERT_FALSE(isMark && layer->frame().intersects(plate)) << layer->name() << " at " << x;
+                ASSERT_FALSE(isMark && layer->frame().intersects(hairLine)) << layer->name() << " at " << x;
             }
         }
     }
@@ -181,6 +182,27 @@ TEST_F(CurveNumbersTest, NoTwoCornersStandInTheSamePlace) {
                 const Point a = middleOf(corner(one)), b = middleOf(corner(other));
                 if (one == other) continue;
                 EXPECT_GE(std::hypot(a.x - b.x, a.y - b.y), 2 * CurveCorner::discRadius) << high;
+            }
+        }
+    }
+}
+
+TEST_F(CurveNumbersTest, NoCornerStandsBelowTheFrameButtonOrCutsAMark) {
+    const Rect button = FrameButton::placeIn({0, 0, 200, 200}, FrameButton::inset);
+    for (const float gain : {0.0f, 6.0f, 18.0f, -18.0f}) {
+        for (const float low : {10.0f, 12.0f, 16.0f, 40.0f}) {
+            hostSets(pidTiltGain, gain);
+            hostSets(pidTiltRangeLow, GetParameter(pidTiltRangeLow)->reverseCastValue(low));
+            frames(0.3);
+            for (const std::uint32_t pid : {pidTiltRangeLow, pidTiltRangeHigh, pidFilterRangeLow, pidFilterRangeHigh}) {
+                const Point center = middleOf(corner(pid));
+                constexpr double radius = CurveCorner::discRadius;
+                const Rect disc = {center.x - radius, center.y - radius, 2 * radius, 2 * radius};
+                ASSERT_FALSE(disc.intersects(button)) << pid << " at " << gain;
+                for (const auto& layer : numbers().marks().layer()->tree().sublayers()) {
+                    const bool isMark = !layer->isHidden() && layer->name().starts_with("curveMark:");
+                    ASSERT_FALSE(isMark && layer->frame().intersects(disc)) << layer->name() << ", " << gain;
+                }
             }
         }
     }
