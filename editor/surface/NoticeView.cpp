@@ -1,5 +1,6 @@
 #include "editor/surface/NoticeView.h"
 
+#include "editor/surface/ElidedText.h"
 #include "editor/surface/LabelLayer.h"
 #include "platform/layer/TextLayer.h"
 #include "platform/layer/TextMetrics.h"
@@ -36,7 +37,6 @@ void NoticeView::show(std::string what, std::string why) {
     what_ = std::move(what);
     why_ = std::move(why);
     themeUpdated();
-    layOut();
     layer()->animations().removeAll();
     setAlpha(1);
     setHidden(false);
@@ -52,6 +52,10 @@ void NoticeView::placeIn(const Rect& place) {
 }
 
 void NoticeView::layOut() {
+    if (place_.isEmpty()) return;
+    const Font font = QVMUITheme::appropriateFontForValueSizeIconSize(why_, lineSize, lineSize);
+    const std::string shown = elided(why_, font, place_.width - 2 * (sideGap + inset));
+    line_->setString(AttributedString(shown, font, QVMUITheme::theme().textColor));
     const double wanted = std::max(sizeOf(head_->string()).width, sizeOf(line_->string()).width) + 2 * inset;
     const double width = std::min(std::ceil(wanted), place_.width - 2 * sideGap);
     setFrame({place_.x + std::floor((place_.width - width) / 2), place_.y + topGap, width, height});
@@ -68,8 +72,7 @@ void NoticeView::themeUpdated() {
                           theme.labelColorGivenInk(palette.headingInk));
     head.runs.front().kern = headKern;
     head_->setString(head);
-    line_->setString(AttributedString(why_, QVMUITheme::appropriateFontForValueSizeIconSize(why_, lineSize, lineSize),
-                                      theme.textColor));
+    layOut();
 }
 
 } // namespace QVM_NAMESPACE

@@ -19,7 +19,6 @@ constexpr double topPadding = 8, bottomPadding = 12, sectionGap = 9;
 constexpr double titleHeight = 19, nameHeight = 17, noteHeight = 13, noteOverlap = 1;
 constexpr double titleX = 14, nameX = 18, textRight = 12;
 constexpr double markInset = 8;
-constexpr double thumbWidth = 3, thumbInset = 3, thumbGrasp = 10, shortestThumb = 24;
 constexpr double pointsALine = 17;
 constexpr double titleSize = 11, titleKern = 1, nameSize = 14, noteSize = 10.5;
 constexpr float thumbAlpha = 0.55f;
@@ -62,8 +61,8 @@ OutlineView::OutlineView(const Rect& frame) : ThemedView(frame) {
     hoverMark_ = makeLayer("hoverMark", radii::mark, *list_);
     selectionMark_ = makeLayer("selectionMark", radii::mark, *list_);
     fades_.emplace(*layer(), bounds());
-    thumb_ = makeLayer("thumb", thumbWidth / 2, *layer());
-    for (const auto& mark : {hoverMark_, selectionMark_, thumb_})
+    thumb_.emplace(*layer());
+    for (const auto& mark : {hoverMark_, selectionMark_})
         mark->setHidden(true);
 }
 
@@ -106,14 +105,22 @@ void OutlineView::layOut() {
 void OutlineView::addRow(const OutlineItem& item, std::size_t section, bool isTitle, double& y) {
     const double x = isTitle ? titleX : nameX, width = bounds().width - x - textRight;
     const double height = isTitle ? titleHeight : nameHeight;
-    Row row{section, isTitle, item.id, {markInset, y, bounds().width - 2 * markInset, height}, item.title, nullptr, nullptr};
+    const auto fitted = [&](const std::string& text, const Font& font) {
+        return item.fit == OutlineItem::Fit::cut ? elided(text, font, width) : text;
+    };
+    Row row{section,
+            isTitle,
+            item.id,
+            {markInset, y, bounds().width - 2 * markInset, height},
+            isTitle ? capitals(item.title) : fitted(item.title, nameFont()),
+            nullptr,
+            nullptr};
     row.title = makeText({x, y, width, height});
     row.title->setName(item.title);
-    if (isTitle) row.title->setString({capitals(item.title), {}, {}});
     list_->tree().add(row.title);
     if (!item.note.empty()) {
         row.note = makeText({x, y + height - noteOverlap, width, noteHeight});
-        row.note->setString({elided(item.note, noteFont(), width), {}, {}});
+        row.note->setString({fitted(item.note, noteFont()), {}, {}});
         list_->tree().add(row.note);
         row.frame.height += noteHeight;
     }
@@ -125,7 +132,7 @@ void OutlineView::style() {
     const QVMPalette& palette = QVMUITheme::theme().palette;
     hoverMark_->look().setBackgroundColor(palette.hover);
     selectionMark_->look().setBackgroundColor(palette.drawerSelection);
-    thumb_->look().setBackgroundColor(palette.tick.withAlpha(thumbAlpha));
+    thumb_->setColor(palette.tick.withAlpha(thumbAlpha));
     fades_->setGround(palette.drawer);
     for (const Row& row : rows_)
         styleRow(row);
@@ -135,13 +142,13 @@ void OutlineView::style() {
 void OutlineView::styleRow(const Row& row) const {
     const QVMUITheme& theme = QVMUITheme::theme();
     if (row.isTitle) {
-        AttributedString title(row.title->string().string(), QVMUITheme::unitFontOfSize(titleSize), titleColor_);
+        AttributedString title(row.name, QVMUITheme::unitFontOfSize(titleSize), titleColor_);
         title.runs.front().kern = titleKern;
         return row.title->setString(title);
     }
     const bool isChosen = row.id && row.id == selection_;
     const Color ink = row.id ? theme.textColor : theme.palette.note;
-    row.title->setString(presetNameText(elided(row.name, nameFont(), row.title->frame().width), nameFont(),
+    row.title->setString(presetNameText(row.name, nameFont(),
                                         isChosen ? theme.backgroundColor : ink));
     if (!row.note) return;
     row.note->setString(
@@ -240,7 +247,8 @@ double OutlineView::greatestOffset() const {
 void OutlineView::scrollTo(double offset) {
     offset_ = std::round(std::clamp(offset, 0.0, greatestOffset()));
     list_->setFrame({0, -offset_, bounds().width, height_});
-    placeThumb();
+    thumb_->place(bounds().size(), height_, offset_);
+    fades_->update(offset_, greatestOffset() - offset_);
     placeInlay();
 }
 
@@ -257,18 +265,6 @@ void OutlineView::placeInlay() {
     if (inlay_) inlay_->setFrame({0, inlayTop_ - offset_, inlay_->frame().width, inlay_->frame().height});
 }
 
-Rect OutlineView::thumbFrame() const {
-    const double track = bounds().height - 2 * thumbInset;
-    const double length = std::max(shortestThumb, track * bounds().height / std::max(height_, 1.0));
-    const double travelled = greatestOffset() > 0 ? offset_ / greatestOffset() : 0;
-    return {bounds().width - thumbInset - thumbWidth, thumbInset + travelled * (track - length), thumbWidth, length};
-}
-
-void OutlineView::placeThumb() {
-    place(*thumb_, greatestOffset() > 0 ? std::optional(thumbFrame()) : std::nullopt);
-    fades_->update(offset_, greatestOffset() - offset_);
-}
-
 void OutlineView::scrollWheel(const Event& event) {
     const double points = event.hasPreciseScrollingDeltas ? 1 : pointsALine;
     scrollTo(offset_ - event.scrollingDeltaY * points);
@@ -278,12 +274,7 @@ void OutlineView::scrollWheel(const Event& event) {
 void OutlineView::mouseDown(const Event& event) {
     if (window() && !window()->isKeyWindow()) window()->makeKey();
     const Point at = coordinates().fromWindow(event.locationInWindow);
-    if (greatestOffset() > 0 && at.x >= bounds().width - thumbGrasp) {
-        const Rect thumb = thumbFrame();
-        const bool isOnThumb = at.y >= thumb.minY() && at.y < thumb.maxY();
-        thumbGrip_ = isOnThumb ? at.y - thumb.y : thumb.height / 2;
-        return mouseDragged(event);
-    }
+    if (const auto offset = thumb_->press(at)) return scrollTo(*offset);
     const Row* row = rowAt(at);
     if (!row) return;
     if (row->isTitle) return setExpanded(row->section, !isExpanded(row->section));
@@ -294,10 +285,7 @@ void OutlineView::mouseDown(const Event& event) {
 }
 
 void OutlineView::mouseDragged(const Event& event) {
-    if (!thumbGrip_) return;
-    const double travel = bounds().height - 2 * thumbInset - thumbFrame().height;
-    const double top = coordinates().fromWindow(event.locationInWindow).y - *thumbGrip_ - thumbInset;
-    scrollTo(travel > 0 ? top / travel * greatestOffset() : 0);
+    if (const auto offset = thumb_->drag(coordinates().fromWindow(event.locationInWindow))) scrollTo(*offset);
 }
 
 void OutlineView::mouseMoved(const Event& event) {

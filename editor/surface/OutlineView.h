@@ -6,6 +6,7 @@
 #pragma once
 
 #include "editor/surface/EdgeFades.h"
+#include "editor/surface/ListThumb.h"
 #include "editor/surface/OutlineItem.h"
 #include "editor/surface/OutlineWalk.h"
 #include "editor/surface/ThemedView.h"
@@ -25,8 +26,7 @@ public:
 
     explicit OutlineView(const Rect& frame);
 
-    // Only titles at the top level and leaves below them are shown; what is too long for a row is cut. All sections
-    // start unfolded.
+    // Only titles at the top level and leaves below them are shown. All sections start unfolded.
     void setItems(std::vector<OutlineItem> items);
     const std::vector<OutlineItem>& items() const { return items_; }
     // Called when the user chooses a leaf, the selected one included.
@@ -59,8 +59,8 @@ public:
     void themeUpdated() override;
     void mouseDown(const Event& event) override;
     void mouseDragged(const Event& event) override;
-    void mouseUp(const Event&) override { thumbGrip_.reset(); }
-    void mouseCancelled(const Event&) override { thumbGrip_.reset(); }
+    void mouseUp(const Event&) override { thumb_->letGo(); }
+    void mouseCancelled(const Event&) override { thumb_->letGo(); }
     void mouseMoved(const Event& event) override;
     void mouseExited(const Event& event) override;
     void scrollWheel(const Event& event) override;
@@ -80,9 +80,7 @@ private:
     void style();
     void styleRow(const Row& row) const;
     void placeMarks();
-    void placeThumb();
     void placeInlay();
-    Rect thumbFrame() const;
     double greatestOffset() const;
     const Row* rowAt(Point pointInView) const;
     const Row* rowOf(std::optional<std::uint32_t> id) const;
@@ -95,11 +93,11 @@ private:
     bool isLaidOut_ = false;
     std::optional<std::uint32_t> selection_;
     std::optional<std::size_t> hovered_; // row
-    std::optional<double> thumbGrip_;    // from the thumb's top to where it was grasped
     double offset_ = 0, height_ = 0, inlayTop_ = 0;
     View* inlay_ = nullptr; // a subview
-    std::shared_ptr<Layer> list_, selectionMark_, hoverMark_, thumb_;
-    std::optional<EdgeFades> fades_;
+    std::shared_ptr<Layer> list_, selectionMark_, hoverMark_;
+    std::optional<EdgeFades> fades_; // from the constructor on, as the next
+    std::optional<ListThumb> thumb_;
 };
 
 } // namespace QVM_NAMESPACE

@@ -79,7 +79,6 @@ void QVMGenericUI::wireParts() {
     if (QVMParameterControl* presets = bar.presetControl()) {
         presets->setAction([this](Control&) { presetUpdated(); });
         presets->setDelegate(&reports_);
-        bar.setPresets(session_.presets().list());
     }
     bar.ab().setDelegate(this);
     bar.undo().setAction([this](Control&) { keyboard_.keyboardShortcutUndo(); });
@@ -89,9 +88,8 @@ void QVMGenericUI::wireParts() {
 void QVMGenericUI::addPresetDrawer() {
     if (presetDrawer() || !config_->presets) return;
     const Rect frame = EditorLayoutForAltFrame(QVMAltFrameNormal).clumpsView;
-    drawers_.addPresets(std::make_unique<QVMPresetsDrawer>(frame, *config_), presetBar());
-    presetDrawer()->setPresetControl(presetBar()->presetControl());
-    presetDrawer()->setPresets(&session_.presets());
+    drawers_.addPresets(std::make_unique<QVMPresetsDrawer>(frame, *config_), presetBar())
+        .connect(presetBar()->presetControl(), session_.presets());
 }
 
 QVMDrawerView& QVMGenericUI::addDrawer(std::unique_ptr<QVMDrawerView> drawer) {

@@ -56,11 +56,6 @@ QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : The
     QVMPresetBar::themeUpdated();
 }
 
-void QVMPresetBar::setPresets(PresetList& presets) {
-    auto* name = presetControl_ ? dynamic_cast<QVMPresetControl*>(presetControl_->primaryControl()) : nullptr;
-    if (name) name->setPresets(presets);
-}
-
 void QVMPresetBar::setDirty(bool dirty) {
     if (dirty == dirty_) return;
     dirty_ = dirty;

@@ -7,7 +7,6 @@
 
 namespace QVM_NAMESPACE {
 
-class PresetList;
 class QVMABControl;
 class QVMParameter;
 class QVMParameterControl;
@@ -20,8 +19,6 @@ public:
 
     // Names the preset; its inner control is a QVMPresetControl. Null without presets.
     QVMParameterControl* presetControl() const { return presetControl_; }
-    // Borrowed: what that one steps through and names.
-    void setPresets(PresetList& presets);
     QVMABControl& ab() { return *ab_; }
     // What they do is wired by whoever has the bar, and whether they can be pressed is the history's matter.
     QVMSymbolButton& undo() { return *undo_; }

@@ -6,6 +6,7 @@
 #include "editor/session/PresetSession.h"
 #include "editor/surface/NameField.h"
 #include "editor/surface/OutlineView.h"
+#include "editor/surface/QVMPresetControl.h"
 #include "theme/Radii.h"
 
 #include <algorithm>
@@ -60,6 +61,13 @@ void QVMPresetsDrawer::setPresetControl(QVMParameterControl* control) {
     setToggle(control);
 }
 
+void QVMPresetsDrawer::connect(QVMParameterControl* control, PresetSession& presets) {
+    setPresetControl(control);
+    presets_ = &presets;
+    auto* const name = control ? dynamic_cast<QVMPresetControl*>(control->primaryControl()) : nullptr;
+    if (name) name->setPresets(presets.list());
+}
+
 // Straight to the inner control: the other one knows no index beyond those of the factory.
 void QVMPresetsDrawer::choose(std::uint32_t presetID) {
     endNaming();
@@ -69,14 +77,15 @@ void QVMPresetsDrawer::choose(std::uint32_t presetID) {
 }
 
 OutlineItem QVMPresetsDrawer::usersSection() const {
+    constexpr auto fit = OutlineItem::Fit::cut;
     OutlineItem section{usersTitle, {}, std::nullopt, {}};
     PresetList& list = presets_->list();
     for (const UserPresetEntry& entry : list.user().entries()) {
         const std::string& name = entry.preset.name;
         if (entry.problem.empty())
-            section.children.push_back({name, entry.preset.note, list.indexOfUsers(name), {}});
+            section.children.push_back({name, entry.preset.note, list.indexOfUsers(name), {}, fit});
         else
-            section.children.push_back({name, entry.problem, std::nullopt, {}});
+            section.children.push_back({name, entry.problem, std::nullopt, {}, fit});
     }
     return section;
 }

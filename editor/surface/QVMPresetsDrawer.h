@@ -37,9 +37,9 @@ public:
     void setPresetControl(QVMParameterControl* control);
     void setMiniatureDelegate(QVMDrawerViewDelegate* delegate) { miniatureDelegate_ = delegate; }
 
-    // Borrowed: whose presets of the user's stand behind the catalogue, in a section of their own. They are looked at
-    // when the drawer opens. Null, as at first, has none.
-    void setPresets(PresetSession* presets) { presets_ = presets; }
+    // The same, and whose presets of the user's stand behind the catalogue, in a section of their own, and are stepped
+    // through and named in the control. They are looked at when the drawer opens. Borrowed; without it there are none.
+    void connect(QVMParameterControl* control, PresetSession& presets);
     // The user's presets are others.
     void presetListDidChange();
 

@@ -34,11 +34,17 @@ void deleteCurrent(QVMGenericUI& ui) {
     PresetSession& presets = ui.session().presets();
     const std::string name = presets.list().nameOf(presets.current());
     presets.removeCurrent();
-    if (presets.list().user().removed() == name) ui.parts().showNotice("Deleted", name + " can be put back from the menu");
+    if (presets.list().user().removed() == name) ui.parts().showNotice("Deleted", "The menu can put it back");
 }
 
 void putBack(QVMGenericUI& ui) {
     ui.session().presets().putBackRemoved();
+}
+
+// As far as is known: a menu looks at no file.
+bool mayHaveFile(const PresetSession& presets) {
+    const UserPresets& user = presets.list().user();
+    return !user.wasRefreshed() || user.find(presets.list().nameOf(presets.current()));
 }
 
 std::string quoted(const std::string& name) {
@@ -54,7 +60,7 @@ std::vector<MenuItem> userPresetItems(QVMGenericUI& ui) {
     items.push_back(itemOn(ui, "Save preset as...", &nameNewPreset));
     const bool isUsers = presets.list().isUsers(presets.current());
     const std::string name = isUsers ? quoted(presets.list().nameOf(presets.current())) : std::string();
-    items.push_back(itemOn(ui, "Delete" + name, &deleteCurrent, isUsers));
+    items.push_back(itemOn(ui, "Delete" + name, &deleteCurrent, isUsers && mayHaveFile(presets)));
     if (const auto removed = presets.list().user().removed())
         items.push_back(itemOn(ui, "Put back" + quoted(*removed), &putBack));
     return items;

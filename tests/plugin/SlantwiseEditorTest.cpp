@@ -2,6 +2,8 @@
 
 #include "description/Description.h"
 #include "plugin/SlantwiseEditorFixture.h"
+#include "support/ScopedFolder.h"
+#include "support/ScopedVariable.h"
 
 #include <algorithm>
 #include <string>
@@ -27,6 +29,26 @@ TEST_F(SlantwiseEditorTest, OpeningTellsTheHostNothing) {
     settle();
     editor_.reset();
     EXPECT_EQ(host_.lines, Lines());
+}
+
+TEST_F(SlantwiseEditorTest, TheUsersPresetsAreFilesOfTheDataFolderWhichNobodyTouchesToOpen) {
+    const slantwise_tests::ScopedFolder place;
+    const slantwise_tests::ScopedVariable data("XDG_DATA_HOME", place.path() / "data");
+    const auto reopen = [this] {
+        editor_.reset();
+        open();
+    };
+    reopen();
+    processor_.setCurrentProgram(8);
+    settle();
+    EXPECT_FALSE(std::filesystem::exists(place.path() / "data"));
+    const auto presets = [this]() -> PresetSession& { return editor_->view().ui().session().presets(); };
+    EXPECT_EQ(presets().saveAs("Warm", ExistingFile::keep).status, PresetOutcome::Status::done);
+    EXPECT_TRUE(std::filesystem::exists(place.path() / "data/slantwise/presets/Warm.slantwise-preset"));
+    reopen();
+    EXPECT_EQ(presets().list().nameOf(presets().current()), "Warm") << "the unit keeps its name";
+    settle();
+    EXPECT_FALSE(presets().isDirty());
 }
 
 TEST_F(SlantwiseEditorTest, ADragIsOneGestureThatBeginsHoldsItsValuesAndEnds) {

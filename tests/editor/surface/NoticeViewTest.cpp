@@ -59,6 +59,8 @@ TEST_F(NoticeViewTest, IsNeverWiderThanItsPlace) {
     notice_.show("Not pasted", std::string(200, 'm'));
     EXPECT_GE(notice_.frame().x, 0);
     EXPECT_LE(notice_.frame().maxX(), 200);
+    EXPECT_LT(sizeOf(text(1).string()).width, 200) << "nor is its text";
+    EXPECT_EQ(notice_.why().size(), 200u);
 }
 
 TEST_F(NoticeViewTest, ColoursFollowTheTheme) {

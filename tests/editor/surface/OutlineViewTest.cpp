@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -91,6 +93,47 @@ TEST_F(OutlineViewTest, AClickChoosesALeafAlsoTheOneThatIsSelected) {
 
 TEST_F(OutlineViewTest, ARowWithANoteIsHigher) {
     EXPECT_GT(outline_->frameOfLeaf(3).height, outline_->frameOfLeaf(2).height);
+}
+
+TEST_F(OutlineViewTest, OnlyWhatMayBeCutIsCut) {
+    const std::string name(40, 'm');
+    for (const auto fit : {OutlineItem::Fit::asIs, OutlineItem::Fit::cut}) {
+        outline_->setItems({{"First", "", std::nullopt, {{name, "", 1, {}, fit}}}});
+        outline_->select(1);
+        const auto& list = outline_->layer()->tree().sublayers().front()->tree().sublayers();
+        const auto row = std::ranges::find_if(list, [&](const auto& layer) { return layer->name() == name; });
+        ASSERT_NE(row, list.end());
+        const std::string shown = dynamic_cast<const TextLayer&>(**row).string().string();
+        EXPECT_EQ(shown == name, fit == OutlineItem::Fit::asIs) << shown;
+    }
+}
+
+TEST_F(OutlineViewTest, ALeafThatCannotBeChosenIsPassedOver) {
+    outline_->setItems(
+        {{"First", "", std::nullopt, {{"a", "", 1, {}}, {"b", "", std::nullopt, {}}, {"c", "", 3, {}}}}});
+    outline_->select(1);
+    const Rect above = outline_->frameOfLeaf(1);
+    click({above.center().x, above.maxY() + 5});
+    EXPECT_TRUE(chosen_.empty());
+    EXPECT_TRUE(outline_->isExpanded(0));
+    outline_->moveSelection(1);
+    EXPECT_EQ(chosen_, std::vector<std::uint32_t>{3});
+}
+
+TEST_F(OutlineViewTest, AnInlayStandsBehindTheLastRowIsBroughtIntoViewAndMovesWithTheList) {
+    auto made = std::make_unique<View>(Rect{0, 0, 195, 40});
+    const View& inlay = *made;
+    const double before = outline_->contentHeight();
+    outline_->setInlay(std::move(made));
+    EXPECT_EQ(outline_->contentHeight(), before + 40);
+    EXPECT_EQ(inlay.frame().y, outline_->frameOfLeaf(11).maxY());
+    EXPECT_LE(inlay.frame().maxY(), 120);
+    const double seen = inlay.frame().y;
+    outline_->scrollTo(outline_->scrollOffset() - 10);
+    EXPECT_EQ(inlay.frame().y, seen + 10);
+    outline_->setInlay(nullptr);
+    EXPECT_EQ(outline_->contentHeight(), before);
+    EXPECT_TRUE(outline_->subviews().empty());
 }
 
 TEST_F(OutlineViewTest, AClickOnATitleFoldsItsSection) {

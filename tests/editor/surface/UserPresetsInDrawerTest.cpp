@@ -246,7 +246,8 @@ TEST_F(UserPresetsInDrawer, OnlyTheUsersCanBeDeletedAndOnlyOncePutBack) {
     EXPECT_EQ(lastSection().title, "Speakers");
     EXPECT_EQ(shownName(), "Warm");
     EXPECT_TRUE(dirty());
-    EXPECT_EQ(ui_->parts().notice()->why(), "Warm can be put back from the menu");
+    EXPECT_EQ(ui_->parts().notice()->why(), "The menu can put it back");
+    EXPECT_FALSE(menuItem("Delete").enabled) << "it is gone already";
     EXPECT_EQ(menuItem("Put back").title, "Put back “Warm”");
     choose("Put back");
     EXPECT_THAT(lastTitles(), ElementsAre("User", "Warm"));
