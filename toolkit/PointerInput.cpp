@@ -15,7 +15,9 @@ void PointerInput::send(const juce::MouseEvent& event, EventType type) {
     const SuperKey super = peer && juce::isSuperKeyDown(*peer) ? SuperKey::down : SuperKey::up;
     const Event mapped = mouseEventFrom(event, type, super);
     // The toolkit sends moves of a pointer that rests, too.
-    if (std::exchange(pointer_, mapped.locationInWindow) != mapped.locationInWindow) areToolTipsQuiet_ = false;
+    const bool hasMoved = std::exchange(pointer_, mapped.locationInWindow) != mapped.locationInWindow;
+    if (hasMoved) areToolTipsQuiet_ = false;
+    if (hasMoved || type != EventType::mouseMoved) keyboardTip_.hide();
     pace_.keepAwake();
     window_.sendEvent(mapped);
 }
@@ -43,6 +45,12 @@ void PointerInput::leave() {
         releaseInToolkit();
     }
     toolTips_ = nullptr;
+    keyboardTip_.hide();
+}
+
+void PointerInput::keyWillArrive() {
+    areToolTipsQuiet_ = true;
+    keyboardTip_.keyWillArrive();
 }
 
 void PointerInput::endPress() {
@@ -113,6 +121,7 @@ void PointerInput::exit(const juce::MouseEvent& event) {
 }
 
 void PointerInput::wheel(const juce::MouseEvent& event, const juce::MouseWheelDetails& details) {
+    keyboardTip_.hide();
     window_.sendEvent(scrollEventFrom(event, details, SuperKey::up));
 }
 

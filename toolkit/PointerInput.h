@@ -4,6 +4,7 @@
 #include "platform/runloop/DelayedCall.h"
 #include "platform/view/Window.h"
 #include "toolkit/KeyboardFocus.h"
+#include "toolkit/KeyboardToolTip.h"
 #include "toolkit/RefreshPace.h"
 #include "toolkit/ToolTipWindow.h"
 #include "toolkit/ToolkitRuntime.h"
@@ -36,8 +37,12 @@ public:
 
     // Of the view under the pointer; empty when there is none to show.
     juce::String toolTip() const;
-    // Who types looks at what is typed: there are none until the pointer is used again.
-    void quietToolTips() { areToolTipsQuiet_ = true; }
+    // Before and after a key: who types looks at what is typed, and there are no tool tips from the pointer until it is
+    // used again, but one from a rest after a key that led to another view.
+    void keyWillArrive();
+    void keyDidArrive() { keyboardTip_.keyDidArrive(); }
+    // The keyboard has gone elsewhere.
+    void keyboardWasLost() { keyboardTip_.hide(); }
     // Before the component goes: its tool tip is closed, and a press in it ends for the toolkit too, whose pointer
     // would carry it into the next window.
     void leave();
@@ -59,6 +64,7 @@ private:
     bool areToolTipsQuiet_ = false;
     DelayedCall toolkitRelease_;              // of a button that is up already
     std::unique_ptr<ToolTipWindow> toolTips_; // while the pointer is inside
+    KeyboardToolTip keyboardTip_{component_, window_, runtime_};
 };
 
 } // namespace QVM_NAMESPACE

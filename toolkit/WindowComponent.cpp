@@ -64,10 +64,11 @@ void WindowComponent::parentHierarchyChanged() {
 bool WindowComponent::keyPressed(const juce::KeyPress& key) {
     keys_.keyWasNamed();
     if (isCurrentlyBlockedByAnotherModalComponent()) return true; // what means nothing to the menu means nothing here
-    pointer_.quietToolTips();
+    pointer_.keyWillArrive();
     const SafePointer<WindowComponent> self(this);
     const bool isHandled = window_.sendEvent(keyEventFrom(key, SuperKey::up));
     if (!self) return isHandled;
+    pointer_.keyDidArrive();
     if (isHandled) {
         keys_.keyWasHandled();
         keys_.settle();

@@ -45,7 +45,10 @@ public:
     bool keyPressed(const juce::KeyPress& key) override;
     bool keyStateChanged(bool isKeyDown) override;
     void focusGained(FocusChangeType) override { keys_.wasGained(); }
-    void focusLost(FocusChangeType) override { keys_.wasLost(); }
+    void focusLost(FocusChangeType) override {
+        pointer_.keyboardWasLost();
+        keys_.wasLost();
+    }
     juce::String getTooltip() override { return pointer_.toolTip(); }
     void parentHierarchyChanged() override;
     void visibilityChanged() override { lookAround(); }

@@ -5,6 +5,7 @@
 #include "editor/surface/QVMPresetsDrawer.h"
 #include "editor/surface/ViewTransforms.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -48,6 +49,11 @@ QVMPresetsDrawer& EditorDrawers::addPresets(std::unique_ptr<QVMPresetsDrawer> dr
 
 bool EditorDrawers::arePresetsOpen() const {
     return presets_ && presets_->visible();
+}
+
+bool EditorDrawers::isAnyOpen() const {
+    const std::vector<QVMDrawerView*> drawers = all();
+    return std::any_of(drawers.begin(), drawers.end(), [](const QVMDrawerView* each) { return each->visible(); });
 }
 
 std::vector<QVMDrawerView*> EditorDrawers::all() const {

@@ -38,6 +38,7 @@ public:
     // Null before it was added.
     QVMPresetsDrawer* presets() const { return presets_; }
     bool arePresetsOpen() const;
+    bool isAnyOpen() const;
 
     // Opens or closes one. While the presets drawer is to be closed for it, it waits for the end of that, unless it is
     // forced.

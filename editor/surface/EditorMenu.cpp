@@ -6,6 +6,7 @@
 #include "editor/session/MakerSite.h"
 #include "editor/session/ModesWithoutControl.h"
 #include "editor/surface/EditorLayout.h"
+#include "editor/surface/KeysDrawer.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
@@ -132,6 +133,7 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
     });
     add(item("Reset meter", onEditor(ui, &QVMGenericUI::meterTapped)));
     add(item("Open all settings in browser", onEditor(ui, &QVMGenericUI::presetSaveTapped)));
+    if (hasDrawers) add(ticked(areKeysShown(ui), item("Keys and gestures", onEditor(ui, toggleKeysDrawer))));
     return items;
 }
 

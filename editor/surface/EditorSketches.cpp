@@ -8,6 +8,7 @@
 #include "editor/surface/ParameterControls.h"
 #include "editor/surface/QVMInsetShadowBox.h"
 #include "editor/surface/QVMPowerBox.h"
+#include "editor/surface/ToolTips.h"
 #include "platform/layer/Transaction.h"
 #include "viz/sketches/QVMAuxiliarySketch.h"
 #include "viz/sketches/QVMParameterSketch.h"
@@ -43,7 +44,7 @@ void EditorSketches::addNumericMeter(QVMPowerBox& box, std::function<void()> tap
     const Color color = QVMUITheme::theme().palette.onAccent.withAlpha(meterAlpha);
     QVMMeterButton& meter = box.addSubview(std::make_unique<QVMMeterButton>(Rect{}, "", meterGlyphSize, color));
     meter.setAction([tapped = std::move(tapped)](Control&) { tapped(); });
-    meter.setToolTip(config_.metadata->numericMeter->tooltip);
+    meter.setToolTip(toolTipOf(Button::meter, config_.metadata->numericMeter->tooltip));
     meter.setSuffixSize(meterSuffixSize);
     numericMeterReading_ = std::make_unique<NumericMeterReading>(meter);
 }
@@ -118,6 +119,8 @@ void EditorSketches::assumeLayout(const QVMEditorLayout& layout) {
     sketch_->setFrame(layout.sketchPlace);
     sketch_->layer()->look().setCornerRadius(layout.sketchPlaceRadius);
     if (numbers_) numbers_->fit();
+    isCurveAlone_ = layout.sketchPlace == layout.editor;
+    describeCurve();
 }
 
 void EditorSketches::curveDidChange() {
@@ -150,8 +153,17 @@ void EditorSketches::visibilityDidChange(QVMPowerBox& box) {
     for (ClipLight* light : clipLights_)
         light->setHidden(areHidden());
     if (numbers_) numbers_->fit();
-    sketch_->setToolTip(areHidden() ? "Show Curve and Meter" : "");
+    describeCurve();
     describeMeters();
+}
+
+// Where it is all that there is, a tooltip would cover what is looked at.
+void EditorSketches::describeCurve() {
+    if (!sketch_) return;
+    if (areHidden())
+        sketch_->setToolTip(toolTipOf(Button::hiddenCurve));
+    else
+        sketch_->setToolTip(isCurveAlone_ ? "" : toolTipOf(Button::curve));
 }
 
 void EditorSketches::describeMeters() {
@@ -160,11 +172,12 @@ void EditorSketches::describeMeters() {
         const std::int32_t pid = auxiliary->glSketch()->sketch().pid;
         QVMParameterControl* control = controls_.withPid(static_cast<std::uint32_t>(pid));
         if (!control) continue;
-        std::string text = control->parameter()->name;
+        std::string state;
         for (const QVMParameter* mode : modesWithoutControl(control->parameter()->clump))
-            text += "\n" + mode->name + ": " + mode->stringForValue(values_.memoized(mode->pid));
-        if (areHidden()) text += "\nThe meter is hidden";
-        control->setToolTip(std::move(text));
+            state +=
+                (state.empty() ? "" : "\n") + mode->name + ": " + mode->stringForValue(values_.memoized(mode->pid));
+        if (areHidden()) state += "\nThe meter is hidden";
+        control->setToolTip(toolTipOf(*control->parameter(), state));
     }
 }
 

@@ -72,6 +72,7 @@ private:
     void showGhost();
     void takeMeterInk();
     void showMemoizedValues(PBGLSketchAbstract& vizRef) const;
+    void describeCurve();
 
     const QVMConfig& config_;
     EditorValues& values_;
@@ -80,6 +81,7 @@ private:
     CurveNumbers* numbers_ = nullptr;      // owned by the sketch
     std::vector<ClipLight*> clipLights_;   // owned by the sliders with the meters
     bool isGhosted_ = false;
+    bool isCurveAlone_ = false; // in the layout without controls
     ObservationToken themeObservation_;
     std::unique_ptr<NumericMeterReading> numericMeterReading_; // null without a meter
 };

@@ -1,5 +1,6 @@
 #include "editor/surface/FrameButton.h"
 
+#include "editor/surface/ToolTips.h"
 #include "platform/layer/ShapeLayer.h"
 #include "theme/QVMUITheme.h"
 #include "theme/Radii.h"
@@ -61,7 +62,7 @@ void FrameButton::style() {
 void FrameButton::setDestination(Destination destination) {
     destination_ = destination;
     sign_->setPath(arrows(destination));
-    setToolTip(destination == Destination::compactForm ? "Compact View" : "Full View");
+    setToolTip(toolTipOf(destination == Destination::compactForm ? Button::compactForm : Button::wholeEditor));
 }
 
 void FrameButton::setPointerNear(bool near) {

@@ -2,6 +2,7 @@
 
 #include "controls/QVMRangeControl.h"
 #include "editor/surface/QVMClumpView.h"
+#include "editor/surface/ToolTips.h"
 
 #include <algorithm>
 
@@ -31,6 +32,7 @@ void ParameterControls::addClump(QVMClump& clump, QVMClumpView& clumpView, View&
         auto made = std::make_unique<QVMParameterControl>(parameter->frame, Rect{}, parameter,
                                                           values_.memoized(parameter->pid));
         made->layer()->setName("control:" + parameter->codesafeName);
+        made->setToolTip(toolTipOf(*parameter));
         made->setClumpView(&clumpView);
         controls.push_back(made.get());
         if (parameter->isDisplaced)
@@ -73,6 +75,7 @@ void ParameterControls::addRangeControls(QVMParameterControl& low, QVMParameterC
         range->setLow(&low);
         range->setHigh(&high);
         range->setInteractive(interactive);
+        range->setToolTip(bandToolTip(high.parameter()->name));
         return range;
     };
     QVMRangeControl& upper = clumpView.addSubview(make(true));

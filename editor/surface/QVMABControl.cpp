@@ -3,6 +3,7 @@
 #include "controls/QVMFocusBorder.h"
 #include "controls/QVMSymbolButton.h"
 #include "description/Description.h"
+#include "editor/surface/ToolTips.h"
 #include "platform/layer/Transaction.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
@@ -48,8 +49,8 @@ QVMABControl::QVMABControl(const Rect& frame)
     a_ = &addButton("aButton", aFrame, "A");
     b_ = &addButton("bButton", bFrame, "B");
     arrow_ = &addButton("arrowButton", arrowFrame, std::string(icons::copyRight));
-    a_->setToolTip("Settings A");
-    b_->setToolTip("Settings B");
+    a_->setToolTip(toolTipOf(Button::sideA));
+    b_->setToolTip(toolTipOf(Button::sideB));
     for (QVMSymbolButton* letter : {a_, b_})
         letter->setFont(QVMUITheme::safeFontWithNameSize(letterFace, letterSize));
     style();
@@ -91,7 +92,7 @@ void QVMABControl::style() {
     b_->resetGlyphColor(b_->symbol(), position_ == 1 ? palette.onAccent : label);
     const bool toB = position_ == 0;
     arrow_->resetGlyphColor(std::string(toB ? icons::copyRight : icons::copyLeft), theme.symbolColor);
-    arrow_->setToolTip(toB ? "Copy A to B" : "Copy B to A");
+    arrow_->setToolTip(toolTipOf(toB ? Button::copyAToB : Button::copyBToA));
 }
 
 bool QVMABControl::incrementWithArrowGranularity(char32_t, std::int32_t) {

@@ -59,7 +59,7 @@ void QVMGenericUI::toggleUITheme() {
 }
 
 bool QVMGenericUI::wantsKeys() const {
-    return focusedControl() || drawers_.arePresetsOpen();
+    return focusedControl() || drawers_.isAnyOpen();
 }
 
 bool QVMGenericUI::keyDown(const Event& event) {

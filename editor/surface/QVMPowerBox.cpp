@@ -3,6 +3,7 @@
 #include "controls/QVMSymbolButton.h"
 #include "description/QVMMetadata.h"
 #include "editor/surface/QVMLogoStamp.h"
+#include "editor/surface/ToolTips.h"
 #include "platform/view/Window.h"
 #include "resources/IconGlyphs.h"
 
@@ -39,11 +40,11 @@ QVMPowerBox::QVMPowerBox(const Rect& frame, AdvancedControls advanced, const QVM
     const QVMEditorLayout& layout = EditorLayoutForAltFrame(QVMAltFrameNormal);
     logo_ = &btnWithFrameGlyph(layout.logoButton, icons::logoMark, logoGlyphSize);
     logo_->layer()->setName("logoButton");
-    logo_->setToolTip("Get Current Settings");
+    logo_->setToolTip(toolTipOf(Button::logo));
     if (advanced == AdvancedControls::yes) {
         gear_ = &btnWithFrameGlyph(layout.gearButton, icons::gear, gearGlyphSize);
         gear_->layer()->setName("gearButton");
-        gear_->setToolTip("Advanced Controls");
+        gear_->setToolTip(toolTipOf(Button::gear));
     }
     logoStamp_ = &addSubview(std::make_unique<QVMLogoStamp>(layout.logoStamp, metadata.logo));
     assumeLayout(layout);

@@ -6,6 +6,7 @@
 #include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMABControl.h"
 #include "editor/surface/QVMPresetControl.h"
+#include "editor/surface/ToolTips.h"
 #include "resources/IconGlyphs.h"
 
 #include <string>
@@ -42,17 +43,17 @@ QVMPresetBar::QVMPresetBar(const Rect& frame, const QVMParameter* presets) : The
             std::make_unique<QVMParameterControl>(layout.presetControl, presets, presets->initialValue,
                                                   &makeFloatControl<QVMPresetControl>, presets->controlFrame));
         presetControl_->layer()->setName("presetControl");
-        presetControl_->toggleTooltip(false); // its name says what it is
+        presetControl_->setToolTip(toolTipOf(Button::presets));
     }
     ab_ = &addSubview(std::make_unique<QVMABControl>(layout.abControl));
 
     const Color color = QVMUITheme::theme().symbolColor;
     undo_ = &addSubview(std::make_unique<QVMSymbolButton>(undoFrame, std::string(icons::undo), toolGlyphSize, color));
     undo_->layer()->setName("undoButton");
-    undo_->setToolTip("Undo");
+    undo_->setToolTip(toolTipOf(Button::undo));
     redo_ = &addSubview(std::make_unique<QVMSymbolButton>(redoFrame, std::string(icons::redo), toolGlyphSize, color));
     redo_->layer()->setName("redoButton");
-    redo_->setToolTip("Redo");
+    redo_->setToolTip(toolTipOf(Button::redo));
     QVMPresetBar::themeUpdated();
 }
 

@@ -4,6 +4,7 @@
 #include "editor/surface/BorderRect.h"
 #include "editor/surface/ElidedText.h"
 #include "editor/surface/PresetNameText.h"
+#include "editor/surface/ToolTips.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 #include "theme/Radii.h"
@@ -147,9 +148,11 @@ void QVMPresetControl::mouseMoved(const Event& event) {
             {box.x + lightInsetX, (bounds().height - lightHeight) / 2, box.width - 2 * lightInsetX, lightHeight});
         arrowLight_->look().setCornerRadius(radii::capsule(arrowLight_->bounds()));
         arrowLight_->setOpacity(1);
+        setToolTip(toolTipOf(edge == PresetEdge::left ? Button::previousPreset : Button::nextPreset));
         return QVMCycleControl::mouseExited(event); // the pointer is not over the name
     }
     arrowLight_->setOpacity(0);
+    setToolTip({}); // over the name the bar's is shown
     QVMCycleControl::mouseEntered(event);
 }
 

@@ -25,12 +25,8 @@ bool coversAnother(const Window& window, const Rect& frame, const View& about) {
     return false;
 }
 
-} // namespace
-
-Rect toolTipFrame(const Window& window, Point pointer, Size size) {
-    const View* about = window.toolTippedViewAt(pointer);
-    if (!about) return {pointer.x, pointer.y + gap, size.width, size.height};
-    const Rect all = window.contentView()->bounds(), view = about->coordinates().toWindow(about->bounds());
+Rect frameBeside(const Window& window, const View& about, Point pointer, Size size) {
+    const Rect all = window.contentView()->bounds(), view = about.coordinates().toWindow(about.bounds());
     const double lastX = std::max(0.0, all.width - size.width), lastY = std::max(0.0, all.height - size.height);
     const double x = std::clamp(pointer.x - size.width / 2, 0.0, lastX);
     const double y = std::clamp(pointer.y - size.height / 2, 0.0, lastY);
@@ -43,10 +39,23 @@ Rect toolTipFrame(const Window& window, Point pointer, Size size) {
         return Rect{std::round(origin.x), std::round(origin.y), size.width, size.height};
     });
     const auto isInside = [&all](const Rect& frame) { return all.contains(frame); };
-    const auto isFree = [&](const Rect& frame) { return isInside(frame) && !coversAnother(window, frame, *about); };
+    const auto isFree = [&](const Rect& frame) { return isInside(frame) && !coversAnother(window, frame, about); };
     if (const auto free = std::find_if(frames.begin(), frames.end(), isFree); free != frames.end()) return *free;
     const auto inside = std::find_if(frames.begin(), frames.end(), isInside);
     return inside != frames.end() ? *inside : Rect{std::round(x), std::round(lastY), size.width, size.height};
+}
+
+} // namespace
+
+Rect toolTipFrame(const Window& window, Point pointer, Size size) {
+    const View* about = window.toolTippedViewAt(pointer);
+    if (!about) return {pointer.x, pointer.y + gap, size.width, size.height};
+    return frameBeside(window, *about, pointer, size);
+}
+
+Rect toolTipFrame(const Window& window, const View& about, Size size) {
+    const Rect view = about.coordinates().toWindow(about.bounds());
+    return frameBeside(window, about, {view.midX(), view.midY()}, size);
 }
 
 } // namespace QVM_NAMESPACE

@@ -101,6 +101,7 @@ void Window::forget(const View& view) {
     const bool isPressLost = leaves(capture_);
     if (isPressLost) capture_ = nullptr;
     if (const auto* first = dynamic_cast<View*>(firstResponder_); leaves(first)) forgetResponder(*first);
+    if (leaves(keyboardView_)) keyboardView_ = nullptr;
     std::erase_if(hovered_, leaves);
     if (walks_) walks_->forget(view);
     updateCursor();

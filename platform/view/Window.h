@@ -74,6 +74,10 @@ public:
     // Whether a key could mean anything here: what the first responder says, and yes while nothing is first.
     bool wantsKeys() const { return !firstResponder_ || firstResponder_->wantsKeys(); }
 
+    // The view that the first responder's keys are for, as it shows it; null for none. It may go at any time.
+    const View* keyboardView() const { return keyboardView_; }
+    void setKeyboardView(const View* view) { keyboardView_ = view; }
+
     // Dispatches one event; true when something handled it. A mouse press is captured by the view under it until the
     // release. A right press, or a press with Control held and neither Option nor Command, asks the view under it and
     // its superviews for a context menu; when one answers the menu is all that the press does. Views may be removed and
@@ -114,6 +118,7 @@ private:
     WindowHost* host_ = nullptr;
     std::unique_ptr<View> content_;
     Responder* firstResponder_ = nullptr;
+    const View* keyboardView_ = nullptr;
     View* capture_ = nullptr;
     Point capturedPointer_;      // where it was last seen by that view, in the window
     std::vector<View*> hovered_; // outermost first

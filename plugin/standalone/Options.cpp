@@ -64,7 +64,8 @@ public:
         addFlag(app, "--version", options.showVersion, "print the version");
     }
 
-    CLI::App app{"Opens the editor on an audio unit that processes the file, or built-in pink noise."};
+    CLI::App app{"Opens the editor on an audio unit that processes the file, or built-in pink noise. F1 lists its keys "
+                 "and gestures."};
 
 private:
     void add(const OptionText& text, std::string (*set)(Options&, const std::string&)) {

@@ -3,6 +3,7 @@
 #include "description/Description.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/EditorLayout.h"
+#include "editor/surface/KeysDrawer.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "theme/QVMUITheme.h"
@@ -90,6 +91,13 @@ void StandaloneApp::applySettings() {
 void StandaloneApp::openWindow() {
     if (options_.scale > 0) editor_->setScaleFactor(static_cast<float>(options_.scale));
     window_ = std::make_unique<ProgramWindow>("Slantwise", *editor_);
+    editor_->addKeyListener(this);
+}
+
+bool StandaloneApp::keyPressed(const juce::KeyPress& key, juce::Component*) {
+    if (key != juce::KeyPress(juce::KeyPress::F1Key)) return false;
+    toggleKeysDrawer(editor_->view().ui());
+    return true;
 }
 
 void StandaloneApp::writeScreenshot() {

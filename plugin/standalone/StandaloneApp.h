@@ -12,7 +12,7 @@
 
 namespace QVM_NAMESPACE {
 
-class StandaloneApp final : public ToolkitProgram {
+class StandaloneApp final : public ToolkitProgram, private juce::KeyListener {
 public:
     explicit StandaloneApp(Options options);
     ~StandaloneApp() override;
@@ -26,6 +26,8 @@ private:
     // Over the preset's: what the address does not name is at its initial value.
     void applySettings();
     void openWindow();
+    // juce::KeyListener: F1, which in a host is the host's.
+    bool keyPressed(const juce::KeyPress& key, juce::Component* component) override;
     void writeScreenshot();
 
     const Options options_;

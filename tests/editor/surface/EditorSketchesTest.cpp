@@ -5,6 +5,7 @@
 #include "editor/surface/NoReports.h"
 #include "editor/surface/ParameterControls.h"
 #include "editor/surface/QVMPowerBox.h"
+#include "editor/surface/ToolTips.h"
 #include "viz/sketches/QVMParameterSketch.h"
 #include "viz/sketches/QVMParameterSketchDelegate.h"
 
@@ -81,11 +82,20 @@ TEST_F(EditorSketchesTest, WhatIsHiddenLeavesASign) {
     sketches_.toggleVisibility();
     EXPECT_TRUE(sketches_.areHidden());
     EXPECT_GT(parts_.powerBox()->hiddenSign()->opacity(), 0);
-    EXPECT_EQ(sketches_.main()->toolTip(), "Show Curve and Meter");
+    EXPECT_EQ(sketches_.main()->toolTip(), toolTipOf(Button::hiddenCurve));
     EXPECT_THAT(meterText(), HasSubstr("The meter is hidden"));
     sketches_.toggleVisibility();
     EXPECT_EQ(parts_.powerBox()->hiddenSign()->opacity(), 0);
     EXPECT_THAT(meterText(), Not(HasSubstr("hidden")));
+}
+
+TEST_F(EditorSketchesTest, TheCurveHasAToolTipWhereItIsNotAllThereIs) {
+    add();
+    EXPECT_EQ(sketches_.main()->toolTip(), toolTipOf(Button::curve));
+    sketches_.assumeLayout(EditorLayoutForAltFrame(QVMAltFrameCompact));
+    EXPECT_EQ(sketches_.main()->toolTip(), "");
+    sketches_.toggleVisibility();
+    EXPECT_EQ(sketches_.main()->toolTip(), toolTipOf(Button::hiddenCurve));
 }
 
 } // namespace

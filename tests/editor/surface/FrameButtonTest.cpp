@@ -25,10 +25,10 @@ protected:
 };
 
 TEST_F(FrameButtonTest, LeadsToTheCompactFormAndBack) {
-    EXPECT_EQ(button().toolTip(), "Compact View");
+    EXPECT_TRUE(button().toolTip().starts_with("Compact View\n"));
     click(middleOf(button()));
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameCompact);
-    EXPECT_EQ(button().toolTip(), "Full View");
+    EXPECT_TRUE(button().toolTip().starts_with("Full View\n"));
     EXPECT_TRUE(ui_->bounds().contains(button().frame()));
     click(middleOf(button()));
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal);

@@ -100,7 +100,7 @@ TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Presets", "Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Advanced controls",
                             "Small window", "Dark theme", "-", "Curve and meter", "Meter Mode", "Reset meter",
-                            "Open all settings in browser"));
+                            "Open all settings in browser", "Keys and gestures"));
 }
 
 TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {

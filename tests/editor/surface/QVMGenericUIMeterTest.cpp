@@ -3,6 +3,7 @@
 #include "controls/QVMVerticalSlider.h"
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMPowerBox.h"
+#include "editor/surface/ToolTips.h"
 #include "resources/IconGlyphs.h"
 #include "theme/Colors.h"
 #include "viz/sketches/SketchFixture.h"
@@ -17,6 +18,8 @@ using testing::IsEmpty;
 // The sketch that stands in the track of the gain slider.
 class QVMGenericUIMeter : public EditorFixture {
 protected:
+    // Of the gain, when the meter in it is as said.
+    static std::string gainTip(std::string_view state) { return toolTipOf(*GetParameter(pidOutputGain), state); }
     QVMParameterSketch& sketch() { return *ui_->sketch(); }
     QVMAuxiliarySketch& meter() { return *sketch().auxiliarySketches().front(); }
     QVM0015GLSketch& object() { return static_cast<QVM0015GLSketch&>(*sketch().getVizRef()); }
@@ -88,19 +91,19 @@ TEST_F(QVMGenericUIMeter, TheMetersBarsAreOfOneInkThatStandsOutInBothThemes) {
 
 TEST_F(QVMGenericUIMeter, TheToolTipOverItSaysWhatItShows) {
     const auto toolTip = [this] { return window_.toolTippedViewAt(middleOf(gainSlider()))->toolTip(); };
-    EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Pre");
+    EXPECT_EQ(toolTip(), gainTip("Meter Mode: Pre"));
     hostSets(pidMeterMode, 2);
-    EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Diff");
+    EXPECT_EQ(toolTip(), gainTip("Meter Mode: Diff"));
     ui_->chooseValueForParameter(1, pidMeterMode);
-    EXPECT_EQ(toolTip(), "Output Gain\nMeter Mode: Post");
-    EXPECT_EQ(control(pidTiltLoudnessMode).toolTip(), "Tilt Loudness Mode");
+    EXPECT_EQ(toolTip(), gainTip("Meter Mode: Post"));
+    EXPECT_EQ(control(pidTiltLoudnessMode).toolTip(), toolTipOf(*GetParameter(pidTiltLoudnessMode)));
 }
 
 TEST_F(QVMGenericUIMeter, TheToolTipOfAReopenedEditorSaysWhatItShowsThen) {
     delegate_.unit[pidMeterMode] = 1;
     build(QVMConfig::inlinedConfig());
     time_.advance(0.6);
-    EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Post");
+    EXPECT_EQ(control(pidOutputGain).toolTip(), gainTip("Meter Mode: Post"));
 }
 
 TEST_F(QVMGenericUIMeter, HiddenTogetherWithTheCurveLeavesAnEyeAndToolTips) {
@@ -112,15 +115,15 @@ TEST_F(QVMGenericUIMeter, HiddenTogetherWithTheCurveLeavesAnEyeAndToolTips) {
     EXPECT_LT(eye.opacity(), 0.6);
     EXPECT_EQ(eye.string().runs.front().text, icons::eye);
     EXPECT_EQ(eye.frame(), sketch().frame());
-    EXPECT_EQ(window_.toolTippedViewAt(curve)->toolTip(), "Show Curve and Meter");
-    EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Pre\nThe meter is hidden");
+    EXPECT_TRUE(window_.toolTippedViewAt(curve)->toolTip().starts_with("Show Curve and Meter\n"));
+    EXPECT_EQ(control(pidOutputGain).toolTip(), gainTip("Meter Mode: Pre\nThe meter is hidden"));
     ui_->requestFrame(QVMAltFrameCompact);
     EXPECT_EQ(eye.frame(), (Rect{0, 0, 200, 200}));
     ui_->requestFrame(QVMAltFrameNormal);
     click(curve);
     EXPECT_EQ(eye.opacity(), 0);
-    EXPECT_EQ(sketch().toolTip(), "");
-    EXPECT_EQ(control(pidOutputGain).toolTip(), "Output Gain\nMeter Mode: Pre");
+    EXPECT_TRUE(sketch().toolTip().starts_with("Response Curve\n"));
+    EXPECT_EQ(control(pidOutputGain).toolTip(), gainTip("Meter Mode: Pre"));
 }
 
 TEST_F(QVMGenericUIMeter, ShownAgainByAnotherWindowTheyLeaveNoEye) {

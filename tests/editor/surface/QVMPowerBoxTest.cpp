@@ -14,9 +14,9 @@ namespace {
 
 TEST(QVMPowerBox, HoldsLogoGearAndStamp) {
     QVMPowerBox box({418, 0, 62, 320}, AdvancedControls::yes, *GetMetadata());
-    EXPECT_EQ(box.logo().toolTip(), "Get Current Settings");
+    EXPECT_TRUE(box.logo().toolTip().starts_with("Get Current Settings\n"));
     ASSERT_TRUE(box.gear());
-    EXPECT_EQ(box.gear()->toolTip(), "Advanced Controls");
+    EXPECT_TRUE(box.gear()->toolTip().starts_with("Advanced Controls\n"));
     EXPECT_EQ(box.logo().frame(), (Rect{4, 8, 54, 34}));
     EXPECT_EQ(box.gear()->frame(), (Rect{4, 76, 54, 40}));
     EXPECT_EQ(box.logoStamp().frame(), (Rect{7, 266, 50, 50}));

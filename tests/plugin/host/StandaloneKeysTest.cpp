@@ -64,7 +64,7 @@ protected:
     // The arrow of the undo button is drawn stronger while there is something to undo.
     bool isOfferedUndo() { return pictureOf(undoButton).countOf(0x000000, 0x50) > 10; }
 
-    static constexpr std::size_t listPixels = 40000;
+    static constexpr std::size_t listPixels = 40000, tipPixels = 8000; // more than a border and a meter
     static constexpr Rect undoButton{20, 4, 32, 22};
     const std::string log_ =
         (std::filesystem::temp_directory_path() / ("slantwise-keys-" + std::to_string(getpid()) + ".log")).string();
@@ -167,6 +167,22 @@ TEST_F(StandaloneKeys, TheMenuLeadsToUndoAndPower) {
     ASSERT_TRUE(comesTrue([&] { return wholePicture().differingPixels(on) < 3000; })) << "and no more";
     type({"Tab", "4", "Return"});
     EXPECT_TRUE(settingsBecome("tg:4"));
+}
+
+TEST_F(StandaloneKeys, F1ListsTheKeysUntilEscape) {
+    const Picture before = wholePicture();
+    type({"F1"});
+    ASSERT_TRUE(comesTrue([&] { return wholePicture().differingPixels(before) > listPixels; }));
+    type({"Escape"});
+    EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(before) < tipPixels; })) << "but for the meter";
+}
+
+TEST_F(StandaloneKeys, ARestAfterTabShowsATipUntilTheNextKey) {
+    type({"Tab"});
+    const Picture before = wholePicture();
+    EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(before) > tipPixels; }));
+    type({"Escape"});
+    EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(before) < tipPixels; }));
 }
 
 } // namespace
