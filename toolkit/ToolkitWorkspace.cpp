@@ -2,6 +2,7 @@
 
 #include "platform/system/Log.h"
 #include "platform/system/Utf8.h"
+#include "toolkit/InstalledManual.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -85,10 +86,11 @@ bool ToolkitWorkspace::openUrl(const std::string& address) {
         logLine("browser: not a web address: " + address);
         return false;
     }
+    const std::string target = installedManualPage(address).value_or(address);
     for (const Opener& opener : openers) {
-        if (isInstalled(opener.program) && startInBackground(opener, address)) return true;
+        if (isInstalled(opener.program) && startInBackground(opener, target)) return true;
     }
-    logLine("browser: no program to open " + address);
+    logLine("browser: no program to open " + target);
     return false;
 }
 

@@ -15,6 +15,7 @@ public:
 
     std::optional<std::string> clipboardString() override;
     void setClipboardString(const std::string& text) override;
+    // The manual's address opens the manual that was installed, where there is one.
     bool openUrl(const std::string& address) override;
 
 private:

@@ -25,6 +25,13 @@ def bundle(name):
     return found[0]
 
 
+def codenames():
+    rows = (TOP / "description/tables/ParameterTable.cpp").read_text()
+    found = re.findall(r'\.codesafeName = "(\w+)"', rows)
+    assert len(found) == 24, found
+    return found
+
+
 def expected_files():
     pictures = set(re.findall(r"\(images/([^)]+)\)", (TOP / "docs/MANUAL.md").read_text()))
     assert len(pictures) >= 5, pictures
@@ -35,8 +42,11 @@ def expected_files():
     programs = ("slantwise", "slantwise-inspect", "slantwise-render")
     share |= {f"man/man1/{program}.1" for program in programs}
     share |= {f"bash-completion/completions/{program}" for program in programs}
+    pages = {f"manual/{page}" for page in {"index.html"} | {f"{name}.html" for name in codenames()}}
+    share |= {f"doc/slantwise/{page}" for page in pages}
     lv2, vst3 = files_below(bundle("Slantwise.lv2")), files_below(bundle("Slantwise.vst3"))
     assert "manifest.ttl" in lv2 and any(file.endswith("/Slantwise.so") for file in vst3), (lv2, vst3)
+    lv2, vst3 = lv2 | pages, vst3 | {f"Contents/Resources/{page}" for page in pages}
     return ({f"share/{file}" for file in share} | {f"bin/{program}" for program in programs}
             | {f"lib/lv2/Slantwise.lv2/{file}" for file in lv2} | {f"lib/vst3/Slantwise.vst3/{file}" for file in vst3})
 
@@ -84,6 +94,14 @@ class InstallTest(unittest.TestCase):
         for path in (self.root / "share").rglob("*"):
             if path.is_file():
                 self.assertNotIn(os.fsencode(TOP), path.read_bytes(), path)
+
+    def test_the_manual_has_a_heading_for_every_parameter_and_a_page_that_leads_there(self):
+        for folder in ("share/doc/slantwise", "lib/lv2/Slantwise.lv2", "lib/vst3/Slantwise.vst3/Contents/Resources"):
+            whole = (self.root / folder / "manual/index.html").read_text()
+            self.assertIn(f'<meta name="version" content="{version()}">', whole[:512])
+            for name in codenames():
+                self.assertEqual(whole.count(f' id="{name}"'), 1, name)
+                self.assertIn(f'url=index.html#{name}"', (self.root / folder / f"manual/{name}.html").read_text())
 
     def test_every_icon_has_its_size(self):
         for side in SIDES:

@@ -1,4 +1,5 @@
 #include "description/NumberText.h"
+#include "description/tables/ParameterTable.h"
 #include "tools/inspect/RecordJson.h"
 
 namespace QVM_NAMESPACE {
@@ -56,11 +57,13 @@ Json DimsJson(const std::map<float, std::vector<std::string>>& dims) {
 }
 
 Fields IdentityFields(const QVMParameter& parameter) {
+    const tables::ParameterRow* const row = tables::ParameterRowFor(parameter.pid);
     return {
         {"pid", parameter.pid},
         {"name", parameter.name},
         {"codesafeName", parameter.codesafeName},
         {"minimalName", parameter.minimalName},
+        {"purpose", row ? Json(row->purpose) : Json()},
         {"label", parameter.label},
         {"labelString", parameter.labelString},
         {"clumpName", parameter.clumpName},

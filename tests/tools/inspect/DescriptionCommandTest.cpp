@@ -36,6 +36,7 @@ TEST(DescriptionCommand, ParametersHaveEveryField) {
                                              "name",
                                              "codesafeName",
                                              "minimalName",
+                                             "purpose",
                                              "label",
                                              "labelString",
                                              "clumpName",
