@@ -92,6 +92,22 @@ function(slantwise_quick_to_compile name)
     endif()
 endfunction()
 
+# slantwise_own_folders(name): a program that opens editors and is not the user's own, which neither finds nor leaves
+# anything in the user's folders.
+function(slantwise_own_folders name)
+    if(NOT TARGET slantwise_own_folders)
+        add_library(slantwise_own_folders OBJECT ${PROJECT_SOURCE_DIR}/tests/support/OwnFolders.cpp)
+        target_include_directories(slantwise_own_folders PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+        target_link_libraries(slantwise_own_folders PRIVATE slantwise_options)
+        add_library(slantwise_fresh_folders OBJECT ${PROJECT_SOURCE_DIR}/tests/support/FreshFolders.cpp)
+        target_link_libraries(slantwise_fresh_folders PRIVATE GTest::gtest slantwise_options)
+    endif()
+    target_link_libraries(${name} PRIVATE slantwise_own_folders)
+    if(ARGN STREQUAL "FOR_EACH_TEST")
+        target_link_libraries(${name} PRIVATE slantwise_fresh_folders)
+    endif()
+endfunction()
+
 # slantwise_tests(name SOURCES file... LINKS target... [PRECOMPILE header...]): a GoogleTest program whose cases ctest
 # lists one by one, with the program's name as their label. Under a sanitizer a process takes longer to begin and end than
 # most cases take: there ctest runs the program twice, with half of the cases each, one for each of two processors.
@@ -99,6 +115,7 @@ function(slantwise_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRECOMPILE" ${ARGN})
     slantwise_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock GTest::gtest GTest::gtest_main)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    slantwise_own_folders(${name} FOR_EACH_TEST)
     slantwise_quick_to_compile(${name} <gmock/gmock.h> ${ARG_PRECOMPILE})
     if(NOT SLANTWISE_SANITIZERS)
         gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 LABELS ${name})

@@ -3,6 +3,7 @@
 #include "description/QVMConfig.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "host/UnitLog.h"
+#include "preferences/PreferenceFile.h"
 
 namespace QVM_NAMESPACE {
 
@@ -32,6 +33,7 @@ void QVM0015_CocoaView2::setAU(AudioUnit unit) {
     addListeners();
     createEditor();
     synchronise();
+    if (ui_->currentScale() != 1) ui_->requestFrame(ui_->altFrame());
 }
 
 void QVM0015_CocoaView2::addListeners() {
@@ -60,6 +62,8 @@ void QVM0015_CocoaView2::createEditor() {
     for (std::uint32_t pid = 0; pid < parameterCount; ++pid)
         editor->setMemoizedPValueDirectlyValue(pid, values.shown[pid]);
     editor->completeInterfaceSetup();
+    for (const auto& [key, value] : PreferenceFile::ofUser().read())
+        editor->preferences().adopt(key, value);
     editor->resetABState(values.held); // before a preset that is asked for at once can take the place of what was read
     editor->setDelegate(this);
     addSubview(std::move(editor));

@@ -3,7 +3,8 @@
 // Every request of the editor becomes a parameter set, a gesture notification or a private property here. Errors of the
 // unit are never acted on; those of most calls leave one line in the log. Changes that the host makes do not come back
 // through the listener, which exists only to mark the view's own changes: they reach the editor with the unit's values
-// at display rate. Main thread only, no locks. The unit is borrowed and must outlive the view or its next binding.
+// at display rate. What the user prefers of the interface is kept here, and given to each editor that is opened. Main
+// thread only, no locks. The unit is borrowed and must outlive the view or its next binding.
 #pragma once
 
 #include "editor/surface/QVMGenericUIDelegate.h"

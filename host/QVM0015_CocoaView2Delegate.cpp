@@ -3,6 +3,7 @@
 #include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/UnitLog.h"
+#include "preferences/PreferenceFile.h"
 
 #include <cmath>
 
@@ -56,8 +57,11 @@ void QVM0015_CocoaView2::interfaceWantsToSaveUIState(QVMGenericUI&, std::uint32_
 
 void QVM0015_CocoaView2::interfaceWantsToAssumeFrame(QVMGenericUI& ui, std::int32_t index) {
     const Size size = EditorLayoutForAltFrame(index).editor.size();
-    const double scale = static_cast<double>(ui.currentScale());
-    setFrame({frame().x, frame().y, std::floor(size.width * scale), std::floor(size.height * scale)});
+    // In single precision, where 1.15 times 480 is 552.
+    const auto scaled = [scale = ui.currentScale()](double points) {
+        return double{std::floor(static_cast<float>(points) * scale)};
+    };
+    setFrame({frame().x, frame().y, scaled(size.width), scaled(size.height)}, size);
     ui.assumeAltFrameScaleChanged(index, false);
 }
 
@@ -81,8 +85,11 @@ void QVM0015_CocoaView2::interfaceWantsToResetMetering(QVMGenericUI&) {
     logIfFailed("tap the meter", setProperty(kQVMProperty_ResetMeters, std::uint32_t{1}));
 }
 
-void QVM0015_CocoaView2::interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI&, const std::string&, double value) {
+void QVM0015_CocoaView2::interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI& ui, const std::string& key,
+                                                                    double value) {
     setProperty(kQVMProperty_InterfacePreference, std::uint8_t{value != 0});
+    // What is reported need not be what the preference is now: a theme is reported as 1 whichever it is.
+    PreferenceFile::ofUser().remember(key, ui.preferences().value(key).value_or(value));
 }
 
 void QVM0015_CocoaView2::interfaceWantsToUploadBufferAtURL(QVMGenericUI&, const std::string& path) {

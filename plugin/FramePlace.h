@@ -14,6 +14,10 @@ struct FramePlace {
 
 // `content` at the scale `wanted` in a frame. An empty content or frame leaves the scale as it is. Any thread.
 FramePlace placeInFrame(Size content, double wanted, Size frame);
+// The scale at which `content` fills as much of a frame as it can, whole; 1 for an empty content. Any thread.
+double scaleToFit(Size content, Size frame);
+// Whether a frame has the content's own shape, but for a size that was rounded. Any thread.
+bool hasShapeOf(Size content, Size frame);
 // Whether `content` at `scale` is inside a frame, or sticks out by no more than a size that was rounded up.
 bool fitsFrame(Size content, double scale, Size frame);
 

@@ -24,11 +24,21 @@ Size sizeOf(const juce::Component& component) {
 } // namespace
 
 void HostFrame::ask(Size wanted) {
+    const juce::ScopedValueSetter<bool> busy(isBusy_, true);
     wanted_ = wanted;
+    if (editor_.getPeer()) lastAsk_ = RunLoop::main().now();
     wasOnlyContent_ = isForced_ || isOnlyContent();
     isForced_ = false;
     editor_.setSize(static_cast<int>(wanted.width), static_cast<int>(wanted.height));
     if (wrapper()) lookCall_.schedule(answerSeconds, [this] { look(); });
+}
+
+bool HostFrame::takesAsHosts(Size frame) {
+    const bool isAnswer = lastAsk_ && RunLoop::main().now() - *lastAsk_ < answerSeconds;
+    if (isBusy_ || isAnswer || isSame(frame, wanted_)) return false;
+    wanted_ = frame;
+    isForced_ = false;
+    return true;
 }
 
 void HostFrame::refresh() {
@@ -59,6 +69,8 @@ std::optional<Size> HostFrame::given() const {
 }
 
 void HostFrame::look() {
+    // The first look is for the answer; what it is later is the host's own doing.
+    const juce::ScopedValueSetter<bool> busy(isBusy_, !isForced_);
     lastLook_ = RunLoop::main().now();
     if (!wrapper()) return;
     const std::optional<Size> frame = given();

@@ -24,6 +24,9 @@ public:
 
     // Gives the editor this size, of which the wrapper tells the host, and looks later what came of it.
     void ask(Size wanted);
+    // A frame that the editor just got: whether the host gave it by itself. One that comes in answer to what was asked
+    // for is none, nor is one that is as it was asked for. From then on it is what counts as asked for.
+    bool takesAsHosts(Size frame);
     // While the host's frame is not what was asked for, looks now and then whether it has become another. With every
     // refresh of the window.
     void refresh();
@@ -38,9 +41,10 @@ private:
     juce::Component& editor_;
     XConnection& connection_;
     Size wanted_;
-    bool wasOnlyContent_ = false; // of the host's window, when the size was asked for
-    bool isForced_ = false;
-    double lastLook_ = 0; // seconds on the run loop's clock
+    bool wasOnlyContent_ = false;            // of the host's window, when the size was asked for
+    bool isForced_ = false, isBusy_ = false; // busy: the editor's size is changed from here
+    std::optional<double> lastAsk_;          // of somebody who could answer; both in seconds on the run loop's clock
+    double lastLook_ = 0;
     DelayedCall lookCall_;
 };
 

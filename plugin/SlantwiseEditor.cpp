@@ -17,6 +17,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
+constexpr double openingSeconds = 2;
+
 Size layoutSize(DrawerPlace drawer) {
     return EditorLayoutForAltFrame(QVMAltFrameDoubleWide, drawer).editor.size();
 }
@@ -33,6 +35,7 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
       restores_(owner.unit().restoreCount()) {
     // A host may open the editor on another thread than the one that served messages so far.
     RunLoop::main().becomeMainThread();
+    opened_ = RunLoop::main().now();
     view_ =
         &component_.window().setContentView(QVM0015_CocoaViewFactory2().uiViewForAudioUnitWithSize(&owner.unit(), {}));
     view_->ui().session().presets().list().user().setStore(&presets_);
@@ -40,13 +43,17 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
     addAndMakeVisible(component_);
     theme_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                          [this](const Notification&) { repaint(); });
+    component_.setContentSizeHandler([this] { askForFrame(); });
+    view_->ui().scale().setFitter([this] { fitFrame(EditorScale::Kept::no); });
+    setConstrainer(&limits_);
     followScale();
     askForFrame();
-    setResizable(false, false);
 }
 
 SlantwiseEditor::~SlantwiseEditor() {
     presses_.reset();
+    setConstrainer(nullptr);
+    component_.setContentSizeHandler(nullptr);
     component_.window().takeContentView();
 }
 
@@ -70,26 +77,56 @@ void SlantwiseEditor::followHost() {
     if (index >= 0 && chosen != view_->ui().currentPreset()) view_->ui().lastSavedPresetWasKeyed(chosen);
 }
 
-void SlantwiseEditor::childBoundsChanged(juce::Component* child) {
-    if (child == &component_ && !isPlacing_) askForFrame();
+Size SlantwiseEditor::contentSize() const {
+    return view_->bounds().size();
+}
+
+Size SlantwiseEditor::shapeFor(Size frame) const {
+    constexpr double much = 1.15;
+    const Size content = contentSize(), over = layoutSize(DrawerPlace::over);
+    const bool isWide = content == layoutSize(DrawerPlace::beside);
+    return isWide && scaleToFit(over, frame) > scaleToFit(content, frame) * much ? over : content;
 }
 
 void SlantwiseEditor::askForFrame() {
-    const Size content = view_->bounds().size();
+    if (isPlacing_ || isFitting_) return;
+    const Size content = view_->frame().size(), plain = contentSize();
+    limits_.setContent({plain.width * scale_, plain.height * scale_});
     frame_.ask({std::ceil(content.width * scale_), std::ceil(content.height * scale_)});
     layOut(); // also where that is the size it has
 }
 
+void SlantwiseEditor::resized() {
+    if (isPlacing_ || isFitting_) return;
+    const bool isHosts = frame_.takesAsHosts(frameSize());
+    if (!isHosts && !view_->ui().scale().fitsWindow()) return layOut();
+    // What a host gives at the opening is what it has kept itself.
+    const bool isUsers =
+        isHosts && hasShapeOf(contentSize(), frameSize()) && RunLoop::main().now() - opened_ > openingSeconds;
+    fitFrame(isUsers ? EditorScale::Kept::yes : EditorScale::Kept::no);
+}
+
+void SlantwiseEditor::fitFrame(EditorScale::Kept kept) {
+    {
+        const juce::ScopedValueSetter<bool> fitting(isFitting_, true);
+        view_->ui().scale().followWindow(static_cast<float>(scaleToFit(shapeFor(frameSize()), frameSize()) / scale_),
+                                         kept);
+    }
+    layOut();
+}
+
 void SlantwiseEditor::layOut() {
     if (std::exchange(isPlacing_, true)) return;
-    const Size frame{double(getWidth()), double(getHeight())}, content = view_->bounds().size();
-    const bool isInside = fitsFrame(content, scale_, frame);
+    const Size frame = frameSize(), content = contentSize();
+    const double wanted = scale_ * double{view_->ui().currentScale()};
+    const bool isInside = fitsFrame(content, wanted, frame);
     view_->ui().setDrawerPlace(isInside ? DrawerPlace::beside : DrawerPlace::over);
     const bool isDrawerOver = !isInside && content == layoutSize(DrawerPlace::beside);
-    const FramePlace place = placeInFrame(isDrawerOver ? layoutSize(DrawerPlace::over) : content, scale_, frame);
+    const FramePlace place = placeInFrame(isDrawerOver ? layoutSize(DrawerPlace::over) : content, wanted, frame);
     component_.setTopLeftPosition(0, 0);
     component_.setTransform(juce::AffineTransform::scale(static_cast<float>(place.scale))
                                 .translated(static_cast<float>(place.origin.x), static_cast<float>(place.origin.y)));
+    view_->ui().scale().setShown(place.scale / scale_);
     repaint();
     isPlacing_ = false;
 }

@@ -1,9 +1,12 @@
 // The editor as the toolkit's wrappers see it: a component that holds one window with the view of host/.
 //
 // It is as large as the frame that the host gives it, and asks for the one that the view wants, at the desktop's scale
-// where the host says none. In another one the view is placed whole (FramePlace), with the theme's ground beside it.
+// where the host says none. Where the host gives another one by itself the view takes the scale that fits it. In one
+// that the view does not fit it is placed whole (FramePlace), with the theme's ground beside it.
 #pragma once
 
+#include "editor/surface/EditorScale.h"
+#include "plugin/FrameLimits.h"
 #include "plugin/HostFrame.h"
 #include "plugin/SlantwiseProcessor.h"
 #include "presets/PresetFolder.h"
@@ -40,16 +43,25 @@ private:
     // Asks for the frame that the view wants, and places the view in the present one.
     void askForFrame();
     void layOut();
-    void resized() override { layOut(); }
+    // Gives the view the scale that fits the present frame.
+    void fitFrame(EditorScale::Kept kept);
+    Size frameSize() const { return {double(getWidth()), double(getHeight())}; }
+    // The view's, at its plain scale.
+    Size contentSize() const;
+    // What is to fill a frame: the view, or what it is with the drawer over the controls where that comes out much
+    // larger.
+    Size shapeFor(Size frame) const;
+    void resized() override;
     void paint(juce::Graphics& g) override;
-    void childBoundsChanged(juce::Component* child) override;
 
     SlantwiseProcessor& processor_;
     juce::SharedResourcePointer<ToolkitRuntime> runtime_;
     DesktopScale desktopScale_{runtime_->connection()};
     HostFrame frame_{*this, runtime_->connection()};
     double scale_ = 1; // that the component is to have in the editor; the host's own is the editor's
-    bool hasFactor_ = false, isPlacing_ = false;
+    bool hasFactor_ = false, isPlacing_ = false, isFitting_ = false;
+    FrameLimits limits_;
+    double opened_ = 0;    // seconds on the run loop's clock
     PresetFolder presets_; // the user's; outlives the view
     WindowComponent component_;
     QVM0015_CocoaView2* view_ = nullptr; // owned by the window

@@ -36,7 +36,8 @@ void addBareFile(CLI::App& app, const std::string& help, OptionSetter setter);
 // Adds any number of such arguments, in their order.
 void addBareFiles(CLI::App& app, const std::string& help, std::vector<std::string>& files);
 // The options of every program that opens a window. What they set lives as long as the app is used.
-enum class StartTheme : unsigned char { light, dark };
+// `asKept`: none was asked for.
+enum class StartTheme : unsigned char { asKept, light, dark };
 void addTheme(CLI::App& app, StartTheme& theme);
 // `otherwise` says what the scale is when it is not given, in device pixels a point.
 void addScale(CLI::App& app, const std::string& otherwise, double& scale);

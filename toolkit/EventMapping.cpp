@@ -142,6 +142,8 @@ juce::MouseCursor toToolkit(Cursor cursor) {
         return Toolkit::UpDownResizeCursor;
     case Cursor::resizeLeftRight:
         return Toolkit::LeftRightResizeCursor;
+    case Cursor::resizeDiagonal:
+        return Toolkit::BottomRightCornerResizeCursor;
     case Cursor::openHand:
     case Cursor::closedHand:
         return Toolkit::DraggingHandCursor;

@@ -10,8 +10,11 @@ namespace QVM_NAMESPACE {
 // Closing it ends the program. Main thread; only where there is a display.
 class ProgramWindow final : public juce::DocumentWindow {
 public:
+    // Whether the user can make it larger and smaller, and the content with it.
+    enum class Resizing : bool { no, yes };
+
     // On screen when this returns. The content, with the scale it is to have, is borrowed and outlives the window.
-    ProgramWindow(const juce::String& title, juce::Component& content);
+    ProgramWindow(const juce::String& title, juce::Component& content, Resizing resizing = Resizing::no);
 
     void closeButtonPressed() override { juce::JUCEApplicationBase::quit(); }
 };

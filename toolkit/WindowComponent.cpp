@@ -37,6 +37,7 @@ void WindowComponent::contentViewDidChange() {
 
 void WindowComponent::contentSizeDidChange(Size points) {
     setSize(static_cast<int>(std::ceil(points.width)), static_cast<int>(std::ceil(points.height)));
+    if (contentSizeHandler_) contentSizeHandler_();
 }
 
 void WindowComponent::setCursor(Cursor shown) {

@@ -12,13 +12,15 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 
 // Put it into an editor or a window of the toolkit, at the size it gives itself; it changes its size when its content
-// does, and the parent follows (childBoundsChanged). All on the main thread. It may be destroyed at any time, with
-// menus open and calls pending.
+// does, and the parent follows (childBoundsChanged, or setContentSizeHandler where the content may also be scaled). All
+// on the main thread. It may be destroyed at any time, with menus open and calls pending.
 class WindowComponent final : public juce::Component, public juce::TooltipClient, private WindowHost {
 public:
     using Embedding = KeyboardFocus::Embedding;
@@ -28,6 +30,8 @@ public:
 
     // Give it a content view; this takes the view's size.
     Window& window() { return window_; }
+    // Called when the content's size changed from inside, in its own points or in those of its frame alone.
+    void setContentSizeHandler(std::function<void()> handler) { contentSizeHandler_ = std::move(handler); }
     // What the last frame did.
     const RenderStatistics& lastFrame() const { return frames_.last(); }
 
@@ -71,6 +75,7 @@ private:
     KeyboardFocus keys_;
     MenuPopup menu_{*this, keys_, pace_, *runtime_};
     PointerInput pointer_{*this, window_, keys_, pace_, *runtime_};
+    std::function<void()> contentSizeHandler_;
     juce::VBlankAttachment refresh_;
 };
 

@@ -25,6 +25,8 @@ public:
     virtual void toggleDoubleWide() = 0;
     virtual void toggleFrame() = 0;
     virtual void toggleUITheme() = 0;
+    // The next larger (1) or smaller (-1) size, or the plain one (0).
+    virtual void stepScale(int direction) = 0;
 
     // Named by the contract and not used in this product.
     virtual void hideAllControls() = 0;

@@ -3,6 +3,8 @@
 #include "editor/keyboard/EditorFocus.h"
 #include "editor/keyboard/KeyboardSurface.h"
 
+#include <utility>
+
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -23,7 +25,15 @@ bool isArrow(char32_t character) {
 } // namespace
 
 QVMKeyboardHandler::QVMKeyboardHandler(EditorSession& session, EditorFocus& focus, KeyboardSurface& surface)
-    : session_(session), focus_(focus), surface_(surface) {}
+    : session_(session), focus_(focus), surface_(surface) {
+    const std::pair<char32_t, int> sizes[] = {{U'+', 1}, {U'=', 1}, {U'-', -1}, {U'0', 0}}; // "=" is "+" with no Shift
+    for (const auto& [key, direction] : sizes) {
+        cmdShortcutMap_[key] = [this, direction] {
+            if (focused()) surface_.stepScale(direction);
+            return focused() != nullptr;
+        };
+    }
+}
 
 bool QVMKeyboardHandler::handleKeyDownEvent(const Event& event) {
     FocusableControl* control = focused();
@@ -54,9 +64,10 @@ bool QVMKeyboardHandler::handleKeyCode(const Event& event) {
 
 bool QVMKeyboardHandler::handlePerformKeyEquivalent(const Event& event) {
     const char32_t ch = characterOf(event);
-    if (event.has(EventModifier::numericPad)) {
+    const bool isArrowKey = isArrow(ch);
+    if (event.has(EventModifier::numericPad) && (isArrowKey || !event.has(EventModifier::command))) {
         FocusableControl* control = focused();
-        return control && isArrow(ch) && control->incrementWithArrowGranularity(ch, granularityOf(event));
+        return control && isArrowKey && control->incrementWithArrowGranularity(ch, granularityOf(event));
     }
     if (!event.has(EventModifier::command) || event.has(EventModifier::control)) return false;
     const auto shortcut = cmdShortcutMap_.find(ch);

@@ -87,7 +87,7 @@ private:
     EditorFocus& focus_;
     KeyboardSurface& surface_;
     NumberBuffer numberBuffer_;
-    std::map<char32_t, Shortcut> cmdShortcutMap_; // deliberately empty in this product
+    std::map<char32_t, Shortcut> cmdShortcutMap_; // keys with Command: the editor's size
 };
 
 } // namespace QVM_NAMESPACE

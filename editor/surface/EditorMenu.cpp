@@ -10,6 +10,7 @@
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
+#include "editor/surface/SizeMenu.h"
 #include "editor/surface/UserPresetItems.h"
 #include "platform/system/Workspace.h"
 #include "platform/view/Menu.h"
@@ -164,6 +165,8 @@ std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* cont
         menu->items.push_back(MenuItem::separator());
         menu->items.insert(menu->items.end(), presets.begin(), presets.end());
     }
+    menu->items.push_back(MenuItem::separator());
+    menu->items.push_back(makeSizeMenu(ui));
     menu->items.push_back(MenuItem::separator());
     menu->items.push_back(item(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,
                                [page = productPage(metadata)] { Workspace::current().openUrl(page); }));

@@ -7,6 +7,7 @@
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
+#include "editor/surface/ScaleGrip.h"
 
 #include <utility>
 
@@ -96,6 +97,20 @@ void EditorParts::assumeLayout(std::int32_t altFrame, QVMParameterControl* power
     if (powerBox_) powerBox_->assumeLayout(layout);
     layOutFrameButton();
     layOutNotice();
+    if (grip_) grip_->placeIn(layout.editor.size());
+}
+
+void EditorParts::addScaleGrip(EditorScale& scale) {
+    if (!grip_) grip_ = &editor_.addSubview(std::make_unique<ScaleGrip>(scale));
+    grip_->placeIn(EditorLayoutForAltFrame(altFrame_).editor.size());
+}
+
+void EditorParts::pointerMoved(Point at) {
+    if (grip_) grip_->pointerMoved(at);
+}
+
+void EditorParts::pointerLeft() {
+    if (grip_) grip_->pointerLeft();
 }
 
 // In the corner of the curve.

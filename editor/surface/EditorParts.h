@@ -13,6 +13,7 @@
 
 namespace QVM_NAMESPACE {
 
+class EditorScale;
 class FrameButton;
 class NoticeView;
 class ParameterControls;
@@ -21,6 +22,7 @@ class QVMClumpsView;
 class QVMParameterControl;
 class QVMPowerBox;
 class QVMPresetBar;
+class ScaleGrip;
 class View;
 
 class EditorParts {
@@ -50,6 +52,12 @@ public:
     // Everything where a layout variant has it, the editor itself included. `power` is the control of the master
     // switch, or null.
     void assumeLayout(std::int32_t altFrame, QVMParameterControl* power, DrawerPlace drawer = DrawerPlace::beside);
+    // Above all that is there, too: by which the editor is dragged to another size. It shows while the pointer, which
+    // is given in the editor, is near.
+    void addScaleGrip(EditorScale& scale);
+    ScaleGrip* scaleGrip() const { return grip_; }
+    void pointerMoved(Point at);
+    void pointerLeft();
     // Says something over the controls for a few seconds.
     void showNotice(std::string what, std::string why);
 
@@ -68,6 +76,7 @@ private:
     QVMPresetBar* presetBar_ = nullptr;
     FrameButton* frameButton_ = nullptr;
     NoticeView* notice_ = nullptr;
+    ScaleGrip* grip_ = nullptr;
 };
 
 } // namespace QVM_NAMESPACE

@@ -1,11 +1,14 @@
-// Preferences of the interface as they travel inside the process: by notifications, whoever keeps them. Main thread
-// only.
+// Preferences of the interface: those that are remembered for the product, by name, and how they travel inside the
+// process, by notifications, whoever keeps them. Main thread only.
 #pragma once
 
 #include "platform/runloop/NotificationCenter.h"
 
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -19,13 +22,28 @@ public:
     using Changed = std::function<void(const std::string& key, double value)>;
     using Saved = std::function<void()>;
 
+    // One that is remembered: how it is read, and how one that was remembered takes effect, of which nothing is
+    // reported and nothing drawn need be there yet.
+    struct Preference {
+        std::function<double()> value;
+        std::function<void(double)> adopt;
+    };
+    void define(const std::string& key, Preference preference) { defined_[key] = std::move(preference); }
+    // As it is now; nothing for a name that was not defined. What is adopted under such a name has no effect.
+    std::optional<double> value(const std::string& key) const;
+    void adopt(const std::string& key, double value) const;
+    // The user has changed it: tells whoever `observe` named.
+    void report(const std::string& key) const;
+
     // Calls one of both for every notification, from whichever editor, until stop().
     void observe(Changed changed, Saved saved);
-    void stop() { observations_.clear(); }
+    void stop();
     // Tells all editors.
     static void post(const void* sender, std::int32_t key, double value);
 
 private:
+    std::map<std::string, Preference> defined_;
+    Changed changed_;
     std::vector<ObservationToken> observations_;
 };
 

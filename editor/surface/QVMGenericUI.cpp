@@ -1,6 +1,7 @@
 #include "editor/surface/QVMGenericUI.h"
 
 #include "controls/QVMSymbolButton.h"
+#include "editor/surface/EditorPreferences.h"
 #include "editor/surface/FrameButton.h"
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/QVMPowerBox.h"
@@ -23,8 +24,8 @@ QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config,
       session_(*config_, shown_), shownFocus_(*this), focus_(*config_, session_.values(), *this, shownFocus_),
       keyboard_(session_, focus_, *this), reports_(*this, session_.values().count()),
       controls_(reports_, session_.values()), parts_(*this, *config_), drawers_(*this, *this),
-      sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}), layouts_(*this),
-      menus_(*this) {
+      sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}), scale_(*this),
+      layouts_(*this), menus_(*this) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;
@@ -54,10 +55,11 @@ void QVMGenericUI::completeInterfaceSetup() {
     setConfig(config_);
     addPresetDrawer();
     addFrameButton();
+    parts_.addScaleGrip(scale_);
     syncUndoRedoButtonsToStackState();
     potentiallySaveToUndoRedoStack();
     controls_.applyChannelLayoutRules(*config_, {chanIn_, chanOut_});
-    observePreferences();
+    observePreferences(*this);
     addHudAndNumericMeter();
     sketchCall_.schedule(sketchDelay, [this] { addSketch(); });
     backingScaleCall_.schedule(backingScaleDelay, [this] { viewDidChangeBackingProperties(); });

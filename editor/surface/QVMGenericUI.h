@@ -14,6 +14,7 @@
 #include "editor/surface/EditorDrawers.h"
 #include "editor/surface/EditorMenus.h"
 #include "editor/surface/EditorParts.h"
+#include "editor/surface/EditorScale.h"
 #include "editor/surface/EditorSketches.h"
 #include "editor/surface/InterfacePreferences.h"
 #include "editor/surface/LayoutVariants.h"
@@ -123,9 +124,9 @@ public:
     std::int32_t altFrame() const { return layouts_.current(); }
     // Where the advanced drawer opens, in the layout that has it.
     void setDrawerPlace(DrawerPlace place) { layouts_.setDrawerPlace(place); }
-    // What the delegate multiplies the size of a layout variant with.
-    float currentScale() const { return currentScale_; }
-    void setCurrentScale(float scale) { currentScale_ = scale; }
+    // What the delegate multiplies the size of a layout variant with (EditorScale).
+    EditorScale& scale() { return scale_; }
+    float currentScale() const { return scale_.current(); }
     // The window's device pixels a point, for every layer; nothing without a window.
     void setBackingScaleOnViewRecursively(View& view);
     void setBackingScaleOnLayerRecursively(Layer& layer);
@@ -145,6 +146,7 @@ public:
     void meterTapped();
 
     void toggleUITheme() override;
+    InterfacePreferences& preferences() { return preferences_; }
     // Opens the address of the current settings in the browser and copies it to the clipboard.
     void presetSaveTapped();
     void logoTapped() { presetSaveTapped(); }
@@ -211,6 +213,10 @@ public:
     bool performKeyEquivalent(const Event& event) override;
     void mouseDown(const Event& event) override;
     void mouseUp(const Event& event) override;
+    void mouseMoved(const Event& event) override {
+        parts_.pointerMoved(coordinates().fromWindow(event.locationInWindow));
+    }
+    void mouseExited(const Event&) override { parts_.pointerLeft(); }
     std::unique_ptr<Menu> menuForEvent(const Event& event) override;
     std::unique_ptr<Menu> menuForKeyboard();
     void viewDidMoveToWindow() override;
@@ -225,12 +231,13 @@ private:
     void addHudAndNumericMeter();
     void addSketch();
 
-    void observePreferences();
 
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}
     // QVMABControlDelegate
     void abControlChangeTriggeredByButton(QVMABControl& control, std::uint32_t button) override;
+    // KeyboardSurface
+    void stepScale(int direction) override { direction == 0 ? scale_.choose(1) : scale_.step(direction); }
     // EditorDrawersDelegate
     void drawerWillOpen() override { focus_.bring(nullptr); }
     void presetsDrawerWillClose() override { ensureFirstResponder(); }
@@ -238,7 +245,6 @@ private:
     std::shared_ptr<QVMConfig> config_;
     QVMGenericUIDelegate* delegate_ = nullptr;
     std::uint32_t chanIn_ = 0, chanOut_ = 0;
-    float currentScale_ = 1;
 
     ShownSession shown_;
     EditorSession session_;
@@ -251,6 +257,7 @@ private:
     EditorDrawers drawers_;
     EditorSketches sketches_;
     SketchHandover handover_;
+    EditorScale scale_;
     LayoutVariants layouts_;
     EditorMenus menus_;
     InterfacePreferences preferences_;

@@ -101,14 +101,4 @@ bool QVMGenericUI::togglePresetsDrawer() {
     return true;
 }
 
-void QVMGenericUI::observePreferences() {
-    preferences_.observe(
-        [this](const std::string& key, double value) {
-            if (delegate_) delegate_->interfaceDidUpdateInterfacePreferenceValue(*this, key, value);
-        },
-        [this] {
-            if (delegate_) delegate_->interfaceShouldRequestUpdatedLayout(*this);
-        });
-}
-
 } // namespace QVM_NAMESPACE

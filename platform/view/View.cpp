@@ -19,7 +19,8 @@ void setContentsScaleOfTree(Layer& layer, double scale) {
 
 } // namespace
 
-View::View(const Rect& frame, YAxis axis) : layer_(std::make_shared<Layer>(axis)), frame_(frame) {
+View::View(const Rect& frame, YAxis axis)
+    : layer_(std::make_shared<Layer>(axis)), frame_(frame), boundsSize_(frame.size()) {
     layer_->setFrame(frame);
 }
 
@@ -30,13 +31,15 @@ View::~View() {
         subview->superview_ = nullptr;
 }
 
-void View::setFrame(const Rect& frame) {
-    layer_->setFrame(frame); // even when it is there already: a glide may be under way that this call ends
-    if (frame == frame_) return;
-    const Size before = frame_.size();
+void View::setFrame(const Rect& frame, Size bounds) {
+    // Even when it is there already: a glide may be under way that this call ends.
+    layer_->setFrame({frame.x, frame.y, bounds.width, bounds.height});
+    if (frame == frame_ && bounds == boundsSize_) return;
+    const bool isResized = frame.size() != frame_.size() || bounds != boundsSize_;
     frame_ = frame;
+    boundsSize_ = bounds;
     frameDidChange();
-    if (window_ && window_->contentView() == this) window_->contentFrameDidChange(before);
+    if (isResized && window_ && window_->contentView() == this) window_->contentSizeDidChange();
 }
 
 void View::animateAlpha(double alpha, double seconds) {

@@ -1,5 +1,7 @@
 // A tree of boxes that receive events and own layers. A view's frame is in its superview's coordinates, its bounds in
-// its own (origin 0, 0). y grows downwards unless the view is made with YAxis::up (the value controls are).
+// its own (origin 0, 0). y grows downwards unless the view is made with YAxis::up (the value controls are). A window's
+// content may be shown larger or smaller than it is laid out: its frame is what the host sees then, its bounds what
+// layers and events are in.
 //
 // The parent owns its subviews. Every view has a backing layer that follows its frame; subviews' layers are its
 // sublayers, above those that the view added itself. Main thread only.
@@ -19,7 +21,16 @@ namespace QVM_NAMESPACE {
 class Menu;
 class Window;
 
-enum class Cursor : unsigned char { arrow, pointingHand, resizeUpDown, resizeLeftRight, openHand, closedHand, none };
+enum class Cursor : unsigned char {
+    arrow,
+    pointingHand,
+    resizeUpDown,
+    resizeLeftRight,
+    resizeDiagonal, // from the top left to the bottom right
+    openHand,
+    closedHand,
+    none
+};
 enum class Order : unsigned char { above, below };
 
 class View : public Responder {
@@ -30,8 +41,11 @@ public:
     View& operator=(const View&) = delete;
 
     Rect frame() const { return frame_; }
-    void setFrame(const Rect& frame); // glides inside an animated transaction; calls frameDidChange()
-    Rect bounds() const { return {0, 0, frame_.width, frame_.height}; }
+    void setFrame(const Rect& frame) { setFrame(frame, frame.size()); }
+    // With bounds of another size, for a window's content alone. Both glide inside an animated transaction and call
+    // frameDidChange().
+    void setFrame(const Rect& frame, Size bounds);
+    Rect bounds() const { return {0, 0, boundsSize_.width, boundsSize_.height}; }
     YAxis yAxis() const { return layer_->yAxis(); }
 
     bool isHidden() const { return layer_->isHidden(); }
@@ -99,6 +113,7 @@ private:
 
     std::shared_ptr<Layer> layer_;
     Rect frame_;
+    Size boundsSize_;
     View* superview_ = nullptr;
     Window* window_ = nullptr;
     std::vector<std::unique_ptr<View>> subviews_;

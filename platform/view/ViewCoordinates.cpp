@@ -8,6 +8,12 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
+// The view in its superview, or in the window's coordinates, which are those of the content's bounds.
+Rect placeOf(const View& view) {
+    const Size size = view.bounds().size();
+    return {view.frame().x, view.frame().y, size.width, size.height};
+}
+
 YAxis superviewAxis(const View& view) {
     return view.superview() ? view.superview()->yAxis() : YAxis::down;
 }
@@ -15,19 +21,19 @@ YAxis superviewAxis(const View& view) {
 } // namespace
 
 bool ViewCoordinates::hasInFrame(Point p) const {
-    const Rect frame = view_.frame();
+    const Rect frame = placeOf(view_);
     if (p.x < frame.minX() || p.x >= frame.maxX()) return false;
     return superviewAxis(view_) == YAxis::down ? p.y >= frame.minY() && p.y < frame.maxY()
                                                : p.y > frame.minY() && p.y <= frame.maxY();
 }
 
 Point ViewCoordinates::fromSuperview(Point p) const {
-    const Rect frame = view_.frame();
+    const Rect frame = placeOf(view_);
     return {p.x - frame.x, superviewAxis(view_) == view_.yAxis() ? p.y - frame.y : frame.maxY() - p.y};
 }
 
 Point ViewCoordinates::toSuperview(Point p) const {
-    const Rect frame = view_.frame();
+    const Rect frame = placeOf(view_);
     return {p.x + frame.x, superviewAxis(view_) == view_.yAxis() ? p.y + frame.y : frame.maxY() - p.y};
 }
 

@@ -35,8 +35,8 @@ std::unique_ptr<View> Window::takeContentView() {
     return view;
 }
 
-void Window::contentFrameDidChange(Size before) {
-    if (host_ && content_->bounds().size() != before) host_->contentSizeDidChange(content_->bounds().size());
+void Window::contentSizeDidChange() {
+    if (host_) host_->contentSizeDidChange(content_->bounds().size());
 }
 
 void Window::setHost(WindowHost* host) {

@@ -16,8 +16,8 @@ public:
     virtual void setCursor(Cursor cursor) = 0;
     // The window has another content view, or none.
     virtual void contentViewDidChange() {}
-    // The content view's size changed from inside; the host's frame follows.
-    virtual void contentSizeDidChange(Size points) = 0;
+    // The content view's size changed from inside, that of its bounds or of its frame alone; the host's frame follows.
+    virtual void contentSizeDidChange(Size bounds) = 0;
     // Something is to be typed into or stepped: keyboard focus is wanted, for as long as the window wantsKeys().
     virtual void takeKeyboardFocus() = 0;
     // Shows the menu inside the window at a point in window coordinates; returns at once.
@@ -104,7 +104,7 @@ private:
     friend class Responder;
     class Walk; // over views, any of which may go meanwhile
     void replaceContentView(std::unique_ptr<View> view);
-    void contentFrameDidChange(Size before);
+    void contentSizeDidChange();
     void forget(const View& view); // it is leaving with all that is in it: clear what points there
     void forgetResponder(const Responder& responder);
     bool mousePressed(const Event& event);

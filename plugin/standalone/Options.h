@@ -17,7 +17,7 @@ struct Options {
     std::string playFile;           // empty: built-in pink noise
     std::string settings;           // a settings address that can be read, empty when not given
     std::optional<int> presetIndex; // into the factory presets
-    Theme theme = Theme::light;
+    Theme theme = Theme::asKept;
     Layout layout = Layout::normal;
     double scale = 0;           // device pixels a point; 0: what the desktop says
     std::string screenshotFile; // PNG to write, empty for none

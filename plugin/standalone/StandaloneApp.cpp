@@ -42,7 +42,7 @@ void StandaloneApp::initialise(const juce::String&) {
     if (options_.scale > 0) processor_->setScaledByHost();
     player_ = std::make_unique<LoopPlayer>(*processor_, std::move(clip));
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
-    if (options_.theme == Options::Theme::dark) editor_->view().ui().toggleUITheme();
+    applyLook();
     applyLayout();
     applyPreset();
     applySettings();
@@ -73,6 +73,16 @@ void StandaloneApp::applyPreset() {
     editor_->view().ui().bringParameterControlIntoFocus(nullptr);
 }
 
+// Over what is remembered, and not remembered in turn.
+void StandaloneApp::applyLook() {
+    QVMGenericUI& ui = editor_->view().ui();
+    if (options_.theme != Options::Theme::asKept)
+        ui.preferences().adopt("theme", options_.theme == Options::Theme::dark ? 1 : 0);
+    if (options_.scale <= 0) return;
+    ui.preferences().adopt(EditorScale::preferenceKey, 1);
+    ui.requestFrame(ui.altFrame());
+}
+
 void StandaloneApp::applyLayout() {
     switch (options_.layout) {
     case Options::Layout::normal:
@@ -90,7 +100,7 @@ void StandaloneApp::applySettings() {
 
 void StandaloneApp::openWindow() {
     if (options_.scale > 0) editor_->setScaleFactor(static_cast<float>(options_.scale));
-    window_ = std::make_unique<ProgramWindow>("Slantwise", *editor_);
+    window_ = std::make_unique<ProgramWindow>("Slantwise", *editor_, ProgramWindow::Resizing::yes);
     editor_->addKeyListener(this);
 }
 
@@ -100,9 +110,13 @@ bool StandaloneApp::keyPressed(const juce::KeyPress& key, juce::Component*) {
     return true;
 }
 
+double StandaloneApp::pictureScale() const {
+    if (options_.scale > 0) return options_.scale;
+    return window_ ? editor_->window().backingScaleFactor() : double{editor_->view().ui().currentScale()};
+}
+
 void StandaloneApp::writeScreenshot() {
-    const double scale = options_.scale > 0 ? options_.scale : editor_->window().backingScaleFactor();
-    if (!writePng(renderWindowToImage(editor_->window(), scale), options_.screenshotFile)) {
+    if (!writePng(renderWindowToImage(editor_->window(), pictureScale()), options_.screenshotFile)) {
         return fail("cannot write \"" + options_.screenshotFile + "\"");
     }
     // With nothing else to wait for, the picture was all that was wanted.

@@ -21,6 +21,7 @@ public:
     void shutdown() override;
 
 private:
+    void applyLook();
     void applyLayout();
     void applyPreset();
     // Over the preset's: what the address does not name is at its initial value.
@@ -29,6 +30,7 @@ private:
     // juce::KeyListener: F1, which in a host is the host's.
     bool keyPressed(const juce::KeyPress& key, juce::Component* component) override;
     void writeScreenshot();
+    double pictureScale() const; // pixels a point
 
     const Options options_;
     std::unique_ptr<SlantwiseProcessor> processor_;

@@ -32,6 +32,20 @@ TEST(FramePlace, ASizeThatWasRoundedUpIsNoReasonToShrink) {
     EXPECT_FALSE(fitsFrame({200, 200}, 1, {198, 200}));
 }
 
+TEST(FramePlace, TheScaleThatFitsFillsAsMuchAsItCan) {
+    EXPECT_EQ(scaleToFit({480, 320}, {960, 640}), 2);
+    EXPECT_EQ(scaleToFit({480, 320}, {600, 900}), 1.25);
+    EXPECT_EQ(scaleToFit({480, 320}, {900, 160}), 0.5);
+    EXPECT_EQ(scaleToFit({0, 0}, {900, 160}), 1);
+}
+
+TEST(FramePlace, AFrameHasTheShapeWhateverItsSizeIsButForWhatWasRounded) {
+    EXPECT_TRUE(hasShapeOf({480, 320}, {480, 320}));
+    EXPECT_TRUE(hasShapeOf({480, 320}, {601, 401}));
+    EXPECT_FALSE(hasShapeOf({480, 320}, {600, 420}));
+    EXPECT_FALSE(hasShapeOf({480, 320}, {1900, 1000}));
+}
+
 TEST(FramePlace, NothingAtAllHasItsScale) {
     for (const auto& [content, frame] :
          {std::pair{Size{480, 320}, Size{0, 0}}, {Size{0, 0}, Size{480, 320}}, {Size{480, 320}, Size{-5, 300}}}) {

@@ -156,6 +156,7 @@ TEST(EventMapping, EveryCursorHasItsPicture) {
     EXPECT_TRUE(toToolkit(Cursor::arrow) == Toolkit::NormalCursor);
     EXPECT_TRUE(toToolkit(Cursor::pointingHand) == Toolkit::PointingHandCursor);
     EXPECT_TRUE(toToolkit(Cursor::resizeUpDown) == Toolkit::UpDownResizeCursor);
+    EXPECT_TRUE(toToolkit(Cursor::resizeDiagonal) == Toolkit::BottomRightCornerResizeCursor);
     EXPECT_TRUE(toToolkit(Cursor::resizeLeftRight) == Toolkit::LeftRightResizeCursor);
     EXPECT_TRUE(toToolkit(Cursor::none) == Toolkit::NoCursor);
 }

@@ -57,6 +57,7 @@ protected:
         return true;
     }
     void toggleDoubleWide() override { told_.push_back("double wide"); }
+    void stepScale(int direction) override { told_.push_back("scale " + std::to_string(direction)); }
     void toggleFrame() override { told_.push_back("frame"); }
     void toggleUITheme() override { told_.push_back("theme"); }
     void hideAllControls() override { told_.push_back("hide controls"); }

@@ -93,6 +93,29 @@ TEST_F(QVMKeyboardHandlerTest, ArrowsStepTheFocusedControlByGranularity) {
     EXPECT_FLOAT_EQ(memoized(pidTiltGain), 1.5f);
 }
 
+TEST_F(QVMKeyboardHandlerTest, CommandWithPlusMinusAndZeroIsTheSizeWhileAControlHasTheFocus) {
+    const auto press = [this](char32_t which, std::uint32_t modifiers = EventModifier::command) {
+        return ui_->keyboard().handlePerformKeyEquivalent(keyEvent(which, 0, modifiers));
+    };
+    EXPECT_FALSE(press(U'+')) << "with no focus it is the host's";
+    EXPECT_EQ(ui_->currentScale(), 1);
+    focus(1);
+    EXPECT_TRUE(press(U'+'));
+    EXPECT_EQ(ui_->currentScale(), 1.25F);
+    EXPECT_TRUE(press(U'=')) << "the same key without Shift";
+    EXPECT_EQ(ui_->currentScale(), 1.5F);
+    EXPECT_TRUE(press(U'+', EventModifier::command | EventModifier::numericPad));
+    EXPECT_EQ(ui_->currentScale(), 2);
+    EXPECT_TRUE(press(U'-'));
+    EXPECT_EQ(ui_->currentScale(), 1.5F);
+    EXPECT_TRUE(press(U'0'));
+    EXPECT_EQ(ui_->currentScale(), 1);
+    EXPECT_FALSE(press(U'+', EventModifier::numericPad)) << "a sign that is typed";
+    EXPECT_FALSE(press(U'+', EventModifier::command | EventModifier::control));
+    EXPECT_EQ(ui_->currentScale(), 1);
+    EXPECT_EQ(buffer(), "");
+}
+
 TEST_F(QVMKeyboardHandlerTest, ShiftWinsOverCommandForArrows) {
     focus(pidTiltGain);
     arrow(Key::right, EventModifier::shift | EventModifier::command);

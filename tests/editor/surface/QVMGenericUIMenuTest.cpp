@@ -44,7 +44,7 @@ TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
     EXPECT_THAT(titles(*menu), ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode",
                                            "-", "Copy all settings as URL to Clipboard",
                                            "Paste all settings from Clipboard", "Reset all settings to default", "-",
-                                           "Save preset as...", "Delete", "-", "Ferrowind Slantwise, 2.0.1"));
+                                           "Save preset as...", "Delete", "-", "Size", "-", "Ferrowind Slantwise, 2.0.1"));
     EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
 }
 
@@ -77,7 +77,7 @@ TEST_F(QVMGenericUIMenu, ElsewhereIsTheProducts) {
     EXPECT_EQ(menu->title, "Slantwise");
     EXPECT_THAT(titles(*menu), ElementsAre("Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
                                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-",
-                                           "Ferrowind Slantwise, 2.0.1"));
+                                           "Size", "-", "Ferrowind Slantwise, 2.0.1"));
     EXPECT_EQ(ui_->lastRightClickedControl(), nullptr);
     menu->items.back().action();
     EXPECT_THAT(desktop.opened, ElementsAre(site));

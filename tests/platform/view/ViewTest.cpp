@@ -24,6 +24,25 @@ TEST(View, LayerFollowsTheFrame) {
     EXPECT_EQ(v.bounds(), (Rect{0, 0, 3, 4}));
 }
 
+TEST(View, AWindowsContentMayBeShownLargerOrSmallerThanItIsLaidOut) {
+    RecordingHost host;
+    Window window(&host);
+    View& content = window.setContentView(view({0, 0, 480, 320}));
+    View& button = content.addSubview(view({450, 300, 20, 10}));
+    host.sizes.clear();
+    for (const double scale : {0.75, 3.0}) {
+        content.setFrame({0, 0, 480 * scale, 320 * scale}, {480, 320});
+        EXPECT_EQ(content.frame().size(), (Size{480 * scale, 320 * scale}));
+        EXPECT_EQ(content.bounds(), (Rect{0, 0, 480, 320}));
+        EXPECT_EQ(content.layer()->frame(), (Rect{0, 0, 480, 320})) << "what is drawn is not laid out anew";
+        EXPECT_EQ(window.hitTest({455, 305}), &button);
+        EXPECT_EQ(window.hitTest({481, 305}), nullptr);
+        EXPECT_EQ(button.coordinates().fromWindow({455, 305}), (Point{5, 5}));
+        EXPECT_EQ(button.coordinates().toWindow(Point{5, 5}), (Point{455, 305}));
+    }
+    EXPECT_THAT(host.sizes, ElementsAre(Size{480, 320}, Size{480, 320})) << "the host is told, as its frame follows";
+}
+
 TEST(View, FrameChangeIsToldOnceAndOnlyWhenItIsOne) {
     Record record;
     RecordingView v("v", record, {0, 0, 10, 10});

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace slantwise_tests {
 namespace {
 
@@ -82,10 +84,13 @@ TEST_F(FrameInHost, AHostThatGrantsTheSizeLateHasTheDrawerBesideTheControls) {
 TEST_F(FrameInHost, ALargerFrameIsFilledAndHasTheEditorInItsMiddle) {
     open(Resizing::allowed);
     const Picture whole = picture({480, 320});
-    view_->resize({600, 420});
-    ASSERT_TRUE(view_->runUntil([&] { return part(60, 50, 480, 320).differingPixels(whole) < 500; }));
-    EXPECT_EQ(part(0, 0, 600, 50).countOf(0, 0), 0U) << "no black beside it";
-    EXPECT_EQ(part(0, 0, 60, 420).distinctColours(), 1U);
+    const std::uint32_t columnColour = part(470, 130, 1, 1).pixels[0];
+    view_->resize({720, 600}); // at one and a half
+    ASSERT_TRUE(view_->runUntil([&] { return part(627, 240, 93, 90).countOf(columnColour, 3) > 4000; }));
+    EXPECT_EQ(part(0, 0, 720, 60).countOf(0, 0), 0U) << "no black beside it";
+    EXPECT_EQ(part(0, 0, 720, 60).distinctColours(), 1U);
+    EXPECT_EQ(part(0, 540, 720, 60).distinctColours(), 1U);
+    EXPECT_TRUE(view_->takeAsked().empty()) << "who is given a size asks for none";
     view_->resize({480, 320});
     EXPECT_TRUE(view_->runUntil([&] { return picture({480, 320}).differingPixels(whole) < 500; }));
 }
@@ -109,6 +114,45 @@ TEST_F(FrameInHost, TheCompactFormOfARefusingHostStandsInTheFramesMiddle) {
     EXPECT_GE(part(140, 60, 200, 200).distinctColours(), 3U);
     click(140 + 187, 60 + 13); // back
     EXPECT_TRUE(view_->runUntil([&] { return picture({480, 320}).distinctColours() > 200; }));
+}
+
+TEST_F(FrameInHost, MayBeDraggedToAnySizeOfItsShapeBetweenItsLimits) {
+    open(Resizing::allowed);
+    EXPECT_EQ(view_->view().canResize(), Steinberg::kResultTrue);
+    const auto constrained = [this](int width, int height) {
+        Steinberg::ViewRect rect(0, 0, width, height);
+        EXPECT_EQ(view_->view().checkSizeConstraint(&rect), Steinberg::kResultTrue);
+        return Size{rect.getWidth(), rect.getHeight()};
+    };
+    EXPECT_EQ(constrained(720, 480), (Size{720, 480}));
+    EXPECT_EQ(constrained(900, 480), (Size{720, 480}));
+    EXPECT_EQ(constrained(10, 10), (Size{360, 240}));
+    EXPECT_EQ(constrained(9000, 9000), (Size{1440, 960}));
+    click(449, 96); // the drawer
+    ASSERT_TRUE(view_->runUntil([this] { return view_->size() == Size{680, 320}; }));
+    EXPECT_EQ(constrained(1360, 900), (Size{1360, 640}));
+}
+
+TEST_F(FrameInHost, TheGripAsksForEachSizeAndHasTheCornerUnderThePointer) {
+    open(Resizing::allowed);
+    const auto [x, y] = view_->corner();
+    screen_.movePointer(x + 470, y + 310);
+    view_->run(0.3);
+    screen_.button(1, true);
+    view_->run(0.1);
+    for (int i = 1; i <= 10; ++i) {
+        screen_.movePointer(x + 470 + 24 * i, y + 310 + 16 * i);
+        ASSERT_TRUE(view_->runUntil([&] { return std::abs(view_->size().first - (480 + 24 * i)) <= 1; })) << i;
+    }
+    screen_.button(1, false);
+    view_->run(0.3);
+    screen_.movePointer(5, 5);
+    EXPECT_EQ(view_->size(), (Size{720, 480}));
+    // The gear is where it is seen.
+    const Picture gear = part(636, 114, 75, 60);
+    click(449 * 3 / 2, 96 * 3 / 2);
+    EXPECT_TRUE(view_->runUntil([this] { return view_->size() == Size{1020, 480}; }));
+    EXPECT_GT(part(636, 114, 75, 60).differingPixels(gear), 500U);
 }
 
 TEST_F(FrameInHost, AnyFrameIsSurvived) {

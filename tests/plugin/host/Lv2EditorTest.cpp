@@ -1,4 +1,5 @@
 // The editor of the built LV2 bundle in a host that lets go of the plug-in first and of its editor afterwards.
+#include "plugin/host/XScreen.h"
 #include "plugin/lv2/Messages.h"
 
 #include <lv2/buf-size/buf-size.h>
@@ -12,6 +13,7 @@
 #include <chrono>
 #include <memory>
 #include <thread>
+#include <utility>
 
 #include <dlfcn.h>
 
@@ -58,6 +60,13 @@ protected:
             [](LV2UI_Controller, std::uint32_t, std::uint32_t, std::uint32_t, const void*) {}, nullptr, &widget,
             features);
     }
+    // On the screen, wherever the window manager has put the window.
+    std::pair<int, int> parentCorner() const {
+        int x = 0, y = 0;
+        Window child = 0;
+        XTranslateCoordinates(display_.get(), parent_, DefaultRootWindow(display_.get()), 0, 0, &x, &y, &child);
+        return {x, y};
+    }
     void idle(LV2UI_Handle editor, std::chrono::milliseconds time) const {
         const auto* const loop =
             static_cast<const LV2UI_Idle_Interface*>(editor_->extension_data(LV2_UI__idleInterface));
@@ -88,6 +97,35 @@ TEST_F(Lv2Editor, OutlivesTheInstanceThatTheHostHasLetGoOf) {
         EXPECT_EQ(resize->ui_resize(editor, 480, 320), 0);
         editor_->cleanup(editor);
     }
+}
+
+// By the interface that the format has for it. The column at the right is of one colour beside its buttons.
+TEST_F(Lv2Editor, TakesTheScaleThatFitsASizeOfTheHosts) {
+    slantwise_tests::XScreen screen;
+    ASSERT_TRUE(screen.isOpen());
+    screen.movePointer(5, 5);
+    const LV2_Handle instance = insert();
+    const LV2UI_Handle editor = open(instance);
+    ASSERT_NE(editor, nullptr);
+    const auto* const resize = static_cast<const LV2UI_Resize*>(editor_->extension_data(LV2_UI__resize));
+    idle(editor, std::chrono::milliseconds(800));
+    const std::uint32_t column =
+        screen.capture(parentCorner().first + 470, parentCorner().second + 130, 1, 1).pixels[0];
+    const auto columnIn = [&](int x, int y, int width, int height) {
+        return screen.capture(parentCorner().first + x, parentCorner().second + y, width, height).countOf(column, 3);
+    };
+    const std::size_t before = columnIn(418, 0, 62, 70);
+    EXPECT_GT(before, 2000U);
+    for (const int scale : {2, 1}) {
+        XResizeWindow(display_.get(), parent_, static_cast<unsigned>(480 * scale), static_cast<unsigned>(320 * scale));
+        XSync(display_.get(), False);
+        EXPECT_EQ(resize->ui_resize(editor, 480 * scale, 320 * scale), 0);
+        idle(editor, std::chrono::milliseconds(800));
+        const double expected = static_cast<double>(before) * scale * scale;
+        EXPECT_NEAR(static_cast<double>(columnIn(418 * scale, 0, 62 * scale, 70 * scale)), expected, expected / 20);
+    }
+    editor_->cleanup(editor);
+    plugin_->cleanup(instance);
 }
 
 TEST_F(Lv2Editor, WithoutAnInstanceThereIsNone) {

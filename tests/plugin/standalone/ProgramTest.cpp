@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -124,6 +125,29 @@ TEST_F(StandaloneProgram, NeedsNoHome) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "");
     EXPECT_TRUE(picture(file));
+}
+
+TEST_F(StandaloneProgram, HasTheThemeAndTheSizeThatAreRememberedUnlessItIsToldOthers) {
+    const std::string folder = directory_.file("config"), file = folder + "/slantwise/preferences",
+                      kept = "theme = 1\nscale = 1.5\n", shot = directory_.file("shot.png");
+    std::filesystem::create_directories(folder + "/slantwise");
+    std::ofstream(file) << kept;
+    const auto shown = [&](const std::string& arguments) {
+        EXPECT_EQ(runShell("XDG_CONFIG_HOME=" + folder + " $P --after 0.3 --screenshot " + shot + arguments).status, 0);
+        return picture(shot);
+    };
+    const auto brightness = [](const Image& image) { return image.pixels[image.pixels.size() / 2] & 0xFF; };
+    const auto remembered = shown("");
+    ASSERT_TRUE(remembered);
+    EXPECT_EQ(remembered->width, 720);
+    EXPECT_EQ(remembered->height, 480);
+    EXPECT_LT(brightness(*remembered), 64U);
+    const auto told = shown(" --theme light --scale 1");
+    ASSERT_TRUE(told);
+    EXPECT_EQ(told->width, 480);
+    EXPECT_GT(brightness(*told), 192U);
+    std::ifstream in(file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), kept) << "which is not remembered in turn";
 }
 
 // Its faces are its own.

@@ -1,0 +1,33 @@
+#include "editor/surface/EditorPreferences.h"
+
+#include "editor/surface/QVMGenericUI.h"
+#include "theme/QVMUITheme.h"
+
+namespace QVM_NAMESPACE {
+
+namespace {
+
+bool isDark() {
+    return &QVMUITheme::theme() == &QVMUITheme::dark();
+}
+
+} // namespace
+
+void observePreferences(QVMGenericUI& ui) {
+    InterfacePreferences& preferences = ui.preferences();
+    preferences.define("theme", {[] { return isDark() ? 1.0 : 0.0; },
+                                 [&ui](double value) {
+                                     if ((value != 0) != isDark()) QVMUITheme::toggleThemeForWindow(ui.window());
+                                 }});
+    preferences.define(EditorScale::preferenceKey, {[&ui] { return ui.scale().preference(); },
+                                                    [&ui](double value) { ui.scale().adoptPreference(value); }});
+    preferences.observe(
+        [&ui](const std::string& key, double value) {
+            if (ui.delegate()) ui.delegate()->interfaceDidUpdateInterfacePreferenceValue(ui, key, value);
+        },
+        [&ui] {
+            if (ui.delegate()) ui.delegate()->interfaceShouldRequestUpdatedLayout(ui);
+        });
+}
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,70 @@
+// How large the editor is shown: what its frames are multiplied with, on top of the device's own scale.
+//
+// The user chooses it, here; or a window that is given another size does. The delegate multiplies the frames with it,
+// whoever has the window draws everything at that scale, and nothing in the editor is laid out anew. Main thread only.
+#pragma once
+
+#include "platform/runloop/DelayedCall.h"
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace QVM_NAMESPACE {
+
+class QVMGenericUI;
+
+class EditorScale {
+public:
+    static constexpr float least = 0.75F, greatest = 3;
+    // What menu and keys offer.
+    static constexpr std::array<float, 6> steps = {0.75F, 1, 1.25F, 1.5F, 2, 3};
+    // The preference that reports it: the scale, or this while the editor is to be as large as its window gives room
+    // for.
+    static constexpr const char* preferenceKey = "scale";
+    static constexpr double preferenceToFit = 0;
+
+    // The editor is borrowed; nothing is asked of it here.
+    explicit EditorScale(QVMGenericUI& ui) : ui_(ui) {}
+
+    float current() const { return current_; }
+    // What it comes to in the present window, which need not grant it; as whoever has the window says.
+    double shown() const { return shown_.value_or(static_cast<double>(current_)); }
+    void setShown(double scale) { shown_ = scale; }
+    bool fitsWindow() const { return fitsWindow_; }
+    // With no consequence: the next frame that is asked for has it.
+    void set(float scale) { current_ = scale; }
+
+    // The user wants a scale, and the nearest possible one is asked for and remembered. `show` leaves the remembering
+    // to a call of `keep`: for who drags.
+    void choose(float scale);
+    void show(float scale);
+    void keep();
+    // The next of the steps that is larger (1) or smaller (-1); none beyond the last.
+    void step(int direction);
+    // The user wants the editor as large as there is room for, in this window and the next.
+    void fitWindow();
+
+    // Whoever has the window says how the editor comes to fit it: by calling `followWindow` with the scale that does.
+    void setFitter(std::function<void()> fitter) { fitter_ = std::move(fitter); }
+    // The window has another size, which this scale fits, as near as is possible. `kept`: it is what the user made of
+    // the window, to be remembered once it rests.
+    enum class Kept : bool { no, yes };
+    void followWindow(float scale, Kept kept);
+
+    // The preference as it is to be remembered; and one that was, unless it makes no sense. Nothing is asked for.
+    double preference() const;
+    void adoptPreference(double value);
+
+private:
+    void apply(float scale);
+
+    QVMGenericUI& ui_;
+    float current_ = 1;
+    std::optional<double> shown_;
+    bool fitsWindow_ = false;
+    std::function<void()> fitter_;
+    DelayedCall keepCall_;
+};
+
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,62 @@
+#include "editor/surface/SizeMenu.h"
+
+#include "editor/EditorFixture.h"
+#include "platform/view/Menu.h"
+
+#include <gmock/gmock.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+using testing::ElementsAre;
+
+class SizeMenuTest : public EditorFixture {
+protected:
+    std::vector<std::string> ticked() {
+        std::vector<std::string> found;
+        for (const MenuItem& item : makeSizeMenu(*ui_).submenu)
+            if (item.checked) found.push_back(item.title);
+        return found;
+    }
+    void choose(const std::string& title) {
+        for (const MenuItem& item : makeSizeMenu(*ui_).submenu)
+            if (item.title == title) item.action();
+    }
+};
+
+TEST_F(SizeMenuTest, OffersTheSizesAndToFitTheWindow) {
+    std::vector<std::string> titles;
+    for (const MenuItem& item : makeSizeMenu(*ui_).submenu)
+        titles.push_back(item.title);
+    EXPECT_THAT(titles, ElementsAre("75 %", "100 %", "125 %", "150 %", "200 %", "300 %", "Fits the window"));
+}
+
+TEST_F(SizeMenuTest, ThePresentOneIsTicked) {
+    EXPECT_THAT(ticked(), ElementsAre("100 %"));
+    choose("150 %");
+    EXPECT_EQ(ui_->currentScale(), 1.5F);
+    EXPECT_THAT(ticked(), ElementsAre("150 %"));
+    ui_->scale().show(1.37F); // by hand
+    EXPECT_THAT(ticked(), ElementsAre());
+    choose("Fits the window");
+    EXPECT_THAT(ticked(), ElementsAre("Fits the window"));
+}
+
+TEST_F(SizeMenuTest, IsInTheContextMenuAndInThatOfTheKeyboard) {
+    const auto has = [](const Menu& menu) {
+        return std::any_of(menu.items.begin(), menu.items.end(), [](const MenuItem& i) { return i.title == "Size"; });
+    };
+    EXPECT_TRUE(has(*ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, {10, 15}))));
+    EXPECT_TRUE(has(*ui_->menuForKeyboard()));
+}
+
+TEST_F(SizeMenuTest, DoesNothingOnceTheEditorIsGone) {
+    const MenuItem menu = makeSizeMenu(*ui_);
+    window_.takeContentView();
+    ui_ = nullptr;
+    for (const MenuItem& item : menu.submenu)
+        item.action();
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
