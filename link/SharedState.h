@@ -13,6 +13,9 @@
 //                                     it
 //   levels                          unit: render thread, each block; a      main thread, which takes them, each frame
 //                                     reset by the thread that asks for it
+//   tap                             unit: render thread, each stretch of    main thread, which takes it, each frame
+//                                     sound while it is wanted; whether it
+//                                     is: main thread
 //   numericMeter words              unit, any thread                        main thread, twice a second
 //   frameRequest                    any thread, after it wrote any of the   display link's thread, each refresh; main
 //                                     above                                   thread, which takes it, each frame
@@ -23,6 +26,7 @@
 #pragma once
 
 #include "description/Types.h"
+#include "link/AudioTap.h"
 #include "link/FrameRequest.h"
 #include "link/LevelWords.h"
 #include "link/ParameterGlide.h"
@@ -53,6 +57,7 @@ struct SharedState {
     // By pid as bits: what was stored since a frame has taken them, be it what was there before.
     SharedWord<std::uint32_t> storedParameters = 0;
     LevelWords levels{meterChannels, meterRange.min};
+    AudioTap tap;
     NumericMeterWords numericMeter;
     FrameRequest frameRequest;
 };

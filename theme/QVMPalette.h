@@ -54,6 +54,11 @@ struct QVMPalette {
     // What glyphs are to stand out from while a light is on: nearly the lightest that it makes of the product's colour.
     Color litGround = Color::white(0.65f);
 
+    // The spectrum on the product's colour: quieter than what is drawn over it.
+    Color spectrumArea = Color::white(1, 0.15f); // of the output
+    Color spectrumEdge = Color::white(1, 0.3f);  // its upper end
+    Color spectrumInput = Color::white(1, 0.4f); // the line of the input
+
     Color menuMark = colorFromHex(0x8E4E55); // under the item that would be chosen, whose text is `onAccent`
 
     static const QVMPalette& light();

@@ -103,8 +103,9 @@ void QVM0015_AudioUnit::process(const double* const* in, double* const* out, std
 template <class Sample>
 void QVM0015_AudioUnit::render(const Sample* const* in, Sample* const* out, std::uint32_t frames) {
     if (frames == 0) return;
-    path_.process(in, out, frames, renderSettings());
-    viz_.postLevels(path_.blockPeaks(), frames / sampleRateHz_.load(std::memory_order_relaxed));
+    const double rate = sampleRateHz_.load(std::memory_order_relaxed);
+    path_.process(in, out, frames, renderSettings(), viz_.listener(rate));
+    viz_.postLevels(path_.blockPeaks(), frames / rate);
 }
 
 RenderSettings QVM0015_AudioUnit::renderSettings() const {

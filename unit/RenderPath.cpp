@@ -39,7 +39,7 @@ void RenderPath::prepare(double sampleRateHz, std::uint32_t chanIn, std::uint32_
 
 template <class Sample>
 void RenderPath::process(const Sample* const* in, Sample* const* out, std::uint32_t frames,
-                         const RenderSettings& settings) {
+                         const RenderSettings& settings, SignalListener* listener) {
     gain_.setTarget(settings.gain);
     bypass_.setTarget(settings.master);
     blockPeaks_.fill(0);
@@ -50,6 +50,7 @@ void RenderPath::process(const Sample* const* in, Sample* const* out, std::uint3
         Frames<Sample> signal = dry;
         render(signal, count, settings);
         addPeaks(dry, signal, count, settings.meter);
+        if (listener) tell(*listener, dry, signal, count);
         write(signal, out, offset, count);
     }
 }
@@ -123,13 +124,29 @@ void RenderPath::addPeaks(const Frames<Sample>& dry, const Frames<Sample>& wet, 
 }
 
 template <class Sample>
+void RenderPath::tell(SignalListener& listener, const Frames<Sample>& dry, const Frames<Sample>& wet,
+                      std::uint32_t frames) {
+    std::array<TapFrame, stretch> heard;
+    for (std::size_t side = 0; side < 2; ++side) {
+        const std::size_t channel = std::min<std::size_t>(side, chanOut_ - 1);
+        for (std::uint32_t i = 0; i < frames; ++i) {
+            heard[i].input[side] = static_cast<float>(dry[channel][i]);
+            heard[i].output[side] = static_cast<float>(wet[channel][i]);
+        }
+    }
+    listener.hear({heard.data(), frames});
+}
+
+template <class Sample>
 void RenderPath::write(const Frames<Sample>& signal, Sample* const* out, std::uint32_t offset, std::uint32_t frames) {
     for (std::uint32_t channel = 0; channel < chanOut_; ++channel) {
         if (out && out[channel]) std::copy_n(signal[channel].begin(), frames, out[channel] + offset);
     }
 }
 
-template void RenderPath::process(const float* const*, float* const*, std::uint32_t, const RenderSettings&);
-template void RenderPath::process(const double* const*, double* const*, std::uint32_t, const RenderSettings&);
+template void RenderPath::process(const float* const*, float* const*, std::uint32_t, const RenderSettings&,
+                                  SignalListener*);
+template void RenderPath::process(const double* const*, double* const*, std::uint32_t, const RenderSettings&,
+                                  SignalListener*);
 
 } // namespace QVM_NAMESPACE

@@ -8,6 +8,7 @@
 
 #include "unit/BypassFade.h"
 #include "unit/GainRamp.h"
+#include "unit/SignalListener.h"
 #include "unit/dsp/Equaliser.h"
 
 #include <array>
@@ -39,9 +40,10 @@ public:
     // `in` and `out` hold a pointer for each channel of the prepared configuration. A missing input is silence, a
     // missing output is left out. An output channel without an input of its own gets the last input. To the
     // equaliser, and in the processed signal, a sample that is no finite number is silence; a unit that is switched off
-    // passes it on.
+    // passes it on. `listener`, which may be null, hears it all.
     template <class Sample>
-    void process(const Sample* const* in, Sample* const* out, std::uint32_t frames, const RenderSettings& settings);
+    void process(const Sample* const* in, Sample* const* out, std::uint32_t frames, const RenderSettings& settings,
+                 SignalListener* listener = nullptr);
 
     // The largest absolute samples of the last block of what the level meter is to show, one for each output.
     std::span<const float> blockPeaks() const { return {blockPeaks_.data(), chanOut_}; }
@@ -59,6 +61,8 @@ private:
     bool equalise(const Frames<Sample>& signal, std::uint32_t frames, const RenderSettings& settings);
     template <class Sample>
     void addPeaks(const Frames<Sample>& dry, const Frames<Sample>& wet, std::uint32_t frames, MeterMode mode);
+    template <class Sample>
+    void tell(SignalListener& listener, const Frames<Sample>& dry, const Frames<Sample>& wet, std::uint32_t frames);
     template <class Sample>
     void write(const Frames<Sample>& signal, Sample* const* out, std::uint32_t offset, std::uint32_t frames);
 

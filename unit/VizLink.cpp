@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <thread>
 
 namespace QVM_NAMESPACE {
@@ -39,6 +40,8 @@ void VizLink::exchange(SharedState* state) {
     state_ = state;
     isNew_ = true;
     leave();
+    while (isTapping_) // a stretch of the signal
+        std::this_thread::yield();
     allParametersChanged();
 }
 
@@ -86,6 +89,36 @@ void VizLink::postLevels(std::span<const float> peaks, double seconds) {
     }
     leave();
     post(0); // what was stored while this thread was inside
+}
+
+// A state that is given up is not looked at afterwards: who gives it up waits for the flag, which goes up before the
+// state is looked for.
+template <class Use>
+void VizLink::useTap(Use use) {
+    isTapping_ = true;
+    if (SharedState* const state = state_; state && state->tap.isWanted()) use(*state);
+    isTapping_ = false;
+}
+
+SignalListener* VizLink::listener(double sampleRateHz) {
+    if (!state_.load(std::memory_order_relaxed)) return nullptr;
+    SignalListener* listener = nullptr;
+    useTap([&](SharedState& state) {
+        state.tap.setSampleRateHz(sampleRateHz);
+        listener = this;
+    });
+    return listener;
+}
+
+void VizLink::hear(std::span<const TapFrame> frames) {
+    useTap([frames](SharedState& state) {
+        state.tap.append(frames);
+        const auto isHeard = [](const TapFrame& f) {
+            return isAboveSilence(
+                std::max({std::abs(f.input[0]), std::abs(f.input[1]), std::abs(f.output[0]), std::abs(f.output[1])}));
+        };
+        if (std::ranges::any_of(frames, isHeard)) state.frameRequest.ask();
+    });
 }
 
 void VizLink::dropWaitingPeaks() {

@@ -4,11 +4,12 @@
 // thread posts its levels, and what another thread had to leave behind. A flag says that a thread is inside the state.
 // The one that finds it set goes on without waiting, and the one inside takes over what came meanwhile. Only who
 // exchanges the state or resets its levels waits for the flag: so a state may be destroyed as soon as it was given up
-// here.
+// here. The signal, of which no stretch is to be missing, has a flag of its own that nobody but the render thread sets.
 #pragma once
 
 #include "description/ParameterIDs.h"
 #include "link/SharedState.h"
+#include "unit/SignalListener.h"
 
 #include <array>
 #include <atomic>
@@ -21,7 +22,7 @@ namespace QVM_NAMESPACE {
 class QVMParameter;
 class UnitParameters;
 
-class VizLink {
+class VizLink final : private SignalListener {
 public:
     static constexpr std::size_t channels = SharedState::meterChannels;
 
@@ -43,11 +44,18 @@ public:
     // of the meter. Levels that find the state in use are kept for the next block. Render thread, or who prepares the
     // unit while nothing renders; never waits.
     void postLevels(std::span<const float> peaks, double seconds);
+    // Who is to hear the block that is rendered next: null unless an editor wants the signal. `sampleRateHz` is the
+    // signal's. Render thread; never waits.
+    SignalListener* listener(double sampleRateHz);
     // Has the meter forget what it shows, and what is kept for it. Any thread but the render thread.
     void resetLevels();
 
 private:
     static constexpr std::uint32_t everyPid = (std::uint32_t{1} << QVMParameterCount) - 1;
+
+    void hear(std::span<const TapFrame> frames) override;
+    template <class Use>
+    void useTap(Use use);
 
     void post(std::uint32_t changed);
     void writeStates();
@@ -64,6 +72,7 @@ private:
     // enter afterwards, so that none is left behind.
     std::atomic<std::uint32_t> changed_ = 0;    // a bit a pid: stored, and not posted yet
     std::atomic<bool> isInside_ = false;        // a thread uses the state
+    std::atomic<bool> isTapping_ = false;       // the render thread uses the state's tap
     std::atomic<SharedState*> state_ = nullptr; // written only from inside
     bool isNew_ = false;                        // nothing was posted to it yet; used only from inside
 

@@ -1,12 +1,15 @@
 // Opens one editor in a real window and measures it:
-// bench_editor_probe open|idle|meters|automated|dragging ours|empty SCALE [SECONDS].
+// bench_editor_probe open|idle|meters|spectrum|compact|automated|dragging ours|empty SCALE [SECONDS].
 //
 // open: milliseconds from making the editor to its first pixels on the screen, those of them that the process itself
 // worked, and private kilobytes that it and a second one took. The others: percent of one core over the time, with
-// nothing happening, with the meter moving up and down, with one parameter automated 60 times a second, or with the
-// pointer dragging the tilt gain's handle and moving 100 times a second (needs xdotool). What the processing of the
-// sound takes is left out. "empty" is the toolkit's own editor class filled with one colour: the
-// floor.
+// nothing happening, with the meter moving up and down, with the spectra of input and output beside it ("compact": in
+// the small window, which they fill), with one parameter automated 60 times a second, or with the pointer dragging the
+// tilt gain's handle and moving 100 times a second (needs xdotool). What the processing of the sound takes is left out.
+// "empty" is the toolkit's own editor class filled with one colour: the floor.
+#include "editor/surface/EditorLayout.h"
+#include "editor/surface/QVMGenericUI.h"
+#include "host/QVM0015_CocoaView2.h"
 #include "plugin/SlantwiseEditor.h"
 #include "plugin/host/XScreen.h"
 #include "toolkit/ContentHolder.h"
@@ -221,7 +224,13 @@ int measureRunning(bool ours, float scale, double seconds, const std::string& mo
     Opened opened;
     openEditor(opened, ours, scale);
     std::optional<Sound> sound;
-    if (mode == "meters") sound.emplace(opened.processor);
+    const bool hasSpectrum = mode == "spectrum" || mode == "compact";
+    if (mode == "meters" || hasSpectrum) sound.emplace(opened.processor);
+    if (auto* const editor = dynamic_cast<SlantwiseEditor*>(opened.editor.get()); editor && hasSpectrum) {
+        slantwise::QVMGenericUI& ui = editor->view().ui();
+        ui.sketches().spectrum().setMode(slantwise::SpectrumMode::inputAndOutput);
+        if (mode == "compact") ui.requestFrame(slantwise::QVMAltFrameCompact);
+    }
     std::optional<Drag> drag;
     constexpr double opening = 3; // until that is over
     if (mode == "dragging") drag.emplace(opened, scale, seconds + opening);
@@ -241,7 +250,9 @@ int measureRunning(bool ours, float scale, double seconds, const std::string& mo
 
 int main(int argumentCount, char* arguments[]) {
     if (argumentCount < 4)
-        return std::fputs("usage: bench_editor_probe open|idle|meters|automated ours|empty SCALE [SECONDS]\n", stderr),
+        return std::fputs("usage: bench_editor_probe open|idle|meters|spectrum|compact|automated|dragging ours|empty "
+                          "SCALE [SECONDS]\n",
+                          stderr),
                2;
     const std::string mode = arguments[1];
     const bool ours = std::string(arguments[2]) == "ours";

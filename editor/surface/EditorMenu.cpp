@@ -11,6 +11,7 @@
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetsDrawer.h"
 #include "editor/surface/SizeMenu.h"
+#include "editor/surface/SpectrumMenu.h"
 #include "editor/surface/UserPresetItems.h"
 #include "platform/system/Workspace.h"
 #include "platform/view/Menu.h"
@@ -129,6 +130,7 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
                operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)));
     add(MenuItem::separator());
     add(ticked(!ui.areSketchesHidden(), item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
+    add(spectrumItem(ui));
     ui.config().enumerateParametersWithBlock([&](QVMParameter& parameter, QVMClump&) {
         if (isModeWithoutControl(parameter)) add(modeItem(ui, parameter));
     });
@@ -167,6 +169,7 @@ std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* cont
     }
     menu->items.push_back(MenuItem::separator());
     menu->items.push_back(makeSizeMenu(ui));
+    menu->items.push_back(spectrumItem(ui));
     menu->items.push_back(MenuItem::separator());
     menu->items.push_back(item(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,
                                [page = productPage(metadata)] { Workspace::current().openUrl(page); }));

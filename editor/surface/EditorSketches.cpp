@@ -69,6 +69,7 @@ void EditorSketches::add(QVMPowerBox& box, const QVMEditorLayout& layout, QVMPar
     numbers_ = &sketch_->addSubview(
         std::make_unique<CurveNumbers>(*sketch_, values_, controls_, [&box] { return box.sketchGround(); }));
     numbers_->fit();
+    spectrum_.setSketch(sketch_);
     for (std::size_t i = mainSketch + 1; i < PB_Sketches.size(); ++i)
         addAuxiliarySketch(PB_Sketches[i], settings);
     takeMeterInk();

@@ -6,6 +6,7 @@
 
 #include "editor/session/EditorValues.h"
 #include "editor/surface/EditorLayout.h"
+#include "editor/surface/EditorSpectrum.h"
 #include "platform/runloop/NotificationCenter.h"
 
 #include <functional>
@@ -53,6 +54,9 @@ public:
     // A frame of the curve was prepared.
     void curveDidChange();
 
+    // Behind the curve; what is asked of it before there is one counts from then on.
+    EditorSpectrum& spectrum() { return spectrum_; }
+
     void assumeLayout(const QVMEditorLayout& layout);
     void scaleDidChange();
     // -1 for none.
@@ -79,7 +83,8 @@ private:
     ParameterControls& controls_;
     QVMParameterSketch* sketch_ = nullptr; // owned by the power box
     CurveNumbers* numbers_ = nullptr;      // owned by the sketch
-    std::vector<ClipLight*> clipLights_;   // owned by the sliders with the meters
+    EditorSpectrum spectrum_;
+    std::vector<ClipLight*> clipLights_; // owned by the sliders with the meters
     bool isGhosted_ = false;
     bool isCurveAlone_ = false; // in the layout without controls
     ObservationToken themeObservation_;

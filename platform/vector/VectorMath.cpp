@@ -154,6 +154,17 @@ float SumOfSquares(const float* a, std::size_t n) {
         total += a[i] * a[i];
     return total;
 }
+float Dot(const float* a, const float* b, std::size_t n) {
+    const std::size_t lanes = hn::Lanes(d);
+    V sum = hn::Zero(d);
+    std::size_t i = 0;
+    for (; i + lanes <= n; i += lanes)
+        sum = hn::MulAdd(hn::LoadU(d, a + i), hn::LoadU(d, b + i), sum);
+    float total = hn::GetLane(hn::SumOfLanes(d, sum));
+    for (; i < n; ++i)
+        total += a[i] * b[i];
+    return total;
+}
 void Convolve(const float* padded, const float* kernel, std::size_t kernelLength, float* out, std::size_t n) {
     const std::size_t lanes = hn::Lanes(d);
     std::size_t i = 0;
@@ -193,6 +204,7 @@ HWY_EXPORT(Angle);
 HWY_EXPORT(Interleave);
 HWY_EXPORT(Deinterleave);
 HWY_EXPORT(SumOfSquares);
+HWY_EXPORT(Dot);
 HWY_EXPORT(Convolve);
 
 namespace vectors {
@@ -263,6 +275,10 @@ void deinterleave(const float* in, float scale, float* even, float* odd, std::si
 
 float rms(const float* a, std::size_t n) {
     return n == 0 ? 0.0f : std::sqrt(HWY_DYNAMIC_DISPATCH(SumOfSquares)(a, n) / static_cast<float>(n));
+}
+
+float dot(const float* a, const float* b, std::size_t n) {
+    return HWY_DYNAMIC_DISPATCH(Dot)(a, b, n);
 }
 
 void convolve(const float* padded, const float* kernel, std::size_t kernelLength, float* out, std::size_t n) {

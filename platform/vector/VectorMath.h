@@ -37,6 +37,8 @@ void sqrt(const float* a, float* out, std::size_t n);
 void clip(const float* a, float low, float high, float* out, std::size_t n);
 // Square root of the mean of the squares; 0 when n is 0.
 float rms(const float* a, std::size_t n);
+// The sum of a * b, within 1e-6 of the sum of |a * b| for up to a thousand elements.
+float dot(const float* a, const float* b, std::size_t n);
 // out = sqrt(re ^ 2 + im ^ 2), for squares within a float's range.
 void magnitude(const float* re, const float* im, float* out, std::size_t n);
 // out = the angle, 0 to pi / 2, of the point (x, y) with neither negative; 0 for (0, 0). Within 4 units in the last

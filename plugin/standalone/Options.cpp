@@ -40,6 +40,15 @@ std::string setLayout(Options& options, const std::string& value) {
     return {};
 }
 
+std::string setSpectrum(Options& options, const std::string& value) {
+    static const std::map<std::string, Options::Spectrum> modes = {
+        {"off", Options::Spectrum::off}, {"output", Options::Spectrum::output}, {"both", Options::Spectrum::both}};
+    const auto found = modes.find(value);
+    if (found == modes.end()) return "--spectrum takes off, output or both, not \"" + value + "\"";
+    options.spectrum = found->second;
+    return {};
+}
+
 // The program's command line; what it says goes to the options, which live as long.
 class OptionsLine {
 public:
@@ -54,6 +63,7 @@ public:
         add({"--preset", "NAME", "start with a factory preset"}, setPreset);
         addTheme(app, options.theme);
         add({"--layout", "NAME", "start normal, wide (with the advanced drawer) or compact"}, setLayout);
+        add({"--spectrum", "MODE", "show off, output or both (input and output) behind the curve"}, setSpectrum);
         addScale(app, "the desktop's", options.scale);
         addFile(app, {"--screenshot", "FILE", "write a PNG of the editor; works without a display"},
                 options.screenshotFile);

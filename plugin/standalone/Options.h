@@ -13,15 +13,17 @@ namespace QVM_NAMESPACE {
 struct Options {
     using Theme = StartTheme;
     enum class Layout { normal, wide, compact };
+    enum class Spectrum { off, output, both }; // as it is kept as a preference
 
     std::string playFile;           // empty: built-in pink noise
     std::string settings;           // a settings address that can be read, empty when not given
     std::optional<int> presetIndex; // into the factory presets
     Theme theme = Theme::asKept;
     Layout layout = Layout::normal;
-    double scale = 0;           // device pixels a point; 0: what the desktop says
-    std::string screenshotFile; // PNG to write, empty for none
-    double afterSeconds = 2;    // when to write it
+    std::optional<Spectrum> spectrum; // behind the curve
+    double scale = 0;                 // device pixels a point; 0: what the desktop says
+    std::string screenshotFile;       // PNG to write, empty for none
+    double afterSeconds = 2;          // when to write it
     std::optional<double> quitAfterSeconds;
     bool showHelp = false, showVersion = false;
     std::string program = "slantwise"; // the name that it is called by, for messages

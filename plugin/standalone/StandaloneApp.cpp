@@ -43,6 +43,7 @@ void StandaloneApp::initialise(const juce::String&) {
     player_ = std::make_unique<LoopPlayer>(*processor_, std::move(clip));
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
     applyLook();
+    if (options_.spectrum) editor_->view().ui().sketches().spectrum().restore(static_cast<double>(*options_.spectrum));
     applyLayout();
     applyPreset();
     applySettings();

@@ -65,6 +65,26 @@ void QVMParameterSketch::removeAuxiliarySketch(QVMAuxiliarySketch& sketch) {
     if (std::erase(auxiliarySketches_, &sketch) > 0) sketch.mainSketch_ = nullptr;
 }
 
+void QVMParameterSketch::setBackdrop(std::unique_ptr<SketchBackdrop> backdrop) {
+    if (backdrop_) backdrop_->layer()->tree().removeFromSuperlayer();
+    backdrop_ = std::move(backdrop);
+    if (!backdrop_) return;
+    layer()->tree().insert(backdrop_->layer(), 0);
+    layOutBackdrop();
+    watchBackdrop();
+    getVizRef()->requestFrame();
+}
+
+void QVMParameterSketch::layOutBackdrop() {
+    if (!backdrop_) return;
+    backdrop_->layer()->setFrame(bounds());
+    backdrop_->layer()->look().setContentsScale(layer()->look().contentsScale());
+}
+
+void QVMParameterSketch::watchBackdrop() {
+    if (backdrop_) backdrop_->setWatched(displayLink_ && vizVisible_ ? Watched::yes : Watched::no);
+}
+
 void QVMParameterSketch::performParameterConversionWithValues(unsigned pid, float* values) {
     glSketch_->performStaticConversionParameterValues(pid, values);
 }
@@ -81,6 +101,7 @@ void QVMParameterSketch::setVizVisible(bool visible) {
         for (QVMAuxiliarySketch* sketch : auxiliarySketches_)
             sketch->glSketch()->setShouldRender(visible);
     }
+    watchBackdrop();
     if (changes && delegate_) delegate_->sketchDidChangeVisibility(*this);
 }
 
@@ -104,6 +125,7 @@ void QVMParameterSketch::startDisplayLink() {
     displayLink_ = DisplayLink::create();
     displayLink_->setOutputCallback(MyDisplayLinkCallback, this);
     displayLink_->start();
+    watchBackdrop();
 }
 
 void QVMParameterSketch::stopDisplayLink() {
@@ -111,16 +133,19 @@ void QVMParameterSketch::stopDisplayLink() {
     displayLink_->stop();
     displayLink_.reset();
     timestamp_ = 0;
+    watchBackdrop();
 }
 
 void QVMParameterSketch::viewDidChangeBackingProperties() {
     glSketch_->look().setContentsScale(layer()->look().contentsScale());
     glSketch_->canvasDidChange();
+    layOutBackdrop();
 }
 
 void QVMParameterSketch::frameDidChange() {
     glSketch_->setFrame(bounds());
     glSketch_->canvasDidChange();
+    layOutBackdrop();
 }
 
 void QVMParameterSketch::getFrameWithDurationAndTime(double duration, double time) {
@@ -134,6 +159,7 @@ void QVMParameterSketch::getFrameWithDurationAndTime(double duration, double tim
         glSketch_->performInterp();
         if (glSketch_->isInterpolating()) isChanged = prepareSketches(seconds, true) == Redraw::yes;
         isChanged |= prepareSketches(seconds, false) == Redraw::yes;
+        if (backdrop_) isChanged |= backdrop_->prepareForDrawing(seconds) == Redraw::yes;
         handOnStates();
     }
     updateNumericMeter(time);

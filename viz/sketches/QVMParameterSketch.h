@@ -12,6 +12,7 @@
 #include "viz/sketches/QVMAuxiliarySketch.h"
 #include "viz/sketches/QVMParameterSketchDelegate.h"
 #include "viz/sketches/QVMSketchGLLayer.h"
+#include "viz/sketches/SketchBackdrop.h"
 
 #include <limits>
 #include <memory>
@@ -38,6 +39,9 @@ public:
     void setDelegate(QVMParameterSketchDelegate* delegate) { delegate_ = delegate; }
     void setValues(ValuesFromUnit* values) { values_ = values; }
     void setNumericMeter(NumericMeterDisplay* meter) { numericMeter_ = meter; }
+    // What lies behind the sketch, from the next frame on; null takes it away.
+    void setBackdrop(std::unique_ptr<SketchBackdrop> backdrop);
+    SketchBackdrop* backdrop() const { return backdrop_.get(); }
     // The sketches that get their frames from this one. They are owned by their superviews and leave the list by
     // themselves when they go.
     const std::vector<QVMAuxiliarySketch*>& auxiliarySketches() const { return auxiliarySketches_; }
@@ -83,11 +87,14 @@ public:
 private:
     void startDisplayLink();
     void stopDisplayLink();
+    void layOutBackdrop();
+    void watchBackdrop();
     void handOnStates();
     Redraw prepareSketches(float duration, bool parameterSketches);
     void updateNumericMeter(double time);
 
     std::shared_ptr<QVMSketchGLLayer> glSketch_;
+    std::unique_ptr<SketchBackdrop> backdrop_; // null for none
     std::vector<QVMAuxiliarySketch*> auxiliarySketches_;
     QVMParameterSketchDelegate* delegate_ = nullptr;
     ValuesFromUnit* values_ = nullptr;

@@ -95,12 +95,12 @@ TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
     EXPECT_THAT(titles(host_.menu->items),
                 ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
                             "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
-                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size", "-",
-                            "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
+                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size", "Spectrum",
+                            "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Presets", "Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Advanced controls",
-                            "Small window", "Dark theme", "-", "Curve and meter", "Meter Mode", "Reset meter",
-                            "Open all settings in browser", "Keys and gestures"));
+                            "Small window", "Dark theme", "-", "Curve and meter", "Spectrum", "Meter Mode",
+                            "Reset meter", "Open all settings in browser", "Keys and gestures"));
 }
 
 TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {
@@ -110,7 +110,8 @@ TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {
     EXPECT_EQ(host_.menu->title, "Slantwise") << "no control can be seen that it could be about";
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Small window", "Dark theme",
-                            "-", "Curve and meter", "Meter Mode", "Reset meter", "Open all settings in browser"));
+                            "-", "Curve and meter", "Spectrum", "Meter Mode", "Reset meter",
+                            "Open all settings in browser"));
 }
 
 TEST_F(QVMGenericUIKeyMenu, HidesCurveAndMeterAndShowsThemAgain) {

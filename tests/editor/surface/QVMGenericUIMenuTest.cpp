@@ -41,10 +41,11 @@ TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
     const auto menu = menuAt(middleOf(control(pidOutputGain)));
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->title, "Output Gain");
-    EXPECT_THAT(titles(*menu), ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode",
-                                           "-", "Copy all settings as URL to Clipboard",
-                                           "Paste all settings from Clipboard", "Reset all settings to default", "-",
-                                           "Save preset as...", "Delete", "-", "Size", "-", "Ferrowind Slantwise, 2.0.1"));
+    EXPECT_THAT(titles(*menu),
+                ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
+                            "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
+                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size", "Spectrum",
+                            "-", "Ferrowind Slantwise, 2.0.1"));
     EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
 }
 
@@ -77,7 +78,7 @@ TEST_F(QVMGenericUIMenu, ElsewhereIsTheProducts) {
     EXPECT_EQ(menu->title, "Slantwise");
     EXPECT_THAT(titles(*menu), ElementsAre("Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
                                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-",
-                                           "Size", "-", "Ferrowind Slantwise, 2.0.1"));
+                                           "Size", "Spectrum", "-", "Ferrowind Slantwise, 2.0.1"));
     EXPECT_EQ(ui_->lastRightClickedControl(), nullptr);
     menu->items.back().action();
     EXPECT_THAT(desktop.opened, ElementsAre(site));

@@ -104,6 +104,20 @@ TEST_P(VectorMathTest, OutputMayBeAnInput) {
         EXPECT_EQ(x[i], a[i] / (a[i] * b[i]));
 }
 
+TEST_P(VectorMathTest, DotIsTheSumOfTheProducts) {
+    EXPECT_EQ(vectors::dot(nullptr, nullptr, 0), 0.0f);
+    for (const std::size_t n : lengths) {
+        const auto a = uniform(n, -3, 3), b = uniform(n, 1, 2);
+        long double sum = 0, magnitudes = 0;
+        for (std::size_t i = 0; i < n; ++i) {
+            sum += static_cast<long double>(a[i]) * b[i];
+            magnitudes += std::abs(static_cast<long double>(a[i]) * b[i]);
+        }
+        EXPECT_NEAR(static_cast<double>(vectors::dot(a.data(), b.data(), n)), static_cast<double>(sum),
+                    static_cast<double>(magnitudes) * 1e-6);
+    }
+}
+
 TEST_P(VectorMathTest, RmsIsTheRootOfTheMeanSquare) {
     EXPECT_EQ(vectors::rms(static_cast<const float*>(nullptr), 0), 0.0f);
     for (const std::size_t n : lengths) {

@@ -32,17 +32,20 @@ TEST(Options, NothingGivenIsPinkNoiseInTheLightTheme) {
     EXPECT_EQ(options.playFile, "");
     EXPECT_EQ(options.theme, Options::Theme::light);
     EXPECT_EQ(options.scale, 0);
+    EXPECT_FALSE(options.spectrum) << "as it was kept";
     EXPECT_FALSE(options.presetIndex || options.quitAfterSeconds);
 }
 
 TEST(Options, AllAreRead) {
-    const Options options = parsed({"--play", "a b.wav", "--preset", "Air", "--theme", "dark", "--layout", "wide",
-                                    "--scale", "1.25", "--screenshot", "x.png", "--after", "0.5", "--quit-after", "3"});
+    const Options options =
+        parsed({"--play", "a b.wav", "--preset", "Air", "--theme", "dark", "--layout", "wide", "--spectrum", "both",
+                "--scale", "1.25", "--screenshot", "x.png", "--after", "0.5", "--quit-after", "3"});
     EXPECT_EQ(options.playFile, "a b.wav");
     ASSERT_TRUE(options.presetIndex);
     EXPECT_EQ(GetPresets()->stringValues.at(static_cast<std::size_t>(*options.presetIndex)), "Air");
     EXPECT_EQ(options.theme, Options::Theme::dark);
     EXPECT_EQ(options.layout, Options::Layout::wide);
+    EXPECT_EQ(options.spectrum, Options::Spectrum::both);
     EXPECT_EQ(options.scale, 1.25);
     EXPECT_EQ(options.screenshotFile, "x.png");
     EXPECT_EQ(options.afterSeconds, 0.5);
@@ -62,6 +65,7 @@ TEST(Options, AValueMayStandBehindAnEqualsSign) {
     EXPECT_EQ(parsed({"--scale=1.25"}).scale, 1.25);
     EXPECT_EQ(parsed({"--play=a=b.wav"}).playFile, "a=b.wav");
     EXPECT_EQ(errorOf({"--theme=pink"}), "--theme takes light or dark, not \"pink\"");
+    EXPECT_EQ(errorOf({"--spectrum=pink"}), "--spectrum takes off, output or both, not \"pink\"");
 }
 
 TEST(Options, BehindTwoDashesAFileMayBeginWithOne) {

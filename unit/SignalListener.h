@@ -1,0 +1,19 @@
+// Who hears the signal as it goes through the unit, in stretches.
+#pragma once
+
+#include "link/AudioTap.h"
+
+#include <span>
+
+namespace QVM_NAMESPACE {
+
+class SignalListener {
+public:
+    // Render thread: the next frames, what went in beside what comes out. Must not wait or allocate.
+    virtual void hear(std::span<const TapFrame> frames) = 0;
+
+protected:
+    ~SignalListener() = default;
+};
+
+} // namespace QVM_NAMESPACE
