@@ -134,14 +134,8 @@ void CurveCorner::pressDidEnd(const QVMEvent&) {
     site_->cornerWasLeft(*this);
 }
 
-void CurveCorner::mouseEntered(const Event&) {
-    hovered_ = true;
-    showState();
-}
-
-void CurveCorner::mouseExited(const Event&) {
-    hovered_ = false;
-    showState();
+void CurveCorner::setHovered(bool hovered) {
+    if (std::exchange(hovered_, hovered) != hovered) showState();
 }
 
 void CurveCorner::showState() {

@@ -22,7 +22,7 @@ public:
     virtual ~CurveCornerSite() = default;
     virtual const CurveScale& scale() const = 0;
     // Of an event, in points of the curve's view.
-    virtual double pointerX(const Event& event) const = 0;
+    virtual double pointerX(const Event& event) = 0;
     // The value or the typed text is another one.
     virtual void cornerDidChange(CurveCorner& corner) = 0;
     // The user turns to the corner, or does something with it.
@@ -48,7 +48,9 @@ public:
     bool isOff() const { return off_; }
 
     bool isPressed() const { return pressed_; }
+    // Whether the pointer is over it, which the site knows: it moves away from under a pointer that rests.
     bool isHovered() const { return hovered_; }
+    void setHovered(bool hovered);
     // What is being typed, while something is.
     const std::string& typedText() const { return typed_; }
 
@@ -60,8 +62,6 @@ public:
     void handleMouseDraggedWithEventGranularities(const QVMEvent& event,
                                                   const QVMGranularities& granularities) override;
     void pressDidEnd(const QVMEvent& event) override;
-    void mouseEntered(const Event& event) override;
-    void mouseExited(const Event& event) override;
 
     // QVMTransientBufferDisplay: the site shows what is typed.
     void displayTransientBufferValue(const AttributedString& text) override;

@@ -150,6 +150,13 @@ void CurveNumbers::placeCorners() {
         corner.control->setFrame({corner.center.x - size / 2, corner.center.y - size / 2, size, size});
         corner.handle->setOff(isOff(corner.shape, hertz));
     }
+    showHover();
+}
+
+void CurveNumbers::showHover() {
+    const Corner* const hovered = pointer_ ? cornerNear(*pointer_) : nullptr;
+    for (const Corner& corner : corners_)
+        corner.handle->setHovered(&corner == hovered);
 }
 
 // The nearest one, where two could be meant.
@@ -176,6 +183,7 @@ void CurveNumbers::mouseMoved(const Event& event) {
     pointer_ = coordinates().fromWindow(event.locationInWindow);
     const Corner* const corner = cornerNear(*pointer_);
     used_ = corner ? corner->handle : nullptr;
+    showHover();
     showReading();
 }
 
@@ -188,11 +196,13 @@ void CurveNumbers::mouseExited(const Event&) {
     used_ = nullptr;
     for (const Corner& corner : corners_)
         if (corner.handle->highlit()) used_ = corner.handle;
+    showHover();
     showReading();
 }
 
-double CurveNumbers::pointerX(const Event& event) const {
-    return coordinates().fromWindow(event.locationInWindow).x;
+double CurveNumbers::pointerX(const Event& event) {
+    pointer_ = coordinates().fromWindow(event.locationInWindow);
+    return pointer_->x;
 }
 
 void CurveNumbers::cornerDidChange(CurveCorner&) {

@@ -62,7 +62,7 @@ private:
 
     // CurveCornerSite
     const CurveScale& scale() const override { return scale_; }
-    double pointerX(const Event& event) const override;
+    double pointerX(const Event& event) override;
     void cornerDidChange(CurveCorner& corner) override;
     void cornerWasUsed(CurveCorner& corner) override;
     void cornerWasLeft(CurveCorner& corner) override;
@@ -75,6 +75,7 @@ private:
     double yAt(double hertz) const;
     void update();
     void placeCorners();
+    void showHover();
     const Corner* cornerNear(Point point) const;
     void showReading();
     void letMarksGiveWay();

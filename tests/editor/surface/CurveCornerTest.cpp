@@ -27,7 +27,7 @@ protected:
         told_.clear();
     }
     const CurveScale& scale() const override { return scale_; }
-    double pointerX(const Event& event) const override { return event.locationInWindow.x; }
+    double pointerX(const Event& event) override { return event.locationInWindow.x; }
     void cornerDidChange(CurveCorner&) override { told_.push_back("changed"); }
     void cornerWasUsed(CurveCorner&) override { told_.push_back("used"); }
     void cornerWasLeft(CurveCorner&) override { told_.push_back("left"); }
@@ -173,13 +173,13 @@ TEST_F(CurveCornerTest, ItIsLitUnderThePointerAndMoreSoWhilePressed) {
     const Layer& halo = *corner_.layer()->tree().sublayers().at(1);
     ASSERT_EQ(halo.name(), "cornerHalo");
     EXPECT_EQ(halo.opacity(), 0);
-    pointAt(corner_);
+    corner_.setHovered(true);
     const double hovered = halo.opacity();
     EXPECT_GT(hovered, 0);
     pressAt(xOf(1000));
     EXPECT_GT(halo.opacity(), hovered);
     releaseAt(xOf(1000));
-    pointAway(corner_);
+    corner_.setHovered(false);
     EXPECT_EQ(halo.opacity(), 0);
 }
 

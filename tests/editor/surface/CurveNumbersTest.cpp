@@ -187,6 +187,25 @@ TEST_F(CurveNumbersTest, NoTwoCornersStandInTheSamePlace) {
     }
 }
 
+TEST_F(CurveNumbersTest, ACornerIsLitWhileThePointerIsOverItAndNotOnceItHasMovedAway) {
+    const Point at = middleOf(corner(pidTiltRangeLow));
+    pointTo(at);
+    EXPECT_TRUE(handle(pidTiltRangeLow).isHovered());
+    EXPECT_FALSE(handle(pidTiltRangeHigh).isHovered());
+    pointTo({100, 150});
+    EXPECT_FALSE(handle(pidTiltRangeLow).isHovered());
+    pointTo(at);
+    hostSets(pidTiltRangeLow, GetParameter(pidTiltRangeLow)->reverseCastValue(500));
+    frames(0.2);
+    EXPECT_FALSE(handle(pidTiltRangeLow).isHovered()) << "the pointer rests where it was";
+    press(middleOf(corner(pidTiltRangeLow)));
+    dragTo({160, 100});
+    release({160, 100});
+    EXPECT_TRUE(handle(pidTiltRangeLow).isHovered()) << "it came along";
+    pointOut();
+    EXPECT_FALSE(handle(pidTiltRangeLow).isHovered());
+}
+
 TEST_F(CurveNumbersTest, NoCornerStandsBelowTheFrameButtonOrCutsAMark) {
     const Rect button = FrameButton::placeIn({0, 0, 200, 200}, FrameButton::inset);
     for (const float gain : {0.0f, 6.0f, 18.0f, -18.0f}) {
