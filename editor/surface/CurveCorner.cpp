@@ -14,8 +14,8 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kRingWidth = 1.75, kRim = 1.5;       // points: of a ring's line; of the ground around a disc
-constexpr double kHaloRadius = 8, kFocusRadius = 7.5; // points
+constexpr double kRingWidth = 1.75, kRim = 1.5;     // points: of a ring's line; of the ground around a disc
+constexpr double kHaloRadius = 8, kFocusRadius = 7; // points
 constexpr double kHoverAlpha = 0.22, kPressedAlpha = 0.36;
 constexpr float kOffAlpha = 0.65f;
 constexpr double kFadeSeconds = 0.12;

@@ -16,7 +16,7 @@ namespace {
 constexpr double kFontSize = 9;
 constexpr double kEdge = 2;       // points, between a mark and the box
 constexpr double kAboveFloor = 4; // points, between the frequencies and the lower edge, where their ticks are
-constexpr double kLeft = 11;      // points, of the decibels: right of a handle that stands at the edge
+constexpr double kLeft = 14;      // points, of the decibels: right of a handle that stands at the edge
 constexpr double kAboveLine = 2;  // points, between a level's line and its text
 constexpr double kGridStep = 6;   // dB
 constexpr std::array kDecades = {10.0, 100.0, 1000.0, 10000.0};

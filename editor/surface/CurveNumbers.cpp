@@ -27,8 +27,8 @@ constexpr struct {
                 {pidFilterRangeLow, CurveCorner::Shape::ring},
                 {pidFilterRangeHigh, CurveCorner::Shape::ring}};
 
-constexpr double kSide = 6, kTop = 8, kBottom = 20;        // points that a corner stays away from the edges
-constexpr double kApart = 2 * CurveCorner::discRadius + 4; // points between the middles of two corners
+constexpr double kSide = 8, kTop = 8, kBottom = 20;        // points that a corner stays away from the edges
+constexpr double kApart = 2 * CurveCorner::discRadius + 6; // points between the middles of two corners
 constexpr float kMarkAlpha = 0.7f;
 
 // A filter whose corner is at its end of the band is off.
