@@ -21,6 +21,9 @@ void observePreferences(QVMGenericUI& ui) {
                                  }});
     preferences.define(EditorScale::preferenceKey, {[&ui] { return ui.scale().preference(); },
                                                     [&ui](double value) { ui.scale().adoptPreference(value); }});
+    preferences.define(EditorSpectrum::preferenceKey,
+                       {[&ui] { return static_cast<double>(ui.sketches().spectrum().mode()); },
+                        [&ui](double value) { ui.sketches().spectrum().restore(value); }});
     preferences.observe(
         [&ui](const std::string& key, double value) {
             if (ui.delegate()) ui.delegate()->interfaceDidUpdateInterfacePreferenceValue(ui, key, value);

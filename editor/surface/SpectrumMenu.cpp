@@ -18,9 +18,7 @@ constexpr std::array<Choice, 3> choices = {
 
 void choose(QVMGenericUI& ui, SpectrumMode mode) {
     ui.sketches().spectrum().setMode(mode);
-    if (QVMGenericUIDelegate* const delegate = ui.delegate())
-        delegate->interfaceDidUpdateInterfacePreferenceValue(ui, EditorSpectrum::preferenceKey,
-                                                             static_cast<double>(mode));
+    ui.preferences().report(EditorSpectrum::preferenceKey);
 }
 
 } // namespace

@@ -43,7 +43,6 @@ void StandaloneApp::initialise(const juce::String&) {
     player_ = std::make_unique<LoopPlayer>(*processor_, std::move(clip));
     editor_ = std::make_unique<SlantwiseEditor>(*processor_, WindowComponent::Embedding::ownWindow);
     applyLook();
-    if (options_.spectrum) editor_->view().ui().sketches().spectrum().restore(static_cast<double>(*options_.spectrum));
     applyLayout();
     applyPreset();
     applySettings();
@@ -79,6 +78,8 @@ void StandaloneApp::applyLook() {
     QVMGenericUI& ui = editor_->view().ui();
     if (options_.theme != Options::Theme::asKept)
         ui.preferences().adopt("theme", options_.theme == Options::Theme::dark ? 1 : 0);
+    if (options_.spectrum)
+        ui.preferences().adopt(EditorSpectrum::preferenceKey, static_cast<double>(*options_.spectrum));
     if (options_.scale <= 0) return;
     ui.preferences().adopt(EditorScale::preferenceKey, 1);
     ui.requestFrame(ui.altFrame());
