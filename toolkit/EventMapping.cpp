@@ -35,12 +35,10 @@ std::array<NamedKey, 14> namedKeys() {
              {U'`', U'`', Key::codeGrave, 0},
              {K::backspaceKey, U'\x7F', Key::codeDelete, 0},
              {K::deleteKey, Key::forwardDelete, Key::codeDelete, 0},
-             {K::homeKey, Key::home, 0, 0},
-             {K::endKey, Key::end, 0, 0},
+             {K::homeKey, Key::home, Key::codeHome, 0},
+             {K::endKey, Key::end, Key::codeEnd, 0},
              {K::escapeKey, U'\x1B', Key::codeEscape, 0},
-             {K::F10Key, U'\0', Key::codeF10, 0},
-             {K::homeKey, U'\0', Key::codeHome, 0},
-             {K::endKey, U'\0', Key::codeEnd, 0}}};
+             {K::F10Key, U'\0', Key::codeF10, 0}}};
 }
 
 // Keys of the keypad that the toolkit tells from the others.
