@@ -148,6 +148,7 @@ void CurveReadout::place() {
     const double from = isBelow ? 0 : kEdge + kPlateHeight, to = isBelow ? y : box_.height - kFloor;
     hairLine_->setFrame({onPixel(content_.at.x - 0.5), from, 1, to - from});
     dot_->setPosition(content_.at);
+    dot_->setHidden(content_.at.y <= 0 || content_.at.y >= box_.height); // the curve has left the box there
 }
 
 } // namespace QVM_NAMESPACE

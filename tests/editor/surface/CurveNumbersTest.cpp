@@ -114,6 +114,16 @@ TEST_F(CurveNumbersTest, NearThePointerAHairLineTellsWhatTheFormulasGive) {
     EXPECT_FALSE(readout().isShown());
 }
 
+TEST_F(CurveNumbersTest, WhereTheCurveHasLeftTheBoxItIsToldWithoutADot) {
+    hostSets(pidFilterRangeLow, GetParameter(pidFilterRangeLow)->reverseCastValue(1000));
+    frames(1);
+    pointTo({150, 150});
+    EXPECT_THAT(shownLayers(), Contains("curveDot"));
+    pointTo({60, 150});
+    EXPECT_THAT(shownLayers(), AllOf(Contains("hairLine"), Not(Contains("curveDot"))));
+    EXPECT_THAT(readout().content().level, HasSubstr(minusSign));
+}
+
 TEST_F(CurveNumbersTest, AMoveOfThePointerDrawsItsTextsAgainAndNothingElse) {
     pointTo({90, 150});
     drawnAgain();
