@@ -30,6 +30,7 @@ constexpr struct {
 constexpr double kSide = 8, kTop = 8, kBottom = 20;        // points that a corner stays away from the edges
 constexpr double kApart = 2 * CurveCorner::discRadius + 6; // points between the middles of two corners
 constexpr float kMarkAlpha = 0.7f;
+constexpr double kPowerOffAlpha = 0.5;
 
 // A filter whose corner is at its end of the band is off.
 bool isOff(CurveCorner::Shape shape, double hertz) {
@@ -61,9 +62,14 @@ CurveNumbers::CurveNumbers(QVMParameterSketch& sketch, const EditorValues& value
     layer()->tree().add(readout_.layer());
     for (const auto& [pid, shape] : kCorners)
         if (QVMParameterControl* listed = controls.withPid(pid)) addCorner(*listed, shape, controls);
+    power_ = controls.withPid(pidMasterOnOff);
+    if (!power_) return;
+    power_->addFollower(*this);
+    CurveNumbers::followMember(*power_);
 }
 
 CurveNumbers::~CurveNumbers() {
+    if (power_) power_->removeFollower(*this);
     for (const Corner& corner : corners_)
         if (corner.listed) corner.listed->removeFollower(*this);
 }
@@ -223,12 +229,16 @@ void CurveNumbers::cornerWasLeft(CurveCorner& corner) {
     showReading();
 }
 
+// With the power off corners are as faint as the controls, and move as those do.
 void CurveNumbers::followMember(const QVMParameterControl& member) {
-    for (const Corner& corner : corners_)
+    for (const Corner& corner : corners_) {
+        if (power_ == &member) corner.control->setAlpha(member.floatValue() != 0 ? 1 : kPowerOffAlpha);
         if (corner.listed == &member && !corner.handle->isPressed()) corner.control->setFloatValue(member.floatValue());
+    }
 }
 
 void CurveNumbers::forgetMember(const QVMParameterControl& member) {
+    if (power_ == &member) power_ = nullptr;
     for (Corner& corner : corners_)
         if (corner.listed == &member) corner.listed = nullptr;
 }
@@ -236,14 +246,11 @@ void CurveNumbers::forgetMember(const QVMParameterControl& member) {
 void CurveNumbers::showReading() {
     const auto used =
         std::find_if(corners_.begin(), corners_.end(), [this](const Corner& corner) { return corner.handle == used_; });
-    if (isHidden() || scale_.isEmpty())
+    const bool isUsed = used != corners_.end();
+    if (isHidden() || scale_.isEmpty() || (!isUsed && !pointer_))
         readout_.hide();
-    else if (used != corners_.end())
-        readout_.show(readingOf(*used));
-    else if (pointer_)
-        readout_.show(readingAt(scale_.hertzAt(pointer_->x)));
     else
-        readout_.hide();
+        readout_.show(isUsed ? readingOf(*used) : readingAt(scale_.hertzAt(pointer_->x)));
     letMarksGiveWay();
 }
 

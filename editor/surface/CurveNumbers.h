@@ -89,9 +89,10 @@ private:
     CurveReadout readout_;
     CurveScale scale_;
     std::vector<Corner> corners_;
-    std::optional<Point> pointer_;      // while it is over the curve, points
-    const CurveCorner* used_ = nullptr; // what the user turned to last, unless it is the pointer
-    std::uint64_t shownVersion_ = 0;    // of the curve's picture
+    QVMParameterControl* power_ = nullptr; // of the master switch; null once it is gone
+    std::optional<Point> pointer_;         // while it is over the curve, points
+    const CurveCorner* used_ = nullptr;    // what the user turned to last, unless it is the pointer
+    std::uint64_t shownVersion_ = 0;       // of the curve's picture
 };
 
 } // namespace QVM_NAMESPACE

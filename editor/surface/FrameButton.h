@@ -19,8 +19,8 @@ public:
     // Points between it and the edges of a curve that is the whole editor.
     static constexpr double inset = 6;
     // In the corner of the curve.
-    static Rect placeIn(const Rect& curve, double inset) {
-        return {curve.maxX() - size.width - inset, curve.y + inset, size.width, size.height};
+    static Rect placeIn(const Rect& curve, double distance) {
+        return {curve.maxX() - size.width - distance, curve.y + distance, size.width, size.height};
     }
 
     FrameButton();

@@ -415,6 +415,14 @@ TEST_F(CurveNumbersTest, AFilterThatIsOffWaitsAtTheEdgeAndSaysSo) {
     EXPECT_FALSE(handle(pidFilterRangeLow).isOff());
 }
 
+TEST_F(CurveNumbersTest, WithThePowerOffTheCornersAreFaint) {
+    EXPECT_EQ(corner(pidTiltRangeLow).alpha(), 1);
+    hostSets(pidMasterOnOff, 0);
+    EXPECT_EQ(corner(pidTiltRangeLow).alpha(), 0.5);
+    hostSets(pidMasterOnOff, 1);
+    EXPECT_EQ(corner(pidTiltRangeLow).alpha(), 1);
+}
+
 TEST_F(CurveNumbersTest, TextsStandOutInBothThemes) {
     for (int theme = 0; theme < 2; ++theme) {
         const Color ground = ui_->powerBox()->sketchGround();

@@ -39,7 +39,7 @@ TEST_F(CurveReadingTest, TellsTheGainThatTheFormulasGive) {
         settings_[pidFilterRangeLow] = 60;
         settings_[pidFilterSlopeLow] = 24;
         settings_[pidFilterResonanceLow] = 4;
-        settings_[pidTiltLoudnessMode] = 1;
+        settings_[pidTiltLoudnessMode] = 2; // the reference line is off the middle
         show();
         expectFormulas(expected_.total);
     }
