@@ -3,8 +3,6 @@
 #include "platform/view/ToolTipPlacement.h"
 #include "toolkit/ToolkitLookAndFeel.h"
 
-#include <utility>
-
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -17,7 +15,7 @@ const View* toolTippedAround(const View* view) {
 
 class Tip final : public juce::Component {
 public:
-    Tip(juce::String text, juce::LookAndFeel& look) : Component(std::move(text)) {
+    Tip(const juce::String& text, juce::LookAndFeel& look) : Component(text) {
         setLookAndFeel(&look);
         setInterceptsMouseClicks(false, false);
         setAccessible(false);

@@ -1,6 +1,7 @@
 #include "editor/keyboard/EditorFocus.h"
 
 #include "description/ParameterIDs.h"
+#include "platform/view/Window.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,6 +28,7 @@ void EditorFocus::bring(FocusableControl* control) {
     if (control && !canBeShown(*control)) control = nullptr;
     if (control != focused_) surface_.focusWillMove();
     focused_ = control;
+    if (root_.window()) root_.window()->setKeyboardView(control);
     for (QVMParameterControl* each : surface_.parameterControls())
         each->setFocused(control && each == control);
     for (QVMParameterControl* each : standIns_)

@@ -5,7 +5,6 @@
 #include "editor/surface/QVMLogoStamp.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
-#include "platform/view/Window.h"
 
 namespace QVM_NAMESPACE {
 
@@ -36,7 +35,6 @@ void ShownFocus::focusWillMove() {
 }
 
 void ShownFocus::focusDidMove(FocusableControl* control) {
-    if (ui_.window()) ui_.window()->setKeyboardView(control);
     showInCurve();
     QVMPresetBar* const bar = ui_.presetBar();
     if (!bar) return;
