@@ -128,7 +128,7 @@ juce::TextLayout ToolkitLookAndFeel::layOutTooltip(const juce::String& text) con
     juce::AttributedString styled;
     styled.append(text, juce::Font().withPointHeight(tooltipPoints), toToolkit(palette().menuText));
     juce::TextLayout layout;
-    layout.createLayoutWithBalancedLineLengths(styled, tooltipWidth);
+    layout.createLayout(styled, tooltipWidth); // balanced, short lines would make long ones wrap
     return layout;
 }
 

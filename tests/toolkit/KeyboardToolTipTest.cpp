@@ -33,9 +33,11 @@ protected:
     // The one that is to be seen; null for none.
     const juce::Component* tip() const {
         for (const juce::Component* child : component->getChildren())
-            if (child->isVisible() && (child->getName() == "Low" || child->getName() == "High")) return child;
+            if (child->isVisible() && (child->getName() == tipOf(*low_) || child->getName() == tipOf(*high_)))
+                return child;
         return nullptr;
     }
+    static juce::String tipOf(const View& view) { return juce::String::fromUTF8(view.toolTip().c_str()); }
     juce::String shown() const { return tip() ? tip()->getName() : juce::String(); }
 
     View *low_ = nullptr, *high_ = nullptr;
@@ -117,6 +119,19 @@ TEST_F(KeyboardToolTipTest, ThereIsNoneWhileAKeyIsHeldOrForAViewThatIsGone) {
     high_->removeFromSuperview();
     rest(10);
     EXPECT_EQ(shown(), "");
+}
+
+TEST_F(KeyboardToolTipTest, IsAsWideAsItsLongestLine) {
+    low_->setToolTip("Cuts below.");
+    high_->setToolTip("Cuts below.\nOn");
+    keyTo(low_);
+    rest();
+    ASSERT_NE(tip(), nullptr);
+    const int width = tip()->getWidth();
+    keyTo(high_);
+    rest();
+    ASSERT_EQ(shown(), tipOf(*high_));
+    EXPECT_EQ(tip()->getWidth(), width);
 }
 
 TEST_F(KeyboardToolTipTest, ThereIsNoneForAViewThatAPressLedTo) {
