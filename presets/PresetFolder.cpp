@@ -44,6 +44,7 @@ std::vector<PresetStore::File> PresetFolder::readAll() {
     std::ranges::sort(names);
     std::erase_if(known_, [&](const auto& each) { return !std::ranges::binary_search(names, each.first); });
     std::vector<File> files;
+    files.reserve(names.size());
     for (const std::string& name : names)
         files.push_back({name, contentOf(name)});
     return files;

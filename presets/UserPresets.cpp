@@ -60,7 +60,7 @@ void UserPresets::refresh() {
     for (PresetStore::File& file : store_->readAll())
         entries_.push_back(entryFrom(std::move(file), config_));
     // A file that is called after its preset comes before a copy of it.
-    std::ranges::stable_partition(entries_, isCalledAfterItsPreset);
+    std::stable_partition(entries_.begin(), entries_.end(), isCalledAfterItsPreset);
     std::set<std::string> names;
     for (UserPresetEntry& entry : entries_)
         if (entry.problem.empty() && !names.insert(entry.preset.name).second)

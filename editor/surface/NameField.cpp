@@ -16,7 +16,7 @@ namespace {
 
 // All in points. The text stands where the names of the list do.
 constexpr double boxX = 8, boxY = 4, boxHeight = 22, boxRadius = 4, boxBorder = 1;
-constexpr double textX = 18, textInset = textX - boxX, caretWidth = 1, caretInset = 4;
+constexpr double textX = 18, caretWidth = 1, caretInset = 4;
 constexpr double lineY = 29, lineHeight = 15, wordInset = 5, wordGap = 2, wordRadius = 4;
 constexpr double nameSize = 14, hintSize = 10.5, wordSize = 11;
 constexpr float selectionAlpha = 0.3f;

@@ -90,7 +90,7 @@ bool TextEntry::handleCommand(char32_t character) {
 bool TextEntry::move(const Event& event, char32_t key) {
     const bool selects = event.has(EventModifier::shift), byWords = event.has(EventModifier::command);
     const bool hasSelection = caret_ != anchor_;
-    std::size_t place = caret_;
+    std::size_t place = 0;
     switch (key) {
     case Key::left:
         place = hasSelection && !selects ? selectionStart() : nextPlace(-1, byWords);
@@ -100,7 +100,6 @@ bool TextEntry::move(const Event& event, char32_t key) {
         break;
     case Key::home:
     case Key::up:
-        place = 0;
         break;
     case Key::end:
     case Key::down:
