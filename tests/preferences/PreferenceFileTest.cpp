@@ -134,11 +134,11 @@ TEST_F(PreferenceFileTest, ThreadsOfOneProcessLoseNoneOfTheirKeysEither) {
     for (int i = 0; i < 4; ++i)
         threads.emplace_back([this, i] {
             for (int n = 1; n <= 10; ++n)
-                file().remember("key" + std::to_string(i), n);
+                file().remember("key" + std::to_string(i) + "." + std::to_string(n), n);
         });
     for (std::thread& thread : threads)
         thread.join();
-    EXPECT_THAT(file().read(), SizeIs(4));
+    EXPECT_THAT(file().read(), SizeIs(40));
 }
 
 TEST_F(PreferenceFileTest, AnInstanceThatIsKilledInTheMiddleLeavesTheFileWhole) {
