@@ -112,8 +112,8 @@ std::string lv2ExtraText(const std::string& pluginUri) {
             projectOf(pluginUri) + "> ;\n\tdoap:shortdesc \"" + shortDescription + "\" ;\n\trdfs:comment \"" + comment +
             "\" .\n\n";
     text += "<" + projectOf(pluginUri) + ">\n\ta doap:Project ;\n\tdoap:name \"" + product + "\" .\n\n";
-    // The toolkit says so as well, in a file on the editor alone, which hosts need not read before they make its
-    // window.
+    // The editor sets its own size, and its interface takes one of the host's. A host whose window the user may drag
+    // does not take it back when the editor gets smaller.
     text += "<" + pluginUri + ":UI>\n\tlv2:optionalFeature ui:noUserResize .\n\n";
     return text + lv2ParametersText(pluginUri);
 }

@@ -27,10 +27,10 @@ std::string nearestPreset(const std::string& name) {
     return nearestName(name, GetPresets()->stringValues);
 }
 
-TEST(Options, NothingGivenIsPinkNoiseInTheLightTheme) {
+TEST(Options, NothingGivenIsPinkNoiseInTheThemeThatIsRemembered) {
     const Options options = parsed({});
     EXPECT_EQ(options.playFile, "");
-    EXPECT_EQ(options.theme, Options::Theme::light);
+    EXPECT_EQ(options.theme, Options::Theme::asKept);
     EXPECT_EQ(options.scale, 0);
     EXPECT_FALSE(options.spectrum) << "as it was kept";
     EXPECT_FALSE(options.presetIndex || options.quitAfterSeconds);
