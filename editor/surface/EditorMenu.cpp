@@ -130,7 +130,9 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
                operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)));
     add(MenuItem::separator());
     add(ticked(!ui.areSketchesHidden(), item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
-    add(spectrumItem(ui));
+    if (hasDrawers) // otherwise it is in the menu itself
+        for (MenuItem& spectrum : spectrumItems(ui))
+            add(std::move(spectrum));
     ui.config().enumerateParametersWithBlock([&](QVMParameter& parameter, QVMClump&) {
         if (isModeWithoutControl(parameter)) add(modeItem(ui, parameter));
     });
@@ -169,7 +171,8 @@ std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* cont
     }
     menu->items.push_back(MenuItem::separator());
     menu->items.push_back(makeSizeMenu(ui));
-    menu->items.push_back(spectrumItem(ui));
+    for (MenuItem& spectrum : spectrumItems(ui))
+        menu->items.push_back(std::move(spectrum));
     menu->items.push_back(MenuItem::separator());
     menu->items.push_back(item(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,
                                [page = productPage(metadata)] { Workspace::current().openUrl(page); }));

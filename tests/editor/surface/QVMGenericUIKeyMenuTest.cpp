@@ -110,8 +110,7 @@ TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {
     EXPECT_EQ(host_.menu->title, "Slantwise") << "no control can be seen that it could be about";
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Small window", "Dark theme",
-                            "-", "Curve and meter", "Spectrum", "Meter Mode", "Reset meter",
-                            "Open all settings in browser"));
+                            "-", "Curve and meter", "Meter Mode", "Reset meter", "Open all settings in browser"));
 }
 
 TEST_F(QVMGenericUIKeyMenu, HidesCurveAndMeterAndShowsThemAgain) {

@@ -19,6 +19,7 @@ protected:
             found.push_back((choice.checked ? "*" : "") + choice.title);
         return found;
     }
+    MenuItem submenu() { return spectrumItems(*ui_).front(); }
     // The items called "Spectrum", in submenus too.
     static int spectra(const std::vector<MenuItem>& items) {
         int found = 0;
@@ -29,17 +30,17 @@ protected:
 };
 
 TEST_F(SpectrumMenu, TicksThePresentMode) {
-    EXPECT_EQ(spectrumItem(*ui_).title, "Spectrum");
-    EXPECT_THAT(titles(spectrumItem(*ui_)), ElementsAre("*Off", "Output", "Input and output"));
+    EXPECT_EQ(submenu().title, "Spectrum");
+    EXPECT_THAT(titles(submenu()), ElementsAre("*Off", "Output", "Input and output"));
     ui_->sketches().spectrum().setMode(SpectrumMode::inputAndOutput);
-    EXPECT_THAT(titles(spectrumItem(*ui_)), ElementsAre("Off", "Output", "*Input and output"));
+    EXPECT_THAT(titles(submenu()), ElementsAre("Off", "Output", "*Input and output"));
 }
 
 TEST_F(SpectrumMenu, AChoiceIsShownAndReported) {
-    spectrumItem(*ui_).submenu[1].action();
+    submenu().submenu[1].action();
     EXPECT_EQ(ui_->sketches().spectrum().mode(), SpectrumMode::output);
-    spectrumItem(*ui_).submenu[2].action();
-    spectrumItem(*ui_).submenu[0].action();
+    submenu().submenu[2].action();
+    submenu().submenu[0].action();
     EXPECT_EQ(ui_->sketches().spectrum().mode(), SpectrumMode::off);
     EXPECT_THAT(delegate_.calls,
                 ElementsAre("preference spectrum 1", "preference spectrum 2", "preference spectrum 0"));
@@ -53,8 +54,20 @@ TEST_F(SpectrumMenu, IsInTheContextMenuAndInTheKeyboardsPart) {
     EXPECT_EQ(spectra(menu->items.back().submenu), 1);
 }
 
+TEST_F(SpectrumMenu, HasAnItemForEachModeInTheSmallWindow) {
+    ui_->requestFrame(QVMAltFrameCompact);
+    const auto menu = ui_->menuForKeyboard();
+    std::vector<std::string> found;
+    for (const MenuItem& item : menu->items)
+        if (item.title.find("pectrum") != std::string::npos) found.push_back((item.checked ? "*" : "") + item.title);
+    EXPECT_THAT(found, ElementsAre("*No spectrum", "Spectrum of output", "Spectrum of input and output"));
+    EXPECT_EQ(spectra(menu->items), 0) << "no submenu";
+    spectrumItems(*ui_)[2].action();
+    EXPECT_EQ(ui_->sketches().spectrum().mode(), SpectrumMode::inputAndOutput);
+}
+
 TEST_F(SpectrumMenu, OutlivesTheEditor) {
-    const MenuItem item = spectrumItem(*ui_);
+    const MenuItem item = submenu();
     window_.takeContentView().reset();
     ui_ = nullptr;
     item.submenu[1].action();
