@@ -12,35 +12,56 @@ namespace {
 constexpr double kLineWidth = 1;        // points
 constexpr double kLeastForAnEdge = 100; // points across: in a smaller picture it would crowd the curve
 
+// In a column, the outline: it comes from the middle of the way from the column before and goes to that of the next.
+struct Course {
+    float from = 0, here = 0, to = 0; // pixels from the top
+    float highest() const { return std::min({from, here, to}); }
+    float lowest() const { return std::max({from, here, to}); }
+};
+Course courseAt(const std::vector<float>& tops, std::size_t x) {
+    const float here = tops[x], before = tops[x == 0 ? x : x - 1], behind = tops[std::min(x + 1, tops.size() - 1)];
+    return {(before + here) / 2, here, (here + behind) / 2};
+}
+
+// The share of a pixel in a row that is below a straight line across it.
+float shareBelow(float row, float one, float other) {
+    const auto sum = [](float u) { return u <= 0 ? 0 : u >= 1 ? u - 0.5f : u * u / 2; }; // of clamp(u, 0, 1), up to u
+    const float high = row + 1 - std::min(one, other), low = row + 1 - std::max(one, other);
+    constexpr float level = 1e-3f;
+    return high - low < level ? std::clamp(high, 0.0f, 1.0f) : (sum(high) - sum(low)) / (high - low);
+}
+
 // Everything below the outline.
 void fillBelow(Image& picture, const std::vector<float>& tops, Color color) {
     const Shades shades(color);
     const std::uint32_t whole = shades.at(1);
-    std::vector<int> rows(tops.size()); // the one that the outline crosses
-    std::vector<std::uint32_t> parts(tops.size());
+    std::vector<int> wholeFrom(tops.size()); // rows
     for (std::size_t x = 0; x < tops.size(); ++x) {
-        rows[x] = static_cast<int>(tops[x]);
-        parts[x] = shades.at(static_cast<float>(rows[x] + 1) - tops[x]);
+        const Course course = courseAt(tops, x);
+        wholeFrom[x] = static_cast<int>(std::ceil(course.lowest()));
+        for (auto y = static_cast<int>(course.highest()); y < std::min(wholeFrom[x], picture.height); ++y) {
+            const auto row = static_cast<float>(y);
+            const float share =
+                (shareBelow(row, course.from, course.here) + shareBelow(row, course.here, course.to)) / 2;
+            picture.pixels[static_cast<std::size_t>(y) * tops.size() + x] = shades.at(share);
+        }
     }
-    for (int y = *std::ranges::min_element(rows); y < picture.height; ++y) {
+    for (int y = *std::ranges::min_element(wholeFrom); y < picture.height; ++y) {
         std::uint32_t* const row = picture.pixels.data() + static_cast<std::size_t>(y) * tops.size();
         for (std::size_t x = 0; x < tops.size(); ++x)
-            row[x] = y > rows[x] ? whole : y == rows[x] ? parts[x] : 0;
+            row[x] = y >= wholeFrom[x] ? whole : row[x];
     }
 }
 
-// The outline itself, where it is above the bottom. Each column has of it what lies between the middles of the ways to
-// its neighbours.
+// The outline itself, where it is above the bottom.
 void drawOutline(Image& picture, const std::vector<float>& tops, float width, Color color) {
     const Shades shades(color);
     const auto bottom = static_cast<float>(picture.height);
     for (std::size_t x = 0; x < tops.size(); ++x) {
-        const float here = tops[x];
-        const float before = (here + tops[x == 0 ? x : x - 1]) / 2,
-                    behind = (here + tops[std::min(x + 1, tops.size() - 1)]) / 2;
-        const auto [high, low] = std::minmax({before, here, behind});
-        if (high >= bottom) continue;
-        const float from = std::max(high - width / 2, 0.0f), to = std::min(low + width / 2, bottom);
+        const Course course = courseAt(tops, x);
+        if (course.highest() >= bottom) continue;
+        const float from = std::max(course.highest() - width / 2, 0.0f);
+        const float to = std::min(course.lowest() + width / 2, bottom);
         for (auto y = static_cast<int>(from); y < picture.height && static_cast<float>(y) < to; ++y) {
             const auto row = static_cast<float>(y);
             const float covered = std::min(row + 1, to) - std::max(row, from);

@@ -94,6 +94,23 @@ TEST_P(SpectrumLayerTest, ABellIsHighestWhereItIs) {
     EXPECT_EQ(at(picture(), middle - pixels(12), picture().height - 1), 0u);
 }
 
+TEST_P(SpectrumLayerTest, ASlopeHasNoSteps) {
+    std::vector<float> ramp = flat(0);
+    for (std::size_t i = 0; i < ramp.size(); ++i)
+        ramp[i] = std::clamp(-72 + (static_cast<float>(i) - 100) * 2.4f, -72.0f, 0.0f); // over thirty bands
+    layer.setColours({.area = Color{1, 1, 1, 1}, .edge = Color{}, .line = Color{}});
+    layer.show(ramp, {});
+    const int x = picture().width * 115 / 301; // in the middle of it
+    int partly = 0;
+    for (int y = 0; y < picture().height; ++y) {
+        const std::uint32_t alpha = at(picture(), x, y) >> 24;
+        partly += alpha > 0 && alpha < 255;
+    }
+    const double rowsAColumn = 2.4 / 72 * kHeight / kWidth * 301;
+    EXPECT_NEAR(partly, rowsAColumn, 2.5) << "as many as the slope crosses in a column";
+    EXPECT_GE(partly, 5);
+}
+
 TEST_P(SpectrumLayerTest, TakesNoMoreRoomThanItNeeds) {
     layer.show(flat(-54), {});
     const Rect box = layer.lookBounds(presented());
