@@ -9,11 +9,9 @@ namespace QVM_NAMESPACE {
 
 class SignalListener {
 public:
+    virtual ~SignalListener() = default;
     // Render thread: the next frames, what went in beside what comes out. Must not wait or allocate.
     virtual void hear(std::span<const TapFrame> frames) = 0;
-
-protected:
-    ~SignalListener() = default;
 };
 
 } // namespace QVM_NAMESPACE

@@ -17,14 +17,14 @@ constexpr double kLengthTimesWidth = (kAttenuation - 8) / 2.285;
 std::vector<float> lowPass(unsigned factor) {
     if (factor == 1) return {1};
     const double transition = 2 * std::numbers::pi * (1 - 2 * Decimator::passedShare) / factor; // radians a frame
-    const int half = static_cast<int>(std::ceil(kLengthTimesWidth / transition / 2));
-    std::vector<double> taps(static_cast<std::size_t>(2 * half + 1));
+    const auto half = static_cast<std::size_t>(std::ceil(kLengthTimesWidth / transition / 2));
+    std::vector<double> taps(2 * half + 1);
     double sum = 0;
-    for (int i = -half; i <= half; ++i) {
-        const double angle = std::numbers::pi * i / factor, at = static_cast<double>(i) / (half + 1);
-        const double sinc = i == 0 ? 1 : std::sin(angle) / angle;
-        sum += taps[static_cast<std::size_t>(i + half)] =
-            sinc * std::cyl_bessel_i(0, kShape * std::sqrt(1 - at * at)) / std::cyl_bessel_i(0, kShape);
+    for (std::size_t i = 0; i < taps.size(); ++i) {
+        const double away = static_cast<double>(i) - static_cast<double>(half);
+        const double angle = std::numbers::pi * away / factor, at = away / static_cast<double>(half + 1);
+        const double sinc = i == half ? 1 : std::sin(angle) / angle;
+        sum += taps[i] = sinc * std::cyl_bessel_i(0, kShape * std::sqrt(1 - at * at)) / std::cyl_bessel_i(0, kShape);
     }
     std::vector<float> kernel(taps.size());
     std::ranges::transform(taps, kernel.begin(), [sum](double tap) { return static_cast<float>(tap / sum); });

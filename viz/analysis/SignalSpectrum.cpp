@@ -66,9 +66,9 @@ SignalSpectrum::SignalSpectrum(double sampleRateHz)
     const double lowRate = sampleRateHz / scaled(kDecimation, sampleRateHz);
     const double fromShort = SpectrumBands::leastBins * sampleRateHz / shortest;
     const double fromMiddle = SpectrumBands::leastBins * lowRate / kMiddle;
-    transforms_ = {std::make_unique<Transform>(shortest, sampleRateHz, fromShort, 0),
-                   std::make_unique<Transform>(kMiddle, lowRate, fromMiddle, fromShort),
-                   std::make_unique<Transform>(kLongest, lowRate, 0, fromMiddle)};
+    transforms_[0] = std::make_unique<Transform>(shortest, sampleRateHz, fromShort, 0);
+    transforms_[1] = std::make_unique<Transform>(kMiddle, lowRate, fromMiddle, fromShort);
+    transforms_[2] = std::make_unique<Transform>(kLongest, lowRate, 0, fromMiddle);
 }
 
 void SignalSpectrum::reset() {

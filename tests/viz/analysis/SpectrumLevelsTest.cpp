@@ -30,6 +30,14 @@ TEST(SpectrumLevels, TiltIsFourAndAHalfDecibelsAnOctaveOfTheDensity) {
     }
 }
 
+TEST(SpectrumLevels, AreTilted) {
+    SpectrumLevels levels;
+    levels.follow(powers(-30), 1);
+    for (const std::size_t band : {20u, 100u, 290u})
+        EXPECT_NEAR(levels.levels()[band], -30 + SpectrumLevels::tilt(band), 0.05) << band;
+    EXPECT_GT(levels.levels()[290] - levels.levels()[100], 10);
+}
+
 TEST(SpectrumLevels, RiseFastAndStandAtTheLevel) {
     SpectrumLevels levels;
     EXPECT_TRUE(levels.isEmpty());
