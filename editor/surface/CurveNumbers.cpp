@@ -145,8 +145,8 @@ void CurveNumbers::placeCorners() {
     const double lowest = scale_.size.height - kBottom, pixels = layer()->look().contentsScale();
     for (Corner& corner : corners_) {
         const double hertz = double{corner.handle->floatValue()};
-        const Point onCurve = {std::clamp(scale_.xOf(hertz), kSide, scale_.size.width - kSide),
-                               std::clamp(yAt(hertz), kTop, lowest)};
+        const double x = std::clamp(scale_.xOf(hertz), kSide, scale_.size.width - kSide);
+        const Point onCurve = {x, std::clamp(yAt(scale_.hertzAt(x)), kTop, lowest)};
         Point center = below(onCurve, button);
         if (corner.shape == CurveCorner::Shape::ring)
             for (const Corner& other : corners_)
