@@ -125,6 +125,7 @@ private:
 #undef process
 #undef IAudioProcessor
 #undef EditController
+#undef Component // the toolkit's source makes a macro of it
 
 // Behind the toolkit's source, which says first how its modules are to be included.
 #include "plugin/SlantwiseProcessor.h"

@@ -116,7 +116,7 @@ TEST_F(OutlineViewTest, ALeafThatCannotBeChosenIsPassedOver) {
     click({above.center().x, above.maxY() + 5});
     EXPECT_TRUE(chosen_.empty());
     EXPECT_TRUE(outline_->isExpanded(0));
-    outline_->moveSelection(1);
+    outline_->choose(outline_->walk().by(1));
     EXPECT_EQ(chosen_, std::vector<std::uint32_t>{3});
 }
 
