@@ -21,8 +21,7 @@ ClipLight::ClipLight(Point center, const PBGLSketchAbstract* meter)
     layer()->tree().add(light_);
     setToolTip("Lights when the output reaches full scale; a click puts it out");
     NotificationCenter& centre = NotificationCenter::defaultCenter();
-    clipped_ =
-        centre.observe(QVMLevelMeter::clippedNotification, meter, [this](const Notification&) { setLit(true); });
+    clipped_ = centre.observe(QVMLevelMeter::clippedNotification, meter, [this](const Notification&) { setLit(true); });
     reset_ = centre.observe(QVMLevelMeter::resetNotification, meter, [this](const Notification&) { setLit(false); });
     themeUpdated();
 }

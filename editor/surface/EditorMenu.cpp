@@ -129,7 +129,8 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
     add(ticked(&QVMUITheme::theme() == &QVMUITheme::dark(),
                operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)));
     add(MenuItem::separator());
-    add(ticked(!ui.areSketchesHidden(), item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
+    add(ticked(!ui.sketches().areHidden(),
+               item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
     if (hasDrawers) // otherwise it is in the menu itself
         for (MenuItem& spectrum : spectrumItems(ui))
             add(std::move(spectrum));

@@ -108,14 +108,9 @@ void OutlineView::addRow(const OutlineItem& item, std::size_t section, bool isTi
     const auto fitted = [&](const std::string& text, const Font& font) {
         return item.fit == OutlineItem::Fit::cut ? elided(text, font, width) : text;
     };
-    Row row{section,
-            isTitle,
-            item.id,
-            {markInset, y, bounds().width - 2 * markInset, height},
-            isTitle ? capitals(item.title) : fitted(item.title, nameFont()),
-            nullptr,
-            nullptr};
-    row.title = makeText({x, y, width, height});
+    const Rect frame = {markInset, y, bounds().width - 2 * markInset, height};
+    const std::string name = isTitle ? capitals(item.title) : fitted(item.title, nameFont());
+    Row row{section, isTitle, item.id, frame, name, makeText({x, y, width, height}), nullptr};
     row.title->setName(item.title);
     list_->tree().add(row.title);
     if (!item.note.empty()) {
@@ -148,8 +143,7 @@ void OutlineView::styleRow(const Row& row) const {
     }
     const bool isChosen = row.id && row.id == selection_;
     const Color ink = row.id ? theme.textColor : theme.palette.note;
-    row.title->setString(presetNameText(row.name, nameFont(),
-                                        isChosen ? theme.backgroundColor : ink));
+    row.title->setString(presetNameText(row.name, nameFont(), isChosen ? theme.backgroundColor : ink));
     if (!row.note) return;
     row.note->setString(
         {row.note->string().string(), noteFont(), isChosen ? theme.subtleTextColor : theme.palette.note});

@@ -142,7 +142,6 @@ public:
     // The live pictures (EditorSketches). The curve is null until half a second after the setup.
     QVMParameterSketch* sketch() const { return sketches_.main(); }
     void toggleSketchVisibility() { sketches_.toggleVisibility(); }
-    bool areSketchesHidden() const { return sketches_.areHidden(); }
     void meterTapped();
 
     void toggleUITheme() override;
@@ -230,7 +229,6 @@ private:
     void addFrameButton();
     void addHudAndNumericMeter();
     void addSketch();
-
 
     // QVMHUDDisplayDelegate: the indicators change nothing in this product.
     void hudWantsToUpdatePid(QVMHUDDisplay&, std::uint32_t) override {}

@@ -1,7 +1,8 @@
 // Makes whole numbers of samples, with dither where it is asked for.
 //
-// Left alone, the sound-file library scales by another number when it writes whole numbers than when it reads them, or cuts
-// off what is behind the point, so that a file would not come back as it was. It is given numbers that are whole already.
+// Left alone, the sound-file library scales by another number when it writes whole numbers than when it reads them, or
+// cuts off what is behind the point, so that a file would not come back as it was. It is given numbers that are whole
+// already.
 #pragma once
 
 #include "BuildNamespace.h"

@@ -95,8 +95,8 @@ TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
     EXPECT_THAT(titles(host_.menu->items),
                 ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
                             "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
-                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size", "Spectrum",
-                            "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
+                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size",
+                            "Spectrum", "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Presets", "Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Advanced controls",
                             "Small window", "Dark theme", "-", "Curve and meter", "Spectrum", "Meter Mode",

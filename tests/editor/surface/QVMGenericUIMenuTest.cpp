@@ -44,8 +44,8 @@ TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
     EXPECT_THAT(titles(*menu),
                 ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
                             "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
-                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size", "Spectrum",
-                            "-", "Ferrowind Slantwise, 2.0.1"));
+                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size",
+                            "Spectrum", "-", "Ferrowind Slantwise, 2.0.1"));
     EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
 }
 
