@@ -87,7 +87,7 @@ QVMParameterControl* EditorFocus::adjacent(const FocusableControl* from, int dir
     if (order.empty() || static_cast<int>(values_.memoized(pidMasterOnOff)) == 0) return nullptr;
     if (!from) {
         for (const std::string& name : order)
-            if (QVMParameterControl* shown = shownControlNamed(name)) return shown;
+            if (QVMParameterControl* shown = shownControlNamed(name); shown && !isInClosedDrawer(*shown)) return shown;
         return nullptr;
     }
 

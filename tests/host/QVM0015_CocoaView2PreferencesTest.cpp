@@ -65,9 +65,10 @@ TEST_F(HostViewPreferences, TheThemeIsRememberedAsItIsThoughItIsReportedAsOne) {
     EXPECT_EQ(&QVMUITheme::theme(), &QVMUITheme::dark());
 }
 
-TEST_F(HostViewPreferences, WhatIsReportedUnderAnyNameIsRemembered) {
+TEST_F(HostViewPreferences, TheSpectrumIsRememberedToo) {
     bind();
-    delegate().interfaceDidUpdateInterfacePreferenceValue(ui(), "spectrum", 2);
+    ui().sketches().spectrum().setMode(SpectrumMode::inputAndOutput);
+    ui().preferences().report("spectrum");
     EXPECT_THAT(kept(), ElementsAre(Pair("spectrum", 2)));
 }
 

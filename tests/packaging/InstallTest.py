@@ -179,7 +179,7 @@ class CompletionTest(unittest.TestCase):
         return said.stdout.split("\n")[:-1]
 
     def test_options_by_their_beginning(self):
-        self.assertEqual(self.completed("slantwise", "--s"), ["--settings", "--scale", "--screenshot"])
+        self.assertEqual(self.completed("slantwise", "--s"), ["--settings", "--spectrum", "--scale", "--screenshot"])
 
     def test_every_option_of_the_help(self):
         help_text = subprocess.run([self.root / "bin/slantwise", "--help"], stdout=subprocess.PIPE, text=True).stdout

@@ -94,7 +94,7 @@ protected:
     }
     // The menu key, and what is chosen from there by keys.
     void chooseFromMenu(std::initializer_list<const char*> keys) {
-        constexpr std::uint32_t menuColour = 0x302B2C;
+        constexpr std::uint32_t menuColour = 0xFCFBFA;
         const Rect widest{0, 0, 680, 320};
         const auto menuPixels = [&] { return pictureOf(widest).countOf(menuColour, 2); };
         type({"Menu"});

@@ -53,6 +53,7 @@ class FrameInStubbornHost : public FrameInHost, public testing::WithParamInterfa
 
 TEST_P(FrameInStubbornHost, TheDrawerOpensOverTheControlsAndTheGearStandsWhereItStood) {
     open(GetParam());
+    view_->run(1); // the live pictures and the clip light have come
     const Picture drawerPlace = part(218, 0, 200, 320), gear = part(424, 76, 50, 40), column = part(418, 120, 62, 60),
                   left = part(0, 30, 210, 290);
     click(449, 96);

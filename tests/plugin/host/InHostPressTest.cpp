@@ -110,7 +110,7 @@ TEST_P(InHostPress, TheClickThatClosesAMenuDoesNothingElse) {
         plugin_.run(0.1);
         screen_.button(3, false);
         ASSERT_TRUE(comesTrue([&] { return isMenuOpen(before); }));
-        pointAt(gainHandle(9)); // beside the handle: a press moves it there
+        pointAt(gainHandle(-9)); // beside handle and menu: a press moves the handle there
         screen_.button(button, true);
         plugin_.run(0.1);
         screen_.button(button, false);

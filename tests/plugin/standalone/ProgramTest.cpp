@@ -271,7 +271,7 @@ TEST_F(StandaloneProgram, TheCurveIsInThePicture) {
 
 TEST_F(StandaloneProgram, WithAudioTheMeterMovesAndNothingElse) {
     const std::string play = "--play " + crescendo();
-    const Rect track{363, 56, 12, 165};
+    const Rect track{350, 60, 15, 157};
     std::size_t inMeter = 0;
     // On a busy machine two runs may by chance be caught at the same moment of the music.
     for (int attempt = 0; attempt < 3 && inMeter == 0; ++attempt) {

@@ -114,7 +114,7 @@ TEST(DescriptionCommand, ParametersHaveTheirValues) {
     EXPECT_EQ(low["range"]["limit"], 12000);
     EXPECT_EQ(low["range"]["low"], true);
     EXPECT_EQ(low["range"]["func"], "max");
-    EXPECT_EQ(low["frame"], (Json{0, 37, 321, 34}));
+    EXPECT_EQ(low["frame"], (Json{0, 34, 321, 36}));
     EXPECT_TRUE(low["textEntryNumbers"].is_null());
     EXPECT_EQ(low["links"], Json::array());
     EXPECT_EQ(Described()["parameters"][0]["cueSymbols"], (Json{"\uE101", "\uE101"}));
