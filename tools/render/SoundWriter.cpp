@@ -13,6 +13,15 @@
 namespace QVM_NAMESPACE {
 namespace render {
 
+namespace {
+
+// The library passes over it in some formats, and leaves the system's word for it where it was.
+bool hasDiskFailed() {
+    return errno == ENOSPC || errno == EFBIG || errno == EDQUOT || errno == EIO;
+}
+
+} // namespace
+
 static_assert(std::is_same_v<std::int32_t, int>); // what the library calls an int
 
 SoundWriter::SoundWriter(int descriptor, const SF_INFO& format, SNDFILE* source, const SF_INFO& sourceInfo,
@@ -51,7 +60,7 @@ void SoundWriter::write(std::span<double> interleaved) {
         done = sf_writef_double(file_.get(), interleaved.data(), frames);
     }
     written_ += done;
-    if (done != frames) failBecause();
+    if (done != frames || hasDiskFailed()) failBecause();
 }
 
 void SoundWriter::failBecause() {
@@ -63,7 +72,7 @@ void SoundWriter::finish() {
     if (!problem_.empty()) return;
     errno = 0;
     const int status = sf_close(file_.release());
-    if (status != SF_ERR_NO_ERROR) return failBecause();
+    if (status != SF_ERR_NO_ERROR || hasDiskFailed()) return failBecause();
     if (!isLossless(format_.format)) return;
     lseek(descriptor_, 0, SEEK_SET);
     const auto opened = openSoundFile(descriptor_);
