@@ -42,6 +42,15 @@ bool isWav(int format) {
     return major(format) == SF_FORMAT_WAV || major(format) == SF_FORMAT_WAVEX;
 }
 
+bool isMpeg(int format) {
+    return subtype(format) >= SF_FORMAT_MPEG_LAYER_I && subtype(format) <= SF_FORMAT_MPEG_LAYER_III;
+}
+
+// The library's check lets MPEG pass in files of other kinds, where it can read it but not write it.
+bool canBeWritten(const SF_INFO& info) {
+    return sf_format_check(&info) != 0 && (!isMpeg(info.format) || major(info.format) == SF_FORMAT_MPEG);
+}
+
 // At most.
 int bytesOfSample(int format) {
     if (const int bits = integerBits(format)) return (bits + 7) / 8;
@@ -124,7 +133,7 @@ std::optional<SF_INFO> formatToWrite(const SF_INFO& source, const FormatRequest&
         if (!isWanted && request.subtype) return std::nullopt; // nothing else will do
         if (!isSensible(candidate, source.format, isWanted)) continue;
         info.format = container | candidate | byteOrder;
-        if (sf_format_check(&info) == 0) continue;
+        if (!canBeWritten(info)) continue;
         const sf_count_t bytes = frames * info.channels * bytesOfSample(candidate);
         if (isWav(info.format) && bytes > largestRiff) info.format = SF_FORMAT_RF64 | candidate;
         return info;

@@ -44,6 +44,7 @@ TEST(FileFormat, AnotherContainerKeepsTheSamplesWhereItCan) {
     EXPECT_EQ(written(wav24, asked("ogg")), SF_FORMAT_OGG | SF_FORMAT_VORBIS);
     EXPECT_EQ(written(wav24, asked("opus")), SF_FORMAT_OGG | SF_FORMAT_OPUS);
     EXPECT_EQ(written(SF_FORMAT_OGG | SF_FORMAT_VORBIS, asked("wav")), SF_FORMAT_WAV | SF_FORMAT_FLOAT);
+    EXPECT_EQ(written(SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, asked("wav")), SF_FORMAT_WAV | SF_FORMAT_FLOAT);
     EXPECT_EQ(written(SF_FORMAT_AIFF | SF_FORMAT_PCM_16 | SF_ENDIAN_LITTLE, asked("wav")),
               SF_FORMAT_WAV | SF_FORMAT_PCM_16);
 }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <sstream>
 
 namespace QVM_NAMESPACE {
 namespace render {
@@ -55,6 +56,30 @@ TEST_F(RenderFileTest, InitialValuesChangeNoBitOfAnyFormat) {
         const std::string from = sound(format);
         EXPECT_EQ(render(from).failure, "");
         EXPECT_EQ(written(), samplesOf(from)) << formatText(format);
+    }
+}
+
+TEST_F(RenderFileTest, EveryKindOfFileBecomesEveryOther) {
+    options_.force = true;
+    std::vector<FormatRequest> requests;
+    std::istringstream names(containerNames());
+    for (std::string name; std::getline(names, name, '|');)
+        requests.push_back({containerNamed(name), std::nullopt});
+    SF_INFO info{};
+    info.samplerate = 48000;
+    info.channels = 2;
+    info.format = wav24;
+    for (const FormatRequest& kind : requests) {
+        options_.format = {};
+        const auto format = formatToWrite(info, kind, 3000);
+        ASSERT_TRUE(format) << kind.container->name;
+        const std::string from = sound(format->format, 2, 3000);
+        for (const FormatRequest& wanted : requests) {
+            options_.format = wanted;
+            EXPECT_EQ(render(from).failure, "") << kind.container->name << " to " << wanted.container->name;
+            EXPECT_GE(infoOf(directory_.file("out")).frames, 3000)
+                << kind.container->name << " to " << wanted.container->name;
+        }
     }
 }
 
