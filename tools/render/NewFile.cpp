@@ -18,7 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t everybody = 0666; // less what the user's mask takes away
+constexpr int mostLinks = 40;        // one after the other; the system's own bound
+constexpr mode_t everybody = 0666;   // less what the user's mask takes away
+constexpr mode_t permissions = 0777; // and not to run as its owner, who may be another one now
 
 std::string lastError() {
     return std::generic_category().message(errno);
@@ -29,11 +31,13 @@ std::string openFile(int descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
 }
 
-// What a link at the path leads to, so that the link stays one.
+// What a link at the path leads to, though it may not be there yet, so that the link stays one.
 std::string resolved(const std::string& path) {
     std::error_code error;
-    const fs::path target = fs::is_symlink(path, error) ? fs::weakly_canonical(path, error) : fs::path(path);
-    return error ? path : target.string();
+    fs::path target = path;
+    for (int i = 0; i < mostLinks && fs::is_symlink(target, error); ++i)
+        target = target.parent_path() / fs::read_symlink(target, error);
+    return fs::is_symlink(target, error) ? path : target.string();
 }
 
 } // namespace
@@ -80,7 +84,7 @@ void NewFile::open(Way way) {
 
 std::string NewFile::keep(Replace replace) {
     struct stat former {};
-    if (replace == Replace::yes && stat(path_.c_str(), &former) == 0) fchmod(descriptor_, former.st_mode & 07777);
+    if (replace == Replace::yes && stat(path_.c_str(), &former) == 0) fchmod(descriptor_, former.st_mode & permissions);
     if (fsync(descriptor_) != 0) return lastError();
     return link(replace);
 }
@@ -91,12 +95,14 @@ std::string NewFile::link(Replace replace) {
         return linkat(AT_FDCWD, openFile(descriptor_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
     };
     if (replace == Replace::no) {
-        const bool isKept = isNameless
-                                ? nameIt(path_)
-                                : renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0;
-        if (!isKept) return lastError();
-        hidden_.clear();
-        return {};
+        if (isNameless) return nameIt(path_) ? std::string() : lastError();
+        if (renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0) {
+            hidden_.clear();
+            return {};
+        }
+        if (errno != EINVAL && errno != ENOSYS) return lastError();
+        // An older file system, or one in a network. The hidden name goes with this object.
+        return ::link(hidden_.c_str(), path_.c_str()) == 0 ? std::string() : lastError();
     }
     if (isNameless) {
         const std::string name = hiddenName();

@@ -29,8 +29,8 @@ public:
     // To write and read; belongs to this object.
     int descriptor() const { return descriptor_; }
 
-    // Gives it its name once it has reached the disk. One that it replaces is replaced in one step, and passes on who
-    // may read it. Answers why it could not be, or nothing; then nothing has changed.
+    // Gives it its name once it has reached the disk. One that it replaces is replaced in one step, and passes on its
+    // permissions, but not its owner. Answers why it could not be, or nothing; then nothing has changed.
     [[nodiscard]] std::string keep(Replace replace);
 
 private:

@@ -1,10 +1,15 @@
 #include "tools/render/NewFile.h"
 
+#include "support/RefusedSystemCall.h"
 #include "tools/render/RenderFiles.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace QVM_NAMESPACE {
 namespace render {
@@ -54,7 +59,7 @@ TEST_P(NewFileTest, OneThatCameMeanwhileIsNotReplacedUnlessToldTo) {
 
 TEST_P(NewFileTest, TheReplacedOnePassesOnWhoMayReadIt) {
     const std::string path = directory_.bytes("a", "old");
-    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    ASSERT_EQ(chmod(path.c_str(), 04640), 0); // as somebody else it runs only what its owner wrote
     NewFile file(path, GetParam());
     EXPECT_EQ(file.keep(Replace::yes), "");
     struct stat now {};
@@ -70,6 +75,21 @@ TEST_P(NewFileTest, ALinkStaysOne) {
     EXPECT_EQ(file.keep(Replace::yes), "");
     EXPECT_TRUE(std::filesystem::is_symlink(path));
     EXPECT_EQ(bytesOf(target), "new");
+}
+
+TEST_P(NewFileTest, ALinkToWhatIsNotThereYetStaysOne) {
+    const std::string path = directory_.file("link");
+    std::filesystem::create_symlink("second", path);
+    std::filesystem::create_symlink("target", directory_.file("second"));
+    for (const auto& [replace, text] : {std::pair{Replace::no, "new"}, std::pair{Replace::yes, "newer"}}) {
+        std::filesystem::remove(directory_.file("target"));
+        NewFile file(path, GetParam());
+        write(file, text);
+        EXPECT_EQ(file.keep(replace), "");
+        EXPECT_TRUE(std::filesystem::is_symlink(path));
+        EXPECT_TRUE(std::filesystem::is_symlink(directory_.file("second")));
+        EXPECT_EQ(bytesOf(directory_.file("target")), text);
+    }
 }
 
 TEST_P(NewFileTest, SaysWhyThereIsNoPlaceForIt) {
@@ -89,6 +109,22 @@ TEST_P(NewFileTest, AFileOfTheFolderOneStandsIn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BothWays, NewFileTest, testing::Values(NewFile::Way::nameless, NewFile::Way::hidden));
+
+// Network file systems know no renaming that leaves a taken name alone. Ends the process, with 0 where one file was
+// kept and the next was not.
+[[noreturn]] void keepTwoOnAnOlderFileSystem(const std::string& path) {
+    if (!slantwise_tests::refuseSystemCall(SYS_renameat2, EINVAL)) _exit(2);
+    const std::string first = NewFile(path, NewFile::Way::hidden).keep(Replace::no);
+    const std::string second = NewFile(path, NewFile::Way::hidden).keep(Replace::no);
+    _exit(first.empty() && second == "File exists" ? 0 : 1);
+}
+
+TEST(NewFile, AnOlderFileSystemHasThemToo) {
+    const audiofiles::Directory directory;
+    EXPECT_EXIT(keepTwoOnAnOlderFileSystem(directory.file("a")), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(entriesIn(directory.file("")), 1U) << "no hidden name is left";
+    EXPECT_TRUE(std::filesystem::exists(directory.file("a")));
+}
 
 TEST(WhyNotWritten, OnlyFilesAreReplacedAndOnlyIfAskedTo) {
     const audiofiles::Directory directory;
