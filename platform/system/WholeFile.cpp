@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view partPrefix = ".slantwise-", partSuffix = ".part";
 constexpr auto partLifetime = std::chrono::hours(24); // longer than any write takes
 constexpr int attempts = 100;                         // at a name that nobody has
+constexpr int mostLinks = 40;                         // one after the other; the system's own bound
 constexpr mode_t anyMode = 0666;                      // less what the process masks
 constexpr mode_t permissionBits = 07777;
 
@@ -118,12 +119,13 @@ void removeForgottenParts(const fs::path& folder) {
     }
 }
 
-// Where a symbolic link leads; a file that is none is itself.
+// Where a symbolic link leads, though that may not be there yet; a file that is none is itself.
 fs::path withoutLinks(const fs::path& file) {
     std::error_code error;
-    if (!fs::is_symlink(file, error)) return file;
-    const fs::path resolved = fs::weakly_canonical(file, error);
-    return error ? file : resolved;
+    fs::path target = file;
+    for (int i = 0; i < mostLinks && fs::is_symlink(target, error); ++i)
+        target = target.parent_path() / fs::read_symlink(target, error);
+    return fs::is_symlink(target, error) ? file : target;
 }
 
 } // namespace

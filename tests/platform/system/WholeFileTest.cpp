@@ -1,9 +1,11 @@
 #include "platform/system/WholeFile.h"
 
+#include "support/RefusedSystemCall.h"
 #include "support/ScopedFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -13,6 +15,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -118,6 +121,18 @@ TEST_F(WholeFile, InAReadOnlyFolderTheFormerFileStays) {
     EXPECT_EQ(filesIn(folder.path()), 1u);
 }
 
+// Network file systems know no renaming that leaves a taken name alone.
+TEST_F(WholeFile, AnOlderFileSystemHasFilesToo) {
+    const int status = statusOf(inChild([&] {
+        if (!slantwise_tests::refuseSystemCall(SYS_renameat2, EINVAL)) return 2;
+        if (writeWholeFile(file, "first", ExistingFile::keep)) return 3;
+        return writeWholeFile(file, "second", ExistingFile::keep) == std::errc::file_exists ? 0 : 1;
+    }));
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(contentOf(file), "first");
+    EXPECT_EQ(filesIn(folder.path()), 1u);
+}
+
 TEST_F(WholeFile, WithoutItsFolderThereIsAReason) {
     EXPECT_EQ(writeWholeFile(folder.path() / "none" / "file", "x", ExistingFile::replace),
               std::errc::no_such_file_or_directory);
@@ -182,6 +197,15 @@ TEST_F(WholeFile, ALinkStaysOneAndPermissionsStay) {
     EXPECT_TRUE(fs::is_symlink(file));
     EXPECT_EQ(contentOf(elsewhere), "later");
     EXPECT_EQ(fs::status(elsewhere).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(WholeFile, ALinkToWhatIsNotThereYetStaysOne) {
+    fs::create_symlink("second", file);
+    fs::create_symlink("elsewhere", folder.path() / "second");
+    ASSERT_FALSE(writeWholeFile(file, "new", ExistingFile::replace));
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "second"));
+    EXPECT_EQ(contentOf(folder.path() / "elsewhere"), "new");
 }
 
 TEST_F(WholeFile, IsReadUpToTheLengthThatIsAsked) {
