@@ -14,7 +14,8 @@ std::atomic<int> seen = 0; // the signal, 0 for none
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void note(int signal) {
-    seen.store(signal, std::memory_order_relaxed);
+    const bool isSecond = seen.exchange(signal, std::memory_order_relaxed) != 0;
+    if (isSecond) raise(signal); // comes when this returns, and is not noted any more
 }
 
 } // namespace

@@ -10,8 +10,8 @@
 namespace QVM_NAMESPACE {
 namespace render {
 
-// At most one at a time, on the main thread. While it lives the first signal is only noted; a second one ends the
-// program.
+// At most one at a time, on the main thread. While it lives the first signal is only noted; a second one, of
+// whichever kind, ends the program.
 class Interruption {
 public:
     Interruption();

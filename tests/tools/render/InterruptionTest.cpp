@@ -14,6 +14,14 @@ TEST(Interruption, ASignalIsNotedAndASecondOneIsNot) {
     EXPECT_EXIT(raise(SIGTERM), testing::KilledBySignal(SIGTERM), "");
 }
 
+TEST(Interruption, ASecondOneOfAnotherKindEndsTheProgramToo) {
+    const Interruption interruption;
+    raise(SIGINT);
+    EXPECT_TRUE(Interruption::isWanted());
+    for (const int second : {SIGTERM, SIGHUP})
+        EXPECT_EXIT(raise(second), testing::KilledBySignal(second), "");
+}
+
 TEST(Interruption, AfterwardsEverythingIsAsBefore) {
     struct sigaction before {
     }, after{};
