@@ -27,6 +27,7 @@ Json loudnessJson(const Loudness& loudness) {
 Json resultJson(const RenderResult& result) {
     Json json = {{"input", result.files.input}, {"output", result.files.output}, {"written", result.isWritten()}};
     if (!result.failure.empty()) json["problem"] = result.failure;
+    if (result.isInterrupted) json["problem"] = "interrupted";
     if (!result.isWritten()) return json;
     json["damaged"] = result.isDamaged;
     json["sample_rate_hz"] = result.source.samplerate;

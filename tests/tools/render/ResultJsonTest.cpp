@@ -44,6 +44,7 @@ TEST(ResultJson, HasARowForEachFile) {
     EXPECT_EQ(json["files"][1]["written"], false);
     EXPECT_EQ(json["files"][1]["problem"], "cannot render it");
     EXPECT_EQ(json["files"][2]["written"], false);
+    EXPECT_EQ(json["files"][2]["problem"], "interrupted");
     EXPECT_EQ(json["files"][2]["input"], "\xEF\xBF\xBD\"\n") << "a byte that is no UTF-8";
 }
 
