@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -27,8 +28,14 @@ void runJobs(std::size_t count, unsigned threads, const std::function<void(std::
     };
     std::vector<std::jthread> workers;
     const std::size_t wanted = std::min<std::size_t>(std::max(threads, 1U), count);
-    for (std::size_t i = 0; i < wanted; ++i)
-        workers.emplace_back(work);
+    while (workers.size() < wanted) {
+        try {
+            workers.emplace_back(work);
+        } catch (const std::system_error&) {
+            if (workers.empty()) throw;
+            break; // those that the system has do the work of all
+        }
+    }
     for (std::size_t seen = 0; seen < count;) {
         {
             std::unique_lock lock(mutex);

@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <fstream>
 #include <latch>
 #include <thread>
 #include <vector>
+
+#include <pthread.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace QVM_NAMESPACE {
 namespace render {
@@ -60,6 +65,27 @@ TEST(JobQueue, TicksWhileAJobTakesItsTime) {
             if (++ticks <= 3) ticked.count_down();
         });
     EXPECT_GE(ticks, 3);
+}
+
+// Where there is room for some threads, but not for all. Ends the process, with 0 where all jobs were done.
+[[noreturn]] void runInALittleRoom() {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, std::size_t{256} << 20);
+    pthread_setattr_default_np(&attributes);
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const rlim_t bytes = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + (rlim_t{1} << 30);
+    const rlimit limit{bytes, bytes};
+    setrlimit(RLIMIT_AS, &limit);
+    std::atomic<int> done = 0;
+    runJobs(
+        50, 50, [&](std::size_t) { ++done; }, never, [] {});
+    _exit(done == 50 ? 0 : 1);
+}
+
+TEST(JobQueue, MakesDoWithTheThreadsThatTheSystemHas) {
+    EXPECT_EXIT(runInALittleRoom(), testing::ExitedWithCode(0), "");
 }
 
 TEST(JobQueue, NothingToDoIsNoWork) {
