@@ -15,8 +15,11 @@ constexpr auto frameBytes = static_cast<std::int32_t>(sizeof(TapFrame));
 } // namespace
 
 bool AudioTap::setWanted(bool isWanted) {
-    if (isWanted && !ring_.buffer && !TPCircularBufferInit(&ring_, static_cast<int>(capacity) * frameBytes))
-        return false;
+    if (isWanted && !ring_.buffer) {
+        if (!TPCircularBufferInit(&ring_, static_cast<int>(capacity) * frameBytes)) return false;
+        // A page gets its memory when it is first touched: here, at both its addresses, and not by the audio.
+        std::memset(ring_.buffer, 0, 2 * static_cast<std::size_t>(ring_.length));
+    }
     if (isWanted && !isWanted_) TPCircularBufferClear(&ring_);
     isWanted_.storeOrdered(isWanted);
     return true;

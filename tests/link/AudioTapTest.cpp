@@ -9,6 +9,8 @@
 #include <thread>
 #include <vector>
 
+#include <sys/resource.h>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -46,6 +48,28 @@ TEST(AudioTap, HandsOnWhatWasAppendedInItsOrder) {
     tap.consume(100);
     ASSERT_EQ(tap.waiting().size(), 28u);
     EXPECT_TRUE(areFrom(tap.waiting(), 100));
+}
+
+// Pages of this thread's that the system has had to bring.
+long pagesBrought() {
+    rusage usage{};
+    getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_minflt + usage.ru_majflt;
+}
+
+TEST(AudioTap, EveryPageOfItsMemoryIsThereBeforeTheFirstFrame) {
+    const std::vector<TapFrame> some = frames(0, AudioTap::capacity);
+    for (const bool isWarm : {false, true}) { // the first time brings the code
+        AudioTap tap;
+        ASSERT_TRUE(tap.setWanted(true));
+        const long before = pagesBrought();
+        tap.append(std::span(some).first(AudioTap::capacity - 1));
+        tap.consume(AudioTap::capacity - 1);
+        tap.append(some); // nearly all of it beyond the wrap
+        if (isWarm) {
+            EXPECT_EQ(pagesBrought(), before);
+        }
+    }
 }
 
 TEST(AudioTap, LeavesOutWhatHasNoRoom) {
