@@ -88,7 +88,8 @@ class InstallTest(unittest.TestCase):
     def test_the_installed_programs_run(self):
         said = subprocess.run([self.root / "bin/slantwise", "--version"], check=True, stdout=subprocess.PIPE, text=True)
         self.assertIn(f"Slantwise {version()} ", said.stdout)
-        subprocess.run([self.root / "bin/slantwise-inspect", "--help"], check=True, stdout=subprocess.DEVNULL)
+        for program in ("slantwise-inspect", "slantwise-render"):
+            subprocess.run([self.root / "bin" / program, "--help"], check=True, stdout=subprocess.DEVNULL)
 
     def test_no_file_has_a_path_of_the_build_in_its_text(self):
         for path in (self.root / "share").rglob("*"):
