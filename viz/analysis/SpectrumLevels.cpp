@@ -40,8 +40,4 @@ void SpectrumLevels::follow(std::span<const float> powers, float seconds) {
     }
 }
 
-bool SpectrumLevels::isEmpty() const {
-    return std::ranges::all_of(levels_, [](float level) { return level <= range.min; });
-}
-
 } // namespace QVM_NAMESPACE

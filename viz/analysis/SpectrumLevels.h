@@ -30,8 +30,6 @@ public:
     void follow(std::span<const float> powers, float seconds);
     // Of each band in dB, no less than the range's lower end; above the upper end they are what they are.
     std::span<const float> levels() const { return levels_; }
-    // Whether no band is above the lower end.
-    bool isEmpty() const;
 
 private:
     std::vector<float> levels_;
