@@ -41,6 +41,7 @@ void PresetSession::choose(std::uint32_t index) {
     if (list_.isUsers(index)) list_.user().refresh(); // somebody else may have written it since
     const auto values = list_.valuesOf(index);
     if (!values && list_.isUsers(index)) {
+        surface_.presetListDidChange();
         surface_.presetWasRefused("Not loaded", list_.nameOf(index) + ": " + list_.reasonAgainst(index));
         return surface_.showPreset(current_);
     }
@@ -87,18 +88,21 @@ PresetOutcome PresetSession::saveAs(const std::string& name, ExistingFile existi
     return outcome;
 }
 
-void PresetSession::removeCurrent() {
-    if (list_.isUsers(current_)) listDidChange(list_.user().remove(list_.nameOf(current_)), "Not deleted");
+bool PresetSession::removeCurrent() {
+    return list_.isUsers(current_) && listDidChange(list_.user().remove(list_.nameOf(current_)), "Not deleted");
 }
 
 void PresetSession::putBackRemoved() {
     listDidChange(list_.user().putBack(), "Not put back");
 }
 
-void PresetSession::listDidChange(const PresetOutcome& outcome, const char* whatFailed) {
-    if (outcome.status != PresetOutcome::Status::done) surface_.presetWasRefused(whatFailed, outcome.reason);
+// True when it was done.
+bool PresetSession::listDidChange(const PresetOutcome& outcome, const char* whatFailed) {
+    const bool isDone = outcome.status == PresetOutcome::Status::done;
+    if (!isDone) surface_.presetWasRefused(whatFailed, outcome.reason);
     surface_.presetListDidChange();
     scheduleDirtyCheck();
+    return isDone;
 }
 
 bool PresetSession::isDirty() {

@@ -7,6 +7,7 @@
 #include "editor/surface/NameField.h"
 #include "editor/surface/OutlineView.h"
 #include "editor/surface/QVMPresetControl.h"
+#include "platform/view/Window.h"
 #include "theme/Radii.h"
 
 #include <algorithm>
@@ -113,6 +114,7 @@ void QVMPresetsDrawer::beginNaming() {
     nameField_ = field.get();
     showList();
     outline_->setInlay(std::move(field));
+    if (window() && !window()->isKeyWindow()) window()->makeKey(); // opened by a menu; what is typed is for it
 }
 
 void QVMPresetsDrawer::endNaming() {

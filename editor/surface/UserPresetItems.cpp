@@ -31,10 +31,7 @@ void nameNewPreset(QVMGenericUI& ui) {
 }
 
 void deleteCurrent(QVMGenericUI& ui) {
-    PresetSession& presets = ui.session().presets();
-    const std::string name = presets.list().nameOf(presets.current());
-    presets.removeCurrent();
-    if (presets.list().user().removed() == name) ui.parts().showNotice("Deleted", "The menu can put it back");
+    if (ui.session().presets().removeCurrent()) ui.parts().showNotice("Deleted", "The menu can put it back");
 }
 
 void putBack(QVMGenericUI& ui) {

@@ -208,6 +208,36 @@ TEST_F(UserPresetsInDrawer, NoKeyReachesTheEditorWhileANameIsTyped) {
     EXPECT_TRUE(drawer().nameField());
 }
 
+// A menu gives the keyboard back to the host when it closes.
+TEST_F(UserPresetsInDrawer, WhereTheHostHasTheKeyboardANameTakesItForItself) {
+    window_.setKeyWindow(false);
+    choose("Save preset as...");
+    ASSERT_TRUE(drawer().nameField());
+    EXPECT_TRUE(window_.isKeyWindow());
+}
+
+TEST_F(UserPresetsInDrawer, OneWhoseFileHasGoneLeavesTheListWhenItIsChosen) {
+    put("warm", 1);
+    put("Bright", 2);
+    open();
+    outline().scrollTo(1e6);
+    store_.files.erase(presetFileName("warm"));
+    click(outline().coordinates().toWindow(outline().frameOfLeaf(*lastSection().children[1].id).center()));
+    settle();
+    EXPECT_THAT(lastTitles(), ElementsAre("User", "Bright"));
+    ASSERT_TRUE(ui_->parts().notice());
+    EXPECT_EQ(ui_->parts().notice()->why(), "warm: its file is gone");
+}
+
+TEST_F(UserPresetsInDrawer, OneThatCannotBeDeletedIsNotSaidToBeThoughItWasOnceBefore) {
+    save("Warm");
+    choose("Delete");
+    save("Warm");
+    store_.fault = std::make_error_code(std::errc::permission_denied);
+    choose("Delete");
+    EXPECT_EQ(ui_->parts().notice()->why(), store_.fault.message());
+}
+
 TEST_F(UserPresetsInDrawer, FromTheSmallWindowTheListComesUpInTheNormalOne) {
     ui_->requestFrame(QVMAltFrameCompact);
     choose("Save preset as...");
