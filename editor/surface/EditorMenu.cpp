@@ -131,9 +131,6 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
     add(MenuItem::separator());
     add(ticked(!ui.sketches().areHidden(),
                item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
-    if (hasDrawers) // otherwise it is in the menu itself
-        for (MenuItem& spectrum : spectrumItems(ui))
-            add(std::move(spectrum));
     ui.config().enumerateParametersWithBlock([&](QVMParameter& parameter, QVMClump&) {
         if (isModeWithoutControl(parameter)) add(modeItem(ui, parameter));
     });
@@ -171,7 +168,8 @@ std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* cont
         menu->items.insert(menu->items.end(), presets.begin(), presets.end());
     }
     menu->items.push_back(MenuItem::separator());
-    menu->items.push_back(makeSizeMenu(ui));
+    for (MenuItem& size : sizeItems(ui))
+        menu->items.push_back(std::move(size));
     for (MenuItem& spectrum : spectrumItems(ui))
         menu->items.push_back(std::move(spectrum));
     menu->items.push_back(MenuItem::separator());

@@ -4,6 +4,7 @@
 #include "platform/view/Menu.h"
 
 #include <cmath>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -13,32 +14,42 @@ namespace {
 
 constexpr float percent = 100, half = 0.5F; // percent that make no difference to the reader
 
-MenuItem sizeItem(QVMGenericUI& ui, std::string title, bool isPresent, void (*choose)(EditorScale&, float),
-                  float scale) {
+MenuItem sizeItem(QVMGenericUI& ui, std::string title, bool isPresent, std::function<void(EditorScale&)> choose) {
     MenuItem made;
     made.title = std::move(title);
     made.checked = isPresent;
-    made.action = [&ui, lifetime = ui.lifetime(), choose, scale] {
-        if (!lifetime.expired()) choose(ui.scale(), scale);
+    made.action = [&ui, lifetime = ui.lifetime(), choose = std::move(choose)] {
+        if (!lifetime.expired()) choose(ui.scale());
     };
     return made;
 }
 
+MenuItem stepItem(QVMGenericUI& ui, std::string title, int direction) {
+    const float current = ui.scale().current();
+    MenuItem made = sizeItem(ui, std::move(title), false, [direction](EditorScale& scale) { scale.step(direction); });
+    made.enabled = direction > 0 ? current < EditorScale::greatest : current > EditorScale::least;
+    return made;
+}
+
+MenuItem scaleItem(QVMGenericUI& ui, const std::string& before, float scale) {
+    const bool isPresent = !ui.scale().fitsWindow() && std::abs(scale - ui.scale().current()) * percent < half;
+    return sizeItem(ui, before + std::to_string(std::lround(scale * percent)) + " %", isPresent,
+                    [scale](EditorScale& chosen) { chosen.choose(scale); });
+}
+
 } // namespace
 
-MenuItem makeSizeMenu(QVMGenericUI& ui) {
-    const EditorScale& scale = ui.scale();
-    MenuItem menu;
-    menu.title = "Size";
-    for (const float step : EditorScale::steps) {
-        const bool isPresent = !scale.fitsWindow() && std::abs(step - scale.current()) * percent < half;
-        menu.submenu.push_back(sizeItem(
-            ui, std::to_string(std::lround(step * percent)) + " %", isPresent,
-            [](EditorScale& chosen, float to) { chosen.choose(to); }, step));
-    }
-    menu.submenu.push_back(sizeItem(
-        ui, "Fits the window", scale.fitsWindow(), [](EditorScale& chosen, float) { chosen.fitWindow(); }, 1));
-    return menu;
+std::vector<MenuItem> sizeItems(QVMGenericUI& ui) {
+    MenuItem fits =
+        sizeItem(ui, "Fits the window", ui.scale().fitsWindow(), [](EditorScale& scale) { scale.fitWindow(); });
+    if (ui.altFrame() == QVMAltFrameCompact)
+        return {stepItem(ui, "Larger", 1), stepItem(ui, "Smaller", -1), scaleItem(ui, "Size ", 1), std::move(fits)};
+    MenuItem all;
+    all.title = "Size";
+    for (const float step : EditorScale::steps)
+        all.submenu.push_back(scaleItem(ui, "", step));
+    all.submenu.push_back(std::move(fits));
+    return {std::move(all)};
 }
 
 } // namespace QVM_NAMESPACE

@@ -99,8 +99,8 @@ TEST_F(QVMGenericUIKeyMenu, IsTheContextMenuAndTheButtonsBelow) {
                             "Spectrum", "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
     EXPECT_THAT(titles(host_.menu->items.back().submenu),
                 ElementsAre("Presets", "Undo", "Redo", "-", "Go to B", "Copy A to B", "-", "Power", "Advanced controls",
-                            "Small window", "Dark theme", "-", "Curve and meter", "Spectrum", "Meter Mode",
-                            "Reset meter", "Open all settings in browser", "Keys and gestures"));
+                            "Small window", "Dark theme", "-", "Curve and meter", "Meter Mode", "Reset meter",
+                            "Open all settings in browser", "Keys and gestures"));
 }
 
 TEST_F(QVMGenericUIKeyMenu, HasNothingInTheSmallWindowThatItHasNoRoomFor) {

@@ -1,6 +1,7 @@
 #include "editor/surface/SizeMenu.h"
 
 #include "editor/EditorFixture.h"
+#include "editor/surface/EditorLayout.h"
 #include "platform/view/Menu.h"
 
 #include <gmock/gmock.h>
@@ -12,21 +13,25 @@ using testing::ElementsAre;
 
 class SizeMenuTest : public EditorFixture {
 protected:
+    MenuItem submenu() { return sizeItems(*ui_).front(); }
     std::vector<std::string> ticked() {
         std::vector<std::string> found;
-        for (const MenuItem& item : makeSizeMenu(*ui_).submenu)
+        const MenuItem menu = submenu();
+        for (const MenuItem& item : menu.submenu)
             if (item.checked) found.push_back(item.title);
         return found;
     }
     void choose(const std::string& title) {
-        for (const MenuItem& item : makeSizeMenu(*ui_).submenu)
+        const MenuItem menu = submenu();
+        for (const MenuItem& item : menu.submenu)
             if (item.title == title) item.action();
     }
 };
 
 TEST_F(SizeMenuTest, OffersTheSizesAndToFitTheWindow) {
     std::vector<std::string> titles;
-    for (const MenuItem& item : makeSizeMenu(*ui_).submenu)
+    const MenuItem menu = submenu();
+    for (const MenuItem& item : menu.submenu)
         titles.push_back(item.title);
     EXPECT_THAT(titles, ElementsAre("75 %", "100 %", "125 %", "150 %", "200 %", "300 %", "Fits the window"));
 }
@@ -50,8 +55,29 @@ TEST_F(SizeMenuTest, IsInTheContextMenuAndInThatOfTheKeyboard) {
     EXPECT_TRUE(has(*ui_->menuForKeyboard()));
 }
 
+TEST_F(SizeMenuTest, TheSmallWindowHasNoSubmenuOfThem) {
+    ui_->requestFrame(QVMAltFrameCompact);
+    const auto choosePlain = [this](const std::string& title) {
+        for (const MenuItem& item : sizeItems(*ui_)) {
+            EXPECT_THAT(item.submenu, testing::IsEmpty());
+            if (item.title == title && item.enabled) return item.action();
+        }
+        ADD_FAILURE() << title;
+    };
+    choosePlain("Larger");
+    EXPECT_EQ(ui_->currentScale(), 1.25F);
+    choosePlain("Smaller");
+    choosePlain("Smaller");
+    EXPECT_EQ(ui_->currentScale(), 0.75F);
+    EXPECT_FALSE(sizeItems(*ui_)[1].enabled) << "none is smaller";
+    choosePlain("Size 100 %");
+    EXPECT_TRUE(sizeItems(*ui_)[2].checked);
+    choosePlain("Fits the window");
+    EXPECT_TRUE(sizeItems(*ui_)[3].checked);
+}
+
 TEST_F(SizeMenuTest, DoesNothingOnceTheEditorIsGone) {
-    const MenuItem menu = makeSizeMenu(*ui_);
+    const MenuItem menu = submenu();
     window_.takeContentView();
     ui_ = nullptr;
     for (const MenuItem& item : menu.submenu)

@@ -46,12 +46,13 @@ TEST_F(SpectrumMenu, AChoiceIsShownAndReported) {
                 ElementsAre("preference spectrum 1", "preference spectrum 2", "preference spectrum 0"));
 }
 
-TEST_F(SpectrumMenu, IsInTheContextMenuAndInTheKeyboardsPart) {
+TEST_F(SpectrumMenu, StandsOnceInEveryMenu) {
     EXPECT_EQ(spectra(ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, {10, 15}))->items), 1);
     EXPECT_EQ(spectra(ui_->menuForEvent(mouseEvent(EventType::rightMouseDown, middleOf(control(7))))->items), 1);
     const auto menu = ui_->menuForKeyboard();
     EXPECT_EQ(menu->items.back().title, "Editor");
-    EXPECT_EQ(spectra(menu->items.back().submenu), 1);
+    EXPECT_EQ(spectra(menu->items.back().submenu), 0);
+    EXPECT_EQ(spectra(menu->items), 1);
 }
 
 TEST_F(SpectrumMenu, HasAnItemForEachModeInTheSmallWindow) {
