@@ -89,7 +89,7 @@ void QVM0015_CocoaView2::interfaceDidUpdateInterfacePreferenceValue(QVMGenericUI
                                                                     double value) {
     setProperty(kQVMProperty_InterfacePreference, std::uint8_t{value != 0});
     // What is reported need not be what the preference is now: a theme is reported as 1 whichever it is.
-    PreferenceFile::ofUser().remember(key, ui.preferences().value(key).value_or(value));
+    if (const auto now = ui.preferences().value(key)) PreferenceFile::ofUser().remember(key, *now);
 }
 
 void QVM0015_CocoaView2::interfaceWantsToUploadBufferAtURL(QVMGenericUI&, const std::string& path) {

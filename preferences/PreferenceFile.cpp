@@ -82,7 +82,9 @@ void PreferenceFile::remember(const std::string& key, double value) const {
         const auto* before = std::get_if<std::string>(&content);
         if (const auto* unread = std::get_if<std::error_code>(&content)) error = whyNotReplaced(*unread);
         const std::string text = before && preferencesIn(*before) ? *before : std::string();
-        if (!error) error = writeWholeFile(file_, textWithPreference(text, key, value), ExistingFile::replace);
+        const std::string wanted = textWithPreference(text, key, value);
+        const bool isNew = !before || wanted != *before;
+        if (!error && isNew) error = writeWholeFile(file_, wanted, ExistingFile::replace);
     }
     if (error) complain(file_, "cannot write the preferences to", error.message());
 }

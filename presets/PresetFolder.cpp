@@ -54,7 +54,7 @@ std::variant<std::string, std::error_code> PresetFolder::contentOf(const std::st
     const fs::path path = folder_ / fileName;
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) return std::error_code(errno, std::generic_category());
-    const Mark mark{status.st_ino, status.st_size, inNanoseconds(status.st_mtim)};
+    const Mark mark{status.st_ino, status.st_size, inNanoseconds(status.st_ctim)};
     const auto known = known_.find(fileName);
     if (known != known_.end() && known->second.mark == mark) return known->second.content;
     known_.erase(fileName);

@@ -72,6 +72,12 @@ TEST_F(HostViewPreferences, TheSpectrumIsRememberedToo) {
     EXPECT_THAT(kept(), ElementsAre(Pair("spectrum", 2)));
 }
 
+TEST_F(HostViewPreferences, WhatNoEditorTakesBackIsNotRemembered) {
+    bind();
+    InterfacePreferences::post(this, 7, 1.5); // heard by every open editor
+    EXPECT_THAT(kept(), IsEmpty());
+}
+
 TEST_F(HostViewPreferences, ANewEditorGetsAllAndReportsNone) {
     PreferenceFile::ofUser().remember("scale", 2);
     PreferenceFile::ofUser().remember("of.a.later.version", 7);

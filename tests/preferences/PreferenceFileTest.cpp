@@ -63,6 +63,18 @@ TEST_F(PreferenceFileTest, WhatIsRememberedIsReadByTheNext) {
     EXPECT_THAT(logged_, IsEmpty());
 }
 
+// As for each repeat of a key that is held down.
+TEST_F(PreferenceFileTest, WhatItHoldsAlreadyIsNotWrittenAgain) {
+    file().remember("scale", 1.25);
+    const fs::path before = folder_.path() / "before";
+    fs::create_hard_link(path(), before); // each write makes a file of its own
+    file().remember("scale", 1.25);
+    EXPECT_TRUE(fs::equivalent(path(), before));
+    file().remember("scale", 1.5);
+    EXPECT_FALSE(fs::equivalent(path(), before));
+    EXPECT_EQ(content(), "scale = 1.5\n");
+}
+
 TEST_F(PreferenceFileTest, OneThatCannotBeReadCountsAsAbsentWithALineInTheLog) {
     write(std::string_view("\x7F\x45LF\0scale = 2\n", 15));
     EXPECT_THAT(file().read(), IsEmpty());

@@ -83,6 +83,18 @@ TEST_F(PresetFolderTest, AFileThatWasChangedInPlaceIsReadAgainHoweverOldItIs) {
     EXPECT_EQ(content(folder_), "two");
 }
 
+// As by what copies with times.
+TEST_F(PresetFolderTest, AFileThatWasChangedInPlaceIsReadAgainThoughItsTimeIsTheSame) {
+    ASSERT_FALSE(folder_.write("a.slantwise-preset", "one", ExistingFile::keep));
+    const fs::path file = path / "a.slantwise-preset";
+    const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    fs::last_write_time(file, longAgo);
+    EXPECT_EQ(content(folder_), "one");
+    std::ofstream(file) << "two";
+    fs::last_write_time(file, longAgo);
+    EXPECT_EQ(content(folder_), "two");
+}
+
 // Twice within one tick of the disk's clock.
 TEST_F(PresetFolderTest, AFileThatWasWrittenJustNowIsReadAgainWhateverItsTime) {
     ASSERT_FALSE(folder_.write("a.slantwise-preset", "one", ExistingFile::keep));
