@@ -51,6 +51,7 @@ SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Emb
 }
 
 SlantwiseEditor::~SlantwiseEditor() {
+    view_->ui().scale().keepWaiting();
     presses_.reset();
     setConstrainer(nullptr);
     component_.setContentSizeHandler(nullptr);

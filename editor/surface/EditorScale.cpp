@@ -28,6 +28,7 @@ void EditorScale::show(float scale) {
 
 void EditorScale::keep() {
     keepCall_.cancel();
+    isWaiting_ = false;
     ui_.preferences().report(preferenceKey);
 }
 
@@ -59,7 +60,13 @@ void EditorScale::fitWindow() {
 
 void EditorScale::followWindow(float scale, Kept kept) {
     apply(scale);
-    if (kept == Kept::yes && !fitsWindow_) keepCall_.schedule(restSeconds, [this] { keep(); });
+    if (kept == Kept::no || fitsWindow_) return;
+    isWaiting_ = true;
+    keepCall_.schedule(restSeconds, [this] { keep(); });
+}
+
+void EditorScale::keepWaiting() {
+    if (isWaiting_) keep();
 }
 
 double EditorScale::preference() const {
@@ -69,7 +76,8 @@ double EditorScale::preference() const {
 
 void EditorScale::adoptPreference(double value) {
     fitsWindow_ = value == preferenceToFit;
-    if (!fitsWindow_ && std::isfinite(value)) current_ = std::clamp(static_cast<float>(value), least, greatest);
+    if (!fitsWindow_ && std::isfinite(value))
+        current_ = static_cast<float>(std::clamp(value, double{least}, double{greatest}));
 }
 
 } // namespace QVM_NAMESPACE

@@ -51,6 +51,8 @@ public:
     // the window, to be remembered once it rests.
     enum class Kept : bool { no, yes };
     void followWindow(float scale, Kept kept);
+    // What the user made of the window is remembered now, if it still waits to rest: the window is about to go.
+    void keepWaiting();
 
     // The preference as it is to be remembered; and one that was, unless it makes no sense. Nothing is asked for.
     double preference() const;
@@ -65,6 +67,7 @@ private:
     bool fitsWindow_ = false;
     std::function<void()> fitter_;
     DelayedCall keepCall_;
+    bool isWaiting_ = false; // for keepCall_
 };
 
 } // namespace QVM_NAMESPACE

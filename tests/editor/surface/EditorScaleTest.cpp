@@ -75,6 +75,16 @@ TEST_F(EditorScaleTest, TheWindowsOwnSizeIsFollowedAndReportedOnceItRests) {
     EXPECT_THAT(delegate_.calls, Contains("preference scale 1"));
 }
 
+TEST_F(EditorScaleTest, TheWindowsOwnSizeIsReportedOnceThoughItGoesBeforeItRests) {
+    scale().followWindow(1.3F, EditorScale::Kept::yes);
+    scale().keepWaiting();
+    EXPECT_EQ(delegate_.calls.back(), "preference scale 1");
+    delegate_.calls.clear();
+    scale().keepWaiting();
+    time_.advance(2);
+    EXPECT_THAT(delegate_.calls, Not(Contains("preference scale 1")));
+}
+
 TEST_F(EditorScaleTest, AForcedSizeIsFollowedAndNotReported) {
     scale().followWindow(2.7F, EditorScale::Kept::no);
     time_.advance(2);
@@ -97,6 +107,8 @@ TEST_F(EditorScaleTest, APreferenceThatMakesNoSenseIsBroughtIntoRangeOrLeftAlone
     EXPECT_EQ(scale().current(), 1.15F);
     EXPECT_EQ(ui_->preferences().value("scale"), 1.15) << "without the noise of single precision";
     ui_->preferences().adopt("scale", 1000);
+    EXPECT_EQ(scale().current(), 3);
+    ui_->preferences().adopt("scale", 1e300); // beyond single precision
     EXPECT_EQ(scale().current(), 3);
     ui_->preferences().adopt("scale", -1);
     EXPECT_EQ(scale().current(), 0.75F);
