@@ -1,5 +1,6 @@
 #include "editor/surface/ClipLight.h"
 
+#include "editor/surface/ToolTips.h"
 #include "platform/layer/Transaction.h"
 #include "viz/sketches/PBGLSketchAbstract.h"
 #include "viz/sketches/QVMLevelMeter.h"
@@ -19,7 +20,7 @@ ClipLight::ClipLight(Point center, const PBGLSketchAbstract* meter)
     light_->setFrame(bounds().insetBy(margin, margin));
     light_->look().setCornerRadius(diameter / 2);
     layer()->tree().add(light_);
-    setToolTip("Lights when the output reaches full scale; a click puts it out");
+    setToolTip(toolTipOf(Button::clipLight));
     NotificationCenter& centre = NotificationCenter::defaultCenter();
     clipped_ = centre.observe(QVMLevelMeter::clippedNotification, meter, [this](const Notification&) { setLit(true); });
     reset_ = centre.observe(QVMLevelMeter::resetNotification, meter, [this](const Notification&) { setLit(false); });

@@ -6,6 +6,7 @@
 #include "editor/surface/FrameButton.h"
 #include "editor/surface/NearestNote.h"
 #include "editor/surface/ParameterControls.h"
+#include "editor/surface/ScaleGrip.h"
 #include "response/ResponseModel.h"
 #include "viz/sketches/QVM0015GLSketch.h"
 #include "viz/sketches/QVMParameterSketch.h"
@@ -27,7 +28,8 @@ constexpr struct {
                 {pidFilterRangeLow, CurveCorner::Shape::ring},
                 {pidFilterRangeHigh, CurveCorner::Shape::ring}};
 
-constexpr double kSide = 8, kTop = 8, kBottom = 20;        // points that a corner stays away from the edges
+// Points that a corner stays away from the edges; below it is where the editor's own corner is dragged.
+constexpr double kSide = 8, kTop = 8, kBottom = CurveCorner::hitSize / 2 + ScaleGrip::size.height + ScaleGrip::inset;
 constexpr double kApart = 2 * CurveCorner::discRadius + 6; // points between the middles of two corners
 constexpr float kMarkAlpha = 0.7f;
 constexpr double kPowerOffAlpha = 0.5;

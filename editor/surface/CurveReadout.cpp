@@ -1,11 +1,13 @@
 #include "editor/surface/CurveReadout.h"
 
 #include "editor/surface/FrameButton.h"
+#include "editor/surface/ScaleGrip.h"
 #include "platform/layer/ShapeLayer.h"
 #include "platform/layer/TextLayer.h"
 #include "platform/layer/TextMetrics.h"
 #include "platform/layer/Transaction.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,12 +17,13 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double kFontSize = 10, kPlateHeight = FrameButton::size.height, kPlateRadius = 4, kPadding = 6,
-                 kColumnGap = 7;               // points
-constexpr double kEdge = FrameButton::inset;   // points, between the plate and the box; in line with the button
-constexpr double kFloor = 14;                  // points at the lower edge that the frequencies have
-constexpr double kClearance = 9;               // points, from the plate to what is read
-constexpr double kDotSize = 7, kDotRing = 1.5; // points
+constexpr double kFontSize = 10, kPlateHeight = FrameButton::size.height, kPadding = 6,
+                 kColumnGap = 7;             // points
+constexpr double kEdge = FrameButton::inset; // points, between the plate and the box; in line with the button
+constexpr double kFloor = 14;                // points at the lower edge that the frequencies have
+constexpr double kPlateFloor = ScaleGrip::size.height + ScaleGrip::inset; // and that a plate near it leaves
+constexpr double kClearance = 9;                                          // points, from the plate to what is read
+constexpr double kDotSize = 7, kDotRing = 1.5;                            // points
 constexpr float kHairAlpha = 0.55f, kPlateShade = 0.5f, kCentsAlpha = 0.75f;
 constexpr double kFadeSeconds = 0.12;
 // The widest that is shown in each column.
@@ -48,7 +51,7 @@ CurveReadout::CurveReadout()
     dot_->setLineWidth(kDotRing);
     dot_->setPath(Path::roundedRect(dot_->bounds().insetBy(kDotRing / 2, kDotRing / 2), kDotSize));
     plate_->setName("curvePlate");
-    plate_->look().setCornerRadius(kPlateRadius);
+    plate_->look().setCornerRadius(radii::mark);
     layer_->tree().add(hairLine_);
     layer_->tree().add(dot_);
     layer_->tree().add(plate_);
@@ -143,7 +146,7 @@ void CurveReadout::place() {
     const bool isBelow = content_.at.y < kEdge + kPlateHeight + kClearance || roomAbove < kEdge + plateWidth_;
     const double right = isBelow ? box_.width - kEdge : roomAbove;
     const double x = std::max(kEdge, std::min(content_.at.x - plateWidth_ / 2, right - plateWidth_));
-    const double y = isBelow ? box_.height - kFloor - kPlateHeight - 1 : kEdge;
+    const double y = isBelow ? box_.height - kPlateFloor - kPlateHeight : kEdge;
     plate_->setFrame({onPixel(x), onPixel(y), plateWidth_, kPlateHeight});
     const double from = isBelow ? 0 : kEdge + kPlateHeight, to = isBelow ? y : box_.height - kFloor;
     hairLine_->setFrame({onPixel(content_.at.x - 0.5), from, 1, to - from});

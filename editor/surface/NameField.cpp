@@ -5,6 +5,7 @@
 #include "platform/system/Utf8.h"
 #include "platform/view/Window.h"
 #include "presets/PresetName.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,9 +16,9 @@ namespace QVM_NAMESPACE {
 namespace {
 
 // All in points. The text stands where the names of the list do.
-constexpr double boxX = 8, boxY = 4, boxHeight = 22, boxRadius = 4, boxBorder = 1;
+constexpr double boxX = 8, boxY = 4, boxHeight = 22, boxBorder = 1;
 constexpr double textX = 18, caretWidth = 1, caretInset = 4;
-constexpr double lineY = 29, lineHeight = 15, wordInset = 5, wordGap = 2, wordRadius = 4;
+constexpr double lineY = 29, lineHeight = 15, wordInset = 5, wordGap = 2;
 constexpr double nameSize = 14, hintSize = 10.5, wordSize = 11;
 constexpr float selectionAlpha = 0.3f;
 constexpr const char* nameFace = "HelveticaNeue-Medium";
@@ -52,7 +53,7 @@ NameField::NameField(const Rect& frame, std::string_view name, Handlers handlers
     layer()->setName("nameField");
     box_ = makeLayer("box", *layer());
     box_->setFrame({boxX, boxY, bounds().width - 2 * boxX, boxHeight});
-    box_->look().setCornerRadius(boxRadius);
+    box_->look().setCornerRadius(radii::mark);
     clip_ = makeLayer("clip", *layer());
     clip_->setFrame({textX, boxY, bounds().width - 2 * textX + caretWidth, boxHeight});
     clip_->setMasksToBounds(true);
@@ -69,7 +70,7 @@ NameField::NameField(const Rect& frame, std::string_view name, Handlers handlers
 NameField::Word NameField::makeWord(const char* name) {
     Word word{nullptr, makeLayer("light", *layer()), {}};
     word.text = makeText(name, *layer(), TextAlignment::center);
-    word.light->look().setCornerRadius(wordRadius);
+    word.light->look().setCornerRadius(radii::mark);
     word.light->setOpacity(0);
     return word;
 }

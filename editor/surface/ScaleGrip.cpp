@@ -1,8 +1,10 @@
 #include "editor/surface/ScaleGrip.h"
 
 #include "editor/surface/EditorScale.h"
+#include "editor/surface/ToolTips.h"
 #include "platform/layer/ShapeLayer.h"
 #include "theme/QVMUITheme.h"
+#include "theme/Radii.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,9 +14,9 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double strokeWidth = 1.5, cornerRadius = 4, inset = 2; // points
-constexpr double signEnd = 4, longStroke = 8, shortStroke = 4;   // points, from the sign's own corner
-constexpr double nearDistance = 56;                              // points from the corner, along each axis
+constexpr double strokeWidth = 1.5;                            // points
+constexpr double signEnd = 4, longStroke = 8, shortStroke = 4; // points, from the sign's own corner
+constexpr double nearDistance = 56;                            // points from the corner, along each axis
 constexpr float groundAlpha = 0.35f;
 constexpr double nearAlpha = 0.75, fadeSeconds = 0.15;
 constexpr double followSeconds = 1.0 / 60; // between sizes, at least
@@ -33,7 +35,7 @@ Path strokes() {
 ScaleGrip::ScaleGrip(EditorScale& scale)
     : Control({0, 0, size.width, size.height}), scale_(scale), sign_(std::make_shared<ShapeLayer>()) {
     layer()->setName("scaleGrip");
-    layer()->look().setCornerRadius(cornerRadius);
+    layer()->look().setCornerRadius(radii::mark);
     layer()->setOpacity(0);
     sign_->setName("sign");
     sign_->setFrame(bounds());
@@ -43,7 +45,7 @@ ScaleGrip::ScaleGrip(EditorScale& scale)
     sign_->setPath(strokes());
     layer()->tree().add(sign_);
     setCursor(Cursor::resizeDiagonal);
-    setToolTip("Drag to resize the editor, double-click for 100 %");
+    setToolTip(toolTipOf(Button::sizeGrip));
     style();
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { style(); });

@@ -18,6 +18,7 @@ class ShapeLayer;
 class ScaleGrip final : public Control {
 public:
     static constexpr Size size = {16, 16}; // points
+    static constexpr double inset = 2;     // points to the edges of the layout
 
     // The scale is borrowed.
     explicit ScaleGrip(EditorScale& scale);

@@ -40,13 +40,15 @@ constexpr std::array buttons = {
     ButtonText{Button::curve, "Response Curve", "A click hides curve and meter; a double-click leaves the curve alone in a small window.", "Curve and meter"},
     ButtonText{Button::hiddenCurve, "Show Curve and Meter", "Both are hidden, and cost nothing meanwhile.", "Curve and meter"},
     ButtonText{Button::meter, "Level Meter", "The highest level; a click starts it anew.", "Reset meter"},
+    ButtonText{Button::clipLight, "Clip Light", "Lights when the output reaches full scale; a click puts it out.", "Reset meter"},
+    ButtonText{Button::sizeGrip, "Size", "A drag resizes the editor; a double-click makes it 100 %.", "Size"},
 };
 // clang-format on
 
 constexpr bool buttonsAreInOrder() {
     for (std::size_t i = 0; i < buttons.size(); ++i)
         if (buttons[i].button != static_cast<Button>(i)) return false;
-    return buttons.size() == static_cast<std::size_t>(Button::meter) + 1;
+    return buttons.size() == static_cast<std::size_t>(Button::sizeGrip) + 1;
 }
 static_assert(buttonsAreInOrder());
 
@@ -94,7 +96,8 @@ std::string linesOf(std::initializer_list<std::string_view> parts) {
 }
 
 std::string keysOf(Button button) {
-    return "Keys: " + gesturesOn(tables::onButton, GestureDevice::keyboard) + ", Editor, " +
+    const bool isInMenuItself = button == Button::sizeGrip; // the others are in its last part
+    return "Keys: " + gesturesOn(tables::onButton, GestureDevice::keyboard) + (isInMenuItself ? ", " : ", Editor, ") +
            std::string(menuTitleOf(button));
 }
 

@@ -28,6 +28,8 @@ enum class Button {
     curve,
     hiddenCurve,
     meter,
+    clipLight,
+    sizeGrip,
 };
 
 // The title of the editor's menu item that does the same; its keys are the menu's.

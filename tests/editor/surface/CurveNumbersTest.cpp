@@ -5,6 +5,7 @@
 #include "editor/surface/FrameButton.h"
 #include "editor/surface/NearestNote.h"
 #include "editor/surface/QVMPowerBox.h"
+#include "editor/surface/ScaleGrip.h"
 #include "platform/layer/TextLayer.h"
 #include "platform/view/Menu.h"
 #include "viz/sketches/QVM0015GLSketch.h"
@@ -163,6 +164,19 @@ TEST_F(CurveNumbersTest, ThePlateKeepsAwayFromTheFrameButtonAndMarksGiveWayToIt)
                 ASSERT_FALSE(isMark && layer->frame().intersects(plate)) << layer->name() << " at " << x;
                 ASSERT_FALSE(isMark && layer->frame().intersects(hairLine)) << layer->name() << " at " << x;
             }
+        }
+    }
+}
+
+TEST_F(CurveNumbersTest, NothingOfThemStandsWhereTheEditorsCornerIsTaken) {
+    const Rect grip = ui_->parts().scaleGrip()->frame();
+    for (const float gain : {0.0f, 18.0f, -18.0f}) {
+        hostSets(pidTiltGain, gain);
+        frames(1);
+        EXPECT_FALSE(corner(pidFilterRangeHigh).frame().intersects(grip)) << corner(pidFilterRangeHigh).frame().maxY();
+        for (double x = 0; x < 200; x += 5) {
+            pointTo({x, 140});
+            EXPECT_FALSE(readout().frames()[0].intersects(grip)) << x << " at " << gain;
         }
     }
 }

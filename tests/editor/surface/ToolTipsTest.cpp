@@ -5,9 +5,11 @@
 #include "controls/QVMRangeControl.h"
 #include "controls/QVMSymbolButton.h"
 #include "description/tables/GestureTable.h"
+#include "editor/surface/ClipLight.h"
 #include "editor/surface/QVMPowerBox.h"
 #include "editor/surface/QVMPresetBar.h"
 #include "editor/surface/QVMPresetControl.h"
+#include "editor/surface/ScaleGrip.h"
 #include "platform/view/Menu.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +21,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-constexpr Button firstButton = Button::logo, lastButton = Button::meter;
+constexpr Button firstButton = Button::logo, lastButton = Button::sizeGrip;
 
 template <class Action>
 void forEachButton(Action action) {
@@ -33,12 +35,13 @@ protected:
         const View* view = window_.toolTippedViewAt(at);
         return view ? view->toolTip() : "";
     }
-    // All titles of the menu's part that has what is a button.
+    // All titles of the menu, and of its part that has what is a button.
     std::vector<std::string> menuTitles() const {
         std::vector<std::string> found;
         const auto menu = ui_->menuForKeyboard();
-        for (const MenuItem& item : menu->items.back().submenu)
-            found.push_back(item.title);
+        for (const auto* items : {&menu->items, &menu->items.back().submenu})
+            for (const MenuItem& item : *items)
+                found.push_back(item.title);
         return found;
     }
 };
@@ -78,7 +81,8 @@ TEST_F(ToolTips, EveryButtonHasOneWithItsPlaceInTheMenu) {
     forEachButton([](Button button) {
         const std::string text = toolTipOf(button);
         EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2) << text;
-        EXPECT_THAT(text, HasSubstr("\nKeys: Shift+F10, Editor, " + std::string(menuTitleOf(button))));
+        const std::string place = button == Button::sizeGrip ? "" : "Editor, ";
+        EXPECT_THAT(text, HasSubstr("\nKeys: Shift+F10, " + place + std::string(menuTitleOf(button))));
     });
 }
 
@@ -98,6 +102,8 @@ TEST_F(ToolTips, WhatStandsInTheEditorHasThem) {
     EXPECT_EQ(toolTipAt(middleOf(bar.ab().arrow())), toolTipOf(Button::copyAToB));
     EXPECT_EQ(toolTipAt(middleOf(*ui_->sketch())), toolTipOf(Button::curve));
     EXPECT_EQ(toolTipAt(middleOf(ui_->powerBox()->logo())), toolTipOf(Button::logo));
+    EXPECT_EQ(toolTipAt(middleOf(*ui_->parts().scaleGrip())), toolTipOf(Button::sizeGrip));
+    EXPECT_EQ(ClipLight({100, 100}, nullptr).toolTip(), toolTipOf(Button::clipLight));
 }
 
 TEST_F(ToolTips, ThePresetsArrowsHaveTheirOwn) {
@@ -132,6 +138,14 @@ TEST(GestureTable, NamesNothingTwiceAndTheMousesComeFirst) {
         EXPECT_EQ(row.device == tables::GestureDevice::keyboard, isKeyboard) << row.call;
         EXPECT_EQ(*row.brief != 0, row.subjects != tables::onNothing) << row.call;
     }
+}
+
+TEST(GestureTable, HasTheKeysForSizesAndLists) {
+    std::string calls;
+    for (const tables::GestureRow& row : tables::Gestures())
+        calls += std::string(row.call) + '\n';
+    for (const char* call : {"Drag a corner", "Ctrl with +, -, 0", "Home, End, letters"})
+        EXPECT_THAT(calls, HasSubstr(call));
 }
 
 } // namespace
