@@ -2,7 +2,7 @@
 //
 // One ring of frames; the audio writes, the main thread reads, and neither waits: a frame that finds no room is left
 // out, and what the main thread does not fetch for a third of a second (at 48 kHz) is not missed. Until somebody wants
-// the signal there is no ring, and all that the audio's side does is to look at one flag.
+// the signal there is no ring, and all that the audio's side does is to look at a few flags.
 #pragma once
 
 #include "link/SharedWord.h"

@@ -1,5 +1,5 @@
 // Where the user's presets are kept: small texts, each under a file name of its own. Other processes may write there as
-// well, so nothing is remembered. Main thread; these calls wait for the disk.
+// well, so what is told is always what is there now. Main thread; these calls wait for the disk.
 #pragma once
 
 #include "platform/system/WholeFile.h"

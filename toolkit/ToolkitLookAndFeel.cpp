@@ -10,7 +10,7 @@ namespace QVM_NAMESPACE {
 namespace {
 
 // All in points.
-constexpr int menuMargin = 5; // above the first item and below the last, and beside all
+constexpr int menuMargin = 5;                      // above the first item and below the last, and beside all
 constexpr int rowHeight = 18, separatorHeight = 7; // the longest menu fits into the editor
 constexpr int textX = 24, textRight = 20; // from a row's ends; the tick stands before the text, an arrow behind it
 constexpr float tickX = 11, tickSize = 8, arrowSize = 8, signWidth = 1.5f;
