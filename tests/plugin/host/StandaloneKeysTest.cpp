@@ -36,7 +36,7 @@ protected:
     std::string settings() {
         output("printf none | xclip -selection clipboard >/dev/null 2>&1");
         EXPECT_TRUE(comesTrue([] { return clipboard() == "none"; }));
-        chooseFromMenu({"Up", "Up", "Up", "Up", "Up", "Return"});
+        chooseFromMenu({"Up", "Up", "Up", "Up", "Up", "Up", "Up", "Return"});
         std::string text;
         EXPECT_TRUE(HasFatalFailure() || comesTrue([&] { return (text = clipboard()).starts_with(page); })) << text;
         return text.starts_with(page) ? text.substr(std::string(page).size()) : text;
