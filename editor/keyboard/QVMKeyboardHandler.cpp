@@ -28,7 +28,7 @@ QVMKeyboardHandler::QVMKeyboardHandler(EditorSession& session, EditorFocus& focu
     : session_(session), focus_(focus), surface_(surface) {
     const std::pair<char32_t, int> sizes[] = {{U'+', 1}, {U'=', 1}, {U'-', -1}, {U'0', 0}}; // "=" is "+" with no Shift
     for (const auto& [key, direction] : sizes) {
-        cmdShortcutMap_[key] = [this, direction] {
+        cmdShortcutMap_[key] = [this, direction = direction] {
             if (focused()) surface_.stepScale(direction);
             return focused() != nullptr;
         };

@@ -73,12 +73,12 @@ Rect LayerPlacer::place(const Layer& root, double time) {
 // Places a layer with all that is in it and returns the pixels that can be touched.
 Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
     if (layer.isHidden()) return {};
-    PresentedLayer presented = layer.presentation(time_);
+    const PresentedLayer presented = layer.presentation(time_);
     const double opacity = std::min(presented.opacity, 1.0);
     if (!(opacity > 0)) return {};
     const double least = groupOpacity_ < 1 ? leastOpacityOf(layer) : 0;
-    if (least == 0) return visitShown(layer, std::move(presented), outer, opacity);
-    legible_.push_back({&layer, std::move(presented), outer, std::max(groupOpacity_ * opacity, least)});
+    if (least == 0) return visitShown(layer, presented, outer, opacity);
+    legible_.push_back({&layer, presented, outer, std::max(groupOpacity_ * opacity, least)});
     return {};
 }
 

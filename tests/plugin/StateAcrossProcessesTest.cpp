@@ -108,11 +108,12 @@ TEST_F(StateAcrossProcesses, DISABLED_Loads) {
     EXPECT_EQ(ui.parameterControlWithPid(pidTiltGain)->floatValue(), nudgedGain);
 }
 
+// All of that test, whatever share of the tests this process has.
 int exitStatusOf(const std::string& test, const std::string& file) {
     const std::string program = std::filesystem::read_symlink("/proc/self/exe").string();
     slantwise_tests::ChildProcess child(
         {program, "--gtest_also_run_disabled_tests", "--gtest_filter=StateAcrossProcesses.DISABLED_" + test},
-        {{fileVariable, file}}, file + "." + test + ".log");
+        {{fileVariable, file}, {"GTEST_TOTAL_SHARDS", "1"}, {"GTEST_SHARD_INDEX", "0"}}, file + "." + test + ".log");
     constexpr double patienceSeconds = 60;
     return child.exitStatus(patienceSeconds).value_or(-2);
 }
