@@ -11,6 +11,7 @@
 #include "Footprint.h"
 #include "HostStorm.h"
 #include "PlayingPlugins.h"
+#include "Yardstick.h"
 
 #include "platform/renderer/LayerRenderer.h"
 #include "platform/runloop/ManualTickSource.h"
@@ -37,6 +38,7 @@ namespace {
 
 using namespace slantwise;
 using slantwise_tests::Footprint;
+using slantwise_tests::Yardstick;
 
 // Above what the parts of the system need that come and go by themselves.
 constexpr long mostBytesATurn = 16, mostBytesOnce = 128 * 1024; // the latter for what is made at its first use
@@ -68,7 +70,10 @@ public:
             if (i == tenth_) begin(rest);
             const double start = Footprint::threadSeconds();
             turn();
-            secondsOf_.push_back(static_cast<float>(Footprint::threadSeconds() - start));
+            const double middle = Footprint::threadSeconds();
+            yardstick_.run();
+            const double end = Footprint::threadSeconds();
+            workOf_.push_back(static_cast<float>((middle - start) / (end - middle)));
         }
         rest();
         const Footprint last = Footprint::now();
@@ -80,22 +85,24 @@ public:
 private:
     void begin(const std::function<void()>& rest) {
         rest();
-        secondsOf_.reserve(static_cast<std::size_t>(turns_)); // not to be taken for growth
+        workOf_.reserve(static_cast<std::size_t>(turns_)); // not to be taken for growth
         first_ = Footprint::now();
     }
-    double medianMs(std::size_t from, std::size_t count) const {
-        std::vector<float> part(secondsOf_.begin() + static_cast<std::ptrdiff_t>(from),
-                                secondsOf_.begin() + static_cast<std::ptrdiff_t>(from + count));
+    // Of the work of `count` turns, in yardsticks. Turns differ as their seed has it, so that many of them are
+    // compared.
+    double median(std::size_t from, std::size_t count) const {
+        std::vector<float> part(workOf_.begin() + static_cast<std::ptrdiff_t>(from),
+                                workOf_.begin() + static_cast<std::ptrdiff_t>(from + count));
         std::nth_element(part.begin(), part.begin() + static_cast<std::ptrdiff_t>(count / 2), part.end());
-        return 1000 * static_cast<double>(part[count / 2]);
+        return static_cast<double>(part[count / 2]);
     }
     bool isFlat(const Footprint& last) const {
-        const auto tenth = static_cast<std::size_t>(tenth_);
-        const std::size_t second = std::min(tenth, secondsOf_.size() - tenth); // the first one warms up
-        const double before = medianMs(second, tenth), after = medianMs(secondsOf_.size() - tenth, tenth);
+        const auto tenth = static_cast<std::size_t>(tenth_); // the first one warms up
+        const std::size_t fifth = std::min(2 * tenth, workOf_.size() - tenth);
+        const double before = median(tenth, fifth), after = median(workOf_.size() - fifth, fifth);
         const double kept =
             static_cast<double>(last.heapBytes - first_.heapBytes) / static_cast<double>(turns_ - tenth_);
-        std::printf("  kept a turn: %.1f bytes; a turn: %.3f ms, at the end %.3f ms\n", kept, before, after);
+        std::printf("  kept a turn: %.1f bytes; a turn: %.1f yardsticks, at the end %.1f\n", kept, before, after);
         bool isFlat = true;
         const auto expect = [&](bool holds, const char* what) {
             if (!holds) std::printf("  GROWS: %s\n", what);
@@ -112,7 +119,8 @@ private:
 
     const long turns_, tenth_;
     Footprint first_;
-    std::vector<float> secondsOf_; // the main thread's work in each turn
+    Yardstick yardstick_;
+    std::vector<float> workOf_; // the main thread's in each turn, in yardsticks
 };
 
 // Frames of an editor that has no window, drawn into memory.
