@@ -189,8 +189,9 @@ void QVMCycleControl::setFloatValue(float value) {
 }
 
 void QVMCycleControl::setDimmed(bool dimmed) {
+    const bool changes = dimmed != this->dimmed();
     BoxControl::setDimmed(dimmed);
-    redraw();
+    if (changes) redraw(); // it is told after every value that comes in
 }
 
 void QVMCycleControl::setInaccurate(bool inaccurate) {

@@ -1,11 +1,11 @@
 #include "controls/SliderScale.h"
 
+#include "description/NumberText.h"
 #include "theme/QVMUITheme.h"
 
 #include <algorithm>
 #include <cmath>
 #include <set>
-#include <string_view>
 
 namespace QVM_NAMESPACE {
 
@@ -16,7 +16,6 @@ constexpr double kLineWidth = 1, kLineLength = 4;           // points
 constexpr double kLineGapBelow = 4.5, kLineGapBeside = 4.5; // from the edge to a line
 constexpr double kTextGap = 10.5;                           // from the edge to a text beside it
 constexpr double kTextDrop = 12, kTextHeight = 12, kTextWidth = 34;
-constexpr std::string_view kMinus = "\u2212";
 constexpr double kLeastDistanceBeside = 10, kLeastDistanceBelow = 24; // between two texts
 
 // The value's own name where it has one, else its number as a mark.
@@ -29,7 +28,7 @@ std::string markText(const QVMParameter& parameter, float value) {
 // As it is set: a number has a minus, not a hyphen.
 std::string typeset(std::string text) {
     const bool isNegativeNumber = text.size() > 1 && text[0] == '-' && text[1] >= '0' && text[1] <= '9';
-    return isNegativeNumber ? text.replace(0, 1, kMinus) : text;
+    return isNegativeNumber ? text.replace(0, 1, minusSign) : text;
 }
 
 std::set<float> markValues(const QVMParameter& parameter) {

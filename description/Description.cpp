@@ -43,7 +43,7 @@ QVMParameter* GetParameter(std::uint32_t pid) {
     if (pid >= slots.size()) return nullptr;
     return RecordInSlot(slots[pid], [pid](QVMParameter& parameter) {
         tables::FillParameter(parameter, pid);
-        parameter.clump = GetClump(tables::Parameters()[pid].cid);
+        parameter.clump = GetClump(tables::kParameters[pid].cid);
     });
 }
 

@@ -43,6 +43,11 @@ std::string FixedText(double value, int decimals) {
     return Text(value, std::chars_format::fixed, decimals);
 }
 
+std::string ShortestFloatText(float value) {
+    std::array<char, 64> text; // the largest has 39 digits
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr};
+}
+
 std::string ShortestText(double value) {
     return Text(value == 0 ? 0.0 : value, std::chars_format::fixed);
 }

@@ -19,6 +19,12 @@ std::string ShortestText(double value);
 // printf's "%.*g".
 std::string SignificantText(double value, int digits);
 
+// The fewest digits that read back as the same number of single precision, never with an exponent.
+std::string ShortestFloatText(float value);
+
+// What numbers are set with on screen: as wide as a plus, so that they keep their place.
+inline constexpr std::string_view minusSign = "\u2212";
+
 // A number that a text begins with, and what stands behind it.
 template <class Number>
 struct ReadNumber {

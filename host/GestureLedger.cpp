@@ -10,7 +10,7 @@ GestureLedger::GestureLedger(AudioUnitInstance& unit, GestureListener& host) : h
     AUEventListenerCreate(&unitEvent, this, &RunLoop::main(), 0, AUEventDelivery::immediate, &listener_);
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         for (const auto type : {kAudioUnitEvent_ParameterValueChange, kAudioUnitEvent_BeginParameterChangeGesture,
-                                kAudioUnitEvent_EndParameterChangeGesture}) {
+                                kAudioUnitEvent_EndParameterChangeGesture, kQVMEvent_ParameterBecameAnother}) {
             const AudioUnitEvent event{type, {&unit, pid, kAudioUnitScope_Global, 0}};
             AUEventListenerAddEventType(listener_, nullptr, &event);
         }
@@ -46,8 +46,11 @@ void GestureLedger::report(AudioUnitEventType type, std::uint32_t pid) {
         return begin(pid);
     case kAudioUnitEvent_ParameterValueChange:
         begin(pid);
-        isEdited_ = true;
         return host_.valueChanged(pid);
+    case kQVMEvent_ParameterBecameAnother:
+        begin(pid);
+        isEdited_ = true;
+        return;
     case kAudioUnitEvent_EndParameterChangeGesture:
         return end(pid);
     }

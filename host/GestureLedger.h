@@ -29,8 +29,9 @@ public:
     // The value is the unit's.
     virtual void valueChanged(std::uint32_t pid) = 0;
     virtual void gestureEnded(std::uint32_t pid) = 0;
-    // The last of the gestures that were open together has ended, and values came with them: one edit of the user's,
-    // however many parameters a preset, an undo or a partner made it.
+    // The last of the gestures that were open together has ended, and with them a value became another one: one edit of
+    // the user's, however many parameters a preset, an undo or a partner made it. A click that leaves all as it is has
+    // its begin, value and end, and is none.
     virtual void editEnded() = 0;
 };
 
@@ -59,7 +60,7 @@ private:
     GestureListener& host_;
     AUEventListenerRef listener_ = nullptr;
     std::bitset<QVMParameterCount> isOpen_; // by pid
-    bool isEdited_ = false;                 // a value came since the last edit ended
+    bool isEdited_ = false;                 // a value became another one since the last edit ended
     const Window* window_ = nullptr;
     ObservationToken pressEnd_; // of the window
     DelayedCall turnEnd_;

@@ -9,6 +9,7 @@ In the source stand, for a man page (its name ends in .1.in):
 
 and for a completion:
 
+    @NAME@        the program's name, which is the result's, @FUNCTION@ a name of the shell's made from it
     @OPTIONS@     the names of the options, @COMMANDS@ those of the commands, as words
     @VALUES@      the branches of a `case` over options that take one of some words, or a file; none for those whose value
                   may be left out
@@ -113,7 +114,9 @@ def main():
                   "OPERATIONS": calls(entries(help_text, "Operations"))}
     else:
         presets = json.loads(said(given.inspect, "description"))["presets"]
-        marks |= {"OPTIONS": words(name for entry in options or flags for name in entry.names),
+        name = given.result.name
+        marks |= {"NAME": name, "FUNCTION": "_" + name.replace("-", "_"),
+                  "OPTIONS": words(option for entry in options or flags for option in entry.names),
                   "COMMANDS": words(entry.names[0] for entry in commands),
                   "VALUES": branches(options), "PRESETS": words(preset["name"] for preset in presets)}
     text = re.sub(r"@([A-Z]+)@", lambda mark: marks[mark[1]], given.source.read_text())

@@ -26,6 +26,11 @@ bool hasShapeOf(Size content, Size frame) {
     return frame.width - content.width * scale <= roundedUp && frame.height - content.height * scale <= roundedUp;
 }
 
+bool fillsFrame(Size content, double scale, Size frame) {
+    return std::abs(frame.width - content.width * scale) <= roundedUp &&
+           std::abs(frame.height - content.height * scale) <= roundedUp;
+}
+
 bool fitsFrame(Size content, double scale, Size frame) {
     return content.width * scale <= frame.width + roundedUp && content.height * scale <= frame.height + roundedUp;
 }

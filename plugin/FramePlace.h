@@ -18,6 +18,8 @@ FramePlace placeInFrame(Size content, double wanted, Size frame);
 double scaleToFit(Size content, Size frame);
 // Whether a frame has the content's own shape, but for a size that was rounded. Any thread.
 bool hasShapeOf(Size content, Size frame);
+// Whether `content` at `scale` has the frame's size, but for rounding.
+bool fillsFrame(Size content, double scale, Size frame);
 // Whether `content` at `scale` is inside a frame, or sticks out by no more than a size that was rounded up.
 bool fitsFrame(Size content, double scale, Size frame);
 

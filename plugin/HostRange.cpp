@@ -1,5 +1,6 @@
 #include "plugin/HostRange.h"
 
+#include "description/Blanks.h"
 #include "description/NumberText.h"
 #include "description/ParameterTypes.h"
 
@@ -18,12 +19,6 @@ std::string lowered(std::string text) {
     for (char& c : text)
         c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
     return text;
-}
-
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 } // namespace
@@ -63,7 +58,7 @@ std::string hostTextForValue(const QVMParameter& parameter, float hostValue) {
 }
 
 float hostValueForText(const QVMParameter& parameter, const std::string& text) {
-    const std::string wanted = lowered(trimmed(text));
+    const std::string wanted = lowered(std::string(withoutBlanks(text)));
     for (std::size_t i = 0; i < parameter.stringValues.size(); ++i) {
         if (lowered(parameter.stringValues[i]) == wanted) return parameter.minValue + static_cast<float>(i);
     }
@@ -75,7 +70,7 @@ float hostValueForText(const QVMParameter& parameter, const std::string& text) {
     if (!number.empty() && number.front() == '+') number.erase(0, 1);
     const auto read = NumberAtStart<float>(number);
     if (!read || !std::isfinite(read->value)) return parameter.reverseCastValue(parameter.initialValue);
-    const bool isKilo = trimmed(std::string(read->rest)).starts_with('k');
+    const bool isKilo = withoutBlanks(read->rest).starts_with('k');
     const float shown = isKilo ? read->value * 1000 : read->value;
     // Both ends of a range are the same number in both domains.
     const HostRange range(parameter);

@@ -5,7 +5,6 @@
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
 #include "platform/runloop/NotificationCenter.h"
-#include "platform/system/UserFolders.h"
 #include "plugin/FramePlace.h"
 #include "theme/QVMUITheme.h"
 #include "toolkit/Conversions.h"
@@ -23,15 +22,10 @@ Size layoutSize(DrawerPlace drawer) {
     return EditorLayoutForAltFrame(QVMAltFrameDoubleWide, drawer).editor.size();
 }
 
-std::filesystem::path presetsFolder() {
-    const std::filesystem::path data = userDataFolder();
-    return data.empty() ? data : data / "presets";
-}
-
 } // namespace
 
 SlantwiseEditor::SlantwiseEditor(SlantwiseProcessor& owner, WindowComponent::Embedding embedding)
-    : juce::AudioProcessorEditor(owner), processor_(owner), presets_(presetsFolder()), component_(embedding),
+    : juce::AudioProcessorEditor(owner), processor_(owner), presets_(PresetFolder::ofUser()), component_(embedding),
       restores_(owner.unit().restoreCount()) {
     // A host may open the editor on another thread than the one that served messages so far.
     RunLoop::main().becomeMainThread();
@@ -100,7 +94,11 @@ void SlantwiseEditor::askForFrame() {
 void SlantwiseEditor::resized() {
     if (isPlacing_ || isFitting_) return;
     const bool isHosts = frame_.takesAsHosts(frameSize());
-    if (!isHosts && !view_->ui().scale().fitsWindow()) return layOut();
+    // What was asked for fits as it is: to scale it to its rounded sides would ask for this form's frame anew, while
+    // another form's may be on its way.
+    EditorScale& scale = view_->ui().scale();
+    const bool isAsAsked = fillsFrame(contentSize(), scale_ * double{scale.current()}, frameSize());
+    if (!isHosts && (isAsAsked || !scale.fitsWindow())) return layOut();
     // What a host gives at the opening is what it has kept itself.
     const bool isUsers =
         isHosts && hasShapeOf(contentSize(), frameSize()) && RunLoop::main().now() - opened_ > openingSeconds;

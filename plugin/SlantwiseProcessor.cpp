@@ -27,8 +27,12 @@ SlantwiseProcessor::SlantwiseProcessor()
     : juce::AudioProcessor(BusesProperties()
                                .withInput("Input", juce::AudioChannelSet::stereo())
                                .withOutput("Output", juce::AudioChannelSet::stereo())) {
-    // The host's list of programs follows what is chosen in the editor.
-    unit_.setPresetNameHandler([this] { updateHostDisplay(ChangeDetails().withProgramChanged(true)); });
+    // The host's list of programs follows what is chosen in the editor. LV2 has none, but the name is in the session,
+    // and with values that are the same it is all that changes.
+    unit_.setPresetNameHandler([this] {
+        if (isLv2()) return due_.add(stateChangeBit);
+        updateHostDisplay(ChangeDetails().withProgramChanged(true));
+    });
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
         parameters_.push_back(new UnitParameter(*GetParameter(pid), unit_));
         addParameter(parameters_.back());

@@ -1,5 +1,6 @@
 #include "preferences/PreferenceText.h"
 
+#include "description/Blanks.h"
 #include "description/NumberText.h"
 #include "platform/system/Utf8.h"
 
@@ -12,7 +13,7 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::string_view keyMarks = "-_.", blanks = " \t\r";
+constexpr std::string_view keyMarks = "-_.";
 
 bool isKey(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, [](char c) {
@@ -28,12 +29,6 @@ bool isText(std::string_view text) {
     return std::ranges::none_of(text, isControl) && isPlainUtf8(text);
 }
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {
@@ -47,8 +42,8 @@ std::vector<std::string_view> linesOf(std::string_view text) {
 std::optional<std::pair<std::string_view, double>> preferenceIn(std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return std::nullopt;
-    const std::string_view key = trimmed(line.substr(0, equals));
-    const std::optional<double> value = NumberFromText<double>(trimmed(line.substr(equals + 1)));
+    const std::string_view key = withoutBlanks(line.substr(0, equals));
+    const std::optional<double> value = NumberFromText<double>(withoutBlanks(line.substr(equals + 1)));
     if (!isKey(key) || !value || !std::isfinite(*value)) return std::nullopt;
     return std::pair(key, *value);
 }

@@ -32,6 +32,11 @@ std::int64_t now() {
 
 } // namespace
 
+fs::path PresetFolder::ofUser() {
+    const fs::path data = userDataFolder();
+    return data.empty() ? data : data / "presets";
+}
+
 std::vector<PresetStore::File> PresetFolder::readAll() {
     std::vector<std::string> names;
     std::error_code error;

@@ -14,6 +14,8 @@ class PresetFolder final : public PresetStore {
 public:
     // Touches nothing. An empty path is no place at all.
     explicit PresetFolder(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    // The user's, for this product; empty where the user has no home.
+    static std::filesystem::path ofUser();
 
     std::vector<File> readAll() override;
     [[nodiscard]] std::error_code write(const std::string& fileName, std::string_view text,

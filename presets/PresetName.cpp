@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <optional>
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::string_view takenAmiss = "/\\%:*?\"<>|";
+constexpr std::string_view usersMark = "User: ";
+constexpr std::string_view takenAmiss = "/\\:*?\"<>|";
 constexpr char escape = '%';
 
 bool isBlank(char32_t character) {
@@ -65,25 +65,44 @@ std::string presetNameFrom(std::string_view text) {
     return utf8From(characters);
 }
 
+std::string savedUsersName(std::string_view name) {
+    return std::string(usersMark).append(name);
+}
+
+std::optional<std::string> usersNameIn(std::string_view savedName) {
+    if (!savedName.starts_with(usersMark)) return std::nullopt;
+    return std::string(savedName.substr(usersMark.size()));
+}
+
+std::string withEscapes(std::string_view text, std::string_view marks) {
+    std::string written;
+    for (const char byte : text)
+        written += byte == escape || marks.find(byte) != std::string_view::npos ? escaped(byte) : std::string(1, byte);
+    return written;
+}
+
+std::string withoutEscapes(std::string_view text) {
+    std::string read;
+    while (!text.empty()) {
+        const std::optional<char> byte = unescaped(text);
+        read += byte.value_or(text.front());
+        text.remove_prefix(byte ? 3 : 1);
+    }
+    return read;
+}
+
 std::string presetFileName(std::string_view name) {
     std::string file;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const bool isDotInFront = i == 0 && name[i] == '.';
-        file += isDotInFront || takenAmiss.find(name[i]) != std::string_view::npos ? escaped(name[i])
-                                                                                   : std::string(1, name[i]);
+    if (name.starts_with('.')) {
+        file = escaped('.');
+        name.remove_prefix(1);
     }
-    return file.append(presetFileEnding);
+    return file.append(withEscapes(name, takenAmiss)).append(presetFileEnding);
 }
 
 std::string nameFromPresetFile(std::string_view fileName) {
     if (fileName.ends_with(presetFileEnding)) fileName.remove_suffix(presetFileEnding.size());
-    std::string name;
-    while (!fileName.empty()) {
-        const std::optional<char> byte = unescaped(fileName);
-        name += byte.value_or(fileName.front());
-        fileName.remove_prefix(byte ? 3 : 1);
-    }
-    const std::string shown = presetNameFrom(name);
+    const std::string shown = presetNameFrom(withoutEscapes(fileName));
     return shown.empty() ? "?" : shown;
 }
 

@@ -4,6 +4,7 @@
 #include "BuildNamespace.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,16 @@ bool isPresetName(std::string_view name);
 // What is nearest to a text that somebody typed or pasted: its first line, without blanks around it and without what no
 // name can hold, as much as fits. Empty where nothing is left.
 std::string presetNameFrom(std::string_view text);
+
+// The name of one of the user's where a session keeps which preset it had: it says whose it is. And back; absent for
+// what is not of this form.
+std::string savedUsersName(std::string_view name);
+std::optional<std::string> usersNameIn(std::string_view savedName);
+
+// A text with each of the marks, and "%", as "%2F": for where those mean something else; and back. What is no such
+// escape stays as it is.
+std::string withEscapes(std::string_view text, std::string_view marks);
+std::string withoutEscapes(std::string_view text);
 
 // The file of a name, which must be one. Two names never share a file; what a folder, a shell or another system would
 // take amiss ("/", a dot in front, "?") is written as "%2F".

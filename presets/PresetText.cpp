@@ -1,5 +1,6 @@
 #include "presets/PresetText.h"
 
+#include "description/Blanks.h"
 #include "platform/system/Utf8.h"
 #include "presets/PresetName.h"
 

@@ -29,12 +29,13 @@ bool isCalledAfterItsPreset(const UserPresetEntry& entry) {
     return entry.fileName == presetFileName(entry.preset.name);
 }
 
-UserPresetEntry damaged(const PresetStore::File& file, std::string problem, std::string text) {
+UserPresetEntry damaged(const PresetStore::File& file, std::string problem, std::optional<std::string> text) {
     return {{nameFromPresetFile(file.fileName), {}, {}}, std::move(problem), file.fileName, std::move(text)};
 }
 
 UserPresetEntry entryFrom(PresetStore::File&& file, const QVMConfig& config) {
-    if (const auto* error = std::get_if<std::error_code>(&file.content)) return damaged(file, error->message(), {});
+    if (const auto* error = std::get_if<std::error_code>(&file.content))
+        return damaged(file, error->message(), std::nullopt);
     std::string& text = std::get<std::string>(file.content);
     auto read = readPresetText(text, config);
     if (const auto* refusal = std::get_if<PresetRefusal>(&read)) return damaged(file, refusal->text(), std::move(text));
@@ -91,8 +92,18 @@ PresetOutcome UserPresets::save(const std::string& name, std::vector<SettingsEnt
 PresetOutcome UserPresets::remove(const std::string& name) {
     refresh();
     const UserPresetEntry* const found = find(name);
-    if (!found) return {Status::failed, "its file is gone"};
-    UserPresetEntry entry = *found;
+    return found ? take(*found) : PresetOutcome{Status::failed, "its file is gone"};
+}
+
+PresetOutcome UserPresets::removeDamaged(const std::string& fileName) {
+    refresh();
+    const auto found = std::ranges::find_if(
+        entries_, [&](const UserPresetEntry& each) { return !each.problem.empty() && each.fileName == fileName; });
+    if (found == entries_.end()) return {Status::failed, "its file is gone"};
+    return found->text ? take(*found) : PresetOutcome{Status::failed, found->problem};
+}
+
+PresetOutcome UserPresets::take(UserPresetEntry entry) {
     if (const std::error_code error = store_->remove(entry.fileName)) return written(error);
     removed_ = std::move(entry);
     return written({});
@@ -101,8 +112,9 @@ PresetOutcome UserPresets::remove(const std::string& name) {
 PresetOutcome UserPresets::putBack() {
     if (!store_ || !removed_) return {Status::failed, "nothing was deleted"};
     refresh();
-    if (find(removed_->preset.name)) return {Status::nameTaken, "its name is taken by now"};
-    const std::error_code error = store_->write(removed_->fileName, removed_->text, ExistingFile::keep);
+    if (removed_->problem.empty() && find(removed_->preset.name))
+        return {Status::nameTaken, "its name is taken by now"};
+    const std::error_code error = store_->write(removed_->fileName, *removed_->text, ExistingFile::keep);
     if (!error) removed_.reset();
     return written(error);
 }

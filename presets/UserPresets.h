@@ -18,7 +18,7 @@ struct UserPresetEntry {
     UserPreset preset;   // of a damaged one the name alone, made from that of its file
     std::string problem; // what is wrong with it, in a few words; empty: nothing
     std::string fileName;
-    std::string text; // as it is in the file
+    std::optional<std::string> text; // as it is in the file; none where that cannot be read
 };
 
 // What came of a request. `reason` is one line in plain words.
@@ -46,12 +46,15 @@ public:
     // leaves its note to the one in its place.
     PresetOutcome save(const std::string& name, std::vector<SettingsEntry> settings, ExistingFile existing);
     PresetOutcome remove(const std::string& name);
+    // What is damaged goes by its file's name. One that cannot be read could not be put back, and stays.
+    PresetOutcome removeDamaged(const std::string& fileName);
     // The one that was removed last comes back, once, unless the name is taken by now.
     PresetOutcome putBack();
     // Its name; none when there is none to put back.
     std::optional<std::string> removed() const;
 
 private:
+    PresetOutcome take(UserPresetEntry entry);
     PresetOutcome written(const std::error_code& error);
 
     const QVMConfig& config_;

@@ -3,6 +3,7 @@
 #include "description/Description.h"
 #include "description/NumberText.h"
 #include "program/Console.h"
+#include "program/Wording.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,10 +28,6 @@ std::string firstLeftOver(const CLI::App& app) {
     const std::vector<std::string> left = app.remaining();
     const auto found = std::ranges::find_if(left, [](const std::string& argument) { return argument != "--"; });
     return found == left.end() ? std::string() : unknownArgument(*found);
-}
-
-std::string needsAValue(const std::string& option) {
-    return option + " needs a value";
 }
 
 // The library's words are "--option: 1 required TEXT missing" and "flag was given a disallowed flag override".
@@ -59,10 +56,6 @@ std::string numberText(double number) {
     return SignificantText(number, significantDigits);
 }
 
-std::string unknownArgument(const std::string& argument) {
-    return "unknown argument \"" + argument + "\" (--help lists the options)";
-}
-
 void addOption(CLI::App& app, const OptionText& text, OptionSetter setter) {
     app.add_option_function<std::string>(text.name, refusing(std::move(setter)), text.help)
         ->type_name(text.value)
@@ -80,8 +73,7 @@ void addNumber(CLI::App& app, const OptionText& text, double least, double most,
     addOption(app, text, [name = text.name, least, most, set = std::move(set)](const std::string& value) {
         const std::optional<double> number = numberWithin(value, least, most);
         if (!number) {
-            return name + " takes a number from " + numberText(least) + " to " + numberText(most) + ", not \"" + value +
-                   "\"";
+            return takesNot(name, "a number from " + numberText(least) + " to " + numberText(most), value);
         }
         set(*number);
         return std::string();
@@ -94,7 +86,7 @@ void addFlag(CLI::App& app, const std::string& names, bool& flag, const std::str
 
 void addTheme(CLI::App& app, StartTheme& theme) {
     addOption(app, {"--theme", "light|dark", "start in a theme"}, [&theme](const std::string& value) {
-        if (value != "light" && value != "dark") return "--theme takes light or dark, not \"" + value + "\"";
+        if (value != "light" && value != "dark") return takesNot("--theme", "light or dark", value);
         theme = value == "dark" ? StartTheme::dark : StartTheme::light;
         return std::string();
     });
@@ -136,6 +128,20 @@ std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& argu
         return error.what();
     }
     return firstLeftOver(app);
+}
+
+bool isGiven(const CLI::App& app, const std::string& flag, const std::vector<std::string>& arguments) {
+    bool isValue = false; // of the option before it, whatever it looks like
+    for (const std::string& argument : arguments) {
+        if (!std::exchange(isValue, false)) {
+            if (argument == "--") return false;
+            if (argument == flag) return true;
+            const CLI::Option* const option =
+                argument.starts_with("-") ? app.get_option_no_throw(argument) : nullptr; // bare ones have names too
+            isValue = option && option->get_items_expected_min() > 0;
+        }
+    }
+    return false;
 }
 
 std::string commandLineHelp(const CLI::App& app, const std::string& program) {

@@ -46,12 +46,12 @@ void addQuitAfter(CLI::App& app, std::optional<double>& seconds);
 std::string numberText(double number);
 // "Slantwise 2.0.1 (a6a669f)".
 std::string versionText();
-// What is said of an argument that has no place.
-std::string unknownArgument(const std::string& argument);
 
 // Reads the arguments behind the program's name and sets what they say. Answers what is wrong in one line without a
 // newline, or nothing.
 [[nodiscard]] std::string parseCommandLine(CLI::App& app, const std::vector<std::string>& arguments);
+// Whether a flag stands among the arguments, also where they cannot be parsed.
+bool isGiven(const CLI::App& app, const std::string& flag, const std::vector<std::string>& arguments);
 // How to call the program, what it does, its options in the order in which they were added, and its exit statuses.
 std::string commandLineHelp(const CLI::App& app, const std::string& program);
 

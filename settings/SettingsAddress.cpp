@@ -1,11 +1,10 @@
 #include "settings/SettingsAddress.h"
 
+#include "description/Blanks.h"
 #include "description/NumberText.h"
 #include "settings/AddressParts.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -13,7 +12,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
 constexpr std::string_view leaveAsItIs = "x";
 constexpr int significantDigits = 7;
 constexpr std::size_t slugSegment = 0, versionSegment = 1;
@@ -26,8 +24,7 @@ constexpr QueryForm currentForm{'/', ':'}, olderForm{'&', '='};
 
 std::string numberText(float value, AddressDigits digits) {
     if (digits == AddressDigits::seven) return SignificantText(double{value}, significantDigits);
-    std::array<char, 64> text; // the largest has 39 digits
-    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr};
+    return ShortestFloatText(value);
 }
 
 // All of the text as a number. Beyond single precision it is the largest there is, which no range reaches.
@@ -68,12 +65,6 @@ std::optional<std::string> readEntry(std::string_view piece, char behindKey, con
 const SettingsEntry* SettingsAddress::entryFor(std::string_view key) const {
     const auto found = std::find_if(entries.begin(), entries.end(), [key](const auto& e) { return e.key == key; });
     return found == entries.end() ? nullptr : &*found;
-}
-
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 std::string SettingsRefusal::text() const {

@@ -58,9 +58,6 @@ struct SettingsRefusal {
 [[nodiscard]] std::variant<SettingsAddress, SettingsRefusal> readSettingsAddress(std::string_view text,
                                                                                  const QVMConfig& config);
 
-// Without the blanks and line ends that a text has around it. As long-lived as the text.
-std::string_view withoutBlanks(std::string_view text);
-
 // The value that a parameter is sent for a number in an address: within its range. What switches and counts is sent
 // what stands there as well; the unit makes it whole.
 float settingsValueFor(const QVMParameter& parameter, float value);

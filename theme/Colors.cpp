@@ -26,23 +26,51 @@ double contrastRatio(Color one, Color other) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-Color contrasted(Color color, Color against, double ratio) {
-    const Color black = Color::white(0, color.a), white = Color::white(1, color.a);
-    const Color target = contrastRatio(black, against) > contrastRatio(white, against) ? black : white;
-    Color result = color;
-    for (float amount = kContrastStep; contrastRatio(result, against) < ratio && amount <= 1; amount += kContrastStep) {
-        result = color.mixedWith(target, amount);
+namespace {
+
+// A colour on its way from where it is to black or white, whichever lies farther from the opaque `against`.
+class ContrastWalk {
+public:
+    ContrastWalk(Color color, Color against) : from_(color), against_(against) {
+        const Color black = Color::white(0, color.a), white = Color::white(1, color.a);
+        target_ = contrastRatio(black, against) > contrastRatio(white, against) ? black : white;
     }
-    return result;
+
+    // Goes on until the colour stands out by `ratio`, or to the end. True when it moved. A larger ratio is never
+    // reached earlier than a smaller one, so nothing of the way needs to be gone twice.
+    bool goOnTo(double ratio) {
+        const float before = next_;
+        for (; contrast_ < ratio && next_ <= 1; next_ += kContrastStep) {
+            color_ = from_.mixedWith(target_, next_);
+            contrast_ = contrastRatio(color_, against_);
+        }
+        return next_ != before;
+    }
+    Color color() const { return color_; }
+
+private:
+    Color from_, against_, target_;
+    Color color_ = from_;
+    double contrast_ = contrastRatio(from_, against_);
+    float next_ = kContrastStep; // share of the way
+};
+
+} // namespace
+
+Color contrasted(Color color, Color against, double ratio) {
+    ContrastWalk walk(color, against);
+    walk.goOnTo(ratio);
+    return walk.color();
 }
 
 Color groundForText(Color ground, Color text, double ratio) {
-    const Color opaqueText = text.withAlpha(1);
     const auto isLegible = [&](Color below) { return contrastRatio(composite(text, below), below) >= ratio; };
-    Color result = ground;
-    for (double step = ratio; !isLegible(result) && step <= 21; step += kContrastStep * ratio)
-        result = contrasted(ground, opaqueText, step);
-    return result;
+    if (isLegible(ground)) return ground;
+    ContrastWalk walk(ground, text.withAlpha(1));
+    for (double step = ratio; step <= 21; step += kContrastStep * ratio) {
+        if (walk.goOnTo(step) && isLegible(walk.color())) break;
+    }
+    return walk.color();
 }
 
 } // namespace QVM_NAMESPACE

@@ -35,6 +35,7 @@ public:
     static const QVMUITheme& dark();
     // The current one, at first the light one.
     static const QVMUITheme& theme();
+    static bool isDark() { return &theme() == &dark(); }
     // Makes the other theme current, posts the notification and returns the new current theme. The window is only a
     // name to post under and may be null.
     static const QVMUITheme& toggleThemeForWindow(Window* window);

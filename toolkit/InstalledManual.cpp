@@ -1,11 +1,11 @@
 #include "toolkit/InstalledManual.h"
 
+#include "platform/system/UserFolders.h"
+
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 namespace QVM_NAMESPACE {
@@ -46,20 +46,6 @@ fs::path thisBinary() {
     return fs::canonical(named.is_absolute() ? named : fs::path("/proc/self/exe"), error);
 }
 
-std::vector<fs::path> dataFolders() {
-    const auto valueOf = [](const char* name, std::string otherwise) {
-        const char* const value = std::getenv(name);
-        return value && *value ? std::string(value) : std::move(otherwise);
-    };
-    const std::string home = valueOf("HOME", "");
-    std::stringstream all(valueOf("XDG_DATA_HOME", home.empty() ? "" : home + "/.local/share") + ":" +
-                          valueOf("XDG_DATA_DIRS", "/usr/local/share:/usr/share"));
-    std::vector<fs::path> folders;
-    for (std::string each; std::getline(all, each, ':');)
-        if (fs::path(each).is_absolute()) folders.emplace_back(each);
-    return folders;
-}
-
 } // namespace
 
 std::optional<std::string> manualTopicOf(std::string_view address) {
@@ -97,7 +83,7 @@ std::optional<std::string> manualPage(const std::string& topic, const std::vecto
 
 std::optional<std::string> installedManualPage(std::string_view address) {
     const std::optional<std::string> topic = manualTopicOf(address);
-    return topic ? manualPage(*topic, manualFolders(thisBinary(), dataFolders())) : std::nullopt;
+    return topic ? manualPage(*topic, manualFolders(thisBinary(), sharedDataFolders())) : std::nullopt;
 }
 
 } // namespace QVM_NAMESPACE

@@ -38,6 +38,7 @@ void MenuPopup::popUp(const Menu& menu, Point at) {
     const juce::Rectangle<int> target(static_cast<int>(at.x), static_cast<int>(at.y), 1, 1);
     juce::PopupMenu popup = toToolkit(menu, Alive(&component_), [this] { keys_.settle(); });
     if (popup.getNumItems() == 0) return; // the toolkit would not say that it is closed
+    glass_.lift();                        // of a menu that another one follows at once
     keys_.setMenuOpen(true);
     pace_.keepAwake();
     popup.setLookAndFeel(&runtime_.lookAndFeel());
@@ -46,12 +47,16 @@ void MenuPopup::popUp(const Menu& menu, Point at) {
                             .withDeletionCheck(component_)
                             .withTargetScreenArea(component_.localAreaToGlobal(target)),
                         [this, alive = Alive(&component_)](int) {
-                            if (alive) keys_.setMenuOpen(false);
+                            if (!alive) return;
+                            glass_.lift();
+                            scroll_.stop();
+                            keys_.setMenuOpen(false);
                         });
     juce::Component* const shown = component_.getChildComponent(component_.getNumChildComponents() - 1);
     if (shown) shield_.protect(*shown);
     if (menu.standsOnChecked && shown) standOnChecked(*shown, menu, target.getPosition());
-    if (menu.selectsFirst && shown) shown->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
+    scroll_.follow(component_);
+    if (menu.openedByKey) glass_.cover(component_);
 }
 
 void MenuPopup::dismiss() {

@@ -3,6 +3,8 @@
 
 #include "platform/view/Menu.h"
 #include "toolkit/KeyboardFocus.h"
+#include "toolkit/MenuGlass.h"
+#include "toolkit/MenuScroll.h"
 #include "toolkit/MenuShield.h"
 #include "toolkit/RefreshPace.h"
 #include "toolkit/ToolkitRuntime.h"
@@ -29,6 +31,8 @@ private:
     RefreshPace& pace_;
     ToolkitRuntime& runtime_;
     MenuShield shield_;
+    MenuGlass glass_;
+    MenuScroll scroll_;
 };
 
 } // namespace QVM_NAMESPACE

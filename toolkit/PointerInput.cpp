@@ -3,10 +3,21 @@
 #include "platform/view/ToolTipPlacement.h"
 #include "toolkit/EventMapping.h"
 #include "toolkit/NativePeer.h"
+#include "toolkit/ToolkitWorkspace.h"
 
 #include <utility>
 
 namespace QVM_NAMESPACE {
+
+std::optional<juce::Point<float>> PointerInput::placeOnScreen() {
+    if (!hasDisplay()) return std::nullopt;
+    return juce::Desktop::getInstance().getMainMouseSource().getScreenPosition();
+}
+
+bool PointerInput::isWhereItOpened(const juce::MouseEvent& event) const {
+    constexpr float rounding = 2; // points
+    return openedAt_ && openedAt_->getDistanceFrom(event.getScreenPosition().toFloat()) <= rounding;
+}
 
 void PointerInput::send(const juce::MouseEvent& event, EventType type) {
     // The server is asked where the answer counts: moves and drags come too often.
@@ -16,10 +27,22 @@ void PointerInput::send(const juce::MouseEvent& event, EventType type) {
     const Event mapped = mouseEventFrom(event, type, super);
     // The toolkit sends moves of a pointer that rests, too.
     const bool hasMoved = std::exchange(pointer_, mapped.locationInWindow) != mapped.locationInWindow;
-    if (hasMoved) areToolTipsQuiet_ = false;
+    if (hasMoved && !isWhereItOpened(event)) areToolTipsQuiet_ = false;
+    noteUse(type);
     if (hasMoved || type != EventType::mouseMoved) keyboardTip_.hide();
     pace_.keepAwake();
     window_.sendEvent(mapped);
+}
+
+// What is pressed stays in use for as long as it has the pointer, wherever the drag leads meanwhile; who drops it
+// somewhere has not come to see what stands there.
+void PointerInput::noteUse(EventType type) {
+    if (window_.mouseCapture()) return;
+    const View* const under = window_.toolTippedViewAt(pointer_);
+    if (type == EventType::mouseDown || type == EventType::rightMouseDown || type == EventType::mouseUp)
+        used_ = under;
+    else if (type == EventType::mouseExited || under != used_)
+        used_ = nullptr;
 }
 
 // In mid-press: hidden, without the focus of its program, or the button let go where this window was not told of it.
@@ -96,7 +119,9 @@ void PointerInput::up(const juce::MouseEvent& event) {
     const juce::Component::SafePointer<juce::Component> alive(&component_);
     keys_.setPressed(false);
     send(event, EventType::mouseUp);
-    if (alive) keys_.settle();
+    if (!alive) return;
+    noteUse(EventType::mouseUp); // what stands there now: the release may have put it there
+    keys_.settle();
 }
 
 void PointerInput::move(const juce::MouseEvent& event) {
@@ -128,7 +153,7 @@ void PointerInput::wheel(const juce::MouseEvent& event, const juce::MouseWheelDe
 juce::String PointerInput::toolTip() const {
     if (window_.mouseCapture() || areToolTipsQuiet_) return {};
     const View* const view = window_.toolTippedViewAt(pointer_);
-    return view ? juce::String::fromUTF8(view->toolTip().c_str()) : juce::String();
+    return view && view != used_ ? juce::String::fromUTF8(view->toolTip().c_str()) : juce::String();
 }
 
 } // namespace QVM_NAMESPACE

@@ -12,6 +12,7 @@
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <memory>
+#include <optional>
 
 namespace QVM_NAMESPACE {
 
@@ -35,7 +36,9 @@ public:
     // A press may end where nobody tells of it: call now and then. Asks the X server while one goes on.
     void endLostPress();
 
-    // Of the view under the pointer; empty when there is none to show.
+    // Of the view under the pointer; empty when there is none to show, for a window that opened under a pointer which
+    // has rested since, as nobody has come to a view with it, and for a view in which a press began or ended until the
+    // pointer has left it: who has just used it knows what it is, and looks at what it did.
     juce::String toolTip() const;
     // Before and after a key: who types looks at what is typed, and there are no tool tips from the pointer until it is
     // used again, but one from a rest after a key that led to another view.
@@ -48,6 +51,9 @@ public:
     void leave();
 
 private:
+    static std::optional<juce::Point<float>> placeOnScreen();
+    bool isWhereItOpened(const juce::MouseEvent& event) const;
+    void noteUse(EventType type);
     void send(const juce::MouseEvent& event, EventType type);
     bool isPressLost();
     void losePress();
@@ -60,8 +66,10 @@ private:
     KeyboardFocus& keys_;
     RefreshPace& pace_;
     ToolkitRuntime& runtime_;
-    Point pointer_; // where it was last seen, in the window
-    bool areToolTipsQuiet_ = false;
+    Point pointer_;                                                      // where it was last seen, in the window
+    const std::optional<juce::Point<float>> openedAt_ = placeOnScreen(); // where it was then
+    bool areToolTipsQuiet_ = true;
+    const View* used_ = nullptr;              // whose tip waits for the pointer to leave it; compared, never followed
     DelayedCall toolkitRelease_;              // of a button that is up already
     std::unique_ptr<ToolTipWindow> toolTips_; // while the pointer is inside
     KeyboardToolTip keyboardTip_{component_, window_, runtime_};

@@ -5,6 +5,9 @@
 #include "toolkit/Conversions.h"
 #include "toolkit/FaceTypeface.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace QVM_NAMESPACE {
 
 namespace {
@@ -13,12 +16,15 @@ namespace {
 constexpr int menuMargin = 5;                      // above the first item and below the last, and beside all
 constexpr int rowHeight = 18, separatorHeight = 7; // the longest menu fits into the editor
 constexpr int textX = 24, textRight = 20; // from a row's ends; the tick stands before the text, an arrow behind it
+constexpr int longestRow = 240;           // of a row's text; what is longer goes on below
+constexpr int toolkitsGap = 24;           // between a menu and the ends of the window, by the toolkit
 constexpr float tickX = 11, tickSize = 8, arrowSize = 8, signWidth = 1.5f;
 constexpr float frameWidth = 1;
 constexpr float menuTextPoints = 13, tooltipPoints = 12;
 constexpr int tooltipMargin = 7, tooltipBelowPointer = 20;
-constexpr float tooltipWidth = 260;
+constexpr int tooltipWidth = 260; // of its text; less in a window that is not as wide
 constexpr float inactiveAlpha = 0.45f;
+constexpr double opaqueShare = 0.65; // of the part of a menu that has a scrolling arrow
 
 const QVMPalette& palette() {
     return QVMUITheme::theme().palette;
@@ -108,11 +114,26 @@ void ToolkitLookAndFeel::drawPopupMenuItem(juce::Graphics& g, const juce::Rectan
     const float middle = row.toFloat().getCentreY();
     if (isTicked) drawSign(g, tick({static_cast<float>(area.getX()) + tickX + tickSize / 4, middle}));
     if (hasSubMenu) drawSign(g, arrowHead({static_cast<float>(row.getRight()) - arrowSize, middle}, {1, 0}));
+    const juce::Rectangle<int> room = area.withTrimmedLeft(textX).withTrimmedRight(textRight);
     g.setFont(getPopupMenuFont());
-    g.drawText(text, area.withTrimmedLeft(textX).withTrimmedRight(textRight), juce::Justification::centredLeft, true);
+    if (area.getHeight() <= rowHeight || getPopupMenuFont().getStringWidth(text) <= room.getWidth())
+        return g.drawText(text, room, juce::Justification::centredLeft, true);
+    const juce::TextLayout lines =
+        layOutRow(text, room.getWidth(), toToolkit(ink.withAlpha(isActive ? 1 : inactiveAlpha)));
+    lines.draw(g, room.toFloat().withSizeKeepingCentre(static_cast<float>(room.getWidth()), lines.getHeight()));
 }
 
+// The arrow stands over a row that is cut by the menu's end: the row fades away below it.
 void ToolkitLookAndFeel::drawPopupMenuUpDownArrow(juce::Graphics& g, int width, int height, bool isScrollUpArrow) {
+    const juce::Rectangle<int> zone = juce::Rectangle<int>(width, height).reduced(menuMargin, 0);
+    const float edge = static_cast<float>(isScrollUpArrow ? 0 : height), inner = static_cast<float>(height) - edge;
+    const juce::Colour ground = toToolkit(palette().menu);
+    juce::ColourGradient fade(ground, 0, edge, ground.withAlpha(0.0f), 0, inner, false);
+    fade.addColour(opaqueShare, ground);
+    g.setGradientFill(fade);
+    g.fillRect(zone);
+    g.setColour(toToolkit(palette().menuBorder));
+    g.fillRect(zone.withHeight(1).withY(isScrollUpArrow ? 0 : height - 1)); // the frame's line, which a row can hide
     g.setColour(toToolkit(palette().menuText));
     drawSign(g,
              arrowHead(juce::Rectangle<int>(width, height).toFloat().getCentre(), {0, isScrollUpArrow ? -1.0f : 1.0f}));
@@ -124,17 +145,40 @@ void ToolkitLookAndFeel::getIdealPopupMenuItemSize(const juce::String& text, boo
     width = isSeparator ? 0 : textX + textRight + getPopupMenuFont().getStringWidth(text) + 1;
 }
 
-juce::TextLayout ToolkitLookAndFeel::layOutTooltip(const juce::String& text) const {
+void ToolkitLookAndFeel::getIdealPopupMenuItemSizeWithOptions(const juce::String& text, bool isSeparator,
+                                                              int standardHeight, int& width, int& height,
+                                                              const juce::PopupMenu::Options& options) {
+    getIdealPopupMenuItemSize(text, isSeparator, standardHeight, width, height);
+    int room = longestRow;
+    if (const juce::Component* const window = options.getParentComponent())
+        room = std::min(room, window->getWidth() - toolkitsGap - 4 * menuMargin - textX - textRight);
+    if (isSeparator || room <= 0 || width <= textX + textRight + room + 1) return;
+    const juce::TextLayout lines = layOutRow(text, room, {});
+    width = textX + textRight + room;
+    height += static_cast<int>(std::ceil(lines.getHeight() * static_cast<float>(lines.getNumLines() - 1) /
+                                         static_cast<float>(lines.getNumLines())));
+}
+
+juce::TextLayout ToolkitLookAndFeel::layOutRow(const juce::String& text, int width, juce::Colour ink) {
+    juce::AttributedString styled;
+    styled.append(text, getPopupMenuFont(), ink);
+    juce::TextLayout layout;
+    layout.createLayout(styled, static_cast<float>(width));
+    return layout;
+}
+
+juce::TextLayout ToolkitLookAndFeel::layOutTooltip(const juce::String& text, int width) const {
     juce::AttributedString styled;
     styled.append(text, juce::Font().withPointHeight(tooltipPoints), toToolkit(palette().menuText));
     juce::TextLayout layout;
-    layout.createLayout(styled, tooltipWidth); // balanced, short lines would make long ones wrap
+    layout.createLayout(styled, static_cast<float>(width)); // balanced, short lines would make long ones wrap
     return layout;
 }
 
 juce::Rectangle<int> ToolkitLookAndFeel::getTooltipBounds(const juce::String& text, juce::Point<int> pointer,
                                                           juce::Rectangle<int> parent) {
-    const juce::TextLayout layout = layOutTooltip(text);
+    const juce::TextLayout layout =
+        layOutTooltip(text, std::min(tooltipWidth, parent.getWidth() - 2 * tooltipMargin - 1));
     const int width = static_cast<int>(layout.getWidth()) + 2 * tooltipMargin + 1;
     const int height = static_cast<int>(layout.getHeight()) + 2 * tooltipMargin;
     return juce::Rectangle<int>(pointer.x, pointer.y + tooltipBelowPointer, width, height).constrainedWithin(parent);
@@ -142,7 +186,8 @@ juce::Rectangle<int> ToolkitLookAndFeel::getTooltipBounds(const juce::String& te
 
 void ToolkitLookAndFeel::drawTooltip(juce::Graphics& g, const juce::String& text, int width, int height) {
     drawFrame(g, width, height, radii::mark);
-    layOutTooltip(text).draw(g, juce::Rectangle<int>(width, height).reduced(tooltipMargin).toFloat());
+    const juce::Rectangle<int> inside = juce::Rectangle<int>(width, height).reduced(tooltipMargin);
+    layOutTooltip(text, inside.getWidth()).draw(g, inside.toFloat());
 }
 
 } // namespace QVM_NAMESPACE

@@ -26,6 +26,10 @@ public:
     void drawPopupMenuUpDownArrow(juce::Graphics& g, int width, int height, bool isScrollUpArrow) override;
     void getIdealPopupMenuItemSize(const juce::String& text, bool isSeparator, int standardHeight, int& width,
                                    int& height) override;
+    // What is too long for a menu, or for the window that the menu stands in, goes on in another line.
+    void getIdealPopupMenuItemSizeWithOptions(const juce::String& text, bool isSeparator, int standardHeight,
+                                              int& width, int& height,
+                                              const juce::PopupMenu::Options& options) override;
     // The toolkit would fill it with white where the desktop has no windows that can be seen through.
     void preparePopupMenuWindow(juce::Component& menu) override { menu.setOpaque(false); }
     // The toolkit would draw a second frame inside a menu that stands in a window.
@@ -35,7 +39,9 @@ public:
                                           juce::Rectangle<int> parent) override;
 
 private:
-    juce::TextLayout layOutTooltip(const juce::String& text) const;
+    // In lines of at most `width` points, of the theme's colour.
+    juce::TextLayout layOutTooltip(const juce::String& text, int width) const;
+    juce::TextLayout layOutRow(const juce::String& text, int width, juce::Colour ink);
 
     FaceLibrary& faces_;
 };

@@ -6,6 +6,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <utility>
 #include <vector>
 
 namespace QVM_NAMESPACE {
@@ -35,21 +37,29 @@ bool isInstalled(const char* program) {
 
 // Starts an opener that goes on by itself: the shell ends at once, so that nothing is left to wait for. The address is
 // an argument all the way, never part of what a shell reads; and none of the host's files are left open in the browser.
-bool startInBackground(const Opener& opener, const std::string& address) {
-    std::vector<const char*> arguments = {"sh", "-c", "\"$@\" >/dev/null 2>&1 </dev/null &", "sh", opener.program};
+// The end of a pipe into which a byte comes if the opener fails (OpenerWatch), or nothing where it was not started.
+std::optional<int> startInBackground(const Opener& opener, const std::string& address) {
+    static constexpr const char* script = "{ \"$@\" 3>&- || echo >&3; } >/dev/null 2>&1 </dev/null &";
+    constexpr int shellsPipe = STDERR_FILENO + 1; // as the script calls it
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return std::nullopt;
+    std::vector<const char*> arguments = {"sh", "-c", script, "sh", opener.program};
     if (opener.verb) arguments.push_back(opener.verb);
     arguments.insert(arguments.end(), {address.c_str(), nullptr});
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
+    posix_spawn_file_actions_adddup2(&files, ends[1], shellsPipe);
+    posix_spawn_file_actions_addclosefrom_np(&files, shellsPipe + 1);
     pid_t shell = 0;
     const int error =
         posix_spawn(&shell, "/bin/sh", &files, nullptr, const_cast<char* const*>(arguments.data()), environ);
     posix_spawn_file_actions_destroy(&files);
-    if (error != 0) return false;
-    int status = 0;
-    while (waitpid(shell, &status, 0) < 0 && errno == EINTR) {}
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    close(ends[1]);
+    int status = 0; // stays so where the host takes notice of its children itself
+    while (error == 0 && waitpid(shell, &status, 0) < 0 && errno == EINTR) {}
+    if (error == 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0) return ends[0];
+    close(ends[0]);
+    return std::nullopt;
 }
 
 } // namespace
@@ -81,17 +91,24 @@ bool isWebAddress(const std::string& address) {
     return isWeb && std::all_of(address.begin(), address.end(), [](char c) { return c > ' ' && c < 127; });
 }
 
-bool ToolkitWorkspace::openUrl(const std::string& address) {
-    if (!isWebAddress(address)) {
-        logLine("browser: not a web address: " + address);
-        return false;
-    }
-    const std::string target = installedManualPage(address).value_or(address);
+std::optional<std::string> ToolkitWorkspace::fileOpenedFor(const std::string& address) {
+    return installedManualPage(address);
+}
+
+void ToolkitWorkspace::openUrl(const std::string& address, std::function<void()> ifItFails) {
+    const auto fail = [ifItFails = std::move(ifItFails)](const std::string& why) {
+        logLine("browser: " + why);
+        if (ifItFails) ifItFails();
+    };
+    if (!isWebAddress(address)) return fail("not a web address: " + address);
+    const std::string target = fileOpenedFor(address).value_or(address);
     for (const Opener& opener : openers) {
-        if (isInstalled(opener.program) && startInBackground(opener, target)) return true;
+        const auto pipe = isInstalled(opener.program) ? startInBackground(opener, target) : std::nullopt;
+        if (!pipe) continue;
+        return opener_.watch(*pipe,
+                             [fail, target, opener] { fail(std::string(opener.program) + " can't open " + target); });
     }
-    logLine("browser: no program to open " + target);
-    return false;
+    fail("no program to open " + target);
 }
 
 } // namespace QVM_NAMESPACE

@@ -3,6 +3,7 @@
 
 #include "platform/system/Workspace.h"
 #include "toolkit/ClipboardText.h"
+#include "toolkit/OpenerWatch.h"
 
 #include <cstddef>
 
@@ -16,10 +17,12 @@ public:
     std::optional<std::string> clipboardString() override;
     void setClipboardString(const std::string& text) override;
     // The manual's address opens the manual that was installed, where there is one.
-    bool openUrl(const std::string& address) override;
+    void openUrl(const std::string& address, std::function<void()> ifItFails) override;
+    std::optional<std::string> fileOpenedFor(const std::string& address) override;
 
 private:
     ClipboardText clipboard_;
+    OpenerWatch opener_;
 };
 
 // Whether the toolkit has a screen to show anything on. Without one its clipboard waits for an answer that can't come,

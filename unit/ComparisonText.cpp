@@ -26,7 +26,7 @@ std::string comparisonTextOf(std::string_view text, std::size_t savedCount) {
     if (text.empty() || values != savedCount) return std::string(text);
     std::string side(firstElements(text, std::min<std::size_t>(savedCount, QVMParameterCount)));
     for (std::size_t pid = savedCount; pid < QVMParameterCount; ++pid)
-        side += ShortestText(tables::Parameters()[pid].initialValue) + separator;
+        side += ShortestText(tables::kParameters[pid].initialValue) + separator;
     return side.append(text.substr(firstElements(text, savedCount).size()));
 }
 

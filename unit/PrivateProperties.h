@@ -12,7 +12,7 @@
 namespace QVM_NAMESPACE {
 
 enum QVMPrivateProperty : AudioUnitPropertyID {
-    kQVMProperty_InterfacePreference = 64003, // set: one byte, the preference's boolean value
+    kQVMProperty_InterfacePreference = 64003, // set: one byte, whether the preference told of is other than 0
     kQVMProperty_PresetName = 64004,          // set, get: const std::string*
     kQVMProperty_InputChannels = 64005,       // get: unsigned 32-bit
     kQVMProperty_OutputChannels = 64006,      // get: unsigned 32-bit

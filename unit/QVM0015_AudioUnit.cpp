@@ -130,9 +130,9 @@ bool QVM0015_AudioUnit::choosePreset(std::int32_t index) {
 }
 
 OSStatus QVM0015_AudioUnit::setPresetName(const std::string* name) {
-    const std::int32_t was = presetIndex();
+    const std::string was = settings_.saved().presetName;
     const OSStatus status = settings_.setPresetName(name);
-    if (status == noErr && presetIndex() != was && presetNameHandler_) presetNameHandler_();
+    if (status == noErr && *name != was && presetNameHandler_) presetNameHandler_();
     return status;
 }
 

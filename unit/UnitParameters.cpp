@@ -13,7 +13,7 @@ static_assert(std::atomic<float>::is_always_lock_free);
 
 UnitParameters::Values UnitParameters::initialValues() {
     Values all{};
-    for (const tables::ParameterRow& row : tables::Parameters())
+    for (const tables::ParameterRow& row : tables::kParameters)
         all[row.pid] = ShownValueToHostValue(row.pid, row.initialValue);
     return all;
 }

@@ -8,11 +8,8 @@ namespace QVM_NAMESPACE {
 UnitPresets::UnitPresets() {
     for (std::int64_t index = 0; const auto preset = PresetIndexToPresetValues(index); ++index) {
         Values& values = presets_.emplace_back();
-        auto next = preset->begin();
-        for (std::uint32_t pid = 0; pid < UnitParameters::count; ++pid) {
-            const QVMParameter& parameter = *GetParameter(pid);
-            if (!parameter.presetWildcard) values[pid] = parameter.reverseCastValue(*next++);
-        }
+        for (const auto& [pid, value] : ValuesThatPresetSets(*preset))
+            values[pid] = GetParameter(pid)->reverseCastValue(value);
     }
 }
 

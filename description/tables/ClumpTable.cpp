@@ -74,7 +74,7 @@ std::span<const ClumpRow> Clumps() {
 
 std::vector<ParameterID> PidsOfClump(std::uint32_t cid) {
     std::vector<ParameterID> pids;
-    for (const ParameterRow& row : Parameters())
+    for (const ParameterRow& row : kParameters)
         if (row.cid == cid) pids.push_back(row.pid);
     return pids;
 }

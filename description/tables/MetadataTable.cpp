@@ -14,7 +14,7 @@ std::vector<std::string> ParameterOrder() {
     std::vector<std::string> order;
     for (const ClumpRow& clump : Clumps())
         for (const ParameterID pid : PidsOfClump(clump.cid))
-            order.emplace_back(Parameters()[pid].codesafeName);
+            order.emplace_back(kParameters[pid].codesafeName);
     return order;
 }
 

@@ -58,6 +58,8 @@ static_assert(kTiltPanel.width == kFilterPanel.width);
 constexpr QVMRect kNumberControl = {0, 16, 80, 44};
 constexpr QVMRect kNumberLabel = {0, 0, 80, 13};
 
+} // namespace
+
 // The link switches and ratios of the two frequency ranges carry the range of the frequencies beside them.
 // clang-format off
 constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
@@ -199,6 +201,8 @@ constexpr std::array<ParameterRow, QVMParameterCount> kParameters = {{
 }};
 // clang-format on
 
+namespace {
+
 constexpr bool rowsAreCompleteAndAtTheirPids() {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
         if (kParameters[pid].pid != pid || *kParameters[pid].purpose == 0) return false;
@@ -207,10 +211,6 @@ constexpr bool rowsAreCompleteAndAtTheirPids() {
 static_assert(rowsAreCompleteAndAtTheirPids());
 
 } // namespace
-
-std::span<const ParameterRow, QVMParameterCount> Parameters() {
-    return kParameters;
-}
 
 } // namespace tables
 } // namespace QVM_NAMESPACE

@@ -8,6 +8,7 @@
 #include "description/ParameterTypes.h"
 #include "description/Types.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -96,11 +97,12 @@ struct ParameterRow {
     constexpr bool logarithmic() const { return scale == Scale::tiltFrequency || scale == Scale::filterFrequency; }
 };
 
-// In pid order, one row for every pid. The table lives as long as the process; any thread.
-std::span<const ParameterRow, QVMParameterCount> Parameters();
+// In pid order, one row for every pid. A constant that lives as long as the process; any thread. It stands here by name
+// because every value that is mapped or written out looks up its row: a call for it would cost as much as the mapping.
+extern const std::array<ParameterRow, QVMParameterCount> kParameters;
 // Null for a parameter that does not exist.
 inline const ParameterRow* ParameterRowFor(std::uint32_t pid) {
-    return pid < QVMParameterCount ? &Parameters()[pid] : nullptr;
+    return pid < kParameters.size() ? &kParameters[pid] : nullptr;
 }
 
 } // namespace tables

@@ -77,7 +77,7 @@ void FillValues(QVMParameter& parameter, const ParameterRow& row) {
 // One end of a range: it keeps an octave from its partner, and from where the partner would have no octave left.
 void FillRange(QVMParameter& parameter, const ParameterRow& row) {
     const bool low = row.end == RangeEnd::low;
-    const char* const partner = Parameters()[*row.partner].codesafeName;
+    const char* const partner = kParameters[*row.partner].codesafeName;
     std::vector<QVMRangeSettings::Entry> entries;
     entries.emplace_back(low ? "low" : "high", true);
     entries.emplace_back("func", std::string(low ? "max" : "min"));
@@ -97,7 +97,7 @@ std::string ImageText(const char* base64) {
 }
 
 void FillParameter(QVMParameter& parameter, std::uint32_t pid) {
-    const ParameterRow& row = Parameters()[pid];
+    const ParameterRow& row = kParameters[pid];
     FillIdentity(parameter, row);
     FillControl(parameter, row);
     FillValues(parameter, row);

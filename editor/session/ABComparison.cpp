@@ -3,9 +3,9 @@
 #include "description/NumberText.h"
 #include "description/ValueMapping.h"
 #include "editor/session/PresetSession.h"
+#include "presets/PresetName.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
@@ -18,30 +18,8 @@ float numberFrom(std::string_view text) {
     return read && std::isfinite(read->value) ? read->value : 0;
 }
 
-// A decimal number that reads back as the same value.
-std::string numberText(float value) {
-    std::array<char, 64> digits;
-    return {digits.data(),
-            std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed).ptr};
-}
-
-// A name within a text whose elements end at ";".
-std::string escaped(std::string_view name) {
-    std::string text;
-    for (const char c : name)
-        text += c == ';' ? "%3B" : c == '%' ? "%25" : std::string(1, c);
-    return text;
-}
-
-std::string unescaped(std::string_view text) {
-    std::string name;
-    while (!text.empty()) {
-        const bool isSemicolon = text.starts_with("%3B"), isPercent = text.starts_with("%25");
-        name += isSemicolon ? ';' : text.front();
-        text.remove_prefix(isSemicolon || isPercent ? 3 : 1);
-    }
-    return name;
-}
+// What ends an element of the text, and so cannot stand in a name there.
+constexpr std::string_view kElementEnd = ";";
 
 } // namespace
 
@@ -99,17 +77,17 @@ std::uint32_t ABComparison::presetIn(const std::vector<float>& slot) {
 std::string ABComparison::settingsText(const std::vector<float>& slot) const {
     std::string text;
     for (std::uint32_t pid = 0; pid < values_.count(); ++pid)
-        text += numberText(slot[pid]) + ';';
+        text += ShortestFloatText(slot[pid]) + ';';
     const PresetList& list = presets_.list();
     const std::uint32_t preset = presetIn(slot);
-    if (!list.isUsers(preset)) return text + numberText(slot.back());
-    return text + std::to_string(list.noPreset()) + ' ' + escaped(list.savedName(preset));
+    if (!list.isUsers(preset)) return text + ShortestFloatText(slot.back());
+    return text + std::to_string(list.noPreset()) + ' ' + withEscapes(list.savedName(preset), kElementEnd);
 }
 
 std::uint32_t ABComparison::presetFrom(std::string_view element) {
     PresetList& list = presets_.list();
     const std::size_t blank = element.find(' ');
-    if (blank != std::string_view::npos) return list.indexOfSaved(unescaped(element.substr(blank + 1)));
+    if (blank != std::string_view::npos) return list.indexOfSaved(withoutEscapes(element.substr(blank + 1)));
     const auto index = static_cast<std::uint32_t>(std::max(IntegerPart(numberFrom(element)), 0));
     return std::min(index, list.noPreset());
 }

@@ -3,33 +3,12 @@
 #include "description/Presets.h"
 #include "editor/session/MakerSite.h"
 #include "presets/PresetName.h"
+#include "presets/PresetValues.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 namespace QVM_NAMESPACE {
-
-namespace {
-
-constexpr std::string_view users = "User: ";
-
-// What is sent for an entry of an address; no number where it leaves its parameter.
-float valueFor(const QVMParameter& parameter, const SettingsEntry* entry) {
-    if (!entry) return parameter.initialValue;
-    return entry->value ? settingsValueFor(parameter, *entry->value) : std::numeric_limits<float>::quiet_NaN();
-}
-
-// A file may call a parameter by either of its names; the later one counts.
-const SettingsEntry* entryFor(const QVMParameter& parameter, const UserPreset& preset, const QVMConfig& config) {
-    const auto found = std::find_if(preset.settings.rbegin(), preset.settings.rend(), [&](const SettingsEntry& entry) {
-        return config.parameterForCodename(entry.key) == &parameter;
-    });
-    return found == preset.settings.rend() ? nullptr : &*found;
-}
-
-} // namespace
 
 PresetList::PresetList(const QVMConfig& config)
     : config_(config), user_(config, config.metadata ? settingsBaseAddress(makerSite, *config.metadata) : "") {}
@@ -51,7 +30,7 @@ std::uint32_t PresetList::indexOfUsers(const std::string& name) {
 }
 
 std::string PresetList::savedName(std::uint32_t index) const {
-    return isUsers(index) ? std::string(users) + nameOf(index) : nameOf(index);
+    return isUsers(index) ? savedUsersName(nameOf(index)) : nameOf(index);
 }
 
 std::uint32_t PresetList::indexOfSaved(const std::string& savedName) {
@@ -59,8 +38,7 @@ std::uint32_t PresetList::indexOfSaved(const std::string& savedName) {
         const std::vector<std::string>& names = config_.presets->stringValues;
         const auto found = std::ranges::find(names, savedName);
         if (found != names.end()) return static_cast<std::uint32_t>(found - names.begin());
-        const std::string name = savedName.starts_with(users) ? savedName.substr(users.size()) : std::string();
-        if (isPresetName(name)) return indexOfUsers(name);
+        if (const auto name = usersNameIn(savedName); name && isPresetName(*name)) return indexOfUsers(*name);
     }
     return noPreset();
 }
@@ -69,7 +47,7 @@ std::optional<std::vector<float>> PresetList::valuesOf(std::uint32_t index) {
     if (!isUsers(index)) return PresetIndexToPresetValues(index);
     if (!user_.wasRefreshed()) user_.refresh();
     const UserPresetEntry* const entry = user_.find(nameOf(index));
-    return entry ? std::optional(valuesFrom(entry->preset)) : std::nullopt;
+    return entry ? std::optional(presetValues(entry->preset, config_)) : std::nullopt;
 }
 
 std::string PresetList::reasonAgainst(std::uint32_t index) const {
@@ -77,16 +55,6 @@ std::string PresetList::reasonAgainst(std::uint32_t index) const {
         return !entry.problem.empty() && entry.preset.name == nameOf(index);
     });
     return damaged == user_.entries().end() ? "its file is gone" : damaged->problem;
-}
-
-std::vector<float> PresetList::valuesFrom(const UserPreset& preset) const {
-    std::vector<float> values;
-    for (std::uint32_t pid = 0; pid < static_cast<std::uint32_t>(config_.numParameters); ++pid) {
-        const QVMParameter* const parameter = config_.parameterForPid(pid);
-        if (parameter && !parameter->presetWildcard)
-            values.push_back(valueFor(*parameter, entryFor(*parameter, preset, config_)));
-    }
-    return values;
 }
 
 std::uint32_t PresetList::following(std::uint32_t index, bool forward) {

@@ -54,7 +54,6 @@ public:
 
 private:
     std::optional<std::uint32_t> usersFollowing(const std::optional<std::string>& name, bool forward);
-    std::vector<float> valuesFrom(const UserPreset& preset) const;
 
     const QVMConfig& config_;
     UserPresets user_;

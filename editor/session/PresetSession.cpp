@@ -1,10 +1,10 @@
 #include "editor/session/PresetSession.h"
 
 #include "description/ParameterIDs.h"
+#include "description/Presets.h"
 #include "description/ValueMapping.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -54,13 +54,8 @@ void PresetSession::choose(std::uint32_t index) {
 }
 
 void PresetSession::apply(std::span<const float> presetValues) {
-    auto next = presetValues.begin();
-    for (std::uint32_t pid = 0; pid < values_.count() && next != presetValues.end(); ++pid) {
-        const QVMParameter* parameter = config_.parameterForPid(pid);
-        if (!parameter || parameter->presetWildcard) continue;
-        const float value = *next++;
-        if (!std::isnan(value)) values_.send(pid, value);
-    }
+    for (const auto& [pid, value] : ValuesThatPresetSets(presetValues))
+        values_.send(pid, value);
 }
 
 void PresetSession::announce() const {
@@ -70,9 +65,9 @@ void PresetSession::announce() const {
 // The master switch is never in it, as in an address that is shared.
 std::vector<SettingsEntry> PresetSession::presentSettings() const {
     std::vector<SettingsEntry> settings;
-    for (std::uint32_t pid = 0; pid < values_.count(); ++pid) {
+    for (const std::uint32_t pid : PresetPids()) {
         const QVMParameter* const parameter = config_.parameterForPid(pid);
-        if (!parameter || parameter->presetWildcard || pid == pidMasterOnOff) continue;
+        if (!parameter || pid == pidMasterOnOff) continue;
         if (values_.memoized(pid) != parameter->initialValue)
             settings.push_back({settingsKeyFor(*parameter), values_.memoized(pid)});
     }
@@ -92,6 +87,10 @@ bool PresetSession::removeCurrent() {
     return list_.isUsers(current_) && listDidChange(list_.user().remove(list_.nameOf(current_)), "Not deleted");
 }
 
+bool PresetSession::removeDamaged(const std::string& fileName) {
+    return listDidChange(list_.user().removeDamaged(fileName), "Not deleted");
+}
+
 void PresetSession::putBackRemoved() {
     listDidChange(list_.user().putBack(), "Not put back");
 }
@@ -107,16 +106,11 @@ bool PresetSession::listDidChange(const PresetOutcome& outcome, const char* what
 
 bool PresetSession::isDirty() {
     const auto wantedValues = list_.valuesOf(current_);
-    if (!wantedValues) return true;
-    auto next = wantedValues->begin();
-    for (std::uint32_t pid = 0; pid < values_.count(); ++pid) {
-        const QVMParameter* parameter = config_.parameterForPid(pid);
-        if (!parameter || parameter->presetWildcard) continue;
-        if (next == wantedValues->end()) return true;
-        const float wanted = *next++; // no number: any value will do
-        if (!std::isnan(wanted) && !equals(*parameter, wanted)) return true;
-    }
-    return next != wantedValues->end();
+    if (!wantedValues || wantedValues->size() != PresetPids().size()) return true;
+    return std::ranges::any_of(ValuesThatPresetSets(*wantedValues), [this](const QVMPresetValue& wanted) {
+        const QVMParameter* const parameter = config_.parameterForPid(wanted.pid);
+        return parameter && !equals(*parameter, wanted.value);
+    });
 }
 
 // A preset of the user's may hold a value that is not on the fine step, and a session gives back what the unit made of

@@ -47,9 +47,10 @@ public:
 
     // The present values as a preset of the user's, which becomes the current one. Nothing happens unless it is done.
     PresetOutcome saveAs(const std::string& name, ExistingFile existing);
-    // Takes the file of the current preset away, if it is the user's; its name stays the current one. And brings back
-    // what was taken away last. Why it cannot be is told. True once it is gone.
+    // Takes the file of the current preset away, if it is the user's; its name stays the current one. Or a damaged
+    // file. And brings back what was taken away last. Why it cannot be is told. True once it is gone.
     bool removeCurrent();
+    bool removeDamaged(const std::string& fileName);
     void putBackRemoved();
     // Why something with a preset of the user's was not done, one line each.
     void tellRefusal(const std::string& what, const std::string& why) { surface_.presetWasRefused(what, why); }

@@ -1,5 +1,6 @@
 #include "editor/session/SettingsClipboard.h"
 
+#include "description/Blanks.h"
 #include "description/ParameterIDs.h"
 #include "editor/session/MakerSite.h"
 #include "platform/system/Log.h"

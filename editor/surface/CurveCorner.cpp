@@ -45,6 +45,10 @@ CurveCorner::CurveCorner(const Rect& frame, const QVMParameter& parameter)
         false);
 }
 
+double CurveCorner::shownRadius(Shape shape) {
+    return shape == Shape::disc ? discRadius + kRim : discRadius;
+}
+
 void CurveCorner::setLook(Shape shape, Color ground) {
     shape_ = shape;
     ground_ = ground;

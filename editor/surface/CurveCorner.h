@@ -34,7 +34,7 @@ public:
 class CurveCorner final : public QVMFloatControl, public QVMTransientBufferDisplay {
 public:
     // Of the view, points; what is seen is smaller, and in its middle.
-    static constexpr double hitSize = 20, discRadius = 4;
+    static constexpr double hitSize = 24, discRadius = 4;
 
     CurveCorner(const Rect& frame, const QVMParameter& parameter);
 
@@ -42,6 +42,8 @@ public:
     void setSite(CurveCornerSite& site) { site_ = &site; }
     // A tilt's is a disc, a filter's a ring; `ground` is what the curve stands on.
     enum class Shape : bool { disc, ring };
+    // Of all that is drawn of it at rest, points.
+    static double shownRadius(Shape shape);
     void setLook(Shape shape, Color ground);
     // Of a filter that is off: fainter.
     void setOff(bool off);

@@ -22,8 +22,8 @@ constexpr double kGridStep = 6;   // dB
 constexpr std::array kDecades = {10.0, 100.0, 1000.0, 10000.0};
 constexpr std::array kBetween = {20.0, 50.0, 200.0, 500.0, 2000.0, 5000.0, 20000.0};
 
-double widthOf(const std::string& text) {
-    return std::ceil(sizeOf(AttributedString(text, curveMarkFont(), {})).width);
+double roomFor(const std::string& text) {
+    return std::ceil(widthOf(text, curveMarkFont()));
 }
 
 // Whether a mark would touch another, or come too near for both to be read.
@@ -41,7 +41,7 @@ void addGroup(const CurveScale& scale, std::span<const double> frequencies, std:
     std::vector<CurveMark> all = marks;
     for (const double hertz : frequencies) {
         const std::string text = shortFrequencyText(hertz);
-        const double width = widthOf(text), x = scale.xOf(hertz);
+        const double width = roomFor(text), x = scale.xOf(hertz);
         const Rect box = {std::round(x - width / 2), scale.size.height - kAboveFloor - curveMarkHeight, width,
                           curveMarkHeight};
         if (box.x < kEdge || box.maxX() > scale.size.width - kEdge) continue;
@@ -71,16 +71,20 @@ std::vector<CurveMark> levelMarks(const CurveScale& scale, std::span<const float
     if (scale.isEmpty()) return marks;
     const double spacing = scale.yOf(0) - scale.yOf(kGridStep);
     const int stride = std::max(1, static_cast<int>(std::ceil((curveMarkHeight + 2 * kAboveLine) / spacing)));
+    std::vector<Rect> obstacles(keptFree.begin(), keptFree.end()); // from the left, as a mark moves
+    std::ranges::sort(obstacles, {}, &Rect::x);
     const double highest = kEdge, lowest = scale.size.height - kAboveFloor - curveMarkHeight - kEdge;
     for (const float level : levels) {
         const auto step = static_cast<int>(std::lround((level - reference) / kGridStep));
         const double line = scale.yOf(level);
         if (step % stride != 0 || line < 0 || line > scale.size.height) continue;
         const std::string text = gridLevelText(step * static_cast<int>(kGridStep));
-        const double width = widthOf(text);
+        const double width = roomFor(text);
         // Above its line, or below it where that has no room.
         for (const double y : {line - kAboveLine - curveMarkHeight, line + kAboveLine}) {
-            const Rect box = {kLeft, std::round(y), width, curveMarkHeight};
+            Rect box = {kLeft, std::round(y), width, curveMarkHeight};
+            for (const Rect& kept : obstacles)
+                if (kept.intersects(box)) box.x = std::ceil(kept.maxX());
             const bool isInside = box.y >= highest && box.maxY() <= lowest && box.maxX() <= scale.size.width - kEdge;
             const bool isFree =
                 std::none_of(keptFree.begin(), keptFree.end(), [&](const Rect& kept) { return kept.intersects(box); });

@@ -25,7 +25,8 @@ inline constexpr double curveMarkHeight = 8, curveMarkGap = 5;
 // The decades, and two more in each where all of those have room.
 std::vector<CurveMark> frequencyMarks(const CurveScale& scale);
 // Of the levels (dB on the curve's own axis) where lines are drawn, told over the reference one. Where lines are too
-// near to each other it is every second of them, or third, counted from the reference.
+// near to each other it is every second of them, or third, counted from the reference. What stands where a level would
+// be told moves it to its right.
 std::vector<CurveMark> levelMarks(const CurveScale& scale, std::span<const float> levels, float reference,
                                   std::span<const Rect> keptFree);
 

@@ -30,7 +30,7 @@ void CurveMarks::setColor(Color color) {
             shown->setString({text, curveMarkFont(), color});
 }
 
-void CurveMarks::follow(const QVMFreqResp& display, const Rect& keptFree) {
+void CurveMarks::follow(const QVMFreqResp& display, const std::vector<Rect>& keptFree) {
     const CurveScale scale(display);
     const double pixels = layer_->look().contentsScale();
     if (scale.size != scale_.size || pixels != pixels_) {
@@ -48,8 +48,7 @@ void CurveMarks::follow(const QVMFreqResp& display, const Rect& keptFree) {
     std::vector<float> levels = display.gridLevels();
     levels.push_back(reference_);
     std::sort(levels.begin(), levels.end());
-    const std::array kept = {keptFree};
-    levels_ = levelMarks(scale, levels, reference_, kept);
+    levels_ = levelMarks(scale, levels, reference_, keptFree);
     show(levels_, levelTexts_);
 }
 

@@ -24,8 +24,8 @@ public:
     const std::shared_ptr<Layer>& layer() const { return layer_; }
     void setColor(Color color);
 
-    // Where the display's grid and frequencies are now. The box is to be kept free, whatever stands there.
-    void follow(const QVMFreqResp& display, const Rect& keptFree);
+    // Where the display's grid and frequencies are now. The boxes are to be kept free of levels.
+    void follow(const QVMFreqResp& display, const std::vector<Rect>& keptFree);
     // Hides the marks that something over the curve would cut; empty boxes hide none.
     void giveWayTo(std::vector<Rect> boxes);
 
@@ -46,7 +46,7 @@ private:
     CurveScale scale_;      // that the frequencies stand on
     CurveScale levelScale_; // and the levels; the next two are theirs as well
     float reference_ = 0;   // dB
-    Rect keptFree_;
+    std::vector<Rect> keptFree_;
     double pixels_ = 0; // a point, for which the ticks are drawn
     Color color_;
     std::vector<Rect> over_; // what marks give way to

@@ -1,12 +1,13 @@
 #include "editor/surface/CurveNumbers.h"
 
 #include "controls/ControlClasses.h"
+#include "editor/surface/CornerPlaces.h"
 #include "editor/surface/CurveReading.h"
 #include "editor/surface/CurveTexts.h"
 #include "editor/surface/FrameButton.h"
 #include "editor/surface/NearestNote.h"
 #include "editor/surface/ParameterControls.h"
-#include "editor/surface/ScaleGrip.h"
+#include "platform/view/Window.h"
 #include "response/ResponseModel.h"
 #include "viz/sketches/QVM0015GLSketch.h"
 #include "viz/sketches/QVMParameterSketch.h"
@@ -28,30 +29,13 @@ constexpr struct {
                 {pidFilterRangeLow, CurveCorner::Shape::ring},
                 {pidFilterRangeHigh, CurveCorner::Shape::ring}};
 
-// Points that a corner stays away from the edges; below it is where the editor's own corner is dragged.
-constexpr double kSide = 8, kTop = 8, kBottom = CurveCorner::hitSize / 2 + ScaleGrip::size.height + ScaleGrip::inset;
-constexpr double kApart = 2 * CurveCorner::discRadius + 6; // points between the middles of two corners
 constexpr float kMarkAlpha = 0.7f;
 constexpr double kPowerOffAlpha = 0.5;
+constexpr double kMarkGap = 2; // points between a corner and a mark
 
 // A filter whose corner is at its end of the band is off.
 bool isOff(CurveCorner::Shape shape, double hertz) {
     return shape == CurveCorner::Shape::ring && (hertz <= model::lowestHertz || hertz >= model::highestHertz);
-}
-
-// The button in the corner has its place for itself.
-Point below(Point center, const Rect& button) {
-    constexpr double reach = CurveCorner::discRadius + 2;
-    if (!button.insetBy(-reach, -reach).contains(center)) return center;
-    return {center.x, button.maxY() + reach};
-}
-
-// Moves `center` up or down until it is clear of `other`; down, where there is room.
-Point clearOf(Point center, Point other, double lowest) {
-    const double dx = center.x - other.x, dy = center.y - other.y;
-    if (std::hypot(dx, dy) >= kApart) return center;
-    const double reach = std::sqrt(kApart * kApart - dx * dx);
-    return {center.x, other.y + reach <= lowest ? other.y + reach : other.y - reach};
 }
 
 } // namespace
@@ -118,12 +102,9 @@ void CurveNumbers::curveDidChange() {
 void CurveNumbers::update() {
     shownVersion_ = sketch_.glSketch()->look().version();
     if (isHidden()) return showReading();
-    const QVMFreqResp& display = curve().responseDisplay();
-    scale_ = CurveScale(display);
+    scale_ = CurveScale(curve().responseDisplay());
     if (scale_.isEmpty()) return;
-    const Rect button = FrameButton::placeIn(bounds(), FrameButton::inset);
-    marks_.follow(display, button);
-    readout_.layOutIn(bounds().size(), button);
+    readout_.layOutIn(bounds().size(), FrameButton::placeIn(bounds(), FrameButton::inset));
     placeCorners();
     showReading();
 }
@@ -140,25 +121,34 @@ double CurveNumbers::yAt(double hertz) const {
     return scale_.size.height * (1 - readCurve(curve(), hertz).height);
 }
 
-// A filter's makes room for a tilt's.
 void CurveNumbers::placeCorners() {
     if (isHidden() || scale_.isEmpty()) return;
-    const Rect button = FrameButton::placeIn(bounds(), FrameButton::inset);
-    const double lowest = scale_.size.height - kBottom, pixels = layer()->look().contentsScale();
-    for (Corner& corner : corners_) {
-        const double hertz = double{corner.handle->floatValue()};
-        const double x = std::clamp(scale_.xOf(hertz), kSide, scale_.size.width - kSide);
-        const Point onCurve = {x, std::clamp(yAt(scale_.hertzAt(x)), kTop, lowest)};
-        Point center = below(onCurve, button);
-        if (corner.shape == CurveCorner::Shape::ring)
-            for (const Corner& other : corners_)
-                if (other.shape == CurveCorner::Shape::disc) center = clearOf(center, other.center, lowest);
-        corner.center = {std::round(center.x * pixels) / pixels, std::round(center.y * pixels) / pixels};
+    std::vector<CornerSpot> spots;
+    for (const Corner& corner : corners_)
+        spots.push_back({double{corner.handle->floatValue()}, corner.shape});
+    const std::vector<Point> places =
+        cornerPlaces(spots, {scale_, [this](double hertz) { return yAt(hertz); },
+                             FrameButton::placeIn(bounds(), FrameButton::inset), layer()->look().contentsScale()});
+    for (std::size_t i = 0; i < corners_.size(); ++i) {
         constexpr double size = CurveCorner::hitSize;
-        corner.control->setFrame({corner.center.x - size / 2, corner.center.y - size / 2, size, size});
-        corner.handle->setOff(isOff(corner.shape, hertz));
+        const Point center = corners_[i].center = places[i];
+        corners_[i].control->setFrame({center.x - size / 2, center.y - size / 2, size, size});
+        corners_[i].handle->setOff(isOff(spots[i].shape, spots[i].hertz));
     }
+    placeMarks();
     showHover();
+}
+
+void CurveNumbers::placeMarks() {
+    std::vector<Rect> kept = {FrameButton::placeIn(bounds(), FrameButton::inset)};
+    for (const Corner& corner : corners_)
+        kept.push_back(shownBoxOf(corner).insetBy(-kMarkGap, -kMarkGap));
+    marks_.follow(curve().responseDisplay(), kept);
+}
+
+Rect CurveNumbers::shownBoxOf(const Corner& corner) {
+    const double radius = CurveCorner::shownRadius(corner.shape);
+    return {corner.center.x - radius, corner.center.y - radius, 2 * radius, 2 * radius};
 }
 
 void CurveNumbers::showHover() {
@@ -197,6 +187,11 @@ void CurveNumbers::mouseMoved(const Event& event) {
 
 void CurveNumbers::mouseDragged(const Event& event) {
     mouseMoved(event);
+}
+
+// Around it a click hides the curve; a drag that is let go of was meant for a corner.
+void CurveNumbers::mouseUp(const Event& event) {
+    if (!window() || window()->press().isClick()) ThemedView::mouseUp(event);
 }
 
 void CurveNumbers::mouseExited(const Event&) {
@@ -257,11 +252,10 @@ void CurveNumbers::showReading() {
 }
 
 void CurveNumbers::letMarksGiveWay() {
-    constexpr double radius = CurveCorner::discRadius;
     const std::array shown = readout_.frames();
     std::vector<Rect> over(shown.begin(), shown.end());
     for (const Corner& corner : corners_)
-        over.push_back({corner.center.x - radius, corner.center.y - radius, 2 * radius, 2 * radius});
+        over.push_back(shownBoxOf(corner));
     marks_.giveWayTo(std::move(over));
 }
 

@@ -49,6 +49,7 @@ public:
     View* hitTest(Point pointInSuperview) override;
     void mouseMoved(const Event& event) override;
     void mouseDragged(const Event& event) override;
+    void mouseUp(const Event& event) override;
     void mouseExited(const Event& event) override;
 
 private:
@@ -75,6 +76,8 @@ private:
     double yAt(double hertz) const;
     void update();
     void placeCorners();
+    void placeMarks();
+    static Rect shownBoxOf(const Corner& corner);
     void showHover();
     const Corner* cornerNear(Point point) const;
     void showReading();

@@ -34,8 +34,8 @@ Font font() {
     return QVMUITheme::appropriateFontForValueSizeIconSize("0", kFontSize, kFontSize);
 }
 
-double widthOf(const char* text) {
-    return std::ceil(sizeOf(AttributedString(text, font(), {})).width);
+double roomFor(const char* text) {
+    return std::ceil(widthOf(text, font()));
 }
 
 } // namespace
@@ -82,8 +82,8 @@ void CurveReadout::layOutIn(Size box, const Rect& keptFree) {
     keptFree_ = keptFree;
     layer_->setFrame({0, 0, box.width, box.height});
     for (std::size_t i = 0; i < columns; ++i)
-        widths_[i] = widthOf(kWidest[i]);
-    centsWidth_ = widthOf(kWidestCents);
+        widths_[i] = roomFor(kWidest[i]);
+    centsWidth_ = roomFor(kWidestCents);
     showTexts();
     place();
 }

@@ -13,7 +13,7 @@ constexpr double kThousand = 1000, kNoTenthsFrom = 100;
 
 // `digits` is of the amount.
 std::string withSign(double value, const std::string& digits) {
-    return (value > 0 ? "+" : value < 0 ? minusSign : "") + digits;
+    return std::string(value > 0 ? "+" : value < 0 ? minusSign : "") + digits;
 }
 
 } // namespace

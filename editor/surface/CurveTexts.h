@@ -7,8 +7,6 @@
 
 namespace QVM_NAMESPACE {
 
-inline constexpr const char* minusSign = "\u2212"; // as wide as a plus, so that numbers keep their place
-
 // "80 Hz", "1.25 kHz": as sliders have them.
 std::string frequencyText(double hertz);
 // "50", "2k": of marks.

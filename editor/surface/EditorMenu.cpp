@@ -5,7 +5,9 @@
 #include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/session/MakerSite.h"
 #include "editor/session/ModesWithoutControl.h"
+#include "editor/surface/DesktopRequests.h"
 #include "editor/surface/EditorLayout.h"
+#include "editor/surface/EditorMenuItem.h"
 #include "editor/surface/KeysDrawer.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetBar.h"
@@ -13,8 +15,6 @@
 #include "editor/surface/SizeMenu.h"
 #include "editor/surface/SpectrumMenu.h"
 #include "editor/surface/UserPresetItems.h"
-#include "platform/system/Workspace.h"
-#include "platform/view/Menu.h"
 #include "theme/QVMUITheme.h"
 
 #include <utility>
@@ -25,26 +25,6 @@ namespace {
 
 constexpr std::uint32_t defaultPreset = 0;
 
-MenuItem item(std::string title, std::function<void()> action, bool enabled = true) {
-    MenuItem made;
-    made.title = std::move(title);
-    made.action = std::move(action);
-    made.enabled = enabled;
-    return made;
-}
-
-MenuItem ticked(bool isTicked, MenuItem made) {
-    made.checked = isTicked;
-    return made;
-}
-
-// Does nothing once the editor is gone.
-std::function<void()> onEditor(QVMGenericUI& ui, std::function<void(QVMGenericUI&)> action) {
-    return [&ui, lifetime = ui.lifetime(), action = std::move(action)] {
-        if (!lifetime.expired()) action(ui);
-    };
-}
-
 void addControlItems(Menu& menu, QVMGenericUI& ui, QVMParameterControl& control) {
     const QVMParameter& parameter = *control.parameter();
     const float value = control.floatValue();
@@ -52,48 +32,47 @@ void addControlItems(Menu& menu, QVMGenericUI& ui, QVMParameterControl& control)
         return onEditor(ui, [&control, action](QVMGenericUI&) { (control.primaryControl()->*action)(); });
     };
     menu.title = parameter.name;
-    menu.items.push_back(item("Reset " + parameter.name + " to default",
-                              tell(&QVMFloatControl::contextMenuResetInitialValue), value != parameter.initialValue));
+    menu.items.push_back(menuItem("Reset " + parameter.name + " to default",
+                                  tell(&QVMFloatControl::contextMenuResetInitialValue),
+                                  value != parameter.initialValue));
     menu.items.push_back(
-        item("Read about " + parameter.name, tell(&QVMFloatControl::contextMenuRequestedDocumentation)));
+        menuItem("Read about " + parameter.name, tell(&QVMFloatControl::contextMenuRequestedDocumentation)));
     if (value >= 0 && value < static_cast<float>(parameter.staticConversions.size()))
-        menu.items.push_back(item(parameter.staticConversions[static_cast<std::size_t>(value)].text,
-                                  tell(&QVMFloatControl::contextMenuDoStaticConversion)));
+        menu.items.push_back(menuItem(parameter.staticConversions[static_cast<std::size_t>(value)].text,
+                                      tell(&QVMFloatControl::contextMenuDoStaticConversion)));
     menu.items.push_back(MenuItem::separator());
 }
 
 // A submenu of the values, the present one ticked.
 MenuItem modeItem(QVMGenericUI& ui, const QVMParameter& mode) {
-    MenuItem made;
-    made.title = mode.name;
+    std::vector<MenuItem> values;
     for (std::size_t i = 0; i < mode.stringValues.size(); ++i) {
         const float value = mode.minValue + static_cast<float>(i);
         const auto choose = [value, pid = mode.pid](QVMGenericUI& editor) {
             editor.chooseValueForParameter(value, pid);
         };
-        made.submenu.push_back(
-            ticked(ui.getMemoizedPValueDirectly(mode.pid) == value, item(mode.stringValues[i], onEditor(ui, choose))));
+        values.push_back(ticked(ui.getMemoizedPValueDirectly(mode.pid) == value,
+                                menuItem(mode.stringValues[i], onEditor(ui, choose))));
     }
-    return made;
+    return submenu(mode.name, std::move(values));
 }
 
 void addSettingsItems(Menu& menu, QVMGenericUI& ui) {
-    const auto copy = [](QVMGenericUI& editor) { editor.session().settings().copy(); };
     const auto paste = [](QVMGenericUI& editor) { editor.session().settings().paste(); };
     const auto reset = [](QVMGenericUI& editor) {
         editor.lastSavedPresetWasKeyed(defaultPreset);
         editor.presetUpdated();
     };
-    menu.items.push_back(item("Copy all settings as URL to Clipboard", onEditor(ui, copy)));
+    menu.items.push_back(menuItem("Copy all settings as URL to Clipboard", onEditor(ui, copySettings)));
     menu.items.push_back(
-        item("Paste all settings from Clipboard", onEditor(ui, paste), ui.session().settings().canPaste()));
-    menu.items.push_back(item("Reset all settings to default", onEditor(ui, reset)));
+        menuItem("Paste all settings from Clipboard", onEditor(ui, paste), ui.session().settings().canPaste()));
+    menu.items.push_back(menuItem("Reset all settings to default", onEditor(ui, reset)));
 }
 
 // An item that does what the keyboard handler has an operation for.
 MenuItem operation(QVMGenericUI& ui, std::string title, bool (QVMKeyboardHandler::*action)(), bool enabled = true) {
-    return item(std::move(title), onEditor(ui, [action](QVMGenericUI& editor) { (editor.keyboard().*action)(); }),
-                enabled);
+    return menuItem(std::move(title), onEditor(ui, [action](QVMGenericUI& editor) { (editor.keyboard().*action)(); }),
+                    enabled);
 }
 
 std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
@@ -117,8 +96,8 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
     add(operation(ui, "Undo", &Keyboard::keyboardShortcutUndo, history.canUndo()));
     add(operation(ui, "Redo", &Keyboard::keyboardShortcutRedo, history.canRedo()));
     add(MenuItem::separator());
-    add(item("Go to " + there, onEditor(ui, flip)));
-    add(item("Copy " + here + " to " + there, onEditor(ui, copy)));
+    add(menuItem("Go to " + there, onEditor(ui, flip)));
+    add(menuItem("Copy " + here + " to " + there, onEditor(ui, copy)));
     add(MenuItem::separator());
     add(ticked(ui.getMemoizedPValueDirectly(pidMasterOnOff) != 0,
                operation(ui, "Power", &Keyboard::keyboardShortcutTogglePower)));
@@ -126,32 +105,20 @@ std::vector<MenuItem> buttonItems(QVMGenericUI& ui) {
         add(ticked(ui.altFrame() == QVMAltFrameDoubleWide,
                    operation(ui, "Advanced controls", &Keyboard::keyboardShortcutToggleAdvancedDrawer)));
     add(ticked(!hasDrawers, operation(ui, "Small window", &Keyboard::keyboardShortcutResizeWindow)));
-    add(ticked(&QVMUITheme::theme() == &QVMUITheme::dark(),
-               operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)));
+    add(ticked(QVMUITheme::isDark(), operation(ui, "Dark theme", &Keyboard::keyboardShortcutToggleTheme)));
     add(MenuItem::separator());
     add(ticked(!ui.sketches().areHidden(),
-               item("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
+               menuItem("Curve and meter", onEditor(ui, &QVMGenericUI::toggleSketchVisibility))));
     ui.config().enumerateParametersWithBlock([&](QVMParameter& parameter, QVMClump&) {
         if (isModeWithoutControl(parameter)) add(modeItem(ui, parameter));
     });
-    add(item("Reset meter", onEditor(ui, &QVMGenericUI::meterTapped)));
-    add(item("Open all settings in browser", onEditor(ui, &QVMGenericUI::presetSaveTapped)));
-    if (hasDrawers) add(ticked(areKeysShown(ui), item("Keys and gestures", onEditor(ui, toggleKeysDrawer))));
+    add(menuItem("Reset meter", onEditor(ui, &QVMGenericUI::meterTapped)));
+    add(menuItem("Open all settings in browser", onEditor(ui, &QVMGenericUI::presetSaveTapped)));
+    if (hasDrawers) add(ticked(areKeysShown(ui), menuItem("Keys and gestures", onEditor(ui, toggleKeysDrawer))));
     return items;
 }
 
 } // namespace
-
-std::unique_ptr<Menu> makeKeyboardMenu(QVMGenericUI& ui, QVMParameterControl* control) {
-    auto menu = makeEditorMenu(ui, control, control ? control->parameter()->clump : nullptr);
-    menu->selectsFirst = true;
-    MenuItem buttons;
-    buttons.title = "Editor";
-    buttons.submenu = buttonItems(ui);
-    menu->items.push_back(MenuItem::separator());
-    menu->items.push_back(std::move(buttons));
-    return menu;
-}
 
 std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control, const QVMClump* clump) {
     const QVMMetadata& metadata = *ui.config().metadata;
@@ -173,8 +140,11 @@ std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* cont
     for (MenuItem& spectrum : spectrumItems(ui))
         menu->items.push_back(std::move(spectrum));
     menu->items.push_back(MenuItem::separator());
-    menu->items.push_back(item(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,
-                               [page = productPage(metadata)] { Workspace::current().openUrl(page); }));
+    menu->items.push_back(
+        menuItem(std::string(makerName) + " " + metadata.pluginName + ", " + metadata.version,
+                 onEditor(ui, [page = productPage(metadata)](QVMGenericUI& editor) { openPage(editor, page); })));
+    menu->items.push_back(MenuItem::separator());
+    menu->items.push_back(submenu("Editor", buttonItems(ui)));
     return menu;
 }
 

@@ -1,5 +1,5 @@
-// The context menu of the editor: what concerns one control, then what concerns all settings, and for who has no
-// pointer what the buttons do.
+// The context menu of the editor: what concerns one control, then what concerns all settings, and last, for who has no
+// pointer or looks for it here, what the buttons do and what has no button. It is the same by pointer and by key.
 #pragma once
 
 #include "BuildNamespace.h"
@@ -16,7 +16,5 @@ struct QVMClump;
 // `control` is one of the editor's, with a primary control, or null for a click beside them; `clump` is where it was
 // asked for, or null. A menu that outlives the editor does nothing. Main thread.
 std::unique_ptr<Menu> makeEditorMenu(QVMGenericUI& ui, QVMParameterControl* control, const QVMClump* clump);
-// The same with a submenu of all that is done by a click on a button elsewhere, and the first row marked.
-std::unique_ptr<Menu> makeKeyboardMenu(QVMGenericUI& ui, QVMParameterControl* control);
 
 } // namespace QVM_NAMESPACE

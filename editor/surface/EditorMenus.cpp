@@ -16,6 +16,16 @@ bool isMenuKey(const Event& event) {
     return event.keyCode == Key::codeMenu || (event.keyCode == Key::codeF10 && event.has(EventModifier::shift));
 }
 
+// The clump whose panel has the point, of those in a view. A press on a panel's ground is the view's around it.
+const QVMClumpView* clumpViewIn(const View& around, Point pointInWindow) {
+    const Point at = around.coordinates().fromWindow(pointInWindow);
+    for (const auto& subview : around.subviews()) {
+        const auto* clumpView = dynamic_cast<const QVMClumpView*>(subview.get());
+        if (clumpView && !clumpView->isHidden() && clumpView->frame().contains(at)) return clumpView;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 std::unique_ptr<Menu> EditorMenus::menuForEvent(const Event& event) {
@@ -33,12 +43,15 @@ const QVMClump* EditorMenus::clumpAtWindowPoint(Point pointInWindow) const {
     const QVMParameterControl* control = ui_.controlAtWindowPoint(pointInWindow);
     if (control) return control->parameter()->clump;
     for (const View* hit = ui_.window() ? ui_.window()->hitTest(pointInWindow) : nullptr; hit; hit = hit->superview())
-        if (const auto* clumpView = dynamic_cast<const QVMClumpView*>(hit)) return &clumpView->clump();
+        if (const QVMClumpView* clumpView = clumpViewIn(*hit, pointInWindow)) return &clumpView->clump();
     return nullptr;
 }
 
 std::unique_ptr<Menu> EditorMenus::menuForKeyboard() {
-    return makeKeyboardMenu(ui_, setSubject(dynamic_cast<QVMParameterControl*>(ui_.focusedControl())));
+    QVMParameterControl* const control = setSubject(dynamic_cast<QVMParameterControl*>(ui_.focusedControl()));
+    auto menu = makeEditorMenu(ui_, control, control ? control->parameter()->clump : nullptr);
+    menu->openedByKey = true;
+    return menu;
 }
 
 // There is nothing to say about a control with no value to change.

@@ -20,7 +20,7 @@ public:
 
     // For a press of the right button, or with Control; none while Option or Command is held.
     std::unique_ptr<Menu> menuForEvent(const Event& event);
-    // That of the control with the focus, and everything in it that otherwise takes a click on a button.
+    // That of the control with the focus.
     std::unique_ptr<Menu> menuForKeyboard();
     // True for the key that asks for a menu, which comes up then.
     bool popUpForKey(const Event& event);

@@ -5,19 +5,12 @@
 
 namespace QVM_NAMESPACE {
 
-namespace {
-
-bool isDark() {
-    return &QVMUITheme::theme() == &QVMUITheme::dark();
-}
-
-} // namespace
-
 void observePreferences(QVMGenericUI& ui) {
     InterfacePreferences& preferences = ui.preferences();
-    preferences.define("theme", {[] { return isDark() ? 1.0 : 0.0; },
+    preferences.define("theme", {[] { return QVMUITheme::isDark() ? 1.0 : 0.0; },
                                  [&ui](double value) {
-                                     if ((value != 0) != isDark()) QVMUITheme::toggleThemeForWindow(ui.window());
+                                     if ((value != 0) != QVMUITheme::isDark())
+                                         QVMUITheme::toggleThemeForWindow(ui.window());
                                  }});
     preferences.define(EditorScale::preferenceKey, {[&ui] { return ui.scale().preference(); },
                                                     [&ui](double value) { ui.scale().adoptPreference(value); }});

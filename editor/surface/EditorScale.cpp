@@ -28,7 +28,6 @@ void EditorScale::show(float scale) {
 
 void EditorScale::keep() {
     keepCall_.cancel();
-    isWaiting_ = false;
     ui_.preferences().report(preferenceKey);
 }
 
@@ -61,12 +60,11 @@ void EditorScale::fitWindow() {
 void EditorScale::followWindow(float scale, Kept kept) {
     apply(scale);
     if (kept == Kept::no || fitsWindow_) return;
-    isWaiting_ = true;
     keepCall_.schedule(restSeconds, [this] { keep(); });
 }
 
 void EditorScale::keepWaiting() {
-    if (isWaiting_) keep();
+    if (keepCall_.isPending()) keep();
 }
 
 double EditorScale::preference() const {

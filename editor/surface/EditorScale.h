@@ -32,8 +32,6 @@ public:
     double shown() const { return shown_.value_or(static_cast<double>(current_)); }
     void setShown(double scale) { shown_ = scale; }
     bool fitsWindow() const { return fitsWindow_; }
-    // With no consequence: the next frame that is asked for has it.
-    void set(float scale) { current_ = scale; }
 
     // The user wants a scale, and the nearest possible one is asked for and remembered. `show` leaves the remembering
     // to a call of `keep`: for who drags.
@@ -67,7 +65,6 @@ private:
     bool fitsWindow_ = false;
     std::function<void()> fitter_;
     DelayedCall keepCall_;
-    bool isWaiting_ = false; // for keepCall_
 };
 
 } // namespace QVM_NAMESPACE

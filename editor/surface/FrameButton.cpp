@@ -1,19 +1,13 @@
 #include "editor/surface/FrameButton.h"
 
 #include "editor/surface/ToolTips.h"
-#include "platform/layer/ShapeLayer.h"
-#include "theme/QVMUITheme.h"
-#include "theme/Radii.h"
-
-#include <utility>
+#include "platform/layer/Path.h"
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr double strokeWidth = 1.5, reach = 4.5, arm = 3.5; // points
-constexpr float groundAlpha = 0.35f;
-constexpr double nearAlpha = 0.75, fadeSeconds = 0.15;
+constexpr double reach = 4.5, arm = 3.5; // points
 
 // Two arrows along a diagonal, with their heads at the ends of the square or at its middle.
 Path arrows(FrameButton::Destination destination) {
@@ -36,58 +30,19 @@ Path arrows(FrameButton::Destination destination) {
 
 } // namespace
 
-FrameButton::FrameButton() : Control({0, 0, size.width, size.height}), sign_(std::make_shared<ShapeLayer>()) {
-    layer()->setName("frameButton");
-    layer()->look().setCornerRadius(radii::mark);
-    layer()->setOpacity(0);
-    sign_->setName("sign");
-    sign_->setFrame(bounds());
-    sign_->setFillColor(QVMCGClearColor());
-    sign_->setLineWidth(strokeWidth);
-    sign_->setLineStyle(LineCap::round, LineJoin::round);
-    layer()->tree().add(sign_);
-    setCursor(Cursor::pointingHand);
+FrameButton::FrameButton() : CornerSign("frameButton", size, Cursor::pointingHand) {
     setDestination(Destination::compactForm);
-    style();
-    themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
-                                                                    [this](const Notification&) { style(); });
-}
-
-void FrameButton::style() {
-    const QVMPalette& palette = QVMUITheme::theme().palette;
-    layer()->look().setBackgroundColor(palette.shade.withAlpha(groundAlpha));
-    sign_->setStrokeColor(palette.onAccent);
 }
 
 void FrameButton::setDestination(Destination destination) {
     destination_ = destination;
-    sign_->setPath(arrows(destination));
+    setSign(arrows(destination));
     setToolTip(toolTipOf(destination == Destination::compactForm ? Button::compactForm : Button::wholeEditor));
-}
-
-void FrameButton::setPointerNear(bool near) {
-    isPointerNear_ = near;
-    showAsNeeded();
 }
 
 void FrameButton::mouseDown(const Event& event) {
     sendAction();
     Control::mouseDown(event);
-}
-
-void FrameButton::mouseEntered(const Event&) {
-    isHovered_ = true;
-    showAsNeeded();
-}
-
-void FrameButton::mouseExited(const Event&) {
-    isHovered_ = false;
-    showAsNeeded();
-}
-
-void FrameButton::showAsNeeded() {
-    const double alpha = isHovered_ ? 1 : isPointerNear_ ? nearAlpha : 0;
-    if (alpha != layer()->opacity()) animateAlpha(alpha, fadeSeconds);
 }
 
 } // namespace QVM_NAMESPACE

@@ -1,19 +1,12 @@
-// The small button in the corner of the response curve that leads to the compact form and back.
-//
-// It shows while the pointer is near, so that nothing covers the curve otherwise. It acts on the press, as the other
-// buttons do. Main thread only.
+// The small button in the corner of the response curve that leads to the compact form and back. It acts on the press,
+// as the other buttons do. Main thread only.
 #pragma once
 
-#include "platform/runloop/NotificationCenter.h"
-#include "platform/view/Control.h"
-
-#include <memory>
+#include "editor/surface/CornerSign.h"
 
 namespace QVM_NAMESPACE {
 
-class ShapeLayer;
-
-class FrameButton final : public Control {
+class FrameButton final : public CornerSign {
 public:
     static constexpr Size size = {18, 18}; // points
     // Points between it and the edges of a curve that is the whole editor.
@@ -31,21 +24,12 @@ public:
     Destination destination() const { return destination_; }
 
     // Whether the pointer is somewhere that makes the button show.
-    void setPointerNear(bool near);
+    void setPointerNear(bool near) { showNear(near); }
 
-    bool acceptsFirstMouse() const override { return true; }
     void mouseDown(const Event& event) override;
-    void mouseEntered(const Event& event) override;
-    void mouseExited(const Event& event) override;
 
 private:
-    void showAsNeeded();
-    void style();
-
     Destination destination_ = Destination::compactForm;
-    std::shared_ptr<ShapeLayer> sign_;
-    bool isPointerNear_ = false, isHovered_ = false;
-    ObservationToken themeObservation_;
 };
 
 } // namespace QVM_NAMESPACE

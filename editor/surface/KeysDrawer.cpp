@@ -31,7 +31,8 @@ KeysDrawer::KeysDrawer(const Rect& frame, const QVMConfig& config) : QVMDrawerVi
     layer()->setName("keysDrawer");
     const auto gestures = tables::Gestures();
     const double taken = topGap + 2 * (headingHeight + ruleGap) + sectionGap + bottomGap;
-    const double height = std::min(highestRow, (bounds().height - taken) / static_cast<double>(gestures.size()));
+    const double room = std::floor((bounds().height - taken) / static_cast<double>(gestures.size()));
+    const double height = std::min(highestRow, room); // whole, or a pixel more would show between some rows
     double y = topGap;
     const tables::GestureRow* before = nullptr;
     for (const tables::GestureRow& row : gestures) {
@@ -40,7 +41,7 @@ KeysDrawer::KeysDrawer(const Rect& frame, const QVMConfig& config) : QVMDrawerVi
             add(Column::heading, row.device == tables::GestureDevice::mouse ? "Mouse" : "Keyboard", y, headingHeight);
             y += headingHeight;
             auto rule = std::make_shared<Layer>();
-            rule->setFrame({margin, std::floor(y) - ruleWidth, bounds().width - 2 * margin, ruleWidth});
+            rule->setFrame({margin, y - ruleWidth, bounds().width - 2 * margin, ruleWidth});
             layer()->tree().add(rule);
             rules_.push_back(std::move(rule));
             y += ruleGap;

@@ -142,7 +142,7 @@ Rect NameField::caretFrame() const {
 // From where the text begins.
 double NameField::offsetOf(std::size_t place) const {
     const std::string before = utf8From(entry_.characters().substr(0, place));
-    return TextMetrics::current().width(AttributedString(before, nameFont(), Color{}));
+    return widthOf(before, nameFont());
 }
 
 std::size_t NameField::placeAt(Point pointInWindow) const {
@@ -188,7 +188,7 @@ void NameField::cancel() {
 }
 
 void NameField::mouseDown(const Event& event) {
-    if (window() && !window()->isKeyWindow()) window()->makeKey();
+    if (window()) window()->makeKey();
     const Point at = coordinates().fromWindow(event.locationInWindow);
     if (accept_.frame.contains(at)) return accept();
     if (cancel_.frame.contains(at)) return cancel();

@@ -5,6 +5,8 @@
 #include "editor/surface/ThemedView.h"
 #include "platform/runloop/DelayedCall.h"
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -15,12 +17,15 @@ class TextLayer;
 class NoticeView final : public ThemedView {
 public:
     static constexpr double shownSeconds = 4, fadeSeconds = 0.3; // the fade comes after
+    static constexpr double furtherSeconds = 3;                  // for each line but the first
 
     // Hidden at first.
     NoticeView();
 
-    // What happened, and a line that says why. What was shown before goes at once, and the time begins anew.
+    // What happened, and why or what to do, in as many lines as it takes up to three. What was shown before goes at
+    // once, and the time begins anew: more of it for more lines.
     void show(std::string what, std::string why);
+    const std::string& what() const { return what_; }
     const std::string& why() const { return why_; }
     // Stands near the upper edge of a place in its superview, as wide as its text but never wider than the place.
     void placeIn(const Rect& place);
@@ -32,7 +37,11 @@ public:
 private:
     void layOut();
 
-    std::shared_ptr<TextLayer> head_, line_;
+    static constexpr std::size_t mostLines = 3;
+
+    std::shared_ptr<TextLayer> head_;
+    std::array<std::shared_ptr<TextLayer>, mostLines> lines_;
+    std::size_t shownLines_ = 1;
     std::string what_, why_;
     Rect place_;
     DelayedCall end_;

@@ -266,7 +266,7 @@ void OutlineView::scrollWheel(const Event& event) {
 }
 
 void OutlineView::mouseDown(const Event& event) {
-    if (window() && !window()->isKeyWindow()) window()->makeKey();
+    if (window()) window()->makeKey();
     const Point at = coordinates().fromWindow(event.locationInWindow);
     if (const auto offset = thumb_->press(at)) return scrollTo(*offset);
     const Row* row = rowAt(at);

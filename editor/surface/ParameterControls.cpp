@@ -75,7 +75,7 @@ void ParameterControls::addRangeControls(QVMParameterControl& low, QVMParameterC
         range->setLow(&low);
         range->setHigh(&high);
         range->setInteractive(interactive);
-        range->setToolTip(bandToolTip(high.parameter()->name));
+        range->setToolTip(bandToolTip(*low.parameter(), *high.parameter()));
         return range;
     };
     QVMRangeControl& upper = clumpView.addSubview(make(true));

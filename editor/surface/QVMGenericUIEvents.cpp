@@ -75,7 +75,7 @@ bool QVMGenericUI::performKeyEquivalent(const Event& event) {
 }
 
 void QVMGenericUI::mouseDown(const Event&) {
-    if (window() && !window()->isKeyWindow()) window()->makeKey();
+    if (window()) window()->makeKey();
     ensureFirstResponder();
 }
 

@@ -1,8 +1,8 @@
 // What reaches the session from the controls, the bar and the host, and what leaves it for the browser and the unit.
 #include "description/ValueMapping.h"
+#include "editor/surface/DesktopRequests.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetBar.h"
-#include "platform/system/Workspace.h"
 
 #include <algorithm>
 
@@ -51,13 +51,11 @@ void QVMGenericUI::presetUpdated() {
 }
 
 void QVMGenericUI::presetSaveTapped() {
-    const std::string address = session_.settings().address();
-    Workspace::current().openUrl(address);
-    Workspace::current().setClipboardString(address);
+    openSettings(*this);
 }
 
 void QVMGenericUI::openManualWithExtension(const std::string& extension) {
-    Workspace::current().openUrl(session_.settings().baseAddress() + "/manual/" + extension);
+    openManual(*this, session_.settings().baseAddress() + "/manual/" + extension);
 }
 
 void QVMGenericUI::meterTapped() {

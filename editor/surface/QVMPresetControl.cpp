@@ -5,6 +5,7 @@
 #include "editor/surface/ElidedText.h"
 #include "editor/surface/PresetNameText.h"
 #include "editor/surface/ToolTips.h"
+#include "platform/layer/TextMetrics.h"
 #include "resources/IconGlyphs.h"
 #include "theme/QVMUITheme.h"
 #include "theme/Radii.h"
@@ -90,7 +91,9 @@ std::string QVMPresetControl::textForValue(float value) const {
     if (!presets_ || index < 0) return unknownName;
     const std::string name = presets_->nameOf(static_cast<std::uint32_t>(index));
     const Font font = appropriateFontForValueSizeIconSize(name, nameSize, nameSize);
-    return elided(name, font, rectAvailableForTextDisplay().width / leastShrinking);
+    const double room = rectAvailableForTextDisplay().width;
+    const bool fitsWhenShrunken = isAscii(name) && widthOf(name, font) <= room / leastShrinking; // others never shrink
+    return fitsWhenShrunken ? name : elided(name, font, room);
 }
 
 void QVMPresetControl::setPresets(PresetList& presets) {

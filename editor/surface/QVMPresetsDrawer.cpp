@@ -8,7 +8,6 @@
 #include "editor/surface/OutlineView.h"
 #include "editor/surface/QVMPresetControl.h"
 #include "platform/view/Window.h"
-#include "theme/Radii.h"
 
 #include <algorithm>
 #include <utility>
@@ -114,7 +113,7 @@ void QVMPresetsDrawer::beginNaming() {
     nameField_ = field.get();
     showList();
     outline_->setInlay(std::move(field));
-    if (window() && !window()->isKeyWindow()) window()->makeKey(); // opened by a menu; what is typed is for it
+    if (window()) window()->makeKey(); // opened by a menu; what is typed is for it
 }
 
 void QVMPresetsDrawer::endNaming() {

@@ -1,7 +1,7 @@
 #include "editor/surface/SpectrumMenu.h"
 
+#include "editor/surface/EditorMenuItem.h"
 #include "editor/surface/QVMGenericUI.h"
-#include "platform/view/Menu.h"
 
 #include <array>
 #include <utility>
@@ -31,18 +31,12 @@ std::vector<MenuItem> spectrumItems(QVMGenericUI& ui) {
     const bool isSmall = ui.altFrame() == QVMAltFrameCompact;
     std::vector<MenuItem> items;
     for (const Choice& choice : choices) {
-        MenuItem& item = items.emplace_back();
-        item.title = isSmall ? choice.ownTitle : choice.title;
-        item.checked = ui.sketches().spectrum().mode() == choice.mode;
-        item.action = [&ui, lifetime = ui.lifetime(), mode = choice.mode] {
-            if (!lifetime.expired()) choose(ui, mode);
-        };
+        const auto chooseIt = [mode = choice.mode](QVMGenericUI& editor) { choose(editor, mode); };
+        items.push_back(ticked(ui.sketches().spectrum().mode() == choice.mode,
+                               menuItem(isSmall ? choice.ownTitle : choice.title, onEditor(ui, chooseIt))));
     }
     if (isSmall) return items;
-    MenuItem all;
-    all.title = "Spectrum";
-    all.submenu = std::move(items);
-    return {std::move(all)};
+    return {submenu("Spectrum", std::move(items))};
 }
 
 } // namespace QVM_NAMESPACE

@@ -5,6 +5,7 @@
 #include "description/tables/GestureTable.h"
 #include "description/tables/ParameterTable.h"
 
+#include <algorithm>
 #include <array>
 
 namespace QVM_NAMESPACE {
@@ -128,8 +129,11 @@ std::string toolTipOf(const QVMParameter& parameter, std::string_view state) {
                     keysOf(parameter)});
 }
 
-std::string bandToolTip(std::string_view title) {
-    return linesOf({title, gesturesOn(tables::onBand, GestureDevice::mouse)});
+std::string bandToolTip(const QVMParameter& low, const QVMParameter& high) {
+    const std::string_view name = high.name;
+    const auto differing = std::ranges::mismatch(name, low.name).in1;
+    const std::string_view shared = name.substr(0, static_cast<std::size_t>(differing - name.begin()));
+    return linesOf({shared.substr(0, shared.find_last_of(' ')), gesturesOn(tables::onBand, GestureDevice::mouse)});
 }
 
 } // namespace QVM_NAMESPACE

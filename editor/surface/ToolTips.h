@@ -41,7 +41,7 @@ std::string toolTipOf(Button button, std::string_view title);
 
 // `state` is how it stands at the moment, in lines of its own; empty for nothing to say.
 std::string toolTipOf(const QVMParameter& parameter, std::string_view state = {});
-// For the band between two handles, with the title that the control has.
-std::string bandToolTip(std::string_view title);
+// For the band between two handles: its title is what the names of both begin with.
+std::string bandToolTip(const QVMParameter& low, const QVMParameter& high);
 
 } // namespace QVM_NAMESPACE

@@ -1,24 +1,23 @@
 #include "editor/surface/UserPresetItems.h"
 
 #include "editor/surface/EditorLayout.h"
+#include "editor/surface/EditorMenuItem.h"
+#include "editor/surface/ElidedText.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetsDrawer.h"
-#include "platform/view/Menu.h"
-
-#include <utility>
+#include "theme/QVMUITheme.h"
 
 namespace QVM_NAMESPACE {
 
 namespace {
 
-MenuItem itemOn(QVMGenericUI& ui, std::string title, void (*action)(QVMGenericUI&), bool enabled = true) {
-    MenuItem made;
-    made.title = std::move(title);
-    made.enabled = enabled;
-    made.action = [&ui, action, lifetime = ui.lifetime()] {
-        if (!lifetime.expired()) action(ui);
-    };
-    return made;
+constexpr double nameWidth = 150, nameWidthInSmallWindow = 90; // points, of a preset's name within a row
+constexpr double menuTextSize = 13;                            // points
+
+// A name as long as anybody likes to type would make a menu that leaves no room for those that open from it.
+std::string shortName(const QVMGenericUI& ui, const std::string& name) {
+    const Font font = QVMUITheme::safeFontWithNameSize("HelveticaNeue-Medium", menuTextSize);
+    return elidedInMiddle(name, font, ui.altFrame() == QVMAltFrameCompact ? nameWidthInSmallWindow : nameWidth);
 }
 
 // The small window has no room for the list: it gives way.
@@ -30,8 +29,26 @@ void nameNewPreset(QVMGenericUI& ui) {
     drawer->beginNaming();
 }
 
+void tellDeleted(QVMGenericUI& ui) {
+    ui.parts().showNotice("Deleted", "The menu can put it back");
+}
+
 void deleteCurrent(QVMGenericUI& ui) {
-    if (ui.session().presets().removeCurrent()) ui.parts().showNotice("Deleted", "The menu can put it back");
+    if (ui.session().presets().removeCurrent()) tellDeleted(ui);
+}
+
+// One for each file that the list shows in grey; the small window has no list.
+std::vector<MenuItem> damagedItems(QVMGenericUI& ui) {
+    std::vector<MenuItem> items;
+    if (ui.altFrame() == QVMAltFrameCompact) return items;
+    for (const UserPresetEntry& entry : ui.session().presets().list().user().entries()) {
+        if (entry.problem.empty() || !entry.text) continue;
+        const auto deleteIt = [fileName = entry.fileName](QVMGenericUI& editor) {
+            if (editor.session().presets().removeDamaged(fileName)) tellDeleted(editor);
+        };
+        items.push_back(menuItem(shortName(ui, entry.preset.name) + ": " + entry.problem, onEditor(ui, deleteIt)));
+    }
+    return items;
 }
 
 void putBack(QVMGenericUI& ui) {
@@ -54,12 +71,14 @@ std::vector<MenuItem> userPresetItems(QVMGenericUI& ui) {
     const PresetSession& presets = ui.session().presets();
     if (!ui.config().presets) return {};
     std::vector<MenuItem> items;
-    items.push_back(itemOn(ui, "Save preset as...", &nameNewPreset));
+    items.push_back(menuItem("Save preset as...", onEditor(ui, &nameNewPreset)));
     const bool isUsers = presets.list().isUsers(presets.current());
-    const std::string name = isUsers ? quoted(presets.list().nameOf(presets.current())) : std::string();
-    items.push_back(itemOn(ui, "Delete" + name, &deleteCurrent, isUsers && mayHaveFile(presets)));
+    const std::string name = isUsers ? quoted(shortName(ui, presets.list().nameOf(presets.current()))) : std::string();
+    items.push_back(menuItem("Delete" + name, onEditor(ui, &deleteCurrent), isUsers && mayHaveFile(presets)));
+    if (auto damaged = damagedItems(ui); !damaged.empty())
+        items.push_back(submenu("Delete damaged", std::move(damaged)));
     if (const auto removed = presets.list().user().removed())
-        items.push_back(itemOn(ui, "Put back" + quoted(*removed), &putBack));
+        items.push_back(menuItem("Put back" + quoted(shortName(ui, *removed)), onEditor(ui, &putBack)));
     return items;
 }
 

@@ -4,6 +4,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -191,6 +192,13 @@ Subscription valueSubscription(void* object, const AudioUnitParameter& parameter
     return {{kAudioUnitEvent_ParameterValueChange, parameter}, object};
 }
 
+// Nothing where the unit has no such parameter.
+std::optional<float> heldValue(const AudioUnitParameter& p) {
+    float value = 0;
+    if (AudioUnitGetParameter(p.mAudioUnit, p.mParameterID, p.mScope, p.mElement, &value) != noErr) return {};
+    return value;
+}
+
 OSStatus createListener(decltype(AUListener::proc) proc, bool callable, void* userData, RunLoop* runLoop,
                         float interval, AUEventDelivery delivery, AUListener** outListener) {
     if (!callable) return kAudio_ParamError;
@@ -243,9 +251,12 @@ OSStatus AUEventListenerRemoveEventType(AUEventListenerRef listener, void* objec
 OSStatus AUParameterSet(AUListener* sendingListener, void*, const AudioUnitParameter* parameter,
                         AudioUnitParameterValue value, std::uint32_t bufferOffsetInFrames) {
     if (!parameter) return kAudio_ParamError;
+    const std::optional<float> before = heldValue(*parameter);
     const OSStatus status = AudioUnitSetParameter(parameter->mAudioUnit, parameter->mParameterID, parameter->mScope,
                                                   parameter->mElement, value, bufferOffsetInFrames);
     if (status != noErr) return status;
+    if (const std::optional<float> now = heldValue(*parameter); now && now != before)
+        Registry::shared().send(sendingListener, {kQVMEvent_ParameterBecameAnother, *parameter}, *now);
     // Listeners learn what the unit made of it.
     const AudioUnitEvent event{kAudioUnitEvent_ParameterValueChange, *parameter};
     return AUEventListenerNotify(sendingListener, nullptr, &event);

@@ -15,6 +15,8 @@ enum AudioUnitEventType : std::uint32_t {
     kAudioUnitEvent_ParameterValueChange = 0,
     kAudioUnitEvent_BeginParameterChangeGesture = 1,
     kAudioUnitEvent_EndParameterChangeGesture = 2,
+    // This system's own, ahead of the value change that AUParameterSet sends, where the unit held another value before.
+    kQVMEvent_ParameterBecameAnother = 1000,
 };
 
 struct AudioUnitEvent {
@@ -58,12 +60,14 @@ OSStatus AUListenerRemoveParameter(AUParameterListenerRef listener, void* object
 OSStatus AUEventListenerAddEventType(AUEventListenerRef listener, void* object, const AudioUnitEvent* event);
 OSStatus AUEventListenerRemoveEventType(AUEventListenerRef listener, void* object, const AudioUnitEvent* event);
 
-// Stores the value in the unit, then tells every listener of the parameter except the sending one, which may be null.
-// With an error of the unit nobody is told. The sending listener alone decides who is left out, not the object.
+// Stores the value in the unit, then tells every listener of the parameter except the sending one, which may be null;
+// also of a value that the unit held already, but that it became another one only where it did. With an error of the
+// unit nobody is told. The sending listener alone decides who is left out, not the object.
 OSStatus AUParameterSet(AUListener* sendingListener, void* sendingObject, const AudioUnitParameter* parameter,
                         AudioUnitParameterValue value, std::uint32_t bufferOffsetInFrames);
 
-// Tells every listener of that event except the sending one, which may be null. Changes nothing in the unit.
+// Tells every listener of that event except the sending one, which may be null. Changes nothing in the unit, so that a
+// parameter became another can't be told with it.
 OSStatus AUEventListenerNotify(AUListener* sendingListener, void* sendingObject, const AudioUnitEvent* event);
 
 // For the destructor of a unit: no listener hears of it any more.

@@ -70,6 +70,9 @@ public:
     virtual bool hasLook(const PresentedLayer& presented) const;
     // Whether the look is nothing but its bounds in the background colour, so that no pixels need be kept for it.
     virtual bool isPlainRectangle(const PresentedLayer& presented) const;
+    // How much of it is seen at least while a layer that it is in is faint: for what stays legible where all around it
+    // is dimmed.
+    virtual double leastOpacity() const { return 0; }
     virtual const char* kind() const { return "Layer"; }
     // What the look shows beyond what every layer has, for dumps; empty when there is nothing to tell.
     virtual std::string lookDescription() const { return {}; }

@@ -21,9 +21,8 @@ public:
     TextPlacement placement() const { return placement_; }
     void setAlignment(TextAlignment alignment, TextPlacement placement = TextPlacement::middle);
 
-    // How much of it is seen at least while a layer that it is in is faint: for what stays legible where all around it
-    // is dimmed. 0 at first.
-    double leastOpacity() const { return leastOpacity_; }
+    // 0 at first.
+    double leastOpacity() const override { return leastOpacity_; }
     void setLeastOpacity(double opacity);
 
     Rect lookBounds(const PresentedLayer& presented) const override;

@@ -51,6 +51,10 @@ Size sizeOf(const AttributedString& text) {
     return {metrics.width(text), height};
 }
 
+double widthOf(const std::string& text, const Font& font) {
+    return TextMetrics::current().width(AttributedString(text, font, {}));
+}
+
 bool isAscii(const std::string& utf8) {
     return std::all_of(utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }

@@ -26,6 +26,8 @@ public:
 
 // Width and height (the tallest run's ascent plus descent) in points.
 Size sizeOf(const AttributedString& text);
+// Of a text in one font; points.
+double widthOf(const std::string& text, const Font& font);
 // True when the text can be written in 7-bit ASCII.
 bool isAscii(const std::string& utf8);
 

@@ -1,7 +1,6 @@
 #include "platform/renderer/LayerPlacer.h"
 
 #include "platform/layer/LayerGeometry.h"
-#include "platform/layer/TextLayer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,12 +25,6 @@ double wholeLength(double start, double length) {
     const double whole =
         length < thickestLine ? toWholePixel(length) : toWholePixel(start + length) - toWholePixel(start);
     return std::max(1.0, whole);
-}
-
-// Texts alone ask for any.
-double leastOpacityOf(const Layer& layer) {
-    const auto* const text = dynamic_cast<const TextLayer*>(&layer);
-    return text ? text->leastOpacity() : 0;
 }
 
 } // namespace
@@ -76,7 +69,7 @@ Rect LayerPlacer::visit(const Layer& layer, const Space& outer) {
     const PresentedLayer presented = layer.presentation(time_);
     const double opacity = std::min(presented.opacity, 1.0);
     if (!(opacity > 0)) return {};
-    const double least = groupOpacity_ < 1 ? leastOpacityOf(layer) : 0;
+    const double least = groupOpacity_ < 1 ? layer.leastOpacity() : 0;
     if (least == 0) return visitShown(layer, presented, outer, opacity);
     legible_.push_back({&layer, presented, outer, std::max(groupOpacity_ * opacity, least)});
     return {};

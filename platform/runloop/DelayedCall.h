@@ -16,6 +16,7 @@ public:
     void schedule(double seconds, RunLoop::Function fn);
     // Nothing when none is pending. Main thread.
     void cancel();
+    bool isPending() const { return id_ != 0; }
 
 private:
     RunLoop::CallId id_ = 0; // 0: none

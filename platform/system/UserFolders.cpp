@@ -1,8 +1,11 @@
 #include "platform/system/UserFolders.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <string_view>
+#include <utility>
 
 #include <pwd.h>
 #include <sys/stat.h>
@@ -33,24 +36,43 @@ fs::path homeFolder() {
     return home.is_absolute() ? home : fs::path();
 }
 
-fs::path folderFor(const char* variable, const char* placeInHome) {
+// Empty where the user has no home.
+fs::path baseFolder(const char* variable, const char* placeInHome) {
     fs::path base = absolutePathIn(variable);
-    if (base.empty()) {
-        base = homeFolder();
-        if (base.empty()) return {};
-        base /= placeInHome;
-    }
-    return base / productFolder;
+    if (!base.empty()) return base;
+    const fs::path home = homeFolder();
+    return home.empty() ? home : home / placeInHome;
+}
+
+fs::path dataHome() {
+    return baseFolder("XDG_DATA_HOME", ".local/share");
+}
+
+fs::path ofProduct(const fs::path& base) {
+    return base.empty() ? base : base / productFolder;
 }
 
 } // namespace
 
 fs::path userDataFolder() {
-    return folderFor("XDG_DATA_HOME", ".local/share");
+    return ofProduct(dataHome());
 }
 
 fs::path userConfigFolder() {
-    return folderFor("XDG_CONFIG_HOME", ".config");
+    return ofProduct(baseFolder("XDG_CONFIG_HOME", ".config"));
+}
+
+std::vector<fs::path> sharedDataFolders() {
+    std::vector<fs::path> folders;
+    if (fs::path home = dataHome(); !home.empty()) folders.push_back(std::move(home));
+    const char* const named = std::getenv("XDG_DATA_DIRS");
+    std::string_view rest = named && *named ? named : "/usr/local/share:/usr/share";
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(':'), rest.size());
+        if (fs::path folder = rest.substr(0, end); folder.is_absolute()) folders.push_back(std::move(folder));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return folders;
 }
 
 std::error_code makeUserFolder(const fs::path& folder) {

@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 
@@ -15,6 +16,9 @@ namespace QVM_NAMESPACE {
 std::filesystem::path userDataFolder();
 // For what the user prefers; as above.
 std::filesystem::path userConfigFolder();
+// Where data of all programs stands, the user's own folder first: $XDG_DATA_HOME, then $XDG_DATA_DIRS
+// ("/usr/local/share" and "/usr/share").
+std::vector<std::filesystem::path> sharedDataFolders();
 
 // Makes a folder and those above it that are missing, which only the user may enter. No error: it is there.
 [[nodiscard]] std::error_code makeUserFolder(const std::filesystem::path& folder);

@@ -1,5 +1,7 @@
 #include "platform/system/WholeFile.h"
 
+#include "platform/system/FileNames.h"
+
 #include <atomic>
 #include <cerrno>
 #include <chrono>
@@ -20,7 +22,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view partPrefix = ".slantwise-", partSuffix = ".part";
 constexpr auto partLifetime = std::chrono::hours(24); // longer than any write takes
 constexpr int attempts = 100;                         // at a name that nobody has
-constexpr int mostLinks = 40;                         // one after the other; the system's own bound
 constexpr mode_t anyMode = 0666;                      // less what the process masks
 constexpr mode_t permissionBits = 07777;
 
@@ -89,9 +90,7 @@ public:
     std::error_code moveTo(const fs::path& file, ExistingFile existing) const {
         if (existing == ExistingFile::replace)
             return ::rename(path_.c_str(), file.c_str()) == 0 ? std::error_code() : lastError();
-        if (::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, file.c_str(), RENAME_NOREPLACE) == 0) return {};
-        if (errno != EINVAL && errno != ENOSYS) return lastError();
-        return ::link(path_.c_str(), file.c_str()) == 0 ? std::error_code() : lastError(); // an older file system
+        return renameToNew(path_, file);
     }
 
 private:
@@ -117,15 +116,6 @@ void removeForgottenParts(const fs::path& folder) {
         const auto written = entry->last_write_time(untold);
         if (!untold && now - written > partLifetime) fs::remove(entry->path(), untold);
     }
-}
-
-// Where a symbolic link leads, though that may not be there yet; a file that is none is itself.
-fs::path withoutLinks(const fs::path& file) {
-    std::error_code error;
-    fs::path target = file;
-    for (int i = 0; i < mostLinks && fs::is_symlink(target, error); ++i)
-        target = target.parent_path() / fs::read_symlink(target, error);
-    return fs::is_symlink(target, error) ? file : target;
 }
 
 } // namespace

@@ -9,7 +9,10 @@ class EmptyWorkspace final : public Workspace {
 public:
     std::optional<std::string> clipboardString() override { return std::nullopt; }
     void setClipboardString(const std::string&) override {}
-    bool openUrl(const std::string&) override { return false; }
+    void openUrl(const std::string&, std::function<void()> ifItFails) override {
+        if (ifItFails) ifItFails();
+    }
+    std::optional<std::string> fileOpenedFor(const std::string&) override { return std::nullopt; }
 };
 
 EmptyWorkspace empty;

@@ -75,6 +75,7 @@ void Window::setKeyWindow(bool key) {
 }
 
 void Window::makeKey() {
+    if (isKeyWindow()) return;
     host_ ? host_->takeKeyboardFocus() : setKeyWindow(true);
 }
 

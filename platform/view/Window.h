@@ -2,6 +2,7 @@
 // and the pointer's capture, and passes requests to whoever really owns the pixels.
 #pragma once
 
+#include "platform/view/Press.h"
 #include "platform/view/View.h"
 
 #include <memory>
@@ -63,7 +64,8 @@ public:
 
     bool isKeyWindow() const { return key_; }
     void setKeyWindow(bool key); // posts the notification on a change; who resigns loses the press
-    // Asks the host for keyboard focus (the host answers with setKeyWindow). With no host it is key at once.
+    // Asks the host for keyboard focus, unless it is key (the host answers with setKeyWindow). With no host it is key
+    // at once.
     void makeKey();
 
     Responder* firstResponder() const { return firstResponder_; }
@@ -87,6 +89,8 @@ public:
     const View* toolTippedViewAt(Point pointInWindow) const;
     View* hitTest(Point pointInWindow) const;
     View* mouseCapture() const { return capture_; }
+    // The press that is held, or the one before: also while its release is told.
+    const Press& press() const { return press_; }
     // Whether a key that something here handled is still down, as far as the host tells: until the event of its release
     // or the loss of the keyboard.
     bool isKeyHeld() const { return isKeyHeld_; }
@@ -120,7 +124,7 @@ private:
     Responder* firstResponder_ = nullptr;
     const View* keyboardView_ = nullptr;
     View* capture_ = nullptr;
-    Point capturedPointer_;      // where it was last seen by that view, in the window
+    Press press_;                // that it took
     std::vector<View*> hovered_; // outermost first
     std::vector<Cursor> cursorStack_;
     Cursor shownCursor_ = Cursor::arrow;

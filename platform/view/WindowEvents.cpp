@@ -12,15 +12,6 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-// Outermost first, `view` itself last.
-std::vector<View*> withSuperviews(View* view) {
-    std::vector<View*> path;
-    for (; view; view = view->superview())
-        path.push_back(view);
-    std::reverse(path.begin(), path.end());
-    return path;
-}
-
 bool isContextMenuPress(const Event& event) {
     const bool isControlPress =
         event.has(EventModifier::control) && !event.has(EventModifier::option) && !event.has(EventModifier::command);
@@ -38,7 +29,7 @@ bool Window::sendEvent(const Event& event) {
         return mouseReleased(event);
     case EventType::mouseDragged:
         if (!capture_) return false;
-        capturedPointer_ = event.locationInWindow;
+        press_.moveTo(event.locationInWindow);
         capture_->mouseDragged(event);
         return true;
     case EventType::mouseCancelled:
@@ -85,13 +76,14 @@ bool Window::mousePressed(const Event& event) {
         return true;
     }
     capture_ = under;
-    capturedPointer_ = event.locationInWindow;
+    press_.beginAt(event.locationInWindow);
     if (under->acceptsFirstResponder()) makeFirstResponder(under);
     if (!alive.expired() && capture_ == under) under->mouseDown(event);
     return true;
 }
 
 bool Window::mouseReleased(const Event& event) {
+    if (capture_) press_.moveTo(event.locationInWindow);
     View* const pressed = std::exchange(capture_, nullptr);
     const std::weak_ptr<const bool> alive = alive_;
     if (pressed) pressed->mouseUp(event);
@@ -109,7 +101,7 @@ void Window::cancelPress() {
     if (!pressed) return;
     Event event; // with no modifiers: what is held at the keyboard has no say in a release that there is none of
     event.type = EventType::mouseCancelled;
-    event.locationInWindow = capturedPointer_;
+    event.locationInWindow = press_.pointer();
     event.timestamp = RunLoop::main().now();
     const std::weak_ptr<const bool> alive = alive_;
     pressed->mouseCancelled(event);

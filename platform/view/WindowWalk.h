@@ -7,6 +7,7 @@
 
 #include "platform/view/Window.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -65,6 +66,15 @@ inline std::vector<View*> treeOf(View* root, Include include) {
     std::vector<View*> found;
     if (root) collect(*root, include, found);
     return found;
+}
+
+// Outermost first, `view` itself last.
+inline std::vector<View*> withSuperviews(View* view) {
+    std::vector<View*> path;
+    for (; view; view = view->superview())
+        path.push_back(view);
+    std::reverse(path.begin(), path.end());
+    return path;
 }
 
 } // namespace QVM_NAMESPACE

@@ -89,7 +89,7 @@ std::string parameterText(const QVMParameter& parameter, const std::string& plug
     const std::string brief = shortName(parameter);
     if (!brief.empty()) say("lv2:shortName", turtleString(brief));
     say("lv2:symbol", turtleString(propertyName(parameter)));
-    say("rdfs:comment", turtleString(tables::Parameters()[parameter.pid].purpose));
+    say("rdfs:comment", turtleString(tables::kParameters[parameter.pid].purpose));
     if (parameter.clump->clumpType != QVMClumpTypeMaster)
         say("pg:group", "<" + pluginUri + ":" + groupName(*parameter.clump) + ">");
     say("rdfs:range", isWholeProperty(parameter) ? "atom:Int" : "atom:Float");

@@ -26,13 +26,10 @@ std::string bankUri(const std::string& pluginUri, std::size_t section) {
 
 std::string stateText(const std::string& pluginUri, std::uint32_t index) {
     std::string text = "\t\t<" + pluginUri + ":Program> \"" + std::to_string(index) + "\"^^xsd:int";
-    const auto values = PresetIndexToPresetValues(index);
-    auto next = values->begin();
-    for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
+    for (const auto& [pid, value] : ValuesThatPresetSets(*PresetIndexToPresetValues(index))) {
         const QVMParameter& parameter = *GetParameter(pid);
-        if (parameter.presetWildcard) continue;
         text.append(" ;\n\t\t<").append(pluginUri).append(":").append(propertyName(parameter));
-        text.append("> \"").append(propertyNumberText(parameter, *next++)).append("\"^^xsd:");
+        text.append("> \"").append(propertyNumberText(parameter, value)).append("\"^^xsd:");
         text.append(isWholeProperty(parameter) ? "int" : "float");
     }
     return text;

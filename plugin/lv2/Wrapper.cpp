@@ -124,8 +124,10 @@ struct Editor {
     LV2UI_Handle toolkit;
 };
 
+// Null for null: what shows editors in windows of another toolkit forgets the handle when the window goes, and its
+// host, still with messages to tell, calls with none.
 LV2UI_Handle toolkitHandleOf(LV2UI_Handle editor) {
-    return static_cast<Editor*>(editor)->toolkit;
+    return editor ? static_cast<Editor*>(editor)->toolkit : nullptr;
 }
 
 template <class Interface>
@@ -133,21 +135,31 @@ const Interface& toolkitEditorData(const char* uri) {
     return *static_cast<const Interface*>(toolkitEditor().extension_data(uri));
 }
 
+// What a function of the toolkit's interface answers for its own editor, or `ifGone` where there is none any more.
+template <class Interface, class Answer, class... Arguments>
+Answer asked(const char* uri, Answer (*Interface::*what)(void*, Arguments...), Answer ifGone, LV2UI_Handle editor,
+             Arguments... arguments) {
+    const LV2UI_Handle toolkit = toolkitHandleOf(editor);
+    return toolkit ? (toolkitEditorData<Interface>(uri).*what)(toolkit, arguments...) : ifGone;
+}
+
+constexpr int isGone = 1; // for idling: that the editor is closed
+constexpr std::uint32_t hasNoOptions = LV2_OPTIONS_ERR_UNKNOWN;
+
 // The toolkit's interfaces, which are given an editor, with its own in place of ours.
 const void* editorExtensionData(const char* uri) {
-    static const LV2UI_Idle_Interface idle{[](LV2UI_Handle editor) {
-        return toolkitEditorData<LV2UI_Idle_Interface>(LV2_UI__idleInterface).idle(toolkitHandleOf(editor));
-    }};
-    static const LV2UI_Resize resize{
-        nullptr, [](LV2UI_Feature_Handle editor, int width, int height) {
-            return toolkitEditorData<LV2UI_Resize>(LV2_UI__resize).ui_resize(toolkitHandleOf(editor), width, height);
-        }};
+    static const LV2UI_Idle_Interface idle{
+        [](LV2UI_Handle editor) { return asked(LV2_UI__idleInterface, &LV2UI_Idle_Interface::idle, isGone, editor); }};
+    static const LV2UI_Resize resize{nullptr, [](LV2UI_Feature_Handle editor, int width, int height) {
+                                         return asked(LV2_UI__resize, &LV2UI_Resize::ui_resize, isGone, editor, width,
+                                                      height);
+                                     }};
     static const LV2_Options_Interface options{
         [](LV2_Handle editor, LV2_Options_Option* list) {
-            return toolkitEditorData<LV2_Options_Interface>(LV2_OPTIONS__interface).get(toolkitHandleOf(editor), list);
+            return asked(LV2_OPTIONS__interface, &LV2_Options_Interface::get, hasNoOptions, editor, list);
         },
         [](LV2_Handle editor, const LV2_Options_Option* list) {
-            return toolkitEditorData<LV2_Options_Interface>(LV2_OPTIONS__interface).set(toolkitHandleOf(editor), list);
+            return asked(LV2_OPTIONS__interface, &LV2_Options_Interface::set, hasNoOptions, editor, list);
         }};
     if (std::strcmp(uri, LV2_UI__idleInterface) == 0) return &idle;
     if (std::strcmp(uri, LV2_UI__resize) == 0) return &resize;
@@ -174,7 +186,7 @@ LV2UI_Handle instantiateEditor(const LV2UI_Descriptor*, const char* plugin, cons
 
 void cleanUpEditor(LV2UI_Handle editor) {
     const std::unique_ptr<Editor> ended(static_cast<Editor*>(editor));
-    toolkitEditor().cleanup(ended->toolkit);
+    if (ended) toolkitEditor().cleanup(ended->toolkit);
 }
 
 } // namespace
@@ -198,7 +210,8 @@ LV2_SYMBOL_EXPORT const LV2UI_Descriptor* lv2ui_descriptor(std::uint32_t index) 
     static const LV2UI_Descriptor descriptor{
         toolkitEditor().URI, instantiateEditor, cleanUpEditor,
         [](LV2UI_Handle editor, std::uint32_t port, std::uint32_t bytes, std::uint32_t format, const void* data) {
-            toolkitEditor().port_event(toolkitHandleOf(editor), port, bytes, format, data);
+            if (const LV2UI_Handle toolkit = toolkitHandleOf(editor))
+                toolkitEditor().port_event(toolkit, port, bytes, format, data);
         },
         editorExtensionData};
     return index == 0 ? &descriptor : nullptr;

@@ -2,6 +2,7 @@
 
 #include "program/HeldErrorStream.h"
 #include "program/SoundFile.h"
+#include "program/Wording.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,9 +43,7 @@ AudioClip readFrames(SNDFILE* file, const SF_INFO& info, std::size_t limit) {
 } // namespace
 
 std::variant<AudioClip, AudioFileError> readAudioFile(const std::string& path, double maxSeconds) {
-    const auto refusal = [&path](const std::string& why) {
-        return AudioFileError{"cannot read \"" + path + "\": " + why};
-    };
+    const auto refusal = [&path](const std::string& why) { return AudioFileError{cannotRead(quoted(path), why)}; };
     const HeldErrorStream held;
     const auto opened = openSoundFile(path);
     if (const auto* refused = std::get_if<SoundFileRefusal>(&opened)) return refusal(refused->why);
@@ -57,7 +56,7 @@ std::variant<AudioClip, AudioFileError> readAudioFile(const std::string& path, d
 }
 
 std::string damagedFileText(const std::string& path) {
-    return "\"" + path + "\" is damaged, and plays as far as it can be read";
+    return isDamaged(path, "plays");
 }
 
 AudioClip pinkNoise(double sampleRateHz) {

@@ -15,9 +15,9 @@ struct Options {
     enum class Layout { normal, wide, compact };
     enum class Spectrum { off, output, both }; // as it is kept as a preference
 
-    std::string playFile;           // empty: built-in pink noise
-    std::string settings;           // a settings address that can be read, empty when not given
-    std::optional<int> presetIndex; // into the factory presets
+    std::string playFile; // empty: built-in pink noise
+    std::string settings; // a settings address that can be read, empty when not given
+    std::string preset;   // as a session keeps its name; empty: none
     Theme theme = Theme::asKept;
     Layout layout = Layout::normal;
     std::optional<Spectrum> spectrum; // behind the curve

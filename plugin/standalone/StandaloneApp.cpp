@@ -1,6 +1,5 @@
 #include "plugin/standalone/StandaloneApp.h"
 
-#include "description/Description.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/EditorLayout.h"
 #include "editor/surface/KeysDrawer.h"
@@ -65,9 +64,8 @@ void StandaloneApp::shutdown() {
 }
 
 void StandaloneApp::applyPreset() {
-    if (!options_.presetIndex) return;
-    const auto& name = GetPresets()->stringValues[static_cast<std::size_t>(*options_.presetIndex)];
-    editor_->view().requestPresetNamed(name);
+    if (options_.preset.empty()) return;
+    editor_->view().requestPresetNamed(options_.preset);
     // A preset that is asked for gets the keyboard, for the arrow keys to go on from it; here nobody has asked for
     // that.
     editor_->view().ui().bringParameterControlIntoFocus(nullptr);

@@ -21,7 +21,7 @@ ParamID identifierOf(const tables::ParameterRow& row) {
 }
 
 const tables::ParameterRow* rowOf(ParamID id) {
-    for (const tables::ParameterRow& row : tables::Parameters())
+    for (const tables::ParameterRow& row : tables::kParameters)
         if (identifierOf(row) == id) return &row;
     return nullptr;
 }

@@ -220,5 +220,25 @@ TEST_F(QVMCycleControlTest, LayerTree) {
               "  ShapeLayer focusBorder (0 0 0 0) opacity 0 y-up\n");
 }
 
+TEST_F(QVMCycleControlTest, IsDrawnAnewWhenItsDimmingChangesAndNotWhenItIsToldAgain) {
+    struct Counting : QVMCycleControl {
+        using QVMCycleControl::QVMCycleControl;
+        Look lookForValue(float value) const override {
+            ++drawn;
+            return QVMCycleControl::lookForValue(value);
+        }
+        mutable int drawn = 0;
+    };
+    Counting counting({0, 0, 73, 26}, parameter);
+    counting.setDimmed(false);
+    EXPECT_EQ(counting.drawn, 0);
+    counting.setDimmed(true);
+    EXPECT_EQ(counting.drawn, 1);
+    counting.setDimmed(true);
+    EXPECT_EQ(counting.drawn, 1);
+    counting.setDimmed(false);
+    EXPECT_EQ(counting.drawn, 2);
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -43,6 +43,13 @@ TEST(NumberText, ExtremesArePrintedInFull) {
     EXPECT_EQ(SignificantText(std::numeric_limits<double>::quiet_NaN(), 9), "nan");
 }
 
+TEST(NumberText, ShortestFloatTextReadsBackInSinglePrecision) {
+    EXPECT_EQ(ShortestFloatText(0.1F), "0.1");
+    EXPECT_EQ(ShortestFloatText(-18), "-18");
+    for (const float value : {1.0F / 3, 1e-20F, 3e38F, 12345.678F})
+        EXPECT_EQ(NumberFromText<float>(ShortestFloatText(value)), value);
+}
+
 TEST(NumberText, ShortestTextHasNoExponentAndNoSignedZero) {
     EXPECT_EQ(ShortestText(6), "6");
     EXPECT_EQ(ShortestText(-12), "-12");

@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <limits>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -78,6 +81,30 @@ TEST(Presets, ValuesOfEveryPreset) {
               pidFilterSlopeLinkRatio, pidFilterResonanceLink, pidFilterResonanceLinkRatio, pidFilterListenHigh})
             EXPECT_EQ(values->at(pid), 0);
     }
+}
+
+TEST(Presets, EachOfAPresetsValuesIsOfTheNextParameterThatIsNoWildcard) {
+    const std::vector<float> values = PresetIndexToPresetValues(22).value();
+    std::vector<std::uint32_t> pids;
+    for (const auto& [pid, value] : ValuesThatPresetSets(values)) {
+        EXPECT_EQ(value, values[pids.size()]);
+        EXPECT_FALSE(GetParameter(pid)->presetWildcard);
+        pids.push_back(pid);
+    }
+    EXPECT_TRUE(std::ranges::equal(pids, PresetPids()));
+    EXPECT_TRUE(std::ranges::is_sorted(pids));
+    EXPECT_EQ(pids.size(), QVMParameterCount - 1u);
+}
+
+TEST(Presets, WhatIsNoNumberSetsNothing) {
+    std::vector<float> values = InitialValues();
+    values[0] = std::numeric_limits<float>::quiet_NaN();
+    values.push_back(1); // beyond the parameters
+    const auto set = ValuesThatPresetSets(values);
+    ASSERT_EQ(set.size(), PresetPids().size() - 1);
+    EXPECT_EQ(set.front().pid, PresetPids()[1]);
+    EXPECT_EQ(set.back().pid, PresetPids().back());
+    EXPECT_EQ(ValuesThatPresetSets(std::span(values).first(2)).size(), 1U);
 }
 
 TEST(Presets, AnIndexThatNoPresetHasGivesNone) {

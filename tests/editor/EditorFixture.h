@@ -4,6 +4,7 @@
 
 #include "controls/QVMFloatControl.h"
 #include "description/Description.h"
+#include "editor/PressedKeys.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "platform/runloop/ManualTickSource.h"
@@ -178,15 +179,7 @@ protected:
     QVMUndoRedoStack& stack() { return ui_->keyboard().undoRedoStack(); }
 
     bool key(char32_t character, std::uint16_t keyCode = 0, std::uint32_t modifiers = 0) {
-        return ui_->keyboard().handleKeyDownEvent(keyEvent(character, keyCode, modifiers));
-    }
-    static Event keyEvent(char32_t character, std::uint16_t keyCode = 0, std::uint32_t modifiers = 0) {
-        Event event;
-        event.type = EventType::keyDown;
-        if (character != 0) event.charactersIgnoringModifiers = std::u32string(1, character);
-        event.keyCode = keyCode;
-        event.modifierFlags = modifiers;
-        return event;
+        return ui_->keyboard().handleKeyDownEvent(pressedKey(character, keyCode, modifiers));
     }
     static Event mouseEvent(EventType type, Point at, std::uint32_t modifiers = 0) {
         Event event;

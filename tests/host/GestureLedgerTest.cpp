@@ -4,6 +4,8 @@
 #include "host/HostViewFixture.h"
 
 #include <algorithm>
+#include <array>
+#include <bitset>
 #include <cmath>
 #include <functional>
 #include <iterator>
@@ -22,9 +24,10 @@ protected:
         presses_ = ledger_->follow(window_);
     }
 
-    // What controls and user do, a word each, with the number of the parameter (1 when it is not said): "value",
-    // "began", "ended" and "discrete" are reports, "down" and "up" are the button, "lost" is a press whose release
-    // another program gets, "turn" is the end of a turn of the run loop.
+    // What controls and user do, a word each, with the number of the parameter (1 when it is not said): "value"
+    // (another one each time), "same" (that the unit holds), "beyond" (the end of the range), "began", "ended" and
+    // "discrete" are reports, "down" and "up" are the button, "lost" is a press whose release another program gets,
+    // "turn" is the end of a turn of the run loop.
     void play(const std::string& sequence) {
         std::istringstream words(sequence);
         for (std::string word; words >> word;)
@@ -32,7 +35,11 @@ protected:
     }
     void playOne(const std::string& what, const std::string& word) {
         const std::uint32_t pid = what == word ? 1 : static_cast<std::uint32_t>(word.back() - '0');
-        if (what == "value") delegate().interfaceUpdatedParameterKeyedValue(pid, next_ += 0.01F);
+        const auto& [low, high] = unit.limits[pid];
+        const float held = unit.values[pid];
+        if (what == "value") delegate().interfaceUpdatedParameterKeyedValue(pid, held == low ? high : low);
+        if (what == "same") delegate().interfaceUpdatedParameterKeyedValue(pid, held);
+        if (what == "beyond") delegate().interfaceUpdatedParameterKeyedValue(pid, high + 1);
         if (what == "began") delegate().interfaceBeganInteractionWithParameterKeyedEvent(ui(), pid, nullptr);
         if (what == "ended") delegate().interfaceEndedInteractionWithParameterKeyed(ui(), pid);
         if (what == "discrete") delegate().interfaceDiscretelyInteractedWithParameterKeyed(ui(), pid);
@@ -62,6 +69,7 @@ protected:
 
     std::string heard_;
     int edits_ = 0;              // that ended
+    int seen_ = 0;               // edits that such a host would count itself, by comparing the values
     std::function<void()> also_; // with each that is heard
     Window window_;
     View* pressable_ = nullptr;
@@ -69,15 +77,31 @@ protected:
     ObservationToken presses_;
 
 private:
-    void gestureBegan(std::uint32_t pid) override { hear('b', pid); }
-    void valueChanged(std::uint32_t pid) override { hear('v', pid); }
-    void gestureEnded(std::uint32_t pid) override { hear('e', pid); }
+    void gestureBegan(std::uint32_t pid) override {
+        isOpen_.set(pid);
+        hear('b', pid);
+    }
+    void valueChanged(std::uint32_t pid) override {
+        if (std::exchange(known_[pid], unit.values[pid]) != unit.values[pid]) hasSeenAnother_ = true;
+        hear('v', pid);
+    }
+    void gestureEnded(std::uint32_t pid) override {
+        isOpen_.reset(pid);
+        if (isOpen_.none()) seen_ += std::exchange(hasSeenAnother_, false);
+        hear('e', pid);
+    }
     void editEnded() override { ++edits_; }
     void hear(char what, std::uint32_t pid) {
         heard_ += (heard_.empty() ? "" : " ") + std::string(1, what) + std::to_string(pid);
         if (also_) also_();
     }
-    float next_ = 0;
+    std::bitset<FakeAudioUnit::parameterCount> isOpen_;
+    std::array<float, FakeAudioUnit::parameterCount> known_ = [this] {
+        std::array<float, FakeAudioUnit::parameterCount> values{};
+        std::copy(std::begin(unit.values), std::end(unit.values), values.begin());
+        return values;
+    }();
+    bool hasSeenAnother_ = false;
 };
 
 // These are the sequences of the product's controls. An "ended" and a "discrete" carry the value once more.
@@ -117,7 +141,7 @@ TEST_F(GestureLedgerTest, WhatHostsHear) {
 }
 
 TEST_F(GestureLedgerTest, NothingNestsNothingIsLostAndAllEndsWhateverIsReported) {
-    const std::string letters[] = {"value", "began", "ended", "discrete", "down", "up", "turn"};
+    const std::string letters[] = {"value", "same", "began", "ended", "discrete", "down", "up", "turn"};
     constexpr int length = 5;
     const auto count = static_cast<int>(std::pow(std::size(letters), length));
     for (int code = 0; code < count; ++code) {
@@ -125,22 +149,18 @@ TEST_F(GestureLedgerTest, NothingNestsNothingIsLostAndAllEndsWhateverIsReported)
         int values = 0; // that were reported
         for (int i = 0, rest = code; i < length; ++i, rest /= static_cast<int>(std::size(letters))) {
             const std::string& letter = letters[rest % static_cast<int>(std::size(letters))];
-            values += letter == "value" || letter == "ended" || letter == "discrete";
+            values += letter == "value" || letter == "same" || letter == "ended" || letter == "discrete";
             sequence += letter + ' ';
         }
         const std::string told = heardOf(sequence + "up turn");
-        bool isOpen = false, hasValue = false;
-        int edits = 0; // gestures with a value
+        bool isOpen = false;
         for (const char what : told) {
-            if (what == 'b') hasValue = false;
-            if (what == 'v') hasValue = true;
-            if (what == 'e') edits += hasValue;
             ASSERT_FALSE(what == 'b' && isOpen) << "nested: " << sequence << ": " << told;
             ASSERT_FALSE((what == 'v' || what == 'e') && !isOpen) << "outside: " << sequence << ": " << told;
             if (what == 'b' || what == 'e') isOpen = what == 'b';
         }
         ASSERT_FALSE(isOpen) << "never ended: " << sequence << ": " << told;
-        ASSERT_EQ(edits, std::exchange(edits_, 0)) << sequence << ": " << told;
+        ASSERT_EQ(std::exchange(edits_, 0), std::exchange(seen_, 0)) << sequence << ": " << told;
         ASSERT_EQ(std::count(told.begin(), told.end(), 'v'), values) << sequence << ": " << told;
     }
 }
@@ -156,8 +176,19 @@ TEST_F(GestureLedgerTest, AnEditEndsOnceWithTheLastOfItsGestures) {
 
 TEST_F(GestureLedgerTest, WhatChangesNoValueOrComesFromTheHostIsNoEdit) {
     EXPECT_EQ(editsOf("down began turn up turn"), 0) << "a press with Control and Alt";
+    EXPECT_EQ(editsOf("down began turn ended up turn"), 0) << "a click on the handle";
+    EXPECT_EQ(editsOf("down same began ended up turn"), 0) << "a click on the track, where the handle is";
+    EXPECT_EQ(editsOf("down same began turn up turn"), 0) << "a reset by Alt-click of what is at its initial value";
+    EXPECT_EQ(editsOf("same discrete turn"), 0) << "a step by a key at the end of the range";
+    EXPECT_EQ(editsOf("down value began turn up turn"), 1) << "a reset that changes the value";
+    EXPECT_EQ(editsOf("down same began value turn value ended up turn"), 1) << "a drag that begins where it was";
+    EXPECT_EQ(editsOf("same1 same2 value3 turn"), 1) << "a preset that changes one value";
+    EXPECT_EQ(editsOf("same1 same2 same3 turn"), 0) << "a preset that changes none";
     AudioUnitSetParameter(&unit, 1, kAudioUnitScope_Global, 0, 0.5F, 0);
     EXPECT_EQ(editsOf("turn"), 0);
+    EXPECT_EQ(editsOf("down began ended up turn"), 0) << "a click on the value that the host has set";
+    EXPECT_EQ(editsOf("down beyond began up turn"), 1);
+    EXPECT_EQ(editsOf("down beyond began beyond ended up turn"), 0) << "a drag beyond the end that it is at";
 }
 
 TEST_F(GestureLedgerTest, WhatAPressHoldsEndsAtItsEndAndNotBefore) {

@@ -171,12 +171,12 @@ TEST_F(AsDelegate, TheAlternateFramesHaveTheirSizes) {
 }
 
 TEST_F(AsDelegate, AtAnotherScaleTheFramesHaveWholeSizesRoundedDown) {
-    ui().scale().set(0.77F);
+    ui().scale().adoptPreference(0.77);
     delegate().interfaceWantsToAssumeFrame(ui(), 0);
     EXPECT_EQ(view->frame(), (Rect{0, 0, 369, 246})); // of 369.6 by 246.4
     delegate().interfaceWantsToAssumeFrame(ui(), 1);
     EXPECT_EQ(view->frame(), (Rect{0, 0, 523, 246})); // of 523.6
-    ui().scale().set(1.5F);
+    ui().scale().adoptPreference(1.5);
     delegate().interfaceWantsToAssumeFrame(ui(), 2);
     EXPECT_EQ(view->frame(), (Rect{0, 0, 300, 300}));
 }

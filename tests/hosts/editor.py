@@ -8,7 +8,7 @@ SIZE = (480, 320)
 # The middle of the gain's handle, where it stands at 0 dB, and how far it goes for one decibel.
 GAIN_X, GAIN_Y, GAIN_STEP = 159, 79, 6.2
 GAIN_COLOUR = (0xA5, 0x4D, 0x55)
-MENU_COLOUR = (0x30, 0x2B, 0x2C)
+MENU_COLOUR = (0xFC, 0xFB, 0xFA)
 
 
 def _alike(pixel, colour, tolerance):

@@ -23,7 +23,7 @@ PLACES = ((1090, 60), (1090, 480))
 
 class Qtractor(Trial):
     host = "qtractor"
-    clock = (350, 85, 120, 24)
+    clock = (350, 64, 120, 40)
     format = "LV2"
 
     def insert(self):

@@ -32,6 +32,13 @@ TEST(FramePlace, ASizeThatWasRoundedUpIsNoReasonToShrink) {
     EXPECT_FALSE(fitsFrame({200, 200}, 1, {198, 200}));
 }
 
+TEST(FramePlace, IsFilledByWhatHasItsSizeButForRounding) {
+    EXPECT_TRUE(fillsFrame({680, 320}, 400.0 / 480, {567, 267}));
+    EXPECT_FALSE(fillsFrame({680, 320}, 1, {567, 267}));
+    EXPECT_FALSE(fillsFrame({480, 320}, 1, {482, 320}));
+    EXPECT_FALSE(fillsFrame({480, 320}, 1, {480, 322}));
+}
+
 TEST(FramePlace, TheScaleThatFitsFillsAsMuchAsItCan) {
     EXPECT_EQ(scaleToFit({480, 320}, {960, 640}), 2);
     EXPECT_EQ(scaleToFit({480, 320}, {600, 900}), 1.25);

@@ -165,6 +165,26 @@ TEST_F(SlantwiseEditorScale, ToFitTheWindowIsToFollowEachOfItsSizes) {
     EXPECT_THAT(PreferenceFile::ofUser().read(), ElementsAre(Pair("scale", 0)));
 }
 
+TEST_F(SlantwiseEditorScale, OneThatFitsItsWindowShowsEachFormWholeInAnyWindowAndKeepsItsSize) {
+    show();
+    scale().fitWindow();
+    time_.advance(1);
+    editor_->setSize(400, 300); // no form has such a shape
+    const float fitting = scale().current();
+    EXPECT_NEAR(fitting, 400.0 / 480, 1e-4);
+    QVMGenericUI& ui = editor_->view().ui();
+    for (const std::int32_t form : {QVMAltFrameDoubleWide, QVMAltFrameNormal, QVMAltFrameCompact, QVMAltFrameNormal}) {
+        time_.advance(1);
+        ui.requestFrame(form);
+        const Size content = EditorLayoutForAltFrame(form).editor.size();
+        EXPECT_EQ(ui.altFrame(), form);
+        EXPECT_EQ(editor_->view().bounds().size(), content) << form;
+        EXPECT_NEAR(place().getWidth(), content.width * double{fitting}, 1) << form;
+        EXPECT_NEAR(frame().width, content.width * double{fitting}, 1) << form;
+        EXPECT_EQ(scale().current(), fitting) << form;
+    }
+}
+
 TEST_F(SlantwiseEditorScale, ADrawerThatGetsNoRoomIsOverTheControlsAndTheSizeStays) {
     scale().fitWindow();
     show();

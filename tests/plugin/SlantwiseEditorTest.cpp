@@ -88,6 +88,53 @@ TEST_F(SlantwiseEditorTest, AResetByClickEndsOnceThePointerIsFree) {
     EXPECT_EQ(editor_->view().valueForParameterID(pidTiltGain), 0);
 }
 
+// Made ahead of the processor that becomes one of LV2.
+struct NextIsLv2 {
+    NextIsLv2() { juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2); }
+};
+class EditorOfLv2 : NextIsLv2, public SlantwiseEditorFixture {
+protected:
+    EditorOfLv2() { juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined); }
+    // Whether the host was told that its session is another one, after a press and a release.
+    bool marksSession(Point at, std::uint32_t modifiers = 0) {
+        processor_.takeDue();
+        send(EventType::mouseDown, at, modifiers);
+        frame();
+        send(EventType::mouseUp, at, modifiers);
+        frame();
+        return processor_.takeDue() & SlantwiseProcessor::stateChangeBit;
+    }
+};
+
+TEST_F(EditorOfLv2, AClickThatChangesNothingDoesNotMarkTheSession) {
+    for (const std::uint32_t pid :
+         {pidTiltGain, pidTiltRangeLow, pidTiltRangeHigh, pidOutputGain, pidFilterRangeLow, pidFilterRangeHigh}) {
+        EXPECT_FALSE(marksSession(handle(pid))) << "on the handle of " << pid;
+        EXPECT_FALSE(marksSession(handle(pid), EventModifier::option)) << "a reset to what it is, " << pid;
+        processor_.parameter(pid).setValue(0.43F);
+        settle();
+        EXPECT_FALSE(marksSession(handle(pid))) << "where the host has put it, " << pid;
+        EXPECT_TRUE(marksSession(handle(pid), EventModifier::option)) << "back to the initial value, " << pid;
+        EXPECT_FALSE(marksSession(handle(pid), EventModifier::option)) << "once more, " << pid;
+    }
+    drag(handle(pidTiltGain), 30, 0);
+    EXPECT_TRUE(processor_.takeDue() & SlantwiseProcessor::stateChangeBit);
+}
+
+// Its name is in the session, too.
+TEST_F(EditorOfLv2, APresetOfTheSameValuesMarksTheSessionAndTheOpeningDoesNot) {
+    frame();
+    settle();
+    EXPECT_FALSE(processor_.takeDue() & SlantwiseProcessor::stateChangeBit) << "of the editor";
+    const std::string name = "Air";
+    for (const bool isAnother : {true, false}) {
+        const std::string* const reference = &name;
+        AudioUnitSetProperty(&processor_.unit(), kQVMProperty_PresetName, kAudioUnitScope_Global, 0, &reference,
+                             sizeof reference);
+        EXPECT_EQ((processor_.takeDue() & SlantwiseProcessor::stateChangeBit) != 0, isAnother);
+    }
+}
+
 TEST_F(SlantwiseEditorTest, APartnerThatADragPushesHasAGestureThatEndsWithThePress) {
     drag(handle(2), 300, 0); // the low end past the high one
     const Lines kinds = host_.kinds();

@@ -165,6 +165,11 @@ TEST(SlantwiseProcessor, AnLv2HostIsToldOfEachEditOnceAndOfNothingThatItDidItsel
         processOnce(processor);
         EXPECT_EQ(processor.takeDue(), isLv2 ? change | 1U << pidTiltGain | 1U << pidOutputGain : 0U) << type;
         EXPECT_EQ(processor.takeDue(), 0U) << type;
+        const AudioUnitParameter gain{&processor.unit(), pidTiltGain, kAudioUnitScope_Global, 0};
+        AUParameterSet(nullptr, nullptr, &gain, -3, 0);
+        time.settle();
+        processOnce(processor);
+        EXPECT_EQ(processor.takeDue() & change, 0U) << "the value that it has, " << type;
     }
 }
 

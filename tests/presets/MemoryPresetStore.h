@@ -16,7 +16,10 @@ public:
         ++readings;
         std::vector<File> found;
         for (const auto& [name, text] : files)
-            found.push_back({name, text});
+            if (name == unreadable)
+                found.push_back({name, std::make_error_code(std::errc::permission_denied)});
+            else
+                found.push_back({name, text});
         return found;
     }
     [[nodiscard]] std::error_code write(const std::string& fileName, std::string_view text,
@@ -34,6 +37,7 @@ public:
     }
 
     std::map<std::string, std::string> files; // by name, as those of the folder are listed
+    std::string unreadable;                   // one of them
     std::error_code fault;                    // what writing and removing fail with
     int readings = 0;                         // how often somebody looked
 };

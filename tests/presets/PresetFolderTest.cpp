@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 
 #include <sys/stat.h>
@@ -25,6 +26,16 @@ protected:
         const auto files = folder.readAll();
         const auto* text = index < files.size() ? std::get_if<std::string>(&files[index].content) : nullptr;
         return text ? *text : "none";
+    }
+    // One file of old is read, and then holds another text of the same length, from a moment that is so much later.
+    void changeInPlace(std::chrono::milliseconds later) {
+        ASSERT_FALSE(folder_.write("a.slantwise-preset", "one", ExistingFile::keep));
+        const fs::path file = path / "a.slantwise-preset";
+        const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+        fs::last_write_time(file, longAgo);
+        EXPECT_EQ(content(folder_), "one");
+        std::ofstream(file) << "two";
+        fs::last_write_time(file, longAgo + later);
     }
 
     slantwise_tests::ScopedFolder place;
@@ -73,25 +84,13 @@ TEST_F(PresetFolderTest, SeesWhatAnotherOneWrote) {
 
 // An editor of texts writes in place, and the length may stay.
 TEST_F(PresetFolderTest, AFileThatWasChangedInPlaceIsReadAgainHoweverOldItIs) {
-    ASSERT_FALSE(folder_.write("a.slantwise-preset", "one", ExistingFile::keep));
-    const fs::path file = path / "a.slantwise-preset";
-    const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
-    fs::last_write_time(file, longAgo);
-    EXPECT_EQ(content(folder_), "one");
-    std::ofstream(file) << "two";
-    fs::last_write_time(file, longAgo + std::chrono::milliseconds(1));
+    changeInPlace(std::chrono::milliseconds(1));
     EXPECT_EQ(content(folder_), "two");
 }
 
 // As by what copies with times.
 TEST_F(PresetFolderTest, AFileThatWasChangedInPlaceIsReadAgainThoughItsTimeIsTheSame) {
-    ASSERT_FALSE(folder_.write("a.slantwise-preset", "one", ExistingFile::keep));
-    const fs::path file = path / "a.slantwise-preset";
-    const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
-    fs::last_write_time(file, longAgo);
-    EXPECT_EQ(content(folder_), "one");
-    std::ofstream(file) << "two";
-    fs::last_write_time(file, longAgo);
+    changeInPlace(std::chrono::milliseconds(0));
     EXPECT_EQ(content(folder_), "two");
 }
 

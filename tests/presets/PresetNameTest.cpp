@@ -80,5 +80,19 @@ TEST(PresetName, OfAFileThatCannotBeReadIsForTheEye) {
     EXPECT_EQ(nameFromPresetFile("W\xE4rme.slantwise-preset"), "Wrme");
 }
 
+TEST(PresetName, EscapedMarksAreGoneAndComeBack) {
+    EXPECT_EQ(withEscapes("a;b%c", ";"), "a%3Bb%25c");
+    EXPECT_EQ(withoutEscapes("a%3Bb%25c"), "a;b%c");
+    EXPECT_EQ(withoutEscapes("100 % and %zz"), "100 % and %zz");
+}
+
+TEST(PresetName, ThatASessionKeepsSaysWhoseThePresetIs) {
+    EXPECT_EQ(savedUsersName("Warm: voice"), "User: Warm: voice");
+    EXPECT_EQ(usersNameIn("User: Warm: voice"), "Warm: voice");
+    EXPECT_EQ(usersNameIn("User: "), "");
+    for (const char* other : {"", "Air", "User:", "user: Warm"})
+        EXPECT_EQ(usersNameIn(other), std::nullopt) << other;
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

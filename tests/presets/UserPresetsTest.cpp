@@ -108,6 +108,37 @@ TEST_P(UserPresetsTest, WhatIsRemovedDoesNotComeBackOverAnother) {
     EXPECT_EQ(presets_.removed(), "Warm") << "it is not lost";
 }
 
+TEST_P(UserPresetsTest, ADamagedOneIsRemovedByItsFileAndComesBackAsItWas) {
+    put("Warm", text("Warm"));
+    put("Warm (copy)", text("Warm", 3));
+    put("Broken", "half of");
+    EXPECT_EQ(presets_.removeDamaged("Warm (copy).slantwise-preset").status, Status::done);
+    EXPECT_THAT(names(), ElementsAre("Broken (not a preset)", "Warm"));
+    EXPECT_EQ(presets_.putBack().status, Status::done) << "a sound one of this name is no obstacle";
+    EXPECT_THAT(names(), ElementsAre("Broken (not a preset)", "Warm", "Warm (another file has this name)"));
+    EXPECT_EQ(presets_.removeDamaged("Broken.slantwise-preset").status, Status::done);
+    EXPECT_EQ(presets_.removed(), "Broken");
+    EXPECT_EQ(presets_.putBack().status, Status::done);
+    EXPECT_THAT(names(), ElementsAre("Broken (not a preset)", "Warm", "Warm (another file has this name)"));
+}
+
+TEST_P(UserPresetsTest, WhatIsSoundIsNotRemovedAsDamaged) {
+    put("Warm", text("Warm"));
+    EXPECT_EQ(presets_.removeDamaged("Warm.slantwise-preset").reason, "its file is gone");
+    EXPECT_THAT(names(), ElementsAre("Warm"));
+}
+
+TEST(UserPresets, WhatCannotBeReadIsNotRemoved) {
+    const auto config = QVMConfig::inlinedConfig();
+    MemoryPresetStore store;
+    store.files[store.unreadable = "Locked.slantwise-preset"] = "";
+    UserPresets presets(*config, base);
+    presets.setStore(&store);
+    EXPECT_EQ(presets.removeDamaged(store.unreadable).status, Status::failed);
+    EXPECT_EQ(store.files.size(), 1u);
+    EXPECT_FALSE(presets.removed());
+}
+
 TEST_P(UserPresetsTest, AFileThatIsGoneCannotBeRemoved) {
     put("Warm", text("Warm"));
     presets_.refresh();

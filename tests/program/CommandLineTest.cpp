@@ -1,6 +1,7 @@
 #include "program/CommandLine.h"
 
 #include "program/Console.h"
+#include "program/Wording.h"
 
 #include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
@@ -102,6 +103,15 @@ TEST_F(CommandLine, AFileHasAName) {
 
 TEST_F(CommandLine, MissingValuesNameTheOption) {
     EXPECT_EQ(parse({"--loud", "--size"}), "--size needs a value");
+}
+
+TEST_F(CommandLine, AFlagIsFoundWhereverItStandsInALineThatCannotBeParsed) {
+    EXPECT_TRUE(isGiven(app, "--loud", {"--word", "bad", "--none", "--loud"}));
+    EXPECT_TRUE(isGiven(app, "--loud", {"--word=bad", "--loud"}));
+    EXPECT_TRUE(isGiven(app, "--loud", {"file", "--loud"})) << "what the bare argument is called in the library";
+    EXPECT_FALSE(isGiven(app, "--loud", {"--word", "--loud", "a.wav"})) << "it is the word";
+    EXPECT_FALSE(isGiven(app, "--loud", {"--", "--loud"}));
+    EXPECT_FALSE(isGiven(app, "--loud", {"--loud=3", "--word"}));
 }
 
 TEST_F(CommandLine, TheHelpBeginsWithTheNameThatTheProgramIsCalledByAndEndsWithItsExitStatuses) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -56,6 +58,25 @@ TEST(Colors, AGroundIsMovedOnlyAsFarAsItsTranslucentTextNeeds) {
     const Color moved = groundForText(light, text);
     EXPECT_GE(contrastRatio(composite(text, moved), moved), minimumTextContrast);
     EXPECT_LT(contrastRatio(composite(text, moved), moved), minimumTextContrast + 0.3);
+}
+
+// The share of the way at which it stops is that of the slow search, which sets out anew for every ratio.
+TEST(Colors, AGroundForTextIsTheFirstLegibleOneOfThoseThatStandOutMoreAndMore) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> share(0, 1);
+    int moved = 0;
+    for (int i = 0; i < 300; ++i) {
+        const Color ground{share(random), share(random), share(random), 1};
+        const Color text = Color::white(static_cast<float>(i % 2), 0.3f + 0.7f * share(random));
+        const double ratio = i % 3 ? minimumTextContrast : 3.0;
+        Color expected = ground;
+        const auto isLegible = [&] { return contrastRatio(composite(text, expected), expected) >= ratio; };
+        for (double step = ratio; !isLegible() && step <= 21; step += ratio / 64)
+            expected = contrasted(ground, text.withAlpha(1), step);
+        EXPECT_EQ(groundForText(ground, text, ratio), expected) << i;
+        moved += expected != ground;
+    }
+    EXPECT_GT(moved, 50);
 }
 
 TEST(Colors, ContrastedKeepsAlpha) {

@@ -77,21 +77,95 @@ TEST_F(MenuPopupTest, MenuWithoutRowsIsNone) {
     EXPECT_EQ(view->events.size(), 2u);
 }
 
-TEST_F(MenuPopupTest, MenuOfTheKeyboardHasItsFirstRowMarkedThatCanBeChosen) {
-    const FakeDisplay display;
+// A menu opened by a key, with the pointer at rest on one of its rows.
+class MenuPopupKeyTest : public MenuPopupTest {
+protected:
+    void openAroundThePointer() {
+        component->setSize(300, 200);
+        desktop->setSize(300, 200);
+        move(resting.toFloat());
+        const auto row = [this](const char* title, bool isEnabled) {
+            return MenuItem{title, isEnabled, false, [this, title] { chosen = title; }, {}};
+        };
+        Menu menu{"Tilt", {row("Reset", false), row("Read", true), row("Copy", true), row("Paste", true)}};
+        menu.openedByKey = true;
+        component->window().popUpMenu(std::make_unique<Menu>(std::move(menu)), {60, 40});
+        for (juce::Component* child : component->getChildren())
+            if (child->getName().contains("menu")) shown = child;
+        ASSERT_TRUE(shown && shown->getBounds().contains(resting));
+    }
+    bool menuSeesThePointerAt(juce::Point<int> pointer) const {
+        return shown->reallyContains(shown->getLocalPoint(component.get(), pointer), true);
+    }
+    // The keys, and Return.
+    std::string chosenBy(std::initializer_list<int> keys) {
+        openAroundThePointer();
+        for (const int key : keys)
+            shown->keyPressed(juce::KeyPress(key));
+        shown->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
+        runPostedMessages();
+        return chosen;
+    }
+
+    const juce::Point<int> resting{100, 90};
+    juce::Component* shown = nullptr;
     std::string chosen;
-    const auto row = [&](const char* title, bool isEnabled) {
-        return MenuItem{title, isEnabled, false, [&chosen, title] { chosen = title; }, {}};
-    };
-    view->menu =
-        std::make_unique<Menu>(Menu{"Tilt", {row("Reset", false), row("Read", true), row("Copy", true)}, true});
-    press({10, 20}, Mods::rightButtonModifier);
-    release({10, 20});
-    auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
-    ASSERT_NE(menu, nullptr);
-    menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
+};
+
+TEST_F(MenuPopupKeyTest, FirstArrowGoesToTheFirstRowThatCanBeChosenOrToTheLast) {
+    const FakeDisplay display;
+    const int down = juce::KeyPress::downKey, up = juce::KeyPress::upKey;
+    EXPECT_EQ(chosenBy({down}), "Read");
+    EXPECT_EQ(chosenBy({down, down}), "Copy");
+    EXPECT_EQ(chosenBy({up}), "Paste");
+    EXPECT_EQ(chosenBy({up, up}), "Copy");
+}
+
+TEST_F(MenuPopupKeyTest, DoesNotSeeThePointerThatRestsOnARowBeforeItMoves) {
+    const FakeDisplay display;
+    openAroundThePointer();
+    EXPECT_FALSE(menuSeesThePointerAt(resting));
+    EXPECT_TRUE(menuSeesThePointerAt(resting.translated(4, 0)));
+    juce::PopupMenu::dismissAllActiveMenus();
     runPostedMessages();
-    EXPECT_EQ(chosen, "Read");
+}
+
+TEST_F(MenuPopupKeyTest, TheRowThatAnArrowMarksIsInSightInAMenuThatIsTooLong) {
+    const FakeDisplay display;
+    component->setSize(300, 200);
+    desktop->setSize(300, 200);
+    Menu menu{"Tilt", std::vector<MenuItem>(30, MenuItem{"Row", true, false, [] {}, {}})};
+    menu.openedByKey = true;
+    component->window().popUpMenu(std::make_unique<Menu>(std::move(menu)), {60, 40});
+    juce::Component* const modal = juce::Component::getCurrentlyModalComponent();
+    ASSERT_TRUE(modal);
+    for (const int key : {juce::KeyPress::upKey, juce::KeyPress::upKey, juce::KeyPress::downKey,
+                          juce::KeyPress::downKey, juce::KeyPress::downKey}) {
+        desktop->peer().handleKeyPress(key, 0);
+        int marked = 0;
+        const juce::Array<juce::Component*> rows = modal->getChildren();
+        for (juce::Component* const row : rows) {
+            auto* const handler = row->getAccessibilityHandler();
+            if (!handler || !handler->hasFocus(false)) continue;
+            ++marked;
+            const bool isEnd = row == rows.getFirst() || row == rows.getLast();
+            const int arrow = isEnd ? 0 : 24;
+            EXPECT_TRUE(modal->getLocalBounds().reduced(0, arrow).contains(row->getBounds()))
+                << row->getBounds().toString();
+        }
+        EXPECT_EQ(marked, 1);
+    }
+    juce::PopupMenu::dismissAllActiveMenus();
+    runPostedMessages();
+}
+
+TEST_F(MenuPopupKeyTest, LeavesNothingOverTheWindow) {
+    const FakeDisplay display;
+    openAroundThePointer();
+    EXPECT_NE(component->getComponentAt(resting), component.get());
+    juce::PopupMenu::dismissAllActiveMenus();
+    runPostedMessages();
+    EXPECT_EQ(component->getComponentAt(resting), component.get());
 }
 
 // A list of values whose row of an index is the present one, opened at a point: the rows as they stand, the title

@@ -158,6 +158,48 @@ TEST_F(PointerInputTest, ThereIsNoToolTipFromAKeyUntilThePointerMoves) {
     EXPECT_EQ(component->getTooltip(), "Tilt");
 }
 
+TEST_F(PointerInputTest, ThereIsNoToolTipOfWhatWasPressedUntilThePointerHasLeftIt) {
+    View& low = view->addSubview(std::make_unique<View>(Rect{0, 0, 50, 80}));
+    View& high = view->addSubview(std::make_unique<View>(Rect{50, 0, 50, 80}));
+    low.setToolTip("Low");
+    high.setToolTip("High");
+    const auto tip = [this] { return component->getTooltip(); };
+    move({20, 40});
+    EXPECT_EQ(tip(), "Low");
+    for (const int button : {Mods::leftButtonModifier, Mods::rightButtonModifier}) {
+        press({20, 40}, button);
+        release({20, 40});
+        move({22, 40});
+        EXPECT_EQ(tip(), "") << "after a click";
+        move({60, 40});
+        EXPECT_EQ(tip(), "High") << "of another";
+        move({20, 40});
+        EXPECT_EQ(tip(), "Low") << "it has come back";
+    }
+    press({20, 40});
+    mouse({60, 40}, Mods::leftButtonModifier);
+    mouse({30, 40}, Mods::leftButtonModifier);
+    release({30, 40});
+    move({31, 40});
+    EXPECT_EQ(tip(), "") << "a drag that ended where it began";
+    move({-5, 40});
+    move({20, 40});
+    EXPECT_EQ(tip(), "Low") << "the pointer was outside";
+    press({20, 40});
+    mouse({60, 40}, Mods::leftButtonModifier);
+    release({60, 40});
+    EXPECT_EQ(tip(), "") << "where the drag has led";
+    move({20, 40});
+    EXPECT_EQ(tip(), "Low") << "it has come to something else";
+    press({20, 40});
+    view->also = [&](const std::string& word) {
+        if (word == "up") low.setFrame({0, 0, 10, 80}), high.setFrame({10, 0, 90, 80});
+    };
+    release({20, 40});
+    move({21, 40});
+    EXPECT_EQ(tip(), "") << "what the release has put below the pointer";
+}
+
 TEST_F(PointerInputTest, ToolTipIsTheViewsAndThereIsNoneInMidDrag) {
     view->setToolTip("Tilt");
     EXPECT_EQ(component->getTooltip(), "Tilt");

@@ -56,6 +56,64 @@ TEST_P(ToolkitLook, MenusAndTooltipsStandOnTheThemesColourWithOneLineAroundAndRo
     }
 }
 
+TEST_P(ToolkitLook, ATooltipsTextIsWholeInAWindowThatIsNarrowerThanItsLine) {
+    const juce::String text = "Keys: Shift+F10, Editor, Small window";
+    const juce::Rectangle<int> wide = look_.getTooltipBounds(text, {0, 0}, {0, 0, 480, 320});
+    const juce::Rectangle<int> narrow = look_.getTooltipBounds(text, {0, 0}, {0, 0, 200, 200});
+    EXPECT_GT(wide.getWidth(), 200) << "it would not fit";
+    EXPECT_LE(narrow.getWidth(), 200);
+    EXPECT_GE(narrow.getHeight(), wide.getHeight()) << "in more lines, not less";
+    const juce::Image image = picture([&](auto& look, auto& g) { look.drawTooltip(g, text, 150, height); });
+    for (int y = 4; y < height - 4; ++y)
+        EXPECT_EQ(image.getPixelAt(146, y), toToolkit(palette().menu)) << "nothing reaches the edge at " << y;
+}
+
+TEST_P(ToolkitLook, AMenusTextIsWholeInAWindowThatIsNarrowerThanItsLine) {
+    juce::Component small, normal;
+    small.setSize(200, 200);
+    normal.setSize(480, 320);
+    const auto sizeIn = [this](juce::Component& window, const juce::String& text) {
+        juce::Point<int> size;
+        look_.getIdealPopupMenuItemSizeWithOptions(text, false, 0, size.x, size.y,
+                                                   juce::PopupMenu::Options().withParentComponent(&window));
+        return size;
+    };
+    const juce::String text = "Copy all settings as URL to Clipboard";
+    EXPECT_EQ(sizeIn(normal, text).y, sizeIn(normal, "Undo").y);
+    EXPECT_LE(sizeIn(small, text).x, 156) << "what the toolkit gives a row there";
+    EXPECT_EQ(sizeIn(small, "Undo"), sizeIn(normal, "Undo"));
+    EXPECT_LE(sizeIn(normal, text + " and " + text).x, 300) << "a menu leaves room for another one";
+    const int tall = sizeIn(small, text).y;
+    EXPECT_GT(tall, 2 * sizeIn(small, "Undo").y - 10);
+    const juce::Image image = picture([&](auto& look, auto& g) {
+        look.drawPopupMenuItem(g, {0, 0, 156, tall}, false, true, false, false, false, text, {}, nullptr, nullptr);
+    });
+    const auto inked = [&image](int fromY, int toY) {
+        for (int y = fromY; y < toY; ++y)
+            for (int x = 0; x < image.getWidth(); ++x)
+                if (image.getPixelAt(x, y).getAlpha() > 128) return true;
+        return false;
+    };
+    EXPECT_TRUE(inked(0, tall / 3));
+    EXPECT_TRUE(inked(tall * 2 / 3, tall));
+    EXPECT_FALSE(inked(0, 2) || inked(tall - 1, tall)) << "and stands within the row";
+}
+
+// The toolkit draws the arrow over whatever row the end of the menu cuts.
+TEST_P(ToolkitLook, NoRowIsReadBelowAScrollingArrow) {
+    for (const bool isUp : {false, true}) {
+        const juce::Image image = picture([&](auto& look, auto& g) {
+            g.fillAll(juce::Colours::red);
+            look.drawPopupMenuUpDownArrow(g, width, 24, isUp);
+        });
+        EXPECT_EQ(image.getPixelAt(width / 4, 12), toToolkit(palette().menu)) << "beside the arrow";
+        EXPECT_EQ(image.getPixelAt(width / 4, isUp ? 1 : 22), toToolkit(palette().menu)) << "at the end of the menu";
+        EXPECT_LT(image.getPixelAt(width / 4, isUp ? 0 : 23).getSaturation(), 0.5f) << "nor upon the frame's line";
+        EXPECT_GT(image.getPixelAt(width / 4, isUp ? 23 : 0).getRed(), 200) << "what comes before is seen";
+        EXPECT_EQ(image.getPixelAt(1, 12), juce::Colours::red) << "the frame beside it is left alone";
+    }
+}
+
 TEST_P(ToolkitLook, WhatIsShownInAWindowHasNoSecondFrame) {
     const juce::Image image =
         picture([](auto& look, auto& g) { look.drawResizableFrame(g, width, height, juce::BorderSize<int>(5)); });

@@ -1,5 +1,6 @@
 #include "toolkit/ToolkitWorkspace.h"
 
+#include "platform/runloop/VirtualTime.h"
 #include "platform/system/Log.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,20 @@ protected:
         for (int i = 0; i < 200 && !file.existsAsFile(); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
+    // Whether an opener was started.
+    bool opens(const std::string& address) {
+        hasFailed = false;
+        workspace.openUrl(address, [this] { hasFailed = true; });
+        return !hasFailed;
+    }
+    juce::File makeOpener(const char* script) const {
+        const juce::File opener = folder.getChildFile("xdg-open");
+        opener.replaceWithText(juce::String("#!/bin/sh\n") + script, false, false, "\n");
+        opener.setExecutePermission(true);
+        return opener;
+    }
+    bool hasFailed = false;
+    VirtualTime time{100};
     const std::string path = std::getenv("PATH");
     const juce::File folder = juce::File::createTempFile("openers");
     std::vector<std::string> lines;
@@ -66,12 +81,12 @@ TEST_F(ToolkitWorkspaceTest, WithoutADisplayTheClipboardIsEmptyAndWritingIsHarml
 }
 
 TEST_F(ToolkitWorkspaceTest, WithoutAnOpenerThereIsOneLogLine) {
-    EXPECT_FALSE(workspace.openUrl("https://example.org/"));
+    EXPECT_FALSE(opens("https://example.org/"));
     EXPECT_EQ(lines, std::vector<std::string>{"browser: no program to open https://example.org/\n"});
 }
 
 TEST_F(ToolkitWorkspaceTest, OtherAddressesAreRefusedWithALogLine) {
-    EXPECT_FALSE(workspace.openUrl("file:///etc/passwd"));
+    EXPECT_FALSE(opens("file:///etc/passwd"));
     EXPECT_EQ(lines, std::vector<std::string>{"browser: not a web address: file:///etc/passwd\n"});
 }
 
@@ -82,7 +97,7 @@ TEST_F(ToolkitWorkspaceTest, OpenerIsGivenTheAddressAsItIs) {
                            false, false, "\n");
     opener.setExecutePermission(true);
     const std::string address = "https://example.org/?q=$(touch${IFS}x)&b=`id`;c='\"%20";
-    EXPECT_TRUE(workspace.openUrl(address));
+    EXPECT_TRUE(opens(address));
     waitFor(told);
     EXPECT_EQ(told.loadFileAsString().toStdString(), address);
     EXPECT_TRUE(lines.empty());
@@ -96,10 +111,25 @@ TEST_F(ToolkitWorkspaceTest, OpenerHasNoneOfTheHostsFilesOpen) {
                                ".part\n/bin/mv " + told.getFullPathName() + ".part " + told.getFullPathName() + "\n",
                            false, false, "\n");
     opener.setExecutePermission(true);
-    EXPECT_TRUE(workspace.openUrl("https://example.org/"));
+    EXPECT_TRUE(opens("https://example.org/"));
     waitFor(told);
     EXPECT_EQ(told.loadFileAsString(), "1");
     close(open);
+}
+
+TEST_F(ToolkitWorkspaceTest, OpenerThatFailsIsToldOfOnce) {
+    makeOpener("exit 3\n");
+    ASSERT_TRUE(opens("https://example.org/"));
+    for (int i = 0; i < 500 && !hasFailed; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10)); // of the program's
+        time.advance(0.03);
+    }
+    EXPECT_TRUE(hasFailed);
+    EXPECT_EQ(lines, std::vector<std::string>{"browser: xdg-open can't open https://example.org/\n"});
+}
+
+TEST_F(ToolkitWorkspaceTest, TheFileOfAnAddressThatIsNotTheManualsIsNone) {
+    EXPECT_EQ(workspace.fileOpenedFor("https://example.org/"), std::nullopt);
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 #include "tools/gallery/GalleryOptions.h"
 
-#include "program/CommandLine.h"
 #include "program/NearestName.h"
+#include "program/OptionsLine.h"
 #include "tools/gallery/Pages.h"
 #include "tools/gallery/TestSignal.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -35,11 +33,11 @@ std::string setSignal(GalleryOptions& options, const std::string& value) {
     return {};
 }
 
-// The gallery's command line; what it says goes to the options, which live as long.
-class GalleryLine {
+class GalleryLine : public OptionsLine<GalleryOptions> {
 public:
-    explicit GalleryLine(GalleryOptions& options) : options_(options) {
-        app.set_help_flag(); // an option like the others, so that what stands beside it is still looked at
+    explicit GalleryLine(GalleryOptions& options)
+        : OptionsLine(options, "Shows every control in all its states, and displays fed by the file or a built-in "
+                               "signal.") {
         addBareFile(app, "an audio file for the displays, in place of a signal",
                     [this](const std::string& value) { return options_.audioFile = value, std::string(); });
         add({"--page", "NAME", "start on a page"}, setPage);
@@ -55,15 +53,6 @@ public:
         addQuitAfter(app, options.quitAfterSeconds);
         addFlag(app, "-h,--help", options.showHelp, "print this");
     }
-
-    CLI::App app{"Shows every control in all its states, and displays fed by the file or a built-in signal."};
-
-private:
-    void add(const OptionText& text, std::string (*set)(GalleryOptions&, const std::string&)) {
-        addOption(app, text, [this, set](const std::string& value) { return set(options_, value); });
-    }
-
-    GalleryOptions& options_;
 };
 
 } // namespace

@@ -17,10 +17,6 @@ constexpr Rect kTabs = {kMargin, 9, 760, 28};
 constexpr Rect kTheme = {GalleryView::size.width - kMargin - 150, 9, 150, 28};
 constexpr Rect kPage = {0, kHeader, GalleryView::size.width, GalleryView::size.height - kHeader - kFooter};
 
-bool isDark() {
-    return &QVMUITheme::theme() == &QVMUITheme::dark();
-}
-
 } // namespace
 
 GalleryView::GalleryView(StereoFeed& feed, std::size_t page, Listener listener)
@@ -44,9 +40,9 @@ GalleryView::GalleryView(StereoFeed& feed, std::size_t page, Listener listener)
         if (chosen != page_) showPage(chosen);
     });
     theme_ = &addSwitch("Theme", kTheme);
-    theme_->setFloatValue(isDark() ? 1 : 0);
+    theme_->setFloatValue(QVMUITheme::isDark() ? 1 : 0);
     theme_->setAction([this](Control& theme) {
-        if ((theme.floatValue() == 1) != isDark()) QVMUITheme::toggleThemeForWindow(window());
+        if ((theme.floatValue() == 1) != QVMUITheme::isDark()) QVMUITheme::toggleThemeForWindow(window());
     });
     themeObservation_ = NotificationCenter::defaultCenter().observe(QVMUITheme::updatedNotification, nullptr,
                                                                     [this](const Notification&) { redraw(); });
@@ -106,7 +102,7 @@ void GalleryView::viewDidMoveToWindow() {
 void GalleryView::mouseDown(const Event&) {
     if (!window()) return;
     window()->makeFirstResponder(this);
-    if (!window()->isKeyWindow()) window()->makeKey();
+    window()->makeKey();
 }
 
 bool GalleryView::keyDown(const Event& event) {
@@ -126,7 +122,7 @@ void GalleryView::redraw() {
         line->look().setBackgroundColor(theme.interiorBorderColor);
     statusText_->setString(
         {status_, QVMUITheme::unitFontOfSize(kStatusSize), theme.labelColorGivenInk(theme.palette.labelInk)});
-    theme_->setFloatValue(isDark() ? 1 : 0);
+    theme_->setFloatValue(QVMUITheme::isDark() ? 1 : 0);
 }
 
 } // namespace QVM_NAMESPACE

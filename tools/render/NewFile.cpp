@@ -1,5 +1,7 @@
 #include "tools/render/NewFile.h"
 
+#include "platform/system/FileNames.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -18,7 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int mostLinks = 40;        // one after the other; the system's own bound
 constexpr mode_t everybody = 0666;   // less what the user's mask takes away
 constexpr mode_t permissions = 0777; // and not to run as its owner, who may be another one now
 
@@ -29,15 +30,6 @@ std::string lastError() {
 // The way by which the system names an open file.
 std::string openFile(int descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
-}
-
-// What a link at the path leads to, though it may not be there yet, so that the link stays one.
-std::string resolved(const std::string& path) {
-    std::error_code error;
-    fs::path target = path;
-    for (int i = 0; i < mostLinks && fs::is_symlink(target, error); ++i)
-        target = target.parent_path() / fs::read_symlink(target, error);
-    return fs::is_symlink(target, error) ? path : target.string();
 }
 
 } // namespace
@@ -51,7 +43,7 @@ std::string whyNotWritten(const std::string& path, Replace replace) {
     return replace == Replace::yes ? "" : "it is there already, and --force would replace it";
 }
 
-NewFile::NewFile(const std::string& path, Way mostly) : path_(resolved(path)) {
+NewFile::NewFile(const std::string& path, Way mostly) : path_(withoutLinks(path)) {
     if (mostly == Way::nameless) open(Way::nameless);
     if (descriptor_ < 0) open(Way::hidden);
     if (descriptor_ < 0) problem_ = lastError();
@@ -96,13 +88,8 @@ std::string NewFile::link(Replace replace) {
     };
     if (replace == Replace::no) {
         if (isNameless) return nameIt(path_) ? std::string() : lastError();
-        if (renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0) {
-            hidden_.clear();
-            return {};
-        }
-        if (errno != EINVAL && errno != ENOSYS) return lastError();
-        // An older file system, or one in a network. The hidden name goes with this object.
-        return ::link(hidden_.c_str(), path_.c_str()) == 0 ? std::string() : lastError();
+        const std::error_code error = renameToNew(hidden_, path_);
+        return error ? error.message() : std::string(); // a hidden name that is left goes with this object
     }
     if (isNameless) {
         const std::string name = hiddenName();

@@ -97,12 +97,19 @@ int renderAll(std::deque<Job>& jobs, const RenderOptions& options, const Console
 
 } // namespace
 
+int refuseArguments(const RenderOptionsError& error, const Console& console) {
+    // That nothing was done says more than that it could not be told everywhere.
+    if (error.asJson) static_cast<void>(console.print(refusalJson(error.message)));
+    return console.refuse(error.message);
+}
+
 int runRender(const RenderOptions& options, const Console& console) {
     if (options.showHelp) return console.print(renderHelp(console.program()));
     if (options.showVersion) return console.print(versionText() + "\n");
     if (options.listPresets) return console.print(presetList());
     const auto paths = outputPaths(options);
-    if (const auto* problem = std::get_if<PathsProblem>(&paths)) return console.refuse(problem->message);
+    if (const auto* problem = std::get_if<PathsProblem>(&paths))
+        return refuseArguments({problem->message, options.json}, console);
     std::deque<Job> jobs;
     for (const FilePair& files : std::get<std::vector<FilePair>>(paths)) {
         Job& job = jobs.emplace_back();

@@ -10,6 +10,8 @@
 namespace QVM_NAMESPACE {
 namespace render {
 
+// Tells what is wrong with the arguments, and answers the exit status.
+[[nodiscard]] int refuseArguments(const RenderOptionsError& error, const Console& console);
 // Does what the options say and answers the exit status. Main thread.
 [[nodiscard]] int runRender(const RenderOptions& options, const Console& console);
 

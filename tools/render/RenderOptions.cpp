@@ -1,9 +1,8 @@
 #include "tools/render/RenderOptions.h"
 
 #include "description/NumberText.h"
-#include "program/CommandLine.h"
-
-#include <CLI/CLI.hpp>
+#include "program/OptionsLine.h"
+#include "program/Wording.h"
 
 #include <filesystem>
 
@@ -24,29 +23,29 @@ std::string setSuffix(RenderOptions& options, const std::string& value) {
 
 std::string setFormat(RenderOptions& options, const std::string& value) {
     options.format.container = containerNamed(value);
-    return options.format.container ? "" : "--format takes " + containerNames() + ", not \"" + value + "\"";
+    return options.format.container ? "" : takesNot("--format", containerNames(), value);
 }
 
 std::string setBits(RenderOptions& options, const std::string& value) {
     if (options.format.chooseBits(value)) return {};
-    return "--bits takes " + std::string(FormatRequest::bitNames) + ", not \"" + value + "\"";
+    return takesNot("--bits", std::string(FormatRequest::bitNames), value);
 }
 
 std::string setJobs(RenderOptions& options, const std::string& value) {
     const std::optional<int> number = WholeNumberFromText<int>(value);
     if (!number || *number < 1 || *number > mostJobs)
-        return "--jobs takes a whole number from 1 to " + std::to_string(mostJobs) + ", not \"" + value + "\"";
+        return takesNot("--jobs", "a whole number from 1 to " + std::to_string(mostJobs), value);
     options.jobs = *number;
     return {};
 }
 
-// The program's command line; what it says goes to the options, which live as long.
-class OptionsLine {
+class RenderLine : public OptionsLine<RenderOptions> {
 public:
-    explicit OptionsLine(RenderOptions& options) : options_(options) {
-        app.set_help_flag(); // an option like the others, so that what stands beside it is still looked at
+    explicit RenderLine(RenderOptions& options)
+        : OptionsLine(options, "Processes sound files with the tilt equaliser and measures their loudness. Writes each "
+                               "beside itself\nunless told where to, and nothing over a file that is there.") {
         addBareFiles(app, "the sound files to process", options.files);
-        addOption(app, {"--preset", "NAME", "the factory preset of this name, or of this number"},
+        addOption(app, {"--preset", "NAME", "the preset of this name, or the factory's of this number"},
                   [this](const std::string& value) { return options_.settings.choosePreset(value); });
         addOption(app, {"--settings", "ADDRESS", "the settings of an address, as copied from an editor"},
                   [this](const std::string& value) { return options_.settings.chooseAddress(value); });
@@ -63,21 +62,11 @@ public:
         addFlag(app, "--force", options.force, "replace files that are there already");
         add({"--jobs", "N", "how many files to work on at once (as many as there are processors)"}, setJobs);
         addFlag(app, "--json", options.json, "print what was done and measured as one JSON object");
-        addFlag(app, "--list-presets", options.listPresets, "print the names and numbers of the factory presets");
+        addFlag(app, "--list-presets", options.listPresets,
+                "print the names of the presets, with the numbers of the factory's");
         addFlag(app, "-h,--help", options.showHelp, "print this");
         addFlag(app, "--version", options.showVersion, "print the version");
     }
-
-    CLI::App app{
-        "Processes sound files with the tilt equaliser and measures their loudness. Writes each beside itself\n"
-        "unless told where to, and nothing over a file that is there."};
-
-private:
-    void add(const OptionText& text, std::string (*set)(RenderOptions&, const std::string&)) {
-        addOption(app, text, [this, set](const std::string& value) { return set(options_, value); });
-    }
-
-    RenderOptions& options_;
 };
 
 // The value of --normalise may be left out: what is no number behind it is the next argument.
@@ -127,17 +116,21 @@ void takeFormatOfName(RenderOptions& options) {
 
 std::variant<RenderOptions, RenderOptionsError> parseRenderOptions(const std::vector<std::string>& arguments) {
     RenderOptions options;
-    OptionsLine line(options);
-    if (std::string wrong = parseCommandLine(line.app, withNormaliseValue(arguments)); !wrong.empty())
-        return RenderOptionsError{wrong};
+    RenderLine line(options);
+    const std::vector<std::string> completed = withNormaliseValue(arguments);
+    // Where something is wrong, not all of the line was read.
+    const auto refusal = [&](const std::string& wrong) {
+        return RenderOptionsError{wrong, isGiven(line.app, "--json", completed)};
+    };
+    if (const std::string wrong = parseCommandLine(line.app, completed); !wrong.empty()) return refusal(wrong);
     takeFormatOfName(options);
-    if (std::string wrong = contradictionIn(options, line.app); !wrong.empty()) return RenderOptionsError{wrong};
+    if (const std::string wrong = contradictionIn(options, line.app); !wrong.empty()) return refusal(wrong);
     return options;
 }
 
 std::string renderHelp(const std::string& program) {
     RenderOptions options;
-    return commandLineHelp(OptionsLine(options).app, program);
+    return commandLineHelp(RenderLine(options).app, program);
 }
 
 } // namespace render

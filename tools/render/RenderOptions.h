@@ -27,6 +27,7 @@ struct RenderOptions {
 
 struct RenderOptionsError {
     std::string message; // one line, without a newline
+    bool asJson = false; // asked for, wherever in the line
 };
 
 // Parses the arguments behind the program's name.

@@ -42,17 +42,25 @@ Json resultJson(const RenderResult& result) {
     return json;
 }
 
+std::string textOf(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
 } // namespace
 
 std::string resultsJson(std::span<const RenderResult> results, const RenderOptions& options) {
     Json json = {{"version", GetMetadata()->version}};
-    const std::optional<int> preset = options.settings.presetIndex;
-    if (preset) json["preset"] = GetPresets()->stringValues[static_cast<std::size_t>(*preset)];
+    const std::string preset = options.settings.presetName();
+    if (!preset.empty()) json["preset"] = preset;
     if (!options.settings.address.empty()) json["settings"] = options.settings.address;
     json["files"] = Json::array();
     for (const RenderResult& result : results)
         json["files"].push_back(resultJson(result));
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return textOf(json);
+}
+
+std::string refusalJson(const std::string& problem) {
+    return textOf({{"version", GetMetadata()->version}, {"problem", problem}, {"files", Json::array()}});
 }
 
 } // namespace render

@@ -1,6 +1,7 @@
 #include "tools/render/ResultText.h"
 
 #include "description/NumberText.h"
+#include "program/Wording.h"
 
 #include <cmath>
 
@@ -45,8 +46,7 @@ std::vector<std::string> complaints(const RenderResult& result) {
     std::vector<std::string> lines;
     if (result.isDamaged) {
         const double seconds = static_cast<double>(result.frames) / result.source.samplerate;
-        lines.push_back("\"" + printable(result.files.input) +
-                        "\" is damaged, and rendered as far as it can be read (" + FixedText(seconds, 1) + " s)");
+        lines.push_back(isDamaged(printable(result.files.input), "rendered") + " (" + FixedText(seconds, 1) + " s)");
     }
     if (result.clipped > 0) {
         lines.push_back("\"" + printable(result.files.output) + "\": " + std::to_string(result.clipped) +

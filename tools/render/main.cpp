@@ -11,6 +11,6 @@ int main(int argumentCount, char* arguments[]) { // NOLINT(bugprone-exception-es
         signal(failure, SIG_IGN);
     const auto parsed = slantwise::render::parseRenderOptions({arguments + 1, arguments + argumentCount});
     if (const auto* error = std::get_if<slantwise::render::RenderOptionsError>(&parsed))
-        return console.refuse(error->message);
+        return slantwise::render::refuseArguments(*error, console);
     return slantwise::render::runRender(std::get<slantwise::render::RenderOptions>(parsed), console);
 }

@@ -18,7 +18,7 @@ constexpr std::array<TrackRow, 1> kTracks = {{{pidOutputGain, {33.5f, 38, 6, 141
 
 std::array<PBParameter, QVMParameterCount> buildParameters() {
     std::array<PBParameter, QVMParameterCount> rows;
-    for (const tables::ParameterRow& parameter : tables::Parameters()) {
+    for (const tables::ParameterRow& parameter : tables::kParameters) {
         PBParameter& row = rows.at(parameter.pid);
         row.defaultValue = parameter.initialValue;
         row.minValue = parameter.minValue;

@@ -95,8 +95,8 @@ void HostWindow::movePointer(int x, int y) {
     XFlush(display_);
 }
 
-void HostWindow::button(bool down) {
-    XTestFakeButtonEvent(display_, Button1, down, CurrentTime);
+void HostWindow::button(int number, bool down) {
+    XTestFakeButtonEvent(display_, static_cast<unsigned>(number), down, CurrentTime);
     XFlush(display_);
 }
 

@@ -23,7 +23,7 @@ public:
     std::optional<Area> findPluginArea();
 
     void movePointer(int x, int y);
-    void button(bool down);
+    void button(int number, bool down);
 
     // From here on the server tells of all that is drawn into that window.
     void watchDrawing();

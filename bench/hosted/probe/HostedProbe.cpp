@@ -5,14 +5,16 @@
 // open: milliseconds from the host's start to the plug-in's picture, and those of them that the host's process worked;
 // a line for each run. run: one line: private kilobytes of the host, then percent of a core and new pictures a second
 // while nothing happens, while noise plays, with the spectrum, and while a handle is dragged with the pointer at 100
-// Hz; at last milliseconds from a movement of the pointer to a new picture. HANDLE is "x,y,dx,dy" and SPECTRUM "x,y",
-// pixels from the corner of the plug-in's window, or "-": what is not there is "-" in the line. Needs a JACK server;
-// what the host says is in host.log of the working folder.
+// Hz; at last milliseconds from a movement of the pointer to a new picture. HANDLE is "x,y,dx,dy" and SPECTRUM the
+// clicks that switch it on, "x,y" or "3@x,y" with the right button, "/" between them; pixels from the corner of the
+// plug-in's window, or "-": what is not there is "-" in the line. Needs a JACK server; what the host says is in
+// host.log of the working folder.
 #include "bench/hosted/probe/Opening.h"
 #include "bench/hosted/probe/Running.h"
 
 #include <cstdio>
 #include <exception>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -20,11 +22,19 @@ namespace {
 
 using namespace slantwise_bench;
 
-std::optional<Spot> spotOf(const std::string& text) {
-    Spot spot;
-    if (text == "-") return std::nullopt;
-    if (std::sscanf(text.c_str(), "%d,%d", &spot.x, &spot.y) != 2) throw std::runtime_error("no spot: " + text);
-    return spot;
+std::vector<Click> clicksOf(const std::string& text) {
+    std::vector<Click> clicks;
+    if (text == "-") return clicks;
+    std::istringstream in(text);
+    for (std::string each; std::getline(in, each, '/');) {
+        Click click;
+        const bool hasButton = each.find('@') != std::string::npos;
+        const char* const place = each.c_str() + (hasButton ? 2 : 0);
+        if (hasButton) click.button = each[0] - '0';
+        if (std::sscanf(place, "%d,%d", &click.at.x, &click.at.y) != 2) throw std::runtime_error("no click: " + each);
+        clicks.push_back(click);
+    }
+    return clicks;
 }
 
 std::optional<Handle> handleOf(const std::string& text) {
@@ -52,7 +62,7 @@ void open(const ScreenFile& screen, int runs, const std::vector<std::string>& co
 
 void run(const ScreenFile& screen, double seconds, const std::string& handle, const std::string& spectrum,
          const std::vector<std::string>& command) {
-    const Running running = measureRunning(command, screen, seconds, handleOf(handle), spotOf(spectrum));
+    const Running running = measureRunning(command, screen, seconds, handleOf(handle), clicksOf(spectrum));
     std::printf("%ld", running.privateKilobytes);
     print(running.idle);
     print(running.playing);

@@ -45,6 +45,7 @@ double Look::shareIn(const Pixels& other) const {
 Look learnLook(const std::vector<std::string>& command, const ScreenFile& screen) {
     const HostProcess host(command, log);
     HostWindow window;
+    window.movePointer(0, 0); // what rests over a control may have its tip shown
     Look look;
     for (int rest = 0; rest < 10; ++rest) {
         pause(0.1);
@@ -74,6 +75,7 @@ void awaitGround(const ScreenFile& screen, const Look& look) {
 
 Opening measureOpening(const std::vector<std::string>& command, const ScreenFile& screen, const Look& look) {
     awaitGround(screen, look);
+    HostWindow().movePointer(0, 0);
     const HostProcess host(command, log);
     while (look.shareIn(screen.read(look.area, Look::step)) < enough) {
         pause(0.0005);

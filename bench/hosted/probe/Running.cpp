@@ -41,13 +41,15 @@ public:
         pause(settling);
     }
 
-    void click(Spot spot) {
-        movePointer(spot);
-        pause(0.2);
-        window_.button(true);
-        pause(0.05);
-        window_.button(false);
-        pause(0.2);
+    void click(const std::vector<Click>& clicks) {
+        for (const Click& click : clicks) {
+            movePointer(click.at);
+            pause(0.5); // a submenu opens
+            window_.button(click.button, true);
+            pause(0.05);
+            window_.button(click.button, false);
+            pause(0.5);
+        }
         movePointer({-area_.x, -area_.y});
         pause(settling);
     }
@@ -96,11 +98,11 @@ private:
         Press(Session& session, const Handle& handle) : session_(session) {
             session.movePointer(handle.at);
             pause(0.2);
-            session.window_.button(true);
+            session.window_.button(1, true);
             pause(0.1);
         }
         ~Press() {
-            session_.window_.button(false);
+            session_.window_.button(1, false);
             pause(settling);
         }
         Press(const Press&) = delete;
@@ -170,7 +172,7 @@ private:
 } // namespace
 
 Running measureRunning(const std::vector<std::string>& command, const ScreenFile& screen, double secondsEach,
-                       std::optional<Handle> handle, std::optional<Spot> spectrumSwitch) {
+                       std::optional<Handle> handle, const std::vector<Click>& spectrumSwitch) {
     Session session(command, screen, secondsEach);
     Running result;
     result.privateKilobytes = session.privateKilobytes();
@@ -181,8 +183,8 @@ Running measureRunning(const std::vector<std::string>& command, const ScreenFile
     }
     session.setPlaying(true);
     result.playing = session.measure();
-    if (spectrumSwitch) {
-        session.click(*spectrumSwitch);
+    if (!spectrumSwitch.empty()) {
+        session.click(spectrumSwitch);
         result.spectrum = session.measure();
     }
     return result;

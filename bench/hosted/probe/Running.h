@@ -19,6 +19,12 @@ struct Handle {
     Spot at, reach;
 };
 
+// A press and a release there; 1 is the left button.
+struct Click {
+    Spot at;
+    int button = 1;
+};
+
 struct Load {
     double corePercent = 0;       // of one core, all threads but the one that processes the sound
     double picturesPerSecond = 0; // new ones
@@ -31,8 +37,8 @@ struct Running {
     std::optional<double> pointerToPixelMs; // median
 };
 
-// `spectrumSwitch` is clicked before the spectrum is measured.
+// `spectrumSwitch` is clicked, in turn, before the spectrum is measured; without any there is none.
 Running measureRunning(const std::vector<std::string>& command, const ScreenFile& screen, double secondsEach,
-                       std::optional<Handle> handle, std::optional<Spot> spectrumSwitch);
+                       std::optional<Handle> handle, const std::vector<Click>& spectrumSwitch);
 
 } // namespace slantwise_bench

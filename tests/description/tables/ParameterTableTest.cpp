@@ -97,7 +97,7 @@ TEST(ParameterTable, StepsAndControlOfEveryParameter) {
 
 TEST(ParameterTable, EveryRowStandsAtItsPid) {
     for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid) {
-        EXPECT_EQ(tables::Parameters()[pid].pid, pid);
+        EXPECT_EQ(tables::kParameters[pid].pid, pid);
     }
 }
 
@@ -122,7 +122,7 @@ TEST(ParameterTable, WhatAllParametersHaveInCommon) {
 }
 
 TEST(ParameterTable, LinksAndRatiosAloneHaveNoEffect) {
-    for (const tables::ParameterRow& row : tables::Parameters()) {
+    for (const tables::ParameterRow& row : tables::kParameters) {
         const bool isLink = std::string_view(row.name).find(" Link") != std::string_view::npos;
         EXPECT_EQ(row.hasEffect, !isLink) << row.name;
     }

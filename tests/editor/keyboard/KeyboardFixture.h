@@ -22,7 +22,7 @@ protected:
     }
     bool tab(std::uint32_t modifiers = 0) { return key(0, Key::codeTab, modifiers); }
     bool arrow(char32_t which, std::uint32_t modifiers = 0) {
-        return ui_->keyboard().handlePerformKeyEquivalent(keyEvent(which, 0, modifiers | EventModifier::numericPad));
+        return ui_->keyboard().handlePerformKeyEquivalent(pressedKey(which, 0, modifiers | EventModifier::numericPad));
     }
 };
 

@@ -1,4 +1,5 @@
 // The keys by themselves: what they ask of a focus and a surface that are no editor's.
+#include "editor/PressedKeys.h"
 #include "editor/keyboard/FocusFixture.h"
 #include "editor/keyboard/QVMKeyboardHandler.h"
 
@@ -12,15 +13,8 @@ using testing::IsEmpty;
 
 class KeysWithoutEditor : public FocusFixture {
 protected:
-    static Event keyEvent(char32_t character, std::uint16_t code = 0) {
-        Event event;
-        event.type = EventType::keyDown;
-        if (character != 0) event.charactersIgnoringModifiers = std::u32string(1, character);
-        event.keyCode = code;
-        return event;
-    }
     bool key(char32_t character, std::uint16_t code = 0) {
-        return handler_.handleKeyDownEvent(keyEvent(character, code));
+        return handler_.handleKeyDownEvent(pressedKey(character, code));
     }
 
     QVMKeyboardHandler handler_{session_, focus_, *this};
@@ -48,9 +42,9 @@ TEST_F(KeysWithoutEditor, EscapeLeavesTheControlAndThenTheDrawers) {
     EXPECT_TRUE(key(0, Key::codeEscape));
     EXPECT_EQ(focus_.focused(), nullptr);
     told_.clear();
-    EXPECT_FALSE(handler_.handleUnfocusedKeyEvent(keyEvent(0, Key::codeEscape)));
+    EXPECT_FALSE(handler_.handleUnfocusedKeyEvent(pressedKey(0, Key::codeEscape)));
     hidesDrawers_ = true;
-    EXPECT_TRUE(handler_.handleUnfocusedKeyEvent(keyEvent(0, Key::codeEscape)));
+    EXPECT_TRUE(handler_.handleUnfocusedKeyEvent(pressedKey(0, Key::codeEscape)));
     EXPECT_THAT(told_, ElementsAre("hide drawers", "hide drawers"));
 }
 

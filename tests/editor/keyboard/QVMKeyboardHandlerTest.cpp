@@ -95,7 +95,7 @@ TEST_F(QVMKeyboardHandlerTest, ArrowsStepTheFocusedControlByGranularity) {
 
 TEST_F(QVMKeyboardHandlerTest, CommandWithPlusMinusAndZeroIsTheSizeWhileAControlHasTheFocus) {
     const auto press = [this](char32_t which, std::uint32_t modifiers = EventModifier::command) {
-        return ui_->keyboard().handlePerformKeyEquivalent(keyEvent(which, 0, modifiers));
+        return ui_->keyboard().handlePerformKeyEquivalent(pressedKey(which, 0, modifiers));
     };
     EXPECT_FALSE(press(U'+')) << "with no focus it is the host's";
     EXPECT_EQ(ui_->currentScale(), 1);
@@ -141,7 +141,7 @@ TEST_F(QVMKeyboardHandlerTest, OtherKeypadKeysAreNoEquivalents) {
 TEST_F(QVMKeyboardHandlerTest, NoCommandShortcutIsBound) {
     focus(pidTiltGain);
     for (char32_t c = U'a'; c <= U'z'; ++c)
-        EXPECT_FALSE(ui_->keyboard().handlePerformKeyEquivalent(keyEvent(c, 0, EventModifier::command)));
+        EXPECT_FALSE(ui_->keyboard().handlePerformKeyEquivalent(pressedKey(c, 0, EventModifier::command)));
     EXPECT_FALSE(key(U'k', 0, EventModifier::command)); // and none is typed
     EXPECT_EQ(buffer(), "");
 }
@@ -155,9 +155,9 @@ TEST_F(QVMKeyboardHandlerTest, LettersAreTheHosts) {
 TEST_F(QVMKeyboardHandlerTest, KeysReachTheHandlerThroughTheWindow) {
     window_.makeFirstResponder(ui_);
     focus(pidTiltGain);
-    window_.sendEvent(keyEvent(U'6'));
+    window_.sendEvent(pressedKey(U'6'));
     EXPECT_EQ(buffer(), "6");
-    window_.sendEvent(keyEvent(Key::up, 126, EventModifier::numericPad));
+    window_.sendEvent(pressedKey(Key::up, 126, EventModifier::numericPad));
     EXPECT_FLOAT_EQ(memoized(pidTiltGain), 0.5f);
 }
 
@@ -176,8 +176,8 @@ TEST_F(QVMKeyboardHandlerTest, EveryFocusMoveEmptiesTheBuffer) {
 TEST_F(QVMKeyboardHandlerTest, WithoutFocusAllOtherKeysAreTheHosts) {
     for (const std::uint16_t code :
          {Key::codeReturn, Key::codeEnter, Key::codeSpace, Key::codeGrave, Key::codeDelete, Key::codeEscape})
-        EXPECT_FALSE(window_.sendEvent(keyEvent(U'5', code))) << code;
-    EXPECT_FALSE(window_.sendEvent(keyEvent(Key::up, 126, EventModifier::numericPad)));
+        EXPECT_FALSE(window_.sendEvent(pressedKey(U'5', code))) << code;
+    EXPECT_FALSE(window_.sendEvent(pressedKey(Key::up, 126, EventModifier::numericPad)));
     EXPECT_EQ(buffer(), "");
 }
 

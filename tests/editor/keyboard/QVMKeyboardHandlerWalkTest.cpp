@@ -91,13 +91,13 @@ TEST_F(QVMKeyboardHandlerTest, TheWholeOrderIsWalkedAndBack) {
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabInAnEditorWithoutFocusBeginsTheWalk) {
-    EXPECT_TRUE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(U'\t', Key::codeTab)));
     EXPECT_EQ(focusedPid(), pidTiltGain);
 }
 
 TEST_F(QVMKeyboardHandlerTest, TabInAnEditorThatIsOffIsTheHosts) {
     hostSets(pidMasterOnOff, 0);
-    EXPECT_FALSE(window_.sendEvent(keyEvent(U'\t', Key::codeTab)));
+    EXPECT_FALSE(window_.sendEvent(pressedKey(U'\t', Key::codeTab)));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "viz/sketches/PBSketch.h"
 
+#include <array>
+
 #include <gmock/gmock.h>
 
 namespace QVM_NAMESPACE {
@@ -105,6 +107,38 @@ TEST(CurveMarkPlan, AMarkStandsAtItsFrequencyAndOnItsLine) {
 TEST(CurveMarkPlan, LinesThatAreTooNearAreToldByEverySecondFromTheReference) {
     const std::vector<std::string> texts = textsOf(levelsOf(displayOf({200, 70}, 19.5f, 0), {}));
     EXPECT_THAT(texts, AllOf(Contains("0 dB"), Contains("+12"), Not(Contains("+6")), Not(Contains("\u22126"))));
+}
+
+TEST(CurveMarkPlan, ALevelMovesPastAllThatStandsInARowInWhateverOrderItIsNamed) {
+    const QVMFreqResp display = displayOf({200, 200}, 7.5f, 0);
+    const std::array levels = {0.0F};
+    const Rect near = {20, 92.5, 12, 15}, far = {33, 92.5, 15, 15};
+    for (const auto& boxes : {std::array{near, far}, std::array{far, near}}) {
+        const std::vector<CurveMark> marks = levelMarks(CurveScale(display), levels, 0, boxes);
+        ASSERT_EQ(marks.size(), 1U);
+        EXPECT_EQ(marks[0].box.x, 48);
+    }
+}
+
+TEST(CurveMarkPlan, ALevelMovesAsideForWhatStandsInItsPlaceAndNoFurther) {
+    const QVMFreqResp display = displayOf({200, 200}, 7.5f, 0);
+    const auto zeroBeside = [&](const Rect& other) {
+        std::vector<CurveMark> marks = levelsOf(display, other);
+        std::erase_if(marks, [](const CurveMark& mark) { return mark.text != "0 dB"; });
+        return marks;
+    };
+    const std::vector<CurveMark> alone = zeroBeside({});
+    ASSERT_EQ(alone.size(), 1U);
+    const Rect disc = {29.5, 92.5, 15, 15};
+    ASSERT_TRUE(disc.intersects(alone[0].box));
+    const std::vector<CurveMark> beside = zeroBeside(disc);
+    ASSERT_EQ(beside.size(), 1U) << "it is still told";
+    EXPECT_EQ(beside[0].box.y, alone[0].box.y);
+    EXPECT_EQ(beside[0].box.x, 45);
+    EXPECT_EQ(zeroBeside({60, 92.5, 15, 15}), alone) << "it has gone by";
+    const std::vector<CurveMark> below = zeroBeside({0, 85, 200, 14});
+    ASSERT_EQ(below.size(), 1U);
+    EXPECT_GT(below[0].box.y, 100) << "where there is nothing beside it";
 }
 
 TEST(CurveMarkPlan, WithoutACurveThereIsNone) {

@@ -40,7 +40,7 @@ TEST_F(EditorScaleTest, TheSameScaleIsAskedForOnceMore) {
 }
 
 TEST_F(EditorScaleTest, StepsLeadFromOneToTheNextAndNoFurtherThanTheLast) {
-    scale().set(1.1F); // between two
+    scale().adoptPreference(1.1); // between two
     std::vector<float> seen;
     for (int i = 0; i < 6; ++i) {
         scale().step(1);

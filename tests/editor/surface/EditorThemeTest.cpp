@@ -1,111 +1,21 @@
 // Whether the theme is the only source of what the editor is drawn in.
-#include "editor/EditorFixture.h"
+#include "editor/surface/DrawnColorsFixture.h"
 
-#include "editor/surface/OutlineView.h"
-#include "editor/surface/QVMPresetsDrawer.h"
-#include "platform/layer/ShapeLayer.h"
-#include "platform/layer/TextLayer.h"
 #include "theme/Radii.h"
 #include "theme/ScopedTheme.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace QVM_NAMESPACE {
 namespace {
 
-struct DrawnColor {
-    std::string where; // the names of the layers down to it, and what of the last one is drawn in it
-    Color color;
-    bool operator==(const DrawnColor&) const = default;
-};
-
-void PrintTo(const DrawnColor& drawn, std::ostream* out) {
-    const Color c = drawn.color;
-    *out << drawn.where << " (" << c.r << ' ' << c.g << ' ' << c.b << ' ' << c.a << ')';
-}
-
-// Every colour in a layer tree, also of what is hidden for the time being; a band's handle is for ever.
-void collect(const Layer& layer, const std::string& above, std::vector<DrawnColor>& all) {
-    if (layer.isHidden() && layer.name() == "readoutBulb") return;
-    const auto* text = dynamic_cast<const TextLayer*>(&layer);
-    const std::string path = above + "/" + (layer.name().empty() && text ? text->string().string() : layer.name());
-    const auto add = [&](const char* what, Color color) {
-        if (!(color.a > 0)) return;
-        DrawnColor drawn{path + " " + what, color};
-        if (all.empty() || all.back() != drawn) all.push_back(std::move(drawn)); // a text may have more runs or fewer
-    };
-    add("background", layer.look().backgroundColor());
-    if (layer.look().borderWidth() > 0) add("border", layer.look().borderColor());
-    if (layer.look().shadow().opacity > 0) add("shadow", layer.look().shadow().color);
-    add("tint", layer.look().contentsTint());
-    if (const auto* shape = dynamic_cast<const ShapeLayer*>(&layer)) {
-        add("fill", shape->fillColor());
-        add("stroke", shape->strokeColor());
-    }
-    if (text)
-        for (const TextRun& run : text->string().runs)
-            if (!run.text.empty()) add("text", run.color);
-    for (const auto& sublayer : layer.tree().sublayers())
-        collect(*sublayer, path, all);
-}
-
-// A theme of greens, in which nothing is grey: what is, or is of another colour, does not come from it. Each field has
-// a colour of its own. Texts are light and grounds dark, so that none has to be moved to be legible.
-class Greens {
-public:
-    QVMUITheme theme() {
-        QVMUITheme made = QVMUITheme::dark();
-        made.textColor = light();
-        made.subtleTextColor = dark();
-        made.symbolColor = light();
-        made.backgroundColor = dark();
-        made.interiorBorderColor = light().withAlpha(0.3f);
-        made.invertLabels = false;
-        QVMPalette& p = made.palette;
-        for (Color* each : {&p.sidePanel, &p.drawer, &p.trackFill, &p.boxFill, &p.trackBorder, &p.boxBorder,
-                            &p.pillBorder, &p.shade, &p.litGround})
-            *each = dark();
-        for (Color* each : {&p.drawerSelection, &p.tick, &p.unit, &p.note, &p.headingInk, &p.labelInk, &p.onAccent,
-                            &p.glow, &p.meterBar, &p.meterClip})
-            *each = light();
-        p.hover = light().withAlpha(0.1f);
-        return made;
-    }
-    Color accent() { return {0, 0.2f, next() / 4, 1}; }
-    static bool made(Color color) { return color.r + 0.01f < std::max(color.g, color.b); }
-
-private:
-    float next() { return static_cast<float>(++count_) / 64; }
-    Color dark() { return {0, 0.1f, next() / 10, 1}; }
-    Color light() { return {0.6f, 1, next(), 1}; }
-    int count_ = 0;
-};
-
-class EditorTheme : public EditorFixture {
+class EditorTheme : public DrawnColorsFixture {
 protected:
-    static constexpr std::uint32_t presetWithNote = 14;
-
-    // Every part there is, made once: the drawers are open, the filters on.
-    void openEverything() {
-        hostSets(pidFilterRangeLow, GetParameter(pidFilterRangeLow)->reverseCastValue(80));
-        hostSets(pidFilterRangeHigh, GetParameter(pidFilterRangeHigh)->reverseCastValue(9000));
-        ui_->gearTapped();
-        ui_->presetDrawer()->toggleVisibility();
-        ui_->presetDrawer()->outline().select(presetWithNote);
-        frames(1.5);
-        control(pidTiltGain).setFocused(true);
-    }
     // An editor that is opened while the present theme is in force.
     std::vector<DrawnColor> openedNow() {
         open(QVMConfig::inlinedConfig());
         openEverything();
         return drawn();
-    }
-    std::vector<DrawnColor> drawn() const {
-        std::vector<DrawnColor> all;
-        collect(*ui_->layer(), "", all);
-        return all;
     }
     static void expectSame(const std::vector<DrawnColor>& drawn, const std::vector<DrawnColor>& expected) {
         for (const DrawnColor& each : drawn)
@@ -200,74 +110,6 @@ TEST_F(EditorTheme, AHeadingInItsOwnColourAsksTheTheme) {
     theme.useSpecifiedForeground = false;
     const ScopedTheme scoped(theme);
     expectDrawnIn(theme.textColor, {"label:TILT tint"});
-}
-
-// The description's colours are green here as well; the product's alone is its own, or is moved towards what it has to
-// stand out from.
-class EditorInGreen : public EditorTheme {
-protected:
-    void SetUp() override {
-        for (QVMParameter* parameter : described()) {
-            const Color accent = greens_.accent();
-            colors_.push_back(std::exchange(parameter->color, {accent.r, accent.g, accent.b, 1}));
-        }
-        scoped_.emplace(greens_.theme());
-        EditorTheme::SetUp();
-        openEverything();
-    }
-    void TearDown() override {
-        EditorTheme::TearDown();
-        scoped_.reset();
-        const std::vector<QVMParameter*> parameters = described();
-        for (std::size_t i = 0; i < parameters.size(); ++i)
-            parameters[i]->color = colors_[i];
-    }
-    static std::vector<QVMParameter*> described() {
-        std::vector<QVMParameter*> all = {GetPresets()};
-        for (std::uint32_t pid = 0; pid < QVMParameterCount; ++pid)
-            all.push_back(GetParameter(pid));
-        return all;
-    }
-    // Whether it is the product's colour, or that moved towards white, black or the theme's shade.
-    static bool isTheProducts(Color color) {
-        const Color product = QVMCGColor(GetMetadata()->color), shade = QVMUITheme::theme().palette.shade;
-        const auto isNear = [&color](Color there) {
-            return std::max({std::abs(color.r - there.r), std::abs(color.g - there.g), std::abs(color.b - there.b)}) <
-                   1.0f / 256;
-        };
-        for (int step = 0; step <= 256; ++step)
-            if (isNear(product.mixedWith(shade, static_cast<float>(step) / 256))) return true;
-        const float share = (color.r - color.g) / (product.r - product.g), white = color.g - share * product.g;
-        const float blue = share * product.b + white;
-        return share > 0.02f && white > -0.01f && share + white < 1.01f && isNear({color.r, color.g, blue, 1});
-    }
-    std::vector<DrawnColor> strangers() const {
-        std::vector<DrawnColor> found = drawn();
-        std::erase_if(found,
-                      [](const DrawnColor& each) { return Greens::made(each.color) || isTheProducts(each.color); });
-        return found;
-    }
-
-private:
-    Greens greens_;
-    std::optional<ScopedTheme> scoped_;
-    std::vector<QVMColor> colors_;
-};
-
-TEST_F(EditorInGreen, NothingIsDrawnInAColourOfItsOwn) {
-    EXPECT_GT(drawn().size(), 150u);
-    EXPECT_EQ(strangers(), std::vector<DrawnColor>{});
-}
-
-TEST_F(EditorInGreen, FindsAColourOfItsOwn) {
-    for (const Color color : {Color::white(1), Color::white(0, 0.3f), colorFromHex(0x71343A)}) {
-        auto stranger = std::make_shared<Layer>();
-        stranger->look().setBackgroundColor(color);
-        const std::size_t others = strangers().size();
-        ui_->layer()->tree().add(stranger);
-        EXPECT_EQ(strangers().size(), others + 1);
-        stranger->tree().removeFromSuperlayer();
-    }
 }
 
 TEST_F(EditorTheme, AThemeSwitchedToLooksLikeOneOpenedIn) {

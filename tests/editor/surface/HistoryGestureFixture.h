@@ -22,9 +22,9 @@ protected:
     }
     void drag(Point to) { window_.sendEvent(mouseEvent(EventType::mouseDragged, to)); }
     void up(Point at, std::uint32_t modifiers = 0) { window_.sendEvent(mouseEvent(EventType::mouseUp, at, modifiers)); }
-    void keyGoesDown(char32_t arrow) { window_.sendEvent(keyEvent(arrow, 0, EventModifier::numericPad)); }
+    void keyGoesDown(char32_t arrow) { window_.sendEvent(pressedKey(arrow, 0, EventModifier::numericPad)); }
     void keyGoesUp(char32_t arrow) {
-        Event event = keyEvent(arrow, 0, EventModifier::numericPad);
+        Event event = pressedKey(arrow, 0, EventModifier::numericPad);
         event.type = EventType::keyUp;
         window_.sendEvent(event);
     }

@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 namespace QVM_NAMESPACE {
 namespace {
 
@@ -36,7 +38,7 @@ protected:
             if (const auto* text = dynamic_cast<const TextLayer*>(layer.get())) found.push_back(text);
         return found;
     }
-    bool press(std::uint16_t code) { return window_.sendEvent(keyEvent(0, code)); }
+    bool press(std::uint16_t code) { return window_.sendEvent(pressedKey(0, code)); }
 };
 
 TEST_F(KeysDrawerTest, ListsEveryRowOfTheTableInsideItsBounds) {
@@ -61,6 +63,15 @@ TEST_F(KeysDrawerTest, RowsDoNotOverlap) {
         if (text->frame().minX() > 20) continue; // beside another
         EXPECT_GE(text->frame().minY(), bottom - 0.001);
         bottom = text->frame().maxY();
+    }
+}
+
+// Half a point would set one row lower than its neighbours.
+TEST_F(KeysDrawerTest, RowsStandOnWholePoints) {
+    open();
+    for (const TextLayer* text : texts()) {
+        EXPECT_EQ(text->frame().y, std::floor(text->frame().y)) << text->string().string();
+        EXPECT_EQ(text->frame().height, std::floor(text->frame().height)) << text->string().string();
     }
 }
 

@@ -63,6 +63,21 @@ TEST_F(NoticeViewTest, IsNeverWiderThanItsPlace) {
     EXPECT_EQ(notice_.why().size(), 200u);
 }
 
+TEST_F(NoticeViewTest, WhatIsLongerThanALineGoesOnBelowAndStaysLonger) {
+    notice_.show("Deleted", "one line");
+    const double oneLine = notice_.frame().height;
+    notice_.placeIn({0, 0, 200, 200});
+    notice_.show("Not opened", "The manual is /usr/share/doc/slantwise/manual/OutputGain.html");
+    EXPECT_GT(notice_.frame().height, oneLine);
+    EXPECT_LE(text(2).frame().maxY(), notice_.frame().height);
+    EXPECT_EQ(text(1).string().string() + text(2).string().string() + text(3).string().string(), notice_.why());
+    time_.advance(NoticeView::shownSeconds + 1);
+    EXPECT_EQ(notice_.alpha(), 1);
+    notice_.show("Deleted", "one line");
+    EXPECT_EQ(notice_.frame().height, oneLine);
+    EXPECT_EQ(text(2).string().string(), "");
+}
+
 TEST_F(NoticeViewTest, ColoursFollowTheTheme) {
     notice_.show("Not pasted", "why");
     const Color light = text(1).string().runs.front().color;

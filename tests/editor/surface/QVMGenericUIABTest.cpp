@@ -139,7 +139,7 @@ TEST_F(QVMGenericUIAB, TakesTheKeyboardFocusAndCanBeFlippedFromThere) {
     tap(ab().b());
     EXPECT_EQ(ui_->focusedControl(), &ab());
     EXPECT_TRUE(ab().focused());
-    EXPECT_TRUE(window_.sendEvent(keyEvent(Key::left, 0, EventModifier::numericPad)));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(Key::left, 0, EventModifier::numericPad)));
     EXPECT_EQ(ui_->abState(), 0u);
     EXPECT_TRUE(key(0, Key::codeReturn));
     EXPECT_EQ(ui_->abState(), 1u);

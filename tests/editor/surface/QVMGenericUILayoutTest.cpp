@@ -127,12 +127,12 @@ TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocusButTheCorner
     EXPECT_FALSE(ui_->wantsKeys());
     ui_->bringParameterControlIntoFocus(&control(pidHQMode));
     EXPECT_EQ(ui_->focusedControl(), nullptr) << "the drawer does not open here";
-    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeTab)));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(0, Key::codeTab)));
     ASSERT_NE(ui_->focusedControl(), nullptr);
     EXPECT_EQ(ui_->focusedControl()->codename(), "TiltRangeLow");
     EXPECT_NE(ui_->focusedControl(), &control(pidTiltRangeLow));
     ui_->toggleSketchVisibility();
-    EXPECT_FALSE(window_.sendEvent(keyEvent(0, Key::codeTab))) << "the key is the host's";
+    EXPECT_FALSE(window_.sendEvent(pressedKey(0, Key::codeTab))) << "the key is the host's";
     EXPECT_EQ(ui_->focusedControl(), nullptr);
     ui_->presetBar()->ab().tap();
     EXPECT_EQ(ui_->focusedControl(), nullptr);
@@ -141,7 +141,7 @@ TEST_F(QVMGenericUILayout, TheCompactFormHasNothingThatTakesTheFocusButTheCorner
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameCompact);
 
     ui_->requestFrame(QVMAltFrameNormal);
-    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeTab)));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(0, Key::codeTab)));
     EXPECT_EQ(ui_->focusedControl(), &control(pidTiltGain));
 }
 

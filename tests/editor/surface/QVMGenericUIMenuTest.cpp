@@ -45,7 +45,7 @@ TEST_F(QVMGenericUIMenu, OfAControlBeginsWithWhatConcernsIt) {
                 ElementsAre("Reset Output Gain to default", "Read about Output Gain", "-", "Meter Mode", "-",
                             "Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
                             "Reset all settings to default", "-", "Save preset as...", "Delete", "-", "Size",
-                            "Spectrum", "-", "Ferrowind Slantwise, 2.0.1"));
+                            "Spectrum", "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
     EXPECT_EQ(ui_->lastRightClickedControl(), &control(pidOutputGain));
 }
 
@@ -78,16 +78,31 @@ TEST_F(QVMGenericUIMenu, ElsewhereIsTheProducts) {
     EXPECT_EQ(menu->title, "Slantwise");
     EXPECT_THAT(titles(*menu), ElementsAre("Copy all settings as URL to Clipboard", "Paste all settings from Clipboard",
                                            "Reset all settings to default", "-", "Save preset as...", "Delete", "-",
-                                           "Size", "Spectrum", "-", "Ferrowind Slantwise, 2.0.1"));
+                                           "Size", "Spectrum", "-", "Ferrowind Slantwise, 2.0.1", "-", "Editor"));
     EXPECT_EQ(ui_->lastRightClickedControl(), nullptr);
-    menu->items.back().action();
+    itemNamed(*menu, "Ferrowind Slantwise, 2.0.1").action();
     EXPECT_THAT(desktop.opened, ElementsAre(site));
+}
+
+TEST_F(QVMGenericUIMenu, OnTheGroundOfAPanelIsTheEditorsWithWhatThePanelHas) {
+    EXPECT_EQ(menuAt({400, 200})->title, "Output Gain") << "the meter's scale";
+    const auto belowMeter = menuAt({400, 250});
+    EXPECT_EQ(belowMeter->title, "Slantwise");
+    EXPECT_EQ(belowMeter->items.front().title, "Meter Mode");
 }
 
 TEST_F(QVMGenericUIMenu, IsNotThereWhileOptionOrCommandIsHeld) {
     EXPECT_FALSE(menuAt(beside, EventModifier::option));
     EXPECT_FALSE(menuAt(beside, EventModifier::command));
     EXPECT_TRUE(menuAt(beside, EventModifier::shift));
+}
+
+TEST_F(QVMGenericUIMenu, HasThemeAndKeysAsThatOfTheKeyboardHas) {
+    const auto byPointer = menuAt(beside), byKey = ui_->menuForKeyboard();
+    EXPECT_EQ(titles(*byPointer), titles(*byKey));
+    const std::vector<MenuItem>& editor = byPointer->items.back().submenu;
+    EXPECT_EQ(titles(editor), titles(byKey->items.back().submenu));
+    EXPECT_THAT(titles(editor), testing::IsSupersetOf({"Dark theme", "Keys and gestures", "Reset meter"}));
 }
 
 TEST_F(QVMGenericUIMenu, ResetsAControlThatIsNotAtItsInitialValue) {

@@ -3,6 +3,7 @@
 #include "controls/Gestures.h"
 #include "description/Description.h"
 #include "editor/surface/PresetNameText.h"
+#include "platform/layer/TextMetrics.h"
 #include "platform/runloop/VirtualTime.h"
 #include "platform/view/Window.h"
 
@@ -194,6 +195,25 @@ TEST_F(QVMPresetControlTest, EveryNameFitsBetweenTheArrows) {
     }
     EXPECT_GE(control_->value()->frame().minX(), control_->hitFrameOf(PresetEdge::left).maxX());
     EXPECT_LE(control_->value()->frame().maxX(), control_->hitFrameOf(PresetEdge::right).minX());
+}
+
+// A cut name ends in a sign beyond ASCII, and such a text is never set smaller.
+TEST_F(QVMPresetControlTest, ALongNameOfTheUsersStaysInsideTheFocusBorder) {
+    const std::unique_ptr<QVMConfig> config = QVMConfig::inlinedConfig();
+    PresetList list(*config);
+    control_->setPresets(list);
+    const std::string cut = "\u2026";
+    struct Case {
+        const char* name;
+        bool isCut;
+    };
+    for (const Case& each : {Case{"My air, a rather long name of a preset", true}, Case{"A name set smaller", false},
+                             Case{"W\u00e4rme f\u00fcr die alte Stimme", true}, Case{"W\u00e4rme", false}}) {
+        control_->setFloatValue(static_cast<float>(list.indexOfUsers(each.name)));
+        const double width = TextMetrics::current().width(control_->value()->string());
+        EXPECT_LE(width, control_->bgFrame().width) << shown();
+        EXPECT_EQ(shown().ends_with(cut), each.isCut) << shown();
+    }
 }
 
 TEST_F(QVMPresetControlTest, AnArrowInANameIsDrawnAsOne) {

@@ -41,7 +41,7 @@ protected:
         for (const auto& sublayer : layer.tree().sublayers())
             finishAnimations(*sublayer);
     }
-    bool arrowKey(char32_t arrow) { return window_.sendEvent(keyEvent(arrow, 0, EventModifier::numericPad)); }
+    bool arrowKey(char32_t arrow) { return window_.sendEvent(pressedKey(arrow, 0, EventModifier::numericPad)); }
 
     QVMPresetsDrawer* drawer_ = nullptr;
 };
@@ -110,18 +110,18 @@ TEST_F(QVMPresetsDrawerTest, ArrowKeysChooseTheNextPresetWhileItIsOpen) {
 }
 
 TEST_F(QVMPresetsDrawerTest, HomeEndAndLettersMoveInTheList) {
-    EXPECT_FALSE(drawer_->keyDown(keyEvent(U's'))) << "closed, it has no keys";
+    EXPECT_FALSE(drawer_->keyDown(pressedKey(U's'))) << "closed, it has no keys";
     openDrawer();
-    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeEnd)));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(0, Key::codeEnd)));
     EXPECT_EQ(ui_->currentPreset(), 22u);
-    EXPECT_TRUE(window_.sendEvent(keyEvent(0, Key::codeHome)));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(0, Key::codeHome)));
     EXPECT_EQ(ui_->currentPreset(), 0u);
-    EXPECT_TRUE(window_.sendEvent(keyEvent(U's')));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(U's')));
     EXPECT_EQ(ui_->currentPreset(), 6u) << "Sharp";
-    EXPECT_TRUE(window_.sendEvent(keyEvent(U's')));
+    EXPECT_TRUE(window_.sendEvent(pressedKey(U's')));
     EXPECT_EQ(ui_->currentPreset(), 7u) << "Sub Love";
-    EXPECT_FALSE(drawer_->keyDown(keyEvent(U's', 0, EventModifier::option))) << "the host's";
-    EXPECT_FALSE(drawer_->keyDown(keyEvent(U'7', 0, EventModifier::numericPad)));
+    EXPECT_FALSE(drawer_->keyDown(pressedKey(U's', 0, EventModifier::option))) << "the host's";
+    EXPECT_FALSE(drawer_->keyDown(pressedKey(U'7', 0, EventModifier::numericPad)));
     EXPECT_EQ(ui_->currentPreset(), 7u);
 }
 
@@ -129,7 +129,7 @@ TEST_F(QVMPresetsDrawerTest, EscapeAndReturnCloseIt) {
     for (const std::uint16_t code : {Key::codeEscape, Key::codeReturn}) {
         openDrawer();
         ASSERT_TRUE(drawer_->visible());
-        EXPECT_TRUE(window_.sendEvent(keyEvent(0, code)));
+        EXPECT_TRUE(window_.sendEvent(pressedKey(0, code)));
         EXPECT_FALSE(drawer_->visible());
         settle();
     }

@@ -99,7 +99,7 @@ TEST_F(ScaleGripTest, APointerThatIsTakenAwayLeavesTheSizeAsItIs) {
 }
 
 TEST_F(ScaleGripTest, AClickChangesNothingAndADoubleClickLeadsBackToThePlainSize) {
-    ui_->scale().set(2);
+    ui_->scale().adoptPreference(2);
     sendAt(EventType::mouseDown, {952, 632});
     sendAt(EventType::mouseUp, {952, 632});
     EXPECT_EQ(ui_->currentScale(), 2);

@@ -14,6 +14,13 @@ using testing::ElementsAre;
 class SizeMenuTest : public EditorFixture {
 protected:
     MenuItem submenu() { return sizeItems(*ui_).front(); }
+    static std::vector<std::string> titles(const std::vector<MenuItem>& items) {
+        std::vector<std::string> found;
+        found.reserve(items.size());
+        for (const MenuItem& item : items)
+            found.push_back(item.title);
+        return found;
+    }
     std::vector<std::string> ticked() {
         std::vector<std::string> found;
         const MenuItem menu = submenu();
@@ -29,11 +36,8 @@ protected:
 };
 
 TEST_F(SizeMenuTest, OffersTheSizesAndToFitTheWindow) {
-    std::vector<std::string> titles;
-    const MenuItem menu = submenu();
-    for (const MenuItem& item : menu.submenu)
-        titles.push_back(item.title);
-    EXPECT_THAT(titles, ElementsAre("75 %", "100 %", "125 %", "150 %", "200 %", "300 %", "Fits the window"));
+    EXPECT_THAT(titles(submenu().submenu),
+                ElementsAre("75 %", "100 %", "125 %", "150 %", "200 %", "300 %", "Fits the window"));
 }
 
 TEST_F(SizeMenuTest, ThePresentOneIsTicked) {
@@ -42,9 +46,34 @@ TEST_F(SizeMenuTest, ThePresentOneIsTicked) {
     EXPECT_EQ(ui_->currentScale(), 1.5F);
     EXPECT_THAT(ticked(), ElementsAre("150 %"));
     ui_->scale().show(1.37F); // by hand
-    EXPECT_THAT(ticked(), ElementsAre());
+    EXPECT_THAT(ticked(), ElementsAre("137 %"));
     choose("Fits the window");
     EXPECT_THAT(ticked(), ElementsAre("Fits the window"));
+}
+
+TEST_F(SizeMenuTest, ASizeMadeByHandHasARowInItsPlace) {
+    ui_->scale().show(1.184F);
+    EXPECT_THAT(titles(submenu().submenu),
+                ElementsAre("75 %", "100 %", "118 %", "125 %", "150 %", "200 %", "300 %", "Fits the window"));
+    EXPECT_THAT(ticked(), ElementsAre("118 %"));
+    choose("118 %");
+    EXPECT_EQ(ui_->currentScale(), 1.184F) << "it is what it is";
+    ui_->scale().show(1.502F);
+    EXPECT_THAT(ticked(), ElementsAre("150 %")) << "nobody sees that it is not quite that";
+    EXPECT_EQ(submenu().submenu.size(), 7U);
+    ui_->scale().show(1.184F);
+    ui_->scale().fitWindow();
+    EXPECT_EQ(submenu().submenu.size(), 7U) << "how large it is then is the window's business";
+}
+
+TEST_F(SizeMenuTest, ASizeMadeByHandHasARowInTheSmallWindowToo) {
+    ui_->requestFrame(QVMAltFrameCompact);
+    for (const auto& [scale, sizes] :
+         {std::pair{0.9F, std::vector<std::string>{"Size 90 %", "Size 100 %"}}, {1.5F, {"Size 100 %", "Size 150 %"}}}) {
+        ui_->scale().show(scale);
+        EXPECT_THAT(titles(sizeItems(*ui_)), ElementsAre("Larger", "Smaller", sizes[0], sizes[1], "Fits the window"));
+        EXPECT_TRUE(sizeItems(*ui_)[scale < 1 ? 2 : 3].checked);
+    }
 }
 
 TEST_F(SizeMenuTest, IsInTheContextMenuAndInThatOfTheKeyboard) {

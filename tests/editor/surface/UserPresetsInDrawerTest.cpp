@@ -1,18 +1,10 @@
-// The user's presets where they are seen: a section of the list, the walk of the arrows, the name that is typed, and
-// the menu.
-#include "editor/surface/PresetsFixture.h"
+// The user's presets where they are seen: a section of the list, the walk of the arrows, and the menu.
+#include "editor/surface/UserPresetsFixture.h"
 
-#include "editor/PressedKeys.h"
-#include "editor/RecordingWorkspace.h"
-#include "editor/surface/EditorLayout.h"
-#include "editor/surface/NameField.h"
 #include "editor/surface/NoticeView.h"
-#include "editor/surface/OutlineView.h"
-#include "editor/surface/QVMPresetsDrawer.h"
 #include "editor/surface/UserPresetItems.h"
-#include "platform/view/Menu.h"
-#include "presets/MemoryPresetStore.h"
-#include "presets/PresetName.h"
+#include "platform/layer/TextMetrics.h"
+#include "theme/QVMUITheme.h"
 
 #include <gmock/gmock.h>
 
@@ -23,58 +15,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class UserPresetsInDrawer : public PresetsFixture {
-protected:
-    void SetUp() override {
-        EditorFixture::SetUp();
-        connect();
-    }
-    void connect() { ui_->session().presets().list().user().setStore(&store_); }
-    void put(const std::string& name, float gain, const std::string& note = "") {
-        store_.files[presetFileName(name)] = "Slantwise preset 1\nName: " + name + "\nNote: " + note +
-                                             "\nSettings: https://a.example/s/2/?tg:" + std::to_string(gain) + "\n";
-    }
-    QVMPresetsDrawer& drawer() { return *ui_->presetDrawer(); }
-    OutlineView& outline() { return drawer().outline(); }
-    void open() {
-        ui_->togglePresetsDrawer();
-        settle();
-    }
-    const OutlineItem& lastSection() { return outline().items().back(); }
-    std::vector<std::string> lastTitles() {
-        std::vector<std::string> titles = {lastSection().title};
-        for (const OutlineItem& item : lastSection().children)
-            titles.push_back(item.title);
-        return titles;
-    }
-    MenuItem menuItem(const std::string& beginning) {
-        const auto menu = ui_->menuForKeyboard();
-        for (const MenuItem& item : menu->items)
-            if (item.title.starts_with(beginning)) return item;
-        return {};
-    }
-    void choose(const std::string& beginning) {
-        const MenuItem item = menuItem(beginning);
-        ASSERT_TRUE(item.enabled && item.action) << beginning;
-        item.action();
-        settle();
-    }
-    void press(const Event& key) { EXPECT_TRUE(window_.sendEvent(key)); }
-    void type(std::string_view text) {
-        for (const Event& key : typedKeys(text))
-            press(key);
-    }
-    // Through the menu and the keys.
-    void save(const std::string& name) {
-        choose("Save preset as...");
-        type(name);
-        press(pressedReturn());
-        settle();
-    }
-
-    MemoryPresetStore store_;
-    RecordingWorkspace workspace_;
-};
+class UserPresetsInDrawer : public UserPresetsFixture {};
 
 TEST_F(UserPresetsInDrawer, WithoutAnyTheListIsTheFactorysAlone) {
     open();
@@ -137,85 +78,7 @@ TEST_F(UserPresetsInDrawer, TheArrowsInTheBarWalkThroughThemAfterTheFactorys) {
     EXPECT_EQ(shownName(), "warm");
 }
 
-TEST_F(UserPresetsInDrawer, WhatIsSavedIsTypedAtTheEndOfTheListAndBecomesTheCurrentOne) {
-    userSets(pidTiltGain, 4.5f);
-    settle();
-    choose("Save preset as...");
-    ASSERT_TRUE(drawer().visible() && drawer().nameField());
-    EXPECT_THAT(lastTitles(), ElementsAre("User"));
-    const Rect field = drawer().nameField()->frame();
-    EXPECT_GT(field.y, 0);
-    EXPECT_LE(field.maxY(), outline().bounds().height);
-    delegate_.calls.clear();
-    type("Wärm 2");
-    EXPECT_THAT(delegate_.calls, IsEmpty()) << "no key of a name does anything else";
-    press(pressedReturn());
-    settle();
-    EXPECT_FALSE(drawer().nameField());
-    EXPECT_THAT(lastTitles(), ElementsAre("User", "Wärm 2"));
-    EXPECT_EQ(outline().selection(), ui_->currentPreset());
-    EXPECT_EQ(shownName(), "Wärm 2");
-    EXPECT_FALSE(dirty());
-    EXPECT_TRUE(drawer().visible());
-    press(pressedReturn());
-    EXPECT_FALSE(drawer().visible()) << "the keys are the list's again";
-}
-
-TEST_F(UserPresetsInDrawer, ANameThatIsTakenAsksBeforeItIsReplaced) {
-    put("Warm", 1);
-    userSets(pidTiltGain, 4.5f);
-    choose("Save preset as...");
-    type("Warm");
-    press(pressedReturn());
-    ASSERT_TRUE(drawer().nameField());
-    EXPECT_EQ(drawer().nameField()->question(), "Name is taken");
-    EXPECT_THAT(store_.files.begin()->second, testing::HasSubstr("tg:1"));
-    press(pressedReturn());
-    EXPECT_FALSE(drawer().nameField());
-    EXPECT_THAT(store_.files.begin()->second, testing::HasSubstr("tg:4.5"));
-}
-
-TEST_F(UserPresetsInDrawer, EscapeAndAClickElsewhereLeaveEverythingAsItWas) {
-    put("Warm", 1);
-    choose("Save preset as...");
-    type("Warm");
-    press(pressedReturn());
-    press(pressedEscape());
-    EXPECT_FALSE(drawer().nameField());
-    EXPECT_TRUE(drawer().visible());
-    choose("Save preset as...");
-    type("Bright");
-    click(outline().coordinates().toWindow(outline().frameOfLeaf(*lastSection().children[0].id).center()));
-    EXPECT_FALSE(drawer().nameField());
-    EXPECT_EQ(shownName(), "Warm");
-    choose("Save preset as...");
-    ui_->togglePresetsDrawer();
-    EXPECT_FALSE(drawer().nameField());
-    EXPECT_EQ(store_.files.size(), 1u);
-}
-
-TEST_F(UserPresetsInDrawer, NoKeyReachesTheEditorWhileANameIsTyped) {
-    userSets(pidTiltGain, 4.5f);
-    settle();
-    choose("Save preset as...");
-    const std::vector<float> before = memoized();
-    press(pressedKey(U'z', 0, EventModifier::command));
-    press(pressedArrow(Key::down));
-    press(pressedKey(U'\t', Key::codeTab));
-    press(pressedKey(0, Key::codeMenu));
-    settle();
-    EXPECT_EQ(memoized(), before);
-    EXPECT_TRUE(drawer().nameField());
-}
-
 // A menu gives the keyboard back to the host when it closes.
-TEST_F(UserPresetsInDrawer, WhereTheHostHasTheKeyboardANameTakesItForItself) {
-    window_.setKeyWindow(false);
-    choose("Save preset as...");
-    ASSERT_TRUE(drawer().nameField());
-    EXPECT_TRUE(window_.isKeyWindow());
-}
-
 TEST_F(UserPresetsInDrawer, OneWhoseFileHasGoneLeavesTheListWhenItIsChosen) {
     put("warm", 1);
     put("Bright", 2);
@@ -238,34 +101,6 @@ TEST_F(UserPresetsInDrawer, OneThatCannotBeDeletedIsNotSaidToBeThoughItWasOnceBe
     EXPECT_EQ(ui_->parts().notice()->why(), store_.fault.message());
 }
 
-TEST_F(UserPresetsInDrawer, FromTheSmallWindowTheListComesUpInTheNormalOne) {
-    ui_->requestFrame(QVMAltFrameCompact);
-    choose("Save preset as...");
-    EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal);
-    EXPECT_TRUE(drawer().visible() && drawer().nameField());
-}
-
-TEST_F(UserPresetsInDrawer, TheNameOfTheUsersPresetThatIsCurrentIsOffered) {
-    save("Warm");
-    userSets(pidTiltGain, 6);
-    choose("Save preset as...");
-    EXPECT_EQ(drawer().nameField()->entry().text(), "Warm");
-    press(pressedReturn());
-    press(pressedReturn());
-    EXPECT_THAT(store_.files.begin()->second, testing::HasSubstr("tg:6"));
-    settle();
-    EXPECT_FALSE(dirty());
-}
-
-TEST_F(UserPresetsInDrawer, WhatTheDiskRefusesIsToldAndTheNameStaysToBeTyped) {
-    store_.fault = std::make_error_code(std::errc::no_space_on_device);
-    save("Warm");
-    EXPECT_TRUE(drawer().nameField());
-    EXPECT_FALSE(ui_->parts().notice()->isHidden());
-    EXPECT_EQ(ui_->parts().notice()->why(), store_.fault.message());
-    EXPECT_EQ(shownName(), "Default");
-}
-
 TEST_F(UserPresetsInDrawer, OnlyTheUsersCanBeDeletedAndOnlyOncePutBack) {
     EXPECT_FALSE(menuItem("Delete").enabled);
     EXPECT_EQ(menuItem("Put back").title, "");
@@ -285,6 +120,26 @@ TEST_F(UserPresetsInDrawer, OnlyTheUsersCanBeDeletedAndOnlyOncePutBack) {
     EXPECT_EQ(menuItem("Put back").title, "");
 }
 
+TEST_F(UserPresetsInDrawer, ADamagedOneIsDeletedFromTheMenuAndPutBack) {
+    const std::map<std::string, std::string> files = {{"Broken.slantwise-preset", "half of"}};
+    store_.files.insert(files.begin(), files.end());
+    EXPECT_EQ(menuItem("Delete damaged").title, "") << "nobody has looked yet";
+    open();
+    ASSERT_THAT(lastTitles(), ElementsAre("User", "Broken"));
+    const std::vector<MenuItem> damaged = menuItem("Delete damaged").submenu;
+    ASSERT_EQ(damaged.size(), 1u);
+    EXPECT_EQ(damaged[0].title, "Broken: not a preset");
+    damaged[0].action();
+    settle();
+    EXPECT_THAT(store_.files, IsEmpty());
+    EXPECT_EQ(lastSection().title, "Speakers");
+    EXPECT_EQ(ui_->parts().notice()->why(), "The menu can put it back");
+    EXPECT_EQ(menuItem("Delete damaged").title, "");
+    choose("Put back");
+    EXPECT_EQ(store_.files, files);
+    EXPECT_THAT(lastTitles(), ElementsAre("User", "Broken"));
+}
+
 TEST_F(UserPresetsInDrawer, ASessionShowsTheNameThoughTheFileIsGone) {
     reopen("User: Long gone");
     EXPECT_EQ(shownName(), "Long gone");
@@ -299,6 +154,20 @@ TEST_F(UserPresetsInDrawer, ALongNameIsCutInTheBarAndInTheList) {
     save(name);
     EXPECT_TRUE(shownName().ends_with("\xE2\x80\xA6")) << shownName();
     EXPECT_THAT(lastTitles(), ElementsAre("User", name));
+}
+
+TEST_F(UserPresetsInDrawer, ALongNameIsCutInItsMiddleInTheMenu) {
+    const std::string name = "A name that is as long as it may be and not less";
+    save(name);
+    const auto widthOfRow = [this](const std::string& beginning) {
+        return widthOf(menuItem(beginning).title, QVMUITheme::safeFontWithNameSize("HelveticaNeue-Medium", 13));
+    };
+    EXPECT_LT(widthOfRow("Delete"), 230) << "no wider than the longest row of the menu's own";
+    EXPECT_TRUE(menuItem("Delete").title.starts_with("Delete \xE2\x80\x9C"
+                                                     "A name"));
+    EXPECT_TRUE(menuItem("Delete").title.ends_with("less\xE2\x80\x9D"));
+    choose("Delete");
+    EXPECT_LT(widthOfRow("Put back"), 240);
 }
 
 TEST_F(UserPresetsInDrawer, NothingIsLookedAtBeforeTheListOpensOrTheWalkLeadsThere) {

@@ -2,6 +2,7 @@
 #include "platform/audiounit/ListenerFixture.h"
 
 #include <thread>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -99,6 +100,22 @@ TEST_F(AudioUnitListeners, ImmediateDeliveryHappensBeforeTheCallReturns) {
     EXPECT_EQ(ear.heard, (Heard{"begin 1", "value 1 = 0.5", "value 1 = 0.6", "value 1 = 0.6", "end 1"}));
     time.advance(1);
     EXPECT_EQ(ear.heard.size(), 5U);
+}
+
+TEST_F(AudioUnitListeners, AParameterBecomesAnotherOnlyWhereTheUnitMadeAnotherValueOfIt) {
+    Ear& ear = eventListener(AUEventDelivery::immediate);
+    const AudioUnitEvent another = event(kQVMEvent_ParameterBecameAnother, 1);
+    ASSERT_EQ(AUEventListenerAddEventType(ear.handle, nullptr, &another), noErr);
+    unit.limits[1] = {0, 1};
+    set(1, 0.5F);
+    set(1, 0.5F);
+    EXPECT_EQ(std::exchange(ear.heard, {}), (Heard{"another 1", "value 1 = 0.5", "value 1 = 0.5"}));
+    set(1, 7);
+    set(1, 9);
+    EXPECT_EQ(std::exchange(ear.heard, {}), (Heard{"another 1", "value 1 = 1.0", "value 1 = 1.0"})) << "it clamps";
+    set(1, 0.5F, ear.handle);
+    EXPECT_EQ(ear.heard, Heard{}) << "its own";
+    EXPECT_EQ(AUEventListenerNotify(nullptr, nullptr, &another), kAudio_ParamError) << "there was no value";
 }
 
 TEST_F(AudioUnitListeners, ImmediateDeliveryFromAnotherThreadIsQueued) {

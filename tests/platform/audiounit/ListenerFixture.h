@@ -39,7 +39,7 @@ protected:
     }
     static void record(Ear& ear, std::uint32_t type, std::uint32_t pid, float value) {
         const char* names[] = {"value ", "begin ", "end "};
-        std::string line = names[type] + std::to_string(pid);
+        std::string line = (type < std::size(names) ? names[type] : "another ") + std::to_string(pid);
         if (type == 0) line += " = " + std::to_string(value).substr(0, 3);
         ear.heard.push_back(line);
         ear.then();

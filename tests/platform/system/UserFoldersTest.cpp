@@ -38,6 +38,15 @@ TEST(UserFolders, TheHomeIsTheAccountsWhereNoVariableNamesIt) {
     EXPECT_EQ(userDataFolder(), std::filesystem::path(account->pw_dir) / ".local/share/slantwise");
 }
 
+TEST(UserFolders, DataOfAllProgramsStandsInTheUsersFolderFirst) {
+    const ScopedVariable home("HOME", "/home/ina"), data("XDG_DATA_HOME", std::nullopt);
+    using Folders = std::vector<std::filesystem::path>;
+    const ScopedVariable set("XDG_DATA_DIRS", "/opt/share:relative::/usr/share");
+    EXPECT_EQ(sharedDataFolders(), (Folders{"/home/ina/.local/share", "/opt/share", "/usr/share"}));
+    const ScopedVariable empty("XDG_DATA_DIRS", "");
+    EXPECT_EQ(sharedDataFolders(), (Folders{"/home/ina/.local/share", "/usr/local/share", "/usr/share"}));
+}
+
 TEST(UserFolders, AreMadeWithThoseAboveThemForTheUserAlone) {
     const ScopedFolder place;
     const auto folder = place.path() / "a" / "b" / "slantwise";

@@ -9,7 +9,8 @@ class Desk final : public Workspace {
 public:
     std::optional<std::string> clipboardString() override { return text; }
     void setClipboardString(const std::string& s) override { text = s; }
-    bool openUrl(const std::string&) override { return true; }
+    void openUrl(const std::string&, std::function<void()>) override {}
+    std::optional<std::string> fileOpenedFor(const std::string&) override { return std::nullopt; }
     std::string text;
 };
 
@@ -17,7 +18,10 @@ TEST(Workspace, WithoutAnAdapterNothingIsThere) {
     Workspace::install(nullptr);
     Workspace::current().setClipboardString("lost");
     EXPECT_EQ(Workspace::current().clipboardString(), std::nullopt);
-    EXPECT_FALSE(Workspace::current().openUrl("https://example.org"));
+    bool isOpened = true;
+    Workspace::current().openUrl("https://example.org", [&isOpened] { isOpened = false; });
+    EXPECT_FALSE(isOpened);
+    EXPECT_EQ(Workspace::current().fileOpenedFor("https://example.org"), std::nullopt);
 }
 
 TEST(Workspace, InstalledOneIsInForceUntilItIsTakenAway) {

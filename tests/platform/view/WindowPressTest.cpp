@@ -39,6 +39,19 @@ TEST_F(WindowPressTest, NothingIsEnteredOrLeftWhileAViewHasThePointer) {
     EXPECT_THAT(take(), ElementsAre("b up", "b exited", "a entered"));
 }
 
+TEST_F(WindowPressTest, PressIsNoClickOnceItWasDraggedAndTheNextOneIs) {
+    send(EventType::mouseDown, {60, 50});
+    EXPECT_TRUE(window->press().isClick());
+    send(EventType::mouseDragged, {70, 50});
+    send(EventType::mouseDragged, {60, 50});
+    send(EventType::mouseUp, {60, 50});
+    EXPECT_FALSE(window->press().isClick());
+    send(EventType::mouseDown, {60, 50});
+    EXPECT_TRUE(window->press().isClick());
+    send(EventType::mouseUp, {70, 50});
+    EXPECT_FALSE(window->press().isClick()) << "only its release told of the way";
+}
+
 TEST_F(WindowPressTest, PressThatIsCancelledIsOverAndNothingIsDraggedAnyMore) {
     send(EventType::mouseDown, {60, 50});
     send(EventType::mouseDragged, {70, 90});

@@ -174,6 +174,12 @@ TEST_F(WindowTest, FocusIsAskedOfTheHost) {
     EXPECT_FALSE(window->isKeyWindow());
 }
 
+TEST_F(WindowTest, AWindowThatHasTheFocusAsksForNone) {
+    window->setKeyWindow(true);
+    window->makeKey();
+    EXPECT_EQ(host.taken, 0);
+}
+
 TEST_F(WindowTest, WithoutAHostTheWindowIsKeyAtOnce) {
     window->setHost(nullptr);
     window->makeKey();

@@ -1,9 +1,13 @@
 #include "plugin/host/EditorMap.h"
 
 #include "controls/QVMVerticalSlider.h"
+#include "editor/surface/CurveScale.h"
+#include "editor/surface/EditorLayout.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "host/QVM0015_CocoaView2.h"
 #include "host/QVM0015_CocoaViewFactory2.h"
+#include "platform/view/Menu.h"
+#include "response/ResponseModel.h"
 
 namespace QVM_NAMESPACE {
 
@@ -30,6 +34,21 @@ Point EditorMap::handleOf(std::uint32_t pid, float shownValue) {
 Rect EditorMap::frameOf(std::uint32_t pid) {
     const QVMParameterControl& control = *view_->ui().parameterControlWithPid(pid);
     return control.coordinates().toWindow(control.bounds());
+}
+
+Point EditorMap::cornerOf(double hertz) {
+    CurveScale scale;
+    scale.size = EditorLayoutForAltFrame(QVMAltFrameCompact).sketchPlace.size();
+    scale.lowestHertz = model::lowestHertz;
+    scale.highestHertz = model::highestHertz;
+    return {scale.xOf(hertz), scale.size.height / 2};
+}
+
+std::unique_ptr<Menu> EditorMap::menuAt(Point at) {
+    Event press;
+    press.type = EventType::rightMouseDown;
+    press.locationInWindow = at;
+    return view_->ui().menuForEvent(press);
 }
 
 } // namespace QVM_NAMESPACE

@@ -5,6 +5,7 @@
 #include "description/ParameterIDs.h"
 #include "plugin/host/ChildProcess.h"
 #include "plugin/host/EditorMap.h"
+#include "plugin/host/MenuHand.h"
 #include "plugin/host/XScreen.h"
 
 #include <gtest/gtest.h>
@@ -27,6 +28,7 @@ using slantwise_tests::XScreen;
 class EditorProgram : public testing::Test {
 protected:
     static constexpr std::uint32_t gainColour = 0xA54D55;
+    static constexpr Point besideControls{10, 200};
 
     static void rest(double seconds) { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
     // Waits until the condition holds; false when it has not come true after seconds enough for any machine.
@@ -42,8 +44,13 @@ protected:
     // Starts the program and waits until its editor is painted and its window has the keyboard.
     void start(const std::vector<std::string>& command, const std::map<std::string, std::string>& environment,
                const std::string& log) {
-        constexpr int width = 480, height = 320;
         screen_.movePointer(5, 5);
+        startUnderPointer(command, environment, log);
+    }
+    // The same with the pointer wherever it is.
+    void startUnderPointer(const std::vector<std::string>& command,
+                           const std::map<std::string, std::string>& environment, const std::string& log) {
+        constexpr int width = 480, height = 320;
         program_ = std::make_unique<ChildProcess>(command, environment, log);
         // The window manager may move it at first.
         ASSERT_TRUE(comesTrue([&] {
@@ -71,10 +78,10 @@ protected:
         screen_.movePointer(5, 5);
         rest(0.1);
     }
-    void click() {
-        screen_.button(1, true);
+    void click(int button = 1) {
+        screen_.button(button, true);
         rest(0.1);
-        screen_.button(1, false);
+        screen_.button(button, false);
     }
     // On a control that takes the keyboard; returns when it has it.
     void clickOnControl(Point editorPoint) {
@@ -94,13 +101,17 @@ protected:
     }
     // The menu key, and what is chosen from there by keys.
     void chooseFromMenu(std::initializer_list<const char*> keys) {
-        constexpr std::uint32_t menuColour = 0xFCFBFA;
         const Rect widest{0, 0, 680, 320};
-        const auto menuPixels = [&] { return pictureOf(widest).countOf(menuColour, 2); };
+        const auto menuPixels = [&] { return pictureOf(widest).countOf(EditorMap::menuColour, 2); };
         type({"Menu"});
         ASSERT_TRUE(comesTrue([&] { return menuPixels() > 10000; })) << "it opens";
         type(keys);
         ASSERT_TRUE(comesTrue([&] { return menuPixels() < 500; })) << "it closes";
+    }
+
+    // Opens the menu beside the controls with the right button and chooses the last of the rows, where the others lead.
+    testing::AssertionResult chooseByPointer(const std::vector<std::string>& titles) {
+        return menuHand_.choose(besideControls, titles);
     }
 
     Picture pictureOf(const Rect& frame) {
@@ -119,6 +130,13 @@ protected:
     std::unique_ptr<ChildProcess> program_;
     std::optional<XScreen::Found> window_;
     unsigned long hostFocus_ = 0; // what had the keyboard before any click
+
+private:
+    MenuHand menuHand_{map_,
+                       {.picture = [this] { return wholePicture(); },
+                        .pointAt = [this](Point at) { pointAt(at); },
+                        .click = [this](int button) { click(button); },
+                        .comesTrue = [](const auto& condition) { return comesTrue(condition); }}};
 };
 
 } // namespace QVM_NAMESPACE

@@ -2,12 +2,22 @@
 // Needs a display with a window manager.
 #pragma once
 
+#include "description/Description.h"
 #include "description/ParameterIDs.h"
 #include "plugin/host/EditorMap.h"
 #include "plugin/host/HostedPlugin.h"
+#include "plugin/host/MenuHand.h"
 #include "plugin/host/XScreen.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <initializer_list>
+#include <iterator>
+#include <string>
+#include <vector>
 
 namespace QVM_NAMESPACE {
 
@@ -19,6 +29,8 @@ using slantwise_tests::XScreen;
 class InHost : public testing::TestWithParam<Format> {
 protected:
     static constexpr std::uint32_t gainColour = 0xA54D55;
+    static constexpr Rect curveBox = EditorMap::curveBox, meterTrack = EditorMap::meterTrack;
+    static constexpr Point besideControls{10, 200}, beside{-20, -20}; // the latter outside of the editor
 
     void SetUp() override {
         ASSERT_TRUE(screen_.isOpen()) << "needs a display";
@@ -56,6 +68,44 @@ protected:
         });
     }
 
+    // Whether these are the keys that the host gets from the last question on, and no others.
+    testing::AssertionResult hostGets(const std::vector<std::string>& keys) {
+        comesTrue([&] { return plugin_.hostKeys().size() >= keys.size(); });
+        plugin_.run(0.1);
+        const std::vector<std::string> got = plugin_.hostKeys();
+        plugin_.forgetHostKeys();
+        if (got == keys) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "the host got " << testing::PrintToString(got);
+    }
+    testing::AssertionResult hostGetsNothing() { return hostGets({}); }
+    testing::AssertionResult becomes(std::uint32_t pid, double shown, double tolerance = 1e-3) {
+        const bool isSo = comesTrue([&] { return std::abs(shownValue(pid) - shown) <= tolerance; });
+        return isSo ? testing::AssertionSuccess() : testing::AssertionFailure() << "it is " << shownValue(pid);
+    }
+    // As the host has them, 0 to 1.
+    double hostValue(std::uint32_t pid) { return plugin_.parameter(GetParameter(pid)->name.c_str()).getValue(); }
+    double shownValue(std::uint32_t pid) {
+        const QVMParameter& parameter = *GetParameter(pid);
+        const double host = parameter.minValue + hostValue(pid) * (parameter.maxValue - parameter.minValue);
+        return GetParam() == Format::lv2 ? host : parameter.castValue(static_cast<float>(host));
+    }
+    // Whether all that the host has heard is one gesture on one parameter, with so many values at least. LV2 has no
+    // message for gestures on this kind of parameter: there the session is marked as modified by a message of its own.
+    testing::AssertionResult hasHeardOneGesture(std::ptrdiff_t leastValues) {
+        const bool hasGestures = GetParam() == Format::vst3;
+        if (!hasGestures && !comesTrue([this] { return plugin_.recorder().stateChanges == 1; }))
+            return testing::AssertionFailure() << plugin_.recorder().stateChanges << " changes of the state";
+        const auto kinds = plugin_.recorder().kinds();
+        const auto failure = [&] { return testing::AssertionFailure() << testing::PrintToString(kinds); };
+        if (kinds.empty()) return failure();
+        const std::string number = kinds.back().substr(kinds.back().find(' ')); // of the parameter, as the host counts
+        const auto countOf = [&](const char* kind) { return std::ranges::count(kinds, kind + number); };
+        const std::ptrdiff_t ends = hasGestures ? 1 : 0;
+        const bool isInOrder = !hasGestures || (kinds.front() == "begin" + number && kinds.back() == "end" + number);
+        const bool isOne = isInOrder && countOf("begin") == ends && countOf("end") == ends &&
+                           countOf("value") + 2 * ends == std::ssize(kinds) && countOf("value") >= leastValues;
+        return isOne ? testing::AssertionSuccess() : failure();
+    }
     // What the host shows for the tilt gain, in decibels.
     double gainDb() { return 36 * static_cast<double>(gain().getValue()) - 18; }
     juce::AudioProcessorParameter& gain() { return plugin_.parameter("Tilt Gain"); }
@@ -93,9 +143,28 @@ protected:
         screen_.typeKey(key);
         plugin_.run(0.1);
     }
-    void click() {
-        press();
-        release();
+    void click(int button = 1) {
+        screen_.button(button, true);
+        plugin_.run(0.1);
+        screen_.button(button, false);
+        plugin_.run(0.2);
+    }
+    void clickOn(Point editorPoint) {
+        pointAt(editorPoint);
+        click();
+    }
+    // On a control that takes the keyboard.
+    void clickOnControl(Point editorPoint) {
+        clickOn(editorPoint);
+        EXPECT_TRUE(keepsKeyboard()) << "the editor has the keyboard";
+    }
+    // Opens the menu beside the controls with the right button and chooses the last of the rows, where the others lead.
+    testing::AssertionResult chooseByPointer(const std::vector<std::string>& titles) {
+        return menuHand_.choose(besideControls, titles);
+    }
+    void typeAll(std::initializer_list<const char*> keys) {
+        for (const char* key : keys)
+            type(key);
     }
     // On the handle of the tilt gain, which stands at `db`.
     Point gainHandle(double db) { return map_.handleOf(pidTiltGain, static_cast<float>(db)); }
@@ -114,6 +183,11 @@ protected:
 
 private:
     static constexpr int steps = 12;
+    MenuHand menuHand_{map_,
+                       {.picture = [this] { return wholePicture(); },
+                        .pointAt = [this](Point at) { pointAt(at); },
+                        .click = [this](int button) { click(button); },
+                        .comesTrue = [this](const auto& condition) { return comesTrue(condition); }}};
 
     void jumpTo(Point editorPoint, double seconds) {
         const auto there = plugin_.onScreen(editorPoint.x, editorPoint.y);

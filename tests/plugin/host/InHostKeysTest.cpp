@@ -2,23 +2,12 @@
 #include "plugin/host/InHost.h"
 #include "plugin/host/TabStops.h"
 
-#include "description/Description.h"
-
-#include <string>
-#include <vector>
-
 namespace QVM_NAMESPACE {
 namespace {
 
-using Keys = std::vector<std::string>;
-
 class InHostKeys : public InHost {
 protected:
-    // On a control that takes the keyboard, or on anything else.
-    void clickOnControl(Point editorPoint) {
-        clickOn(editorPoint);
-        EXPECT_TRUE(keepsKeyboard()) << "the editor has the keyboard";
-    }
+    // On anything that does not take the keyboard.
     void clickBeside(Point editorPoint) {
         clickOn(editorPoint);
         EXPECT_TRUE(comesTrue([this] { return screen_.focus() == hostFocus_; })) << "the host has the keyboard";
@@ -27,33 +16,11 @@ protected:
         const Rect frame = map_.frameOf(pid);
         return {frame.midX(), frame.midY()};
     }
-    void clickOn(Point editorPoint) {
-        pointAt(editorPoint);
-        click();
-    }
-    void typeAll(std::initializer_list<const char*> keys) {
-        for (const char* key : keys)
-            type(key);
-    }
     void typeWith(const char* modifier, const char* key) {
         screen_.key(modifier, true);
         type(key);
         screen_.key(modifier, false);
         plugin_.run(0.1);
-    }
-    // Whether these are the keys that the host gets from the last question on, and no others.
-    testing::AssertionResult hostGets(const Keys& keys) {
-        comesTrue([&] { return plugin_.hostKeys().size() >= keys.size(); });
-        plugin_.run(0.1);
-        const Keys got = plugin_.hostKeys();
-        plugin_.forgetHostKeys();
-        if (got == keys) return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "the host got " << testing::PrintToString(got);
-    }
-    testing::AssertionResult hostGetsNothing() { return hostGets({}); }
-    testing::AssertionResult becomes(std::uint32_t pid, double shown, double tolerance = 1e-3) {
-        const bool isSo = comesTrue([&] { return std::abs(shownValue(pid) - shown) <= tolerance; });
-        return isSo ? testing::AssertionSuccess() : testing::AssertionFailure() << "it is " << shownValue(pid);
     }
     // Whether so many pixels of the editor come to differ from an earlier picture, or fewer come to differ.
     bool differsFrom(const Picture& before, std::size_t pixels) {
@@ -62,17 +29,9 @@ protected:
     bool looksAgainLike(const Picture& before, std::size_t pixels) {
         return comesTrue([&] { return wholePicture().differingPixels(before) < pixels; });
     }
-    // As the host has them, 0 to 1.
-    double hostValue(std::uint32_t pid) { return plugin_.parameter(GetParameter(pid)->name.c_str()).getValue(); }
-    double shownValue(std::uint32_t pid) {
-        const QVMParameter& parameter = *GetParameter(pid);
-        const double host = parameter.minValue + hostValue(pid) * (parameter.maxValue - parameter.minValue);
-        return GetParam() == Format::lv2 ? host : parameter.castValue(static_cast<float>(host));
-    }
 };
 
 constexpr std::size_t menuPixels = 3000, listPixels = 20000; // less than what they cover
-constexpr Point besideControls = {10, 200};
 
 TEST_P(InHostKeys, TheSpaceBarWorksInTheHostAfterAnyClick) {
     open();

@@ -12,9 +12,6 @@
 namespace QVM_NAMESPACE {
 namespace {
 
-// Where the pictures stand in the editor, in points.
-constexpr Rect curveBox{422, 196, 54, 62}, meterTrack{350, 60, 15, 157};
-
 TEST_P(InHost, OpensAtItsSizeAndPaints) {
     open();
     EXPECT_EQ(plugin_.editor()->getWidth(), 480);

@@ -9,7 +9,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <sstream>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -20,37 +19,8 @@ using testing::IsEmpty;
 
 class JalvKeys : public Jalv {
 protected:
-    struct Sent {
-        std::string codename;
-        double value; // as the host has it
-    };
-
     void clickOnGain() { clickOnControl(map_.handleOf(pidTiltGain, 0)); }
 
-    // All values that the plug-in sent, in their order.
-    std::vector<Sent> sent() const {
-        std::vector<Sent> found;
-        std::istringstream text(textOf(log_));
-        std::string codename;
-        for (std::string line; std::getline(text, line);) {
-            if (const auto at = line.find("patch:property <"); at != std::string::npos)
-                codename = line.substr(line.rfind(':') + 1, line.rfind('>') - line.rfind(':') - 1);
-            else if (const auto value = line.find("patch:value \""); value != std::string::npos)
-                found.push_back({codename, std::stod(line.substr(value + 13))});
-        }
-        return found;
-    }
-    // The last value sent of a parameter; its initial one while there is none.
-    double shown(std::uint32_t pid) const {
-        const QVMParameter& parameter = *GetParameter(pid);
-        double value = parameter.initialValue;
-        for (const Sent& each : sent())
-            if (each.codename == propertyName(parameter)) value = each.value;
-        return value;
-    }
-    bool becomes(std::uint32_t pid, double value, double tolerance) const {
-        return comesTrue([=, this] { return std::abs(shown(pid) - value) <= tolerance; });
-    }
     // Types a key and waits until the parameter, and no other, has moved.
     void movesOnly(std::uint32_t pid, const char* key) {
         const std::size_t before = sent().size();
@@ -59,17 +29,6 @@ protected:
         const auto all = sent();
         for (std::size_t i = before; i < all.size(); ++i)
             EXPECT_EQ(all[i].codename, propertyName(*GetParameter(pid))) << key;
-    }
-    // What the host's window was given since the editor opened.
-    std::vector<std::string> hostKeys() const {
-        std::vector<std::string> keys;
-        std::istringstream text(textOf(keys_));
-        for (std::string line; std::getline(text, line);)
-            keys.push_back(line);
-        return keys;
-    }
-    bool hostGets(const std::vector<std::string>& keys) const {
-        return comesTrue([&] { return hostKeys() == keys; });
     }
 };
 

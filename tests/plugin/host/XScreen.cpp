@@ -5,6 +5,7 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace slantwise_tests {
@@ -14,6 +15,14 @@ namespace {
 // Windows of other programs may go between two questions about them.
 int ignoreError(Display*, XErrorEvent*) {
     return 0;
+}
+
+// The first place with a count of so many, and how many places from there to the last one.
+std::pair<int, int> spanOf(const std::vector<int>& counts, int fewest) {
+    const auto isMany = [fewest](int count) { return count >= fewest; };
+    const auto first = std::ranges::find_if(counts, isMany);
+    const auto end = std::find_if(counts.rbegin(), counts.rend(), isMany).base();
+    return {static_cast<int>(first - counts.begin()), static_cast<int>(end - first)};
 }
 
 } // namespace
@@ -38,6 +47,21 @@ std::size_t Picture::countOf(std::uint32_t colour, int tolerance) const {
         count += near;
     }
     return count;
+}
+
+std::optional<Picture::Box> Picture::boxOfNew(std::uint32_t colour, const Picture& before) const {
+    constexpr int fewest = 12;
+    if (before.pixels.size() != pixels.size()) return std::nullopt;
+    std::vector<int> inColumn(static_cast<std::size_t>(width)), inRow(static_cast<std::size_t>(height));
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        const bool isNew = pixels[i] == colour && before.pixels[i] != colour;
+        inColumn[i % inColumn.size()] += isNew;
+        inRow[i / inColumn.size()] += isNew;
+    }
+    const auto [x, across] = spanOf(inColumn, fewest);
+    const auto [y, down] = spanOf(inRow, fewest);
+    if (across <= 0 || down <= 0) return std::nullopt;
+    return Box{x, y, across, down};
 }
 
 XScreen::XScreen() : display_(XOpenDisplay(nullptr)) {

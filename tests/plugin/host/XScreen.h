@@ -21,6 +21,15 @@ struct Picture {
     std::size_t differingPixels(const Picture& other) const;
     // How many pixels are within `tolerance` of a colour in each channel.
     std::size_t countOf(std::uint32_t colour, int tolerance) const;
+
+    // Pixels from the picture's top left corner.
+    struct Box {
+        int x = 0, y = 0, width = 0, height = 0;
+        bool operator==(const Box&) const = default;
+    };
+    // The smallest box around what has a colour here and had not in an equally large picture. Rows and columns with few
+    // such pixels do not count; absent where no others are.
+    std::optional<Box> boxOfNew(std::uint32_t colour, const Picture& before) const;
 };
 
 class XScreen {

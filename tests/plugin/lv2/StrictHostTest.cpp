@@ -70,6 +70,19 @@ TEST_F(StrictHost, WithoutARequiredFeatureThereIsNoEditor) {
     EXPECT_EQ(open("urn:another", {&map_, &window, &instance}), nullptr);
 }
 
+// As Gtk's hosts call it between the end of the editor's window and their own.
+TEST_F(StrictHost, AnEditorThatHasGoneTakesWhatIsStillToldToIt) {
+    const auto data = [this](const char* uri) { return editor().extension_data(uri); };
+    const float value = 1;
+    editor().port_event(nullptr, 0, sizeof value, 0, &value);
+    EXPECT_NE(static_cast<const LV2UI_Idle_Interface*>(data(LV2_UI__idleInterface))->idle(nullptr), 0);
+    EXPECT_NE(static_cast<const LV2UI_Resize*>(data(LV2_UI__resize))->ui_resize(nullptr, 480, 320), 0);
+    const auto* const options = static_cast<const LV2_Options_Interface*>(data(LV2_OPTIONS__interface));
+    EXPECT_NE(options->get(nullptr, nullptr), LV2_OPTIONS_SUCCESS);
+    EXPECT_NE(options->set(nullptr, nullptr), LV2_OPTIONS_SUCCESS);
+    editor().cleanup(nullptr);
+}
+
 TEST_F(StrictHost, InterfacesAreThoseThatTheBundleNames) {
     EXPECT_NE(plugin_->extension_data(LV2_STATE__interface), nullptr);
     EXPECT_EQ(plugin_->extension_data("urn:none"), nullptr);

@@ -1,6 +1,7 @@
 #include "plugin/standalone/Options.h"
 
 #include "description/Description.h"
+#include "presets/OwnPresetFile.h"
 #include "program/NearestName.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,8 @@ TEST(Options, NothingGivenIsPinkNoiseInTheThemeThatIsRemembered) {
     EXPECT_EQ(options.theme, Options::Theme::asKept);
     EXPECT_EQ(options.scale, 0);
     EXPECT_FALSE(options.spectrum) << "as it was kept";
-    EXPECT_FALSE(options.presetIndex || options.quitAfterSeconds);
+    EXPECT_EQ(options.preset, "");
+    EXPECT_FALSE(options.quitAfterSeconds);
 }
 
 TEST(Options, AllAreRead) {
@@ -41,8 +43,7 @@ TEST(Options, AllAreRead) {
         parsed({"--play", "a b.wav", "--preset", "Air", "--theme", "dark", "--layout", "wide", "--spectrum", "both",
                 "--scale", "1.25", "--screenshot", "x.png", "--after", "0.5", "--quit-after", "3"});
     EXPECT_EQ(options.playFile, "a b.wav");
-    ASSERT_TRUE(options.presetIndex);
-    EXPECT_EQ(GetPresets()->stringValues.at(static_cast<std::size_t>(*options.presetIndex)), "Air");
+    EXPECT_EQ(options.preset, "Air");
     EXPECT_EQ(options.theme, Options::Theme::dark);
     EXPECT_EQ(options.layout, Options::Layout::wide);
     EXPECT_EQ(options.spectrum, Options::Spectrum::both);
@@ -77,6 +78,14 @@ TEST(Options, BehindTwoDashesAFileMayBeginWithOne) {
 TEST(Options, OfSeveralTheLastOneCounts) {
     EXPECT_EQ(parsed({"--theme", "light", "--theme", "dark"}).theme, Options::Theme::dark);
     EXPECT_EQ(parsed({"--play", "a.wav", "--play", "b.wav"}).playFile, "b.wav");
+}
+
+TEST(Options, AUsersPresetIsNamedAsASessionKeepsIt) {
+    writeOwnPreset("Warm voice", "tg:4.5");
+    EXPECT_EQ(parsed({"--preset", "Warm voice"}).preset, "User: Warm voice");
+    EXPECT_EQ(parsed({"--preset", "User: Warm voice"}).preset, "User: Warm voice");
+    EXPECT_EQ(errorOf({"--preset", "Warm vice"}),
+              "there is no preset named \"Warm vice\"; the nearest is \"Warm voice\"");
 }
 
 TEST(Options, HelpAndVersionNeedNothingElse) {

@@ -1,6 +1,7 @@
 #include "tools/render/ChosenSettings.h"
 
 #include "description/Description.h"
+#include "presets/OwnPresetFile.h"
 #include "unit/QVM0015_AudioUnit.h"
 
 #include <gmock/gmock.h>
@@ -76,6 +77,43 @@ TEST(ChosenSettings, TheListHasALineForEveryPreset) {
     EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 23);
     EXPECT_THAT(list, testing::HasSubstr("  " + GetPresets()->stringValues[22] + "\n"));
     EXPECT_THAT(list, testing::StartsWith(" 1  " + GetPresets()->stringValues[0] + "\n"));
+}
+
+TEST(ChosenSettings, AUsersPresetSoundsAsItsAddressDoes) {
+    writeOwnPreset("Warm voice", "tg:4.5/trl:120/fsl:2");
+    ChosenSettings named, addressed;
+    ASSERT_EQ(named.choosePreset("Warm voice"), "");
+    EXPECT_EQ(named.presetName(), "Warm voice");
+    ASSERT_EQ(addressed.chooseAddress("/?tg:4.5/trl:120/fsl:2"), "");
+    QVM0015_AudioUnit unit, expected;
+    named.applyTo(unit);
+    addressed.applyTo(expected);
+    EXPECT_NE(valueIn(unit, pidTiltGain), valueIn(QVM0015_AudioUnit(), pidTiltGain));
+    for (AudioUnitParameterID pid = 0; pid < QVMParameterCount; ++pid)
+        EXPECT_EQ(valueIn(unit, pid), valueIn(expected, pid)) << pid;
+}
+
+TEST(ChosenSettings, TheLastPresetNamedCounts) {
+    writeOwnPreset("Warm voice", "tg:4.5");
+    ChosenSettings settings;
+    ASSERT_EQ(settings.choosePreset("Warm voice"), "");
+    ASSERT_EQ(settings.choosePreset("1"), "");
+    EXPECT_EQ(settings.presetName(), GetPresets()->stringValues[0]);
+    EXPECT_FALSE(settings.own);
+    ASSERT_EQ(settings.choosePreset("Warm voice"), "");
+    EXPECT_FALSE(settings.presetIndex);
+}
+
+TEST(ChosenSettings, SaysWhatIsWrongWithAUsersPreset) {
+    writeOwnPresetFile("Broken", "half of");
+    ChosenSettings settings;
+    EXPECT_EQ(settings.choosePreset("Broken"), "the preset \"Broken\" cannot be read: not a preset");
+}
+
+TEST(ChosenSettings, TheListEndsWithTheUsers) {
+    writeOwnPreset("Warm voice", "tg:4.5");
+    writeOwnPresetFile("Broken", "half of");
+    EXPECT_THAT(presetList(), testing::EndsWith("\n    Broken (not a preset)\n    Warm voice\n"));
 }
 
 } // namespace

@@ -115,6 +115,26 @@ TEST_F(RenderProgram, JsonHoldsEverythingAndNothingElseIsPrinted) {
     EXPECT_TRUE(std::filesystem::exists(directory_.file("a-slantwise.flac")));
 }
 
+TEST_F(RenderProgram, WhoAsksForJsonIsToldInItWhatIsWrongWithTheArguments) {
+    const std::array<std::string, 6> lines = {"--json",
+                                              "--bogus --json a.wav",
+                                              "a.wav --preset Aiir --json",
+                                              "--json a.wav --output",
+                                              "--force=3 a.wav --json",
+                                              "--json --output one.wav a.wav b.wav"};
+    for (const std::string& line : lines) {
+        SCOPED_TRACE(line);
+        const CommandResult result = run(line + " 2>errors.txt");
+        EXPECT_EQ(result.status, 2);
+        const auto json = nlohmann::json::parse(result.output, nullptr, false);
+        ASSERT_TRUE(json.is_object()) << result.output;
+        EXPECT_TRUE(json["files"].empty());
+        EXPECT_EQ(bytesOf(directory_.file("errors.txt")),
+                  "slantwise-render: " + json["problem"].get<std::string>() + "\n");
+    }
+    EXPECT_EQ(run("--preset Aiir --suffix --json a.wav 2>/dev/null").output, "") << "it is the suffix";
+}
+
 TEST_F(RenderProgram, AReaderThatHasGoneAwayIsAFailureAndNoEndInTheMiddle) {
     sound("a.wav");
     sound("b.wav");

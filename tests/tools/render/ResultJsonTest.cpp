@@ -48,6 +48,13 @@ TEST(ResultJson, HasARowForEachFile) {
     EXPECT_EQ(json["files"][2]["input"], "\xEF\xBF\xBD\"\n") << "a byte that is no UTF-8";
 }
 
+TEST(ResultJson, OfArgumentsThatMakeNoSenseIsAnObjectOfTheSameShape) {
+    const auto json = nlohmann::json::parse(refusalJson("no \"\xFF\"\n"));
+    EXPECT_EQ(json["version"], "2.0.1");
+    EXPECT_EQ(json["problem"], "no \"\xEF\xBF\xBD\"\n");
+    EXPECT_TRUE(json["files"].is_array() && json["files"].empty());
+}
+
 } // namespace
 } // namespace render
 } // namespace QVM_NAMESPACE

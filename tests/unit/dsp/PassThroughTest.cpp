@@ -48,7 +48,7 @@ TEST(Equaliser, WhatHasNoEffectIsStoredAndChangesNothingInTheSound) {
     QVM0015_AudioUnit plain, linked;
     setAll(plain, busyValues());
     setAll(linked, busyValues());
-    for (const tables::ParameterRow& row : tables::Parameters()) {
+    for (const tables::ParameterRow& row : tables::kParameters) {
         if (row.hasEffect) continue;
         EXPECT_EQ(linked.setParameter(row.pid, kAudioUnitScope_Global, 0, row.maxValue, 0), noErr);
         float stored = 0;

@@ -1,0 +1,43 @@
+// Tool tips in the stand-alone program, of a real pointer that rests.
+#include "plugin/host/EditorProgram.h"
+
+#include <filesystem>
+
+#include <unistd.h>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class StandaloneTips : public EditorProgram {
+protected:
+    void SetUp() override { ASSERT_TRUE(screen_.isOpen()) << "needs a display"; }
+    void TearDown() override {
+        program_.reset();
+        std::filesystem::remove(log_);
+    }
+
+    static constexpr std::size_t tipPixels = 8000; // more than a curve and a meter
+    const std::vector<std::string> command_ = {SLANTWISE_STANDALONE, "--scale", "1"};
+    const std::string log_ =
+        (std::filesystem::temp_directory_path() / ("slantwise-tips-" + std::to_string(getpid()) + ".log")).string();
+};
+
+// A window may open wherever the pointer has been left.
+TEST_F(StandaloneTips, AreNotForAPointerThatRestedBeforeTheWindowOpened) {
+    ASSERT_NO_FATAL_FAILURE(start(command_, {}, log_));
+    const auto place = *window_;
+    ASSERT_EQ(close(), 0);
+    const Point handle = map_.handleOf(pidTiltGain, 0);
+    const int x = place.x + static_cast<int>(handle.x), y = place.y + static_cast<int>(handle.y) + 100;
+    screen_.movePointer(x, y);
+    ASSERT_NO_FATAL_FAILURE(startUnderPointer(command_, {}, log_));
+    ASSERT_TRUE(window_->x == place.x && window_->y == place.y);
+    const Picture opened = wholePicture();
+    rest(2); // a tip would take less than half of that
+    EXPECT_LT(wholePicture().differingPixels(opened), tipPixels);
+    screen_.movePointer(x + 4, y);
+    EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(opened) > tipPixels; })) << "moved, it has one";
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE

@@ -1,0 +1,77 @@
+// What the glass does to the windows of menus; that a row under the pointer is then not marked is seen in MenuPopup.
+#include "toolkit/MenuGlass.h"
+
+#include "toolkit/FakePeer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace QVM_NAMESPACE {
+namespace {
+
+class MenuGlassTest : public ::testing::Test {
+protected:
+    MenuGlassTest() {
+        ground.setSize(100, 80);
+        desktop = std::make_unique<FakeDesktopWindow>(ground);
+        mouse({50, 40}, 0);
+        glass.cover(ground);
+        menu.setAlwaysOnTop(true); // as the toolkit's are
+        submenu.setAlwaysOnTop(true);
+        ground.addAndMakeVisible(menu);
+        menu.setBounds(10, 10, 80, 60);
+    }
+    ~MenuGlassTest() override {
+        mouse({-10, -10}, 0); // the pointer outlives the window
+        desktop.reset();
+        runPostedMessages();
+    }
+    void mouse(juce::Point<float> at, int button) {
+        pointer = at.toInt();
+        desktop->peer().mouse(at, button, now += 10);
+    }
+    bool seesThePointer(juce::Component& window) {
+        return window.reallyContains(window.getLocalPoint(&ground, pointer), true);
+    }
+
+    juce::Point<int> pointer;
+    juce::int64 now = 1000;
+    juce::Component ground, menu, submenu;
+    std::unique_ptr<FakeDesktopWindow> desktop;
+    MenuGlass glass;
+};
+
+TEST_F(MenuGlassTest, APointerThatRestsIsInNoMenuAlsoOneThatOpensLater) {
+    EXPECT_FALSE(seesThePointer(menu));
+    ground.addAndMakeVisible(submenu);
+    submenu.setBounds(40, 30, 50, 40);
+    EXPECT_FALSE(seesThePointer(submenu));
+    mouse({51, 40}, 0); // a hand that rests on a table
+    EXPECT_FALSE(seesThePointer(submenu));
+}
+
+TEST_F(MenuGlassTest, APointerThatMovesIsSeenFromThenOn) {
+    EXPECT_FALSE(seesThePointer(menu));
+    mouse({54, 40}, 0);
+    EXPECT_TRUE(seesThePointer(menu));
+    mouse({50, 40}, 0);
+    EXPECT_TRUE(seesThePointer(menu)) << "also where it rested";
+}
+
+TEST_F(MenuGlassTest, APressIsSeenForAMove) {
+    EXPECT_FALSE(seesThePointer(menu));
+    mouse({50, 40}, juce::ModifierKeys::leftButtonModifier);
+    EXPECT_TRUE(seesThePointer(menu));
+    mouse({50, 40}, 0);
+}
+
+TEST_F(MenuGlassTest, LeavesNothingBehind) {
+    glass.lift();
+    EXPECT_EQ(ground.getNumChildComponents(), 1);
+    glass.lift(); // again, as it may be
+    EXPECT_TRUE(seesThePointer(menu));
+}
+
+} // namespace
+} // namespace QVM_NAMESPACE
