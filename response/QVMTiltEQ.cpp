@@ -55,6 +55,7 @@ T QVMTiltEQ<T>::tiltEQLoudness(const T* resp, const T* weights, const T* filterM
     }
     // Relative to the largest one, so that the squares of a nearly closed band do not vanish.
     const T largest = *std::max_element(scratch, scratch + count);
+    if (!(largest >= std::numeric_limits<T>::min())) return 0; // a closed band; the reciprocal would be infinite
     vectors::scaleAndOffset(scratch, 1 / largest, T{0}, scratch, count);
     const double flat = vectors::rms(scratch, count);
     vectors::multiply(scratch, resp, scratch, count);

@@ -2,6 +2,7 @@
 
 #include "description/PartnerRule.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
@@ -23,6 +24,11 @@ EditorValues::EditorValues(const QVMConfig& config, SessionSurface& surface, Edi
 
 void EditorValues::setDisplay(std::uint32_t pid, ParameterDisplay& display) {
     if (pid < count()) displays_[pid] = &display;
+}
+
+float EditorValues::memoizedInRange(std::uint32_t pid) const {
+    if (pid >= count()) return 0;
+    return std::min(std::max(heldRanges_[pid].min, memoizedPValues_[pid]), heldRanges_[pid].max); // NaN is the least
 }
 
 void EditorValues::show(std::uint32_t pid, float value) const {

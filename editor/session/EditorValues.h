@@ -50,6 +50,9 @@ public:
     // The value as the editor has it; 0 for an unknown pid.
     float memoized(std::uint32_t pid) const { return pid < count() ? memoizedPValues_[pid] : 0; }
     const std::vector<float>& memoized() const { return memoizedPValues_; }
+    // The same within the range that the unit will hold it to: a value that was sent may be any number until it
+    // answers.
+    float memoizedInRange(std::uint32_t pid) const;
     // Which memoized values have changed, by pid; all of them at first.
     std::span<const std::uint8_t> changed() const { return memoizedPValuesChanged_; }
     // Stores a value with no consequence at all.

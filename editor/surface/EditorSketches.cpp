@@ -112,7 +112,7 @@ void EditorSketches::showGhost() {
 void EditorSketches::showMemoizedValues(PBGLSketchAbstract& vizRef) const {
     const std::size_t count = std::min<std::size_t>(vizRef.paramCount(), values_.count());
     for (std::uint32_t pid = 0; pid < count; ++pid)
-        vizRef.standAt(pid, values_.memoized(pid));
+        vizRef.standAt(pid, values_.memoizedInRange(pid));
 }
 
 void EditorSketches::assumeLayout(const QVMEditorLayout& layout) {

@@ -102,5 +102,16 @@ TEST_F(QVMTiltEQTest, LoudnessOfANearlyClosedBandIsStillANumber) {
                 -6.0206, 1e-3);
 }
 
+// Steep filters that cross leave less than a number of single precision has the reciprocal of, or nothing at all.
+TEST_F(QVMTiltEQTest, LoudnessOfAClosedBandIsNone) {
+    const std::vector<float> response(8, 2.0f);
+    for (const float magnitude : {1e-39f, 1e-44f, 0.0f}) {
+        const std::vector<float> closed(8, magnitude);
+        EXPECT_EQ(QVMTiltEQ<float>::tiltEQLoudness(response.data(), weights.data(), closed.data(), scratch.data(), 8),
+                  0)
+            << magnitude;
+    }
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE

@@ -93,12 +93,14 @@ void QVMFreqResp::smooth(std::vector<float>& ys) {
 
 std::vector<float> QVMFreqResp::gridLevels() const {
     std::vector<float> levels;
-    const int first = static_cast<int>(std::floor(dbRange.min / kGridStep));
-    for (int step = first;; ++step) {
-        const float level = static_cast<float>(step) * kGridStep + referenceLevel;
-        if (!(level <= dbRange.max)) return levels; // also with a reference that is no number
+    const auto first = std::floor(std::max(dbRange.min, dbRange.min - referenceLevel) / kGridStep);
+    const int most = static_cast<int>((dbRange.max - dbRange.min) / kGridStep) + 2;
+    for (int i = 0; i < most; ++i) {
+        const float step = first + static_cast<float>(i), level = step * kGridStep + referenceLevel;
+        if (!(level <= dbRange.max)) break; // also with a reference that is no number
         if (step != 0) levels.push_back(level);
     }
+    return levels;
 }
 
 void QVMFreqResp::drawLevel(float level, float widthPoints, Color colour, bool dashed, DrawingSurface& surface) const {

@@ -6,6 +6,7 @@
 #include "editor/surface/QVMPresetBar.h"
 #include "viz/sketches/QVM0015GLSketch.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 namespace QVM_NAMESPACE {
@@ -130,6 +131,15 @@ TEST_F(QVMGenericUISketch, TheFirstGlideStartsFromWhatTheControlsShow) {
     time_.advance(0.6);
     EXPECT_EQ(object().parameterStates()[pidFilterRangeHigh].displayValue, 24000);
     EXPECT_EQ(object().interpValues()[pidFilterRangeHigh], 24000);
+}
+
+TEST_F(QVMGenericUISketch, TheFirstGlideStartsWithinTheRangeWhateverWasSent) {
+    for (const float sent : {1e35F, -1e35F}) {
+        openAnew();
+        ui_->setParameterValuePairs({{"TiltGain", sent}});
+        time_.advance(0.6);
+        EXPECT_LE(std::abs(object().parameterStates()[pidTiltGain].displayValue), 18);
+    }
 }
 
 TEST_F(QVMGenericUISketch, TheCurveGlidesToAHostsChangeInSevenFrames) {
