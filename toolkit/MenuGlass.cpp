@@ -4,12 +4,18 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr int stillness = 2; // points, that the toolkit takes for none too
+constexpr int stillness = 3; // points: no hand is quite still
+
+bool isButtonDown() {
+    return juce::Desktop::getInstance().getMainMouseSource().isDragging();
+}
 
 } // namespace
 
-void MenuGlass::cover(juce::Component& component) {
+void MenuGlass::cover(juce::Component& component, Until until) {
+    until_ = until;
     rest_.reset();
+    isFirstPress_ = isButtonDown();
     isClear_ = false;
     setAlwaysOnTop(true); // as menus are
     component.addAndMakeVisible(*this);
@@ -27,8 +33,10 @@ void MenuGlass::lift() {
 bool MenuGlass::hitTest(int x, int y) {
     const juce::Point<int> pointer(x, y);
     if (!rest_) rest_ = pointer;
-    const bool isPressed = juce::Desktop::getInstance().getMainMouseSource().isDragging();
-    isClear_ = isClear_ || isPressed || pointer.getDistanceFrom(*rest_) > stillness;
+    const bool isDown = isButtonDown();
+    isFirstPress_ = isFirstPress_ && isDown;
+    const bool isUsed = isDown != isFirstPress_ || pointer.getDistanceFrom(*rest_) > stillness;
+    isClear_ = isClear_ || isUsed || (until_ == Until::released && !isDown);
     return !isClear_;
 }
 

@@ -42,10 +42,11 @@ void MenuPopup::popUp(const Menu& menu, Point at) {
     keys_.setMenuOpen(true);
     pace_.keepAwake();
     popup.setLookAndFeel(&runtime_.lookAndFeel());
-    popup.showMenuAsync(juce::PopupMenu::Options()
-                            .withParentComponent(&component_)
-                            .withDeletionCheck(component_)
-                            .withTargetScreenArea(component_.localAreaToGlobal(target)),
+    const auto options = juce::PopupMenu::Options()
+                             .withParentComponent(&component_)
+                             .withDeletionCheck(component_)
+                             .withTargetScreenArea(component_.localAreaToGlobal(target));
+    popup.showMenuAsync(options.withStandardItemHeight(runtime_.lookAndFeel().rowHeightFor(popup, options)),
                         [this, alive = Alive(&component_)](int) {
                             if (!alive) return;
                             glass_.lift();
@@ -53,10 +54,9 @@ void MenuPopup::popUp(const Menu& menu, Point at) {
                             keys_.setMenuOpen(false);
                         });
     juce::Component* const shown = component_.getChildComponent(component_.getNumChildComponents() - 1);
-    if (shown) shield_.protect(*shown);
     if (menu.standsOnChecked && shown) standOnChecked(*shown, menu, target.getPosition());
     scroll_.follow(component_);
-    if (menu.openedByKey) glass_.cover(component_);
+    glass_.cover(component_, menu.standsOnChecked ? MenuGlass::Until::released : MenuGlass::Until::moved);
 }
 
 void MenuPopup::dismiss() {

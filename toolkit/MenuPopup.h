@@ -5,7 +5,6 @@
 #include "toolkit/KeyboardFocus.h"
 #include "toolkit/MenuGlass.h"
 #include "toolkit/MenuScroll.h"
-#include "toolkit/MenuShield.h"
 #include "toolkit/RefreshPace.h"
 #include "toolkit/ToolkitRuntime.h"
 
@@ -30,7 +29,6 @@ private:
     KeyboardFocus& keys_;
     RefreshPace& pace_;
     ToolkitRuntime& runtime_;
-    MenuShield shield_;
     MenuGlass glass_;
     MenuScroll scroll_;
 };

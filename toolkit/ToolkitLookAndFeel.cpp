@@ -14,10 +14,11 @@ namespace {
 
 // All in points.
 constexpr int menuMargin = 5;                      // above the first item and below the last, and beside all
-constexpr int rowHeight = 18, separatorHeight = 7; // the longest menu fits into the editor
+constexpr int rowHeight = 18, leastRowHeight = 16; // the latter in a menu that would be too long
+constexpr int separatorHeight = 7;
 constexpr int textX = 24, textRight = 20; // from a row's ends; the tick stands before the text, an arrow behind it
 constexpr int longestRow = 240;           // of a row's text; what is longer goes on below
-constexpr int toolkitsGap = 24;           // between a menu and the ends of the window, by the toolkit
+constexpr int toolkitsGap = 24; // that a menu and a margin at either side leave free in the window, by the toolkit
 constexpr float tickX = 11, tickSize = 8, arrowSize = 8, signWidth = 1.5f;
 constexpr float frameWidth = 1;
 constexpr float menuTextPoints = 13, tooltipPoints = 12;
@@ -149,6 +150,7 @@ void ToolkitLookAndFeel::getIdealPopupMenuItemSizeWithOptions(const juce::String
                                                               int standardHeight, int& width, int& height,
                                                               const juce::PopupMenu::Options& options) {
     getIdealPopupMenuItemSize(text, isSeparator, standardHeight, width, height);
+    if (!isSeparator && options.getStandardItemHeight() > 0) height = options.getStandardItemHeight();
     int room = longestRow;
     if (const juce::Component* const window = options.getParentComponent())
         room = std::min(room, window->getWidth() - toolkitsGap - 4 * menuMargin - textX - textRight);
@@ -157,6 +159,25 @@ void ToolkitLookAndFeel::getIdealPopupMenuItemSizeWithOptions(const juce::String
     width = textX + textRight + room;
     height += static_cast<int>(std::ceil(lines.getHeight() * static_cast<float>(lines.getNumLines() - 1) /
                                          static_cast<float>(lines.getNumLines())));
+}
+
+int ToolkitLookAndFeel::heightOf(const juce::PopupMenu& menu, const juce::PopupMenu::Options& options) {
+    int total = 2 * menuMargin, longest = 0;
+    for (juce::PopupMenu::MenuItemIterator items(menu); items.next();) {
+        const juce::PopupMenu::Item& item = items.getItem();
+        int width = 0, height = 0;
+        getIdealPopupMenuItemSizeWithOptions(item.text, item.isSeparator, 0, width, height, options);
+        total += item.isSectionHeader ? height + height / 2 : height; // a title has more, by the toolkit
+        if (item.subMenu) longest = std::max(longest, heightOf(*item.subMenu, options));
+    }
+    return std::max(total, longest);
+}
+
+int ToolkitLookAndFeel::rowHeightFor(const juce::PopupMenu& menu, const juce::PopupMenu::Options& options) {
+    const int room = options.getParentComponent()->getHeight() - 2 * menuMargin - toolkitsGap;
+    for (int height = rowHeight; height > leastRowHeight; --height)
+        if (heightOf(menu, options.withStandardItemHeight(height)) <= room) return height;
+    return leastRowHeight;
 }
 
 juce::TextLayout ToolkitLookAndFeel::layOutRow(const juce::String& text, int width, juce::Colour ink) {

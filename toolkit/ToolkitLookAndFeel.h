@@ -30,6 +30,9 @@ public:
     void getIdealPopupMenuItemSizeWithOptions(const juce::String& text, bool isSeparator, int standardHeight,
                                               int& width, int& height,
                                               const juce::PopupMenu::Options& options) override;
+    // Points of a row, less than usual where the menu or one that opens from it would have to be scrolled in the parent
+    // component that the options name.
+    int rowHeightFor(const juce::PopupMenu& menu, const juce::PopupMenu::Options& options);
     // The toolkit would fill it with white where the desktop has no windows that can be seen through.
     void preparePopupMenuWindow(juce::Component& menu) override { menu.setOpaque(false); }
     // The toolkit would draw a second frame inside a menu that stands in a window.
@@ -39,6 +42,8 @@ public:
                                           juce::Rectangle<int> parent) override;
 
 private:
+    // Of it or of the longest that opens from it.
+    int heightOf(const juce::PopupMenu& menu, const juce::PopupMenu::Options& options);
     // In lines of at most `width` points, of the theme's colour.
     juce::TextLayout layOutTooltip(const juce::String& text, int width) const;
     juce::TextLayout layOutRow(const juce::String& text, int width, juce::Colour ink);

@@ -15,7 +15,7 @@ ToolkitRuntime::~ToolkitRuntime() {
     juce::Typeface::clearTypefaceCache(); // its typefaces are made from our faces
 }
 
-juce::LookAndFeel& ToolkitRuntime::lookAndFeel() {
+ToolkitLookAndFeel& ToolkitRuntime::lookAndFeel() {
     if (!lookAndFeel_) {
         lookAndFeel_ = std::make_unique<ToolkitLookAndFeel>(faces_);
         juce::LookAndFeel::setDefaultLookAndFeel(lookAndFeel_.get()); // the toolkit asks this one for every typeface

@@ -30,7 +30,7 @@ public:
     XConnection& connection() { return connection_; } // main thread
     // The look of the toolkit's own windows. Give it to a component that is the root of some; made when first asked
     // for.
-    juce::LookAndFeel& lookAndFeel();
+    ToolkitLookAndFeel& lookAndFeel();
 
 private:
     FaceLibrary faces_;

@@ -49,9 +49,7 @@ const QVMClump* EditorMenus::clumpAtWindowPoint(Point pointInWindow) const {
 
 std::unique_ptr<Menu> EditorMenus::menuForKeyboard() {
     QVMParameterControl* const control = setSubject(dynamic_cast<QVMParameterControl*>(ui_.focusedControl()));
-    auto menu = makeEditorMenu(ui_, control, control ? control->parameter()->clump : nullptr);
-    menu->openedByKey = true;
-    return menu;
+    return makeEditorMenu(ui_, control, control ? control->parameter()->clump : nullptr);
 }
 
 // There is nothing to say about a control with no value to change.

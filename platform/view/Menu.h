@@ -24,7 +24,6 @@ class Menu {
 public:
     std::string title; // shown as a heading; may be empty
     std::vector<MenuItem> items;
-    bool openedByKey = false;     // the arrow keys begin at its ends, wherever the pointer rests
     bool standsOnChecked = false; // for a list of values: with the checked row over the place where it is opened
 };
 

@@ -16,7 +16,7 @@ protected:
         ground.setSize(100, 80);
         desktop = std::make_unique<FakeDesktopWindow>(ground);
         mouse({50, 40}, 0);
-        glass.cover(ground);
+        glass.cover(ground, MenuGlass::Until::moved);
         menu.setAlwaysOnTop(true); // as the toolkit's are
         submenu.setAlwaysOnTop(true);
         ground.addAndMakeVisible(menu);
@@ -30,6 +30,13 @@ protected:
     void mouse(juce::Point<float> at, int button) {
         pointer = at.toInt();
         desktop->peer().mouse(at, button, now += 10);
+    }
+    void press(juce::Point<float> at) { mouse(at, juce::ModifierKeys::rightButtonModifier); }
+    void release(juce::Point<float> at) { mouse(at, 0); }
+    // A menu that comes up while the button is held.
+    void openByPress(MenuGlass::Until until) {
+        press({50, 40});
+        glass.cover(ground, until);
     }
     bool seesThePointer(juce::Component& window) {
         return window.reallyContains(window.getLocalPoint(&ground, pointer), true);
@@ -64,6 +71,48 @@ TEST_F(MenuGlassTest, APressIsSeenForAMove) {
     mouse({50, 40}, juce::ModifierKeys::leftButtonModifier);
     EXPECT_TRUE(seesThePointer(menu));
     mouse({50, 40}, 0);
+}
+
+TEST_F(MenuGlassTest, ThePressThatOpensAMenuIsNotSeenNorItsRelease) {
+    openByPress(MenuGlass::Until::moved);
+    EXPECT_FALSE(seesThePointer(menu));
+    press({52, 41}); // no hand is quite still
+    EXPECT_FALSE(seesThePointer(menu));
+    release({52, 41});
+    EXPECT_FALSE(seesThePointer(menu)) << "it would be a choice";
+}
+
+TEST_F(MenuGlassTest, ThePressAfterTheOneThatOpenedAMenuIsSeenWhereItWas) {
+    openByPress(MenuGlass::Until::moved);
+    EXPECT_FALSE(seesThePointer(menu));
+    release({50, 40});
+    EXPECT_FALSE(seesThePointer(menu));
+    press({50, 40});
+    EXPECT_TRUE(seesThePointer(menu));
+}
+
+TEST_F(MenuGlassTest, APointerThatIsDrawnToARowWithTheButtonHeldIsSeen) {
+    openByPress(MenuGlass::Until::moved);
+    EXPECT_FALSE(seesThePointer(menu));
+    press({60, 40});
+    EXPECT_TRUE(seesThePointer(menu));
+}
+
+TEST_F(MenuGlassTest, AReleaseIsSeenWhereThePresentChoiceStandsUnderThePointer) {
+    openByPress(MenuGlass::Until::released);
+    EXPECT_FALSE(seesThePointer(menu));
+    release({50, 40});
+    EXPECT_TRUE(seesThePointer(menu));
+}
+
+TEST_F(MenuGlassTest, ANewMenuIsANewBeginning) {
+    mouse({54, 40}, 0);
+    EXPECT_FALSE(seesThePointer(menu)) << "where it rests is where it is seen first";
+    mouse({60, 40}, 0);
+    EXPECT_TRUE(seesThePointer(menu));
+    glass.lift();
+    glass.cover(ground, MenuGlass::Until::moved);
+    EXPECT_FALSE(seesThePointer(menu));
 }
 
 TEST_F(MenuGlassTest, LeavesNothingBehind) {

@@ -31,7 +31,7 @@ TEST_F(MenuPopupTest, ChosenItemOfTheMenuRuns) {
     view->menu = std::make_unique<Menu>(Menu{"", {{"Reset", true, false, [&] { ++runs; }, {}}}});
     press({10, 20}, Mods::rightButtonModifier);
     release({10, 20});
-    auto* menu = component->getChildComponent(component->getNumChildComponents() - 1);
+    juce::Component* const menu = juce::Component::getCurrentlyModalComponent();
     ASSERT_NE(menu, nullptr);
     menu->keyPressed(juce::KeyPress(juce::KeyPress::downKey));
     menu->keyPressed(juce::KeyPress(juce::KeyPress::returnKey));
@@ -77,8 +77,8 @@ TEST_F(MenuPopupTest, MenuWithoutRowsIsNone) {
     EXPECT_EQ(view->events.size(), 2u);
 }
 
-// A menu opened by a key, with the pointer at rest on one of its rows.
-class MenuPopupKeyTest : public MenuPopupTest {
+// A menu that comes up around the pointer, which rests.
+class MenuPopupRestTest : public MenuPopupTest {
 protected:
     void openAroundThePointer() {
         component->setSize(300, 200);
@@ -88,7 +88,6 @@ protected:
             return MenuItem{title, isEnabled, false, [this, title] { chosen = title; }, {}};
         };
         Menu menu{"Tilt", {row("Reset", false), row("Read", true), row("Copy", true), row("Paste", true)}};
-        menu.openedByKey = true;
         component->window().popUpMenu(std::make_unique<Menu>(std::move(menu)), {60, 40});
         for (juce::Component* child : component->getChildren())
             if (child->getName().contains("menu")) shown = child;
@@ -112,7 +111,7 @@ protected:
     std::string chosen;
 };
 
-TEST_F(MenuPopupKeyTest, FirstArrowGoesToTheFirstRowThatCanBeChosenOrToTheLast) {
+TEST_F(MenuPopupRestTest, FirstArrowGoesToTheFirstRowThatCanBeChosenOrToTheLast) {
     const FakeDisplay display;
     const int down = juce::KeyPress::downKey, up = juce::KeyPress::upKey;
     EXPECT_EQ(chosenBy({down}), "Read");
@@ -121,7 +120,7 @@ TEST_F(MenuPopupKeyTest, FirstArrowGoesToTheFirstRowThatCanBeChosenOrToTheLast) 
     EXPECT_EQ(chosenBy({up, up}), "Copy");
 }
 
-TEST_F(MenuPopupKeyTest, DoesNotSeeThePointerThatRestsOnARowBeforeItMoves) {
+TEST_F(MenuPopupRestTest, DoesNotSeeThePointerThatRestsOnARowBeforeItMoves) {
     const FakeDisplay display;
     openAroundThePointer();
     EXPECT_FALSE(menuSeesThePointerAt(resting));
@@ -130,12 +129,11 @@ TEST_F(MenuPopupKeyTest, DoesNotSeeThePointerThatRestsOnARowBeforeItMoves) {
     runPostedMessages();
 }
 
-TEST_F(MenuPopupKeyTest, TheRowThatAnArrowMarksIsInSightInAMenuThatIsTooLong) {
+TEST_F(MenuPopupRestTest, TheRowThatAnArrowMarksIsInSightInAMenuThatIsTooLong) {
     const FakeDisplay display;
     component->setSize(300, 200);
     desktop->setSize(300, 200);
     Menu menu{"Tilt", std::vector<MenuItem>(30, MenuItem{"Row", true, false, [] {}, {}})};
-    menu.openedByKey = true;
     component->window().popUpMenu(std::make_unique<Menu>(std::move(menu)), {60, 40});
     juce::Component* const modal = juce::Component::getCurrentlyModalComponent();
     ASSERT_TRUE(modal);
@@ -159,7 +157,7 @@ TEST_F(MenuPopupKeyTest, TheRowThatAnArrowMarksIsInSightInAMenuThatIsTooLong) {
     runPostedMessages();
 }
 
-TEST_F(MenuPopupKeyTest, LeavesNothingOverTheWindow) {
+TEST_F(MenuPopupRestTest, LeavesNothingOverTheWindow) {
     const FakeDisplay display;
     openAroundThePointer();
     EXPECT_NE(component->getComponentAt(resting), component.get());
@@ -179,7 +177,7 @@ protected:
         for (const char* title : {"Auto", "Norm", "Treble", "Bass"})
             menu.items.push_back({title, true, menu.items.size() == index, nullptr, {}});
         component->window().popUpMenu(std::make_unique<Menu>(std::move(menu)), at);
-        const juce::Component* shown = component->getChildComponent(component->getNumChildComponents() - 1);
+        const juce::Component* shown = juce::Component::getCurrentlyModalComponent();
         std::vector<juce::Rectangle<int>> rows;
         for (const juce::Component* row : shown->getChildren())
             rows.push_back(row->getBounds() + shown->getPosition());
@@ -213,8 +211,7 @@ TEST_F(MenuPopupListTest, MenuStaysInTheWindowAndClearOfThePointerWhereThereIsNo
 TEST_F(MenuPopupListTest, WhatIsBehindAMenuIsSeenAtItsCorners) {
     const FakeDisplay display;
     component->window().popUpMenu(std::make_unique<Menu>(Menu{"", {{"Reset", true, false, nullptr, {}}}}), {10, 20});
-    const juce::Component* shown = component->getChildComponent(component->getNumChildComponents() - 1);
-    EXPECT_FALSE(shown->isOpaque());
+    EXPECT_FALSE(juce::Component::getCurrentlyModalComponent()->isOpaque());
     juce::PopupMenu::dismissAllActiveMenus();
     runPostedMessages();
 }

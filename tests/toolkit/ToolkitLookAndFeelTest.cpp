@@ -39,7 +39,7 @@ protected:
     const QVMPalette& palette() const { return GetParam()->palette; }
 
     const juce::SharedResourcePointer<ToolkitRuntime> runtime_;
-    juce::LookAndFeel& look_ = runtime_->lookAndFeel();
+    ToolkitLookAndFeel& look_ = runtime_->lookAndFeel();
     const ScopedTheme theme_{*GetParam()};
 };
 
@@ -97,6 +97,25 @@ TEST_P(ToolkitLook, AMenusTextIsWholeInAWindowThatIsNarrowerThanItsLine) {
     EXPECT_TRUE(inked(0, tall / 3));
     EXPECT_TRUE(inked(tall * 2 / 3, tall));
     EXPECT_FALSE(inked(0, 2) || inked(tall - 1, tall)) << "and stands within the row";
+}
+
+TEST_P(ToolkitLook, RowsAreLessHighInAMenuThatWouldBeTooLongNeverBelowTheirText) {
+    juce::PopupMenu menu, longer;
+    menu.addSectionHeader("Hall");
+    for (int i = 0; i < 10; ++i)
+        menu.addItem(1 + i, "Row");
+    longer.addSubMenu("More", menu);
+    const auto rowHeightIn = [this](const juce::PopupMenu& shown, int windowHeight) {
+        juce::Component window;
+        window.setSize(480, windowHeight);
+        return look_.rowHeightFor(shown, juce::PopupMenu::Options().withParentComponent(&window));
+    };
+    const int usual = rowHeightIn(menu, 400), whole = 10 * usual + usual * 3 / 2 + 2 * look_.getPopupMenuBorderSize();
+    const int gap = 24 + 2 * look_.getPopupMenuBorderSize(); // to the ends of the window, by the toolkit
+    EXPECT_EQ(rowHeightIn(menu, whole + gap), usual);
+    EXPECT_EQ(rowHeightIn(menu, whole + gap - 1), usual - 1);
+    EXPECT_EQ(rowHeightIn(longer, whole + gap - 1), usual - 1) << "one that opens from it counts too";
+    EXPECT_GE(rowHeightIn(menu, 60), look_.getPopupMenuFont().getHeight());
 }
 
 // The toolkit draws the arrow over whatever row the end of the menu cuts.

@@ -1,5 +1,7 @@
 #include "plugin/host/MenuHand.h"
 
+#include "toolkit/ToolkitMenu.h"
+
 #include <algorithm>
 
 namespace QVM_NAMESPACE {
@@ -27,6 +29,7 @@ testing::AssertionResult MenuHand::choose(Point at, const std::vector<std::strin
     reach_.click(3);
     std::string heading = menu->title;
     const Items* items = &menu->items;
+    rowHeight_ = rowHeightOf(*menu, closed.height);
     Picture before = closed;
     for (const std::string& title : titles) {
         const auto row = std::ranges::find(*items, title, &MenuItem::title);
@@ -74,8 +77,15 @@ int MenuHand::headingHeight(const std::string& heading) {
 
 int MenuHand::rowHeight(const MenuItem& item) {
     int width = 0, height = 0;
-    look_.getIdealPopupMenuItemSize({}, item.isSeparator(), 0, width, height);
+    look_.getIdealPopupMenuItemSizeWithOptions({}, item.isSeparator(), 0, width, height,
+                                               juce::PopupMenu::Options().withStandardItemHeight(rowHeight_));
     return height;
+}
+
+int MenuHand::rowHeightOf(const Menu& menu, int editorHeight) {
+    juce::Component editor;
+    editor.setSize(1, editorHeight);
+    return look_.rowHeightFor(toToolkit(menu, &editor, [] {}), juce::PopupMenu::Options().withParentComponent(&editor));
 }
 
 double MenuHand::middleOf(const std::string& heading, const Items& items, const MenuItem& row) {

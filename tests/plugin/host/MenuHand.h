@@ -41,6 +41,7 @@ private:
     int heightOf(const std::string& heading, const Items& items);
     int headingHeight(const std::string& heading);
     int rowHeight(const MenuItem& item);
+    int rowHeightOf(const Menu& menu, int editorHeight);
     // The middle of a row, in points below the top of its menu.
     double middleOf(const std::string& heading, const Items& items, const MenuItem& row);
 
@@ -48,6 +49,7 @@ private:
     Reach reach_;
     FaceLibrary faces_;
     ToolkitLookAndFeel look_{faces_};
+    int rowHeight_ = 0; // of the menu that is chosen from, in points
 };
 
 } // namespace QVM_NAMESPACE
