@@ -5,19 +5,21 @@
 // reopen: COUNT times an editor is opened, shown for a second of virtual time into a picture in memory, and closed,
 // with a render thread playing. windows: the same in real windows of the given display, in real time. crowd: 20
 // instances play, and COUNT times one that the seed chooses has its editor opened, used or closed. hour: COUNT seconds
-// of virtual time in which a host and a user do anything. Fails where memory, threads, open files or what the X server
-// keeps are more at the end than after the first tenth, or a turn takes longer, or where this process's handler is told
-// of an error of the X server, which would end many a host.
-#include "Footprint.h"
+// of virtual time in which a host and a user do anything. Fails where something grows with the turns (Course.h), or
+// where this process's handler is told of an error of the X server, which would end many a host.
+#include "Course.h"
 #include "HostStorm.h"
 #include "PlayingPlugins.h"
-#include "Yardstick.h"
 
+#include "description/ParameterIDs.h"
+#include "editor/surface/QVMGenericUI.h"
 #include "platform/renderer/LayerRenderer.h"
 #include "platform/runloop/ManualTickSource.h"
 #include "platform/runloop/VirtualTime.h"
+#include "platform/system/Workspace.h"
 #include "toolkit/ToolkitRasterBackend.h"
 #include "toolkit/ToolkitRasterTarget.h"
+#include "toolkit/ToolkitRuntime.h"
 
 #include <X11/Xlib.h>
 
@@ -37,13 +39,7 @@ bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
 namespace {
 
 using namespace slantwise;
-using slantwise_tests::Footprint;
-using slantwise_tests::Yardstick;
-
-// Above what the parts of the system need that come and go by themselves.
-constexpr long mostBytesATurn = 16, mostBytesOnce = 128 * 1024; // the latter for what is made at its first use
-constexpr long mostKb = 1500, mostResources = 20;
-constexpr double mostSlowerBy = 1.5;
+using slantwise_tests::Course;
 
 long serverErrors = 0;
 
@@ -59,68 +55,22 @@ void pumpFor(double seconds) {
         if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
 }
 
-// Counts turns, and compares what is held after the first tenth of them with the end.
-class Course {
+// The desktop but for its browser, which chance would ask for again and again.
+class WithoutBrowser final : public Workspace {
 public:
-    explicit Course(long turns) : turns_(turns), tenth_(std::max(turns / 10, 1L)) {}
+    WithoutBrowser() { install(this); }
+    ~WithoutBrowser() override { install(&desktop_); }
 
-    // Runs `turn` so often; `rest` brings everything to where a footprint can be taken, `restart` goes on from there.
-    bool run(const std::function<void()>& turn, const std::function<void()>& rest) {
-        for (long i = 0; i < turns_; ++i) {
-            if (i == tenth_) begin(rest);
-            const double start = Footprint::threadSeconds();
-            turn();
-            const double middle = Footprint::threadSeconds();
-            yardstick_.run();
-            const double end = Footprint::threadSeconds();
-            workOf_.push_back(static_cast<float>((middle - start) / (end - middle)));
-        }
-        rest();
-        const Footprint last = Footprint::now();
-        first_.print("first:");
-        last.print("last:");
-        return isFlat(last);
+    std::optional<std::string> clipboardString() override { return desktop_.clipboardString(); }
+    void setClipboardString(const std::string& text) override { desktop_.setClipboardString(text); }
+    void openUrl(const std::string&, std::function<void()>) override {}
+    std::optional<std::string> fileOpenedFor(const std::string& address) override {
+        return desktop_.fileOpenedFor(address);
     }
 
 private:
-    void begin(const std::function<void()>& rest) {
-        rest();
-        workOf_.reserve(static_cast<std::size_t>(turns_)); // not to be taken for growth
-        first_ = Footprint::now();
-    }
-    // Of the work of `count` turns, in yardsticks. Turns differ as their seed has it, so that many of them are
-    // compared.
-    double median(std::size_t from, std::size_t count) const {
-        std::vector<float> part(workOf_.begin() + static_cast<std::ptrdiff_t>(from),
-                                workOf_.begin() + static_cast<std::ptrdiff_t>(from + count));
-        std::nth_element(part.begin(), part.begin() + static_cast<std::ptrdiff_t>(count / 2), part.end());
-        return static_cast<double>(part[count / 2]);
-    }
-    bool isFlat(const Footprint& last) const {
-        const auto tenth = static_cast<std::size_t>(tenth_); // the first one warms up
-        const std::size_t fifth = std::min(2 * tenth, workOf_.size() - tenth);
-        const double before = median(tenth, fifth), after = median(workOf_.size() - fifth, fifth);
-        const double kept =
-            static_cast<double>(last.heapBytes - first_.heapBytes) / static_cast<double>(turns_ - tenth_);
-        std::printf("  kept a turn: %.1f bytes; a turn: %.1f yardsticks, at the end %.1f\n", kept, before, after);
-        bool isFlat = true;
-        const auto expect = [&](bool holds, const char* what) {
-            if (!holds) std::printf("  GROWS: %s\n", what);
-            isFlat &= holds;
-        };
-        expect(last.heapBytes - first_.heapBytes <= mostBytesOnce + mostBytesATurn * (turns_ - tenth_), "heap");
-        expect(last.privateDirtyKb - first_.privateDirtyKb <= mostKb, "private memory");
-        expect(last.threads <= first_.threads, "threads");
-        expect(last.openFiles <= first_.openFiles, "open files");
-        expect(last.serverResources - first_.serverResources <= mostResources, "what the X server keeps");
-        expect(after <= before * mostSlowerBy, "a turn's work");
-        return isFlat;
-    }
-
-    const long turns_, tenth_;
-    Footprint first_;
-    Yardstick yardstick_;
-    std::vector<float> workOf_; // the main thread's in each turn, in yardsticks
+    juce::SharedResourcePointer<ToolkitRuntime> runtime_; // or the first editor would install the desktop's
+    Workspace& desktop_ = current();
 };
 
 // Frames of an editor that has no window, drawn into memory.
@@ -158,73 +108,118 @@ bool reopen(long count, unsigned seed) {
     VirtualTime time;
     Pictures pictures;
     PlayingPlugins::Random random(seed);
-    return Course(count).run(
-        [&] {
-            plugins.open(0);
-            plugins.disturb(0, random);
-            pictures.show(plugins.editor(0), time, ticks);
-            plugins.disturb(0, random);
-            plugins.close(0);
-            time.advance(1);
-        },
-        [&] { pumpFor(0.2); });
+    return Course(count).run({.measured =
+                                  [&] {
+                                      plugins.open(0);
+                                      plugins.disturb(0, random);
+                                      pictures.show(plugins.editor(0), time, ticks);
+                                      plugins.disturb(0, random);
+                                      plugins.close(0);
+                                      time.advance(1);
+                                      return Course::Kind{0};
+                                  },
+                              .rest = [] { pumpFor(0.2); }});
 }
 
 bool reopenWindows(long count, unsigned seed) {
     PlayingPlugins plugins(1, PlayingPlugins::Editors::inWindows);
     PlayingPlugins::Random random(seed);
-    return Course(count).run(
-        [&] {
-            plugins.open(0);
-            pumpFor(random() % 16 == 0 ? 0.7 : 0.02); // now and then until its live pictures are there
-            plugins.disturb(0, random);
-            pumpFor(0.01);
-            plugins.close(0);
-        },
-        [&] { pumpFor(1); });
+    return Course(count).run({.measured =
+                                  [&] {
+                                      plugins.open(0);
+                                      const bool isLong =
+                                          random() % 16 == 0; // now and then until its live pictures are there
+                                      pumpFor(isLong ? 0.7 : 0.02);
+                                      plugins.disturb(0, random);
+                                      pumpFor(0.01);
+                                      plugins.close(0);
+                                      return Course::Kind{isLong};
+                                  },
+                              .rest = [] { pumpFor(1); }});
 }
 
+// A turn opens an editor, closes one or uses one.
 bool crowd(long count, unsigned seed) {
+    constexpr Course::Kind opens = 0, closes = 1, uses = 2;
     constexpr std::size_t instances = 20;
     PlayingPlugins plugins(instances, PlayingPlugins::Editors::inWindows);
     PlayingPlugins::Random random(seed);
     return Course(count).run(
-        [&] {
-            const std::size_t at = random() % plugins.count();
-            if (!plugins.isOpen(at))
-                plugins.open(at);
-            else if (random() % 4 == 0)
-                plugins.close(at);
-            else
-                plugins.disturb(at, random);
-            pumpFor(0.01);
-        },
-        [&] {
-            plugins.closeAll();
-            pumpFor(1);
-        });
+        {.measured =
+             [&] {
+                 const std::size_t at = random() % plugins.count();
+                 const Course::Kind kind = !plugins.isOpen(at) ? opens : random() % 4 == 0 ? closes : uses;
+                 if (kind == opens)
+                     plugins.open(at);
+                 else if (kind == closes)
+                     plugins.close(at);
+                 else
+                     plugins.disturb(at, random);
+                 pumpFor(0.01);
+                 return kind;
+             },
+         .rest =
+             [&] {
+                 plugins.closeAll();
+                 pumpFor(1);
+             }});
 }
 
-// A turn is a second of virtual time.
+// What decides how much of an editor moves with a value.
+Course::Kind kindOf(slantwise_fuzz::HostedUnit& host) {
+    if (!host.isEditorOpen() || !host.window().isVisible()) return 0;
+    const bool isPowered = host.ui().getMemoizedPValueDirectly(pidMasterOnOff) != 0;
+    const bool hasSketches = host.ui().sketch() && !host.ui().sketches().areHidden();
+    const auto spectrum = static_cast<Course::Kind>(host.ui().sketches().spectrum().mode());
+    const auto altFrame = static_cast<Course::Kind>(host.ui().altFrame());
+    return 1 + (isPowered ? 1U : 0U) + (hasSketches ? 2U : 0U) + 4U * spectrum + 16U * altFrame;
+}
+
+// The most that is made at its first use and stays, which chance may bring late.
+void showSpectrumOnce(slantwise_fuzz::HostedUnit& host) {
+    host.openEditor();
+    host.wait(1);
+    host.ui().sketches().spectrum().setMode(SpectrumMode::inputAndOutput);
+    host.wait(1);
+    host.unit().prepare(48000, 512, 2, 2);
+    host.play(512, 0.5F);
+    host.wait(1);
+    host.closeEditor();
+}
+
+// A turn is a second of virtual time; then a value moves, which is work for an editor that is open and seen.
 bool hour(long seconds, unsigned seed) {
     slantwise_fuzz::HostedUnit host;
+    showSpectrumOnce(host);
     slantwise_fuzz::HostStorm storm(host);
     PlayingPlugins::Random random(seed);
     std::vector<std::uint8_t> bytes(1024);
+    float gain = 0;
     double end = host.now();
     return Course(seconds).run(
-        [&] {
-            end += 1;
-            while (host.now() < end) {
-                std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<std::uint8_t>(random()); });
-                slantwise_fuzz::ByteSource in(bytes);
-                storm.step(in);
-            }
-        },
-        [&] {
-            host.closeEditor();
-            host.wait(1);
-        });
+        {.before =
+             [&] {
+                 end += 1;
+                 while (host.now() < end) {
+                     std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<std::uint8_t>(random()); });
+                     slantwise_fuzz::ByteSource in(bytes);
+                     storm.step(in);
+                 }
+             },
+         .measured =
+             [&] {
+                 gain = 1 - gain;
+                 AudioUnitSetParameter(&host.unit(), pidOutputGain, kAudioUnitScope_Global, 0, gain, 0);
+                 for (int frames = 0; frames < 12; ++frames)
+                     host.frame();
+                 return kindOf(host);
+             },
+         .rest =
+             [&] {
+                 host.closeEditor();
+                 host.unit().prepare(48000, 512, 2, 2); // its buffers are as large as it was told last
+                 host.wait(1);
+             }});
 }
 
 int usage() {
@@ -241,6 +236,7 @@ int main(int argumentCount, char* arguments[]) {
     const auto seed = static_cast<unsigned>(argumentCount > 3 ? std::atol(arguments[3]) : 1);
     if (count < 10) return usage();
     const juce::ScopedJuceInitialiser_GUI toolkit;
+    const WithoutBrowser desktop;
     XSetErrorHandler(countError);
     const double start = juce::Time::getMillisecondCounterHiRes();
     std::printf("%s %ld, seed %u\n", arguments[1], count, seed);
