@@ -58,15 +58,19 @@ protected:
             return window_ && handleAt(0) > 200;
         })) << "the handle at 0 dB";
         ASSERT_TRUE(comesTrue([this] { return screen_.isFocusIn(window_->topLevel); }));
+        window_ = screen_.findWindow(width, height);
+        ASSERT_TRUE(window_);
         hostFocus_ = screen_.focus();
     }
 
-    // Closes it as a user does; its exit status.
+    // Closes it as a user does; its exit status. The window manager, which places the next window clear of this one,
+    // has let go of it then.
     std::optional<int> close() {
         screen_.closeWindow(window_->topLevel);
         const auto status = program_->exitStatus(10);
         program_.reset();
         window_.reset();
+        EXPECT_TRUE(comesTrue([this] { return !screen_.managesWindows(); }));
         return status;
     }
 

@@ -35,9 +35,10 @@ protected:
         }
         return true;
     }
+    // On a machine that gives less than sixty turns a second a second is longer.
     void pump(double seconds) {
         const double end = juce::Time::getMillisecondCounterHiRes() + 1000 * seconds;
-        while (juce::Time::getMillisecondCounterHiRes() < end) {
+        for (double turns = 0; juce::Time::getMillisecondCounterHiRes() < end || turns < 60 * seconds; ++turns) {
             if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
         }
     }
@@ -58,7 +59,9 @@ TEST_F(OnARealScreen, TheWindowIsHiddenWhileItIsMinimised) {
     EXPECT_TRUE(becomesVisible(true));
 }
 
-// The toolkit reads events while it waits for an answer of the server, and sleeps on them.
+// The toolkit reads events while it waits for an answer of the server, and sleeps on them. At rest a refresh, which
+// would find them, is a second away: the pointer moves right after one, so that only a machine that stands still for so
+// long lets the next one come first. An event that is left waiting is found by the refresh every time.
 TEST_F(OnARealScreen, AnEventThatIsReadWithAnAnswerIsNotLeftWaitingForTheNext) {
     slantwise_tests::XScreen screen;
     const auto corner = editor_.localPointToGlobal(juce::Point<int>(10, 200));
@@ -68,14 +71,26 @@ TEST_F(OnARealScreen, AnEventThatIsReadWithAnAnswerIsNotLeftWaitingForTheNext) {
     pump(2); // all is quiet
     int events = 0, refreshes = 0;
     const juce::EventWatch watch([&](const juce::ComponentPeer& peer) { events += &peer == editor_.getPeer(); });
-    const juce::VBlankAttachment refresh(&editor_, [&] { refreshes += events == 0; });
-    screen.movePointer(corner.x + 5, corner.y);
-    juce::isSuperKeyDown(*editor_.getPeer()); // asks the server, whose answer comes behind the event
-    while (events == 0 && refreshes < 2) {
-        if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
+    const juce::VBlankAttachment refresh(&editor_, [&] { ++refreshes; });
+    const auto pumpUntil = [](const auto& condition) {
+        while (!condition()) {
+            if (!juce::dispatchNextMessageOnSystemQueue(true)) juce::Thread::sleep(1);
+        }
+    };
+    constexpr int moves = 5;
+    int foundAtOnce = 0;
+    for (int i = 1; i <= moves; ++i) {
+        if (i > 1) pump(1.5); // the pointer's move is answered with refreshes; quiet again
+        refreshes = 0;
+        pumpUntil([&] { return refreshes > 0; });
+        events = refreshes = 0;
+        screen.movePointer(corner.x + i, corner.y);
+        juce::isSuperKeyDown(*editor_.getPeer()); // asks the server, whose answer comes behind the event
+        pumpUntil([&] { return events > 0 || refreshes > 0; });
+        foundAtOnce += refreshes == 0;
+        pumpUntil([&] { return events > 0; });
     }
-    EXPECT_EQ(refreshes, 0) << "the next refresh would find it";
-    EXPECT_GT(events, 0);
+    EXPECT_GT(foundAtOnce, moves / 2) << "the next refresh would find it";
 }
 
 TEST_F(OnARealScreen, TheWindowIsHiddenWithTheOneAroundIt) {

@@ -68,7 +68,8 @@ TEST_P(SpectrumInHost, MovesWithTheSoundInTheNextEditorTooUntilItIsOff) {
     EXPECT_TRUE(comesToMove()) << "in the next editor";
     ASSERT_TRUE(chooseByPointer({"Spectrum", "Off"}));
     pointAt(beside);
-    EXPECT_TRUE(comesTrue([&] { return pictureOf(curveBox).differingPixels(without) == 0; }));
+    // What was drawn with the window around it may round otherwise at the box's edge.
+    EXPECT_TRUE(comesTrue([&] { return pictureOf(curveBox).differingPixels(without) <= fewPixels; }));
     EXPECT_EQ(changesWhileTheMeterMoves(), 0) << "once it is off";
 }
 

@@ -173,6 +173,18 @@ std::optional<XScreen::Found> XScreen::findWindow(int width, int height) {
     return findBelow(DefaultRootWindow(display_), 0, width, height);
 }
 
+bool XScreen::managesWindows() {
+    Atom type = 0;
+    int format = 0;
+    unsigned long items = 0, left = 0;
+    unsigned char* data = nullptr;
+    const Atom list = XInternAtom(display_, "_NET_CLIENT_LIST", False);
+    XGetWindowProperty(display_, DefaultRootWindow(display_), list, 0, 1, False, AnyPropertyType, &type, &format,
+                       &items, &left, &data);
+    if (data) XFree(data);
+    return items > 0;
+}
+
 std::optional<XScreen::Found> XScreen::findBelow(unsigned long window, unsigned long topLevel, int width, int height) {
     Atom type = 0;
     int format = 0;

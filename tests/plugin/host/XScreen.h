@@ -72,6 +72,8 @@ public:
     };
     std::optional<Found> findWindow(int width, int height);
     int widthOf(unsigned long window);
+    // Whether the window manager has any window of a program.
+    bool managesWindows();
     // Has the window manager minimise a window, and show it again.
     void minimise(unsigned long topLevel);
     void restore(unsigned long topLevel);
