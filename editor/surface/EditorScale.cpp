@@ -1,5 +1,6 @@
 #include "editor/surface/EditorScale.h"
 
+#include "editor/surface/LayoutVariants.h"
 #include "editor/surface/QVMGenericUI.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ void EditorScale::apply(float scale) {
     const float possible = std::clamp(scale, least, greatest);
     if (possible == current_) return;
     current_ = possible;
-    ui_.requestFrame(ui_.altFrame());
+    layouts_.requestAgain();
 }
 
 void EditorScale::show(float scale) {
@@ -35,7 +36,7 @@ void EditorScale::choose(float scale) {
     const bool isSame = std::clamp(scale, least, greatest) == current_;
     show(scale);
     // A window that did not grant it before may do so now.
-    if (isSame) ui_.requestFrame(ui_.altFrame());
+    if (isSame) layouts_.requestAgain();
     keep();
 }
 

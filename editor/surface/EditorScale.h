@@ -12,6 +12,7 @@
 
 namespace QVM_NAMESPACE {
 
+class LayoutVariants;
 class QVMGenericUI;
 
 class EditorScale {
@@ -24,8 +25,8 @@ public:
     static constexpr const char* preferenceKey = "scale";
     static constexpr double preferenceToFit = 0;
 
-    // The editor is borrowed; nothing is asked of it here.
-    explicit EditorScale(QVMGenericUI& ui) : ui_(ui) {}
+    // Both are borrowed; nothing is asked of them here.
+    EditorScale(QVMGenericUI& ui, LayoutVariants& layouts) : ui_(ui), layouts_(layouts) {}
 
     float current() const { return current_; }
     // What it comes to in the present window, which need not grant it; as whoever has the window says.
@@ -60,6 +61,7 @@ private:
     void apply(float scale);
 
     QVMGenericUI& ui_;
+    LayoutVariants& layouts_;
     float current_ = 1;
     std::optional<double> shown_;
     bool fitsWindow_ = false;

@@ -18,7 +18,9 @@ constexpr double drawerEndSeconds = 0.5; // until a drawer that was told to clos
 } // namespace
 
 void LayoutVariants::request(std::int32_t altFrame) {
+    const std::optional<std::int32_t> before = std::exchange(asked_, altFrame);
     if (QVMGenericUIDelegate* delegate = ui_.delegate()) delegate->interfaceWantsToAssumeFrame(ui_, altFrame);
+    asked_ = before;
 }
 
 void LayoutVariants::assume(std::int32_t altFrame, bool scaleChanged) {

@@ -8,6 +8,7 @@
 #include "platform/runloop/DelayedCall.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace QVM_NAMESPACE {
 
@@ -20,6 +21,8 @@ public:
 
     std::int32_t current() const { return current_; }
     void request(std::int32_t altFrame);
+    // Asks once more for the variant that is being asked for, or for the present one: at another scale.
+    void requestAgain() { request(asked_.value_or(current_)); }
     // Puts everything where the variant has it, and tells the delegate to keep that. No drawer stays open over the
     // compact form.
     void assume(std::int32_t altFrame, bool scaleChanged);
@@ -39,6 +42,7 @@ private:
 
     QVMGenericUI& ui_;
     std::int32_t current_ = QVMAltFrameNormal;
+    std::optional<std::int32_t> asked_; // while the delegate is asked: a window may have another size before it answers
     DrawerPlace drawerPlace_ = DrawerPlace::beside;
     DelayedCall requestCall_;
 };

@@ -24,8 +24,8 @@ QVMGenericUI::QVMGenericUI(const Rect& frame, std::shared_ptr<QVMConfig> config,
       session_(*config_, shown_), shownFocus_(*this), focus_(*config_, session_.values(), *this, shownFocus_),
       keyboard_(session_, focus_, *this), reports_(*this, session_.values().count()),
       controls_(reports_, session_.values()), parts_(*this, *config_), drawers_(*this, *this),
-      sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}), scale_(*this),
-      layouts_(*this), menus_(*this) {
+      sketches_(*config_, session_.values(), controls_), handover_(*this, {chanIn_, chanOut_}), layouts_(*this),
+      scale_(*this, layouts_), menus_(*this) {
     layer()->setName("editor");
     config_->chanIn = chanIn_;
     config_->chanOut = chanOut_;

@@ -255,8 +255,8 @@ private:
     EditorDrawers drawers_;
     EditorSketches sketches_;
     SketchHandover handover_;
-    EditorScale scale_;
     LayoutVariants layouts_;
+    EditorScale scale_;
     EditorMenus menus_;
     InterfacePreferences preferences_;
 

@@ -10,6 +10,8 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
+#include <utility>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -20,13 +22,16 @@ using testing::IsSupersetOf;
 using testing::Pair;
 using testing::SizeIs;
 
-// A wrapper in a host that grants every size.
+// A wrapper in a host that grants every size, or has an answer of its own and gives it within the question.
 class GrantingWindow final : public FakeDesktopWindow {
 public:
     using FakeDesktopWindow::FakeDesktopWindow;
+    std::optional<Size> answer;
 
 private:
     void childBoundsChanged(juce::Component* child) override {
+        if (const auto given = std::exchange(answer, std::nullopt))
+            child->setSize(int(given->width), int(given->height));
         setSize(child->getWidth(), child->getHeight());
         if (getPeer()) peer().bounds = getLocalBounds();
     }
@@ -57,7 +62,7 @@ protected:
     // Where the view stands in the editor.
     juce::Rectangle<int> place() const { return editor_->getChildComponent(0)->getBoundsInParent(); }
 
-    std::unique_ptr<FakeDesktopWindow> desktop_;
+    std::unique_ptr<GrantingWindow> desktop_;
 };
 
 TEST_F(SlantwiseEditorScale, AChosenScaleIsTheFramesAndTheViewFillsIt) {
@@ -182,6 +187,29 @@ TEST_F(SlantwiseEditorScale, OneThatFitsItsWindowShowsEachFormWholeInAnyWindowAn
         EXPECT_NEAR(place().getWidth(), content.width * double{fitting}, 1) << form;
         EXPECT_NEAR(frame().width, content.width * double{fitting}, 1) << form;
         EXPECT_EQ(scale().current(), fitting) << form;
+    }
+}
+
+TEST_F(SlantwiseEditorScale, AnotherSizeThatIsGivenWithinTheQuestionHasTheFormThatWasAskedFor) {
+    show();
+    scale().fitWindow();
+    QVMGenericUI& ui = editor_->view().ui();
+    for (const auto& [form, given] :
+         {std::pair(QVMAltFrameDoubleWide, Size{600, 300}), std::pair(QVMAltFrameNormal, Size{500, 300}),
+          std::pair(QVMAltFrameCompact, Size{300, 260}), std::pair(QVMAltFrameNormal, Size{900, 420})}) {
+        time_.advance(1);
+        desktop_->answer = given;
+        ui.requestFrame(form);
+        const Size content = EditorLayoutForAltFrame(form).editor.size();
+        const double fitting = std::min(given.width / content.width, given.height / content.height);
+        EXPECT_EQ(frame(), given);
+        EXPECT_EQ(ui.altFrame(), form);
+        EXPECT_EQ(editor_->view().bounds().size(), content) << form;
+        EXPECT_EQ(ui.frame().size(), content) << form;
+        EXPECT_NEAR(double{scale().current()}, fitting, 1e-4) << form;
+        EXPECT_NEAR(place().getWidth(), content.width * fitting, 1) << form;
+        EXPECT_NEAR(place().getCentreX(), given.width / 2, 1) << "all of it, in the middle";
+        EXPECT_NEAR(place().getCentreY(), given.height / 2, 1);
     }
 }
 
