@@ -125,7 +125,7 @@ void SlantwiseEditor::layOut() {
     component_.setTopLeftPosition(0, 0);
     component_.setTransform(juce::AffineTransform::scale(static_cast<float>(place.scale))
                                 .translated(static_cast<float>(place.origin.x), static_cast<float>(place.origin.y)));
-    view_->ui().scale().setShown(place.scale / scale_);
+    view_->ui().scale().setShown(place.scale / scale_, {place.origin.x / scale_, place.origin.y / scale_});
     repaint();
     isPlacing_ = false;
 }

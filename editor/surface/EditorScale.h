@@ -4,6 +4,7 @@
 // whoever has the window draws everything at that scale, and nothing in the editor is laid out anew. Main thread only.
 #pragma once
 
+#include "geometry/Geometry.h"
 #include "platform/runloop/DelayedCall.h"
 
 #include <array>
@@ -29,9 +30,14 @@ public:
     EditorScale(QVMGenericUI& ui, LayoutVariants& layouts) : ui_(ui), layouts_(layouts) {}
 
     float current() const { return current_; }
-    // What it comes to in the present window, which need not grant it; as whoever has the window says.
+    // What it comes to in the present window, which need not grant it, and where the editor stands there; as whoever
+    // has the window says.
     double shown() const { return shown_.value_or(static_cast<double>(current_)); }
-    void setShown(double scale) { shown_ = scale; }
+    Point origin() const { return origin_; }
+    void setShown(double scale, Point origin) {
+        shown_ = scale;
+        origin_ = origin;
+    }
     bool fitsWindow() const { return fitsWindow_; }
 
     // The user wants a scale, and the nearest possible one is asked for and remembered. `show` leaves the remembering
@@ -64,6 +70,7 @@ private:
     LayoutVariants& layouts_;
     float current_ = 1;
     std::optional<double> shown_;
+    Point origin_;
     bool fitsWindow_ = false;
     std::function<void()> fitter_;
     DelayedCall keepCall_;

@@ -45,7 +45,7 @@ void ScaleGrip::pointerLeft() {
 
 Point ScaleGrip::inFrame(const Event& event) const {
     const double shown = scale_.shown();
-    return {event.locationInWindow.x * shown, event.locationInWindow.y * shown};
+    return scale_.origin() + Point{event.locationInWindow.x * shown, event.locationInWindow.y * shown};
 }
 
 void ScaleGrip::mouseDown(const Event& event) {

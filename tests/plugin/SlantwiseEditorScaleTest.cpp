@@ -272,6 +272,30 @@ TEST_F(SlantwiseEditorScale, TheGripHasTheCornerUnderThePointerWhileItIsDragged)
     EXPECT_THAT(PreferenceFile::ofUser().read(), ElementsAre(Pair("scale", 1.75)));
 }
 
+TEST_F(SlantwiseEditorScale, TheGripOfAWindowWithMarginsBeginsWithThePresentSize) {
+    FakePeer& peer = show();
+    scale().fitWindow();
+    time_.advance(1);
+    editor_->setSize(900, 420);
+    ASSERT_EQ(place(), juce::Rectangle<int>(135, 0, 630, 420));
+    const juce::int64 ms = juce::Time::currentTimeMillis();
+    const int left = juce::ModifierKeys::leftButtonModifier;
+    const auto to = [&](float dx, float dy, int buttons, int after) {
+        time_.advance(0.02);
+        peer.mouse({135 + 617 + dx, 407 + dy}, buttons, ms + after);
+    };
+    to(0, 0, 0, 0);
+    to(0, 0, left, 10);
+    for (const float part : {0.01F, 0.1F, 0.5F, 1.0F}) {
+        to(180 * part, 120 * part, left, 10 + int(100 * part));
+        EXPECT_NEAR(place().getWidth(), 630 + 180 * double{part}, 2) << part;
+        EXPECT_NEAR(place().getHeight(), 420 + 120 * double{part}, 2) << part;
+        EXPECT_EQ(place().getX(), 0) << "the window has no margins any more";
+    }
+    to(180, 120, 0, 200);
+    EXPECT_NEAR(double{scale().current()}, 810.0 / 480, 0.003);
+}
+
 TEST_F(SlantwiseEditorScale, TheNextEditorHasItFromTheFirstFrameOn) {
     scale().choose(1.5F);
     editor_.reset();
