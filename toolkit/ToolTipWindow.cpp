@@ -14,6 +14,9 @@ ToolTipWindow::ToolTipWindow(juce::Component& parent, Placement placement)
 }
 
 juce::String ToolTipWindow::getTipFor(juce::Component& component) {
+    // There the toolkit shows no new tip, and leaves the one that is shown.
+    const juce::MouseInputSource pointer = juce::Desktop::getInstance().getMainMouseSource();
+    if (pointer.getScreenPosition() == pointer.getLastMouseDownPosition()) return {};
     auto* const client = dynamic_cast<juce::TooltipClient*>(&component);
     return client && !component.isCurrentlyBlockedByAnotherModalComponent() ? client->getTooltip() : juce::String();
 }

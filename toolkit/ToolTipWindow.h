@@ -9,8 +9,8 @@
 
 namespace QVM_NAMESPACE {
 
-// Shows the tips of the component that it is in, and of what that holds, when the pointer has rested for 0.7 seconds.
-// Main thread.
+// Shows the tips of the component that it is in, and of what that holds, when the pointer has rested for 0.7 seconds,
+// but none exactly where it was pressed last. Main thread.
 class ToolTipWindow final : public juce::TooltipWindow {
 public:
     // Where a tip of a size goes, in the parent's coordinates (points, all of them).

@@ -39,5 +39,24 @@ TEST_F(StandaloneTips, AreNotForAPointerThatRestedBeforeTheWindowOpened) {
     EXPECT_TRUE(comesTrue([&] { return wholePicture().differingPixels(opened) > tipPixels; })) << "moved, it has one";
 }
 
+// The toolkit shows no new one there, and would leave the one that there is.
+TEST_F(StandaloneTips, NoneOfAnotherControlStaysWhereThePointerComesBackToItsLastPress) {
+    ASSERT_NO_FATAL_FAILURE(start(command_, {}, log_));
+    const Point pressed = map_.handleOf(pidFilterRangeHigh, 20000), other = map_.handleOf(pidOutputGain, 0);
+    pointAt(pressed);
+    click();
+    rest(1);
+    const Picture plain = wholePicture();
+    const auto hasTip = [&] { return wholePicture().differingPixels(plain) > tipPixels; };
+    for (int i = 0; i < 3; ++i) {
+        pointAt(other);
+        ASSERT_TRUE(comesTrue(hasTip)) << i;
+        pointAt(pressed);
+        ASSERT_TRUE(comesTrue([&] { return !hasTip(); })) << i;
+    }
+    pointAt({pressed.x + 3, pressed.y});
+    EXPECT_TRUE(comesTrue(hasTip)) << "beside it there is the one of what is there";
+}
+
 } // namespace
 } // namespace QVM_NAMESPACE
