@@ -176,18 +176,20 @@ const OutlineView::Row* OutlineView::rowAt(Point point) const {
 
 void OutlineView::select(std::optional<std::uint32_t> id) {
     layOut();
-    const Row* const left = rowOf(std::exchange(selection_, id));
-    if (left) styleRow(*left);
+    if (const Row* const left = rowOf(std::exchange(selection_, id))) styleRow(*left);
     placeMarks();
-    const Row* row = rowOf(id);
-    if (row) styleRow(*row);
+    const Row* const row = rowOf(id);
     if (!row) return;
-    // With its section's title where that is next to it.
-    const bool isFirst = row != rows_.data() && (row - 1)->isTitle;
-    const double top = isFirst ? (row - 1)->frame.minY() - topPadding : row->frame.minY() - EdgeFades::height;
-    const double bottom = row->frame.maxY() + EdgeFades::height;
-    if (top < offset_) scrollTo(top);
+    styleRow(*row);
+    // With its section's title where that is next to it; and to the end of the list where no key leads further, if that
+    // leaves the row in view.
+    const auto at = rows_.begin() + (row - rows_.data());
+    const bool isFirst = at != rows_.begin() && (at - 1)->isTitle;
+    const bool isLast = std::none_of(at + 1, rows_.end(), [](const Row& each) { return each.id.has_value(); });
+    const double top = isFirst ? (at - 1)->frame.minY() - topPadding : row->frame.minY() - EdgeFades::height;
+    const double bottom = isLast ? height_ : row->frame.maxY() + EdgeFades::height;
     if (bottom > offset_ + bounds().height) scrollTo(bottom - bounds().height);
+    if (top < offset_) scrollTo(top);
 }
 
 OutlineWalk OutlineView::walk() {
@@ -199,10 +201,10 @@ OutlineWalk OutlineView::walk() {
 }
 
 bool OutlineView::choose(std::optional<std::uint32_t> id) {
-    if (id == selection_) return id.has_value();
     if (!id) return false;
+    const bool isNew = id != selection_;
     select(id);
-    if (chosen_) chosen_(*id);
+    if (isNew && chosen_) chosen_(*id);
     return true;
 }
 

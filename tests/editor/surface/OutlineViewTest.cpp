@@ -226,6 +226,37 @@ TEST_F(OutlineViewTest, ItsEndsAreChosenAtOnce) {
     EXPECT_FALSE(outline_->choose(outline_->walk().toLast()));
 }
 
+TEST_F(OutlineViewTest, TheLastLeafBringsTheListsEndIntoViewWithWhatCannotBeChosen) {
+    std::vector<OutlineItem> items = outline_->items();
+    items[1].children.push_back({"broken", "a reason", std::nullopt, {}});
+    outline_->setItems(std::move(items));
+    outline_->choose(outline_->walk().toLast());
+    EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfLeaf(11)));
+    EXPECT_EQ(outline_->scrollOffset(), outline_->contentHeight() - 120) << "nothing is half under a fade";
+    outline_->setExpanded(1, false);
+    outline_->choose(outline_->walk().toLast());
+    EXPECT_EQ(outline_->selection(), 5u);
+    EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfSection(1))) << "the title of what is folded";
+    EXPECT_EQ(outline_->scrollOffset(), outline_->contentHeight() - 120);
+}
+
+TEST_F(OutlineViewTest, TheLastLeafStaysInViewWhateverStandsBehindIt) {
+    std::vector<OutlineItem> items = outline_->items();
+    items[1].children.insert(items[1].children.end(), 20, {"broken", "a reason", std::nullopt, {}});
+    outline_->setItems(std::move(items));
+    outline_->choose(outline_->walk().toLast());
+    EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfLeaf(11)));
+}
+
+TEST_F(OutlineViewTest, WhatIsChosenAlreadyComesBackIntoViewAndIsToldNobody) {
+    outline_->choose(11);
+    chosen_.clear();
+    outline_->scrollTo(0);
+    EXPECT_TRUE(outline_->choose(outline_->walk().toLast()));
+    EXPECT_TRUE(outline_->bounds().contains(outline_->frameOfLeaf(11)));
+    EXPECT_TRUE(chosen_.empty());
+}
+
 TEST_F(OutlineViewTest, ALetterChoosesTheNextLeafThatBeginsWithIt) {
     outline_->setItems({{"First", "", {}, {{"Air", "", 0, {}}, {"bass", "", 1, {}}, {"Bright", "", 2, {}}}},
                         {"Second", "", {}, {{"Berlin", "", 3, {}}}}});
