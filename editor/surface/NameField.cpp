@@ -172,6 +172,7 @@ bool NameField::handleKey(const Event& event) {
         acceptWord_ = saveWord;
     }
     show();
+    if (entry_.wasTooLong()) refuse(Refusal::isTooLong);
     return true;
 }
 
@@ -179,12 +180,18 @@ bool NameField::handleKey(const Event& event) {
 void NameField::accept() {
     const std::string name = presetNameFrom(entry_.text());
     const auto accepted = handlers_.accept;
-    if (!name.empty()) accepted(name, !question_.empty());
+    if (name.empty()) return refuse(Refusal::isEmpty);
+    accepted(name, !question_.empty());
 }
 
 void NameField::cancel() {
     const auto cancelled = handlers_.cancel;
     cancelled();
+}
+
+void NameField::refuse(Refusal refusal) {
+    const auto refused = handlers_.refuse;
+    if (refused) refused(refusal);
 }
 
 void NameField::mouseDown(const Event& event) {

@@ -18,10 +18,12 @@ class NameField final : public ThemedView {
 public:
     static constexpr double height = 48; // points
 
+    enum class Refusal : bool { isEmpty, isTooLong };
     // Whoever is asked may take the field away while it is called.
     struct Handlers {
         std::function<void(const std::string& typed, bool isAnswer)> accept; // the answer to what was asked, or not
         std::function<void()> cancel;
+        std::function<void(Refusal)> refuse;
     };
     // A frame of any height takes that of the field. The name that is there at first is selected.
     NameField(const Rect& frame, std::string_view name, Handlers handlers);
@@ -61,6 +63,7 @@ private:
     void scrollToCaret();
     void accept();
     void cancel();
+    void refuse(Refusal refusal);
     double offsetOf(std::size_t place) const;
     std::size_t placeAt(Point pointInWindow) const;
 

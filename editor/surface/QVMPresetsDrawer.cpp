@@ -4,10 +4,10 @@
 #include "description/QVMConfig.h"
 #include "description/ValueMapping.h"
 #include "editor/session/PresetSession.h"
-#include "editor/surface/NameField.h"
 #include "editor/surface/OutlineView.h"
 #include "editor/surface/QVMPresetControl.h"
 #include "platform/view/Window.h"
+#include "presets/PresetName.h"
 
 #include <algorithm>
 #include <utility>
@@ -109,7 +109,7 @@ void QVMPresetsDrawer::beginNaming() {
     auto field = std::make_unique<NameField>(
         outline_->bounds(), name,
         NameField::Handlers{[this](const std::string& typed, bool isAnswer) { saveAs(typed, isAnswer); },
-                            [this] { endNaming(); }});
+                            [this] { endNaming(); }, [this](NameField::Refusal refusal) { tellRefusal(refusal); }});
     nameField_ = field.get();
     showList();
     outline_->setInlay(std::move(field));
@@ -133,6 +133,11 @@ void QVMPresetsDrawer::saveAs(const std::string& name, bool isAnswer) {
     case PresetOutcome::Status::failed:
         return presets_->tellRefusal("Not saved", outcome.reason);
     }
+}
+
+void QVMPresetsDrawer::tellRefusal(NameField::Refusal refusal) const {
+    if (refusal == NameField::Refusal::isEmpty) return presets_->tellRefusal("Not saved", "A preset needs a name");
+    presets_->tellRefusal("Name is full", "It has " + std::to_string(longestPresetName) + " characters at most");
 }
 
 void QVMPresetsDrawer::showCurrentPreset() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "description/Presets.h"
+#include "editor/surface/NameField.h"
 #include "editor/surface/QVMDrawerView.h"
 
 #include <memory>
@@ -12,7 +13,6 @@
 
 namespace QVM_NAMESPACE {
 
-class NameField;
 class OutlineView;
 class PresetSession;
 class QVMParameterControl;
@@ -73,6 +73,7 @@ private:
     void showList();
     void endNaming();
     void saveAs(const std::string& name, bool isAnswer);
+    void tellRefusal(NameField::Refusal refusal) const;
     OutlineItem usersSection() const;
     void tapMiniature();
 

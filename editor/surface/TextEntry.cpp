@@ -57,6 +57,7 @@ void TextEntry::selectAll() {
 }
 
 bool TextEntry::handleKey(const Event& event) {
+    wasTooLong_ = false;
     const char32_t key = event.charactersIgnoringModifiers.empty() ? 0 : event.charactersIgnoringModifiers.front();
     if (move(event, key)) return true;
     if (event.has(EventModifier::command)) return handleCommand(key);
@@ -135,7 +136,9 @@ bool TextEntry::erase(char32_t key) {
 void TextEntry::insert(std::u32string_view typed) {
     const std::size_t start = selectionStart();
     text_.erase(start, selectionEnd() - start);
-    typed = typed.substr(0, longest_ - std::min(longest_, text_.size()));
+    const std::size_t room = longest_ - std::min(longest_, text_.size());
+    wasTooLong_ = typed.size() > room;
+    typed = typed.substr(0, room);
     text_.insert(start, typed);
     caret_ = anchor_ = start + typed.size();
 }

@@ -34,6 +34,8 @@ public:
 
     // True when the key meant something here.
     bool handleKey(const Event& event);
+    // Whether something of what the last key was to put in was left out.
+    bool wasTooLong() const { return wasTooLong_; }
 
 private:
     bool handleCommand(char32_t character);
@@ -45,6 +47,7 @@ private:
     const std::size_t longest_;
     std::u32string text_;
     std::size_t caret_ = 0, anchor_ = 0;
+    bool wasTooLong_ = false;
 };
 
 } // namespace QVM_NAMESPACE

@@ -17,12 +17,15 @@ protected:
     NameFieldTest() { begin(""); }
     void begin(const std::string& name) {
         auto content = std::make_unique<View>(Rect{0, 0, 300, 100});
-        field_ = &content->addSubview(
-            std::make_unique<NameField>(Rect{20, 10, 195, 0}, name,
-                                        NameField::Handlers{[this](const std::string& typed, bool isAnswer) {
-                                                                said_.push_back(typed + (isAnswer ? ", yes" : ""));
-                                                            },
-                                                            [this] { said_.push_back("cancelled"); }}));
+        field_ = &content->addSubview(std::make_unique<NameField>(
+            Rect{20, 10, 195, 0}, name,
+            NameField::Handlers{
+                [this](const std::string& typed, bool isAnswer) { said_.push_back(typed + (isAnswer ? ", yes" : "")); },
+                [this] { said_.push_back("cancelled"); },
+                [this](NameField::Refusal refusal) {
+                    const bool isEmpty = refusal == NameField::Refusal::isEmpty;
+                    said_.push_back(isEmpty ? "empty" : "too long");
+                }}));
         window_.setContentView(std::move(content));
     }
     void type(std::string_view text) {
@@ -58,7 +61,17 @@ TEST_F(NameFieldTest, NoNameIsNotAccepted) {
     click(field_->acceptFrame().center());
     type("   ");
     field_->handleKey(pressedReturn());
+    EXPECT_THAT(said_, ElementsAre("empty", "empty", "empty"));
+}
+
+TEST_F(NameFieldTest, WhatIsTypedBeyondTheLongestNameIsRefused) {
+    type(std::string(48, 'a'));
     EXPECT_THAT(said_, IsEmpty());
+    type("bc");
+    EXPECT_THAT(said_, ElementsAre("too long", "too long"));
+    EXPECT_EQ(field_->entry().text(), std::string(48, 'a'));
+    field_->handleKey(pressedArrow(Key::left));
+    EXPECT_EQ(said_.size(), 2u);
 }
 
 TEST_F(NameFieldTest, EscapeCancels) {

@@ -113,6 +113,37 @@ TEST_F(UserPresetNaming, TheNameOfTheUsersPresetThatIsCurrentIsOffered) {
     EXPECT_FALSE(dirty());
 }
 
+TEST_F(UserPresetNaming, WhereANameEndsIsToldWithTheFirstCharacterThatHasNoRoom) {
+    choose("Save preset as...");
+    type(std::string(48, 'a'));
+    EXPECT_FALSE(ui_->parts().notice()) << "it fits";
+    type("b");
+    ASSERT_TRUE(ui_->parts().notice());
+    EXPECT_FALSE(ui_->parts().notice()->isHidden());
+    EXPECT_EQ(ui_->parts().notice()->what(), "Name is full");
+    EXPECT_EQ(ui_->parts().notice()->why(), "It has 48 characters at most");
+    EXPECT_EQ(drawer().nameField()->entry().text(), std::string(48, 'a'));
+    time_.advance(6);
+    ASSERT_TRUE(ui_->parts().notice()->isHidden());
+    press(pressedArrow(Key::left));
+    press(pressedKey(U'\x7F', Key::codeDelete));
+    EXPECT_TRUE(ui_->parts().notice()->isHidden()) << "nothing was left out";
+    press(pressedReturn());
+    EXPECT_FALSE(drawer().nameField()) << "what there is can be saved";
+}
+
+TEST_F(UserPresetNaming, ANameWithNothingInItIsToldToBeMissing) {
+    choose("Save preset as...");
+    type("  ");
+    press(pressedReturn());
+    EXPECT_TRUE(drawer().nameField()) << "it stays to be typed";
+    ASSERT_TRUE(ui_->parts().notice());
+    EXPECT_FALSE(ui_->parts().notice()->isHidden());
+    EXPECT_EQ(ui_->parts().notice()->what(), "Not saved");
+    EXPECT_EQ(ui_->parts().notice()->why(), "A preset needs a name");
+    EXPECT_TRUE(store_.files.empty());
+}
+
 TEST_F(UserPresetNaming, WhatTheDiskRefusesIsToldAndTheNameStaysToBeTyped) {
     store_.fault = std::make_error_code(std::errc::no_space_on_device);
     save("Warm");
