@@ -189,9 +189,10 @@ void CurveNumbers::mouseDragged(const Event& event) {
     mouseMoved(event);
 }
 
-// Around it a click hides the curve; a drag that is let go of was meant for a corner.
+// Around it a click hides the curve; a drag that is let go of was meant for a corner, and a press that led to the other
+// form for that.
 void CurveNumbers::mouseUp(const Event& event) {
-    if (!window() || window()->press().isClick()) ThemedView::mouseUp(event);
+    if (!isHidden() && (!window() || window()->press().isClick())) ThemedView::mouseUp(event);
 }
 
 void CurveNumbers::mouseExited(const Event&) {

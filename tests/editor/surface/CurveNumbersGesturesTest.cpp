@@ -155,6 +155,21 @@ TEST_F(CurveNumbersGestures, ADoubleClickBesideTheCornersLeadsBackAndOneOnACorne
     EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal);
 }
 
+TEST_F(CurveNumbersGestures, ADoubleClickThatLeadsBackHidesNothingHoweverItsFirstClickTrembled) {
+    for (const double tremble : {0.0, 3.0, 6.0}) {
+        ui_->requestFrame(QVMAltFrameCompact);
+        press({100, 150});
+        dragTo({100 + tremble, 150});
+        release({100 + tremble, 150});
+        Event second = mouseEvent(EventType::mouseDown, {100, 150});
+        second.clickCount = 2;
+        window_.sendEvent(second);
+        release({100, 150});
+        EXPECT_EQ(ui_->altFrame(), QVMAltFrameNormal) << tremble;
+        EXPECT_TRUE(ui_->sketch()->vizVisible()) << tremble;
+    }
+}
+
 TEST_F(CurveNumbersGestures, AContextMenuOnACornerIsAboutItsParameter) {
     Event event = mouseEvent(EventType::rightMouseDown, middleOf(corner(pidTiltRangeHigh)));
     const auto menu = ui_->menuForEvent(event);
