@@ -25,6 +25,13 @@ bool standsBefore(const UserPresetEntry& one, const UserPresetEntry& other) {
     return std::tuple(sortingKey(a), a) < std::tuple(sortingKey(b), b);
 }
 
+// Two presets of one name in the list would not be told apart, nor could a program be asked for one of them.
+bool isFactoryName(const std::string& name, const QVMConfig& config) {
+    return config.presets && std::ranges::any_of(config.presets->stringValues, [&](const std::string& factory) {
+               return sortingKey(factory) == sortingKey(name);
+           });
+}
+
 bool isCalledAfterItsPreset(const UserPresetEntry& entry) {
     return entry.fileName == presetFileName(entry.preset.name);
 }
@@ -78,6 +85,7 @@ const UserPresetEntry* UserPresets::find(const std::string& name) const {
 PresetOutcome UserPresets::save(const std::string& name, std::vector<SettingsEntry> settings, ExistingFile existing) {
     if (!store_) return {Status::failed, "there is no place for presets"};
     if (!isPresetName(name)) return {Status::failed, "this name cannot be used"};
+    if (isFactoryName(name, config_)) return {Status::failed, "a factory preset has this name"};
     refresh();
     UserPreset preset{name, {}, std::move(settings)};
     std::string fileName = presetFileName(name);

@@ -42,8 +42,8 @@ public:
     // One that is not damaged, or null. Valid until the next refresh.
     const UserPresetEntry* find(const std::string& name) const;
 
-    // Each refreshes the list. With `keep` nothing is written under a name that is taken; a preset that is replaced
-    // leaves its note to the one in its place.
+    // Each refreshes the list. With `keep` nothing is written under a name that is taken, and never under one of the
+    // factory's, in whatever letters; a preset that is replaced leaves its note to the one in its place.
     PresetOutcome save(const std::string& name, std::vector<SettingsEntry> settings, ExistingFile existing);
     PresetOutcome remove(const std::string& name);
     // What is damaged goes by its file's name. One that cannot be read could not be put back, and stays.

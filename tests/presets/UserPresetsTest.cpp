@@ -70,6 +70,17 @@ TEST_P(UserPresetsTest, ANameThatIsTakenAsksAndIsReplacedWithItsNoteKept) {
     EXPECT_EQ(presets_.find("Warm")->fileName, "mine.slantwise-preset");
 }
 
+TEST_P(UserPresetsTest, NothingIsSavedUnderAFactoryName) {
+    const std::string factory = config_->presets->stringValues.at(1);
+    for (const std::string& name : {factory, std::string("default")}) {
+        const PresetOutcome outcome = presets_.save(name, tilt(2), ExistingFile::replace);
+        EXPECT_EQ(outcome.status, Status::failed) << name;
+        EXPECT_EQ(outcome.reason, "a factory preset has this name");
+    }
+    EXPECT_THAT(names(), IsEmpty());
+    EXPECT_EQ(presets_.save(factory + " 2", tilt(2), ExistingFile::keep).status, Status::done);
+}
+
 TEST_P(UserPresetsTest, ADamagedFileThatHasTheNameCountsAsTaken) {
     put("Warm", "half of a pres");
     EXPECT_THAT(names(), ElementsAre("Warm (not a preset)"));
