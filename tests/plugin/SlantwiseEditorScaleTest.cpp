@@ -1,16 +1,14 @@
-// How large the editor is: by the user's choice, and by the frame that the host gives it.
+// How large the editor is: by the user's choice.
 #include "editor/surface/QVMClumpsView.h"
 #include "editor/surface/ScaleGrip.h"
 #include "platform/system/Log.h"
-#include "plugin/SlantwiseEditorFixture.h"
+#include "plugin/SlantwiseEditorScaleFixture.h"
 #include "preferences/PreferenceFile.h"
-#include "toolkit/FakePeer.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <utility>
 
 namespace QVM_NAMESPACE {
@@ -18,52 +16,9 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::Pair;
-using testing::SizeIs;
 
-// A wrapper in a host that grants every size, or has an answer of its own and gives it within the question.
-class GrantingWindow final : public FakeDesktopWindow {
-public:
-    using FakeDesktopWindow::FakeDesktopWindow;
-    std::optional<Size> answer;
-
-private:
-    void childBoundsChanged(juce::Component* child) override {
-        if (const auto given = std::exchange(answer, std::nullopt))
-            child->setSize(int(given->width), int(given->height));
-        setSize(child->getWidth(), child->getHeight());
-        if (getPeer()) peer().bounds = getLocalBounds();
-    }
-};
-
-class SlantwiseEditorScale : public SlantwiseEditorFixture {
-protected:
-    void TearDown() override {
-        desktop_.reset();
-        editor_.reset();
-        runPostedMessages();
-    }
-    // Puts the editor on a desktop of one pixel a point, or more.
-    FakePeer& show(double device = 1) {
-        desktop_ = std::make_unique<GrantingWindow>(*editor_);
-        desktop_->peer().scale = device;
-        draw();
-        return desktop_->peer();
-    }
-    void draw() {
-        time_.advance(1);
-        runPostedMessages();
-        desktop_->peer().vBlank();
-        desktop_->peer().paintAll();
-    }
-    EditorScale& scale() { return editor_->view().ui().scale(); }
-    Size frame() const { return {double(editor_->getWidth()), double(editor_->getHeight())}; }
-    // Where the view stands in the editor.
-    juce::Rectangle<int> place() const { return editor_->getChildComponent(0)->getBoundsInParent(); }
-
-    std::unique_ptr<GrantingWindow> desktop_;
-};
+using SlantwiseEditorScale = SlantwiseEditorScaleFixture;
 
 TEST_F(SlantwiseEditorScale, AChosenScaleIsTheFramesAndTheViewFillsIt) {
     for (const auto& [chosen, size] : {std::pair(0.75F, Size{360, 240}), std::pair(1.5F, Size{720, 480}),
@@ -113,114 +68,6 @@ TEST_F(SlantwiseEditorScale, EachLayerIsDrawnOnceAtANewScaleAndNoneAtRest) {
     drawnBy(away);
     EXPECT_THAT(drawnBy([this] { scale().choose(1.5F); }), testing::UnorderedElementsAreArray(first));
     EXPECT_THAT(drawnBy(grip), testing::IsSubsetOf({"scaleGrip", "sign"}));
-}
-
-TEST_F(SlantwiseEditorScale, AFrameOfTheHostsIsFollowedAndRememberedWhereItHasTheShape) {
-    editor_->setSize(600, 400);
-    time_.advance(1);
-    EXPECT_EQ(scale().current(), 1.25F);
-    EXPECT_THAT(PreferenceFile::ofUser().read(), IsEmpty()) << "what the host has kept";
-    time_.advance(1);
-    editor_->setSize(960, 640);
-    EXPECT_EQ(scale().current(), 2);
-    EXPECT_EQ(place(), juce::Rectangle<int>(0, 0, 960, 640));
-    EXPECT_EQ(editor_->view().frame(), (Rect{0, 0, 960, 640}));
-    time_.advance(1);
-    EXPECT_THAT(PreferenceFile::ofUser().read(), ElementsAre(Pair("scale", 2)));
-    editor_->setSize(600, 500);
-    EXPECT_EQ(scale().current(), 1.25F);
-    EXPECT_EQ(place(), juce::Rectangle<int>(0, 50, 600, 400)) << "all of it, in the middle";
-    time_.advance(1);
-    EXPECT_THAT(PreferenceFile::ofUser().read(), ElementsAre(Pair("scale", 2))) << "no size that anybody wanted";
-}
-
-TEST_F(SlantwiseEditorScale, AFrameThatIsTooSmallOrTooLargeHasAllOfTheEditor) {
-    editor_->setSize(240, 160);
-    EXPECT_EQ(scale().current(), 0.75F);
-    EXPECT_EQ(place(), juce::Rectangle<int>(0, 0, 240, 160));
-    editor_->setSize(2000, 1500);
-    EXPECT_EQ(scale().current(), 3);
-    EXPECT_EQ(place(), juce::Rectangle<int>(280, 270, 1440, 960));
-    for (const auto& [width, height] : {std::pair(1, 1), std::pair(0, 0), std::pair(3, 900), std::pair(480, 320)})
-        editor_->setSize(width, height);
-    EXPECT_EQ(scale().current(), 1);
-    EXPECT_EQ(place(), juce::Rectangle<int>(0, 0, 480, 320));
-}
-
-TEST_F(SlantwiseEditorScale, WhatComesAtOnceAfterAQuestionIsItsAnswer) {
-    show();
-    scale().choose(2);
-    editor_->setSize(700, 500); // all that the host gives
-    EXPECT_EQ(scale().current(), 2) << "what the user wants";
-    EXPECT_NEAR(scale().shown(), 700.0 / 480, 0.01) << "and what there is";
-    time_.advance(1);
-    editor_->setSize(720, 480);
-    EXPECT_EQ(scale().current(), 1.5F) << "the host's own doing";
-}
-
-TEST_F(SlantwiseEditorScale, ToFitTheWindowIsToFollowEachOfItsSizes) {
-    show();
-    scale().choose(2);
-    editor_->setSize(720, 480);
-    scale().fitWindow();
-    EXPECT_EQ(scale().current(), 1.5F);
-    EXPECT_EQ(frame(), (Size{720, 480})) << "the window is not asked for another";
-    editor_->setSize(1200, 800);
-    EXPECT_EQ(scale().current(), 2.5F);
-    EXPECT_THAT(PreferenceFile::ofUser().read(), ElementsAre(Pair("scale", 0)));
-}
-
-TEST_F(SlantwiseEditorScale, OneThatFitsItsWindowShowsEachFormWholeInAnyWindowAndKeepsItsSize) {
-    show();
-    scale().fitWindow();
-    time_.advance(1);
-    editor_->setSize(400, 300); // no form has such a shape
-    const float fitting = scale().current();
-    EXPECT_NEAR(fitting, 400.0 / 480, 1e-4);
-    QVMGenericUI& ui = editor_->view().ui();
-    for (const std::int32_t form : {QVMAltFrameDoubleWide, QVMAltFrameNormal, QVMAltFrameCompact, QVMAltFrameNormal}) {
-        time_.advance(1);
-        ui.requestFrame(form);
-        const Size content = EditorLayoutForAltFrame(form).editor.size();
-        EXPECT_EQ(ui.altFrame(), form);
-        EXPECT_EQ(editor_->view().bounds().size(), content) << form;
-        EXPECT_NEAR(place().getWidth(), content.width * double{fitting}, 1) << form;
-        EXPECT_NEAR(frame().width, content.width * double{fitting}, 1) << form;
-        EXPECT_EQ(scale().current(), fitting) << form;
-    }
-}
-
-TEST_F(SlantwiseEditorScale, AnotherSizeThatIsGivenWithinTheQuestionHasTheFormThatWasAskedFor) {
-    show();
-    scale().fitWindow();
-    QVMGenericUI& ui = editor_->view().ui();
-    for (const auto& [form, given] :
-         {std::pair(QVMAltFrameDoubleWide, Size{600, 300}), std::pair(QVMAltFrameNormal, Size{500, 300}),
-          std::pair(QVMAltFrameCompact, Size{300, 260}), std::pair(QVMAltFrameNormal, Size{900, 420})}) {
-        time_.advance(1);
-        desktop_->answer = given;
-        ui.requestFrame(form);
-        const Size content = EditorLayoutForAltFrame(form).editor.size();
-        const double fitting = std::min(given.width / content.width, given.height / content.height);
-        EXPECT_EQ(frame(), given);
-        EXPECT_EQ(ui.altFrame(), form);
-        EXPECT_EQ(editor_->view().bounds().size(), content) << form;
-        EXPECT_EQ(ui.frame().size(), content) << form;
-        EXPECT_NEAR(double{scale().current()}, fitting, 1e-4) << form;
-        EXPECT_NEAR(place().getWidth(), content.width * fitting, 1) << form;
-        EXPECT_NEAR(place().getCentreX(), given.width / 2, 1) << "all of it, in the middle";
-        EXPECT_NEAR(place().getCentreY(), given.height / 2, 1);
-    }
-}
-
-TEST_F(SlantwiseEditorScale, ADrawerThatGetsNoRoomIsOverTheControlsAndTheSizeStays) {
-    scale().fitWindow();
-    show();
-    editor_->view().ui().requestFrame(QVMAltFrameDoubleWide);
-    EXPECT_EQ(frame(), (Size{680, 320}));
-    editor_->setSize(480, 320);
-    EXPECT_EQ(scale().current(), 1);
-    EXPECT_EQ(editor_->view().ui().advClumpsView()->frame().x, 218);
 }
 
 TEST_F(SlantwiseEditorScale, ASliderFollowsThePointerExactlyAtEveryScale) {
