@@ -4,6 +4,8 @@
 #include "editor/surface/QVMGenericUI.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
@@ -12,6 +14,15 @@ namespace {
 
 constexpr double restSeconds = 0.5; // until a window that the user drags is taken to have its size
 constexpr float sameStep = 1e-3F;
+
+// 1.1 for 1.1f, not what that is in double precision; read again it is the same number to the last bit.
+double inShortestDecimals(float number) {
+    std::array<char, 32> text{};
+    const char* const end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    double read = 0;
+    std::from_chars(text.data(), end, read);
+    return read;
+}
 
 } // namespace
 
@@ -69,8 +80,7 @@ void EditorScale::keepWaiting() {
 }
 
 double EditorScale::preference() const {
-    constexpr double places = 1e4; // free of the noise of single precision
-    return fitsWindow_ ? preferenceToFit : std::round(double{current_} * places) / places;
+    return fitsWindow_ ? preferenceToFit : inShortestDecimals(current_);
 }
 
 void EditorScale::adoptPreference(double value) {

@@ -154,6 +154,17 @@ TEST_F(SlantwiseEditorScale, TheNextEditorHasItFromTheFirstFrameOn) {
     EXPECT_EQ(editor_->getConstrainer()->getMaximumWidth(), 1440);
 }
 
+TEST_F(SlantwiseEditorScale, TheNextEditorIsAsLargeToThePixel) {
+    for (const int width : {361, 479, 481, 601, 719, 721, 1001, 1439}) {
+        scale().choose(static_cast<float>(width) / 480);
+        const Size was = frame();
+        EXPECT_NEAR(was.width, width, 1);
+        editor_.reset();
+        open();
+        EXPECT_EQ(frame(), was) << width;
+    }
+}
+
 TEST_F(SlantwiseEditorScale, MakingAProcessorReadsAndWritesNoPreferences) {
     PreferenceFile::ofUser().remember("scale", 2);
     std::filesystem::permissions(std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "slantwise" / "preferences",
