@@ -12,13 +12,14 @@ namespace QVM_NAMESPACE {
 
 namespace {
 
-constexpr float kGridStep = 6;       // dB
-constexpr float kFarthest = 2;       // a line may leave the canvas by half its height
-constexpr float kStraight = 0.01f;   // how little a point may turn the line to be left out
-constexpr float kCurveWidth = 2;     // points
-constexpr float kReferenceWidth = 1; // points
-constexpr float kGridWidth = 0.5f;   // points
-constexpr float kDim = 0.5f;         // of the sketch's colour, for the grid
+constexpr float kGridStep = 6;             // dB
+constexpr float kFarthestReference = 1000; // dB; no settings come near it, and the grid would have lines without end
+constexpr float kFarthest = 2;             // a line may leave the canvas by half its height
+constexpr float kStraight = 0.01f;         // how little a point may turn the line to be left out
+constexpr float kCurveWidth = 2;           // points
+constexpr float kReferenceWidth = 1;       // points
+constexpr float kGridWidth = 0.5f;         // points
+constexpr float kDim = 0.5f;               // of the sketch's colour, for the grid
 constexpr QVMDashPattern kReferenceDashes = {4, 2};
 
 std::vector<float> triangle(int half) {
@@ -93,14 +94,13 @@ void QVMFreqResp::smooth(std::vector<float>& ys) {
 
 std::vector<float> QVMFreqResp::gridLevels() const {
     std::vector<float> levels;
-    const auto first = std::floor(std::max(dbRange.min, dbRange.min - referenceLevel) / kGridStep);
-    const int most = static_cast<int>((dbRange.max - dbRange.min) / kGridStep) + 2;
-    for (int i = 0; i < most; ++i) {
-        const float step = first + static_cast<float>(i), level = step * kGridStep + referenceLevel;
-        if (!(level <= dbRange.max)) break; // also with a reference that is no number
+    if (!(std::abs(referenceLevel) <= kFarthestReference)) return levels;
+    const int first = static_cast<int>(std::floor(dbRange.min / kGridStep));
+    for (int step = first;; ++step) {
+        const float level = static_cast<float>(step) * kGridStep + referenceLevel;
+        if (!(level <= dbRange.max)) return levels;
         if (step != 0) levels.push_back(level);
     }
-    return levels;
 }
 
 void QVMFreqResp::drawLevel(float level, float widthPoints, Color colour, bool dashed, DrawingSurface& surface) const {
