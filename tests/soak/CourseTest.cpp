@@ -28,6 +28,7 @@ TEST(Course, FindsNothingWhereEachTurnIsLikeTheOther) {
 }
 
 TEST(Course, FindsWhatEachTurnLeavesBehind) {
+    if (Footprint::now().heapBytes == 0) GTEST_SKIP() << "a sanitizer's allocator does not tell, it finds leaks itself";
     std::vector<std::unique_ptr<std::string>> left;
     EXPECT_FALSE(Course(turns).run({.measured = [&left] {
         left.push_back(std::make_unique<std::string>(4000, 'x'));

@@ -7,7 +7,7 @@ namespace slantwise_tests {
 
 struct Footprint {
     long heapBytes = 0;      // allocated and not given back; what the allocator keeps for later is none of it
-    long privateDirtyKb = 0; // after the allocator has given back what it keeps
+    long privateDirtyKb = 0; // after the allocator has given back what it keeps; 0 under a sanitizer
     long threads = 0;
     long openFiles = 0;
     long serverResources = 0; // of all clients of the display; 0 without one
