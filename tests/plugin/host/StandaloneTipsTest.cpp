@@ -1,6 +1,7 @@
 // Tool tips in the stand-alone program, of a real pointer that rests.
 #include "plugin/host/EditorProgram.h"
 
+#include <cstdlib>
 #include <filesystem>
 
 #include <unistd.h>
@@ -16,6 +17,7 @@ protected:
         std::filesystem::remove(log_);
     }
 
+    static constexpr int frame = 20;               // pixels, of a title bar
     static constexpr std::size_t tipPixels = 8000; // more than a curve and a meter
     const std::vector<std::string> command_ = {SLANTWISE_STANDALONE, "--scale", "1"};
     const std::string log_ =
@@ -31,7 +33,8 @@ TEST_F(StandaloneTips, AreNotForAPointerThatRestedBeforeTheWindowOpened) {
     const int x = place.x + static_cast<int>(handle.x), y = place.y + static_cast<int>(handle.y) + 100;
     screen_.movePointer(x, y);
     ASSERT_NO_FATAL_FAILURE(startUnderPointer(command_, {}, log_));
-    ASSERT_TRUE(window_->x == place.x && window_->y == place.y);
+    // With the window manager's frame counted or not, as that is known in time or not: the slider is higher than that.
+    ASSERT_TRUE(std::abs(window_->x - place.x) <= frame && std::abs(window_->y - place.y) <= frame);
     const Picture opened = wholePicture();
     rest(2); // a tip would take less than half of that
     EXPECT_LT(wholePicture().differingPixels(opened), tipPixels);
