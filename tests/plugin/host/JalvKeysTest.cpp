@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <map>
+#include <string>
 
 namespace QVM_NAMESPACE {
 namespace {
@@ -21,14 +23,28 @@ class JalvKeys : public Jalv {
 protected:
     void clickOnGain() { clickOnControl(map_.handleOf(pidTiltGain, 0)); }
 
-    // Types a key and waits until the parameter, and no other, has moved.
+    // Types a key and waits until the parameter, and no other, has moved. A value may be told twice, the second time
+    // late.
     void movesOnly(std::uint32_t pid, const char* key) {
         const std::size_t before = sent().size();
+        const std::string wanted = propertyName(*GetParameter(pid));
         screen_.typeKey(key);
-        EXPECT_TRUE(comesTrue([&] { return sent().size() > before; })) << key << " for " << pid;
+        EXPECT_TRUE(comesTrue([&] {
+            const auto all = sent();
+            return std::any_of(all.begin() + static_cast<std::ptrdiff_t>(before), all.end(),
+                               [&](const Sent& each) { return each.codename == wanted; });
+        })) << key
+            << " for " << pid;
+        std::map<std::string, double> values;
         const auto all = sent();
-        for (std::size_t i = before; i < all.size(); ++i)
-            EXPECT_EQ(all[i].codename, propertyName(*GetParameter(pid))) << key;
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const auto known = values.find(all[i].codename);
+            const bool isMove = known == values.end() || known->second != all[i].value;
+            if (i >= before && isMove) {
+                EXPECT_EQ(all[i].codename, wanted) << key;
+            }
+            values[all[i].codename] = all[i].value;
+        }
     }
 };
 
