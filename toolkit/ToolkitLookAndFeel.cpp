@@ -1,5 +1,6 @@
 #include "toolkit/ToolkitLookAndFeel.h"
 
+#include "theme/MenuText.h"
 #include "theme/QVMUITheme.h"
 #include "theme/Radii.h"
 #include "toolkit/Conversions.h"
@@ -21,7 +22,7 @@ constexpr int longestRow = 240;           // of a row's text; what is longer goe
 constexpr int toolkitsGap = 24; // that a menu and a margin at either side leave free in the window, by the toolkit
 constexpr float tickX = 11, tickSize = 8, arrowSize = 8, signWidth = 1.5f;
 constexpr float frameWidth = 1;
-constexpr float menuTextPoints = 13, tooltipPoints = 12;
+constexpr float tooltipPoints = 12;
 constexpr int tooltipMargin = 7, tooltipBelowPointer = 20;
 constexpr int tooltipWidth = 260; // of its text; less in a window that is not as wide
 constexpr float inactiveAlpha = 0.45f;
@@ -76,7 +77,7 @@ juce::Typeface::Ptr ToolkitLookAndFeel::getTypefaceForFont(const juce::Font& fon
 }
 
 juce::Font ToolkitLookAndFeel::getPopupMenuFont() {
-    return juce::Font().withPointHeight(menuTextPoints);
+    return juce::Font().withPointHeight(static_cast<float>(menuTextPoints));
 }
 
 int ToolkitLookAndFeel::getPopupMenuBorderSize() {

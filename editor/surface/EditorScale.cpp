@@ -1,11 +1,10 @@
 #include "editor/surface/EditorScale.h"
 
+#include "description/NumberText.h"
 #include "editor/surface/LayoutVariants.h"
 #include "editor/surface/QVMGenericUI.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace QVM_NAMESPACE {
@@ -14,15 +13,6 @@ namespace {
 
 constexpr double restSeconds = 0.5; // until a window that the user drags is taken to have its size
 constexpr float sameStep = 1e-3F;
-
-// 1.1 for 1.1f, not what that is in double precision; read again it is the same number to the last bit.
-double inShortestDecimals(float number) {
-    std::array<char, 32> text{};
-    const char* const end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    double read = 0;
-    std::from_chars(text.data(), end, read);
-    return read;
-}
 
 } // namespace
 
@@ -80,7 +70,9 @@ void EditorScale::keepWaiting() {
 }
 
 double EditorScale::preference() const {
-    return fitsWindow_ ? preferenceToFit : inShortestDecimals(current_);
+    if (fitsWindow_) return preferenceToFit;
+    // 1.1 for 1.1f, not what that is in double precision; read again it is the same number to the last bit.
+    return NumberFromText<double>(ShortestFloatText(current_)).value_or(1);
 }
 
 void EditorScale::adoptPreference(double value) {

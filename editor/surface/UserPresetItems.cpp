@@ -5,6 +5,7 @@
 #include "editor/surface/ElidedText.h"
 #include "editor/surface/QVMGenericUI.h"
 #include "editor/surface/QVMPresetsDrawer.h"
+#include "theme/MenuText.h"
 #include "theme/QVMUITheme.h"
 
 namespace QVM_NAMESPACE {
@@ -12,11 +13,10 @@ namespace QVM_NAMESPACE {
 namespace {
 
 constexpr double nameWidth = 150, nameWidthInSmallWindow = 90; // points, of a preset's name within a row
-constexpr double menuTextSize = 13;                            // points
 
 // A name as long as anybody likes to type would make a menu that leaves no room for those that open from it.
 std::string shortName(const QVMGenericUI& ui, const std::string& name) {
-    const Font font = QVMUITheme::safeFontWithNameSize("HelveticaNeue-Medium", menuTextSize);
+    const Font font = QVMUITheme::safeFontWithNameSize("HelveticaNeue-Medium", menuTextPoints);
     return elidedInMiddle(name, font, ui.altFrame() == QVMAltFrameCompact ? nameWidthInSmallWindow : nameWidth);
 }
 
